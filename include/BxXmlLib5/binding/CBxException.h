@@ -1,0 +1,126 @@
+// The failures of the library: one class and its six kinds, thrown by value.
+//
+//     CBxException
+//       CBxValidationException
+//         CBxInvalidValueException
+//         CBxInvalidNamespaceException
+//       CBxInvalidStateException
+//       CBxInvalidParamException
+//       CBxOverFlowException
+#pragma once
+
+#include <memory>
+
+#include "BxXmlLib5/platform/Export.h"
+#include "BxXmlLib5/platform/Text.h"
+
+namespace BxXmlLib5 {
+
+/// A failure with its message and, if another failure led to it, a private copy of that one. Thrown as is for
+/// failures without a kind of their own: malformed documents, failed facets, the environment, misuse of metadata.
+class BXXMLLIB5_API CBxException {
+public:
+    CBxException();
+    CBxException(wstring message);
+    CBxException(wstring message, CBxException const& inner);
+    CBxException(CBxException const& other);
+    CBxException& operator=(CBxException const& other);
+    virtual ~CBxException();
+
+    /// The message alone.
+    wstring GetMessage() const;
+
+    /// The message, then those of the inner exceptions, outermost first, one to a line.
+    wstring GetFullMessage() const;
+
+    /// The failure that led to this one, null if none. It lives as long as this object.
+    CBxException const* GetInnerException() const;
+
+protected:
+    /// A copy of the same final class on the heap, owned by the caller.
+    virtual CBxException* Clone() const;
+
+private:
+    wstring m_message;
+    std::unique_ptr<CBxException> m_innerException;
+};
+
+/// The data does not fit the schema.
+class BXXMLLIB5_API CBxValidationException : public CBxException {
+public:
+    CBxValidationException();
+    CBxValidationException(wstring message);
+    CBxValidationException(wstring message, CBxException const& inner);
+    /// The message and inner exception of a failure of any kind.
+    CBxValidationException(CBxException const& other);
+
+protected:
+    CBxException* Clone() const override;
+};
+
+/// A text or number is no valid value of its type.
+class BXXMLLIB5_API CBxInvalidValueException : public CBxValidationException {
+public:
+    CBxInvalidValueException();
+    CBxInvalidValueException(wstring message);
+    CBxInvalidValueException(wstring message, CBxException const& inner);
+    /// The message and inner exception of a failure of any kind.
+    CBxInvalidValueException(CBxException const& other);
+
+protected:
+    CBxException* Clone() const override;
+};
+
+/// A namespace is not allowed at this point.
+class BXXMLLIB5_API CBxInvalidNamespaceException : public CBxValidationException {
+public:
+    CBxInvalidNamespaceException();
+    CBxInvalidNamespaceException(wstring message);
+    CBxInvalidNamespaceException(wstring message, CBxException const& inner);
+    /// The message and inner exception of a failure of any kind.
+    CBxInvalidNamespaceException(CBxException const& other);
+
+protected:
+    CBxException* Clone() const override;
+};
+
+/// The object is not in a state that allows the call.
+class BXXMLLIB5_API CBxInvalidStateException : public CBxException {
+public:
+    CBxInvalidStateException();
+    CBxInvalidStateException(wstring message);
+    CBxInvalidStateException(wstring message, CBxException const& inner);
+    /// The message and inner exception of a failure of any kind.
+    CBxInvalidStateException(CBxException const& other);
+
+protected:
+    CBxException* Clone() const override;
+};
+
+/// An argument is not acceptable.
+class BXXMLLIB5_API CBxInvalidParamException : public CBxException {
+public:
+    CBxInvalidParamException();
+    CBxInvalidParamException(wstring message);
+    CBxInvalidParamException(wstring message, CBxException const& inner);
+    /// The message and inner exception of a failure of any kind.
+    CBxInvalidParamException(CBxException const& other);
+
+protected:
+    CBxException* Clone() const override;
+};
+
+/// A numeric result exceeds what its type can hold.
+class BXXMLLIB5_API CBxOverFlowException : public CBxException {
+public:
+    CBxOverFlowException();
+    CBxOverFlowException(wstring message);
+    CBxOverFlowException(wstring message, CBxException const& inner);
+    /// The message and inner exception of a failure of any kind.
+    CBxOverFlowException(CBxException const& other);
+
+protected:
+    CBxException* Clone() const override;
+};
+
+}  // namespace BxXmlLib5

@@ -1,0 +1,10 @@
+// The empty base of the library's node, writer and collection classes.
+#pragma once
+
+/// An empty base class. Classes hand it their name, which it ignores.
+class CInstanceMonitor {
+public:
+    explicit CInstanceMonitor(char16_t const* /*className*/) {}
+    CInstanceMonitor(CInstanceMonitor const&) = default;
+    CInstanceMonitor& operator=(CInstanceMonitor const&) { return *this; }
+};

@@ -1,0 +1,171 @@
+// The root of everything that can be written and read.
+#pragma once
+
+#include <atomic>
+#include <cstdint>
+
+#include "BxXmlLib5/binding/Enumerations.h"
+#include "BxXmlLib5/platform/Export.h"
+#include "BxXmlLib5/platform/Text.h"
+
+namespace BxXmlLib5 {
+
+class CElement;
+class CXmlCollectionBase;
+class CXmlElement;
+class CXmlSerializationContext;
+class CXmlWriter;
+
+/// An object that writes itself through a CXmlWriter and reads itself from a tree of CXmlElement.
+///
+/// It is counted: CSmartPtr takes and drops references, and the object deletes itself when the last one goes. An
+/// object on the stack is simply never put into a CSmartPtr. The count is atomic; everything else belongs to one
+/// thread at a time. The object holds the name of its element, not its namespace.
+///
+/// A null text argument means the empty text unless said otherwise.
+class BXXMLLIB5_API CXmlObjectBase {
+public:
+    /// What an OnEvent call tells.
+    enum MsgType : std::int32_t {
+        msg_CollectionChanged = 0,
+    };
+
+    /// The object itself; with several bases, the same pointer from each of them.
+    virtual CXmlObjectBase* GetBase() = 0;
+
+protected:
+    virtual ~CXmlObjectBase();
+
+    /// The namespace in which the entry points write a root.
+    virtual wstring GetTargetNamespace() const = 0;
+
+public:
+    /// The namespace of the object's element.
+    virtual wstring GetNamespace() const = 0;
+
+protected:
+    /// Called by what the object listens to.
+    /// @param data null
+    virtual void OnEvent(CXmlObjectBase* source, MsgType type, void* data);
+
+    /// Writes the attributes that the object adds to the tag of its owner.
+    virtual void AttributesToXml_Int(CXmlWriter* writer, CXmlSerializationContext const& context) const;
+
+    /// Writes the object.
+    /// @param isRoot the object is the root of the document, which carries what the context adds to it
+    /// @param namespaceUri the namespace of the element that the object writes
+    /// @param allowEmptyChoice a choice with no member is no failure here
+    virtual void ToXml_Int(CXmlWriter* writer, bool isRoot, char16_t const* namespaceUri,
+                           CXmlSerializationContext const& context, bool allowEmptyChoice) const = 0;
+
+    /// Reads the object.
+    /// @param element gives name, attributes and text
+    /// @param firstChild the child of element at which reading starts; null if none is left
+    /// @return the first child that the object did not consume, null if none is left
+    virtual CXmlElement* FromXml_Int(CXmlElement* element, CXmlElement* firstChild,
+                                     CXmlSerializationContext const& context, bool allowEmptyChoice) = 0;
+
+public:
+    /// A copy starts with no references.
+    CXmlObjectBase(CXmlObjectBase const& other);
+    /// Leaves the counts of both objects as they are.
+    CXmlObjectBase& operator=(CXmlObjectBase const& other);
+
+    CXmlObjectBase const* GetBase() const { return const_cast<CXmlObjectBase*>(this)->GetBase(); }
+
+    /// @return the new count
+    std::int32_t AddRef();
+    /// Deletes the object when no reference is left.
+    /// @return the new count
+    std::int32_t Release();
+
+    /// The object as an XML document in text form.
+    /// @param includeDeclaration begin with an XML declaration, which names no encoding
+    /// @param formatted break lines and indent by tabs
+    /// @throws CBxException for an eol that is not one of the two, and whatever the object's data gives cause for
+    wstring ToXml(bool includeDeclaration, bool formatted, EOLType eol, CXmlSerializationContext const& context) const;
+
+    /// Reads the object from an XML document. The name of the root is not compared with anything. A failed read leaves
+    /// what was stored so far.
+    /// @param text zero-terminated octets in the encoding that the document declares, UTF-8 by default
+    /// @throws CBxException if the text is empty or no well-formed document, and whatever the data gives cause for
+    void FromXml(char const* text, CXmlSerializationContext const& context);
+
+    /// As above, from UTF-16. A declaration in the text must not name an encoding of one octet for a character.
+    void FromXml(char16_t const* text, CXmlSerializationContext const& context);
+
+    /// Reads the object from an element, which stays the caller's.
+    void FromXmlElement(CXmlElement const* element, CXmlSerializationContext& context);
+
+    /// Reads the object from untyped content, by way of its text form.
+    void FromXmlElement(CElement const* element, CXmlSerializationContext& context);
+
+protected:
+    CXmlObjectBase();
+
+    /// The local name under which the object is written, and which it takes from what it is read from.
+    void SetElementName(char16_t const* name);
+    wstring GetElementName() const;
+    static void SetElementName(CXmlObjectBase* object, char16_t const* name);
+
+    /// The operations of another object, for classes that hold it.
+    static void AttributesToXml_Int(CXmlObjectBase const* object, CXmlWriter* writer,
+                                    CXmlSerializationContext const& context);
+    static void ToXml_Int(CXmlObjectBase const* object, CXmlWriter* writer, bool isRoot, char16_t const* namespaceUri,
+                          CXmlSerializationContext const& context, bool allowEmptyChoice);
+    static CXmlElement* FromXml_Int(CXmlObjectBase* object, CXmlElement* element, CXmlElement* firstChild,
+                                    CXmlSerializationContext const& context);
+
+    /// @throws CBxInvalidParamException if value is null
+    void Throw_IfPropertyIsNull(CXmlObjectBase* value, char16_t const* name);
+
+    /// @throws CBxInvalidParamException if value is not null and its element has another name
+    void Throw_IfElementNameDiffers(CXmlObjectBase* value, char16_t const* name);
+
+    /// @name The state of a choice
+    /// For the setters of a class that is a schema choice: selected names the one member that is set, empty for none.
+    /// Setting one member while another is set throws CBxInvalidStateException and leaves selected as it was.
+    /// @{
+
+    /// A member of simple type was set, or unset: valid false clears the selection, whichever member it names.
+    void Choice_SetElementValid(bool valid, char16_t const* name, wstring& selected);
+
+    /// A member that holds an object was set: a null deselects the member if it is the selected one, but selects it
+    /// if none is.
+    void Choice_SelectElement(char16_t const* name, CXmlObjectBase* value, wstring& selected);
+
+    /// A member that is a collection has a new count.
+    void Choice_CollectionChanged(char16_t const* name, std::int32_t count, wstring& selected);
+
+    /// Reads a collection that is a member of a choice, once.
+    /// @param child where reading starts; moved behind what was consumed
+    /// @param count how often the member was read; nothing is done unless it is 0
+    /// @throws CBxValidationException if the collection consumed something and its count is out of bounds
+    void Choice_Read_Collection(CXmlCollectionBase* collection, CXmlElement* element, CXmlElement*& child,
+                                std::int32_t& count, CXmlSerializationContext const& context);
+    /// @}
+
+    /// @throws CBxInvalidNamespaceException if IsNamespaceValid() is false
+    void TestNamespace(char16_t const* namespaceUri, char16_t const* allowed, char16_t const* targetNamespace) const;
+
+    /// Tests a namespace against the namespace attribute of a schema wildcard.
+    /// @param allowed tokens separated by single blanks: ##any, ##other, ##local, ##targetNamespace or a URI; a URI,
+    ///        and an empty token, admits no namespace as well
+    bool IsNamespaceValid(char16_t const* namespaceUri, char16_t const* allowed,
+                          char16_t const* targetNamespace) const;
+
+    /// Whether an element has this local name and, unless the context ignores namespaces, this namespace.
+    /// @param element not null
+    bool DoesElementNameMatch(CXmlSerializationContext const& context, CXmlElement const* element, char16_t const* name,
+                              char16_t const* namespaceUri) const;
+
+    /// Tells a listener that a collection changed.
+    static void FireOnCollectionChangeEvent(CXmlObjectBase* listener, CXmlCollectionBase* collection);
+
+    wstring m_elementName;
+
+private:
+    std::atomic<std::int32_t> m_refCount = 0;
+};
+
+}  // namespace BxXmlLib5

@@ -1,0 +1,100 @@
+// The settings of one read or write.
+#pragma once
+
+#include <vector>
+
+#include "BxXmlLib5/binding/CNamespaceAliasMap.h"
+#include "BxXmlLib5/binding/CSmartPtr.h"
+#include "BxXmlLib5/binding/Enumerations.h"
+#include "BxXmlLib5/platform/Export.h"
+#include "BxXmlLib5/platform/Text.h"
+
+namespace BxXmlLib5 {
+
+class CAttributeCol;
+
+/// What a read tolerates and what the root carries on writing. A new context tolerates nothing and adds nothing.
+///
+/// A copy has values of its own, but shares the additional root attributes with its source once those were asked
+/// for. A context must not be changed while an entry point on another thread uses it. A null text is the empty text.
+class BXXMLLIB5_API CXmlSerializationContext {
+public:
+    CXmlSerializationContext();
+    CXmlSerializationContext(CXmlSerializationContext const& other);
+    CXmlSerializationContext& operator=(CXmlSerializationContext const& other);
+    ~CXmlSerializationContext();
+
+    /// The one instance that callers without settings of their own pass. It can be changed, for all of them. A
+    /// program that writes from several threads with it calls GetAdditionalRootAttributes() on it once beforehand.
+    static CXmlSerializationContext& GetDefaultContext();
+
+    /// Reading skips attributes that fit nowhere.
+    bool GetIgnoreUnknownAttributes() const { return m_ignoreUnknownAttributes; }
+    void SetIgnoreUnknownAttributes(bool value) { m_ignoreUnknownAttributes = value; }
+
+    /// Reading skips elements that fit nowhere.
+    bool GetIgnoreUnknownElements() const { return m_ignoreUnknownElements; }
+    /// @throws CBxInvalidStateException if missing mandatory elements are ignored and value is true; nothing changes
+    void SetIgnoreUnknownElements(bool value);
+
+    /// Reading of a sequence passes over mandatory elements that are not there.
+    bool GetIgnoreMissingMandatoryElements() const { return m_ignoreMissingMandatoryElements; }
+    /// @throws CBxInvalidStateException if unknown elements are ignored and value is true; nothing changes
+    void SetIgnoreMissingMandatoryElements(bool value);
+
+    /// A choice with no member is no failure, on reading and on writing.
+    bool GetIgnoreMissingChoice() const { return m_ignoreMissingChoice; }
+    void SetIgnoreMissingChoice(bool value) { m_ignoreMissingChoice = value; }
+
+    /// The number of items of a collection is not tested.
+    bool GetIgnoreInvalidCollectionCounts() const { return m_ignoreInvalidCollectionCounts; }
+    void SetIgnoreInvalidCollectionCounts(bool value) { m_ignoreInvalidCollectionCounts = value; }
+
+    /// Reading compares local names only. Always true under st_NoNamespaces.
+    bool GetIgnoreNamespaces() const { return m_ignoreNamespaces || m_schemaType == st_NoNamespaces; }
+    void SetIgnoreNamespaces(bool value) { m_ignoreNamespaces = value; }
+
+    /// Writing leaves out an optional attribute whose value is its default.
+    bool GetNoOptionalAttributeDefaultOutput() const { return m_noOptionalAttributeDefaultOutput; }
+    void SetNoOptionalAttributeDefaultOutput(bool value) { m_noOptionalAttributeDefaultOutput = value; }
+
+    /// The default namespace that the root declares; empty for none.
+    wstring GetDefaultNamespaceURI() const { return m_defaultNamespaceUri; }
+    void SetDefaultNamespaceURI(char16_t const* namespaceUri);
+
+    SchemaType GetSchemaType() const { return m_schemaType; }
+    void SetSchemaType(SchemaType value) { m_schemaType = value; }
+
+    /// Markup written inside the root, as it stands; empty for none.
+    wstring GetInLineSchema() const { return m_inLineSchema; }
+    void SetInLineSchema(char16_t const* schema);
+
+    /// The aliases that the root declares.
+    CNamespaceAliasMap& GetNamespaceAliases() { return m_namespaceAliases; }
+    CNamespaceAliasMap const& GetNamespaceAliases() const { return m_namespaceAliases; }
+
+    /// Processing instructions ahead of the root, each complete with its delimiters.
+    std::vector<wstring>& GetProcessingInstructions() { return m_processingInstructions; }
+    std::vector<wstring> const& GetProcessingInstructions() const { return m_processingInstructions; }
+
+    /// Attributes that the root carries beside its own. The first call makes the collection, so it is a write as far
+    /// as threads go; every call gives the same one, and what is added to it stays in the context.
+    CSmartPtr<CAttributeCol> GetAdditionalRootAttributes() const;
+
+private:
+    wstring m_defaultNamespaceUri;
+    CNamespaceAliasMap m_namespaceAliases;
+    mutable CSmartPtr<CAttributeCol> m_additionalRootAttributes;
+    std::vector<wstring> m_processingInstructions;
+    wstring m_inLineSchema;
+    bool m_ignoreInvalidCollectionCounts = false;
+    bool m_ignoreMissingChoice = false;
+    bool m_ignoreMissingMandatoryElements = false;
+    bool m_ignoreUnknownElements = false;
+    bool m_ignoreUnknownAttributes = false;
+    bool m_ignoreNamespaces = false;
+    SchemaType m_schemaType = st_Default;
+    bool m_noOptionalAttributeDefaultOutput = false;
+};
+
+}  // namespace BxXmlLib5

@@ -1,0 +1,61 @@
+// The attributes of untyped content.
+#pragma once
+
+#include <string_view>
+
+#include "BxXmlLib5/binding/CInstanceMonitor.h"
+#include "BxXmlLib5/collections/CAttribute.h"
+#include "BxXmlLib5/collections/CBxIterator.h"
+#include "BxXmlLib5/collections/CXmlCollection.h"
+
+namespace BxXmlLib5 {
+
+/// Attributes under the namespace restriction of a schema wildcard. A null text is the empty text.
+class BXXMLLIB5_API CAttributeCol : public CXmlCollection, public CInstanceMonitor {
+public:
+    /// @param ns the namespace of attributes that are added without one. If it is empty, and the first token of the
+    ///        restriction is a concrete namespace, that is taken.
+    /// @param namespaceRestriction as for CXmlObjectBase::IsNamespaceValid
+    CAttributeCol(char16_t const* ns, char16_t const* namespaceRestriction, char16_t const* targetNamespace);
+    CAttributeCol(CAttributeCol const&) = default;
+    CAttributeCol& operator=(CAttributeCol const&) = default;
+    ~CAttributeCol() override;
+
+    /// Appends a new attribute.
+    /// @throws CBxInvalidNamespaceException if the restriction does not allow the namespace
+    CSmartPtr<CAttribute> Add(char16_t const* name, char16_t const* value, char16_t const* ns);
+    CSmartPtr<CAttribute> Add(char16_t const* name, char16_t const* value);
+    CSmartPtr<CAttribute> Add(char16_t const* name);
+
+    /// Appends an attribute; its namespace is not tested.
+    CSmartPtr<CAttribute> Add(CAttribute* attribute);
+
+    /// Insert an attribute beside another, at the front and at the end if that is null; its namespace is not tested.
+    /// @throws CBxInvalidParamException if the other one is not in the collection
+    void AddAfter(CAttribute const* after, CAttribute* attribute);
+    void AddBefore(CAttribute const* before, CAttribute* attribute);
+
+    /// @param index 0 to GetCount() - 1
+    /// @throws CBxInvalidParamException for any other index
+    CSmartPtr<CAttribute> Item(int index);
+
+    CBxIterator<CAttribute> begin() { return CBxIterator<CAttribute>(FirstNode()); }
+    CBxIterator<CAttribute> end() { return CBxIterator<CAttribute>(nullptr); }
+
+protected:
+    wstring GetTargetNamespace() const override;
+    void ToXml_Int(CXmlWriter* writer, bool isRoot, char16_t const* namespaceUri,
+                   CXmlSerializationContext const& context, bool allowEmptyChoice) const override;
+    CXmlElement* FromXml_Int(CXmlElement* element, CXmlElement* firstChild, CXmlSerializationContext const& context,
+                             bool allowEmptyChoice) override;
+
+private:
+    friend class CElement;
+
+    CSmartPtr<CAttribute> AddNew(std::u16string_view name, std::u16string_view value, std::u16string_view ns);
+
+    wstring m_namespaceRestriction;
+    wstring m_targetNamespace;
+};
+
+}  // namespace BxXmlLib5

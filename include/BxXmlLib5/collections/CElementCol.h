@@ -1,0 +1,71 @@
+// The elements of untyped content.
+#pragma once
+
+#include "BxXmlLib5/binding/CInstanceMonitor.h"
+#include "BxXmlLib5/collections/CBxIterator.h"
+#include "BxXmlLib5/collections/CElement.h"
+#include "BxXmlLib5/collections/CXmlCollection.h"
+
+namespace BxXmlLib5 {
+
+/// Untyped elements of any namespace: the restriction given to the constructor only decides on the default namespace.
+/// Each Add tells the listeners twice. A null text is the empty text.
+class BXXMLLIB5_API CElementCol : public CXmlCollection, public CInstanceMonitor {
+public:
+    /// @param ns the namespace of elements that are added without one. If it is empty, and the first token of the
+    ///        restriction is a concrete namespace, that is taken.
+    /// @param minOccurs,maxOccurs the bounds of the count
+    /// @throws CBxInvalidNamespaceException if the restriction does not allow ns
+    CElementCol(char16_t const* ns, char16_t const* namespaceRestriction, char16_t const* targetNamespace,
+                int minOccurs, int maxOccurs);
+    CElementCol(CElementCol const&) = default;
+    CElementCol& operator=(CElementCol const&) = default;
+    ~CElementCol() override;
+
+    wstring GetNamespace() const override;
+
+    /// Appends a new element.
+    CSmartPtr<CElement> Add(char16_t const* name, char16_t const* ns);
+    /// Appends a new element in the default namespace.
+    /// @throws CBxInvalidStateException if there is none
+    CSmartPtr<CElement> Add(char16_t const* name);
+    /// Appends an element.
+    CSmartPtr<CElement> Add(CElement* element);
+
+    /// Insert an element beside another, at the front and at the end if that is null.
+    /// @throws CBxInvalidParamException if the other one is not in the collection
+    void AddAfter(CElement const* after, CElement* element);
+    void AddBefore(CElement const* before, CElement* element);
+
+    /// @param index 0 to GetCount() - 1
+    /// @throws CBxInvalidParamException for any other index
+    CSmartPtr<CElement> Item(int index);
+
+    CBxIterator<CElement> begin() { return CBxIterator<CElement>(FirstNode()); }
+    CBxIterator<CElement> end() { return CBxIterator<CElement>(nullptr); }
+
+protected:
+    wstring GetTargetNamespace() const override;
+    void ToXml_Int(CXmlWriter* writer, bool isRoot, char16_t const* namespaceUri,
+                   CXmlSerializationContext const& context, bool allowEmptyChoice) const override;
+    CXmlElement* FromXml_Int(CXmlElement* element, CXmlElement* firstChild, CXmlSerializationContext const& context,
+                             bool allowEmptyChoice) override;
+    using CXmlObjectBase::FromXml_Int;
+    using CXmlObjectBase::ToXml_Int;
+
+    /// Reads the run of siblings with this name and namespace, for an element that a schema names without typing it.
+    virtual CXmlElement* FromXmlLockElementName_Int(wstring name, wstring ns, CXmlElement* element,
+                                                    CXmlElement* firstChild, CXmlSerializationContext const& context);
+
+private:
+    friend class CElement;
+
+    bool ReadOne(char16_t const* namespaceRestriction, CXmlElement* element, CXmlElement*& child,
+                 CXmlSerializationContext const& context);
+
+    wstring m_namespaceRestriction;
+    wstring m_defaultNamespace;
+    wstring m_targetNamespace;
+};
+
+}  // namespace BxXmlLib5

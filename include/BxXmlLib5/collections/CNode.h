@@ -1,0 +1,16 @@
+// An entry of a collection of objects.
+#pragma once
+
+#include "BxXmlLib5/binding/CSmartPtr.h"
+#include "BxXmlLib5/binding/CXmlObjectBase.h"
+
+namespace BxXmlLib5 {
+
+/// Holds one reference on its item, which may be null.
+struct CNode {
+    CSmartPtr<CXmlObjectBase> m_item;
+    CNode* m_next = nullptr;
+    CNode* m_prev = nullptr;
+};
+
+}  // namespace BxXmlLib5

@@ -1,0 +1,79 @@
+// What all collections have in common: bounds, and listeners.
+#pragma once
+
+#include <vector>
+
+#include "BxXmlLib5/binding/CXmlObjectBase.h"
+
+namespace BxXmlLib5 {
+
+/// A repeated element: its name and namespace, how many there may be, and who is told of changes.
+///
+/// The bounds are not enforced while items come and go, only by ValidateCount(), on writing and after reading. A copy
+/// takes the listeners along.
+class BXXMLLIB5_API CXmlCollectionBase : public CXmlObjectBase {
+public:
+    CXmlObjectBase* GetBase() override;
+    using CXmlObjectBase::GetBase;
+
+protected:
+    ~CXmlCollectionBase() override;
+    /// @throws CBxException always: a collection is no root
+    wstring GetTargetNamespace() const override;
+
+public:
+    wstring GetNamespace() const override;
+
+protected:
+    void OnEvent(CXmlObjectBase* source, MsgType type, void* data) override;
+    void AttributesToXml_Int(CXmlWriter* writer, CXmlSerializationContext const& context) const override;
+    void ToXml_Int(CXmlWriter* writer, bool isRoot, char16_t const* namespaceUri,
+                   CXmlSerializationContext const& context, bool allowEmptyChoice) const override = 0;
+    CXmlElement* FromXml_Int(CXmlElement* element, CXmlElement* firstChild, CXmlSerializationContext const& context,
+                             bool allowEmptyChoice) override = 0;
+
+public:
+    virtual int GetCount() const = 0;
+    virtual void Clear() = 0;
+    /// @param index 0 to GetCount() - 1
+    /// @throws CBxInvalidParamException for any other index
+    virtual void Remove(int index) = 0;
+
+    /// Tests the number of items, the maximum first, unless the context ignores it.
+    /// @throws CBxValidationException if a bound is broken
+    virtual void ValidateCount(CXmlSerializationContext const& context) const;
+
+    CXmlCollectionBase(CXmlCollectionBase const&) = default;
+    CXmlCollectionBase& operator=(CXmlCollectionBase const&) = default;
+
+    /// 0 for no minimum.
+    int GetMinOccurs() const { return m_minOccurs; }
+    /// -1 for no maximum.
+    int GetMaxOccurs() const { return m_maxOccurs; }
+
+    /// The listener hears of each change through OnEvent, once for each time it was added. It is not owned and must be
+    /// removed before it dies. Listeners may come and go during OnEvent: one that is removed hears no more, one that
+    /// is added hears the next change.
+    void AddEventListener(CXmlObjectBase* listener);
+    /// Removes every entry of the listener.
+    void RemoveEventListener(CXmlObjectBase* listener);
+
+protected:
+    CXmlCollectionBase();
+    CXmlCollectionBase(char16_t const* elementName, char16_t const* ns, int minOccurs, int maxOccurs);
+
+    /// Tells all listeners, in the order of their addition.
+    void FireOnCollectionChange();
+
+    /// @throws CBxInvalidParamException unless index is 0 to count - 1
+    static void ThrowIfOutOfRange(int index, int count);
+
+    wstring m_namespace;
+
+private:
+    std::vector<CXmlObjectBase*> m_listeners;
+    int m_minOccurs = 0;
+    int m_maxOccurs = -1;
+};
+
+}  // namespace BxXmlLib5

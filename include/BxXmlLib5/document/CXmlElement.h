@@ -1,0 +1,69 @@
+// An element of the in-memory tree.
+#pragma once
+
+#include <string_view>
+#include <vector>
+
+#include "BxXmlLib5/binding/CInstanceMonitor.h"
+#include "BxXmlLib5/document/CXmlAttribute.h"
+#include "BxXmlLib5/platform/Export.h"
+#include "BxXmlLib5/platform/Text.h"
+
+namespace BxXmlLib5 {
+
+class CXmlDocument;
+
+/// An element as a document holds it: names, attributes, children, and one text. It lives as long as the tree of its
+/// document. Prefixes, comments, processing instructions and the place of text among children are not kept.
+class BXXMLLIB5_API CXmlElement : public CInstanceMonitor {
+public:
+    CXmlElement(CXmlElement const&) = delete;
+    CXmlElement& operator=(CXmlElement const&) = delete;
+    virtual ~CXmlElement();
+
+    wstring const& GetLocalName() const { return *m_localName; }
+    /// Empty for no namespace.
+    wstring const& GetNamespaceURI() const { return *m_namespaceUri; }
+
+    /// All character data directly inside the element, joined in document order, whitespace included, CR left out.
+    wstring const& GetText() const { return m_text; }
+
+    /// Null if there is none.
+    CXmlElement* GetFirstElement() const { return m_firstChild; }
+    /// Null if there is none.
+    CXmlElement* GetNextSiblingElement() const { return m_nextSibling; }
+    CXmlDocument const* GetDocument() const { return m_document; }
+
+    /// In document order.
+    std::vector<CXmlAttribute*> const& GetAttributes() const { return m_attributes; }
+
+    /// The value of the first attribute with these names, the empty text if there is none.
+    wstring const& GetAttribute(wstring const& localName, wstring const& namespaceUri) const;
+
+protected:
+    explicit CXmlElement(CXmlDocument const* document);
+
+    void AppendText(std::u16string_view text);
+    void AddAttribute(CXmlAttribute* attribute) { m_attributes.push_back(attribute); }
+    /// Links a new element as the last child.
+    void AppendChild(CXmlElement* child);
+    /// The names are the document's.
+    void SetElementName(wstring const& localName) { m_localName = &localName; }
+    void SetNamespace(wstring const& namespaceUri) { m_namespaceUri = &namespaceUri; }
+
+private:
+    friend class CXmlDocument;
+    template <class T>
+    friend class CNodePool;
+
+    CXmlDocument const* m_document;
+    CXmlElement* m_nextSibling = nullptr;
+    CXmlElement* m_firstChild = nullptr;
+    CXmlElement* m_lastChild = nullptr;
+    std::vector<CXmlAttribute*> m_attributes;
+    wstring m_text;
+    wstring const* m_localName;
+    wstring const* m_namespaceUri;
+};
+
+}  // namespace BxXmlLib5

@@ -1,0 +1,70 @@
+#include "BxXmlLib5/collections/CAttributeCol.h"
+
+#include "BxXmlLib5/binding/CBxException.h"
+#include "BxXmlLib5/binding/FormatString.h"
+#include "BxXmlLib5/document/CXmlElement.h"
+#include "binding/NamespaceRules.h"
+#include "collections/DefaultNamespace.h"
+#include "platform/TextView.h"
+
+namespace BxXmlLib5 {
+
+CAttributeCol::CAttributeCol(char16_t const* ns, char16_t const* namespaceRestriction, char16_t const* targetNamespace)
+    : CInstanceMonitor(u"CAttributeCol"),
+      m_namespaceRestriction(TextOf(namespaceRestriction)),
+      m_targetNamespace(TextOf(targetNamespace)) {
+    m_namespace = DefaultNamespace(TextOf(ns), m_namespaceRestriction);
+}
+
+CAttributeCol::~CAttributeCol() = default;
+
+CSmartPtr<CAttribute> CAttributeCol::Add(char16_t const* name, char16_t const* value, char16_t const* ns) {
+    BxXmlLib5::TestNamespace(TextOf(ns), m_namespaceRestriction, m_targetNamespace);
+    return AddNew(TextOf(name), TextOf(value), TextOf(ns));
+}
+
+CSmartPtr<CAttribute> CAttributeCol::Add(char16_t const* name, char16_t const* value) {
+    return Add(name, value, m_namespace.c_str());
+}
+
+CSmartPtr<CAttribute> CAttributeCol::Add(char16_t const* name) { return Add(name, u""); }
+
+CSmartPtr<CAttribute> CAttributeCol::Add(CAttribute* attribute) {
+    CSmartPtr<CAttribute> const held = attribute;
+    AppendItem(attribute);
+    return held;
+}
+
+void CAttributeCol::AddAfter(CAttribute const* after, CAttribute* attribute) { AddAfterItem(after, attribute); }
+void CAttributeCol::AddBefore(CAttribute const* before, CAttribute* attribute) { AddBeforeItem(before, attribute); }
+
+CSmartPtr<CAttribute> CAttributeCol::Item(int index) { return *CBxIterator<CAttribute>(GetNodeAtIndex(index)); }
+
+wstring CAttributeCol::GetTargetNamespace() const { return m_namespace; }
+
+void CAttributeCol::ToXml_Int(CXmlWriter* writer, bool, char16_t const* namespaceUri,
+                              CXmlSerializationContext const& context, bool) const {
+    for (CNode const* node = FirstNode(); node != nullptr; node = node->m_next) {
+        if (node->m_item) CXmlObjectBase::ToXml_Int(node->m_item, writer, false, namespaceUri, context, false);
+    }
+}
+
+CXmlElement* CAttributeCol::FromXml_Int(CXmlElement* element, CXmlElement* firstChild, CXmlSerializationContext const&,
+                                        bool) {
+    for (CXmlAttribute const* attribute : element->GetAttributes()) {
+        if (!BxXmlLib5::IsNamespaceValid(attribute->GetNamespaceURI(), m_namespaceRestriction, m_targetNamespace)) {
+            throw CBxInvalidNamespaceException(
+                FormatString(u"Invalid Attribute [%s]. The attributes namespace is Inappropriate.",
+                             attribute->GetLocalName().c_str()));
+        }
+        AddNew(attribute->GetLocalName(), attribute->GetValue(), attribute->GetNamespaceURI());
+    }
+    return firstChild;
+}
+
+CSmartPtr<CAttribute> CAttributeCol::AddNew(std::u16string_view name, std::u16string_view value,
+                                            std::u16string_view ns) {
+    return Add(new CAttribute(name, value, ns));
+}
+
+}  // namespace BxXmlLib5

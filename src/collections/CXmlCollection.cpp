@@ -1,0 +1,144 @@
+#include "BxXmlLib5/collections/CXmlCollection.h"
+
+#include <utility>
+
+#include "BxXmlLib5/binding/CBxException.h"
+
+namespace BxXmlLib5 {
+
+namespace {
+
+/// A tree dies from the top, one level inside the other. Past this many levels the nodes wait in line instead, so that
+/// the stack stays small however deep the tree is.
+constexpr int kMostLevelsAtOnce = 64;
+
+thread_local int t_levels = 0;
+thread_local CNode* t_waiting = nullptr;
+
+/// Frees a node that is in no list, and releases its item last.
+void FreeNode(CNode* node) {
+    if (t_levels == kMostLevelsAtOnce) {
+        node->m_next = std::exchange(t_waiting, node);
+        return;
+    }
+    ++t_levels;
+    {
+        CSmartPtr<CXmlObjectBase> const item = std::move(node->m_item);
+        delete node;
+    }
+    --t_levels;
+    if (t_levels == 0 && t_waiting != nullptr) {
+        FreeNode(std::exchange(t_waiting, t_waiting->m_next));
+    }
+}
+
+}  // namespace
+
+CXmlCollection::CXmlCollection() = default;
+
+CXmlCollection::CXmlCollection(char16_t const* elementName, char16_t const* ns, int minOccurs, int maxOccurs)
+    : CXmlCollectionBase(elementName, ns, minOccurs, maxOccurs) {}
+
+CXmlCollection::CXmlCollection(CXmlCollection const& other) : CXmlCollectionBase(other) {
+    for (CNode const* node = other.m_head; node != nullptr; node = node->m_next) LinkAhead(nullptr, node->m_item);
+}
+
+CXmlCollection& CXmlCollection::operator=(CXmlCollection const& other) {
+    if (this == &other) return *this;
+    CXmlCollectionBase::operator=(other);
+    // The old items go last: the other collection may hang on one of them.
+    CNode* old = std::exchange(m_head, nullptr);
+    m_tail = nullptr;
+    m_count = 0;
+    for (CNode const* node = other.m_head; node != nullptr; node = node->m_next) LinkAhead(nullptr, node->m_item);
+    while (old != nullptr) FreeNode(std::exchange(old, old->m_next));
+    return *this;
+}
+
+CXmlCollection::~CXmlCollection() {
+    // A listener may take a counting pointer to the source; dropping it must not delete the collection again.
+    AddRef();
+    while (m_count > 0) {
+        try {
+            CXmlCollection::Remove(0);
+        } catch (...) {
+            // A listener's failure: the item is out by then, and a destructor has nobody to tell.
+        }
+    }
+}
+
+int CXmlCollection::GetCount() const { return m_count; }
+
+void CXmlCollection::Clear() {
+    while (m_count > 0) Remove(0);
+}
+
+void CXmlCollection::Remove(int index) {
+    RemoveNode(GetNodeAtIndex(index));
+    FireOnCollectionChange();
+}
+
+void CXmlCollection::AttributesToXml_Int(CXmlWriter* writer, CXmlSerializationContext const& context) const {
+    for (CNode const* node = m_head; node != nullptr; node = node->m_next) {
+        if (node->m_item) CXmlObjectBase::AttributesToXml_Int(node->m_item->GetBase(), writer, context);
+    }
+}
+
+void CXmlCollection::AppendItem(CXmlObjectBase* item) { InsertAhead(nullptr, item); }
+void CXmlCollection::PrependItem(CXmlObjectBase* item) { InsertAhead(m_head, item); }
+
+void CXmlCollection::AddAfterItem(CXmlObjectBase const* after, CXmlObjectBase* item) {
+    if (after == nullptr) return PrependItem(item);
+    InsertAhead(GetNodeForItem(after)->m_next, item);
+}
+
+void CXmlCollection::AddBeforeItem(CXmlObjectBase const* before, CXmlObjectBase* item) {
+    if (before == nullptr) return AppendItem(item);
+    InsertAhead(GetNodeForItem(before), item);
+}
+
+void CXmlCollection::AddItemAt(int index, CXmlObjectBase* item) {
+    if (index < 0 || index > m_count) throw CBxInvalidParamException(u"Index out of range");
+    InsertAhead(index == m_count ? nullptr : NodeAt(index), item);
+}
+
+void CXmlCollection::RemoveNode(CNode* node) {
+    (node->m_prev == nullptr ? m_head : node->m_prev->m_next) = node->m_next;
+    (node->m_next == nullptr ? m_tail : node->m_next->m_prev) = node->m_prev;
+    --m_count;
+    FreeNode(node);
+}
+
+CNode* CXmlCollection::GetNodeAtIndex(int index) {
+    ThrowIfOutOfRange(index, GetCount());
+    return NodeAt(index);
+}
+
+CNode* CXmlCollection::GetNodeForItem(CXmlObjectBase const* item) {
+    for (CNode* node = m_head; node != nullptr && item != nullptr; node = node->m_next) {
+        if (node->m_item && node->m_item->GetBase() == item->GetBase()) return node;
+    }
+    throw CBxInvalidParamException(u"The object was not found in the collection");
+}
+
+void CXmlCollection::InsertAhead(CNode* next, CXmlObjectBase* item) {
+    LinkAhead(next, item);
+    FireOnCollectionChange();
+}
+
+/// @param next null for the end of the list
+void CXmlCollection::LinkAhead(CNode* next, CXmlObjectBase* item) {
+    CNode* const prev = next == nullptr ? m_tail : next->m_prev;
+    CNode* const node = new CNode{item, next, prev};
+    (prev == nullptr ? m_head : prev->m_next) = node;
+    (next == nullptr ? m_tail : next->m_prev) = node;
+    ++m_count;
+}
+
+CNode* CXmlCollection::NodeAt(int index) const {
+    CNode* node = m_head;
+    for (; index > 0; --index) node = node->m_next;
+    return node;
+}
+
+}  // namespace BxXmlLib5

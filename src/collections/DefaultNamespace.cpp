@@ -1,0 +1,12 @@
+#include "collections/DefaultNamespace.h"
+
+namespace BxXmlLib5 {
+
+std::u16string_view DefaultNamespace(std::u16string_view ns, std::u16string_view namespaceRestriction) {
+    if (!ns.empty()) return ns;
+    std::u16string_view const token = namespaceRestriction.substr(0, namespaceRestriction.find(u' '));
+    bool const isConcrete = token.size() >= 2 && token[0] != u'#' && token[1] != u'#';
+    return isConcrete ? token : std::u16string_view();
+}
+
+}  // namespace BxXmlLib5

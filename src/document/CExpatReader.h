@@ -1,0 +1,54 @@
+// The Expat adapter: XML text into the tree of a document.
+#pragma once
+
+#include <exception>
+#include <map>
+#include <span>
+#include <string_view>
+
+#include "BxXmlLib5/binding/CInstanceMonitor.h"
+#include "BxXmlLib5/platform/Text.h"
+#include "platform/TextView.h"
+
+struct XML_ParserStruct;
+
+namespace BxXmlLib5 {
+
+class CXmlDocument;
+
+/// Parses one text into a document. The callbacks run inside Expat, whose frames no exception may cross: a failure in
+/// one stops the parser, further callbacks do nothing, and Parse() throws it on.
+class CExpatReader : public CInstanceMonitor {
+public:
+    explicit CExpatReader(CXmlDocument* document);
+    virtual ~CExpatReader();
+
+    /// An input that ends inside an element, or has none, is no failure here.
+    /// @throws CBxException for text that is not well-formed or breaks a limit
+    void Parse(std::span<unsigned char const> input);
+
+private:
+    struct Callbacks;
+
+    /// A name as Expat expands it, split. The parts are the document's.
+    struct Name {
+        wstring const* m_namespaceUri;
+        wstring const* m_localName;
+    };
+
+    Name const& SplitName(std::u16string_view expanded);
+
+    void StartElement(char16_t const* name, char16_t const* const* attributes);
+    void EndElement();
+    void DeclareNamespace(char16_t const* prefix, char16_t const* namespaceUri);
+    void AddText(std::u16string_view text);
+    void DeclareEntity(std::u16string_view value);
+
+    CXmlDocument* m_document;
+    XML_ParserStruct* m_parser = nullptr;
+    std::map<wstring, Name, LessBySize> m_names;  // by expanded name
+    int m_nestingEntities = 0;
+    std::exception_ptr m_failure;
+};
+
+}  // namespace BxXmlLib5

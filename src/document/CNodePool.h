@@ -1,0 +1,59 @@
+// Storage for the nodes of a tree.
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <memory>
+#include <new>
+#include <utility>
+#include <vector>
+
+namespace BxXmlLib5 {
+
+/// Objects of one class that die together. Their addresses stay. A tree of them is destroyed by a loop, however deep
+/// it is, and costs an allocation for many nodes.
+template <class T>
+class CNodePool {
+public:
+    CNodePool() = default;
+    CNodePool(CNodePool const&) = delete;
+    CNodePool& operator=(CNodePool const&) = delete;
+    ~CNodePool() { Clear(); }
+
+    template <class... Args>
+    T* Create(Args&&... args) {
+        if (m_blocks.empty() || m_blocks.back().m_used == m_blocks.back().m_size) AddBlock();
+        Block& block = m_blocks.back();
+        T* const node = new (block.m_nodes + block.m_used) T(std::forward<Args>(args)...);
+        ++block.m_used;
+        return node;
+    }
+
+    void Clear() {
+        for (Block& block : m_blocks) {
+            std::destroy_n(block.m_nodes, block.m_used);
+            std::allocator<T>().deallocate(block.m_nodes, block.m_size);
+        }
+        m_blocks.clear();
+    }
+
+private:
+    struct Block {
+        T* m_nodes;
+        std::size_t m_size;
+        std::size_t m_used;
+    };
+
+    /// Blocks grow, so that a small document stays small.
+    void AddBlock() {
+        constexpr std::size_t kFirst = 8;
+        constexpr std::size_t kLargest = 512;
+        std::size_t const size = m_blocks.empty() ? kFirst : std::min(m_blocks.back().m_size * 2, kLargest);
+        m_blocks.reserve(m_blocks.size() + 1);
+        m_blocks.push_back({std::allocator<T>().allocate(size), size, 0});
+    }
+
+    std::vector<Block> m_blocks;
+};
+
+}  // namespace BxXmlLib5

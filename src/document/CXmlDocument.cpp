@@ -1,0 +1,151 @@
+#include "BxXmlLib5/document/CXmlDocument.h"
+
+#include <cstring>
+#include <utility>
+
+#include "BxXmlLib5/binding/CBxException.h"
+#include "BxXmlLib5/binding/FormatString.h"
+#include "document/CDocumentNodes.h"
+#include "document/CExpatReader.h"
+#include "document/Inflate.h"
+#include "platform/Files.h"
+#include "platform/TextView.h"
+
+namespace BxXmlLib5 {
+
+namespace {
+
+/// Octets that are about to be overwritten, so they are not cleared first.
+class Buffer {
+public:
+    explicit Buffer(std::size_t size) : m_octets(std::make_unique_for_overwrite<unsigned char[]>(size)), m_size(size) {}
+    unsigned char* data() const { return m_octets.get(); }
+    std::span<unsigned char> Octets() const { return {m_octets.get(), m_size}; }
+
+private:
+    std::unique_ptr<unsigned char[]> m_octets;
+    std::size_t m_size;
+};
+
+Buffer ReadFile(std::u16string_view path) {
+    CInputFile file(path);
+    auto const fail = [&](char16_t const* format) {
+        throw CBxException(FormatString(format, wstring(path).c_str(), file.Error()));
+    };
+    if (!file.IsOpen()) fail(u"Failed to open the file [%s] Error [0x%08x]");
+    auto const size = file.Size();
+    if (!size) fail(u"Failed to get the size of the file [%s] Error [0x%08x]");
+    ThrowIfInputTooLarge(*size);
+    Buffer buffer(*size);
+    if (!file.Read(buffer.Octets())) fail(u"Failed to read the contents of the file [%s] Error [0x%08x]");
+    return buffer;
+}
+
+}  // namespace
+
+CXmlDocument::CXmlDocument(SchemaType schemaType)
+    : CInstanceMonitor(u"CXmlDocument"), m_schemaType(schemaType), m_nodes(std::make_unique<CDocumentNodes>()) {}
+
+CXmlDocument::~CXmlDocument() = default;
+
+void CXmlDocument::Cleanup() {
+    m_documentElement = nullptr;
+    m_elementStack.clear();
+    m_namespaceAliases.clear();
+    m_nodes->m_elements.Clear();
+    m_nodes->m_attributes.Clear();
+    m_nodes->m_names.clear();
+}
+
+void CXmlDocument::Load(char16_t const* path) {
+    Cleanup();
+    Buffer const file = ReadFile(TextOf(path));
+    Parse(file.Octets(), false);
+}
+
+void CXmlDocument::LoadXmlStream(unsigned char const* data, std::size_t size) {
+    Cleanup();
+    if (size == 0) throw CBxException(u"XML Stream is empty!");
+    Parse({data, size}, false);
+}
+
+void CXmlDocument::LoadXml(char const* text) {
+    Cleanup();
+    std::string_view const octets = text == nullptr ? std::string_view() : std::string_view(text);
+    if (octets.empty()) throw CBxException(u"XML String is empty!");
+    Parse({reinterpret_cast<unsigned char const*>(octets.data()), octets.size()}, true);
+}
+
+void CXmlDocument::LoadXml(char16_t const* text) {
+    Cleanup();
+    std::u16string_view const units = TextOf(text);
+    if (units.empty()) throw CBxException(u"XML String is empty!");
+    ThrowIfInputTooLarge((units.size() + 1) * sizeof(char16_t));
+    // The byte order mark tells Expat that this is UTF-16, whatever the text claims.
+    constexpr char16_t kByteOrderMark = 0xFEFF;
+    Buffer const octets((units.size() + 1) * sizeof(char16_t));
+    unsigned char* out = octets.data();
+    auto const put = [&out](char16_t unit) {
+        *out++ = static_cast<unsigned char>(unit & 0xFF);
+        *out++ = static_cast<unsigned char>(unit >> 8);
+    };
+    put(kByteOrderMark);
+    for (char16_t const unit : units) put(unit);
+    Parse(octets.Octets(), true);
+}
+
+wstring CXmlDocument::LookupNamespaceFromAlias(char16_t const* alias) const {
+    auto const entry = m_namespaceAliases.find(TextOf(alias));
+    return entry == m_namespaceAliases.end() ? wstring() : entry->second;
+}
+
+void CXmlDocument::Parse(std::span<unsigned char const> input, bool isText) {
+    ThrowIfInputTooLarge(input.size());
+    auto const inflated = isText ? std::nullopt : Inflate(input);
+    CExpatReader(this).Parse(inflated ? *inflated : input);
+    if (m_documentElement == nullptr) {
+        Cleanup();
+        throw CBxException(u"Invalid or empty XML document");
+    }
+}
+
+wstring const& CXmlDocument::Intern(std::u16string_view name) {
+    auto const known = m_nodes->m_names.find(name);
+    return known != m_nodes->m_names.end() ? *known : *m_nodes->m_names.emplace(name).first;
+}
+
+CXmlElement* CXmlDocument::OpenElement(wstring const& namespaceUri, wstring const& localName) {
+    CXmlElement* const element = m_nodes->m_elements.Create(this);
+    element->SetElementName(localName);
+    element->SetNamespace(namespaceUri);
+    m_elementStack.push_back(element);
+    return element;
+}
+
+CXmlElement* CXmlDocument::AddDocElement(wstring const& namespaceUri, wstring const& localName) {
+    return m_documentElement = OpenElement(namespaceUri, localName);
+}
+
+CXmlElement* CXmlDocument::AddChildElement(wstring const& namespaceUri, wstring const& localName) {
+    CXmlElement* const parent = m_elementStack.back();
+    CXmlElement* const child = OpenElement(namespaceUri, localName);
+    parent->AppendChild(child);
+    return child;
+}
+
+void CXmlDocument::AddElementAttribute(CXmlElement* element, wstring const& localName, wstring value,
+                                       wstring const& namespaceUri) {
+    element->AddAttribute(m_nodes->m_attributes.Create(localName, std::move(value), namespaceUri));
+}
+
+void CXmlDocument::AppendTextExcludingCR(CXmlElement* element, std::u16string_view text) {
+    // In runs between the CRs, which only come from character references: Expat normalises line ends.
+    for (;;) {
+        std::size_t const cr = text.find(u'\r');
+        element->AppendText(text.substr(0, cr));
+        if (cr == text.npos) return;
+        text.remove_prefix(cr + 1);
+    }
+}
+
+}  // namespace BxXmlLib5

@@ -1,0 +1,44 @@
+#include "document/Inflate.h"
+
+#include <zlib.h>
+
+#include <memory>
+#include <new>
+
+#include "BxXmlLib5/binding/CBxException.h"
+#include "BxXmlLib5/binding/FormatString.h"
+#include "platform/Limits.h"
+
+namespace BxXmlLib5 {
+
+std::optional<std::vector<unsigned char>> Inflate(std::span<unsigned char const> octets) {
+    constexpr int kAutomaticHeader = 32 + MAX_WBITS;  // zlib or gzip, whichever the header says
+    z_stream stream{};
+    stream.next_in = const_cast<Bytef*>(octets.data());
+    stream.avail_in = static_cast<uInt>(octets.size());
+    if (inflateInit2(&stream, kAutomaticHeader) != Z_OK) throw std::bad_alloc();
+    std::unique_ptr<z_stream, int (*)(z_stream*)> const end(&stream, inflateEnd);
+
+    std::vector<unsigned char> block;
+    std::vector<unsigned char> content;
+    for (;;) {
+        block.resize(65536);
+        stream.next_out = block.data();
+        stream.avail_out = static_cast<uInt>(block.size());
+        int const result = inflate(&stream, Z_NO_FLUSH);
+        // Anything but progress ends it: Z_BUF_ERROR is a stream that is cut off, Z_NEED_DICT one that needs a
+        // dictionary, Z_DATA_ERROR what every text gives at once.
+        if (result != Z_OK && result != Z_STREAM_END) return std::nullopt;
+        content.insert(content.end(), block.begin(), block.end() - stream.avail_out);
+        ThrowIfInputTooLarge(content.size());
+        if (result == Z_STREAM_END) return content;
+    }
+}
+
+void ThrowIfInputTooLarge(std::size_t size) {
+    if (size <= kMaxInputSize) return;
+    throw CBxException(FormatString(u"The document has more than %d octets, which is the limit",
+                                    static_cast<int>(kMaxInputSize)));
+}
+
+}  // namespace BxXmlLib5

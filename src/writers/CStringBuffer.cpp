@@ -1,0 +1,124 @@
+#include "writers/CStringBuffer.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "BxXmlLib5/binding/CBxException.h"
+
+namespace BxXmlLib5 {
+
+namespace {
+
+constexpr std::size_t kChunkSize = 0xFFFF;
+
+/// What AppendEscaped() does not copy as it stands.
+constexpr std::u16string_view kSpecial = u"&<>\"\r\n";
+
+constexpr auto kIsSpecial = [] {
+    std::array<bool, 64> table{};
+    for (char16_t const c : kSpecial) table[c] = true;
+    return table;
+}();
+
+bool IsSpecial(char16_t c) { return c < kIsSpecial.size() && kIsSpecial[c]; }
+
+std::u16string_view Replacement(char16_t special, EOLType eolType) {
+    switch (special) {
+        case u'&': return u"&amp;";
+        case u'<': return u"&lt;";
+        case u'>': return u"&gt;";
+        case u'"': return u"&quot;";
+        case u'\n': return LineEnd(eolType);
+        default: return {};  // CR
+    }
+}
+
+}  // namespace
+
+std::u16string_view LineEnd(EOLType eolType) {
+    switch (eolType) {
+        case eol_CRLF: return u"\r\n";
+        case eol_LF: return u"\n";
+    }
+    throw CBxException(u"Invalid EOL type.");
+}
+
+CStringBuffer::CStringBuffer() : CInstanceMonitor(u"CStringBuffer") {}
+CStringBuffer::~CStringBuffer() = default;
+
+void CStringBuffer::Append(std::size_t count, char16_t c) {
+    for (; count > 0; --count) Append(c);
+}
+
+void CStringBuffer::AppendEscaped(std::u16string_view text, EOLType eolType) {
+    for (;;) {
+        auto const special = std::find_if(text.begin(), text.end(), IsSpecial);
+        auto const plain = static_cast<std::size_t>(special - text.begin());
+        Append(text.substr(0, plain));
+        if (plain == text.size()) return;
+        Append(Replacement(*special, eolType));
+        text.remove_prefix(plain + 1);
+    }
+}
+
+void CStringBuffer::AppendAcrossChunks(std::u16string_view text) {
+    while (!text.empty()) {
+        if (m_used == m_capacity) StartChunk();
+        std::size_t const fits = std::min(text.size(), m_capacity - m_used);
+        Append(text.substr(0, fits));
+        text.remove_prefix(fits);
+    }
+}
+
+void CStringBuffer::StartChunk() { Adopt(std::make_unique_for_overwrite<char16_t[]>(kChunkSize), kChunkSize, 0); }
+
+void CStringBuffer::Adopt(std::unique_ptr<char16_t[]> chunk, std::size_t capacity, std::size_t used) {
+    m_chunkLengths.push_back(capacity);
+    m_chunks.push_back(std::move(chunk));
+    m_current = m_chunks.back().get();
+    m_capacity = capacity;
+    m_used = used;
+}
+
+void CStringBuffer::Clear() {
+    m_chunks.clear();
+    m_chunkLengths.clear();
+    m_used = 0;
+    m_capacity = 0;
+    m_current = nullptr;
+}
+
+std::size_t CStringBuffer::Size() const {
+    std::size_t size = m_used;
+    for (std::size_t i = 0; i + 1 < m_chunks.size(); ++i) size += m_chunkLengths[i];
+    return size;
+}
+
+template <class Out>
+void CStringBuffer::CopyChunks(Out out) const {
+    for (std::size_t i = 0; i < m_chunks.size(); ++i) {
+        out(std::u16string_view(m_chunks[i].get(), i + 1 < m_chunks.size() ? m_chunkLengths[i] : m_used));
+    }
+}
+
+wstring CStringBuffer::ToString() {
+    if (m_chunks.size() > 1) {
+        std::size_t const size = Size();
+        auto joined = std::make_unique_for_overwrite<char16_t[]>(size);
+        CopyChunks([at = joined.get()](std::u16string_view chunk) mutable { at = std::copy(chunk.begin(), chunk.end(), at); });
+        Clear();
+        Adopt(std::move(joined), size, size);
+    }
+    return wstring(m_current, m_used);
+}
+
+wstring CStringBuffer::TakeString() {
+    wstring result;
+    result.reserve(Size());
+    CopyChunks([&result](std::u16string_view chunk) { result.append(chunk); });
+    Clear();
+    return result;
+}
+
+}  // namespace BxXmlLib5

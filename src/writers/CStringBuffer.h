@@ -1,0 +1,64 @@
+// The text of a document as it grows.
+#pragma once
+
+#include <cstddef>
+#include <cstring>
+#include <memory>
+#include <string_view>
+#include <vector>
+
+#include "BxXmlLib5/binding/CInstanceMonitor.h"
+#include "BxXmlLib5/binding/Enumerations.h"
+#include "BxXmlLib5/platform/Text.h"
+
+namespace BxXmlLib5 {
+
+/// @throws CBxException if the type is not one of the two
+std::u16string_view LineEnd(EOLType eolType);
+
+/// Text in chunks that are never moved, so that appending copies each unit once however long the document gets.
+class CStringBuffer : public CInstanceMonitor {
+public:
+    CStringBuffer();
+    virtual ~CStringBuffer();
+
+    /// Copies the text as it stands.
+    void Append(std::u16string_view text) {
+        if (text.size() > m_capacity - m_used) return AppendAcrossChunks(text);
+        if (text.empty()) return;
+        std::memcpy(m_current + m_used, text.data(), text.size() * sizeof(char16_t));
+        m_used += text.size();
+    }
+    void Append(char16_t c) { Append(std::u16string_view(&c, 1)); }
+    void Append(std::size_t count, char16_t c);
+
+    /// Copies the text with markup escaped, CR dropped and each LF as the line end.
+    /// @throws CBxException at an LF if eolType is not one of the two
+    void AppendEscaped(std::u16string_view text, EOLType eolType);
+
+    void Clear();
+
+    /// The whole text, which stays, joined in one chunk.
+    wstring ToString();
+
+    /// The whole text, which is gone from the buffer.
+    wstring TakeString();
+
+    std::size_t ChunkCount() const { return m_chunks.size(); }
+
+private:
+    void AppendAcrossChunks(std::u16string_view text);
+    void StartChunk();
+    void Adopt(std::unique_ptr<char16_t[]> chunk, std::size_t capacity, std::size_t used);
+    std::size_t Size() const;
+    template <class Out>
+    void CopyChunks(Out out) const;
+
+    std::vector<std::unique_ptr<char16_t[]>> m_chunks;
+    std::vector<std::size_t> m_chunkLengths;  // as capacity; the last chunk holds m_used
+    std::size_t m_used = 0;
+    std::size_t m_capacity = 0;
+    char16_t* m_current = nullptr;
+};
+
+}  // namespace BxXmlLib5

@@ -1,0 +1,58 @@
+// The writer of XML text.
+#pragma once
+
+#include <string_view>
+
+#include "BxXmlLib5/binding/Enumerations.h"
+#include "BxXmlLib5/writers/CXmlWriter.h"
+#include "writers/CStringBuffer.h"
+
+namespace BxXmlLib5 {
+
+/// Writes XML 1.0 text. Formatting breaks lines and indents by one tab for each level; it adds nothing after text.
+/// Names, namespaces and aliases are written as they are; text, attribute values and comments are escaped alike. A
+/// comment or an instruction closes a start tag that is open.
+class CXmlTextWriter : public CXmlWriter {
+public:
+    CXmlTextWriter();
+    ~CXmlTextWriter() override;
+
+    void SetFormatting(bool formatting) { m_formatting = formatting; }
+
+    /// @throws CBxException for a type that is not one of the two; nothing changes
+    void SetEOLType(EOLType eolType);
+
+    /// Begins anew, with an XML declaration.
+    void WriteStartDocument(XmlEncoding encoding);
+
+    /// The text so far.
+    wstring GetString() { return m_buffer.ToString(); }
+
+    /// The text so far, which is gone from the writer.
+    wstring TakeString() { return m_buffer.TakeString(); }
+
+    void WriteComment(wstring const& text) override;
+    void WriteProcessingInstruction(wstring const& text) override;
+    void WriteInLineSchema(wstring const& text) override;
+    void WriteStartElement(wstring const& name, wstring const& namespaceUri) override;
+    void WriteText(wstring const& text) override;
+    void WriteEndElement() override;
+    void WriteAttribute(wstring const& name, wstring const& namespaceUri, wstring const& value) override;
+    void WriteXsiType(wstring const& namespaceUri, wstring const& typeName) override;
+
+private:
+    void CloseStartTag();
+    void BreakLine();
+    void AppendIndentation(CXmlWriterContext const& element);
+    void AppendElementName(CXmlWriterContext const& element);
+    void AppendDeclaration(std::u16string_view prefix, std::u16string_view namespaceUri);
+    void AppendRootDeclarations();
+
+    CStringBuffer m_buffer;
+    std::u16string_view m_eol = u"\n";
+    EOLType m_eolType = eol_LF;
+    bool m_formatting = true;
+    XmlEncoding m_encoding = enc_Unspecified;
+};
+
+}  // namespace BxXmlLib5

@@ -1,0 +1,75 @@
+// The record of one open element and of the namespace scope inside it.
+#pragma once
+
+#include <map>
+#include <memory>
+#include <optional>
+
+#include "BxXmlLib5/writers/CXmlWriter.h"
+#include "writers/GeneratedPrefixes.h"
+
+namespace BxXmlLib5 {
+
+/// Most elements have no scope of their own and see that of an ancestor; one that declares something takes a copy of
+/// the scope first.
+class CXmlWriter::CXmlWriterContext : public CInstanceMonitor {
+public:
+    /// What stands for a namespace in names.
+    struct Prefix {
+        wstring const& m_alias;
+        bool m_isNew;  // it was made just now and is to be declared
+    };
+
+    CXmlWriterContext();
+    ~CXmlWriterContext();
+    CXmlWriterContext(CXmlWriterContext const&) = delete;
+    CXmlWriterContext& operator=(CXmlWriterContext const&) = delete;
+
+    /// Starts the record anew, for a root with this scope.
+    void InitRoot(wstring const& name, wstring const& namespaceUri, wstring const& defaultNamespace,
+                  std::map<wstring, wstring> const& namespaces);
+    /// Starts the record anew, for a child, which must close before its parent does.
+    void InitChild(wstring const& name, wstring const& namespaceUri, CXmlWriterContext const& parent);
+
+    wstring const& DefaultNamespace() const { return m_scope->m_defaultNamespace; }
+    std::map<wstring, wstring> const& Namespaces() const { return m_scope->m_namespaces; }
+
+    void SetDefaultNamespace(wstring const& namespaceUri);
+    void AddNamespace(wstring const& alias, wstring const& namespaceUri);
+
+    /// The prefix of a namespace that is not empty, made in this record's scope if there is none.
+    Prefix TakePrefix(wstring const& namespaceUri);
+
+    /// Whether a name in this namespace takes no prefix where the default namespace counts.
+    bool IsDefault(wstring const& namespaceUri) const;
+
+    /// Settles the prefix of the element's own name.
+    /// @return whether it was made just now and is to be declared
+    bool TakeElementPrefix();
+
+    /// The prefix of the element's own name, empty for none.
+    wstring const& ElementPrefix() const;
+
+    unsigned m_childCount = 0;
+    bool m_startTagOpen = true;
+    unsigned m_depth = 0;  // 0 at the root
+    wstring m_namespace;
+    wstring m_name;
+    std::unique_ptr<CXmlWriterContext> m_parent;  // the enclosing element's
+    bool m_hasAttributes = false;
+
+private:
+    void Init(wstring const& name, wstring const& namespaceUri);
+    void TakeScope();
+    wstring const* FindPrefix(wstring const& namespaceUri) const;
+    void SettleElementPrefix();
+
+    CXmlWriterContext const* m_enclosing = nullptr;  // the parent, before it is this record's too
+    CXmlWriterContext const* m_scope = nullptr;      // this record, or the nearest one outside with its own scope
+    wstring m_defaultNamespace;
+    std::map<wstring, wstring> m_namespaces;        // URI to alias
+    std::optional<CPrefixSource> m_prefixSource;    // for this record's scope, once a prefix was made
+    wstring const* m_elementPrefix = nullptr;       // null if the scope has none any more
+};
+
+}  // namespace BxXmlLib5
