@@ -24,28 +24,37 @@ CBxException& CBxException::operator=(CBxException const& other) {
 
 CBxException::~CBxException() = default;
 
-wstring CBxException::GetMessage() const { return m_message; }
+wstring CBxException::GetMessage() const {
+    return m_message;
+}
 
 wstring CBxException::GetFullMessage() const {
     wstring result = m_message;
-    for (CBxException const* inner = GetInnerException(); inner != nullptr; inner = inner->GetInnerException()) {
+    for (CBxException const* inner = GetInnerException(); inner != nullptr;
+         inner = inner->GetInnerException()) {
         result += u'\n';
         result += inner->m_message;
     }
     return result;
 }
 
-CBxException const* CBxException::GetInnerException() const { return m_innerException.get(); }
+CBxException const* CBxException::GetInnerException() const {
+    return m_innerException.get();
+}
 
-CBxException* CBxException::Clone() const { return new CBxException(*this); }
+CBxException* CBxException::Clone() const {
+    return new CBxException(*this);
+}
 
 // The six kinds add their type alone.
-#define BX_EXCEPTION_KIND(Class, Base)                                                                  \
-    Class::Class() = default;                                                                           \
-    Class::Class(wstring message) : Base(std::move(message)) {}                                         \
-    Class::Class(wstring message, CBxException const& inner) : Base(std::move(message), inner) {}       \
-    Class::Class(CBxException const& other) : Base(other) {}                                            \
-    CBxException* Class::Clone() const { return new Class(*this); }
+#define BX_EXCEPTION_KIND(Class, Base)                                                            \
+    Class::Class() = default;                                                                     \
+    Class::Class(wstring message) : Base(std::move(message)) {}                                   \
+    Class::Class(wstring message, CBxException const& inner) : Base(std::move(message), inner) {} \
+    Class::Class(CBxException const& other) : Base(other) {}                                      \
+    CBxException* Class::Clone() const {                                                          \
+        return new Class(*this);                                                                  \
+    }
 
 BX_EXCEPTION_KIND(CBxValidationException, CBxException)
 BX_EXCEPTION_KIND(CBxInvalidValueException, CBxValidationException)

@@ -34,9 +34,13 @@ bool CNamespaceAliasMap::DoesNamespaceExist(char16_t const* namespaceUri) const 
     return m_aliases.contains(wstring(TextOf(namespaceUri)));
 }
 
-bool CNamespaceAliasMap::DoesAliasExist(char16_t const* alias) const { return FindAlias(alias) != m_aliases.end(); }
+bool CNamespaceAliasMap::DoesAliasExist(char16_t const* alias) const {
+    return FindAlias(alias) != m_aliases.end();
+}
 
-int CNamespaceAliasMap::GetNamespaceCount() const { return static_cast<int>(m_aliases.size()); }
+int CNamespaceAliasMap::GetNamespaceCount() const {
+    return static_cast<int>(m_aliases.size());
+}
 
 wstring CNamespaceAliasMap::GetNamespaceAt(int index) const {
     int const count = GetNamespaceCount();

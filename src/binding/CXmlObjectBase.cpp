@@ -18,7 +18,9 @@ CXmlObjectBase& CXmlObjectBase::operator=(CXmlObjectBase const& other) {
     return *this;
 }
 
-std::int32_t CXmlObjectBase::AddRef() { return m_refCount.fetch_add(1, std::memory_order_relaxed) + 1; }
+std::int32_t CXmlObjectBase::AddRef() {
+    return m_refCount.fetch_add(1, std::memory_order_relaxed) + 1;
+}
 
 std::int32_t CXmlObjectBase::Release() {
     // What other threads did with the object must be seen by the one that deletes it.
@@ -30,9 +32,15 @@ std::int32_t CXmlObjectBase::Release() {
 void CXmlObjectBase::OnEvent(CXmlObjectBase*, MsgType, void*) {}
 void CXmlObjectBase::AttributesToXml_Int(CXmlWriter*, CXmlSerializationContext const&) const {}
 
-void CXmlObjectBase::SetElementName(char16_t const* name) { m_elementName = TextOf(name); }
-wstring CXmlObjectBase::GetElementName() const { return m_elementName; }
-void CXmlObjectBase::SetElementName(CXmlObjectBase* object, char16_t const* name) { object->SetElementName(name); }
+void CXmlObjectBase::SetElementName(char16_t const* name) {
+    m_elementName = TextOf(name);
+}
+wstring CXmlObjectBase::GetElementName() const {
+    return m_elementName;
+}
+void CXmlObjectBase::SetElementName(CXmlObjectBase* object, char16_t const* name) {
+    object->SetElementName(name);
+}
 
 void CXmlObjectBase::AttributesToXml_Int(CXmlObjectBase const* object, CXmlWriter* writer,
                                          CXmlSerializationContext const& context) {
@@ -45,8 +53,8 @@ void CXmlObjectBase::ToXml_Int(CXmlObjectBase const* object, CXmlWriter* writer,
     object->ToXml_Int(writer, isRoot, namespaceUri, context, allowEmptyChoice);
 }
 
-CXmlElement* CXmlObjectBase::FromXml_Int(CXmlObjectBase* object, CXmlElement* element, CXmlElement* firstChild,
-                                         CXmlSerializationContext const& context) {
+CXmlElement* CXmlObjectBase::FromXml_Int(CXmlObjectBase* object, CXmlElement* element,
+                                         CXmlElement* firstChild, CXmlSerializationContext const& context) {
     return object->FromXml_Int(element, firstChild, context, false);
 }
 
@@ -81,9 +89,9 @@ void CXmlObjectBase::Choice_SetElementValid(bool valid, char16_t const* name, ws
     } else if (selected.empty()) {
         selected = TextOf(name);
     } else if (!Equal(selected, TextOf(name))) {
-        throw CBxInvalidStateException(
-            FormatString(u"The Property %s is already set. Only one element within this class bay be set at a time",
-                         selected.c_str()));
+        throw CBxInvalidStateException(FormatString(
+            u"The Property %s is already set. Only one element within this class bay be set at a time",
+            selected.c_str()));
     }
 }
 

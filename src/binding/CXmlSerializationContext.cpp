@@ -8,7 +8,8 @@ namespace BxXmlLib5 {
 
 CXmlSerializationContext::CXmlSerializationContext() = default;
 CXmlSerializationContext::CXmlSerializationContext(CXmlSerializationContext const& other) = default;
-CXmlSerializationContext& CXmlSerializationContext::operator=(CXmlSerializationContext const& other) = default;
+CXmlSerializationContext& CXmlSerializationContext::operator=(CXmlSerializationContext const& other) =
+    default;
 CXmlSerializationContext::~CXmlSerializationContext() = default;
 
 CXmlSerializationContext& CXmlSerializationContext::GetDefaultContext() {
@@ -20,7 +21,8 @@ CXmlSerializationContext& CXmlSerializationContext::GetDefaultContext() {
 void CXmlSerializationContext::SetIgnoreUnknownElements(bool value) {
     if (value && m_ignoreMissingMandatoryElements) {
         throw CBxInvalidStateException(
-            u"The parser can only ignore additional elements, or ignore the fact that some required ones are missing, "
+            u"The parser can only ignore additional elements, or ignore the fact that some required ones are "
+            u"missing, "
             u"you can not ignore both\n"
             u"Set IgnoreMissingMandatoryElements to false before setting IgnoreUnknownElements to true");
     }
@@ -30,7 +32,8 @@ void CXmlSerializationContext::SetIgnoreUnknownElements(bool value) {
 void CXmlSerializationContext::SetIgnoreMissingMandatoryElements(bool value) {
     if (value && m_ignoreUnknownElements) {
         throw CBxInvalidStateException(
-            u"The parser can only ignore additional elements, or ignore the fact that some required ones are missing, "
+            u"The parser can only ignore additional elements, or ignore the fact that some required ones are "
+            u"missing, "
             u"you can not ignore both\n"
             u"Set IgnoreUnknownElements to false before setting IgnoreMissingMandatoryElements to true");
     }
@@ -41,7 +44,9 @@ void CXmlSerializationContext::SetDefaultNamespaceURI(char16_t const* namespaceU
     m_defaultNamespaceUri = TextOf(namespaceUri);
 }
 
-void CXmlSerializationContext::SetInLineSchema(char16_t const* schema) { m_inLineSchema = TextOf(schema); }
+void CXmlSerializationContext::SetInLineSchema(char16_t const* schema) {
+    m_inLineSchema = TextOf(schema);
+}
 
 CSmartPtr<CAttributeCol> CXmlSerializationContext::GetAdditionalRootAttributes() const {
     if (!m_additionalRootAttributes) m_additionalRootAttributes = new CAttributeCol(u"", u"##any", u"");

@@ -33,7 +33,9 @@ struct Arguments {
     va_list list;
 };
 
-bool IsUpper(char16_t letter) { return letter >= u'A' && letter <= u'Z'; }
+bool IsUpper(char16_t letter) {
+    return letter >= u'A' && letter <= u'Z';
+}
 
 /// Appends sign or base prefix and digits, filled to the width.
 void Fill(wstring& out, Spec const& spec, std::u16string_view prefix, std::u16string_view body) {
@@ -60,7 +62,8 @@ std::u16string_view SignPrefix(Spec const& spec, bool negative) {
 }
 
 /// Digits of at least the precision; the flag for zeros does not hold beside a precision.
-void FillDigits(wstring& out, Spec spec, std::u16string_view prefix, std::uint64_t value, int base, bool upper) {
+void FillDigits(wstring& out, Spec spec, std::u16string_view prefix, std::uint64_t value, int base,
+                bool upper) {
     char digits[64];
     char* const end = std::to_chars(digits, digits + sizeof digits, value, base).ptr;
     auto const count = static_cast<std::size_t>(end - digits);
@@ -77,25 +80,41 @@ void FillDigits(wstring& out, Spec spec, std::u16string_view prefix, std::uint64
 void FormatSigned(wstring& out, Spec const& spec, Arguments& arguments) {
     std::int64_t value = 0;
     switch (spec.size) {
-        case Size::Long: value = va_arg(arguments.list, long); break;
-        case Size::Bits64: value = va_arg(arguments.list, std::int64_t); break;
-        case Size::Short: value = static_cast<short>(va_arg(arguments.list, int)); break;
-        default: value = va_arg(arguments.list, int);
+        case Size::Long:
+            value = va_arg(arguments.list, long);
+            break;
+        case Size::Bits64:
+            value = va_arg(arguments.list, std::int64_t);
+            break;
+        case Size::Short:
+            value = static_cast<short>(va_arg(arguments.list, int));
+            break;
+        default:
+            value = va_arg(arguments.list, int);
     }
-    std::uint64_t const magnitude = value < 0 ? 0 - static_cast<std::uint64_t>(value) : static_cast<std::uint64_t>(value);
+    std::uint64_t const magnitude =
+        value < 0 ? 0 - static_cast<std::uint64_t>(value) : static_cast<std::uint64_t>(value);
     FillDigits(out, spec, SignPrefix(spec, value < 0), magnitude, 10, false);
 }
 
 void FormatUnsigned(wstring& out, Spec const& spec, Arguments& arguments, char16_t letter) {
     std::uint64_t value = 0;
     switch (spec.size) {
-        case Size::Long: value = va_arg(arguments.list, unsigned long); break;
-        case Size::Bits64: value = va_arg(arguments.list, std::uint64_t); break;
-        case Size::Short: value = static_cast<unsigned short>(va_arg(arguments.list, unsigned)); break;
-        default: value = va_arg(arguments.list, unsigned);
+        case Size::Long:
+            value = va_arg(arguments.list, unsigned long);
+            break;
+        case Size::Bits64:
+            value = va_arg(arguments.list, std::uint64_t);
+            break;
+        case Size::Short:
+            value = static_cast<unsigned short>(va_arg(arguments.list, unsigned));
+            break;
+        default:
+            value = va_arg(arguments.list, unsigned);
     }
     std::u16string_view prefix;
-    if (spec.alternate && value != 0) prefix = letter == u'x' ? u"0x" : letter == u'X' ? u"0X" : letter == u'o' ? u"0" : u"";
+    if (spec.alternate && value != 0)
+        prefix = letter == u'x' ? u"0x" : letter == u'X' ? u"0X" : letter == u'o' ? u"0" : u"";
     FillDigits(out, spec, prefix, value, letter == u'u' ? 10 : letter == u'o' ? 8 : 16, letter == u'X');
 }
 
@@ -121,8 +140,9 @@ std::string ToCharsGeneralWithZeros(double value, int precision) {
 }
 
 void FormatFloat(wstring& out, Spec spec, Arguments& arguments, char16_t letter) {
-    double const value = spec.size == Size::LongDouble ? static_cast<double>(va_arg(arguments.list, long double))
-                                                       : va_arg(arguments.list, double);
+    double const value = spec.size == Size::LongDouble
+                             ? static_cast<double>(va_arg(arguments.list, long double))
+                             : va_arg(arguments.list, double);
     double const magnitude = std::fabs(value);
     bool const finite = std::isfinite(value);
     bool const general = letter == u'g' || letter == u'G';
@@ -133,7 +153,7 @@ void FormatFloat(wstring& out, Spec spec, Arguments& arguments, char16_t letter)
     if (general && spec.alternate && finite) {
         digits = ToCharsGeneralWithZeros(magnitude, precision);
     } else {
-        auto const form = general           ? std::chars_format::general
+        auto const form = general          ? std::chars_format::general
                           : letter == u'f' ? std::chars_format::fixed
                                            : std::chars_format::scientific;
         digits = ToChars(magnitude, form, precision);
@@ -148,7 +168,8 @@ void FormatFloat(wstring& out, Spec spec, Arguments& arguments, char16_t letter)
 
 void FormatText(wstring& out, Spec const& spec, Arguments& arguments, bool narrow) {
     void const* const text = va_arg(arguments.list, void const*);
-    wstring const converted = narrow && text != nullptr ? FromUtf8(static_cast<char const*>(text)) : wstring();
+    wstring const converted =
+        narrow && text != nullptr ? FromUtf8(static_cast<char const*>(text)) : wstring();
     std::u16string_view view = converted;
     if (text == nullptr) {
         view = u"(null)";
@@ -240,27 +261,42 @@ private:
 bool FormatConversion(wstring& out, Spec const& spec, char16_t letter, Arguments& arguments) {
     switch (letter) {
         case u'd':
-        case u'i': FormatSigned(out, spec, arguments); return true;
+        case u'i':
+            FormatSigned(out, spec, arguments);
+            return true;
         case u'u':
         case u'o':
         case u'x':
-        case u'X': FormatUnsigned(out, spec, arguments, letter); return true;
+        case u'X':
+            FormatUnsigned(out, spec, arguments, letter);
+            return true;
         case u'e':
         case u'E':
         case u'f':
         case u'g':
-        case u'G': FormatFloat(out, spec, arguments, letter); return true;
-        case u's': FormatText(out, spec, arguments, spec.size == Size::Short); return true;
-        case u'S': FormatText(out, spec, arguments, spec.size != Size::Long); return true;
+        case u'G':
+            FormatFloat(out, spec, arguments, letter);
+            return true;
+        case u's':
+            FormatText(out, spec, arguments, spec.size == Size::Short);
+            return true;
+        case u'S':
+            FormatText(out, spec, arguments, spec.size != Size::Long);
+            return true;
         case u'c':
         case u'C': {
             auto const unit = static_cast<char16_t>(va_arg(arguments.list, int));
             Fill(out, spec, {}, {&unit, 1});
             return true;
         }
-        case u'p': FormatPointer(out, spec, arguments); return true;
-        case u'%': out += u'%'; return true;
-        default: return false;
+        case u'p':
+            FormatPointer(out, spec, arguments);
+            return true;
+        case u'%':
+            out += u'%';
+            return true;
+        default:
+            return false;
     }
 }
 

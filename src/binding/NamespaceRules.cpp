@@ -8,7 +8,8 @@ namespace BxXmlLib5 {
 
 namespace {
 
-bool Accepts(std::u16string_view token, std::u16string_view namespaceUri, std::u16string_view targetNamespace) {
+bool Accepts(std::u16string_view token, std::u16string_view namespaceUri,
+             std::u16string_view targetNamespace) {
     if (token == u"##any") return true;
     if (token == u"##other") return !Equal(namespaceUri, targetNamespace);
     if (token == u"##local") return namespaceUri.empty();
@@ -28,12 +29,13 @@ bool IsNamespaceValid(std::u16string_view namespaceUri, std::u16string_view allo
     }
 }
 
-void TestNamespace(std::u16string_view namespaceUri, std::u16string_view allowed, std::u16string_view targetNamespace) {
+void TestNamespace(std::u16string_view namespaceUri, std::u16string_view allowed,
+                   std::u16string_view targetNamespace) {
     if (IsNamespaceValid(namespaceUri, allowed, targetNamespace)) return;
-    throw CBxInvalidNamespaceException(
-        FormatString(u"Invalid namespace [%s]. The namespace must be one of [%s] where the target namespace is [%s]",
-                     std::u16string(namespaceUri).c_str(), std::u16string(allowed).c_str(),
-                     std::u16string(targetNamespace).c_str()));
+    throw CBxInvalidNamespaceException(FormatString(
+        u"Invalid namespace [%s]. The namespace must be one of [%s] where the target namespace is [%s]",
+        std::u16string(namespaceUri).c_str(), std::u16string(allowed).c_str(),
+        std::u16string(targetNamespace).c_str()));
 }
 
 }  // namespace BxXmlLib5

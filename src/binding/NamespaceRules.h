@@ -10,6 +10,7 @@ bool IsNamespaceValid(std::u16string_view namespaceUri, std::u16string_view allo
                       std::u16string_view targetNamespace);
 
 /// @throws CBxInvalidNamespaceException if IsNamespaceValid() is false
-void TestNamespace(std::u16string_view namespaceUri, std::u16string_view allowed, std::u16string_view targetNamespace);
+void TestNamespace(std::u16string_view namespaceUri, std::u16string_view allowed,
+                   std::u16string_view targetNamespace);
 
 }  // namespace BxXmlLib5

@@ -14,15 +14,28 @@ CAttribute::CAttribute(std::u16string_view name, std::u16string_view value, std:
 
 CAttribute::~CAttribute() = default;
 
-CXmlObjectBase* CAttribute::GetBase() { return this; }
-wstring CAttribute::GetNamespace() const { return m_namespace; }
-wstring CAttribute::GetTargetNamespace() const { return m_namespace; }
+CXmlObjectBase* CAttribute::GetBase() {
+    return this;
+}
+wstring CAttribute::GetNamespace() const {
+    return m_namespace;
+}
+wstring CAttribute::GetTargetNamespace() const {
+    return m_namespace;
+}
 
-void CAttribute::SetName(char16_t const* name) { m_name = TextOf(name); }
-void CAttribute::SetValue(char16_t const* value) { m_value = TextOf(value); }
-void CAttribute::SetNamespace(char16_t const* ns) { m_namespace = TextOf(ns); }
+void CAttribute::SetName(char16_t const* name) {
+    m_name = TextOf(name);
+}
+void CAttribute::SetValue(char16_t const* value) {
+    m_value = TextOf(value);
+}
+void CAttribute::SetNamespace(char16_t const* ns) {
+    m_namespace = TextOf(ns);
+}
 
-void CAttribute::ToXml_Int(CXmlWriter* writer, bool, char16_t const*, CXmlSerializationContext const&, bool) const {
+void CAttribute::ToXml_Int(CXmlWriter* writer, bool, char16_t const*, CXmlSerializationContext const&,
+                           bool) const {
     writer->WriteAttribute(m_name, m_namespace, m_value);
 }
 

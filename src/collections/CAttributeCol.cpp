@@ -9,7 +9,8 @@
 
 namespace BxXmlLib5 {
 
-CAttributeCol::CAttributeCol(char16_t const* ns, char16_t const* namespaceRestriction, char16_t const* targetNamespace)
+CAttributeCol::CAttributeCol(char16_t const* ns, char16_t const* namespaceRestriction,
+                             char16_t const* targetNamespace)
     : CInstanceMonitor(u"CAttributeCol"),
       m_namespaceRestriction(TextOf(namespaceRestriction)),
       m_targetNamespace(TextOf(targetNamespace)) {
@@ -27,7 +28,9 @@ CSmartPtr<CAttribute> CAttributeCol::Add(char16_t const* name, char16_t const* v
     return Add(name, value, m_namespace.c_str());
 }
 
-CSmartPtr<CAttribute> CAttributeCol::Add(char16_t const* name) { return Add(name, u""); }
+CSmartPtr<CAttribute> CAttributeCol::Add(char16_t const* name) {
+    return Add(name, u"");
+}
 
 CSmartPtr<CAttribute> CAttributeCol::Add(CAttribute* attribute) {
     CSmartPtr<CAttribute> const held = attribute;
@@ -35,24 +38,34 @@ CSmartPtr<CAttribute> CAttributeCol::Add(CAttribute* attribute) {
     return held;
 }
 
-void CAttributeCol::AddAfter(CAttribute const* after, CAttribute* attribute) { AddAfterItem(after, attribute); }
-void CAttributeCol::AddBefore(CAttribute const* before, CAttribute* attribute) { AddBeforeItem(before, attribute); }
+void CAttributeCol::AddAfter(CAttribute const* after, CAttribute* attribute) {
+    AddAfterItem(after, attribute);
+}
+void CAttributeCol::AddBefore(CAttribute const* before, CAttribute* attribute) {
+    AddBeforeItem(before, attribute);
+}
 
-CSmartPtr<CAttribute> CAttributeCol::Item(int index) { return *CBxIterator<CAttribute>(GetNodeAtIndex(index)); }
+CSmartPtr<CAttribute> CAttributeCol::Item(int index) {
+    return *CBxIterator<CAttribute>(GetNodeAtIndex(index));
+}
 
-wstring CAttributeCol::GetTargetNamespace() const { return m_namespace; }
+wstring CAttributeCol::GetTargetNamespace() const {
+    return m_namespace;
+}
 
 void CAttributeCol::ToXml_Int(CXmlWriter* writer, bool, char16_t const* namespaceUri,
                               CXmlSerializationContext const& context, bool) const {
     for (CNode const* node = FirstNode(); node != nullptr; node = node->m_next) {
-        if (node->m_item) CXmlObjectBase::ToXml_Int(node->m_item, writer, false, namespaceUri, context, false);
+        if (node->m_item)
+            CXmlObjectBase::ToXml_Int(node->m_item, writer, false, namespaceUri, context, false);
     }
 }
 
-CXmlElement* CAttributeCol::FromXml_Int(CXmlElement* element, CXmlElement* firstChild, CXmlSerializationContext const&,
-                                        bool) {
+CXmlElement* CAttributeCol::FromXml_Int(CXmlElement* element, CXmlElement* firstChild,
+                                        CXmlSerializationContext const&, bool) {
     for (CXmlAttribute const* attribute : element->GetAttributes()) {
-        if (!BxXmlLib5::IsNamespaceValid(attribute->GetNamespaceURI(), m_namespaceRestriction, m_targetNamespace)) {
+        if (!BxXmlLib5::IsNamespaceValid(attribute->GetNamespaceURI(), m_namespaceRestriction,
+                                         m_targetNamespace)) {
             throw CBxInvalidNamespaceException(
                 FormatString(u"Invalid Attribute [%s]. The attributes namespace is Inappropriate.",
                              attribute->GetLocalName().c_str()));

@@ -17,7 +17,9 @@
 
 namespace BxXmlLib5 {
 
-CElement::CElement(char16_t const* name) : CInstanceMonitor(u"CElement") { Init(name, u"", u"##any", u""); }
+CElement::CElement(char16_t const* name) : CInstanceMonitor(u"CElement") {
+    Init(name, u"", u"##any", u"");
+}
 
 CElement::CElement(char16_t const* name, char16_t const* ns) : CInstanceMonitor(u"CElement") {
     constexpr std::u16string_view kWildcards[] = {u"##any", u"##other", u"##local", u"##targetNamespace"};
@@ -64,7 +66,8 @@ CElement::~CElement() = default;
 void CElement::Init(char16_t const* name, char16_t const* ns, char16_t const* namespaceRestriction,
                     char16_t const* targetNamespace) {
     if (name == nullptr) throw CBxInvalidNamespaceException(u"Element Name must have a value");
-    if (namespaceRestriction == nullptr) throw CBxInvalidNamespaceException(u"Namespace Restriction must have a value");
+    if (namespaceRestriction == nullptr)
+        throw CBxInvalidNamespaceException(u"Namespace Restriction must have a value");
     if (targetNamespace == nullptr) throw CBxInvalidNamespaceException(u"Target Namespace must have a value");
     BxXmlLib5::TestNamespace(TextOf(ns), namespaceRestriction, targetNamespace);
     m_name = name;
@@ -76,7 +79,8 @@ void CElement::Init(char16_t const* name, char16_t const* ns, char16_t const* na
 }
 
 CAttributeCol& CElement::Attributes() const {
-    if (!m_attributes) m_attributes = new CAttributeCol(m_namespace.c_str(), u"##any", m_targetNamespace.c_str());
+    if (!m_attributes)
+        m_attributes = new CAttributeCol(m_namespace.c_str(), u"##any", m_targetNamespace.c_str());
     return *m_attributes;
 }
 
@@ -87,13 +91,25 @@ CElementCol& CElement::ChildElements() const {
     return *m_childElements;
 }
 
-CXmlObjectBase* CElement::GetBase() { return this; }
-wstring CElement::GetNamespace() const { return m_namespace; }
-wstring CElement::GetTargetNamespace() const { return m_namespace; }
+CXmlObjectBase* CElement::GetBase() {
+    return this;
+}
+wstring CElement::GetNamespace() const {
+    return m_namespace;
+}
+wstring CElement::GetTargetNamespace() const {
+    return m_namespace;
+}
 
-void CElement::SetName(char16_t const* name) { m_name = TextOf(name); }
-void CElement::SetText(char16_t const* text) { m_text = TextOf(text); }
-void CElement::SetNamespace(char16_t const* ns) { ChangeNamespace(TextOf(ns)); }
+void CElement::SetName(char16_t const* name) {
+    m_name = TextOf(name);
+}
+void CElement::SetText(char16_t const* text) {
+    m_text = TextOf(text);
+}
+void CElement::SetNamespace(char16_t const* ns) {
+    ChangeNamespace(TextOf(ns));
+}
 
 void CElement::ChangeNamespace(std::u16string_view ns) {
     if (Equal(m_namespace, ns)) return;
@@ -103,10 +119,15 @@ void CElement::ChangeNamespace(std::u16string_view ns) {
     m_namespace = ns;
 }
 
-CSmartPtr<CAttributeCol> CElement::GetAttributes() { return &Attributes(); }
-CSmartPtr<CElementCol> CElement::GetChildElements() { return &ChildElements(); }
+CSmartPtr<CAttributeCol> CElement::GetAttributes() {
+    return &Attributes();
+}
+CSmartPtr<CElementCol> CElement::GetChildElements() {
+    return &ChildElements();
+}
 
-void CElement::SetNamespaceRestrictions(char16_t const* namespaceRestriction, char16_t const* targetNamespace) {
+void CElement::SetNamespaceRestrictions(char16_t const* namespaceRestriction,
+                                        char16_t const* targetNamespace) {
     TestRestrictions(namespaceRestriction, targetNamespace, 1);
 }
 
@@ -117,8 +138,8 @@ void CElement::TestRestrictions(char16_t const* namespaceRestriction, char16_t c
         TestNamespace(m_namespace.c_str(), namespaceRestriction, targetNamespace);
     } catch (CBxException const& failure) {
         throw CBxInvalidNamespaceException(
-            FormatString(u"The namespace %s in the class %s is invalid against restriction %s", m_namespace.c_str(),
-                         m_name.c_str(), wstring(TextOf(namespaceRestriction)).c_str()),
+            FormatString(u"The namespace %s in the class %s is invalid against restriction %s",
+                         m_namespace.c_str(), m_name.c_str(), wstring(TextOf(namespaceRestriction)).c_str()),
             failure);
     }
     if (m_attributes) {
@@ -143,7 +164,8 @@ void CElement::CopyXmlElement(CXmlElement* source) {
     for (CXmlAttribute const* attribute : source->GetAttributes()) {
         Attributes().AddNew(attribute->GetLocalName(), attribute->GetValue(), attribute->GetNamespaceURI());
     }
-    for (CXmlElement* child = source->GetFirstElement(); child != nullptr; child = child->GetNextSiblingElement()) {
+    for (CXmlElement* child = source->GetFirstElement(); child != nullptr;
+         child = child->GetNextSiblingElement()) {
         CSmartPtr<CElement> const copy = new CElement(child->GetLocalName().c_str());
         copy->CopyXmlElement(child);
         ChildElements().Add(copy);
@@ -161,10 +183,10 @@ void CElement::ToXml_Int(CXmlWriter* writer, bool, char16_t const* namespaceUri,
     writer->WriteEndElement();
 }
 
-CXmlElement* CElement::FromXml_Int(CXmlElement*, CXmlElement* firstChild, CXmlSerializationContext const& context,
-                                   bool) {
-    if (firstChild == nullptr ||
-        !BxXmlLib5::IsNamespaceValid(firstChild->GetNamespaceURI(), m_namespaceRestriction, m_targetNamespace)) {
+CXmlElement* CElement::FromXml_Int(CXmlElement*, CXmlElement* firstChild,
+                                   CXmlSerializationContext const& context, bool) {
+    if (firstChild == nullptr || !BxXmlLib5::IsNamespaceValid(firstChild->GetNamespaceURI(),
+                                                              m_namespaceRestriction, m_targetNamespace)) {
         return firstChild;
     }
     if (!firstChild->GetAttributes().empty()) Attributes().FromXml_Int(firstChild, nullptr, context, false);
@@ -193,7 +215,8 @@ void CElement::FireOnChangeText(char16_t const*) {}
 
 // Reading any object from untyped content starts here, since the writing of that content does.
 void CXmlObjectBase::FromXmlElement(CElement const* element, CXmlSerializationContext& context) {
-    FromXml(element->ToXml(false, false, eol_LF, CXmlSerializationContext::GetDefaultContext()).c_str(), context);
+    FromXml(element->ToXml(false, false, eol_LF, CXmlSerializationContext::GetDefaultContext()).c_str(),
+            context);
 }
 
 }  // namespace BxXmlLib5

@@ -8,8 +8,8 @@
 
 namespace BxXmlLib5 {
 
-CElementCol::CElementCol(char16_t const* ns, char16_t const* namespaceRestriction, char16_t const* targetNamespace,
-                         int minOccurs, int maxOccurs)
+CElementCol::CElementCol(char16_t const* ns, char16_t const* namespaceRestriction,
+                         char16_t const* targetNamespace, int minOccurs, int maxOccurs)
     : CXmlCollection(u"", u"", minOccurs, maxOccurs),
       CInstanceMonitor(u"CElementCol"),
       m_namespaceRestriction(u"##any"),
@@ -20,8 +20,12 @@ CElementCol::CElementCol(char16_t const* ns, char16_t const* namespaceRestrictio
 
 CElementCol::~CElementCol() = default;
 
-wstring CElementCol::GetNamespace() const { return m_targetNamespace; }
-wstring CElementCol::GetTargetNamespace() const { return m_targetNamespace; }
+wstring CElementCol::GetNamespace() const {
+    return m_targetNamespace;
+}
+wstring CElementCol::GetTargetNamespace() const {
+    return m_targetNamespace;
+}
 
 CSmartPtr<CElement> CElementCol::Add(char16_t const* name, char16_t const* ns) {
     TestNamespace(ns, m_namespaceRestriction.c_str(), m_targetNamespace.c_str());
@@ -45,16 +49,23 @@ CSmartPtr<CElement> CElementCol::Add(CElement* element) {
     return held;
 }
 
-void CElementCol::AddAfter(CElement const* after, CElement* element) { AddAfterItem(after, element); }
-void CElementCol::AddBefore(CElement const* before, CElement* element) { AddBeforeItem(before, element); }
+void CElementCol::AddAfter(CElement const* after, CElement* element) {
+    AddAfterItem(after, element);
+}
+void CElementCol::AddBefore(CElement const* before, CElement* element) {
+    AddBeforeItem(before, element);
+}
 
-CSmartPtr<CElement> CElementCol::Item(int index) { return *CBxIterator<CElement>(GetNodeAtIndex(index)); }
+CSmartPtr<CElement> CElementCol::Item(int index) {
+    return *CBxIterator<CElement>(GetNodeAtIndex(index));
+}
 
 void CElementCol::ToXml_Int(CXmlWriter* writer, bool, char16_t const* namespaceUri,
                             CXmlSerializationContext const& context, bool) const {
     ValidateCount(context);
     for (CNode const* node = FirstNode(); node != nullptr; node = node->m_next) {
-        if (node->m_item) CXmlObjectBase::ToXml_Int(node->m_item, writer, false, namespaceUri, context, false);
+        if (node->m_item)
+            CXmlObjectBase::ToXml_Int(node->m_item, writer, false, namespaceUri, context, false);
     }
 }
 
@@ -69,7 +80,8 @@ CXmlElement* CElementCol::FromXml_Int(CXmlElement* element, CXmlElement* firstCh
 }
 
 CXmlElement* CElementCol::FromXmlLockElementName_Int(wstring name, wstring ns, CXmlElement* element,
-                                                     CXmlElement* firstChild, CXmlSerializationContext const& context) {
+                                                     CXmlElement* firstChild,
+                                                     CXmlSerializationContext const& context) {
     CXmlElement* child = firstChild;
     while (child != nullptr && Equal(child->GetLocalName(), name) && Equal(child->GetNamespaceURI(), ns) &&
            ReadOne(u"##any", element, child, context)) {
@@ -80,8 +92,9 @@ CXmlElement* CElementCol::FromXmlLockElementName_Int(wstring name, wstring ns, C
 /// Reads the element at a position, which moves behind it; false if it was not consumed.
 bool CElementCol::ReadOne(char16_t const* namespaceRestriction, CXmlElement* element, CXmlElement*& child,
                           CXmlSerializationContext const& context) {
-    CSmartPtr<CElement> const item = new CElement(child->GetLocalName().c_str(), child->GetNamespaceURI().c_str(),
-                                                  namespaceRestriction, m_targetNamespace.c_str());
+    CSmartPtr<CElement> const item =
+        new CElement(child->GetLocalName().c_str(), child->GetNamespaceURI().c_str(), namespaceRestriction,
+                     m_targetNamespace.c_str());
     CXmlElement* const next = item->FromXml_Int(element, child, context, false);
     if (next == child) return false;
     Add(item);

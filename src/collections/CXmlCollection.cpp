@@ -8,8 +8,8 @@ namespace BxXmlLib5 {
 
 namespace {
 
-/// A tree dies from the top, one level inside the other. Past this many levels the nodes wait in line instead, so that
-/// the stack stays small however deep the tree is.
+/// A tree dies from the top, one level inside the other. Past this many levels the nodes wait in line
+/// instead, so that the stack stays small however deep the tree is.
 constexpr int kMostLevelsAtOnce = 64;
 
 thread_local int t_levels = 0;
@@ -40,7 +40,8 @@ CXmlCollection::CXmlCollection(char16_t const* elementName, char16_t const* ns, 
     : CXmlCollectionBase(elementName, ns, minOccurs, maxOccurs) {}
 
 CXmlCollection::CXmlCollection(CXmlCollection const& other) : CXmlCollectionBase(other) {
-    for (CNode const* node = other.m_head; node != nullptr; node = node->m_next) LinkAhead(nullptr, node->m_item);
+    for (CNode const* node = other.m_head; node != nullptr; node = node->m_next)
+        LinkAhead(nullptr, node->m_item);
 }
 
 CXmlCollection& CXmlCollection::operator=(CXmlCollection const& other) {
@@ -50,7 +51,8 @@ CXmlCollection& CXmlCollection::operator=(CXmlCollection const& other) {
     CNode* old = std::exchange(m_head, nullptr);
     m_tail = nullptr;
     m_count = 0;
-    for (CNode const* node = other.m_head; node != nullptr; node = node->m_next) LinkAhead(nullptr, node->m_item);
+    for (CNode const* node = other.m_head; node != nullptr; node = node->m_next)
+        LinkAhead(nullptr, node->m_item);
     while (old != nullptr) FreeNode(std::exchange(old, old->m_next));
     return *this;
 }
@@ -67,7 +69,9 @@ CXmlCollection::~CXmlCollection() {
     }
 }
 
-int CXmlCollection::GetCount() const { return m_count; }
+int CXmlCollection::GetCount() const {
+    return m_count;
+}
 
 void CXmlCollection::Clear() {
     while (m_count > 0) Remove(0);
@@ -84,8 +88,12 @@ void CXmlCollection::AttributesToXml_Int(CXmlWriter* writer, CXmlSerializationCo
     }
 }
 
-void CXmlCollection::AppendItem(CXmlObjectBase* item) { InsertAhead(nullptr, item); }
-void CXmlCollection::PrependItem(CXmlObjectBase* item) { InsertAhead(m_head, item); }
+void CXmlCollection::AppendItem(CXmlObjectBase* item) {
+    InsertAhead(nullptr, item);
+}
+void CXmlCollection::PrependItem(CXmlObjectBase* item) {
+    InsertAhead(m_head, item);
+}
 
 void CXmlCollection::AddAfterItem(CXmlObjectBase const* after, CXmlObjectBase* item) {
     if (after == nullptr) return PrependItem(item);

@@ -12,21 +12,27 @@ namespace BxXmlLib5 {
 
 CXmlCollectionBase::CXmlCollectionBase() = default;
 
-CXmlCollectionBase::CXmlCollectionBase(char16_t const* elementName, char16_t const* ns, int minOccurs, int maxOccurs)
+CXmlCollectionBase::CXmlCollectionBase(char16_t const* elementName, char16_t const* ns, int minOccurs,
+                                       int maxOccurs)
     : m_namespace(TextOf(ns)), m_minOccurs(minOccurs), m_maxOccurs(maxOccurs) {
     m_elementName = TextOf(elementName);
 }
 
 CXmlCollectionBase::~CXmlCollectionBase() = default;
 
-CXmlObjectBase* CXmlCollectionBase::GetBase() { return this; }
+CXmlObjectBase* CXmlCollectionBase::GetBase() {
+    return this;
+}
 
 wstring CXmlCollectionBase::GetTargetNamespace() const {
     throw CBxException(
-        u"CXmlCollectionBase::GetTargetNamespace Should not be used from within a Collection (program logic error)");
+        u"CXmlCollectionBase::GetTargetNamespace Should not be used from within a Collection (program logic "
+        u"error)");
 }
 
-wstring CXmlCollectionBase::GetNamespace() const { return m_namespace; }
+wstring CXmlCollectionBase::GetNamespace() const {
+    return m_namespace;
+}
 
 void CXmlCollectionBase::OnEvent(CXmlObjectBase*, MsgType, void*) {}
 void CXmlCollectionBase::AttributesToXml_Int(CXmlWriter*, CXmlSerializationContext const&) const {}
@@ -45,9 +51,13 @@ void CXmlCollectionBase::ValidateCount(CXmlSerializationContext const& context) 
     }
 }
 
-void CXmlCollectionBase::AddEventListener(CXmlObjectBase* listener) { m_listeners.push_back(listener); }
+void CXmlCollectionBase::AddEventListener(CXmlObjectBase* listener) {
+    m_listeners.push_back(listener);
+}
 
-void CXmlCollectionBase::RemoveEventListener(CXmlObjectBase* listener) { std::erase(m_listeners, listener); }
+void CXmlCollectionBase::RemoveEventListener(CXmlObjectBase* listener) {
+    std::erase(m_listeners, listener);
+}
 
 void CXmlCollectionBase::FireOnCollectionChange() {
     if (m_listeners.empty()) return;
@@ -67,8 +77,9 @@ void CXmlObjectBase::FireOnCollectionChangeEvent(CXmlObjectBase* listener, CXmlC
     if (listener != nullptr) listener->OnEvent(collection->GetBase(), msg_CollectionChanged, nullptr);
 }
 
-void CXmlObjectBase::Choice_Read_Collection(CXmlCollectionBase* collection, CXmlElement* element, CXmlElement*& child,
-                                            std::int32_t& count, CXmlSerializationContext const& context) {
+void CXmlObjectBase::Choice_Read_Collection(CXmlCollectionBase* collection, CXmlElement* element,
+                                            CXmlElement*& child, std::int32_t& count,
+                                            CXmlSerializationContext const& context) {
     if (count >= 1) return;
     CXmlElement* const next = FromXml_Int(collection, element, child, context);
     if (next == child) return;

@@ -5,8 +5,8 @@
 
 namespace BxXmlLib5 {
 
-/// The namespace that a collection was given or, if that is empty, the first token of its restriction where that is a
-/// concrete namespace; empty for none.
+/// The namespace that a collection was given or, if that is empty, the first token of its restriction where
+/// that is a concrete namespace; empty for none.
 std::u16string_view DefaultNamespace(std::u16string_view ns, std::u16string_view namespaceRestriction);
 
 }  // namespace BxXmlLib5

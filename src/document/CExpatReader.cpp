@@ -21,7 +21,9 @@ constexpr char16_t kSeparator = u'|';
 // Expat's wide build calls its 16-bit unit by another name than the language does.
 static_assert(sizeof(XML_Char) == sizeof(char16_t) && std::is_unsigned_v<XML_Char>);
 
-char16_t const* Units(XML_Char const* text) { return reinterpret_cast<char16_t const*>(text); }
+char16_t const* Units(XML_Char const* text) {
+    return reinterpret_cast<char16_t const*>(text);
+}
 
 }  // namespace
 
@@ -50,24 +52,29 @@ struct CExpatReader::Callbacks {
     }
 
     static void StartNamespace(void* userData, XML_Char const* prefix, XML_Char const* namespaceUri) {
-        Run(userData, [=](CExpatReader& reader) { reader.DeclareNamespace(Units(prefix), Units(namespaceUri)); });
+        Run(userData,
+            [=](CExpatReader& reader) { reader.DeclareNamespace(Units(prefix), Units(namespaceUri)); });
     }
 
     static void EndNamespace(void*, XML_Char const*) {}
 
     static void Text(void* userData, XML_Char const* text, int length) {
-        Run(userData, [=](CExpatReader& reader) { reader.AddText({Units(text), static_cast<std::size_t>(length)}); });
+        Run(userData, [=](CExpatReader& reader) {
+            reader.AddText({Units(text), static_cast<std::size_t>(length)});
+        });
     }
 
-    static void Entity(void* userData, XML_Char const*, int isParameterEntity, XML_Char const* value, int length,
-                       XML_Char const*, XML_Char const*, XML_Char const*, XML_Char const*) {
+    static void Entity(void* userData, XML_Char const*, int isParameterEntity, XML_Char const* value,
+                       int length, XML_Char const*, XML_Char const*, XML_Char const*, XML_Char const*) {
         if (isParameterEntity != 0 || value == nullptr) return;
-        Run(userData,
-            [=](CExpatReader& reader) { reader.DeclareEntity({Units(value), static_cast<std::size_t>(length)}); });
+        Run(userData, [=](CExpatReader& reader) {
+            reader.DeclareEntity({Units(value), static_cast<std::size_t>(length)});
+        });
     }
 };
 
-CExpatReader::CExpatReader(CXmlDocument* document) : CInstanceMonitor(u"CExpatReader"), m_document(document) {}
+CExpatReader::CExpatReader(CXmlDocument* document)
+    : CInstanceMonitor(u"CExpatReader"), m_document(document) {}
 CExpatReader::~CExpatReader() = default;
 
 void CExpatReader::Parse(std::span<unsigned char const> input) {

@@ -16,8 +16,8 @@ namespace BxXmlLib5 {
 
 class CXmlDocument;
 
-/// Parses one text into a document. The callbacks run inside Expat, whose frames no exception may cross: a failure in
-/// one stops the parser, further callbacks do nothing, and Parse() throws it on.
+/// Parses one text into a document. The callbacks run inside Expat, whose frames no exception may cross: a
+/// failure in one stops the parser, further callbacks do nothing, and Parse() throws it on.
 class CExpatReader : public CInstanceMonitor {
 public:
     explicit CExpatReader(CXmlDocument* document);

@@ -10,8 +10,8 @@
 
 namespace BxXmlLib5 {
 
-/// Objects of one class that die together. Their addresses stay. A tree of them is destroyed by a loop, however deep
-/// it is, and costs an allocation for many nodes.
+/// Objects of one class that die together. Their addresses stay. A tree of them is destroyed by a loop,
+/// however deep it is, and costs an allocation for many nodes.
 template <class T>
 class CNodePool {
 public:

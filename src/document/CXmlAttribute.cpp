@@ -18,7 +18,8 @@ CXmlAttribute::~CXmlAttribute() = default;
 
 bool CXmlAttribute::IsNamespaceAttribute() const {
     if (*m_namespaceUri != kXsiNamespace && *m_namespaceUri != kXmlnsNamespace) return false;
-    constexpr std::u16string_view kNames[] = {u"xmlns", u"type", u"schemaLocation", u"noNamespaceSchemaLocation"};
+    constexpr std::u16string_view kNames[] = {u"xmlns", u"type", u"schemaLocation",
+                                              u"noNamespaceSchemaLocation"};
     return std::find(std::begin(kNames), std::end(kNames), *m_localName) != std::end(kNames);
 }
 

@@ -18,7 +18,8 @@ namespace {
 /// Octets that are about to be overwritten, so they are not cleared first.
 class Buffer {
 public:
-    explicit Buffer(std::size_t size) : m_octets(std::make_unique_for_overwrite<unsigned char[]>(size)), m_size(size) {}
+    explicit Buffer(std::size_t size)
+        : m_octets(std::make_unique_for_overwrite<unsigned char[]>(size)), m_size(size) {}
     unsigned char* data() const { return m_octets.get(); }
     std::span<unsigned char> Octets() const { return {m_octets.get(), m_size}; }
 
@@ -44,7 +45,9 @@ Buffer ReadFile(std::u16string_view path) {
 }  // namespace
 
 CXmlDocument::CXmlDocument(SchemaType schemaType)
-    : CInstanceMonitor(u"CXmlDocument"), m_schemaType(schemaType), m_nodes(std::make_unique<CDocumentNodes>()) {}
+    : CInstanceMonitor(u"CXmlDocument"),
+      m_schemaType(schemaType),
+      m_nodes(std::make_unique<CDocumentNodes>()) {}
 
 CXmlDocument::~CXmlDocument() = default;
 

@@ -23,7 +23,8 @@ CXmlElement::~CXmlElement() = default;
 
 wstring const& CXmlElement::GetAttribute(wstring const& localName, wstring const& namespaceUri) const {
     for (CXmlAttribute const* attribute : m_attributes) {
-        if (Equal(attribute->GetLocalName(), localName) && Equal(attribute->GetNamespaceURI(), namespaceUri)) {
+        if (Equal(attribute->GetLocalName(), localName) &&
+            Equal(attribute->GetNamespaceURI(), namespaceUri)) {
             return attribute->GetValue();
         }
     }

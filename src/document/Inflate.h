@@ -7,8 +7,8 @@
 
 namespace BxXmlLib5 {
 
-/// The content of a complete zlib (RFC 1950) or gzip (RFC 1952) stream; nothing if the octets are no such stream, or
-/// a damaged one, or one that is cut off.
+/// The content of a complete zlib (RFC 1950) or gzip (RFC 1952) stream; nothing if the octets are no such
+/// stream, or a damaged one, or one that is cut off.
 /// @throws CBxException if the content exceeds kMaxInputSize
 std::optional<std::vector<unsigned char>> Inflate(std::span<unsigned char const> octets);
 

@@ -8,8 +8,8 @@
 
 namespace BxXmlLib5 {
 
-/// A regular file opened for reading, closed by the destructor. Where a step fails, Error() has the error number of
-/// the system.
+/// A regular file opened for reading, closed by the destructor. Where a step fails, Error() has the error
+/// number of the system.
 class CInputFile {
 public:
     /// @param path in UTF-8 at the system. Anything but a regular file does not open.

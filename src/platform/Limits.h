@@ -6,15 +6,15 @@
 
 namespace BxXmlLib5 {
 
-/// Levels of elements in a document. Recursion takes a few hundred octets of stack for a level, some thousand under a
-/// sanitizer, so this is safe on a stack of 8 MiB with a wide margin.
+/// Levels of elements in a document. Recursion takes a few hundred octets of stack for a level, some thousand
+/// under a sanitizer, so this is safe on a stack of 8 MiB with a wide margin.
 inline constexpr int kMaxElementDepth = 1024;
 
 /// Octets of a document, before and after decompression: what one call of Expat takes.
 inline constexpr std::size_t kMaxInputSize = INT_MAX;
 
-/// General entities of a document type that refer to other entities. Expat recurses once for each level of reference,
-/// so their number bounds its stack.
+/// General entities of a document type that refer to other entities. Expat recurses once for each level of
+/// reference, so their number bounds its stack.
 inline constexpr int kMaxNestingEntities = 1024;
 
 }  // namespace BxXmlLib5

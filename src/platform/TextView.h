@@ -13,10 +13,12 @@ inline std::u16string_view TextOf(char16_t const* text) {
 
 /// Compares by memcmp, which the comparison of std::u16string does not.
 inline bool Equal(std::u16string_view a, std::u16string_view b) {
-    return a.size() == b.size() && (a.empty() || std::memcmp(a.data(), b.data(), a.size() * sizeof(char16_t)) == 0);
+    return a.size() == b.size() &&
+           (a.empty() || std::memcmp(a.data(), b.data(), a.size() * sizeof(char16_t)) == 0);
 }
 
-/// An order for tables of names: by size, then by memory. No choice of names makes it slow, as it could a hash.
+/// An order for tables of names: by size, then by memory. No choice of names makes it slow, as it could a
+/// hash.
 struct LessBySize {
     using is_transparent = void;
 

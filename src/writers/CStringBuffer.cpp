@@ -21,16 +21,24 @@ constexpr auto kIsSpecial = [] {
     return table;
 }();
 
-bool IsSpecial(char16_t c) { return c < kIsSpecial.size() && kIsSpecial[c]; }
+bool IsSpecial(char16_t c) {
+    return c < kIsSpecial.size() && kIsSpecial[c];
+}
 
 std::u16string_view Replacement(char16_t special, EOLType eolType) {
     switch (special) {
-        case u'&': return u"&amp;";
-        case u'<': return u"&lt;";
-        case u'>': return u"&gt;";
-        case u'"': return u"&quot;";
-        case u'\n': return LineEnd(eolType);
-        default: return {};  // CR
+        case u'&':
+            return u"&amp;";
+        case u'<':
+            return u"&lt;";
+        case u'>':
+            return u"&gt;";
+        case u'"':
+            return u"&quot;";
+        case u'\n':
+            return LineEnd(eolType);
+        default:
+            return {};  // CR
     }
 }
 
@@ -38,8 +46,10 @@ std::u16string_view Replacement(char16_t special, EOLType eolType) {
 
 std::u16string_view LineEnd(EOLType eolType) {
     switch (eolType) {
-        case eol_CRLF: return u"\r\n";
-        case eol_LF: return u"\n";
+        case eol_CRLF:
+            return u"\r\n";
+        case eol_LF:
+            return u"\n";
     }
     throw CBxException(u"Invalid EOL type.");
 }
@@ -71,7 +81,9 @@ void CStringBuffer::AppendAcrossChunks(std::u16string_view text) {
     }
 }
 
-void CStringBuffer::StartChunk() { Adopt(std::make_unique_for_overwrite<char16_t[]>(kChunkSize), kChunkSize, 0); }
+void CStringBuffer::StartChunk() {
+    Adopt(std::make_unique_for_overwrite<char16_t[]>(kChunkSize), kChunkSize, 0);
+}
 
 void CStringBuffer::Adopt(std::unique_ptr<char16_t[]> chunk, std::size_t capacity, std::size_t used) {
     m_chunkLengths.push_back(capacity);
@@ -106,7 +118,9 @@ wstring CStringBuffer::ToString() {
     if (m_chunks.size() > 1) {
         std::size_t const size = Size();
         auto joined = std::make_unique_for_overwrite<char16_t[]>(size);
-        CopyChunks([at = joined.get()](std::u16string_view chunk) mutable { at = std::copy(chunk.begin(), chunk.end(), at); });
+        CopyChunks([at = joined.get()](std::u16string_view chunk) mutable {
+            at = std::copy(chunk.begin(), chunk.end(), at);
+        });
         Clear();
         Adopt(std::move(joined), size, size);
     }

@@ -16,7 +16,8 @@ namespace BxXmlLib5 {
 /// @throws CBxException if the type is not one of the two
 std::u16string_view LineEnd(EOLType eolType);
 
-/// Text in chunks that are never moved, so that appending copies each unit once however long the document gets.
+/// Text in chunks that are never moved, so that appending copies each unit once however long the document
+/// gets.
 class CStringBuffer : public CInstanceMonitor {
 public:
     CStringBuffer();

@@ -116,7 +116,8 @@ void CXmlTextWriter::WriteEndElement() {
     Pop();
 }
 
-/// Closes the start tag of the innermost open element, if there is one, for what is to stand on lines of its own.
+/// Closes the start tag of the innermost open element, if there is one, for what is to stand on lines of its
+/// own.
 void CXmlTextWriter::CloseStartTag() {
     CXmlWriterContext* const element = Current();
     if (element == nullptr || !element->m_startTagOpen) return;

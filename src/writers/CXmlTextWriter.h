@@ -9,9 +9,9 @@
 
 namespace BxXmlLib5 {
 
-/// Writes XML 1.0 text. Formatting breaks lines and indents by one tab for each level; it adds nothing after text.
-/// Names, namespaces and aliases are written as they are; text, attribute values and comments are escaped alike. A
-/// comment or an instruction closes a start tag that is open.
+/// Writes XML 1.0 text. Formatting breaks lines and indents by one tab for each level; it adds nothing after
+/// text. Names, namespaces and aliases are written as they are; text, attribute values and comments are
+/// escaped alike. A comment or an instruction closes a start tag that is open.
 class CXmlTextWriter : public CXmlWriter {
 public:
     CXmlTextWriter();

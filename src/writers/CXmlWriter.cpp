@@ -13,7 +13,9 @@ namespace BxXmlLib5 {
 CXmlWriter::CXmlWriter(char16_t const* className) : CInstanceMonitor(className) {}
 
 CXmlWriter::CXmlWriter(CXmlWriter const& other)
-    : CInstanceMonitor(other), m_defaultNamespace(other.m_defaultNamespace), m_namespaces(other.m_namespaces) {}
+    : CInstanceMonitor(other),
+      m_defaultNamespace(other.m_defaultNamespace),
+      m_namespaces(other.m_namespaces) {}
 
 CXmlWriter& CXmlWriter::operator=(CXmlWriter const& other) {
     m_defaultNamespace = other.m_defaultNamespace;
@@ -44,9 +46,13 @@ void CXmlWriter::WriteEndDocument() {
     if (m_context) throw CBxException(u"An Element has not been closed.");
 }
 
-wstring CXmlWriter::GetUniquePrefix(std::map<wstring, wstring> const& aliases) { return CPrefixSource(aliases).Next(); }
+wstring CXmlWriter::GetUniquePrefix(std::map<wstring, wstring> const& aliases) {
+    return CPrefixSource(aliases).Next();
+}
 
-wstring CXmlWriter::NsIntToString(int index) { return GeneratedPrefix(index); }
+wstring CXmlWriter::NsIntToString(int index) {
+    return GeneratedPrefix(index);
+}
 
 CXmlWriter::CXmlWriterContext& CXmlWriter::OpenElement() const {
     if (!m_context) throw CBxInvalidStateException(u"No element is open");

@@ -10,8 +10,8 @@
 
 namespace BxXmlLib5 {
 
-/// Most elements have no scope of their own and see that of an ancestor; one that declares something takes a copy of
-/// the scope first.
+/// Most elements have no scope of their own and see that of an ancestor; one that declares something takes a
+/// copy of the scope first.
 class CXmlWriter::CXmlWriterContext : public CInstanceMonitor {
 public:
     /// What stands for a namespace in names.
@@ -65,11 +65,11 @@ private:
     void SettleElementPrefix();
 
     CXmlWriterContext const* m_enclosing = nullptr;  // the parent, before it is this record's too
-    CXmlWriterContext const* m_scope = nullptr;      // this record, or the nearest one outside with its own scope
+    CXmlWriterContext const* m_scope = nullptr;  // this record, or the nearest one outside with its own scope
     wstring m_defaultNamespace;
-    std::map<wstring, wstring> m_namespaces;        // URI to alias
-    std::optional<CPrefixSource> m_prefixSource;    // for this record's scope, once a prefix was made
-    wstring const* m_elementPrefix = nullptr;       // null if the scope has none any more
+    std::map<wstring, wstring> m_namespaces;      // URI to alias
+    std::optional<CPrefixSource> m_prefixSource;  // for this record's scope, once a prefix was made
+    wstring const* m_elementPrefix = nullptr;     // null if the scope has none any more
 };
 
 }  // namespace BxXmlLib5

@@ -8,12 +8,13 @@
 
 namespace BxXmlLib5 {
 
-/// The generated prefix of an index: two letters, "AA" to "ZZ", for 0 to 675, then three, "AAA" on, and so forth.
+/// The generated prefix of an index: two letters, "AA" to "ZZ", for 0 to 675, then three, "AAA" on, and so
+/// forth.
 /// @param index 0 or more
 wstring GeneratedPrefix(int index);
 
-/// Gives the generated prefixes that are no aliases of one scope, lowest first, each once. Making one costs no walk
-/// over the scope.
+/// Gives the generated prefixes that are no aliases of one scope, lowest first, each once. Making one costs
+/// no walk over the scope.
 class CPrefixSource {
 public:
     explicit CPrefixSource(std::map<wstring, wstring> const& aliases);

@@ -17,7 +17,8 @@
 namespace BxXmlLib5 {
 
 /// A failure with its message and, if another failure led to it, a private copy of that one. Thrown as is for
-/// failures without a kind of their own: malformed documents, failed facets, the environment, misuse of metadata.
+/// failures without a kind of their own: malformed documents, failed facets, the environment, misuse of
+/// metadata.
 class BXXMLLIB5_API CBxException {
 public:
     CBxException();

@@ -21,8 +21,8 @@ public:
     /// @throws CBxException if there is none
     wstring GetNamespaceFromAlias(char16_t const* alias) const;
 
-    /// The alias of the namespace. A namespace that is not there is added with the empty alias, so the call is a
-    /// write as far as threads go.
+    /// The alias of the namespace. A namespace that is not there is added with the empty alias, so the call
+    /// is a write as far as threads go.
     wstring GetAliasFromNamespace(char16_t const* namespaceUri) const;
 
     bool DoesNamespaceExist(char16_t const* namespaceUri) const;

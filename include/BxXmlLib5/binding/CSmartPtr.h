@@ -7,8 +7,8 @@
 /// Holds one reference on an object that counts its own: T has AddRef() and Release(), as every descendant of
 /// CXmlObjectBase does. The object is deleted when its last reference goes.
 ///
-/// It converts from and to a plain pointer, so it compares and tests like one. Null by default. An object on the
-/// stack, or inside another object, must never be put into one: it would be deleted.
+/// It converts from and to a plain pointer, so it compares and tests like one. Null by default. An object on
+/// the stack, or inside another object, must never be put into one: it would be deleted.
 ///
 /// Copies of one pointer may be used by different threads, since the count is atomic; one pointer may not.
 template <class T>

@@ -18,9 +18,9 @@ class CXmlWriter;
 
 /// An object that writes itself through a CXmlWriter and reads itself from a tree of CXmlElement.
 ///
-/// It is counted: CSmartPtr takes and drops references, and the object deletes itself when the last one goes. An
-/// object on the stack is simply never put into a CSmartPtr. The count is atomic; everything else belongs to one
-/// thread at a time. The object holds the name of its element, not its namespace.
+/// It is counted: CSmartPtr takes and drops references, and the object deletes itself when the last one goes.
+/// An object on the stack is simply never put into a CSmartPtr. The count is atomic; everything else belongs
+/// to one thread at a time. The object holds the name of its element, not its namespace.
 ///
 /// A null text argument means the empty text unless said otherwise.
 class BXXMLLIB5_API CXmlObjectBase {
@@ -82,16 +82,20 @@ public:
     /// The object as an XML document in text form.
     /// @param includeDeclaration begin with an XML declaration, which names no encoding
     /// @param formatted break lines and indent by tabs
-    /// @throws CBxException for an eol that is not one of the two, and whatever the object's data gives cause for
-    wstring ToXml(bool includeDeclaration, bool formatted, EOLType eol, CXmlSerializationContext const& context) const;
+    /// @throws CBxException for an eol that is not one of the two, and whatever the object's data gives cause
+    /// for
+    wstring ToXml(bool includeDeclaration, bool formatted, EOLType eol,
+                  CXmlSerializationContext const& context) const;
 
-    /// Reads the object from an XML document. The name of the root is not compared with anything. A failed read leaves
-    /// what was stored so far.
+    /// Reads the object from an XML document. The name of the root is not compared with anything. A failed
+    /// read leaves what was stored so far.
     /// @param text zero-terminated octets in the encoding that the document declares, UTF-8 by default
-    /// @throws CBxException if the text is empty or no well-formed document, and whatever the data gives cause for
+    /// @throws CBxException if the text is empty or no well-formed document, and whatever the data gives
+    /// cause for
     void FromXml(char const* text, CXmlSerializationContext const& context);
 
-    /// As above, from UTF-16. A declaration in the text must not name an encoding of one octet for a character.
+    /// As above, from UTF-16. A declaration in the text must not name an encoding of one octet for a
+    /// character.
     void FromXml(char16_t const* text, CXmlSerializationContext const& context);
 
     /// Reads the object from an element, which stays the caller's.
@@ -111,8 +115,9 @@ protected:
     /// The operations of another object, for classes that hold it.
     static void AttributesToXml_Int(CXmlObjectBase const* object, CXmlWriter* writer,
                                     CXmlSerializationContext const& context);
-    static void ToXml_Int(CXmlObjectBase const* object, CXmlWriter* writer, bool isRoot, char16_t const* namespaceUri,
-                          CXmlSerializationContext const& context, bool allowEmptyChoice);
+    static void ToXml_Int(CXmlObjectBase const* object, CXmlWriter* writer, bool isRoot,
+                          char16_t const* namespaceUri, CXmlSerializationContext const& context,
+                          bool allowEmptyChoice);
     static CXmlElement* FromXml_Int(CXmlObjectBase* object, CXmlElement* element, CXmlElement* firstChild,
                                     CXmlSerializationContext const& context);
 
@@ -123,15 +128,17 @@ protected:
     void Throw_IfElementNameDiffers(CXmlObjectBase* value, char16_t const* name);
 
     /// @name The state of a choice
-    /// For the setters of a class that is a schema choice: selected names the one member that is set, empty for none.
-    /// Setting one member while another is set throws CBxInvalidStateException and leaves selected as it was.
+    /// For the setters of a class that is a schema choice: selected names the one member that is set, empty
+    /// for none. Setting one member while another is set throws CBxInvalidStateException and leaves selected
+    /// as it was.
     /// @{
 
-    /// A member of simple type was set, or unset: valid false clears the selection, whichever member it names.
+    /// A member of simple type was set, or unset: valid false clears the selection, whichever member it
+    /// names.
     void Choice_SetElementValid(bool valid, char16_t const* name, wstring& selected);
 
-    /// A member that holds an object was set: a null deselects the member if it is the selected one, but selects it
-    /// if none is.
+    /// A member that holds an object was set: a null deselects the member if it is the selected one, but
+    /// selects it if none is.
     void Choice_SelectElement(char16_t const* name, CXmlObjectBase* value, wstring& selected);
 
     /// A member that is a collection has a new count.
@@ -146,18 +153,20 @@ protected:
     /// @}
 
     /// @throws CBxInvalidNamespaceException if IsNamespaceValid() is false
-    void TestNamespace(char16_t const* namespaceUri, char16_t const* allowed, char16_t const* targetNamespace) const;
+    void TestNamespace(char16_t const* namespaceUri, char16_t const* allowed,
+                       char16_t const* targetNamespace) const;
 
     /// Tests a namespace against the namespace attribute of a schema wildcard.
-    /// @param allowed tokens separated by single blanks: ##any, ##other, ##local, ##targetNamespace or a URI; a URI,
+    /// @param allowed tokens separated by single blanks: ##any, ##other, ##local, ##targetNamespace or a URI;
+    /// a URI,
     ///        and an empty token, admits no namespace as well
     bool IsNamespaceValid(char16_t const* namespaceUri, char16_t const* allowed,
                           char16_t const* targetNamespace) const;
 
     /// Whether an element has this local name and, unless the context ignores namespaces, this namespace.
     /// @param element not null
-    bool DoesElementNameMatch(CXmlSerializationContext const& context, CXmlElement const* element, char16_t const* name,
-                              char16_t const* namespaceUri) const;
+    bool DoesElementNameMatch(CXmlSerializationContext const& context, CXmlElement const* element,
+                              char16_t const* name, char16_t const* namespaceUri) const;
 
     /// Tells a listener that a collection changed.
     static void FireOnCollectionChangeEvent(CXmlObjectBase* listener, CXmlCollectionBase* collection);

@@ -13,10 +13,12 @@ namespace BxXmlLib5 {
 
 class CAttributeCol;
 
-/// What a read tolerates and what the root carries on writing. A new context tolerates nothing and adds nothing.
+/// What a read tolerates and what the root carries on writing. A new context tolerates nothing and adds
+/// nothing.
 ///
-/// A copy has values of its own, but shares the additional root attributes with its source once those were asked
-/// for. A context must not be changed while an entry point on another thread uses it. A null text is the empty text.
+/// A copy has values of its own, but shares the additional root attributes with its source once those were
+/// asked for. A context must not be changed while an entry point on another thread uses it. A null text is
+/// the empty text.
 class BXXMLLIB5_API CXmlSerializationContext {
 public:
     CXmlSerializationContext();
@@ -24,8 +26,9 @@ public:
     CXmlSerializationContext& operator=(CXmlSerializationContext const& other);
     ~CXmlSerializationContext();
 
-    /// The one instance that callers without settings of their own pass. It can be changed, for all of them. A
-    /// program that writes from several threads with it calls GetAdditionalRootAttributes() on it once beforehand.
+    /// The one instance that callers without settings of their own pass. It can be changed, for all of them.
+    /// A program that writes from several threads with it calls GetAdditionalRootAttributes() on it once
+    /// beforehand.
     static CXmlSerializationContext& GetDefaultContext();
 
     /// Reading skips attributes that fit nowhere.
@@ -34,7 +37,8 @@ public:
 
     /// Reading skips elements that fit nowhere.
     bool GetIgnoreUnknownElements() const { return m_ignoreUnknownElements; }
-    /// @throws CBxInvalidStateException if missing mandatory elements are ignored and value is true; nothing changes
+    /// @throws CBxInvalidStateException if missing mandatory elements are ignored and value is true; nothing
+    /// changes
     void SetIgnoreUnknownElements(bool value);
 
     /// Reading of a sequence passes over mandatory elements that are not there.
@@ -77,8 +81,8 @@ public:
     std::vector<wstring>& GetProcessingInstructions() { return m_processingInstructions; }
     std::vector<wstring> const& GetProcessingInstructions() const { return m_processingInstructions; }
 
-    /// Attributes that the root carries beside its own. The first call makes the collection, so it is a write as far
-    /// as threads go; every call gives the same one, and what is added to it stays in the context.
+    /// Attributes that the root carries beside its own. The first call makes the collection, so it is a write
+    /// as far as threads go; every call gives the same one, and what is added to it stays in the context.
     CSmartPtr<CAttributeCol> GetAdditionalRootAttributes() const;
 
 private:

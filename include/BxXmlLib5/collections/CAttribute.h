@@ -8,8 +8,8 @@
 
 namespace BxXmlLib5 {
 
-/// One attribute: name, value, namespace. Made by CAttributeCol::Add. The setters test nothing; a null text is the
-/// empty text.
+/// One attribute: name, value, namespace. Made by CAttributeCol::Add. The setters test nothing; a null text
+/// is the empty text.
 class BXXMLLIB5_API CAttribute : public CXmlObjectBase, public CInstanceMonitor {
 public:
     CAttribute(CAttribute const&) = default;
@@ -33,8 +33,8 @@ protected:
     void ToXml_Int(CXmlWriter* writer, bool isRoot, char16_t const* namespaceUri,
                    CXmlSerializationContext const& context, bool allowEmptyChoice) const override;
     /// @throws CBxException always: the collection reads its attributes
-    CXmlElement* FromXml_Int(CXmlElement* element, CXmlElement* firstChild, CXmlSerializationContext const& context,
-                             bool allowEmptyChoice) override;
+    CXmlElement* FromXml_Int(CXmlElement* element, CXmlElement* firstChild,
+                             CXmlSerializationContext const& context, bool allowEmptyChoice) override;
 
     void FireOnChangeName(char16_t const* name);
     void FireOnChangeNamespace(char16_t const* ns);

@@ -13,7 +13,8 @@ namespace BxXmlLib5 {
 /// Attributes under the namespace restriction of a schema wildcard. A null text is the empty text.
 class BXXMLLIB5_API CAttributeCol : public CXmlCollection, public CInstanceMonitor {
 public:
-    /// @param ns the namespace of attributes that are added without one. If it is empty, and the first token of the
+    /// @param ns the namespace of attributes that are added without one. If it is empty, and the first token
+    /// of the
     ///        restriction is a concrete namespace, that is taken.
     /// @param namespaceRestriction as for CXmlObjectBase::IsNamespaceValid
     CAttributeCol(char16_t const* ns, char16_t const* namespaceRestriction, char16_t const* targetNamespace);
@@ -30,7 +31,8 @@ public:
     /// Appends an attribute; its namespace is not tested.
     CSmartPtr<CAttribute> Add(CAttribute* attribute);
 
-    /// Insert an attribute beside another, at the front and at the end if that is null; its namespace is not tested.
+    /// Insert an attribute beside another, at the front and at the end if that is null; its namespace is not
+    /// tested.
     /// @throws CBxInvalidParamException if the other one is not in the collection
     void AddAfter(CAttribute const* after, CAttribute* attribute);
     void AddBefore(CAttribute const* before, CAttribute* attribute);
@@ -46,8 +48,8 @@ protected:
     wstring GetTargetNamespace() const override;
     void ToXml_Int(CXmlWriter* writer, bool isRoot, char16_t const* namespaceUri,
                    CXmlSerializationContext const& context, bool allowEmptyChoice) const override;
-    CXmlElement* FromXml_Int(CXmlElement* element, CXmlElement* firstChild, CXmlSerializationContext const& context,
-                             bool allowEmptyChoice) override;
+    CXmlElement* FromXml_Int(CXmlElement* element, CXmlElement* firstChild,
+                             CXmlSerializationContext const& context, bool allowEmptyChoice) override;
 
 private:
     friend class CElement;

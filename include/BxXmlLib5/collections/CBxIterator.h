@@ -13,8 +13,8 @@ public:
 
     /// Whether the positions differ. Two nodes that hold the same object count as one position.
     bool operator!=(CBxIterator const& other) const {
-        return m_node != other.m_node && (m_node == nullptr || other.m_node == nullptr ||
-                                          m_node->m_item != other.m_node->m_item);
+        return m_node != other.m_node &&
+               (m_node == nullptr || other.m_node == nullptr || m_node->m_item != other.m_node->m_item);
     }
     bool operator==(CBxIterator const& other) const { return !(*this != other); }
 

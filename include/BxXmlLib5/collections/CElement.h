@@ -12,12 +12,12 @@ namespace BxXmlLib5 {
 class CAttributeCol;
 class CElementCol;
 
-/// One element that no generated class describes: name, namespace, text, attributes, children. It reads and writes any
-/// document; its text stands behind its children.
+/// One element that no generated class describes: name, namespace, text, attributes, children. It reads and
+/// writes any document; its text stands behind its children.
 ///
-/// The namespace restriction of a schema wildcard applies to the element alone: its attributes and children may be in
-/// any namespace. A copy shares the attributes and the children with its source. A null text is the empty text, except
-/// where a constructor refuses it.
+/// The namespace restriction of a schema wildcard applies to the element alone: its attributes and children
+/// may be in any namespace. A copy shares the attributes and the children with its source. A null text is the
+/// empty text, except where a constructor refuses it.
 class BXXMLLIB5_API CElement : public CXmlObjectBase, public CInstanceMonitor {
 public:
     /// An element in no namespace.
@@ -25,11 +25,13 @@ public:
     explicit CElement(char16_t const* name);
 
     /// @param ns a concrete namespace, which is also the restriction
-    /// @throws CBxInvalidNamespaceException if name is null or ns is one of ##any, ##other, ##local, ##targetNamespace
+    /// @throws CBxInvalidNamespaceException if name is null or ns is one of ##any, ##other, ##local,
+    /// ##targetNamespace
     CElement(char16_t const* name, char16_t const* ns);
 
     /// @param namespaceRestriction as for CXmlObjectBase::IsNamespaceValid
-    /// @throws CBxInvalidNamespaceException if the name, the restriction or the target namespace is null, or the
+    /// @throws CBxInvalidNamespaceException if the name, the restriction or the target namespace is null, or
+    /// the
     ///         restriction does not allow the namespace
     CElement(char16_t const* name, char16_t const* ns, char16_t const* namespaceRestriction,
              char16_t const* targetNamespace);
@@ -57,8 +59,8 @@ public:
     /// @throws CBxInvalidNamespaceException at the first offence
     void SetNamespaceRestrictions(char16_t const* namespaceRestriction, char16_t const* targetNamespace);
 
-    /// Reads the root of a document into this element, beside the attributes and children that it has. A root that the
-    /// restriction does not allow leaves the element as it is.
+    /// Reads the root of a document into this element, beside the attributes and children that it has. A root
+    /// that the restriction does not allow leaves the element as it is.
     /// @throws CBxException if the text is empty or no well-formed document
     void FromXml(char16_t const* text);
 
@@ -77,8 +79,8 @@ protected:
                    CXmlSerializationContext const& context, bool allowEmptyChoice) const override;
 
     /// Reads firstChild, not element.
-    CXmlElement* FromXml_Int(CXmlElement* element, CXmlElement* firstChild, CXmlSerializationContext const& context,
-                             bool allowEmptyChoice) override;
+    CXmlElement* FromXml_Int(CXmlElement* element, CXmlElement* firstChild,
+                             CXmlSerializationContext const& context, bool allowEmptyChoice) override;
     using CXmlObjectBase::FromXml_Int;
     using CXmlObjectBase::ToXml_Int;
 
@@ -92,14 +94,15 @@ private:
     CAttributeCol& Attributes() const;
     CElementCol& ChildElements() const;
     void ChangeNamespace(std::u16string_view ns);
-    void TestRestrictions(char16_t const* namespaceRestriction, char16_t const* targetNamespace, int depth) const;
+    void TestRestrictions(char16_t const* namespaceRestriction, char16_t const* targetNamespace,
+                          int depth) const;
 
     wstring m_name;
     wstring m_text;
     wstring m_namespace;
     wstring m_namespaceRestriction;
     wstring m_targetNamespace;
-    mutable CSmartPtr<CAttributeCol> m_attributes;    // made when first asked for
+    mutable CSmartPtr<CAttributeCol> m_attributes;   // made when first asked for
     mutable CSmartPtr<CElementCol> m_childElements;  // made when first asked for
 };
 

@@ -8,11 +8,12 @@
 
 namespace BxXmlLib5 {
 
-/// Untyped elements of any namespace: the restriction given to the constructor only decides on the default namespace.
-/// Each Add tells the listeners twice. A null text is the empty text.
+/// Untyped elements of any namespace: the restriction given to the constructor only decides on the default
+/// namespace. Each Add tells the listeners twice. A null text is the empty text.
 class BXXMLLIB5_API CElementCol : public CXmlCollection, public CInstanceMonitor {
 public:
-    /// @param ns the namespace of elements that are added without one. If it is empty, and the first token of the
+    /// @param ns the namespace of elements that are added without one. If it is empty, and the first token of
+    /// the
     ///        restriction is a concrete namespace, that is taken.
     /// @param minOccurs,maxOccurs the bounds of the count
     /// @throws CBxInvalidNamespaceException if the restriction does not allow ns
@@ -48,14 +49,16 @@ protected:
     wstring GetTargetNamespace() const override;
     void ToXml_Int(CXmlWriter* writer, bool isRoot, char16_t const* namespaceUri,
                    CXmlSerializationContext const& context, bool allowEmptyChoice) const override;
-    CXmlElement* FromXml_Int(CXmlElement* element, CXmlElement* firstChild, CXmlSerializationContext const& context,
-                             bool allowEmptyChoice) override;
+    CXmlElement* FromXml_Int(CXmlElement* element, CXmlElement* firstChild,
+                             CXmlSerializationContext const& context, bool allowEmptyChoice) override;
     using CXmlObjectBase::FromXml_Int;
     using CXmlObjectBase::ToXml_Int;
 
-    /// Reads the run of siblings with this name and namespace, for an element that a schema names without typing it.
+    /// Reads the run of siblings with this name and namespace, for an element that a schema names without
+    /// typing it.
     virtual CXmlElement* FromXmlLockElementName_Int(wstring name, wstring ns, CXmlElement* element,
-                                                    CXmlElement* firstChild, CXmlSerializationContext const& context);
+                                                    CXmlElement* firstChild,
+                                                    CXmlSerializationContext const& context);
 
 private:
     friend class CElement;

@@ -6,13 +6,13 @@
 
 namespace BxXmlLib5 {
 
-/// A doubly linked list that holds one reference on each item. Derived classes offer a typed Add, AddAt and Item and
-/// hand the objects on to the protected operations. An object may stand in the list more than once, and an item may be
-/// null: walks skip it.
+/// A doubly linked list that holds one reference on each item. Derived classes offer a typed Add, AddAt and
+/// Item and hand the objects on to the protected operations. An object may stand in the list more than once,
+/// and an item may be null: walks skip it.
 ///
-/// Insertions and removals tell the listeners once for each item, after the list has its new state; so does the
-/// destructor. At the ends they take constant time; positions are found by walking. Items die without recursion
-/// on the stack, however deep the tree below them is.
+/// Insertions and removals tell the listeners once for each item, after the list has its new state; so does
+/// the destructor. At the ends they take constant time; positions are found by walking. Items die without
+/// recursion on the stack, however deep the tree below them is.
 ///
 /// A copy has a list of its own that shares the items; copying tells nobody.
 class BXXMLLIB5_API CXmlCollection : public CXmlCollectionBase {

@@ -9,8 +9,8 @@ namespace BxXmlLib5 {
 
 /// A repeated element: its name and namespace, how many there may be, and who is told of changes.
 ///
-/// The bounds are not enforced while items come and go, only by ValidateCount(), on writing and after reading. A copy
-/// takes the listeners along.
+/// The bounds are not enforced while items come and go, only by ValidateCount(), on writing and after
+/// reading. A copy takes the listeners along.
 class BXXMLLIB5_API CXmlCollectionBase : public CXmlObjectBase {
 public:
     CXmlObjectBase* GetBase() override;
@@ -29,8 +29,8 @@ protected:
     void AttributesToXml_Int(CXmlWriter* writer, CXmlSerializationContext const& context) const override;
     void ToXml_Int(CXmlWriter* writer, bool isRoot, char16_t const* namespaceUri,
                    CXmlSerializationContext const& context, bool allowEmptyChoice) const override = 0;
-    CXmlElement* FromXml_Int(CXmlElement* element, CXmlElement* firstChild, CXmlSerializationContext const& context,
-                             bool allowEmptyChoice) override = 0;
+    CXmlElement* FromXml_Int(CXmlElement* element, CXmlElement* firstChild,
+                             CXmlSerializationContext const& context, bool allowEmptyChoice) override = 0;
 
 public:
     virtual int GetCount() const = 0;
@@ -51,9 +51,9 @@ public:
     /// -1 for no maximum.
     int GetMaxOccurs() const { return m_maxOccurs; }
 
-    /// The listener hears of each change through OnEvent, once for each time it was added. It is not owned and must be
-    /// removed before it dies. Listeners may come and go during OnEvent: one that is removed hears no more, one that
-    /// is added hears the next change.
+    /// The listener hears of each change through OnEvent, once for each time it was added. It is not owned
+    /// and must be removed before it dies. Listeners may come and go during OnEvent: one that is removed
+    /// hears no more, one that is added hears the next change.
     void AddEventListener(CXmlObjectBase* listener);
     /// Removes every entry of the listener.
     void RemoveEventListener(CXmlObjectBase* listener);

@@ -22,8 +22,8 @@ public:
     /// Empty for no namespace.
     wstring const& GetNamespaceURI() const { return *m_namespaceUri; }
 
-    /// Whether the attribute is infrastructure, not content: its namespace is that of XML Schema instance or of
-    /// xmlns, and its local name is xmlns, type, schemaLocation or noNamespaceSchemaLocation.
+    /// Whether the attribute is infrastructure, not content: its namespace is that of XML Schema instance or
+    /// of xmlns, and its local name is xmlns, type, schemaLocation or noNamespaceSchemaLocation.
     bool IsNamespaceAttribute() const;
 
 protected:

@@ -22,18 +22,21 @@ class CDocumentNodes;
 
 /// Loads a document into a tree of elements, which it owns.
 ///
-/// A file or a stream of octets is taken for what it is: zlib or gzip data around a document, or a document as such.
-/// A string is always text. Each load drops the tree of the one before, even if it fails. Encodings of text are those
-/// of Expat: UTF-8, UTF-16, ISO-8859-1 and US-ASCII, told by a byte order mark or the XML declaration.
+/// A file or a stream of octets is taken for what it is: zlib or gzip data around a document, or a document
+/// as such. A string is always text. Each load drops the tree of the one before, even if it fails. Encodings
+/// of text are those of Expat: UTF-8, UTF-16, ISO-8859-1 and US-ASCII, told by a byte order mark or the XML
+/// declaration.
 ///
 /// Limits: 2,147,483,647 octets of input, before or after decompression, and 1,024 levels of elements.
 ///
-/// All loads throw CBxException, with a message that says what is wrong, for input that is empty, too large or no
-/// well-formed document. An input that ends inside an element is not refused: the tree holds what was complete.
+/// All loads throw CBxException, with a message that says what is wrong, for input that is empty, too large
+/// or no well-formed document. An input that ends inside an element is not refused: the tree holds what was
+/// complete.
 class BXXMLLIB5_API CXmlDocument : public CInstanceMonitor {
 public:
     /// Nothing is loaded.
-    /// @param schemaType st_NoNamespaces switches the processing of namespaces off: names keep their prefixes, and
+    /// @param schemaType st_NoNamespaces switches the processing of namespaces off: names keep their
+    /// prefixes, and
     ///        xmlns attributes are attributes like any other
     explicit CXmlDocument(SchemaType schemaType = st_Default);
     CXmlDocument(CXmlDocument const&) = delete;
@@ -50,14 +53,15 @@ public:
     /// Loads a zero-terminated text of octets.
     void LoadXml(char const* text);
 
-    /// Loads a zero-terminated UTF-16 text. Its declaration must not name an encoding of one octet for a character.
+    /// Loads a zero-terminated UTF-16 text. Its declaration must not name an encoding of one octet for a
+    /// character.
     void LoadXml(char16_t const* text);
 
     /// The root, null if nothing is loaded. The tree is the document's, until its next load or its end.
     CXmlElement* GetDocumentElement() const { return m_documentElement; }
 
-    /// The namespace that was last declared under this alias, anywhere in the document, or the empty text. The empty
-    /// alias is the default namespace.
+    /// The namespace that was last declared under this alias, anywhere in the document, or the empty text.
+    /// The empty alias is the default namespace.
     wstring LookupNamespaceFromAlias(char16_t const* alias) const;
 
 protected:

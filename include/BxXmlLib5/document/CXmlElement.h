@@ -13,8 +13,9 @@ namespace BxXmlLib5 {
 
 class CXmlDocument;
 
-/// An element as a document holds it: names, attributes, children, and one text. It lives as long as the tree of its
-/// document. Prefixes, comments, processing instructions and the place of text among children are not kept.
+/// An element as a document holds it: names, attributes, children, and one text. It lives as long as the tree
+/// of its document. Prefixes, comments, processing instructions and the place of text among children are not
+/// kept.
 class BXXMLLIB5_API CXmlElement : public CInstanceMonitor {
 public:
     CXmlElement(CXmlElement const&) = delete;
@@ -25,7 +26,8 @@ public:
     /// Empty for no namespace.
     wstring const& GetNamespaceURI() const { return *m_namespaceUri; }
 
-    /// All character data directly inside the element, joined in document order, whitespace included, CR left out.
+    /// All character data directly inside the element, joined in document order, whitespace included, CR left
+    /// out.
     wstring const& GetText() const { return m_text; }
 
     /// Null if there is none.

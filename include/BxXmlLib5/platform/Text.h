@@ -15,8 +15,8 @@ using wstring = std::u16string;
 /// @throws std::bad_alloc
 BXXMLLIB5_API std::string ToUtf8(std::u16string_view text);
 
-/// The UTF-16 form of a UTF-8 text. Each maximal part of an ill-formed sequence becomes U+FFFD, as The Unicode
-/// Standard recommends (section 3.9).
+/// The UTF-16 form of a UTF-8 text. Each maximal part of an ill-formed sequence becomes U+FFFD, as The
+/// Unicode Standard recommends (section 3.9).
 /// @throws std::bad_alloc
 BXXMLLIB5_API wstring FromUtf8(std::string_view octets);
 

@@ -11,12 +11,12 @@
 
 namespace BxXmlLib5 {
 
-/// Writes one document in some format. A writer belongs to one call of an entry point; an object that writes itself is
-/// handed a pointer to it.
+/// Writes one document in some format. A writer belongs to one call of an entry point; an object that writes
+/// itself is handed a pointer to it.
 ///
 /// Order of calls: instructions, namespaces and default namespace first; then for each element its start, its
-/// attributes, its children or text, its end. The XML namespace is always bound to the prefix xml and never declared.
-/// A call that needs an open element and finds none throws CBxInvalidStateException.
+/// attributes, its children or text, its end. The XML namespace is always bound to the prefix xml and never
+/// declared. A call that needs an open element and finds none throws CBxInvalidStateException.
 class BXXMLLIB5_API CXmlWriter : public CInstanceMonitor {
 public:
     /// @param className ignored
@@ -26,12 +26,12 @@ public:
     CXmlWriter& operator=(CXmlWriter const& other);
     virtual ~CXmlWriter();
 
-    /// Before the root: the default namespace that the root declares. Later: the default of the open element's scope,
-    /// which is not declared.
+    /// Before the root: the default namespace that the root declares. Later: the default of the open
+    /// element's scope, which is not declared.
     virtual void SetDefaultNamespace(wstring const& namespaceUri);
 
-    /// Before the root: an alias that the root declares. Later: an alias of the open element's scope, which is not
-    /// declared. An alias already held for the namespace is replaced.
+    /// Before the root: an alias that the root declares. Later: an alias of the open element's scope, which
+    /// is not declared. An alias already held for the namespace is replaced.
     virtual void AddNamespace(wstring const& alias, wstring const& namespaceUri);
 
     /// @throws CBxException if an element is open
