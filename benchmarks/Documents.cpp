@@ -1,0 +1,111 @@
+// Whole documents: the tree, untyped content, text output.
+
+#include <benchmark/benchmark.h>
+
+#include "BxXmlLib5/BxXmlLib5.h"
+#include "ExpatFloor.h"
+#include "GpxDocument.h"
+#include "PeakMemory.h"
+#include "Report.h"
+
+namespace {
+
+using namespace BxXmlLib5;
+using namespace BxBench;
+
+constexpr std::size_t kMegabyte = 1'000'000;
+
+/// An element that reads the root of a document.
+class Content : public CElement {
+public:
+    Content() : CElement(u"") {}
+    void Read(CXmlDocument& document) {
+        CXmlElement* const root = document.GetDocumentElement();
+        FromXml_Int(root, root, CXmlSerializationContext::GetDefaultContext(), false);
+    }
+};
+
+std::string const& Input(benchmark::State const& state) {
+    return GpxDocument(static_cast<std::size_t>(state.range(0)) * kMegabyte);
+}
+
+void LoadStream(CXmlDocument& document, std::string const& input) {
+    document.LoadXmlStream(reinterpret_cast<unsigned char const*>(input.data()), input.size());
+}
+
+void ReadContent(Content& content, std::string const& input) {
+    CXmlDocument document;
+    LoadStream(document, input);
+    content.Read(document);
+}
+
+wstring Write(CXmlObjectBase const& object) {
+    return object.ToXml(true, false, eol_LF, CXmlSerializationContext::GetDefaultContext());
+}
+
+void Floor(benchmark::State& state) {
+    std::string const& input = Input(state);
+    for (auto _ : state) {
+        if (!ParseWithEmptyHandlers(input)) state.SkipWithError("refused");
+    }
+}
+
+void LoadTree(benchmark::State& state) {
+    std::string const& input = Input(state);
+    for (auto _ : state) {
+        CXmlDocument document;
+        LoadStream(document, input);
+        benchmark::DoNotOptimize(document.GetDocumentElement());
+    }
+}
+
+void ReadElement(benchmark::State& state) {
+    std::string const& input = Input(state);
+    for (auto _ : state) {
+        Content content;
+        ReadContent(content, input);
+        benchmark::DoNotOptimize(&content);
+    }
+}
+
+void WriteElement(benchmark::State& state) {
+    Content content;
+    ReadContent(content, Input(state));
+    for (auto _ : state) {
+        wstring const text = Write(content);
+        benchmark::DoNotOptimize(text.data());
+    }
+}
+
+#define BX_DOCUMENT_BENCHMARK(Function) \
+    BENCHMARK(Function)->Arg(1)->Arg(10)->Arg(50)->Unit(benchmark::kMillisecond)->Repetitions(5)
+
+BX_DOCUMENT_BENCHMARK(Floor);
+BX_DOCUMENT_BENCHMARK(LoadTree);
+BX_DOCUMENT_BENCHMARK(ReadElement);
+BX_DOCUMENT_BENCHMARK(WriteElement);
+
+Aims const s_aims({
+    {"LoadTree/10", "Floor/10", 1.6},
+    {"ReadElement/10", "Floor/10", 4.0},
+    {"WriteElement/10", "Floor/10", 1.0},
+    {"Floor/50", "Floor/1", 0},
+    {"LoadTree/50", "LoadTree/1", 0},
+    {"ReadElement/50", "ReadElement/1", 0},
+    {"WriteElement/50", "WriteElement/1", 0},
+});
+
+PeakAims const s_peaks({
+    {"load into the tree, the input included", 10 * kMegabyte, 6.0,
+     [](std::string const& input) {
+         CXmlDocument document;
+         LoadStream(document, input);
+     }},
+    {"read into CElement, the input included", 10 * kMegabyte, 0,
+     [](std::string const& input) {
+         Content content;
+         ReadContent(content, input);
+     }},
+});
+
+}  // namespace
