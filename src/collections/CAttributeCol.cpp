@@ -70,7 +70,7 @@ CXmlElement* CAttributeCol::FromXml_Int(CXmlElement* element, CXmlElement* first
                 FormatString(u"Invalid Attribute [%s]. The attributes namespace is Inappropriate.",
                              attribute->GetLocalName().c_str()));
         }
-        AddNew(attribute->GetLocalName(), attribute->GetValue(), attribute->GetNamespaceURI());
+        AddNew(attribute->GetLocalName(), attribute->GetValueView(), attribute->GetNamespaceURI());
     }
     return firstChild;
 }

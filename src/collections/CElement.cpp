@@ -158,11 +158,11 @@ void CElement::TestRestrictions(char16_t const* namespaceRestriction, char16_t c
 void CElement::CopyXmlElement(CXmlElement* source) {
     m_name = source->GetLocalName();
     ChangeNamespace(source->GetNamespaceURI());
-    m_text = source->GetText();
+    m_text = source->GetTextView();
     if (m_attributes) m_attributes->Clear();
     if (m_childElements) m_childElements->Clear();
     for (CXmlAttribute const* attribute : source->GetAttributes()) {
-        Attributes().AddNew(attribute->GetLocalName(), attribute->GetValue(), attribute->GetNamespaceURI());
+        Attributes().AddNew(attribute->GetLocalName(), attribute->GetValueView(), attribute->GetNamespaceURI());
     }
     for (CXmlElement* child = source->GetFirstElement(); child != nullptr;
          child = child->GetNextSiblingElement()) {
@@ -196,7 +196,7 @@ CXmlElement* CElement::FromXml_Int(CXmlElement*, CXmlElement* firstChild,
                                                       firstChild->GetLocalName().c_str(), m_name.c_str()));
         }
     }
-    m_text = firstChild->GetText();
+    m_text = firstChild->GetTextView();
     m_name = firstChild->GetLocalName();
     ChangeNamespace(firstChild->GetNamespaceURI());
     return firstChild->GetNextSiblingElement();

@@ -1,21 +1,28 @@
 // What the tree of a document is made of.
 #pragma once
 
-#include <set>
-
 #include "BxXmlLib5/document/CXmlAttribute.h"
 #include "BxXmlLib5/document/CXmlElement.h"
+#include "document/CNameTable.h"
 #include "document/CNodePool.h"
-#include "platform/TextView.h"
+#include "document/CTextStore.h"
 
 namespace BxXmlLib5 {
 
-/// The nodes, and the names that they share.
+/// The nodes, with their names and texts.
 class CDocumentNodes {
 public:
+    void Clear() {
+        m_elements.Clear();
+        m_attributes.Clear();
+        m_names.Clear();
+        m_texts.Clear();
+    }
+
+    CNameTable m_names;
+    CTextStore m_texts;
     CNodePool<CXmlElement> m_elements;
     CNodePool<CXmlAttribute> m_attributes;
-    std::set<wstring, LessBySize> m_names;
 };
 
 }  // namespace BxXmlLib5

@@ -2,6 +2,7 @@
 
 #include <expat.h>
 
+#include <algorithm>
 #include <memory>
 #include <new>
 #include <type_traits>
@@ -11,6 +12,7 @@
 #include "BxXmlLib5/document/CXmlDocument.h"
 #include "binding/NestingDepth.h"
 #include "platform/Limits.h"
+#include "platform/TextView.h"
 
 namespace BxXmlLib5 {
 
@@ -90,45 +92,63 @@ void CExpatReader::Parse(std::span<unsigned char const> input) {
     XML_SetCharacterDataHandler(m_parser, Callbacks::Text);
     XML_SetEntityDeclHandler(m_parser, Callbacks::Entity);
 
-    constexpr int kNotFinal = 0;  // so that an input that ends inside an element is no error
-    XML_Status const status = XML_Parse(m_parser, reinterpret_cast<char const*>(input.data()),
-                                        static_cast<int>(input.size()), kNotFinal);
+    bool const parsed = ParseInSlices(input);
     if (m_failure) std::rethrow_exception(m_failure);
-    if (status == XML_STATUS_ERROR) {
+    if (!parsed) {
         throw CBxException(FormatString(u"%hs at line %d", XML_ErrorString(XML_GetErrorCode(m_parser)),
                                         static_cast<int>(XML_GetCurrentLineNumber(m_parser))));
     }
 }
 
-CExpatReader::Name const& CExpatReader::SplitName(std::u16string_view expanded) {
-    auto const known = m_names.find(expanded);
-    if (known != m_names.end()) return known->second;
-    std::size_t const separator = expanded.find(kSeparator);
-    bool const qualified = separator != expanded.npos;
-    Name const name{
-        &m_document->Intern(qualified ? expanded.substr(0, separator) : std::u16string_view()),
-        &m_document->Intern(qualified ? expanded.substr(separator + 1) : expanded),
-    };
-    return m_names.emplace(expanded, name).first->second;
+/// Expat copies what it is given, so it gets the input in slices. It scans a token that is not complete anew
+/// with the next slice, so slices double while tokens outgrow them.
+bool CExpatReader::ParseInSlices(std::span<unsigned char const> input) {
+    constexpr int kNotFinal = 0;  // so that an input that ends inside an element is no error
+    std::size_t slice = 64 * 1024;
+    for (std::size_t parsed = 0; parsed < input.size();) {
+        auto const octets = input.subspan(parsed, std::min(slice, input.size() - parsed));
+        if (XML_Parse(m_parser, reinterpret_cast<char const*>(octets.data()), static_cast<int>(octets.size()),
+                      kNotFinal) == XML_STATUS_ERROR) {
+            return false;
+        }
+        parsed += octets.size();
+        std::size_t const scanned =
+            static_cast<std::size_t>(std::max<XML_Index>(XML_GetCurrentByteIndex(m_parser), 0));
+        if (parsed - scanned > slice / 2) slice *= 2;
+    }
+    return true;
+}
+
+CXmlName const& CExpatReader::SplitName(std::u16string_view expanded) {
+    // A name is mostly in the namespace of the one before it, which is compared faster than the separator is
+    // found.
+    std::size_t separator = m_lastNamespace.size();
+    bool const sameNamespace = separator < expanded.size() && expanded[separator] == kSeparator &&
+                               Equal(expanded.substr(0, separator), m_lastNamespace);
+    if (!sameNamespace) separator = expanded.find(kSeparator);
+    if (separator == expanded.npos) return m_document->InternName({}, expanded);
+    CXmlName const& name =
+        m_document->InternName(expanded.substr(0, separator), expanded.substr(separator + 1));
+    m_lastNamespace = name.m_namespaceUri;
+    return name;
 }
 
 void CExpatReader::StartElement(char16_t const* name, char16_t const* const* attributes) {
-    auto& stack = m_document->m_elementStack;
-    if (stack.size() == kMaxElementDepth) ThrowNestedTooDeeply();
-    Name const& elementName = SplitName(name);
-    CXmlElement* const element =
-        m_document->m_documentElement == nullptr
-            ? m_document->AddDocElement(*elementName.m_namespaceUri, *elementName.m_localName)
-            : m_document->AddChildElement(*elementName.m_namespaceUri, *elementName.m_localName);
+    if (m_document->m_elementStack.size() == kMaxElementDepth) ThrowNestedTooDeeply();
+    CXmlName const& elementName = SplitName(name);
+    CXmlElement* const element = m_document->m_documentElement == nullptr
+                                     ? m_document->AddDocElement(elementName)
+                                     : m_document->AddChildElement(elementName);
+    std::size_t count = 0;
+    while (attributes[2 * count] != nullptr) ++count;
+    CXmlDocument::ReserveElementAttributes(element, count);
     for (; *attributes != nullptr; attributes += 2) {
-        Name const& attributeName = SplitName(attributes[0]);
-        m_document->AddElementAttribute(element, *attributeName.m_localName, attributes[1],
-                                        *attributeName.m_namespaceUri);
+        m_document->AddElementAttribute(element, SplitName(attributes[0]), attributes[1]);
     }
 }
 
 void CExpatReader::EndElement() {
-    if (!m_document->m_elementStack.empty()) m_document->m_elementStack.pop_back();
+    if (!m_document->m_elementStack.empty()) m_document->CloseElement();
 }
 
 void CExpatReader::DeclareNamespace(char16_t const* prefix, char16_t const* namespaceUri) {
@@ -138,7 +158,7 @@ void CExpatReader::DeclareNamespace(char16_t const* prefix, char16_t const* name
 
 void CExpatReader::AddText(std::u16string_view text) {
     if (text.empty() || m_document->m_elementStack.empty()) return;
-    CXmlDocument::AppendTextExcludingCR(m_document->m_elementStack.back(), text);
+    m_document->AppendTextExcludingCR(text);
 }
 
 void CExpatReader::DeclareEntity(std::u16string_view value) {

@@ -2,19 +2,18 @@
 #pragma once
 
 #include <exception>
-#include <map>
 #include <span>
 #include <string_view>
 
 #include "BxXmlLib5/binding/CInstanceMonitor.h"
 #include "BxXmlLib5/platform/Text.h"
-#include "platform/TextView.h"
 
 struct XML_ParserStruct;
 
 namespace BxXmlLib5 {
 
 class CXmlDocument;
+struct CXmlName;
 
 /// Parses one text into a document. The callbacks run inside Expat, whose frames no exception may cross: a
 /// failure in one stops the parser, further callbacks do nothing, and Parse() throws it on.
@@ -30,13 +29,8 @@ public:
 private:
     struct Callbacks;
 
-    /// A name as Expat expands it, split. The parts are the document's.
-    struct Name {
-        wstring const* m_namespaceUri;
-        wstring const* m_localName;
-    };
-
-    Name const& SplitName(std::u16string_view expanded);
+    bool ParseInSlices(std::span<unsigned char const> input);
+    CXmlName const& SplitName(std::u16string_view expanded);
 
     void StartElement(char16_t const* name, char16_t const* const* attributes);
     void EndElement();
@@ -46,7 +40,7 @@ private:
 
     CXmlDocument* m_document;
     XML_ParserStruct* m_parser = nullptr;
-    std::map<wstring, Name, LessBySize> m_names;  // by expanded name
+    std::u16string_view m_lastNamespace;
     int m_nestingEntities = 0;
     std::exception_ptr m_failure;
 };

@@ -30,10 +30,9 @@ public:
     }
 
     void Clear() {
-        for (Block& block : m_blocks) {
-            std::destroy_n(block.m_nodes, block.m_used);
-            std::allocator<T>().deallocate(block.m_nodes, block.m_size);
-        }
+        // Large blocks last: freeing one makes the allocator tidy up after all the small ones before it.
+        for (Block& block : m_blocks) std::destroy_n(block.m_nodes, block.m_used);
+        for (Block& block : m_blocks) std::allocator<T>().deallocate(block.m_nodes, block.m_size);
         m_blocks.clear();
     }
 
@@ -47,7 +46,7 @@ private:
     /// Blocks grow, so that a small document stays small.
     void AddBlock() {
         constexpr std::size_t kFirst = 8;
-        constexpr std::size_t kLargest = 512;
+        constexpr std::size_t kLargest = 4096;
         std::size_t const size = m_blocks.empty() ? kFirst : std::min(m_blocks.back().m_size * 2, kLargest);
         m_blocks.reserve(m_blocks.size() + 1);
         m_blocks.push_back({std::allocator<T>().allocate(size), size, 0});

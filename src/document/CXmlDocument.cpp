@@ -55,9 +55,8 @@ void CXmlDocument::Cleanup() {
     m_documentElement = nullptr;
     m_elementStack.clear();
     m_namespaceAliases.clear();
-    m_nodes->m_elements.Clear();
-    m_nodes->m_attributes.Clear();
-    m_nodes->m_names.clear();
+    m_openText = wstring();
+    m_nodes->Clear();
 }
 
 void CXmlDocument::Load(char16_t const* path) {
@@ -106,46 +105,59 @@ void CXmlDocument::Parse(std::span<unsigned char const> input, bool isText) {
     ThrowIfInputTooLarge(input.size());
     auto const inflated = isText ? std::nullopt : Inflate(input);
     CExpatReader(this).Parse(inflated ? *inflated : input);
+    while (!m_elementStack.empty()) CloseElement();  // the input may end inside an element
+    m_openText = wstring();
     if (m_documentElement == nullptr) {
         Cleanup();
         throw CBxException(u"Invalid or empty XML document");
     }
 }
 
-wstring const& CXmlDocument::Intern(std::u16string_view name) {
-    auto const known = m_nodes->m_names.find(name);
-    return known != m_nodes->m_names.end() ? *known : *m_nodes->m_names.emplace(name).first;
+CXmlName const& CXmlDocument::InternName(std::u16string_view namespaceUri, std::u16string_view localName) {
+    return m_nodes->m_names.Intern(namespaceUri, localName);
 }
 
-CXmlElement* CXmlDocument::OpenElement(wstring const& namespaceUri, wstring const& localName) {
-    CXmlElement* const element = m_nodes->m_elements.Create(this);
-    element->SetElementName(localName);
-    element->SetNamespace(namespaceUri);
-    m_elementStack.push_back(element);
+CXmlElement* CXmlDocument::AddDocElement(CXmlName const& name) {
+    return m_documentElement = Open(m_nodes->m_elements.Create(this, name));
+}
+
+CXmlElement* CXmlDocument::AddChildElement(CXmlName const& name) {
+    CXmlElement* const child = m_nodes->m_elements.Create(this, name);
+    OpenElement& parent = m_elementStack.back();
+    (parent.m_lastChild == nullptr ? parent.m_element->m_firstChild : parent.m_lastChild->m_nextSibling) =
+        child;
+    parent.m_lastChild = child;
+    return Open(child);
+}
+
+CXmlElement* CXmlDocument::Open(CXmlElement* element) {
+    m_elementStack.push_back({element, nullptr, m_openText.size()});
     return element;
 }
 
-CXmlElement* CXmlDocument::AddDocElement(wstring const& namespaceUri, wstring const& localName) {
-    return m_documentElement = OpenElement(namespaceUri, localName);
+void CXmlDocument::CloseElement() {
+    OpenElement const closed = m_elementStack.back();
+    m_elementStack.pop_back();
+    if (m_openText.size() == closed.m_textStart) return;
+    closed.m_element->SetText(
+        CXmlText(m_nodes->m_texts.Add(std::u16string_view(m_openText).substr(closed.m_textStart))));
+    m_openText.resize(closed.m_textStart);
 }
 
-CXmlElement* CXmlDocument::AddChildElement(wstring const& namespaceUri, wstring const& localName) {
-    CXmlElement* const parent = m_elementStack.back();
-    CXmlElement* const child = OpenElement(namespaceUri, localName);
-    parent->AppendChild(child);
-    return child;
+void CXmlDocument::ReserveElementAttributes(CXmlElement* element, std::size_t count) {
+    element->ReserveAttributes(count);
 }
 
-void CXmlDocument::AddElementAttribute(CXmlElement* element, wstring const& localName, wstring value,
-                                       wstring const& namespaceUri) {
-    element->AddAttribute(m_nodes->m_attributes.Create(localName, std::move(value), namespaceUri));
+void CXmlDocument::AddElementAttribute(CXmlElement* element, CXmlName const& name,
+                                       std::u16string_view value) {
+    element->AddAttribute(m_nodes->m_attributes.Create(name, CXmlText(m_nodes->m_texts.Add(value))));
 }
 
-void CXmlDocument::AppendTextExcludingCR(CXmlElement* element, std::u16string_view text) {
+void CXmlDocument::AppendTextExcludingCR(std::u16string_view text) {
     // In runs between the CRs, which only come from character references: Expat normalises line ends.
     for (;;) {
         std::size_t const cr = text.find(u'\r');
-        element->AppendText(text.substr(0, cr));
+        m_openText.append(text.substr(0, cr));
         if (cr == text.npos) return;
         text.remove_prefix(cr + 1);
     }

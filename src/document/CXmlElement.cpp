@@ -4,20 +4,8 @@
 
 namespace BxXmlLib5 {
 
-namespace {
-
-wstring const& EmptyText() {
-    static wstring const s_empty;
-    return s_empty;
-}
-
-}  // namespace
-
-CXmlElement::CXmlElement(CXmlDocument const* document)
-    : CInstanceMonitor(u"CXmlElement"),
-      m_document(document),
-      m_localName(&EmptyText()),
-      m_namespaceUri(&EmptyText()) {}
+CXmlElement::CXmlElement(CXmlDocument const* document, CXmlName const& name)
+    : CInstanceMonitor(u"CXmlElement"), m_document(document), m_name(&name) {}
 
 CXmlElement::~CXmlElement() = default;
 
@@ -28,17 +16,8 @@ wstring const& CXmlElement::GetAttribute(wstring const& localName, wstring const
             return attribute->GetValue();
         }
     }
-    return EmptyText();
-}
-
-void CXmlElement::AppendText(std::u16string_view text) {
-    // Text arrives in small pieces; append() grows by doubling.
-    m_text.append(text);
-}
-
-void CXmlElement::AppendChild(CXmlElement* child) {
-    (m_lastChild == nullptr ? m_firstChild : m_lastChild->m_nextSibling) = child;
-    m_lastChild = child;
+    static wstring const s_empty;
+    return s_empty;
 }
 
 }  // namespace BxXmlLib5

@@ -24,7 +24,12 @@ struct LessBySize {
 
     bool operator()(std::u16string_view a, std::u16string_view b) const {
         if (a.size() != b.size()) return a.size() < b.size();
-        return !a.empty() && std::memcmp(a.data(), b.data(), a.size() * sizeof(char16_t)) < 0;
+        return Compare(a, b) < 0;
+    }
+
+    /// Texts of one size.
+    static int Compare(std::u16string_view a, std::u16string_view b) {
+        return a.empty() ? 0 : std::memcmp(a.data(), b.data(), a.size() * sizeof(char16_t));
     }
 };
 

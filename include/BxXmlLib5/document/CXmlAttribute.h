@@ -1,7 +1,10 @@
 // An attribute of the in-memory tree.
 #pragma once
 
+#include <string_view>
+
 #include "BxXmlLib5/binding/CInstanceMonitor.h"
+#include "BxXmlLib5/document/CXmlText.h"
 #include "BxXmlLib5/platform/Export.h"
 #include "BxXmlLib5/platform/Text.h"
 
@@ -10,6 +13,12 @@ namespace BxXmlLib5 {
 template <class T>
 class CNodePool;
 
+/// A name as a document holds it, once for all elements and attributes that have it.
+struct CXmlName {
+    wstring const& m_namespaceUri;
+    wstring const& m_localName;
+};
+
 /// An attribute as a document holds it. It lives as long as the tree of its document.
 class BXXMLLIB5_API CXmlAttribute : public CInstanceMonitor {
 public:
@@ -17,26 +26,27 @@ public:
     CXmlAttribute& operator=(CXmlAttribute const&) = delete;
     virtual ~CXmlAttribute();
 
-    wstring const& GetLocalName() const { return *m_localName; }
-    wstring const& GetValue() const { return m_value; }
+    wstring const& GetLocalName() const { return m_name->m_localName; }
+    wstring const& GetValue() const { return m_value.GetString(); }
+    /// The value without making a string of it.
+    std::u16string_view GetValueView() const { return m_value.GetView(); }
     /// Empty for no namespace.
-    wstring const& GetNamespaceURI() const { return *m_namespaceUri; }
+    wstring const& GetNamespaceURI() const { return m_name->m_namespaceUri; }
 
     /// Whether the attribute is infrastructure, not content: its namespace is that of XML Schema instance or
     /// of xmlns, and its local name is xmlns, type, schemaLocation or noNamespaceSchemaLocation.
     bool IsNamespaceAttribute() const;
 
 protected:
-    /// Takes the names by reference: they are the document's.
-    CXmlAttribute(wstring const& localName, wstring value, wstring const& namespaceUri);
+    /// @param name the document's, which outlives the attribute
+    CXmlAttribute(CXmlName const& name, CXmlText value);
 
 private:
     template <class T>
     friend class CNodePool;
 
-    wstring const* m_localName;
-    wstring m_value;
-    wstring const* m_namespaceUri;
+    CXmlName const* m_name;
+    CXmlText m_value;
 };
 
 }  // namespace BxXmlLib5

@@ -73,20 +73,31 @@ private:
 
     void Parse(std::span<unsigned char const> input, bool isText);
 
-    /// The document's copy of a name or namespace; it lives as long as the tree.
-    wstring const& Intern(std::u16string_view name);
+    /// The document's copy of a name; it lives as long as the tree.
+    CXmlName const& InternName(std::u16string_view namespaceUri, std::u16string_view localName);
 
-    /// These take interned names.
-    CXmlElement* AddDocElement(wstring const& namespaceUri, wstring const& localName);
-    CXmlElement* AddChildElement(wstring const& namespaceUri, wstring const& localName);
-    void AddElementAttribute(CXmlElement* element, wstring const& localName, wstring value,
-                             wstring const& namespaceUri);
-    static void AppendTextExcludingCR(CXmlElement* element, std::u16string_view text);
+    CXmlElement* AddDocElement(CXmlName const& name);
+    CXmlElement* AddChildElement(CXmlName const& name);
+    /// Makes room for attributes that are about to be added.
+    static void ReserveElementAttributes(CXmlElement* element, std::size_t count);
+    void AddElementAttribute(CXmlElement* element, CXmlName const& name, std::u16string_view value);
+    /// Adds to the text of the innermost open element.
+    void AppendTextExcludingCR(std::u16string_view text);
+    void CloseElement();
+    CXmlElement* Open(CXmlElement* element);
 
-    CXmlElement* OpenElement(wstring const& namespaceUri, wstring const& localName);
+    /// An element that the parser is inside of. Its text so far stands in m_openText, from m_textStart to
+    /// that of the element inside it: children give theirs away when they close, so every text is allocated
+    /// once, at its size.
+    struct OpenElement {
+        CXmlElement* m_element;
+        CXmlElement* m_lastChild;
+        std::size_t m_textStart;
+    };
 
     CXmlElement* m_documentElement = nullptr;
-    std::vector<CXmlElement*> m_elementStack;
+    std::vector<OpenElement> m_elementStack;
+    wstring m_openText;
     std::map<wstring, wstring, std::less<>> m_namespaceAliases;
     SchemaType m_schemaType;
     std::unique_ptr<CDocumentNodes> m_nodes;

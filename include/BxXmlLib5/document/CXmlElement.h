@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "BxXmlLib5/binding/CInstanceMonitor.h"
@@ -22,13 +23,15 @@ public:
     CXmlElement& operator=(CXmlElement const&) = delete;
     virtual ~CXmlElement();
 
-    wstring const& GetLocalName() const { return *m_localName; }
+    wstring const& GetLocalName() const { return m_name->m_localName; }
     /// Empty for no namespace.
-    wstring const& GetNamespaceURI() const { return *m_namespaceUri; }
+    wstring const& GetNamespaceURI() const { return m_name->m_namespaceUri; }
 
     /// All character data directly inside the element, joined in document order, whitespace included, CR left
     /// out.
-    wstring const& GetText() const { return m_text; }
+    wstring const& GetText() const { return m_text.GetString(); }
+    /// The text without making a string of it.
+    std::u16string_view GetTextView() const { return m_text.GetView(); }
 
     /// Null if there is none.
     CXmlElement* GetFirstElement() const { return m_firstChild; }
@@ -43,15 +46,12 @@ public:
     wstring const& GetAttribute(wstring const& localName, wstring const& namespaceUri) const;
 
 protected:
-    explicit CXmlElement(CXmlDocument const* document);
+    /// @param name the document's, which outlives the element
+    CXmlElement(CXmlDocument const* document, CXmlName const& name);
 
-    void AppendText(std::u16string_view text);
+    void ReserveAttributes(std::size_t count) { m_attributes.reserve(count); }
+    void SetText(CXmlText text) { m_text = std::move(text); }
     void AddAttribute(CXmlAttribute* attribute) { m_attributes.push_back(attribute); }
-    /// Links a new element as the last child.
-    void AppendChild(CXmlElement* child);
-    /// The names are the document's.
-    void SetElementName(wstring const& localName) { m_localName = &localName; }
-    void SetNamespace(wstring const& namespaceUri) { m_namespaceUri = &namespaceUri; }
 
 private:
     friend class CXmlDocument;
@@ -61,11 +61,9 @@ private:
     CXmlDocument const* m_document;
     CXmlElement* m_nextSibling = nullptr;
     CXmlElement* m_firstChild = nullptr;
-    CXmlElement* m_lastChild = nullptr;
     std::vector<CXmlAttribute*> m_attributes;
-    wstring m_text;
-    wstring const* m_localName;
-    wstring const* m_namespaceUri;
+    CXmlText m_text;
+    CXmlName const* m_name;
 };
 
 }  // namespace BxXmlLib5

@@ -1,0 +1,72 @@
+#!/usr/bin/env bash
+# demo.sh: builds bxconvert and shows what it does.
+source "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
+
+scripts/setup.sh
+build release bxconvert
+PATH=$PWD/build/release/tools/bxconvert:$PATH
+
+track=$PWD/examples/gpx/data/track.gpx
+mime=/usr/share/mime/packages/freedesktop.org.xml
+folder=$(mktemp -d)
+trap 'rm -rf "$folder"' EXIT
+cd "$folder"
+cp "$track" .
+
+heading() { printf '\n== %s\n\n' "$1"; }
+
+# Shows a command line and runs it.
+run() {
+    echo "\$ $1"
+    eval "$1"
+}
+
+size() { stat --format %s "$1"; }
+
+# Shows that two files are the same, or ends the demo.
+same() {
+    cmp "$1" "$2"
+    echo "$1 and $2 are the same, octet for octet ($(size "$1") octets)."
+}
+
+heading "A GPS track: what is in it"
+run 'bxconvert --info track.gpx'
+
+heading "Read into untyped content and written again, formatted"
+run 'bxconvert track.gpx -o formatted.gpx'
+run 'head -n 15 formatted.gpx'
+echo "..."
+run 'grep -n -m 1 -B 6 -A 4 "reading " formatted.gpx'
+
+heading "What was written, read and written once more"
+run 'bxconvert formatted.gpx -o again.gpx'
+same formatted.gpx again.gpx
+
+heading "Compact, and back"
+run 'bxconvert --compact track.gpx -o compact.gpx'
+run 'bxconvert compact.gpx -o back.gpx'
+echo "track.gpx has $(size track.gpx) octets, compact.gpx $(size compact.gpx)."
+same formatted.gpx back.gpx
+
+heading "Compressed input, from a pipe"
+run 'gzip -c track.gpx | bxconvert - -o unzipped.gpx'
+same formatted.gpx unzipped.gpx
+
+heading "A document that is none"
+run 'sed "s,</ele>,</el>," track.gpx > broken.gpx'
+status=0
+run 'bxconvert broken.gpx -o formatted.gpx' 2>&1 || status=$?
+echo "Exit status $status; the output file is as it was:"
+((status == 1))
+same formatted.gpx again.gpx
+
+if [[ -r $mime ]]; then
+    heading "A larger document: the shared MIME database of this machine"
+    run "bxconvert --info $mime"
+    echo
+    run "bxconvert $mime -o formatted.xml"
+    run "bxconvert --compact $mime -o compact.xml"
+    run 'bxconvert compact.xml -o back.xml'
+    echo "The database has $(size "$mime") octets, formatted.xml $(size formatted.xml), compact.xml $(size compact.xml)."
+    same formatted.xml back.xml
+fi

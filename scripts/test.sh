@@ -1,0 +1,7 @@
+#!/usr/bin/env bash
+# test.sh [CTEST ARGUMENT...]: builds everything and runs every test.
+source "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
+
+scripts/setup.sh
+build release
+ctest --preset release --parallel "$(nproc)" "$@"

@@ -1,0 +1,90 @@
+#include "CUntypedDocument.h"
+
+#include "BxXmlLib5/binding/CXmlSerializationContext.h"
+#include "BxXmlLib5/collections/CAttributeCol.h"
+#include "BxXmlLib5/collections/CElementCol.h"
+#include "BxXmlLib5/writers/CXmlWriter.h"
+
+namespace BxConvert {
+
+using namespace BxXmlLib5;
+
+namespace {
+
+/// Empties the text of elements that have children and only whitespace beside them.
+/// @param source what the copy was read from; it says where there are no children, so that no leaf is asked
+///        for its collection, which would make one
+void DropWhitespace(CXmlElement const& source, CElement& copy) {
+    CXmlElement const* sourceChild = source.GetFirstElement();
+    if (sourceChild == nullptr) return;
+    if (IsWhitespace(source.GetText())) copy.SetText(u"");
+    CSmartPtr<CElementCol> const children = copy.GetChildElements();
+    for (CElement* const child : *children) {
+        DropWhitespace(*sourceChild, *child);
+        sourceChild = sourceChild->GetNextSiblingElement();
+    }
+}
+
+wstring Escaped(wstring const& namespaceUri) {
+    wstring escaped;
+    for (char16_t const c : namespaceUri) {
+        switch (c) {
+            case u'&':
+                escaped += u"&amp;";
+                break;
+            case u'<':
+                escaped += u"&lt;";
+                break;
+            case u'"':
+                escaped += u"&quot;";
+                break;
+            case u'\t':
+                escaped += u"&#9;";
+                break;
+            case u'\n':
+                escaped += u"&#10;";
+                break;
+            case u'\r':
+                escaped += u"&#13;";
+                break;
+            default:
+                escaped += c;
+        }
+    }
+    return escaped;
+}
+
+/// The writer puts namespace names down as they stand, so they are escaped beforehand.
+void EscapeNamespaces(CElement& element) {
+    element.SetNamespace(Escaped(element.GetNamespace()).c_str());
+    CSmartPtr<CAttributeCol> const attributes = element.GetAttributes();
+    for (CAttribute* const attribute : *attributes) {
+        attribute->SetNamespace(Escaped(attribute->GetNamespace()).c_str());
+    }
+    CSmartPtr<CElementCol> const children = element.GetChildElements();
+    for (CElement* const child : *children) EscapeNamespaces(*child);
+}
+
+}  // namespace
+
+CUntypedDocument::CUntypedDocument(CXmlDocument const& document, Statistics const& statistics,
+                                   bool keepWhitespace)
+    : CElement(u""),
+      m_declaresDefaultNamespace(!statistics.m_hasElementWithoutNamespace),
+      m_declaresXsi(statistics.m_hasXsiAttribute &&
+                    document.LookupNamespaceFromAlias(u"xsi") == kXsiNamespace) {
+    CXmlElement* const root = document.GetDocumentElement();
+    FromXml_Int(root, root, CXmlSerializationContext::GetDefaultContext(), false);
+    if (!keepWhitespace) DropWhitespace(*root, *this);
+    if (statistics.m_hasNamespaceToEscape) EscapeNamespaces(*this);
+}
+
+void CUntypedDocument::ToXml_Int(CXmlWriter* writer, bool isRoot, char16_t const* namespaceUri,
+                                 CXmlSerializationContext const& context, bool allowEmptyChoice) const {
+    // An element without a namespace is written without a prefix, so a default namespace would take it in.
+    if (isRoot && m_declaresDefaultNamespace) writer->SetDefaultNamespace(GetNamespace());
+    if (isRoot && m_declaresXsi) writer->AddNamespace(u"xsi", kXsiNamespace);
+    CElement::ToXml_Int(writer, isRoot, namespaceUri, context, allowEmptyChoice);
+}
+
+}  // namespace BxConvert

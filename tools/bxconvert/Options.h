@@ -1,0 +1,42 @@
+// The command line of bxconvert.
+#pragma once
+
+#include <span>
+#include <stdexcept>
+#include <string>
+
+#include "BxXmlLib5/binding/Enumerations.h"
+
+namespace BxConvert {
+
+/// The name that stands for standard input or standard output.
+inline constexpr char kStandardStream[] = "-";
+
+struct Options {
+    std::string m_input;
+    std::string m_output = kStandardStream;
+    bool m_formatted = true;
+    bool m_declaration = true;
+    bool m_namespaces = true;
+    bool m_keepWhitespace = false;
+    bool m_strict = false;
+    bool m_info = false;
+    bool m_help = false;
+    bool m_version = false;
+    BxXmlLib5::EOLType m_eol = BxXmlLib5::eol_LF;
+};
+
+/// The command line makes no sense; what() says why.
+class UsageError : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+/// @param arguments without the name of the program
+/// @throws UsageError
+Options ParseOptions(std::span<char const* const> arguments);
+
+/// What --help prints.
+std::string HelpText();
+
+}  // namespace BxConvert

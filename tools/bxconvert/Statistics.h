@@ -1,0 +1,37 @@
+// What bxconvert finds out about a document from its tree.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+#include "BxXmlLib5/document/CXmlElement.h"
+
+namespace BxConvert {
+
+struct Statistics {
+    std::size_t m_elements = 0;
+    std::size_t m_attributes = 0;
+    std::size_t m_depth = 0;  // levels of elements
+    std::size_t m_mixed = 0;  // elements with other text than whitespace beside children
+    bool m_hasElementWithoutNamespace = false;
+    bool m_hasXsiAttribute = false;
+    bool m_hasNamespaceToEscape = false;
+};
+
+/// The namespace of XML Schema instance (XML Schema Part 1, 2.6).
+inline constexpr char16_t kXsiNamespace[] = u"http://www.w3.org/2001/XMLSchema-instance";
+
+/// Whether a text is empty or only whitespace as XML 1.0, 2.3 has it.
+bool IsWhitespace(BxXmlLib5::wstring const& text);
+
+/// Whether a namespace name cannot stand in an attribute value as it is.
+bool NeedsEscape(BxXmlLib5::wstring const& namespaceUri);
+
+Statistics Survey(BxXmlLib5::CXmlElement const& root);
+
+/// What --info prints: a line `name: value` for each fact.
+/// @param octets the size of the input
+std::string InfoText(BxXmlLib5::CXmlElement const& root, Statistics const& statistics, std::uintmax_t octets);
+
+}  // namespace BxConvert
