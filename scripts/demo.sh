@@ -36,7 +36,7 @@ heading "Read into untyped content and written again, formatted"
 run 'bxconvert track.gpx -o formatted.gpx'
 run 'head -n 15 formatted.gpx'
 echo "..."
-run 'grep -n -m 1 -B 6 -A 4 "reading " formatted.gpx'
+run 'grep -m 1 -B 6 -A 4 "reading " formatted.gpx'
 
 heading "What was written, read and written once more"
 run 'bxconvert formatted.gpx -o again.gpx'
@@ -65,6 +65,8 @@ if [[ -r $mime ]]; then
     run "bxconvert --info $mime"
     echo
     run "bxconvert $mime -o formatted.xml"
+    run 'head -n 5 formatted.xml'
+    echo "..."
     run "bxconvert --compact $mime -o compact.xml"
     run 'bxconvert compact.xml -o back.xml'
     echo "The database has $(size "$mime") octets, formatted.xml $(size formatted.xml), compact.xml $(size compact.xml)."

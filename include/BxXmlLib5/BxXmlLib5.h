@@ -4,6 +4,7 @@
 #include "BxXmlLib5/binding/CBxException.h"
 #include "BxXmlLib5/binding/CInstanceMonitor.h"
 #include "BxXmlLib5/binding/CNamespaceAliasMap.h"
+#include "BxXmlLib5/binding/CSharedText.h"
 #include "BxXmlLib5/binding/CSmartPtr.h"
 #include "BxXmlLib5/binding/CXmlObjectBase.h"
 #include "BxXmlLib5/binding/CXmlSerializationContext.h"

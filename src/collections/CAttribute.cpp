@@ -18,10 +18,10 @@ CXmlObjectBase* CAttribute::GetBase() {
     return this;
 }
 wstring CAttribute::GetNamespace() const {
-    return m_namespace;
+    return m_namespace.Get();
 }
 wstring CAttribute::GetTargetNamespace() const {
-    return m_namespace;
+    return m_namespace.Get();
 }
 
 void CAttribute::SetName(char16_t const* name) {
@@ -31,12 +31,12 @@ void CAttribute::SetValue(char16_t const* value) {
     m_value = TextOf(value);
 }
 void CAttribute::SetNamespace(char16_t const* ns) {
-    m_namespace = TextOf(ns);
+    m_namespace.Set(TextOf(ns));
 }
 
 void CAttribute::ToXml_Int(CXmlWriter* writer, bool, char16_t const*, CXmlSerializationContext const&,
                            bool) const {
-    writer->WriteAttribute(m_name, m_namespace, m_value);
+    writer->WriteAttribute(m_name, m_namespace.Get(), m_value);
 }
 
 CXmlElement* CAttribute::FromXml_Int(CXmlElement*, CXmlElement*, CXmlSerializationContext const&, bool) {

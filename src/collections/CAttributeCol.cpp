@@ -1,31 +1,37 @@
 #include "BxXmlLib5/collections/CAttributeCol.h"
 
+#include <utility>
+
 #include "BxXmlLib5/binding/CBxException.h"
 #include "BxXmlLib5/binding/FormatString.h"
 #include "BxXmlLib5/document/CXmlElement.h"
 #include "binding/NamespaceRules.h"
-#include "collections/DefaultNamespace.h"
+#include "collections/Wildcards.h"
 #include "platform/TextView.h"
 
 namespace BxXmlLib5 {
 
 CAttributeCol::CAttributeCol(char16_t const* ns, char16_t const* namespaceRestriction,
                              char16_t const* targetNamespace)
+    : CAttributeCol(CSharedText(DefaultNamespace(TextOf(ns), TextOf(namespaceRestriction))),
+                    CSharedText(TextOf(namespaceRestriction)), CSharedText(TextOf(targetNamespace))) {}
+
+CAttributeCol::CAttributeCol(CSharedText ns, CSharedText namespaceRestriction, CSharedText targetNamespace)
     : CInstanceMonitor(u"CAttributeCol"),
-      m_namespaceRestriction(TextOf(namespaceRestriction)),
-      m_targetNamespace(TextOf(targetNamespace)) {
-    m_namespace = DefaultNamespace(TextOf(ns), m_namespaceRestriction);
+      m_namespaceRestriction(std::move(namespaceRestriction)),
+      m_targetNamespace(std::move(targetNamespace)) {
+    m_namespace = std::move(ns);
 }
 
 CAttributeCol::~CAttributeCol() = default;
 
 CSmartPtr<CAttribute> CAttributeCol::Add(char16_t const* name, char16_t const* value, char16_t const* ns) {
-    BxXmlLib5::TestNamespace(TextOf(ns), m_namespaceRestriction, m_targetNamespace);
+    BxXmlLib5::TestNamespace(TextOf(ns), m_namespaceRestriction.Get(), m_targetNamespace.Get());
     return AddNew(TextOf(name), TextOf(value), TextOf(ns));
 }
 
 CSmartPtr<CAttribute> CAttributeCol::Add(char16_t const* name, char16_t const* value) {
-    return Add(name, value, m_namespace.c_str());
+    return Add(name, value, m_namespace.Get().c_str());
 }
 
 CSmartPtr<CAttribute> CAttributeCol::Add(char16_t const* name) {
@@ -50,7 +56,7 @@ CSmartPtr<CAttribute> CAttributeCol::Item(int index) {
 }
 
 wstring CAttributeCol::GetTargetNamespace() const {
-    return m_namespace;
+    return m_namespace.Get();
 }
 
 void CAttributeCol::ToXml_Int(CXmlWriter* writer, bool, char16_t const* namespaceUri,
@@ -64,8 +70,8 @@ void CAttributeCol::ToXml_Int(CXmlWriter* writer, bool, char16_t const* namespac
 CXmlElement* CAttributeCol::FromXml_Int(CXmlElement* element, CXmlElement* firstChild,
                                         CXmlSerializationContext const&, bool) {
     for (CXmlAttribute const* attribute : element->GetAttributes()) {
-        if (!BxXmlLib5::IsNamespaceValid(attribute->GetNamespaceURI(), m_namespaceRestriction,
-                                         m_targetNamespace)) {
+        if (!BxXmlLib5::IsNamespaceValid(attribute->GetNamespaceURI(), m_namespaceRestriction.Get(),
+                                         m_targetNamespace.Get())) {
             throw CBxInvalidNamespaceException(
                 FormatString(u"Invalid Attribute [%s]. The attributes namespace is Inappropriate.",
                              attribute->GetLocalName().c_str()));

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 #include "BxXmlLib5/binding/CBxException.h"
 #include "BxXmlLib5/binding/CXmlSerializationContext.h"
@@ -12,6 +13,7 @@
 #include "BxXmlLib5/writers/CXmlWriter.h"
 #include "binding/NamespaceRules.h"
 #include "binding/NestingDepth.h"
+#include "collections/Wildcards.h"
 #include "platform/Limits.h"
 #include "platform/TextView.h"
 
@@ -35,6 +37,14 @@ CElement::CElement(char16_t const* name, char16_t const* ns, char16_t const* nam
     : CInstanceMonitor(u"CElement") {
     Init(name, ns, namespaceRestriction, targetNamespace);
 }
+
+CElement::CElement(std::u16string_view name, CSharedText ns, CSharedText namespaceRestriction,
+                   CSharedText targetNamespace)
+    : CInstanceMonitor(u"CElement"),
+      m_name(name),
+      m_namespace(std::move(ns)),
+      m_namespaceRestriction(std::move(namespaceRestriction)),
+      m_targetNamespace(std::move(targetNamespace)) {}
 
 CElement::CElement(CElement const& other)
     : CXmlObjectBase(other),
@@ -71,23 +81,20 @@ void CElement::Init(char16_t const* name, char16_t const* ns, char16_t const* na
     if (targetNamespace == nullptr) throw CBxInvalidNamespaceException(u"Target Namespace must have a value");
     BxXmlLib5::TestNamespace(TextOf(ns), namespaceRestriction, targetNamespace);
     m_name = name;
-    m_namespace = TextOf(ns);
-    m_namespaceRestriction = namespaceRestriction;
-    m_targetNamespace = targetNamespace;
+    m_namespace.Set(TextOf(ns));
+    m_namespaceRestriction.Set(namespaceRestriction);
+    m_targetNamespace.Set(targetNamespace);
     m_attributes = nullptr;
     m_childElements = nullptr;
 }
 
 CAttributeCol& CElement::Attributes() const {
-    if (!m_attributes)
-        m_attributes = new CAttributeCol(m_namespace.c_str(), u"##any", m_targetNamespace.c_str());
+    if (!m_attributes) m_attributes = new CAttributeCol(m_namespace, AnyNamespace(), m_targetNamespace);
     return *m_attributes;
 }
 
 CElementCol& CElement::ChildElements() const {
-    if (!m_childElements) {
-        m_childElements = new CElementCol(m_namespace.c_str(), u"##any", m_targetNamespace.c_str(), 0, -1);
-    }
+    if (!m_childElements) m_childElements = new CElementCol(m_namespace, m_targetNamespace, 0, -1);
     return *m_childElements;
 }
 
@@ -95,10 +102,10 @@ CXmlObjectBase* CElement::GetBase() {
     return this;
 }
 wstring CElement::GetNamespace() const {
-    return m_namespace;
+    return m_namespace.Get();
 }
 wstring CElement::GetTargetNamespace() const {
-    return m_namespace;
+    return m_namespace.Get();
 }
 
 void CElement::SetName(char16_t const* name) {
@@ -112,11 +119,11 @@ void CElement::SetNamespace(char16_t const* ns) {
 }
 
 void CElement::ChangeNamespace(std::u16string_view ns) {
-    if (Equal(m_namespace, ns)) return;
+    if (m_namespace.Is(ns)) return;
     // The collections keep the namespace that the element was made with as their default.
     Attributes();
     ChildElements();
-    m_namespace = ns;
+    m_namespace.Set(ns);
 }
 
 CSmartPtr<CAttributeCol> CElement::GetAttributes() {
@@ -135,11 +142,12 @@ void CElement::TestRestrictions(char16_t const* namespaceRestriction, char16_t c
                                 int depth) const {
     if (depth > kMaxElementDepth) ThrowNestedTooDeeply();
     try {
-        TestNamespace(m_namespace.c_str(), namespaceRestriction, targetNamespace);
+        TestNamespace(m_namespace.Get().c_str(), namespaceRestriction, targetNamespace);
     } catch (CBxException const& failure) {
         throw CBxInvalidNamespaceException(
             FormatString(u"The namespace %s in the class %s is invalid against restriction %s",
-                         m_namespace.c_str(), m_name.c_str(), wstring(TextOf(namespaceRestriction)).c_str()),
+                         m_namespace.Get().c_str(), m_name.c_str(),
+                         wstring(TextOf(namespaceRestriction)).c_str()),
             failure);
     }
     if (m_attributes) {
@@ -162,7 +170,8 @@ void CElement::CopyXmlElement(CXmlElement* source) {
     if (m_attributes) m_attributes->Clear();
     if (m_childElements) m_childElements->Clear();
     for (CXmlAttribute const* attribute : source->GetAttributes()) {
-        Attributes().AddNew(attribute->GetLocalName(), attribute->GetValueView(), attribute->GetNamespaceURI());
+        Attributes().AddNew(attribute->GetLocalName(), attribute->GetValueView(),
+                            attribute->GetNamespaceURI());
     }
     for (CXmlElement* child = source->GetFirstElement(); child != nullptr;
          child = child->GetNextSiblingElement()) {
@@ -174,7 +183,7 @@ void CElement::CopyXmlElement(CXmlElement* source) {
 
 void CElement::ToXml_Int(CXmlWriter* writer, bool, char16_t const* namespaceUri,
                          CXmlSerializationContext const& context, bool allowEmptyChoice) const {
-    writer->WriteStartElement(m_name, m_namespace);
+    writer->WriteStartElement(m_name, m_namespace.Get());
     if (m_attributes) CXmlObjectBase::ToXml_Int(m_attributes, writer, false, namespaceUri, context, false);
     if (m_childElements) {
         CXmlObjectBase::ToXml_Int(m_childElements, writer, false, namespaceUri, context, allowEmptyChoice);
@@ -185,8 +194,9 @@ void CElement::ToXml_Int(CXmlWriter* writer, bool, char16_t const* namespaceUri,
 
 CXmlElement* CElement::FromXml_Int(CXmlElement*, CXmlElement* firstChild,
                                    CXmlSerializationContext const& context, bool) {
-    if (firstChild == nullptr || !BxXmlLib5::IsNamespaceValid(firstChild->GetNamespaceURI(),
-                                                              m_namespaceRestriction, m_targetNamespace)) {
+    if (firstChild == nullptr ||
+        !BxXmlLib5::IsNamespaceValid(firstChild->GetNamespaceURI(), m_namespaceRestriction.Get(),
+                                     m_targetNamespace.Get())) {
         return firstChild;
     }
     if (!firstChild->GetAttributes().empty()) Attributes().FromXml_Int(firstChild, nullptr, context, false);

@@ -1,48 +1,56 @@
 #include "BxXmlLib5/collections/CElementCol.h"
 
+#include <utility>
+
 #include "BxXmlLib5/binding/CBxException.h"
 #include "BxXmlLib5/document/CXmlElement.h"
 #include "binding/NamespaceRules.h"
-#include "collections/DefaultNamespace.h"
+#include "collections/Wildcards.h"
 #include "platform/TextView.h"
 
 namespace BxXmlLib5 {
 
 CElementCol::CElementCol(char16_t const* ns, char16_t const* namespaceRestriction,
                          char16_t const* targetNamespace, int minOccurs, int maxOccurs)
-    : CXmlCollection(u"", u"", minOccurs, maxOccurs),
-      CInstanceMonitor(u"CElementCol"),
-      m_namespaceRestriction(u"##any"),
-      m_defaultNamespace(DefaultNamespace(TextOf(ns), TextOf(namespaceRestriction))),
-      m_targetNamespace(TextOf(targetNamespace)) {
+    : CElementCol(CSharedText(DefaultNamespace(TextOf(ns), TextOf(namespaceRestriction))),
+                  CSharedText(TextOf(targetNamespace)), minOccurs, maxOccurs) {
     TestNamespace(ns, namespaceRestriction, targetNamespace);
 }
+
+CElementCol::CElementCol(CSharedText defaultNamespace, CSharedText targetNamespace, int minOccurs,
+                         int maxOccurs)
+    : CXmlCollection(u"", u"", minOccurs, maxOccurs),
+      CInstanceMonitor(u"CElementCol"),
+      m_namespaceRestriction(AnyNamespace()),
+      m_defaultNamespace(std::move(defaultNamespace)),
+      m_targetNamespace(std::move(targetNamespace)) {}
 
 CElementCol::~CElementCol() = default;
 
 wstring CElementCol::GetNamespace() const {
-    return m_targetNamespace;
+    return m_targetNamespace.Get();
 }
 wstring CElementCol::GetTargetNamespace() const {
-    return m_targetNamespace;
+    return m_targetNamespace.Get();
 }
 
 CSmartPtr<CElement> CElementCol::Add(char16_t const* name, char16_t const* ns) {
-    TestNamespace(ns, m_namespaceRestriction.c_str(), m_targetNamespace.c_str());
-    return Add(new CElement(name, ns, m_namespaceRestriction.c_str(), m_targetNamespace.c_str()));
+    TestNamespace(ns, m_namespaceRestriction.Get().c_str(), m_targetNamespace.Get().c_str());
+    return Add(new CElement(name, ns, m_namespaceRestriction.Get().c_str(), m_targetNamespace.Get().c_str()));
 }
 
 CSmartPtr<CElement> CElementCol::Add(char16_t const* name) {
-    if (m_defaultNamespace.empty()) {
+    if (m_defaultNamespace.Is({})) {
         throw CBxInvalidStateException(u"A Namespace has not been set for this Collection");
     }
-    return Add(name, m_defaultNamespace.c_str());
+    return Add(name, m_defaultNamespace.Get().c_str());
 }
 
 CSmartPtr<CElement> CElementCol::Add(CElement* element) {
     CSmartPtr<CElement> const held = element;
     if (element != nullptr) {
-        BxXmlLib5::TestNamespace(element->m_namespace, m_namespaceRestriction, m_targetNamespace);
+        BxXmlLib5::TestNamespace(element->m_namespace.Get(), m_namespaceRestriction.Get(),
+                                 m_targetNamespace.Get());
     }
     AppendItem(element);
     FireOnCollectionChange();
@@ -71,35 +79,39 @@ void CElementCol::ToXml_Int(CXmlWriter* writer, bool, char16_t const* namespaceU
 
 CXmlElement* CElementCol::FromXml_Int(CXmlElement* element, CXmlElement* firstChild,
                                       CXmlSerializationContext const& context, bool) {
-    CXmlElement* child = firstChild;
-    while (child != nullptr &&
-           BxXmlLib5::IsNamespaceValid(child->GetNamespaceURI(), m_namespaceRestriction, m_targetNamespace) &&
-           ReadOne(m_namespaceRestriction.c_str(), element, child, context)) {
-    }
-    return child;
+    auto const accepts = [this](CXmlElement const& child) {
+        return BxXmlLib5::IsNamespaceValid(child.GetNamespaceURI(), m_namespaceRestriction.Get(),
+                                           m_targetNamespace.Get());
+    };
+    return ReadWhile(accepts, element, firstChild, context);
 }
 
 CXmlElement* CElementCol::FromXmlLockElementName_Int(wstring name, wstring ns, CXmlElement* element,
                                                      CXmlElement* firstChild,
                                                      CXmlSerializationContext const& context) {
-    CXmlElement* child = firstChild;
-    while (child != nullptr && Equal(child->GetLocalName(), name) && Equal(child->GetNamespaceURI(), ns) &&
-           ReadOne(u"##any", element, child, context)) {
-    }
-    return child;
+    auto const accepts = [&](CXmlElement const& child) {
+        return Equal(child.GetLocalName(), name) && Equal(child.GetNamespaceURI(), ns);
+    };
+    return ReadWhile(accepts, element, firstChild, context);
 }
 
-/// Reads the element at a position, which moves behind it; false if it was not consumed.
-bool CElementCol::ReadOne(char16_t const* namespaceRestriction, CXmlElement* element, CXmlElement*& child,
-                          CXmlSerializationContext const& context) {
-    CSmartPtr<CElement> const item =
-        new CElement(child->GetLocalName().c_str(), child->GetNamespaceURI().c_str(), namespaceRestriction,
-                     m_targetNamespace.c_str());
-    CXmlElement* const next = item->FromXml_Int(element, child, context, false);
-    if (next == child) return false;
-    Add(item);
-    child = next;
-    return true;
+/// Reads siblings as long as they are accepted.
+/// @return the first one that was not consumed
+template <class Accepts>
+CXmlElement* CElementCol::ReadWhile(Accepts accepts, CXmlElement* element, CXmlElement* firstChild,
+                                    CXmlSerializationContext const& context) {
+    CSharedText ns = m_defaultNamespace;  // siblings are mostly in one namespace
+    CXmlElement* child = firstChild;
+    while (child != nullptr && accepts(*child)) {
+        ns.Set(child->GetNamespaceURI());
+        CSmartPtr<CElement> const item =
+            new CElement(child->GetLocalName(), ns, m_namespaceRestriction, m_targetNamespace);
+        CXmlElement* const next = item->FromXml_Int(element, child, context, false);
+        if (next == child) break;
+        Add(item);
+        child = next;
+    }
+    return child;
 }
 
 }  // namespace BxXmlLib5

@@ -31,7 +31,7 @@ wstring CXmlCollectionBase::GetTargetNamespace() const {
 }
 
 wstring CXmlCollectionBase::GetNamespace() const {
-    return m_namespace;
+    return m_namespace.Get();
 }
 
 void CXmlCollectionBase::OnEvent(CXmlObjectBase*, MsgType, void*) {}

@@ -44,7 +44,8 @@ std::string OutcomeOfOctets(std::string const& octets) {
 /// UTF-16 octets behind a byte order mark.
 std::string Utf16(std::string_view text, bool lowOctetFirst) {
     std::string octets;
-    for (char16_t const unit : wstring(u"\uFEFF").append(FromUtf8(text))) {
+    wstring const units = FromUtf8("\uFEFF" + std::string(text));
+    for (char16_t const unit : units) {
         octets += static_cast<char>(lowOctetFirst ? unit & 0xFF : unit >> 8);
         octets += static_cast<char>(lowOctetFirst ? unit >> 8 : unit & 0xFF);
     }

@@ -1,3 +1,5 @@
+#include <set>
+
 #include "document/Trees.h"
 
 using namespace BxTest;
@@ -5,18 +7,15 @@ using namespace BxTest;
 namespace {
 
 constexpr SchemaType kSomeOther = static_cast<SchemaType>(1);
-constexpr char const* kXsi = "http://www.w3.org/2001/XMLSchema-instance";
-constexpr char const* kXmlns = "http://www.w3.org/2000/xmlns/";
 
 class Attribute : public CXmlAttribute {
 public:
-    Attribute(wstring const& localName, wstring value, wstring const& namespaceUri)
-        : CXmlAttribute(localName, std::move(value), namespaceUri) {}
+    Attribute(CXmlName const& name, std::u16string_view value) : CXmlAttribute(name, CXmlText(value)) {}
 };
 
 class Element : public CXmlElement {
 public:
-    Element() : CXmlElement(nullptr) {}
+    explicit Element(CXmlName const& name) : CXmlElement(nullptr, name) {}
     using CXmlElement::AddAttribute;
 };
 
@@ -111,29 +110,29 @@ TEST(Tree, NamespaceOfAlias) {
 
 TEST(Tree, GetAttribute) {
     wstring const k = u"k", u = u"u", none;
-    Attribute inNamespace(k, u"1", u), first(k, u"2", none), second(k, u"3", none), empty(u, u"", none);
-    Element element;
+    CXmlName const kOfU{u, k}, kOfNone{none, k}, uOfNone{none, u};
+    Attribute inNamespace(kOfU, u"1"), first(kOfNone, u"2"), second(kOfNone, u"3"), empty(uOfNone, u"");
+    Element element(kOfU), other(kOfU);
     for (Attribute* attribute : {&inNamespace, &first, &second, &empty}) element.AddAttribute(attribute);
     EXPECT_EQ(element.GetAttribute(k, u), u"1");
     EXPECT_EQ(element.GetAttribute(k, none), u"2");
     EXPECT_EQ(element.GetAttribute(u, none), u"");
     EXPECT_EQ(element.GetAttribute(u"K", none), u"");
-    EXPECT_EQ(&element.GetAttribute(k, k), &Element().GetAttribute(u, u));
+    EXPECT_EQ(&element.GetAttribute(k, k), &other.GetAttribute(u, u));
 }
 
 TEST(Tree, IsNamespaceAttribute) {
-    wstring const marking[] = {FromUtf8(kXsi), FromUtf8(kXmlns)};
-    wstring const others[] = {u"", u"u", FromUtf8(kXsi) + u"/", u"http://www.w3.org/XML/1998/namespace"};
-    wstring const names[] = {u"xmlns", u"type", u"schemaLocation", u"noNamespaceSchemaLocation"};
-    wstring const otherNames[] = {u"nil", u"", u"Type", u"p", u"typ", u"types"};
-    auto const isMark = [](wstring const& name, wstring const& ns) {
-        return Attribute(name, u"", ns).IsNamespaceAttribute();
-    };
-    for (wstring const& name : names) {
-        for (wstring const& ns : marking) EXPECT_TRUE(isMark(name, ns)) << Name(ns, name);
-        for (wstring const& ns : others) EXPECT_FALSE(isMark(name, ns)) << Name(ns, name);
-    }
-    for (wstring const& name : otherNames) {
-        for (wstring const& ns : marking) EXPECT_FALSE(isMark(name, ns)) << Name(ns, name);
+    wstring const xsi = u"http://www.w3.org/2001/XMLSchema-instance",
+                  xmlns = u"http://www.w3.org/2000/xmlns/";
+    std::set<wstring> const marks = {u"xmlns", u"type", u"schemaLocation", u"noNamespaceSchemaLocation"};
+    std::set<wstring> names = {u"nil", u"", u"Type", u"typ", u"types", u"p", u"xml"};
+    names.insert(marks.begin(), marks.end());
+    for (wstring const& ns :
+         {xsi, xmlns, xsi + u"/", wstring(), wstring(u"http://www.w3.org/XML/1998/namespace")}) {
+        for (wstring const& name : names) {
+            EXPECT_EQ(Attribute(CXmlName{ns, name}, u"v").IsNamespaceAttribute(),
+                      (ns == xsi || ns == xmlns) && marks.contains(name))
+                << Name(ns, name);
+        }
     }
 }

@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "BxXmlLib5/binding/CInstanceMonitor.h"
+#include "BxXmlLib5/binding/CSharedText.h"
 #include "BxXmlLib5/binding/CXmlObjectBase.h"
 
 namespace BxXmlLib5 {
@@ -46,7 +47,7 @@ private:
 
     wstring m_name;
     wstring m_value;
-    wstring m_namespace;
+    CSharedText m_namespace;
 };
 
 }  // namespace BxXmlLib5

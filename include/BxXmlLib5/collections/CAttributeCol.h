@@ -54,10 +54,12 @@ protected:
 private:
     friend class CElement;
 
+    CAttributeCol(CSharedText ns, CSharedText namespaceRestriction, CSharedText targetNamespace);
+
     CSmartPtr<CAttribute> AddNew(std::u16string_view name, std::u16string_view value, std::u16string_view ns);
 
-    wstring m_namespaceRestriction;
-    wstring m_targetNamespace;
+    CSharedText m_namespaceRestriction;
+    CSharedText m_targetNamespace;
 };
 
 }  // namespace BxXmlLib5

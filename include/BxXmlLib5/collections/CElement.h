@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "BxXmlLib5/binding/CInstanceMonitor.h"
+#include "BxXmlLib5/binding/CSharedText.h"
 #include "BxXmlLib5/binding/CSmartPtr.h"
 #include "BxXmlLib5/binding/CXmlObjectBase.h"
 
@@ -91,6 +92,9 @@ protected:
 private:
     friend class CElementCol;
 
+    CElement(std::u16string_view name, CSharedText ns, CSharedText namespaceRestriction,
+             CSharedText targetNamespace);
+
     CAttributeCol& Attributes() const;
     CElementCol& ChildElements() const;
     void ChangeNamespace(std::u16string_view ns);
@@ -99,9 +103,9 @@ private:
 
     wstring m_name;
     wstring m_text;
-    wstring m_namespace;
-    wstring m_namespaceRestriction;
-    wstring m_targetNamespace;
+    CSharedText m_namespace;
+    CSharedText m_namespaceRestriction;
+    CSharedText m_targetNamespace;
     mutable CSmartPtr<CAttributeCol> m_attributes;   // made when first asked for
     mutable CSmartPtr<CElementCol> m_childElements;  // made when first asked for
 };

@@ -63,12 +63,15 @@ protected:
 private:
     friend class CElement;
 
-    bool ReadOne(char16_t const* namespaceRestriction, CXmlElement* element, CXmlElement*& child,
-                 CXmlSerializationContext const& context);
+    CElementCol(CSharedText defaultNamespace, CSharedText targetNamespace, int minOccurs, int maxOccurs);
 
-    wstring m_namespaceRestriction;
-    wstring m_defaultNamespace;
-    wstring m_targetNamespace;
+    template <class Accepts>
+    CXmlElement* ReadWhile(Accepts accepts, CXmlElement* element, CXmlElement* firstChild,
+                           CXmlSerializationContext const& context);
+
+    CSharedText m_namespaceRestriction;
+    CSharedText m_defaultNamespace;
+    CSharedText m_targetNamespace;
 };
 
 }  // namespace BxXmlLib5

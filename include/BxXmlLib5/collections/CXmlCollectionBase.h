@@ -3,6 +3,7 @@
 
 #include <vector>
 
+#include "BxXmlLib5/binding/CSharedText.h"
 #include "BxXmlLib5/binding/CXmlObjectBase.h"
 
 namespace BxXmlLib5 {
@@ -68,7 +69,7 @@ protected:
     /// @throws CBxInvalidParamException unless index is 0 to count - 1
     static void ThrowIfOutOfRange(int index, int count);
 
-    wstring m_namespace;
+    CSharedText m_namespace;
 
 private:
     std::vector<CXmlObjectBase*> m_listeners;

@@ -1,4 +1,4 @@
-#include "collections/DefaultNamespace.h"
+#include "collections/Wildcards.h"
 
 namespace BxXmlLib5 {
 
@@ -7,6 +7,11 @@ std::u16string_view DefaultNamespace(std::u16string_view ns, std::u16string_view
     std::u16string_view const token = namespaceRestriction.substr(0, namespaceRestriction.find(u' '));
     bool const isConcrete = token.size() >= 2 && token[0] != u'#' && token[1] != u'#';
     return isConcrete ? token : std::u16string_view();
+}
+
+CSharedText const& AnyNamespace() {
+    static CSharedText const s_any(u"##any");
+    return s_any;
 }
 
 }  // namespace BxXmlLib5
