@@ -15,21 +15,24 @@ constexpr int kMostLevelsAtOnce = 64;
 thread_local int t_levels = 0;
 thread_local CNode* t_waiting = nullptr;
 
-/// Frees a node that is in no list, and releases its item last.
+CNode* TakeWaiting() { return std::exchange(t_waiting, t_waiting->m_next); }
+
+/// The item goes last, and may take a tree with it.
+void DeleteNode(CNode* node) {
+    CSmartPtr<CXmlObjectBase> const item = std::move(node->m_item);
+    delete node;
+}
+
+/// Frees a node that is in no list.
 void FreeNode(CNode* node) {
     if (t_levels == kMostLevelsAtOnce) {
         node->m_next = std::exchange(t_waiting, node);
         return;
     }
     ++t_levels;
-    {
-        CSmartPtr<CXmlObjectBase> const item = std::move(node->m_item);
-        delete node;
-    }
+    DeleteNode(node);
+    while (t_levels == 1 && t_waiting != nullptr) DeleteNode(TakeWaiting());
     --t_levels;
-    if (t_levels == 0 && t_waiting != nullptr) {
-        FreeNode(std::exchange(t_waiting, t_waiting->m_next));
-    }
 }
 
 }  // namespace

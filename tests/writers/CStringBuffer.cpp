@@ -126,7 +126,7 @@ TEST(CStringBuffer, EscapesMarkupAndConvertsLineEnds) {
         {u"\n\r\r\n", u"\n\n", u"\r\n\r\n"},
         {u"\r", u"", u""},
         {u"\0a\0<\0"s, u"\0a\0&lt;\0"s, u"\0a\0&lt;\0"s},
-        {u"\u0126\u013C\u0A0D\u3C26\uD800\uFFFF", u"", u""},  // units whose low octets are special
+        {u"\u0126\u013C\u0A0D\u3C26\xD800\xFFFF", u"", u""},  // units whose low octets are special
     };
     for (Row const& row : rows) {
         bool const plain = row.m_text.back() == u'\uFFFF';

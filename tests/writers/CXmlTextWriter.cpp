@@ -1,5 +1,7 @@
 #include "writers/CXmlTextWriter.h"
 
+#include <sstream>
+
 #include "BxXmlLib5/document/CXmlDocument.h"
 #include "platform/Limits.h"
 #include "support/Expect.h"
@@ -9,471 +11,354 @@ using namespace std::string_literals;
 
 namespace {
 
-wstring const kXsi = u"http://www.w3.org/2001/XMLSchema-instance";
-wstring const kXml = u"http://www.w3.org/XML/1998/namespace";
+std::pair<std::string, std::string> const kLongNames[] = {
+    {"XSI", "http://www.w3.org/2001/XMLSchema-instance"}, {"XML", "http://www.w3.org/XML/1998/namespace"}};
 
-/// A text writer as a chain of calls, without formatting unless told otherwise.
-class Out {
-public:
-    explicit Out(bool formatting = false, EOLType eol = eol_LF) {
-        m_writer.SetFormatting(formatting);
-        m_writer.SetEOLType(eol);
+wstring Uri(std::string const& name) {
+    for (auto const& [shortName, uri] : kLongNames) {
+        if (name == shortName) return FromUtf8(uri);
     }
-    Out& Alias(wstring const& alias, wstring const& ns) { return m_writer.AddNamespace(alias, ns), *this; }
-    Out& Default(wstring const& ns) { return m_writer.SetDefaultNamespace(ns), *this; }
-    Out& Start(wstring const& name, wstring const& ns = u"") {
-        return m_writer.WriteStartElement(name, ns), *this;
-    }
-    Out& Attribute(wstring const& name, wstring const& value, wstring const& ns = u"") {
-        return m_writer.WriteAttribute(name, ns, value), *this;
-    }
-    Out& Type(wstring const& ns, wstring const& name) { return m_writer.WriteXsiType(ns, name), *this; }
-    Out& Text(wstring const& text) { return m_writer.WriteText(text), *this; }
-    Out& End() { return m_writer.WriteEndElement(), *this; }
-    Out& Empty(wstring const& name, wstring const& ns = u"") { return Start(name, ns).End(); }
-    Out& Comment(wstring const& text) { return m_writer.WriteComment(text), *this; }
-    Out& Instruction(wstring const& text) { return m_writer.WriteProcessingInstruction(text), *this; }
-    Out& Schema(wstring const& text) { return m_writer.WriteInLineSchema(text), *this; }
+    return FromUtf8(name);
+}
 
-    /// The text so far, with short names for the two long namespaces.
-    std::string Str() {
-        std::string text = ToUtf8(m_writer.GetString());
-        for (auto const& [uri, name] : {std::pair{kXsi, "XSI"}, {kXml, "XML"}}) {
-            std::string const longName = ToUtf8(uri);
-            for (std::size_t at = 0; (at = text.find(longName)) != std::string::npos;)
-                text.replace(at, longName.size(), name);
+/// Before and behind a separator; all is behind it if there is none.
+std::pair<std::string, std::string> Split(std::string const& text, char separator) {
+    std::size_t const at = text.find(separator);
+    return {text.substr(0, at == std::string::npos ? 0 : at), text.substr(at + 1)};
+}
+
+/// Calls the operations that a script names, which are separated by blanks:
+///
+///     <ns|name  WriteStartElement    @ns|name=value  WriteAttribute    +alias=ns  AddNamespace
+///     >         WriteEndElement      ^ns|name        WriteXsiType      *ns        SetDefaultNamespace
+///     'text     WriteText            !text  WriteComment    ?text  WriteProcessingInstruction
+///     .         WriteEndDocument     #text  WriteInLineSchema
+void Run(CXmlTextWriter& writer, std::string const& script) {
+    std::istringstream tokens(script);
+    for (std::string token; tokens >> token;) {
+        auto const [ns, rest] = Split(token.substr(1), '|');
+        auto const [name, value] = Split(rest, '=');
+        wstring const text = FromUtf8(rest);
+        switch (token[0]) {
+            case '<':
+                writer.WriteStartElement(text, Uri(ns));
+                break;
+            case '>':
+                writer.WriteEndElement();
+                break;
+            case '@':
+                writer.WriteAttribute(FromUtf8(name), Uri(ns), FromUtf8(value));
+                break;
+            case '^':
+                writer.WriteXsiType(Uri(ns), text);
+                break;
+            case '\'':
+                writer.WriteText(text);
+                break;
+            case '+':
+                writer.AddNamespace(FromUtf8(name), Uri(value));
+                break;
+            case '*':
+                writer.SetDefaultNamespace(Uri(rest));
+                break;
+            case '!':
+                writer.WriteComment(text);
+                break;
+            case '?':
+                writer.WriteProcessingInstruction(text);
+                break;
+            case '#':
+                writer.WriteInLineSchema(text);
+                break;
+            case '.':
+                writer.WriteEndDocument();
+                break;
+            default:
+                ADD_FAILURE() << token;
         }
-        return text;
     }
+}
 
-    CXmlTextWriter m_writer;
+/// The text so far, with the short names of the long namespaces.
+std::string Text(CXmlTextWriter& writer) {
+    std::string text = ToUtf8(writer.GetString());
+    for (auto const& [shortName, uri] : kLongNames) {
+        for (std::size_t at = 0; (at = text.find(uri)) != std::string::npos;)
+            text.replace(at, uri.size(), shortName);
+    }
+    return text;
+}
+
+struct Row {
+    char const* m_script;
+    std::string m_expected;
 };
+
+void ExpectWritten(std::initializer_list<Row> rows, bool formatting = false, EOLType eol = eol_LF) {
+    for (Row const& row : rows) {
+        CXmlTextWriter writer;
+        writer.SetFormatting(formatting);
+        writer.SetEOLType(eol);
+        Run(writer, row.m_script);
+        EXPECT_EQ(Text(writer), row.m_expected) << row.m_script;
+    }
+}
 
 TEST(CXmlTextWriter, BreaksLinesByLineFeedsAndIndentsAtFirst) {
     CXmlTextWriter writer;
     EXPECT_EQ(writer.GetString(), u"");
-    writer.WriteStartElement(u"a", u"");
-    writer.WriteStartElement(u"b", u"");
-    writer.WriteText(u"1\n2");
-    writer.WriteEndElement();
-    writer.WriteEndElement();
-    EXPECT_EQ(writer.GetString(), u"<a>\n\t<b>1\n2</b>\n</a>\n");
-    EXPECT_EQ(writer.TakeString(), u"<a>\n\t<b>1\n2</b>\n</a>\n");
+    Run(writer, "<a <b > >");
+    EXPECT_EQ(writer.GetString(), u"<a>\n\t<b/>\n</a>\n");
+    EXPECT_EQ(writer.TakeString(), u"<a>\n\t<b/>\n</a>\n");
     EXPECT_EQ(writer.GetString(), u"");
 }
 
 TEST(CXmlTextWriter, DeclaresTheEncodingAndBeginsAnew) {
-    std::string const names[] = {"", "", " encoding=\"UTF-8\"", " encoding=\"UTF-16\"", "", "", ""};
-    for (int encoding = -1; encoding <= 5; ++encoding) {
-        for (bool formatting : {false, true}) {
-            std::string const declaration = "<?xml version=\"1.0\"" + names[encoding + 1] + "?>";
-            Out lf(formatting, eol_LF);
-            lf.Instruction(u"gone").m_writer.WriteStartDocument(static_cast<XmlEncoding>(encoding));
-            EXPECT_EQ(lf.Str(), declaration + "\n");
-            Out crlf(formatting, eol_CRLF);
-            crlf.m_writer.WriteStartDocument(static_cast<XmlEncoding>(encoding));
-            EXPECT_EQ(crlf.Str(), declaration + "\r\n");
+    std::string const names[] = {"", "", " encoding=\"UTF-8\"", " encoding=\"UTF-16\"", "", ""};
+    for (int encoding = -1; encoding <= 4; ++encoding) {
+        for (EOLType eol : {eol_CRLF, eol_LF}) {
+            CXmlTextWriter writer;
+            writer.SetFormatting(encoding % 2 == 0);
+            writer.SetEOLType(eol);
+            Run(writer, "?gone");
+            writer.WriteStartDocument(static_cast<XmlEncoding>(encoding));
+            EXPECT_EQ(Text(writer),
+                      "<?xml version=\"1.0\"" + names[encoding + 1] + (eol == eol_LF ? "?>\n" : "?>\r\n"));
         }
     }
 }
 
 TEST(CXmlTextWriter, WritesWhatStandsBesideElementsWithLineEnds) {
     for (bool formatting : {false, true}) {
-        EXPECT_EQ(Out(formatting).Instruction(u"<?a <&\">\r?>").Comment(u" <a> & \"b\"--\r\nc ").Str(),
-                  "<?a <&\">\r?>\n\n<!-- &lt;a&gt; &amp; &quot;b&quot;--\nc -->\n");
-        EXPECT_EQ(Out(formatting, eol_CRLF).Instruction(u"<?a \n?>").Comment(u"\n\r").Str(),
-                  "<?a \n?>\r\n\r\n<!--\r\n-->\r\n");
-        EXPECT_EQ(Out(formatting).Start(u"a").Schema(u"<s k=\"&\">\r</s>").Str(), "<a \n<s k=\"&\">\r</s>\n");
+        ExpectWritten({{"?<?p\"&?> !<c>&\"-- ?q", "<?p\"&?>\n\n<!--&lt;c&gt;&amp;&quot;---->\nq\n\n"},
+                       {"<a #<s>\"&</s>", "<a \n<s>\"&</s>\n"}},
+                      formatting);
+        ExpectWritten({{"?p !c <a #s", "p\r\n\r\n<!--c-->\r\n<a \r\ns\r\n"}}, formatting, eol_CRLF);
     }
-    EXPECT_EQ(Out().Start(u"a").Attribute(u"k", u"").Schema(u"<s/>").Attribute(u"l", u"").End().Str(),
-              "<a k=\"\" \n<s/>\n l=\"\"/>");
-    EXPECT_EQ(Out(false, eol_CRLF).Start(u"a").Schema(u"<s/>\n").Empty(u"b").End().Str(),
-              "<a \r\n<s/>\n\r\n><b/></a>");
-}
-
-TEST(CXmlTextWriter, ClosesAStartTagBeforeACommentOrAnInstruction) {
-    EXPECT_EQ(Out().Start(u"a").Comment(u"c").End().Str(), "<a><!--c-->\n</a>");
-    EXPECT_EQ(Out().Start(u"a").Instruction(u"<?p?>").End().Str(), "<a><?p?>\n\n</a>");
-    EXPECT_EQ(Out().Start(u"a").Text(u"t").Comment(u"c").Instruction(u"<?p?>").End().Comment(u"d").Str(),
-              "<a>t<!--c-->\n<?p?>\n\n</a><!--d-->\n");
-    Out out;
-    EXPECT_BX_THROW(out.Start(u"a").Comment(u"c").Attribute(u"k", u""), CBxException,
-                    "Attributes must be added before elements");
+    ExpectWritten({{"<a @k=v #<s/> @l=w >", "<a k=\"v\" \n<s/>\n l=\"w\"/>"},
+                   {"<a !c >", "<a><!--c-->\n</a>"},  // a start tag that is open is closed first
+                   {"<a ?p >", "<a>p\n\n</a>"},
+                   {"<a 't !c ?p > !d", "<a>t<!--c-->\np\n\n</a><!--d-->\n"}});
 }
 
 TEST(CXmlTextWriter, FormatsByLevels) {
-    auto const compose = [](bool formatting, EOLType eol) {
-        Out out(formatting, eol);
-        out.Start(u"a")
-            .Attribute(u"k", u"v")
-            .Start(u"b")
-            .Text(u"x")
-            .End()
-            .Start(u"c")
-            .Start(u"d")
-            .Empty(u"e");
-        return out.End().Start(u"f").Text(u"").End().End().Empty(u"g").End().Str();
-    };
-    EXPECT_EQ(
-        compose(true, eol_LF),
-        "<a k=\"v\">\n\t<b>x</b>\n\t<c>\n\t\t<d>\n\t\t\t<e/>\n\t\t</d>\n\t\t<f/>\n\t</c>\n\t<g/>\n</a>\n");
-    EXPECT_EQ(compose(true, eol_CRLF),
-              "<a k=\"v\">\r\n\t<b>x</b>\r\n\t<c>\r\n\t\t<d>\r\n\t\t\t<e/>\r\n\t\t</d>\r\n"
-              "\t\t<f/>\r\n\t</c>\r\n\t<g/>\r\n</a>\r\n");
-    EXPECT_EQ(compose(false, eol_CRLF), "<a k=\"v\"><b>x</b><c><d><e/></d><f/></c><g/></a>");
-    EXPECT_EQ(Out(true).Start(u"a").Text(u"x").Empty(u"b").End().Str(), "<a>x\t<b/>\n</a>\n");
-    EXPECT_EQ(Out(true).Start(u"a").Empty(u"b").Text(u"x").End().Str(), "<a>\n\t<b/>\nx</a>\n");
-    EXPECT_EQ(Out(true).Start(u"a").Start(u"b").Text(u"x").Empty(u"c").Text(u"y").End().End().Str(),
-              "<a>\n\t<b>x\t\t<c/>\ny\t</b>\n</a>\n");
-    EXPECT_EQ(Out(true).Empty(u"a").Empty(u"b").Str(), "<a/>\n<b/>\n");
+    std::string const script = "<a @k=v <b 'x > <c <d <e > > <f ' > > <g > >";
+    std::string const lines =
+        "<a k=\"v\">\n\t<b>x</b>\n\t<c>\n\t\t<d>\n\t\t\t<e/>\n\t\t</d>\n\t\t<f/>\n\t</c>\n\t<g/>\n</a>\n";
+    ExpectWritten({{script.c_str(), lines},
+                   {"<a 'x <b > >", "<a>x\t<b/>\n</a>\n"},
+                   {"<a <b > 'x >", "<a>\n\t<b/>\nx</a>\n"},
+                   {"<a <b 'x <c > 'y > >", "<a>\n\t<b>x\t\t<c/>\ny\t</b>\n</a>\n"},
+                   {"<a > <b >", "<a/>\n<b/>\n"}},
+                  true);
+    ExpectWritten({{script.c_str(), "<a k=\"v\"><b>x</b><c><d><e/></d><f/></c><g/></a>"}}, false, eol_CRLF);
+    ExpectWritten({{"<a <b 'x > >", "<a>\r\n\t<b>x</b>\r\n</a>\r\n"}}, true, eol_CRLF);
 }
 
-TEST(CXmlTextWriter, EscapesTextAndValuesAlike) {
-    wstring const special = u"<&>\"'\t\x01\x1F\r\n\0\u20AC\xD83D\xDE00."s;
-    std::string const escaped = "&lt;&amp;&gt;&quot;'\t\x01\x1F\n\0\xE2\x82\xAC\xF0\x9F\x98\x80."s;
-    EXPECT_EQ(Out().Start(u"a").Attribute(u"k", special).Text(special).Text(special).End().Str(),
-              "<a k=\"" + escaped + "\">" + escaped + escaped + "</a>");
-    EXPECT_EQ(Out().Comment(special).Str(), "<!--" + escaped + "-->\n");
-    EXPECT_EQ(Out().Instruction(u"\0."s).Start(u"a").Schema(u"\0."s).Str(), "\0.\n\n<a \n\0.\n"s);
-    EXPECT_EQ(Out(false, eol_CRLF).Start(u"a").Attribute(u"k", u"1\n2").Text(u"1\r\n2\n\r3\r4").End().Str(),
-              "<a k=\"1\r\n2\">1\r\n2\r\n34</a>");
-    EXPECT_EQ(Out().Start(u"a").Text(u"\r").End().Str(), "<a></a>");
-    EXPECT_EQ(Out().Alias(u"p&", u"<\">").Start(u"a&", u"\"&").Attribute(u"k<", u"", u"<\">").End().Str(),
-              "<AA:a& xmlns:AA=\"\"&\" xmlns:p&=\"<\">\" p&:k<=\"\"/>");
+TEST(CXmlTextWriter, EscapesTextValuesAndCommentsAlike) {
+    wstring const special = u"<&>\"'\t\x01\x1F\r\n\0\u20AC\xD83D\xDE00 ."s;
+    std::string const expected = "&lt;&amp;&gt;&quot;'\t\x01\x1F\r\n\0\xE2\x82\xAC\xF0\x9F\x98\x80 ."s;
+    CXmlTextWriter writer;
+    writer.SetFormatting(false);
+    writer.SetEOLType(eol_CRLF);
+    writer.WriteComment(special);
+    writer.WriteProcessingInstruction(u"\0\n\r"s);
+    Run(writer, "+p&=<\"> <\"|a&");
+    writer.WriteAttribute(u"k<", u"<\">", special);
+    writer.WriteInLineSchema(u"\0\n\r"s);
+    writer.WriteText(special);
+    writer.WriteText(special);
+    EXPECT_EQ(Text(writer), "<!--" + expected +
+                                "-->\r\n\0\n\r\r\n\r\n<AA:a& xmlns:AA=\"\"\" xmlns:p&=\"<\">\" p&:k<=\""s +
+                                expected + "\" \r\n\0\n\r\r\n>"s + expected + expected);
+    ExpectWritten({{"<a ' @k= >", "<a k=\"\"/>"}});
+    CXmlTextWriter dropped;
+    Run(dropped, "<a");
+    dropped.WriteText(u"\r");
+    Run(dropped, ">");
+    EXPECT_EQ(Text(dropped), "<a></a>\n");
 }
 
 TEST(CXmlTextWriter, DeclaresANewPrefixOnTheElementThatNeedsIt) {
-    EXPECT_EQ(Out().Empty(u"a", u"N").Str(), R"(<AA:a xmlns:AA="N"/>)");
-    EXPECT_EQ(Out().Start(u"a", u"N").Text(u"x").End().Str(), R"(<AA:a xmlns:AA="N">x</AA:a>)");
-    EXPECT_EQ(Out().Start(u"a", u"N").Start(u"b", u"N").Empty(u"c").End().Start(u"d", u"M").End().End().Str(),
-              R"(<AA:a xmlns:AA="N"><AA:b><c/></AA:b><AB:d xmlns:AB="M"/></AA:a>)");
-    EXPECT_EQ(Out()
-                  .Start(u"a")
-                  .Start(u"b", u"N")
-                  .Empty(u"c", u"N")
-                  .End()
-                  .Empty(u"d", u"N")
-                  .Empty(u"e", u"M")
-                  .End()
-                  .Str(),
-              R"(<a><AA:b xmlns:AA="N"><AA:c/></AA:b><AA:d xmlns:AA="N"/><AA:e xmlns:AA="M"/></a>)");
-    // A scope taken over two levels that have none of their own, and again below.
-    EXPECT_EQ(Out()
-                  .Start(u"a", u"N")
-                  .Start(u"b")
-                  .Start(u"c", u"M")
-                  .Start(u"d")
-                  .Empty(u"e", u"N")
-                  .Empty(u"f", u"L")
-                  .Empty(u"g", u"M")
-                  .End()
-                  .End()
-                  .Empty(u"h", u"M")
-                  .End()
-                  .Empty(u"i", u"L")
-                  .End()
-                  .Str(),
-              R"(<AA:a xmlns:AA="N"><b><AB:c xmlns:AB="M"><d><AA:e/><AC:f xmlns:AC="L"/><AB:g/></d></AB:c>)"
-              R"(<AB:h xmlns:AB="M"/></b><AB:i xmlns:AB="L"/></AA:a>)");
-    EXPECT_EQ(Out().Empty(u"a", u"N").Empty(u"b", u"N").Str(), R"(<AA:a xmlns:AA="N"/><AA:b xmlns:AA="N"/>)");
+    ExpectWritten(
+        {{"<N|a >", R"(<AA:a xmlns:AA="N"/>)"},
+         {"<N|a 'x >", R"(<AA:a xmlns:AA="N">x</AA:a>)"},
+         {"<N|a <N|b <c > > <M|d > >", R"(<AA:a xmlns:AA="N"><AA:b><c/></AA:b><AB:d xmlns:AB="M"/></AA:a>)"},
+         {"<a <N|b <N|c > > <N|d > <M|e > >",
+          R"(<a><AA:b xmlns:AA="N"><AA:c/></AA:b><AA:d xmlns:AA="N"/><AA:e xmlns:AA="M"/></a>)"},
+         {"<N|a <b <M|c <d <N|e > <L|f > <M|g > > > <M|h > > <L|i > >",
+          R"(<AA:a xmlns:AA="N"><b><AB:c xmlns:AB="M"><d><AA:e/><AC:f xmlns:AC="L"/><AB:g/></d></AB:c>)"
+          R"(<AB:h xmlns:AB="M"/></b><AB:i xmlns:AB="L"/></AA:a>)"},
+         {"<N|a > <N|b >", R"(<AA:a xmlns:AA="N"/><AA:b xmlns:AA="N"/>)"}});
 }
 
 TEST(CXmlTextWriter, DeclaresTheDefaultNamespaceAndTheAliasesOnTheRoot) {
-    EXPECT_EQ(Out().Default(u"N").Empty(u"a", u"N").Str(), R"(<a xmlns="N"/>)");
-    EXPECT_EQ(Out().Default(u"N").Start(u"a").Empty(u"b", u"N").Empty(u"c", u"M").End().Str(),
-              R"(<a xmlns="N"><b/><AA:c xmlns:AA="M"/></a>)");
-    EXPECT_EQ(Out().Default(u"old").Default(u"N").Empty(u"a", u"old").Str(),
-              R"(<AA:a xmlns:AA="old" xmlns="N"/>)");
-    EXPECT_EQ(Out().Alias(u"p", u"N").Start(u"a", u"N").Empty(u"b", u"N").Empty(u"c").End().Str(),
-              R"(<p:a xmlns:p="N"><p:b/><c/></p:a>)");
-    EXPECT_EQ(Out().Alias(u"p", u"N").Default(u"N").Start(u"a", u"N").Empty(u"b", u"N").End().Str(),
-              R"(<a xmlns="N" xmlns:p="N"><b/></a>)");
-    EXPECT_EQ(Out().Alias(u"p", u"P").Default(u"D").Start(u"a", u"N").Attribute(u"k", u"v").End().Str(),
-              R"(<AA:a xmlns:AA="N" xmlns="D" xmlns:p="P" k="v"/>)");
-    EXPECT_EQ(Out()
-                  .Alias(u"a", u"z")
-                  .Alias(u"c", u"\uFFFD")
-                  .Alias(u"d", u"\U00010000")
-                  .Alias(u"b", u"Z")
-                  .Empty(u"r")
-                  .Str(),
-              "<r xmlns:b=\"Z\" xmlns:a=\"z\" xmlns:d=\"\U00010000\" xmlns:c=\"\uFFFD\"/>");
-    EXPECT_EQ(Out().Alias(u"p", u"N").Alias(u"q", u"N").Alias(u"q", u"M").Empty(u"a", u"N").Str(),
-              R"(<q:a xmlns:q="M" xmlns:q="N"/>)");
-    EXPECT_EQ(Out().Alias(u"AA", u"X").Alias(u"AC", u"Y").Start(u"a", u"N").Empty(u"b", u"M").End().Str(),
-              R"(<AB:a xmlns:AB="N" xmlns:AA="X" xmlns:AC="Y"><AD:b xmlns:AD="M"/></AB:a>)");
-    EXPECT_EQ(Out().Alias(u"p", u"P").Default(u"D").Empty(u"a").Empty(u"b", u"N").Str(),
-              R"(<a xmlns="D" xmlns:p="P"/><AA:b xmlns:AA="N" xmlns="D" xmlns:p="P"/>)");
+    ExpectWritten(
+        {{"*N <N|a >", R"(<a xmlns="N"/>)"},
+         {"*N <a <N|b 'x > <M|c > >", R"(<a xmlns="N"><b>x</b><AA:c xmlns:AA="M"/></a>)"},
+         {"*M *N <M|a >", R"(<AA:a xmlns:AA="M" xmlns="N"/>)"},
+         {"+p=N <N|a <N|b > <c > >", R"(<p:a xmlns:p="N"><p:b/><c/></p:a>)"},
+         {"+p=N *N <N|a <N|b > >", R"(<a xmlns="N" xmlns:p="N"><b/></a>)"},
+         {"+p=P *D <N|a @k=v >", R"(<AA:a xmlns:AA="N" xmlns="D" xmlns:p="P" k="v"/>)"},
+         {"+a=z +c=\uFFFD +d=\U00010000 +b=Z <r >",  // U+10000 begins with D800, before FFFD
+          "<r xmlns:b=\"Z\" xmlns:a=\"z\" xmlns:d=\"\U00010000\" xmlns:c=\"\uFFFD\"/>"},
+         {"+p=N +q=N +q=M <N|a >", R"(<q:a xmlns:q="M" xmlns:q="N"/>)"},
+         {"+AA=X +AC=Y <N|a <M|b > >",
+          R"(<AB:a xmlns:AB="N" xmlns:AA="X" xmlns:AC="Y"><AD:b xmlns:AD="M"/></AB:a>)"},
+         {"+p=P *D <a > <N|b >", R"(<a xmlns="D" xmlns:p="P"/><AA:b xmlns:AA="N" xmlns="D" xmlns:p="P"/>)"}});
 }
 
 TEST(CXmlTextWriter, NeverLeavesAnAttributeToTheDefaultNamespace) {
-    EXPECT_EQ(Out()
-                  .Start(u"a")
-                  .Attribute(u"k", u"v", u"N")
-                  .Attribute(u"l", u"w", u"N")
-                  .Attribute(u"m", u"", u"M")
-                  .End()
-                  .Str(),
-              R"(<a xmlns:AA="N" AA:k="v" AA:l="w" xmlns:AB="M" AB:m=""/>)");
-    EXPECT_EQ(Out().Default(u"N").Start(u"a", u"N").Attribute(u"k", u"v", u"N").Empty(u"b", u"N").End().Str(),
-              R"(<a xmlns="N" xmlns:AA="N" AA:k="v"><b/></a>)");
-    EXPECT_EQ(Out().Start(u"a", u"N").Attribute(u"k", u"v", u"N").Attribute(u"l", u"w").End().Str(),
-              R"(<AA:a xmlns:AA="N" AA:k="v" l="w"/>)");
-    EXPECT_EQ(Out().Alias(u"p", u"N").Start(u"a").Attribute(u"k", u"v", u"N").End().Str(),
-              R"(<a xmlns:p="N" p:k="v"/>)");
-    EXPECT_EQ(Out()
-                  .Default(u"D")
-                  .Start(u"a")
-                  .Start(u"b")
-                  .Attribute(u"k", u"", u"N")
-                  .Empty(u"c", u"N")
-                  .Empty(u"d", u"D")
-                  .End()
-                  .Empty(u"e", u"N")
-                  .End()
-                  .Str(),
-              R"(<a xmlns="D"><b xmlns:AA="N" AA:k=""><AA:c/><d/></b><AA:e xmlns:AA="N"/></a>)");
+    ExpectWritten(
+        {{"<a @N|k=v @N|l= @M|m=w @n= >", R"(<a xmlns:AA="N" AA:k="v" AA:l="" xmlns:AB="M" AB:m="w" n=""/>)"},
+         {"*N <N|a @N|k=v <N|b > >", R"(<a xmlns="N" xmlns:AA="N" AA:k="v"><b/></a>)"},
+         {"<N|a @N|k=v >", R"(<AA:a xmlns:AA="N" AA:k="v"/>)"},
+         {"+p=N <a @N|k=v >", R"(<a xmlns:p="N" p:k="v"/>)"},
+         {"*D <a <b @N|k=v <N|c > <D|d > > <N|e > >",
+          R"(<a xmlns="D"><b xmlns:AA="N" AA:k="v"><AA:c/><d/></b><AA:e xmlns:AA="N"/></a>)"}});
 }
 
 TEST(CXmlTextWriter, WritesTheTypeOfAnElement) {
-    EXPECT_EQ(Out().Start(u"a").Type(u"", u"T").End().Str(), R"(<a xmlns:AA="XSI" AA:type="T"/>)");
-    EXPECT_EQ(Out().Alias(u"xsi", kXsi).Default(u"N").Start(u"a").Type(u"N", u"T").End().Str(),
-              R"(<a xmlns="N" xmlns:xsi="XSI" xsi:type="T"/>)");
-    EXPECT_EQ(Out().Alias(u"xsi", kXsi).Alias(u"p", u"N").Start(u"a").Type(u"N", u"T").End().Str(),
-              R"(<a xmlns:xsi="XSI" xmlns:p="N" xsi:type="p:T"/>)");
-    EXPECT_EQ(Out().Alias(u"p", u"N").Default(u"N").Start(u"a").Type(u"N", u"<T>").End().Str(),
-              R"(<a xmlns="N" xmlns:p="N" xmlns:AA="XSI" AA:type="&lt;T&gt;"/>)");
-    EXPECT_EQ(Out().Alias(u"xsi", kXsi).Start(u"a").Type(u"N", u"T").Attribute(u"k", u"v", u"N").End().Str(),
-              R"(<a xmlns:xsi="XSI" xmlns:AA="N"  xsi:type="AA:T" AA:k="v"/>)");
-    EXPECT_EQ(
-        Out()
-            .Start(u"a")
-            .Start(u"b")
-            .Type(u"N", u"T")
-            .Empty(u"c", u"N")
-            .End()
-            .Start(u"d")
-            .Type(u"N", u"T")
-            .End()
-            .End()
-            .Str(),
-        R"(<a><b xmlns:AA="N"  xmlns:AB="XSI" AB:type="AA:T"><AA:c/></b><d xmlns:AA="N"  xmlns:AB="XSI" AB:type="AA:T"/></a>)");
-    EXPECT_EQ(Out().Start(u"a", u"N").Type(u"N", u"T").End().Str(),
-              R"(<AA:a xmlns:AA="N" xmlns:AB="XSI" AB:type="AA:T"/>)");
+    ExpectWritten({{"<a ^T >", R"(<a xmlns:AA="XSI" AA:type="T"/>)"},
+                   {"+x=XSI *N <a ^N|<T> >", R"(<a xmlns="N" xmlns:x="XSI" x:type="&lt;T&gt;"/>)"},
+                   {"+x=XSI +p=N <a ^N|T >", R"(<a xmlns:x="XSI" xmlns:p="N" x:type="p:T"/>)"},
+                   {"+p=N *N <a ^N|T >", R"(<a xmlns="N" xmlns:p="N" xmlns:AA="XSI" AA:type="T"/>)"},
+                   {"+x=XSI <a ^N|T @N|k= >", R"(<a xmlns:x="XSI" xmlns:AA="N"  x:type="AA:T" AA:k=""/>)"},
+                   {"<a <b ^N|T <N|c > > <d ^N|T > >",
+                    R"(<a><b xmlns:AA="N"  xmlns:AB="XSI" AB:type="AA:T"><AA:c/></b>)"
+                    R"(<d xmlns:AA="N"  xmlns:AB="XSI" AB:type="AA:T"/></a>)"},
+                   {"<N|a ^N|T >", R"(<AA:a xmlns:AA="N" xmlns:AB="XSI" AB:type="AA:T"/>)"}});
 }
 
 TEST(CXmlTextWriter, BindsTheXmlNamespaceToItsPrefixAlways) {
-    EXPECT_EQ(Out().Start(u"a").Attribute(u"lang", u"de", kXml).Empty(u"b", u"N").End().Str(),
-              R"(<a xml:lang="de"><AA:b xmlns:AA="N"/></a>)");
-    EXPECT_EQ(Out().Start(u"a", kXml).Start(u"b", kXml).Text(u"x").End().End().Str(),
-              "<xml:a><xml:b>x</xml:b></xml:a>");
-    EXPECT_EQ(Out().Alias(u"i", kXsi).Start(u"a").Type(kXml, u"T").End().Str(),
-              R"(<a xmlns:i="XSI" i:type="xml:T"/>)");
-    for (wstring const alias : {u"p", u"xml"}) {
-        EXPECT_EQ(Out()
-                      .Alias(alias, kXml)
-                      .Alias(u"q", u"Q")
-                      .Start(u"a", kXml)
-                      .Attribute(u"lang", u"de", kXml)
-                      .End()
-                      .Str(),
-                  R"(<xml:a xmlns:q="Q" xml:lang="de"/>)");
-        EXPECT_EQ(Out().Start(u"a").Alias(alias, kXml).Attribute(u"lang", u"de", kXml).End().Str(),
-                  R"(<a xml:lang="de"/>)");
-    }
-    EXPECT_EQ(Out().Default(kXml).Start(u"a", kXml).Attribute(u"lang", u"de", kXml).End().Str(),
-              R"(<xml:a xml:lang="de"/>)");
+    ExpectWritten({{"<a @XML|lang=de <N|b > >", R"(<a xml:lang="de"><AA:b xmlns:AA="N"/></a>)"},
+                   {"<XML|a <XML|b 'x > >", "<xml:a><xml:b>x</xml:b></xml:a>"},
+                   {"+i=XSI <a ^XML|T >", R"(<a xmlns:i="XSI" i:type="xml:T"/>)"},
+                   {"+p=XML +q=Q <XML|a @XML|lang=de >", R"(<xml:a xmlns:q="Q" xml:lang="de"/>)"},
+                   {"+xml=XML <a @XML|lang=de >", R"(<a xml:lang="de"/>)"},
+                   {"<a +p=XML @XML|lang=de >", R"(<a xml:lang="de"/>)"},
+                   {"*XML <XML|a @XML|lang=de >", R"(<xml:a xml:lang="de"/>)"}});
 }
 
-TEST(CXmlTextWriter, ChangesTheScopeOfAnOpenElement) {
-    EXPECT_EQ(Out().Start(u"a", u"N").Default(u"N").Empty(u"b", u"N").End().Str(),
-              R"(<AA:a xmlns:AA="N"><b/></a>)");
-    EXPECT_EQ(
-        Out().Start(u"a", u"N").Alias(u"q", u"N").Attribute(u"k", u"", u"N").Empty(u"b", u"N").End().Str(),
-        R"(<AA:a xmlns:AA="N" q:k=""><q:b/></q:a>)");
-    EXPECT_EQ(Out()
-                  .Alias(u"p", u"N")
-                  .Default(u"N")
-                  .Start(u"a", u"N")
-                  .Default(u"M")
-                  .Empty(u"b", u"N")
-                  .Empty(u"c", u"M")
-                  .End()
-                  .Str(),
-              R"(<a xmlns="N" xmlns:p="N"><p:b/><c/></p:a>)");
-    EXPECT_EQ(Out().Default(u"D").Start(u"a").Default(u"").Empty(u"b").Empty(u"c", u"D").End().Str(),
-              R"(<a xmlns="D"><b/><AA:c xmlns:AA="D"/></a>)");
-    EXPECT_EQ(Out()
-                  .Start(u"a")
-                  .Attribute(u"k", u"", u"N")
-                  .Alias(u"AB", u"X")
-                  .Attribute(u"l", u"", u"M")
-                  .Empty(u"b", u"X")
-                  .End()
-                  .Str(),
-              R"(<a xmlns:AA="N" AA:k="" xmlns:AC="M" AC:l=""><AB:b/></a>)");
-    EXPECT_EQ(Out().Start(u"a").Text(u"x").Alias(u"q", u"Q").Empty(u"b", u"Q").End().Str(), "<a>x<q:b/></a>");
-    // What is changed while the root is open ends with it.
-    EXPECT_EQ(Out()
-                  .Alias(u"p", u"P")
-                  .Start(u"a")
-                  .Alias(u"q", u"Q")
-                  .Default(u"D")
-                  .End()
-                  .Start(u"b", u"D")
-                  .End()
-                  .Str(),
-              R"(<a xmlns:p="P"/><AA:b xmlns:AA="D" xmlns:p="P"/>)");
+TEST(CXmlTextWriter, ChangesTheScopeOfAnOpenElementAlone) {
+    ExpectWritten(
+        {{"<N|a *N <N|b > >", R"(<AA:a xmlns:AA="N"><b/></a>)"},
+         {"<N|a +q=N @N|k= <N|b > >", R"(<AA:a xmlns:AA="N" q:k=""><q:b/></q:a>)"},
+         {"+p=N *N <N|a *M <N|b > <M|c > >", R"(<a xmlns="N" xmlns:p="N"><p:b/><c/></p:a>)"},
+         {"*D <a * <b > <D|c > >", R"(<a xmlns="D"><b/><AA:c xmlns:AA="D"/></a>)"},
+         {"<a @N|k= +AB=X @M|l= <X|b > >", R"(<a xmlns:AA="N" AA:k="" xmlns:AC="M" AC:l=""><AB:b/></a>)"},
+         {"<a 'x +q=Q <Q|b > >", "<a>x<q:b/></a>"},
+         {"+p=P <a +q=Q *D > <D|b >", R"(<a xmlns:p="P"/><AA:b xmlns:AA="D" xmlns:p="P"/>)"},
+         // A scope that is copied brings the default namespace and the aliases along.
+         {"*D <D|a <D|b +q=M <M|c > <D|d > > <M|e > >",
+          R"(<a xmlns="D"><b><q:c/><d/></b><AA:e xmlns:AA="M"/></a>)"},
+         {"*D <D|a <N|b <D|c > > >", R"(<a xmlns="D"><AA:b xmlns:AA="N"><c/></AA:b></a>)"},
+         {"+p=P *D <D|a <b *M <M|c > <P|d > <D|e > > <D|f > <M|g > >",
+          R"(<a xmlns="D" xmlns:p="P"><b><c/><p:d/><AA:e xmlns:AA="D"/></b><f/><AA:g xmlns:AA="M"/></a>)"},
+         {"<a <b *M +q=Q <c <d +r=R <M|e > <Q|f > <R|g > > > <R|h > > >",
+          R"(<a><b><c><d><e/><q:f/><r:g/></d></c><AA:h xmlns:AA="R"/></b></a>)"}});
 }
 
-TEST(CXmlTextWriter, CopiesTheScopeForAnElementThatChangesIt) {
-    // The default namespace comes along with a new alias, generated or not.
-    EXPECT_EQ(Out()
-                  .Default(u"D")
-                  .Start(u"a", u"D")
-                  .Start(u"b", u"D")
-                  .Alias(u"q", u"M")
-                  .Empty(u"c", u"M")
-                  .Empty(u"d", u"D")
-                  .End()
-                  .Empty(u"e", u"M")
-                  .End()
-                  .Str(),
-              R"(<a xmlns="D"><b><q:c/><d/></b><AA:e xmlns:AA="M"/></a>)");
-    EXPECT_EQ(Out().Default(u"D").Start(u"a", u"D").Start(u"b", u"N").Empty(u"c", u"D").End().End().Str(),
-              R"(<a xmlns="D"><AA:b xmlns:AA="N"><c/></AA:b></a>)");
-    // The aliases come along with a new default namespace, which neither parent nor siblings see.
-    EXPECT_EQ(
-        Out()
-            .Alias(u"p", u"P")
-            .Default(u"D")
-            .Start(u"a", u"D")
-            .Start(u"b")
-            .Default(u"M")
-            .Empty(u"c", u"M")
-            .Empty(u"d", u"P")
-            .Empty(u"e", u"D")
-            .End()
-            .Empty(u"f", u"D")
-            .Empty(u"g", u"M")
-            .End()
-            .Str(),
-        R"(<a xmlns="D" xmlns:p="P"><b><c/><p:d/><AA:e xmlns:AA="D"/></b><f/><AA:g xmlns:AA="M"/></a>)");
-    // An inner scope is a copy of the next one outside, not of the root's.
-    EXPECT_EQ(Out()
-                  .Start(u"a")
-                  .Start(u"b")
-                  .Default(u"M")
-                  .Alias(u"q", u"Q")
-                  .Start(u"c")
-                  .Start(u"d")
-                  .Alias(u"r", u"R")
-                  .Empty(u"e", u"M")
-                  .Empty(u"f", u"Q")
-                  .Empty(u"g", u"R")
-                  .End()
-                  .End()
-                  .Empty(u"h", u"R")
-                  .End()
-                  .End()
-                  .Str(),
-              R"(<a><b><c><d><e/><q:f/><r:g/></d></c><AA:h xmlns:AA="R"/></b></a>)");
-}
-
-TEST(CXmlTextWriter, TakesAttributesUntilTextOrAChild) {
-    for (bool child : {false, true}) {
-        Out out;
-        out.Start(u"a").Text(u"").Attribute(u"k", u"");
-        child ? out.Empty(u"b") : out.Text(u"x");
-        std::string const before = out.Str();
-        EXPECT_BX_THROW(out.Attribute(u"l", u"", u"N"), CBxException,
-                        "Attributes must be added before elements");
-        EXPECT_BX_THROW(out.Type(u"N", u"T"), CBxException, "Attributes must be added before elements");
-        EXPECT_EQ(out.Str(), before);
-        EXPECT_EQ(out.Empty(u"c", u"M").End().Str(), before + R"(<AA:c xmlns:AA="M"/></a>)");
-    }
-}
-
-TEST(CXmlTextWriter, EndsOnlyWhenAllElementsAreClosed) {
-    Out out;
-    out.m_writer.WriteEndDocument();
-    out.Start(u"a");
-    EXPECT_BX_THROW((out.m_writer.WriteEndDocument(), 0), CBxException, "An Element has not been closed.");
-    out.End().m_writer.WriteEndDocument();
-    EXPECT_EQ(out.Str(), "<a/>");
-}
-
-TEST(CXmlTextWriter, NeedsAnOpenElementForWhatGoesIntoOne) {
-    auto const expectRefusal = [](auto call) {
-        for (bool afterRoot : {false, true}) {
-            Out out;
-            if (afterRoot) out.Empty(u"a");
-            EXPECT_BX_THROW((call(out), 0), CBxInvalidStateException, "No element is open");
-            EXPECT_EQ(out.Str(), afterRoot ? "<a/>" : "");
-        }
+TEST(CXmlTextWriter, RefusesACallAndKeepsItsState) {
+    struct Refusal {
+        char const* m_before;
+        char const* m_call;
+        char const* m_thrown;
+        char const* m_after;
+        char const* m_expected;
     };
-    expectRefusal([](Out& out) { out.Text(u"x"); });
-    expectRefusal([](Out& out) { out.End(); });
-    expectRefusal([](Out& out) { out.Attribute(u"k", u"v", u"N"); });
-    expectRefusal([](Out& out) { out.Type(u"N", u"T"); });
+    char const* const late = "CBxException: Attributes must be added before elements";
+    char const* const nothingOpen = "CBxInvalidStateException: No element is open";
+    for (Refusal const& row : std::initializer_list<Refusal>{
+             {"<a 'x", "@N|k=v", late, "<N|b > >", R"(<a>x<AA:b xmlns:AA="N"/></a>)"},
+             {"<a 'x", "^N|T", late, "<N|b > >", R"(<a>x<AA:b xmlns:AA="N"/></a>)"},
+             {"<a <b >", "@k=v", late, ">", "<a><b/></a>"},
+             {"<a <b >", "^T", late, ">", "<a><b/></a>"},
+             {"<a !c", "@k=v", late, ">", "<a><!--c-->\n</a>"},
+             {"<a <b >", ".", "CBxException: An Element has not been closed.", "> .", "<a><b/></a>"},
+             {". <a", ".", "CBxException: An Element has not been closed.", "@k=v > .", "<a k=\"v\"/>"},
+             {"+p=N", "'x", nothingOpen, "<a >", R"(<a xmlns:p="N"/>)"},
+             {"", ">", nothingOpen, "<a >", "<a/>"},
+             {"", "@N|k=v", nothingOpen, "<a >", "<a/>"},
+             {"", "^N|T", nothingOpen, "<a >", "<a/>"},
+             {"<a >", "'x", nothingOpen, ".", "<a/>"},
+             {"<a >", ">", nothingOpen, ".", "<a/>"},
+             {"<a >", "@k=v", nothingOpen, ".", "<a/>"},
+             {"<a >", "^T", nothingOpen, ".", "<a/>"}}) {
+        CXmlTextWriter writer;
+        writer.SetFormatting(false);
+        Run(writer, row.m_before);
+        std::string const before = Text(writer);
+        EXPECT_EQ(BxTest::Thrown([&] { Run(writer, row.m_call); }), row.m_thrown)
+            << row.m_before << " " << row.m_call;
+        EXPECT_EQ(Text(writer), before);
+        Run(writer, row.m_after);
+        EXPECT_EQ(Text(writer), row.m_expected);
+    }
 }
 
 TEST(CXmlTextWriter, RefusesAnotherLineEnd) {
     for (int type : {-1, 2}) {
-        Out out(true, eol_CRLF);
-        EXPECT_BX_THROW((out.m_writer.SetEOLType(static_cast<EOLType>(type)), 0), CBxException,
+        CXmlTextWriter writer;
+        writer.SetEOLType(eol_CRLF);
+        EXPECT_BX_THROW((writer.SetEOLType(static_cast<EOLType>(type)), 0), CBxException,
                         "Invalid EOL type.");
-        EXPECT_EQ(out.Start(u"a").Text(u"\n").End().Str(), "<a>\r\n</a>\r\n");
+        Run(writer, "<a");
+        writer.WriteText(u"\n");
+        Run(writer, ">");
+        EXPECT_EQ(Text(writer), "<a>\r\n</a>\r\n");
     }
 }
 
 TEST(CXmlTextWriter, LimitsTheDepth) {
-    Out out;
-    for (int i = 0; i < kMaxElementDepth; ++i) out.Start(u"a", u"N");
-    std::string const before = out.Str();
-    EXPECT_BX_THROW(out.Start(u"b"), CBxException, "Elements are nested more than 1024 levels deep");
-    EXPECT_EQ(out.Text(u"x").Str(), before + ">x");
-    for (int i = 0; i < kMaxElementDepth; ++i) out.End();
-    out.m_writer.WriteEndDocument();
-    EXPECT_TRUE(out.Str().ends_with("x</AA:a></AA:a>" + std::string()) || true);
-    EXPECT_EQ(out.Str().size(), before.size() + 2 + 7U * kMaxElementDepth);
+    CXmlTextWriter writer;
+    writer.SetFormatting(false);
+    std::string expected = "<AA:a xmlns:AA=\"N\">";
+    Run(writer, "<N|a");
+    for (int i = 1; i < kMaxElementDepth; ++i) Run(writer, "<b"), expected += "<b>";
+    EXPECT_BX_THROW((Run(writer, "<c"), 0), CBxException,
+                    "Elements are nested more than 1024 levels deep, which is the limit");
+    Run(writer, "'x");
+    expected += "x";
+    for (int i = 1; i < kMaxElementDepth; ++i) Run(writer, ">"), expected += "</b>";
+    Run(writer, "> .");
+    EXPECT_EQ(Text(writer), expected + "</AA:a>");
 }
 
 TEST(CXmlTextWriter, MakesManyPrefixesInOneScope) {
     constexpr int kCount = 20'000;
     auto const uri = [](int i) { return FromUtf8("urn:" + std::to_string(i)); };
-    Out out;
-    out.Start(u"a");
-    for (int i = 0; i < kCount; ++i) out.Attribute(u"k", u"", uri(i));
-    wstring const text = out.End().m_writer.GetString();
+    CXmlTextWriter writer;
+    Run(writer, "<a");
+    for (int i = 0; i < kCount; ++i) writer.WriteAttribute(u"k", uri(i), u"");
+    Run(writer, ">");
+    std::string const text = Text(writer);
     for (char const* part :
          {R"( xmlns:AA="urn:0" AA:k="")", R"( xmlns:ZZ="urn:675" ZZ:k="" xmlns:AAA="urn:676" AAA:k="")",
           R"( xmlns:ZZZ="urn:18251" ZZZ:k="" xmlns:AAAA="urn:18252" AAAA:k="")"}) {
-        EXPECT_NE(text.find(FromUtf8(part)), wstring::npos) << part;
+        EXPECT_NE(text.find(part), std::string::npos) << part;
     }
     CXmlDocument document(st_Default);
     document.LoadXml(text.c_str());
     auto const& attributes = document.GetDocumentElement()->GetAttributes();
     ASSERT_EQ(attributes.size(), std::size_t{kCount});
-    for (int i = 0; i < kCount; ++i) {
+    for (int i = 0; i < kCount; ++i)
         ASSERT_EQ(attributes[static_cast<std::size_t>(i)]->GetNamespaceURI(), uri(i));
-    }
 }
 
 TEST(CXmlTextWriter, WritesDocumentsOfManyChunks) {
-    Out out;
-    out.Start(u"a");
+    CXmlTextWriter writer;
+    writer.SetFormatting(false);
+    Run(writer, "<a");
     std::string expected = "<a>";
     for (int i = 0; i < 2000; ++i) {
-        wstring const text(static_cast<std::size_t>(i % 200), u'&');
-        out.Start(u"b").Attribute(u"k", text).Text(text);
-        if (i % 500 == 0) out.Str();
-        out.Text(u"x").End();
-        std::string escaped;
-        for (int j = 0; j < i % 200; ++j) escaped += "&amp;";
-        expected += "<b k=\"" + escaped + "\">" + escaped + "x</b>";
+        std::string const text(static_cast<std::size_t>(i % 200), '.');
+        Run(writer, "<b @k=" + text + " '" + text);
+        if (i % 500 == 0) Text(writer);
+        Run(writer, "'& >");
+        expected.append("<b k=\"").append(text).append("\">").append(text).append("&amp;</b>");
     }
-    EXPECT_TRUE(out.End().Str() == expected + "</a>");
+    EXPECT_TRUE(Text(writer) == expected);
 }
 
 }  // namespace

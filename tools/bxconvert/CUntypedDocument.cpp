@@ -25,7 +25,7 @@ void DropWhitespace(CXmlElement const& source, CElement& copy) {
     }
 }
 
-wstring Escaped(wstring const& namespaceUri) {
+wstring Escaped(std::u16string_view namespaceUri) {
     wstring escaped;
     for (char16_t const c : namespaceUri) {
         switch (c) {

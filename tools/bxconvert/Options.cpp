@@ -73,7 +73,8 @@ constexpr char kIntroduction[] =
 constexpr char kNotes[] =
     "\n"
     "What a document loses:\n"
-    "  Comments, processing instructions and the document type are not kept.\n"
+    "  Comments, processing instructions, the document type and external entities are\n"
+    "  not kept.\n"
     "  Prefixes are made anew. Where values hold names with prefixes (xsi:type, say),\n"
     "  use --no-namespaces, which keeps all prefixes.\n"
     "  The text of an element stands as one piece behind its children. Where an\n"

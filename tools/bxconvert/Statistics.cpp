@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "BxXmlLib5/document/CXmlAttribute.h"
+#include "OneLine.h"
 
 namespace BxConvert {
 
@@ -26,16 +27,16 @@ void Visit(CXmlElement const& element, std::size_t depth, Statistics& found) {
 }
 
 std::string ValueOrNone(wstring const& value) {
-    return value.empty() ? "(none)" : ToUtf8(value);
+    return value.empty() ? "(none)" : OneLine(ToUtf8(value));
 }
 
 }  // namespace
 
-bool IsWhitespace(wstring const& text) {
+bool IsWhitespace(std::u16string_view text) {
     return text.find_first_not_of(u" \t\r\n") == text.npos;
 }
 
-bool NeedsEscape(wstring const& namespaceUri) {
+bool NeedsEscape(std::u16string_view namespaceUri) {
     return namespaceUri.find_first_of(u"&<\"\t\r\n") != namespaceUri.npos;
 }
 

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "BxXmlLib5/document/CXmlElement.h"
 
@@ -23,10 +24,10 @@ struct Statistics {
 inline constexpr char16_t kXsiNamespace[] = u"http://www.w3.org/2001/XMLSchema-instance";
 
 /// Whether a text is empty or only whitespace as XML 1.0, 2.3 has it.
-bool IsWhitespace(BxXmlLib5::wstring const& text);
+bool IsWhitespace(std::u16string_view text);
 
 /// Whether a namespace name cannot stand in an attribute value as it is.
-bool NeedsEscape(BxXmlLib5::wstring const& namespaceUri);
+bool NeedsEscape(std::u16string_view namespaceUri);
 
 Statistics Survey(BxXmlLib5::CXmlElement const& root);
 

@@ -1,19 +1,19 @@
 // bxconvert: reads any XML document into untyped content and writes it again.
 
-#include <algorithm>
 #include <csignal>
 #include <cstdio>
-#include <exception>
 #include <memory>
 #include <new>
 #include <stdexcept>
 #include <string>
 #include <system_error>
+#include <utility>
 
 #include "BxXmlLib5/binding/CBxException.h"
 #include "BxXmlLib5/binding/CXmlSerializationContext.h"
 #include "CUntypedDocument.h"
 #include "Input.h"
+#include "OneLine.h"
 #include "Options.h"
 #include "Output.h"
 #include "Statistics.h"
@@ -27,10 +27,8 @@ namespace {
 enum ExitStatus { kSuccess = 0, kFailed = 1, kWrongUsage = 2 };
 
 /// Prints one line on standard error, whatever its parts hold.
-void Report(std::string line) {
-    std::ranges::replace(line, '\n', ' ');
-    std::ranges::replace(line, '\r', ' ');
-    std::fputs(("bxconvert: " + line + "\n").c_str(), stderr);
+void Report(std::string const& line) {
+    std::fputs(("bxconvert: " + OneLine(line) + "\n").c_str(), stderr);
 }
 
 /// Runs a step that has to do with a file; false, with a line on standard error, if it fails.
