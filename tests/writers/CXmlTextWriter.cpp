@@ -33,49 +33,24 @@ std::pair<std::string, std::string> Split(std::string const& text, char separato
 ///     >         WriteEndElement      ^ns|name        WriteXsiType      *ns        SetDefaultNamespace
 ///     'text     WriteText            !text  WriteComment    ?text  WriteProcessingInstruction
 ///     .         WriteEndDocument     #text  WriteInLineSchema
-void Run(CXmlTextWriter& writer, std::string const& script) {
+void Write(CXmlTextWriter& writer, std::string const& script) {
     std::istringstream tokens(script);
     for (std::string token; tokens >> token;) {
         auto const [ns, rest] = Split(token.substr(1), '|');
         auto const [name, value] = Split(rest, '=');
         wstring const text = FromUtf8(rest);
-        switch (token[0]) {
-            case '<':
-                writer.WriteStartElement(text, Uri(ns));
-                break;
-            case '>':
-                writer.WriteEndElement();
-                break;
-            case '@':
-                writer.WriteAttribute(FromUtf8(name), Uri(ns), FromUtf8(value));
-                break;
-            case '^':
-                writer.WriteXsiType(Uri(ns), text);
-                break;
-            case '\'':
-                writer.WriteText(text);
-                break;
-            case '+':
-                writer.AddNamespace(FromUtf8(name), Uri(value));
-                break;
-            case '*':
-                writer.SetDefaultNamespace(Uri(rest));
-                break;
-            case '!':
-                writer.WriteComment(text);
-                break;
-            case '?':
-                writer.WriteProcessingInstruction(text);
-                break;
-            case '#':
-                writer.WriteInLineSchema(text);
-                break;
-            case '.':
-                writer.WriteEndDocument();
-                break;
-            default:
-                ADD_FAILURE() << token;
-        }
+        char const operation = token[0];
+        if (operation == '<') writer.WriteStartElement(text, Uri(ns));
+        if (operation == '>') writer.WriteEndElement();
+        if (operation == '@') writer.WriteAttribute(FromUtf8(name), Uri(ns), FromUtf8(value));
+        if (operation == '^') writer.WriteXsiType(Uri(ns), text);
+        if (operation == '\'') writer.WriteText(text);
+        if (operation == '+') writer.AddNamespace(FromUtf8(name), Uri(value));
+        if (operation == '*') writer.SetDefaultNamespace(Uri(rest));
+        if (operation == '!') writer.WriteComment(text);
+        if (operation == '?') writer.WriteProcessingInstruction(text);
+        if (operation == '#') writer.WriteInLineSchema(text);
+        if (operation == '.') writer.WriteEndDocument();
     }
 }
 
@@ -99,7 +74,7 @@ void ExpectWritten(std::initializer_list<Row> rows, bool formatting = false, EOL
         CXmlTextWriter writer;
         writer.SetFormatting(formatting);
         writer.SetEOLType(eol);
-        Run(writer, row.m_script);
+        Write(writer, row.m_script);
         EXPECT_EQ(Text(writer), row.m_expected) << row.m_script;
     }
 }
@@ -107,7 +82,7 @@ void ExpectWritten(std::initializer_list<Row> rows, bool formatting = false, EOL
 TEST(CXmlTextWriter, BreaksLinesByLineFeedsAndIndentsAtFirst) {
     CXmlTextWriter writer;
     EXPECT_EQ(writer.GetString(), u"");
-    Run(writer, "<a <b > >");
+    Write(writer, "<a <b > >");
     EXPECT_EQ(writer.GetString(), u"<a>\n\t<b/>\n</a>\n");
     EXPECT_EQ(writer.TakeString(), u"<a>\n\t<b/>\n</a>\n");
     EXPECT_EQ(writer.GetString(), u"");
@@ -120,7 +95,7 @@ TEST(CXmlTextWriter, DeclaresTheEncodingAndBeginsAnew) {
             CXmlTextWriter writer;
             writer.SetFormatting(encoding % 2 == 0);
             writer.SetEOLType(eol);
-            Run(writer, "?gone");
+            Write(writer, "?gone");
             writer.WriteStartDocument(static_cast<XmlEncoding>(encoding));
             EXPECT_EQ(Text(writer),
                       "<?xml version=\"1.0\"" + names[encoding + 1] + (eol == eol_LF ? "?>\n" : "?>\r\n"));
@@ -163,7 +138,7 @@ TEST(CXmlTextWriter, EscapesTextValuesAndCommentsAlike) {
     writer.SetEOLType(eol_CRLF);
     writer.WriteComment(special);
     writer.WriteProcessingInstruction(u"\0\n\r"s);
-    Run(writer, "+p&=<\"> <\"|a&");
+    Write(writer, "+p&=<\"> <\"|a&");
     writer.WriteAttribute(u"k<", u"<\">", special);
     writer.WriteInLineSchema(u"\0\n\r"s);
     writer.WriteText(special);
@@ -173,9 +148,9 @@ TEST(CXmlTextWriter, EscapesTextValuesAndCommentsAlike) {
                                 expected + "\" \r\n\0\n\r\r\n>"s + expected + expected);
     ExpectWritten({{"<a ' @k= >", "<a k=\"\"/>"}});
     CXmlTextWriter dropped;
-    Run(dropped, "<a");
+    Write(dropped, "<a");
     dropped.WriteText(u"\r");
-    Run(dropped, ">");
+    Write(dropped, ">");
     EXPECT_EQ(Text(dropped), "<a></a>\n");
 }
 
@@ -287,12 +262,12 @@ TEST(CXmlTextWriter, RefusesACallAndKeepsItsState) {
              {"<a >", "^T", nothingOpen, ".", "<a/>"}}) {
         CXmlTextWriter writer;
         writer.SetFormatting(false);
-        Run(writer, row.m_before);
+        Write(writer, row.m_before);
         std::string const before = Text(writer);
-        EXPECT_EQ(BxTest::Thrown([&] { Run(writer, row.m_call); }), row.m_thrown)
+        EXPECT_EQ(BxTest::Thrown([&] { Write(writer, row.m_call); }), row.m_thrown)
             << row.m_before << " " << row.m_call;
         EXPECT_EQ(Text(writer), before);
-        Run(writer, row.m_after);
+        Write(writer, row.m_after);
         EXPECT_EQ(Text(writer), row.m_expected);
     }
 }
@@ -303,9 +278,9 @@ TEST(CXmlTextWriter, RefusesAnotherLineEnd) {
         writer.SetEOLType(eol_CRLF);
         EXPECT_BX_THROW((writer.SetEOLType(static_cast<EOLType>(type)), 0), CBxException,
                         "Invalid EOL type.");
-        Run(writer, "<a");
+        Write(writer, "<a");
         writer.WriteText(u"\n");
-        Run(writer, ">");
+        Write(writer, ">");
         EXPECT_EQ(Text(writer), "<a>\r\n</a>\r\n");
     }
 }
@@ -314,14 +289,14 @@ TEST(CXmlTextWriter, LimitsTheDepth) {
     CXmlTextWriter writer;
     writer.SetFormatting(false);
     std::string expected = "<AA:a xmlns:AA=\"N\">";
-    Run(writer, "<N|a");
-    for (int i = 1; i < kMaxElementDepth; ++i) Run(writer, "<b"), expected += "<b>";
-    EXPECT_BX_THROW((Run(writer, "<c"), 0), CBxException,
+    Write(writer, "<N|a");
+    for (int i = 1; i < kMaxElementDepth; ++i) Write(writer, "<b"), expected += "<b>";
+    EXPECT_BX_THROW((Write(writer, "<c"), 0), CBxException,
                     "Elements are nested more than 1024 levels deep, which is the limit");
-    Run(writer, "'x");
+    Write(writer, "'x");
     expected += "x";
-    for (int i = 1; i < kMaxElementDepth; ++i) Run(writer, ">"), expected += "</b>";
-    Run(writer, "> .");
+    for (int i = 1; i < kMaxElementDepth; ++i) Write(writer, ">"), expected += "</b>";
+    Write(writer, "> .");
     EXPECT_EQ(Text(writer), expected + "</AA:a>");
 }
 
@@ -329,9 +304,9 @@ TEST(CXmlTextWriter, MakesManyPrefixesInOneScope) {
     constexpr int kCount = 20'000;
     auto const uri = [](int i) { return FromUtf8("urn:" + std::to_string(i)); };
     CXmlTextWriter writer;
-    Run(writer, "<a");
+    Write(writer, "<a");
     for (int i = 0; i < kCount; ++i) writer.WriteAttribute(u"k", uri(i), u"");
-    Run(writer, ">");
+    Write(writer, ">");
     std::string const text = Text(writer);
     for (char const* part :
          {R"( xmlns:AA="urn:0" AA:k="")", R"( xmlns:ZZ="urn:675" ZZ:k="" xmlns:AAA="urn:676" AAA:k="")",
@@ -349,13 +324,13 @@ TEST(CXmlTextWriter, MakesManyPrefixesInOneScope) {
 TEST(CXmlTextWriter, WritesDocumentsOfManyChunks) {
     CXmlTextWriter writer;
     writer.SetFormatting(false);
-    Run(writer, "<a");
+    Write(writer, "<a");
     std::string expected = "<a>";
     for (int i = 0; i < 2000; ++i) {
         std::string const text(static_cast<std::size_t>(i % 200), '.');
-        Run(writer, "<b @k=" + text + " '" + text);
+        Write(writer, "<b @k=" + text + " '" + text);
         if (i % 500 == 0) Text(writer);
-        Run(writer, "'& >");
+        Write(writer, "'& >");
         expected.append("<b k=\"").append(text).append("\">").append(text).append("&amp;</b>");
     }
     EXPECT_TRUE(Text(writer) == expected);
