@@ -133,7 +133,7 @@ std::string ToChars(double value, std::chars_format form, int precision) {
 
 /// The general form with the zeros that it drops (C17, 7.21.6.1: the flag # with g).
 std::string ToCharsGeneralWithZeros(double value, int precision) {
-    std::string const scientific = ToChars(value, std::chars_format::scientific, precision - 1);
+    std::string scientific = ToChars(value, std::chars_format::scientific, precision - 1);
     int const exponent = std::atoi(scientific.c_str() + scientific.find('e') + 1);
     if (exponent < -4 || exponent >= precision) return scientific;
     return ToChars(value, std::chars_format::fixed, precision - 1 - exponent);

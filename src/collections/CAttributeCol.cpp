@@ -39,7 +39,7 @@ CSmartPtr<CAttribute> CAttributeCol::Add(char16_t const* name) {
 }
 
 CSmartPtr<CAttribute> CAttributeCol::Add(CAttribute* attribute) {
-    CSmartPtr<CAttribute> const held = attribute;
+    CSmartPtr<CAttribute> held = attribute;
     AppendItem(attribute);
     return held;
 }

@@ -47,7 +47,7 @@ CSmartPtr<CElement> CElementCol::Add(char16_t const* name) {
 }
 
 CSmartPtr<CElement> CElementCol::Add(CElement* element) {
-    CSmartPtr<CElement> const held = element;
+    CSmartPtr<CElement> held = element;
     if (element != nullptr) {
         BxXmlLib5::TestNamespace(element->m_namespace.Get(), m_namespaceRestriction.Get(),
                                  m_targetNamespace.Get());

@@ -4,6 +4,7 @@
 #include "BxXmlLib5/collections/CAttributeCol.h"
 #include "BxXmlLib5/collections/CElementCol.h"
 #include "BxXmlLib5/writers/CXmlWriter.h"
+#include "NamespaceText.h"
 
 namespace BxConvert {
 
@@ -23,35 +24,6 @@ void DropWhitespace(CXmlElement const& source, CElement& copy) {
         DropWhitespace(*sourceChild, *child);
         sourceChild = sourceChild->GetNextSiblingElement();
     }
-}
-
-wstring Escaped(std::u16string_view namespaceUri) {
-    wstring escaped;
-    for (char16_t const c : namespaceUri) {
-        switch (c) {
-            case u'&':
-                escaped += u"&amp;";
-                break;
-            case u'<':
-                escaped += u"&lt;";
-                break;
-            case u'"':
-                escaped += u"&quot;";
-                break;
-            case u'\t':
-                escaped += u"&#9;";
-                break;
-            case u'\n':
-                escaped += u"&#10;";
-                break;
-            case u'\r':
-                escaped += u"&#13;";
-                break;
-            default:
-                escaped += c;
-        }
-    }
-    return escaped;
 }
 
 /// The writer puts namespace names down as they stand, so they are escaped beforehand.

@@ -1,6 +1,5 @@
 #include "Input.h"
 
-#include <cerrno>
 #include <climits>
 #include <cstdio>
 #include <filesystem>
@@ -9,6 +8,7 @@
 #include <vector>
 
 #include "Options.h"
+#include "SystemError.h"
 
 namespace BxConvert {
 
@@ -17,10 +17,6 @@ using namespace BxXmlLib5;
 namespace {
 
 using File = std::unique_ptr<std::FILE, int (*)(std::FILE*)>;
-
-[[noreturn]] void ThrowSystemError() {
-    throw std::system_error(errno, std::generic_category());
-}
 
 /// All octets of a stream, or so many that a document refuses them.
 std::vector<unsigned char> ReadAll(std::FILE* file) {

@@ -1,7 +1,7 @@
 #include "Options.h"
 
 #include <algorithm>
-#include <array>
+#include <iterator>
 #include <optional>
 #include <string_view>
 
@@ -84,8 +84,7 @@ constexpr char kNotes[] =
     "  unless --keep-whitespace is given.\n"
     "  Carriage returns are dropped, and a line break in an attribute value is read\n"
     "  as a blank the next time.\n"
-    "  Nobody notices when the input ends early, inside an element: what was complete\n"
-    "  is written.\n"
+    "  An input that ends inside an element is not refused: what is there is written.\n"
     "\n"
     "Exit status: 0 for success, 1 for a document that cannot be read or written,\n"
     "2 for a wrong command line.\n";

@@ -9,6 +9,7 @@
 #include <system_error>
 
 #include "Options.h"
+#include "SystemError.h"
 
 namespace BxConvert {
 
@@ -16,24 +17,19 @@ namespace fs = std::filesystem;
 
 namespace {
 
-[[noreturn]] void ThrowSystemError(int error) {
-    throw std::system_error(error, std::generic_category());
-}
-
 /// A file open for writing, complete only once Close() has returned.
 class OpenFile {
 public:
     explicit OpenFile(std::FILE* file) : m_file(file, std::fclose) {
-        if (!m_file) ThrowSystemError(errno);
+        if (!m_file) ThrowSystemError();
     }
 
     void Write(std::string_view octets) {
-        if (std::fwrite(octets.data(), 1, octets.size(), m_file.get()) != octets.size())
-            ThrowSystemError(errno);
+        if (std::fwrite(octets.data(), 1, octets.size(), m_file.get()) != octets.size()) ThrowSystemError();
     }
 
     void Close() {
-        if (std::fclose(m_file.release()) != 0) ThrowSystemError(errno);
+        if (std::fclose(m_file.release()) != 0) ThrowSystemError();
     }
 
 private:

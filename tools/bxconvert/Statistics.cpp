@@ -1,8 +1,10 @@
 #include "Statistics.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "BxXmlLib5/document/CXmlAttribute.h"
+#include "NamespaceText.h"
 #include "OneLine.h"
 
 namespace BxConvert {
@@ -36,10 +38,6 @@ bool IsWhitespace(std::u16string_view text) {
     return text.find_first_not_of(u" \t\r\n") == text.npos;
 }
 
-bool NeedsEscape(std::u16string_view namespaceUri) {
-    return namespaceUri.find_first_of(u"&<\"\t\r\n") != namespaceUri.npos;
-}
-
 Statistics Survey(CXmlElement const& root) {
     Statistics found;
     Visit(root, 1, found);
@@ -47,12 +45,17 @@ Statistics Survey(CXmlElement const& root) {
 }
 
 std::string InfoText(CXmlElement const& root, Statistics const& statistics, std::uintmax_t octets) {
-    return "root: " + ToUtf8(root.GetLocalName()) +                      //
-           "\nnamespace: " + ValueOrNone(root.GetNamespaceURI()) +       //
-           "\nelements: " + std::to_string(statistics.m_elements) +      //
-           "\nattributes: " + std::to_string(statistics.m_attributes) +  //
-           "\ndepth: " + std::to_string(statistics.m_depth) +            //
-           "\noctets: " + std::to_string(octets) + "\n";
+    std::pair<char const*, std::string> const facts[] = {
+        {"root", ToUtf8(root.GetLocalName())},
+        {"namespace", ValueOrNone(root.GetNamespaceURI())},
+        {"elements", std::to_string(statistics.m_elements)},
+        {"attributes", std::to_string(statistics.m_attributes)},
+        {"depth", std::to_string(statistics.m_depth)},
+        {"octets", std::to_string(octets)},
+    };
+    std::string text;
+    for (auto const& [name, value] : facts) text += std::string(name) + ": " + value + '\n';
+    return text;
 }
 
 }  // namespace BxConvert

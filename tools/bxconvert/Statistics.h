@@ -26,9 +26,6 @@ inline constexpr char16_t kXsiNamespace[] = u"http://www.w3.org/2001/XMLSchema-i
 /// Whether a text is empty or only whitespace as XML 1.0, 2.3 has it.
 bool IsWhitespace(std::u16string_view text);
 
-/// Whether a namespace name cannot stand in an attribute value as it is.
-bool NeedsEscape(std::u16string_view namespaceUri);
-
 Statistics Survey(BxXmlLib5::CXmlElement const& root);
 
 /// What --info prints: a line `name: value` for each fact.
