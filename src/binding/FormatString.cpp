@@ -74,6 +74,7 @@ void FillDigits(wstring& out, Spec spec, std::u16string_view prefix, std::uint64
         if (count < least) body.assign(least - count, u'0');
     }
     if (value != 0 || spec.precision != 0) body += Widen({digits, count}, upper);
+    if (prefix == u"0" && body.starts_with(u'0')) prefix = {};  // of an octal number: one zero is enough
     Fill(out, spec, prefix, body);
 }
 
@@ -113,8 +114,9 @@ void FormatUnsigned(wstring& out, Spec const& spec, Arguments& arguments, char16
             value = va_arg(arguments.list, unsigned);
     }
     std::u16string_view prefix;
-    if (spec.alternate && value != 0)
-        prefix = letter == u'x' ? u"0x" : letter == u'X' ? u"0X" : letter == u'o' ? u"0" : u"";
+    if (spec.alternate && letter == u'o') prefix = u"0";
+    if (spec.alternate && value != 0 && letter == u'x') prefix = u"0x";
+    if (spec.alternate && value != 0 && letter == u'X') prefix = u"0X";
     FillDigits(out, spec, prefix, value, letter == u'u' ? 10 : letter == u'o' ? 8 : 16, letter == u'X');
 }
 

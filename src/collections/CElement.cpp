@@ -25,11 +25,10 @@ CElement::CElement(char16_t const* name) : CInstanceMonitor(u"CElement") {
 
 CElement::CElement(char16_t const* name, char16_t const* ns) : CInstanceMonitor(u"CElement") {
     constexpr std::u16string_view kWildcards[] = {u"##any", u"##other", u"##local", u"##targetNamespace"};
-    std::u16string_view const wanted = TextOf(ns);
-    if (std::find(std::begin(kWildcards), std::end(kWildcards), wanted) != std::end(kWildcards)) {
+    if (std::find(std::begin(kWildcards), std::end(kWildcards), TextOf(ns)) != std::end(kWildcards)) {
         throw CBxInvalidNamespaceException(FormatString(u"Invalid Namespace [%s]", ns));
     }
-    Init(name, wanted.empty() ? u"" : ns, wanted.empty() ? u"" : ns, u"");
+    Init(name, ns, ns, u"");
 }
 
 CElement::CElement(char16_t const* name, char16_t const* ns, char16_t const* namespaceRestriction,

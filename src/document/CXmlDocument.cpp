@@ -104,9 +104,13 @@ wstring CXmlDocument::LookupNamespaceFromAlias(char16_t const* alias) const {
 void CXmlDocument::Parse(std::span<unsigned char const> input, bool isText) {
     ThrowIfInputTooLarge(input.size());
     auto const inflated = isText ? std::nullopt : Inflate(input);
-    CExpatReader(this).Parse(inflated ? *inflated : input);
-    while (!m_elementStack.empty()) CloseElement();  // the input may end inside an element
-    m_openText = wstring();
+    try {
+        CExpatReader(this).Parse(inflated ? *inflated : input);
+    } catch (...) {
+        CloseAllElements();
+        throw;
+    }
+    CloseAllElements();  // the input may end inside an element
     if (m_documentElement == nullptr) {
         Cleanup();
         throw CBxException(u"Invalid or empty XML document");
@@ -142,6 +146,11 @@ void CXmlDocument::CloseElement() {
     closed.m_element->SetText(
         CXmlText(m_nodes->m_texts.Add(std::u16string_view(m_openText).substr(closed.m_textStart))));
     m_openText.resize(closed.m_textStart);
+}
+
+void CXmlDocument::CloseAllElements() {
+    while (!m_elementStack.empty()) CloseElement();
+    m_openText = wstring();
 }
 
 void CXmlDocument::ReserveElementAttributes(CXmlElement* element, std::size_t count) {

@@ -26,7 +26,7 @@ public:
     explicit CElement(char16_t const* name);
 
     /// @param ns a concrete namespace, which is also the restriction
-    /// @throws CBxInvalidNamespaceException if name is null or ns is one of ##any, ##other, ##local,
+    /// @throws CBxInvalidNamespaceException if name or ns is null or ns is one of ##any, ##other, ##local,
     /// ##targetNamespace
     CElement(char16_t const* name, char16_t const* ns);
 

@@ -84,6 +84,7 @@ private:
     /// Adds to the text of the innermost open element.
     void AppendTextExcludingCR(std::u16string_view text);
     void CloseElement();
+    void CloseAllElements();
     CXmlElement* Open(CXmlElement* element);
 
     /// An element that the parser is inside of. Its text so far stands in m_openText, from m_textStart to
