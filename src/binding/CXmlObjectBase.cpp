@@ -69,7 +69,7 @@ void CXmlObjectBase::Throw_IfElementNameDiffers(CXmlObjectBase* value, char16_t 
     wstring const& elementName = value->GetBase()->m_elementName;
     if (Equal(elementName, TextOf(name))) return;
     throw CBxInvalidParamException(FormatString(
-        u"This property requires an element with the name %s the element being set has the element name %s",
+        u"This property requrires an element with the name %s the element being set has the element name %s",
         wstring(TextOf(name)).c_str(), elementName.c_str()));
 }
 

@@ -15,7 +15,9 @@ constexpr int kMostLevelsAtOnce = 64;
 thread_local int t_levels = 0;
 thread_local CNode* t_waiting = nullptr;
 
-CNode* TakeWaiting() { return std::exchange(t_waiting, t_waiting->m_next); }
+CNode* TakeWaiting() {
+    return std::exchange(t_waiting, t_waiting->m_next);
+}
 
 /// The item goes last, and may take a tree with it.
 void DeleteNode(CNode* node) {

@@ -95,7 +95,8 @@ void CExpatReader::Parse(std::span<unsigned char const> input) {
     bool const parsed = ParseInSlices(input);
     if (m_failure) std::rethrow_exception(m_failure);
     if (!parsed) {
-        throw CBxException(FormatString(u"%hs at line %d", XML_ErrorString(XML_GetErrorCode(m_parser)),
+        throw CBxException(FormatString(u"%s at line %d",
+                                        FromUtf8(XML_ErrorString(XML_GetErrorCode(m_parser))).c_str(),
                                         static_cast<int>(XML_GetCurrentLineNumber(m_parser))));
     }
 }

@@ -42,6 +42,10 @@ Buffer ReadFile(std::u16string_view path) {
     return buffer;
 }
 
+void ThrowIfEmpty(std::size_t textLength) {
+    if (textLength == 0) throw CBxException(u"XML String is empty!");
+}
+
 }  // namespace
 
 CXmlDocument::CXmlDocument(SchemaType schemaType)
@@ -53,6 +57,7 @@ CXmlDocument::~CXmlDocument() = default;
 
 void CXmlDocument::Cleanup() {
     m_documentElement = nullptr;
+    m_isComplete = false;
     m_elementStack.clear();
     m_namespaceAliases.clear();
     m_openText = wstring();
@@ -74,14 +79,14 @@ void CXmlDocument::LoadXmlStream(unsigned char const* data, std::size_t size) {
 void CXmlDocument::LoadXml(char const* text) {
     Cleanup();
     std::string_view const octets = text == nullptr ? std::string_view() : std::string_view(text);
-    if (octets.empty()) throw CBxException(u"XML String is empty!");
+    ThrowIfEmpty(octets.size());
     Parse({reinterpret_cast<unsigned char const*>(octets.data()), octets.size()}, true);
 }
 
 void CXmlDocument::LoadXml(char16_t const* text) {
     Cleanup();
     std::u16string_view const units = TextOf(text);
-    if (units.empty()) throw CBxException(u"XML String is empty!");
+    ThrowIfEmpty(units.size());
     ThrowIfInputTooLarge((units.size() + 1) * sizeof(char16_t));
     // The byte order mark tells Expat that this is UTF-16, whatever the text claims.
     constexpr char16_t kByteOrderMark = 0xFEFF;
@@ -110,7 +115,8 @@ void CXmlDocument::Parse(std::span<unsigned char const> input, bool isText) {
         CloseAllElements();
         throw;
     }
-    CloseAllElements();  // the input may end inside an element
+    m_isComplete = m_elementStack.empty() && m_documentElement != nullptr;
+    CloseAllElements();
     if (m_documentElement == nullptr) {
         Cleanup();
         throw CBxException(u"Invalid or empty XML document");

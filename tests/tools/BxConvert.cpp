@@ -154,6 +154,7 @@ TEST(Convert, RefusesBadDocuments) {
         {"", "", "XML Stream is empty!"},
         {"", "no XML", "syntax error at line 1"},
         {"", "<a>\n<b></a>", "mismatched tag at line 2"},
+        {"", "<a><b/>", "the document ends inside an element"},
         {"", "<p:a/>", "unbound prefix at line 1"},
         {"", Nested(1025), "Elements are nested more than 1024 levels deep, which is the limit"},
         {"--strict", "<a>1<b/></a>", "mixed content, text beside children, in 1 element"},

@@ -4,16 +4,14 @@
 #include "writers/CXmlWriterContext.h"
 
 using namespace BxXmlLib5;
+using Map = std::map<wstring, wstring>;
 
 namespace {
-
-using Map = std::map<wstring, wstring>;
 
 /// A writer that writes nothing.
 class Writer : public CXmlWriter {
 public:
     Writer() : CXmlWriter(u"Writer") {}
-
     void WriteComment(wstring const&) override {}
     void WriteProcessingInstruction(wstring const&) override {}
     void WriteInLineSchema(wstring const&) override {}
@@ -22,52 +20,27 @@ public:
     void WriteEndElement() override { Pop(); }
     void WriteAttribute(wstring const&, wstring const&, wstring const&) override {}
     void WriteXsiType(wstring const&, wstring const&) override {}
-
-    using CXmlWriter::Current;
-    using CXmlWriter::GetUniquePrefix;
-    using CXmlWriter::NsIntToString;
-    using CXmlWriter::RootDefaultNamespace;
-    using CXmlWriter::RootNamespaces;
+    using CXmlWriter::Current, CXmlWriter::GetUniquePrefix, CXmlWriter::NsIntToString;
+    using CXmlWriter::RootDefaultNamespace, CXmlWriter::RootNamespaces;
 };
 
-TEST(CXmlWriter, NamesPrefixesByIndex) {
-    struct Row {
-        int m_index;
-        char const* m_prefix;
-    };
-    for (Row const& row : {Row{0, "AA"},
-                           {1, "AB"},
-                           {25, "AZ"},
-                           {26, "BA"},
-                           {51, "BZ"},
-                           {675, "ZZ"},
-                           {676, "AAA"},
-                           {677, "AAB"},
-                           {702, "ABA"},
-                           {1352, "BAA"},
-                           {18251, "ZZZ"},
-                           {18252, "AAAA"}}) {
-        EXPECT_EQ(ToUtf8(Writer().NsIntToString(row.m_index)), row.m_prefix);
-    }
-}
-
-TEST(CXmlWriter, TakesTheFirstPrefixThatIsNoAlias) {
+TEST(CXmlWriter, MakesPrefixesOfTwoLettersThenOfThree) {
     Writer writer;
-    EXPECT_EQ(writer.GetUniquePrefix({}), u"AA");
-    EXPECT_EQ(writer.GetUniquePrefix({{u"AA", u"p"}, {u"AB", u""}}), u"AA");
-    EXPECT_EQ(writer.GetUniquePrefix({{u"1", u"aa"}, {u"2", u"AAA"}, {u"3", u"A"}, {u"4", u"AA "}}), u"AA");
-    EXPECT_EQ(writer.GetUniquePrefix({{u"1", u"AC"}, {u"2", u"AA"}, {u"3", u"ZZ"}}), u"AB");
-    EXPECT_EQ(writer.GetUniquePrefix({{u"1", u"AA"}, {u"2", u"AA"}, {u"3", u"AB"}}), u"AC");
+    std::string prefixes;
+    for (int i : {0, 1, 25, 26, 51, 675, 676, 677, 702, 1352, 18251})
+        prefixes += ToUtf8(writer.NsIntToString(i)) + " ";
+    EXPECT_EQ(prefixes, "AA AB AZ BA BZ ZZ AAA AAB ABA BAA ZZZ ");
+    EXPECT_EQ(
+        writer.GetUniquePrefix({{u"AA", u"p"}, {u"1", u"aa"}, {u"2", u"AAA"}, {u"3", u"A"}, {u"4", u"AA "}}),
+        u"AA");
+    EXPECT_EQ(writer.GetUniquePrefix({{u"1", u"AC"}, {u"2", u"AA"}, {u"3", u"ZZ"}, {u"4", u"AA"}}), u"AB");
     Map used;
-    for (int i = 0; i < 676; ++i) {
+    for (int i = 0; i <= 676; ++i) {
         wstring const prefix = writer.NsIntToString(i);
         EXPECT_EQ(writer.GetUniquePrefix(used), prefix);
-        used[prefix + u"/uri"] = prefix;
+        used[u"uri of " + prefix] = prefix;
     }
-    EXPECT_EQ(writer.GetUniquePrefix(used), u"AAA");
-    used[u"x"] = u"AAA";
-    EXPECT_EQ(writer.GetUniquePrefix(used), u"AAB");
-    used.erase(u"BA/uri");
+    used.erase(u"uri of BA");
     EXPECT_EQ(writer.GetUniquePrefix(used), u"BA");
 }
 
@@ -84,31 +57,11 @@ TEST(CXmlWriter, CopiesTheNamespacesAndNoOpenElement) {
         EXPECT_EQ(writer->RootNamespaces(), (Map{{u"P", u"p"}}));
         EXPECT_EQ(writer->RootDefaultNamespace(), u"D");
         EXPECT_EQ(writer->Current(), nullptr);
-        writer->WriteEndDocument();
         writer->AddNamespace(u"q", u"Q");
         writer->WriteStartElement(u"b", u"");
     }
     EXPECT_EQ(source.RootNamespaces(), (Map{{u"P", u"p"}}));
     EXPECT_EQ(source.Current()->m_name, u"a");
-    source.WriteEndElement();
-    source.WriteEndDocument();
-}
-
-TEST(CXmlWriter, KeepsARecordForEachOpenElement) {
-    Writer writer;
-    writer.WriteStartElement(u"a", u"A");
-    writer.WriteStartElement(u"b", u"B");
-    EXPECT_EQ(writer.Current()->m_depth, 1U);
-    EXPECT_EQ(writer.Current()->m_parent->m_name, u"a");
-    writer.Current()->m_startTagOpen = false;
-    writer.Current()->m_childCount = 5;
-    writer.Current()->m_hasAttributes = true;
-    writer.WriteEndElement();
-    writer.WriteStartElement(u"c", u"C");
-    EXPECT_EQ(writer.Current()->m_name + writer.Current()->m_namespace, u"cC");
-    EXPECT_TRUE(writer.Current()->m_startTagOpen && !writer.Current()->m_hasAttributes);
-    EXPECT_EQ(writer.Current()->m_childCount, 0U);
-    EXPECT_EQ(writer.Current()->m_depth, 1U);
 }
 
 }  // namespace

@@ -18,7 +18,7 @@ namespace {
 void DropWhitespace(CXmlElement const& source, CElement& copy) {
     CXmlElement const* sourceChild = source.GetFirstElement();
     if (sourceChild == nullptr) return;
-    if (IsWhitespace(source.GetText())) copy.SetText(u"");
+    if (IsWhitespace(source.GetTextView())) copy.SetText(u"");
     CSmartPtr<CElementCol> const children = copy.GetChildElements();
     for (CElement* const child : *children) {
         DropWhitespace(*sourceChild, *child);

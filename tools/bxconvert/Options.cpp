@@ -84,7 +84,6 @@ constexpr char kNotes[] =
     "  unless --keep-whitespace is given.\n"
     "  Carriage returns are dropped, and a line break in an attribute value is read\n"
     "  as a blank the next time.\n"
-    "  An input that ends inside an element is not refused: what is there is written.\n"
     "\n"
     "Exit status: 0 for success, 1 for a document that cannot be read or written,\n"
     "2 for a wrong command line.\n";

@@ -24,7 +24,7 @@ void Visit(CXmlElement const& element, std::size_t depth, Statistics& found) {
         found.m_hasNamespaceToEscape |= NeedsEscape(attribute->GetNamespaceURI());
     }
     CXmlElement const* child = element.GetFirstElement();
-    if (child != nullptr && !IsWhitespace(element.GetText())) ++found.m_mixed;
+    if (child != nullptr && !IsWhitespace(element.GetTextView())) ++found.m_mixed;
     for (; child != nullptr; child = child->GetNextSiblingElement()) Visit(*child, depth + 1, found);
 }
 

@@ -66,6 +66,7 @@ wstring Rewrite(std::unique_ptr<CXmlDocument> document, Statistics const& statis
 std::string Convert(Options const& options, Statistics& statistics) {
     auto document = std::make_unique<CXmlDocument>(options.m_namespaces ? st_Default : st_NoNamespaces);
     auto const octets = LoadInput(*document, options.m_input);
+    if (!document->IsComplete()) throw std::runtime_error("the document ends inside an element");
     CXmlElement const& root = *document->GetDocumentElement();
     statistics = Survey(root);
     if (options.m_strict && statistics.m_mixed > 0) {

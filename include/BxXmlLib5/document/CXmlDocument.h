@@ -31,7 +31,7 @@ class CDocumentNodes;
 ///
 /// All loads throw CBxException, with a message that says what is wrong, for input that is empty, too large
 /// or no well-formed document. An input that ends inside an element is not refused: the tree holds what was
-/// complete.
+/// complete, and IsComplete() tells.
 class BXXMLLIB5_API CXmlDocument : public CInstanceMonitor {
 public:
     /// Nothing is loaded.
@@ -59,6 +59,9 @@ public:
 
     /// The root, null if nothing is loaded. The tree is the document's, until its next load or its end.
     CXmlElement* GetDocumentElement() const { return m_documentElement; }
+
+    /// Whether the input of the last load went on to the end of the root, or broke off inside an element.
+    bool IsComplete() const { return m_isComplete; }
 
     /// The namespace that was last declared under this alias, anywhere in the document, or the empty text.
     /// The empty alias is the default namespace.
@@ -101,6 +104,7 @@ private:
     wstring m_openText;
     std::map<wstring, wstring, std::less<>> m_namespaceAliases;
     SchemaType m_schemaType;
+    bool m_isComplete = false;
     std::unique_ptr<CDocumentNodes> m_nodes;
 };
 

@@ -1,0 +1,114 @@
+#include <fstream>
+#include <iterator>
+
+#include "collections/Objects.h"
+
+using namespace BxTest;
+
+namespace {
+
+constexpr char const* kTooDeep =
+    "CBxException: Elements are nested more than 1024 levels deep, which is the limit";
+
+std::string Content(std::string const& path) {
+    std::ifstream file(path, std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(file), {});
+}
+
+/// Whitespace between elements is indentation here.
+void DropIndentation(CElement& element) {
+    if (element.GetChildElements()->GetCount() > 0 &&
+        element.GetText().find_first_not_of(u" \t\n") == wstring::npos)
+        element.SetText(u"");
+    for (CElement* child : *element.GetChildElements()) DropIndentation(*child);
+}
+
+/// Elements inside each other, built from the innermost.
+CSmartPtr<CElement> Nest(int levels) {
+    CSmartPtr<CElement> top = new CElement(u"e");
+    for (int i = 1; i < levels; ++i) {
+        CSmartPtr<CElement> const parent = new CElement(u"e");
+        parent->GetChildElements()->Add(top);
+        top = parent;
+    }
+    return top;
+}
+
+}  // namespace
+
+TEST(Documents, WrittenForm) {
+    struct {
+        char const* m_text;
+        std::string m_compact = m_text;
+    } const rows[] = {
+        {"<a/>"},
+        {"<a> </a>"},
+        {"<é>𝄞€</é>"},
+        {"<a xml:lang=\"en\"><b xml:space=\"preserve\"> </b></a>"},
+        {"<a>x<b/>y<c>z</c></a>", "<a><b/><c>z</c>xy</a>"},
+        {"<a>\n\t<b/>\n</a>", "<a><b/>\n\t\n</a>"},
+        {"<a k='1' l=''>&lt;&amp;&gt;&quot;'<![CDATA[<]]></a>",
+         "<a k=\"1\" l=\"\">&lt;&amp;&gt;&quot;'&lt;</a>"},
+        {"<a><p:b xmlns:p='u'><p:c/><c/></p:b><b xmlns='u'/></a>",
+         "<a><AA:b xmlns:AA=\"u\"><AA:c/><c/></AA:b><AA:b xmlns:AA=\"u\"/></a>"},
+        {"<a xmlns='u'><b xmlns='v' xmlns:p='u' p:k='1' k='2'/></a>",
+         "<AA:a xmlns:AA=\"u\"><AB:b xmlns:AB=\"v\" AA:k=\"1\" k=\"2\"/></AA:a>"},
+        {"<a xmlns:p='u' p:k='1' p:l='2' xmlns:q='v' q:k='3'/>",
+         "<a xmlns:AA=\"u\" AA:k=\"1\" AA:l=\"2\" xmlns:AB=\"v\" AB:k=\"3\"/>"},
+    };
+    for (auto const& row : rows) {
+        for (std::string const& text : {std::string(row.m_text), row.m_compact}) {
+            CElement element(u"none");
+            Read(element, text);
+            EXPECT_EQ(Compact(element), row.m_compact);
+        }
+    }
+    // Line breaks in an attribute stand as they are, so a reader takes them for blanks.
+    CElement element(u"none");
+    Read(element, "<a k='&#13;x&#10;&#9;y'>&#10;</a>");
+    EXPECT_EQ(ToUtf8(element.ToXml(false, false, eol_CRLF, Defaults())), "<a k=\"x\r\n\ty\">\r\n</a>");
+}
+
+TEST(Documents, RoundTrip) {
+    for (std::string const name : {"feed", "drawing", "envelope"}) {
+        std::string const golden = BX_TEST_DATA "/" + name + ".written.xml";
+        for (std::string const& path : {BX_TEST_DATA "/" + name + ".xml", golden}) {
+            CXmlDocument document;
+            document.Load(FromUtf8(path).c_str());
+            Element element(u"none"), compact(u"none");
+            CXmlElement* const root = document.GetDocumentElement();
+            EXPECT_EQ(element.FromXml_Int(root, root, Defaults(), false), nullptr);
+            DropIndentation(element);
+            EXPECT_EQ(ToUtf8(element.ToXml(true, true, eol_LF, Defaults())), Content(golden)) << path;
+            Read(compact, Compact(element));
+            EXPECT_EQ(ToUtf8(compact.ToXml(true, true, eol_LF, Defaults())), Content(golden)) << path;
+        }
+    }
+}
+
+TEST(Documents, NestedTooDeeply) {
+    for (int const levels : {1024, 1025, 2000, 300000}) {
+        std::string const outcome = levels == 1024 ? "nothing" : kTooDeep;
+        CSmartPtr<CElement> const tree = Nest(levels);
+        CElement reader(u"none");
+        CXmlSerializationContext context;
+        EXPECT_EQ(Thrown([&] { Compact(*tree); }), outcome);
+        EXPECT_EQ(Thrown([&] { tree->SetNamespaceRestrictions(u"##any", u""); }), outcome);
+        EXPECT_EQ(Thrown([&] { reader.FromXmlElement(tree, context); }), outcome);
+    }
+    CElement onTheStack(u"e");
+    for (int i = 0; i < 2; ++i) onTheStack.GetChildElements()->Add(Nest(300000));
+    onTheStack.GetChildElements()->Remove(0);
+}
+
+TEST(Documents, ACycleIsRefused) {
+    CSmartPtr<CElement> const a = new CElement(u"a"), b = new CElement(u"b");
+    a->GetChildElements()->Add(b);
+    for (CElement* inside : {static_cast<CElement*>(a), static_cast<CElement*>(b)}) {
+        b->GetChildElements()->Add(inside);
+        EXPECT_EQ(Thrown([&] { Compact(*a); }), kTooDeep);
+        EXPECT_EQ(Thrown([&] { a->SetNamespaceRestrictions(u"##any", u""); }), kTooDeep);
+        b->GetChildElements()->Clear();
+        EXPECT_EQ(Compact(*a), "<a><b/></a>");
+    }
+}

@@ -1,0 +1,192 @@
+#include <sstream>
+
+#include "collections/Objects.h"
+
+using namespace BxTest;
+
+namespace {
+
+std::string const kNotFound = "CBxInvalidParamException: The object was not found in the collection";
+
+std::string NotAllowed(std::string const& ns, std::string const& restriction) {
+    return "CBxInvalidNamespaceException: Invalid namespace [" + ns + "]. The namespace must be one of [" +
+           restriction + "] where the target namespace is [t]";
+}
+
+template <class Item>
+std::string Named(Item const& item) {
+    return ToUtf8(item.GetName() + u"@" + item.GetNamespace());
+}
+
+struct Step {
+    std::function<void()> m_step;
+    std::string m_items;
+    int m_events;
+    std::string m_thrown = "nothing";
+};
+
+/// Takes steps on a collection; after each, expects its items and how often it told of a change.
+void ExpectSteps(auto& collection, std::vector<Step> const& steps) {
+    int events = 0;
+    Object listener;
+    listener.m_onEvent = [&](CXmlObjectBase* source) { events += source == &collection; };
+    collection.AddEventListener(&listener);
+    for (Step const& step : steps) {
+        events = 0;
+        EXPECT_EQ(Thrown(step.m_step), step.m_thrown);
+        std::string items;
+        for (auto const* item : collection) items.append(Named(*item)).append(" ");
+        EXPECT_EQ(items, step.m_items.empty() ? "" : step.m_items + " ");
+        EXPECT_EQ(events, step.m_events) << items;
+    }
+    collection.RemoveEventListener(&listener);
+}
+
+}  // namespace
+
+TEST(UntypedCollections, DefaultNamespace) {
+    // Namespace, restriction, default of attributes, default of elements or the failure.
+    for (char const* const row :
+         {";##any;;!set", ";##local;;!set", ";##other;;!set", ";##local uu;;!set", ";;;!set", ";u;;!set",
+          ";#u;;!set", ";u#;;!set", "; uu;;!set", ";uu;uu;uu", ";uu vv;uu;uu", ";uu#;uu#;uu#", "n;##any;n;n",
+          "n;uu n;n;n", "n;uu;n;!allowed"}) {
+        SCOPED_TRACE(row);
+        std::istringstream fields(row);
+        std::string ns, restriction, ofAttributes, ofElements, outcome;
+        for (std::string* field : {&ns, &restriction, &ofAttributes, &ofElements})
+            std::getline(fields, *field, ';');
+        wstring const wideNs = FromUtf8(ns), wideRestriction = FromUtf8(restriction);
+        AttributeCol const attributes(wideNs.c_str(), wideRestriction.c_str(), u"t");
+        EXPECT_EQ(ToUtf8(attributes.GetNamespace()), ofAttributes);
+        EXPECT_EQ(attributes.GetTargetNamespace(), attributes.GetNamespace());
+        std::string const thrown = Thrown([&] {
+            ElementCol elements(wideNs.c_str(), wideRestriction.c_str(), u"t", 2, 5);
+            EXPECT_EQ(elements.GetNamespace() + elements.GetTargetNamespace(), u"tt");
+            EXPECT_EQ(elements.GetMinOccurs() * 10 + elements.GetMaxOccurs(), 25);
+            outcome = ToUtf8(elements.Add(u"a")->GetNamespace());
+        });
+        EXPECT_EQ(thrown == "nothing" ? outcome : thrown,
+                  ofElements == "!set"
+                      ? "CBxInvalidStateException: A Namespace has not been set for this Collection"
+                  : ofElements == "!allowed" ? NotAllowed(ns, restriction)
+                                             : ofElements);
+    }
+}
+
+TEST(UntypedCollections, AddingAttributes) {
+    CAttributeCol attributes(u"", u"uu ww", u"t"), other(u"", u"##any", u""), notOwn(u"nn", u"uu", u"t");
+    CSmartPtr<CAttribute> const f = other.Add(u"f", u"0", u"vv");
+    ExpectSteps(
+        attributes,
+        {
+            {[&] { attributes.Add(u"a", u"1", u"ww")->SetName(u"A"); }, "A@ww", 1},
+            {[&] { EXPECT_EQ(attributes.Add(u"b", u"2")->GetValue(), u"2"); }, "A@ww b@uu", 1},
+            {[&] { EXPECT_EQ(attributes.Add(u"c")->GetValue(), u""); }, "A@ww b@uu c@uu", 1},
+            {[&] { attributes.Add(u"d", u"3", nullptr); }, "A@ww b@uu c@uu d@", 1},
+            {[&] { attributes.Add(u"e", u"4", u"vv"); }, "A@ww b@uu c@uu d@", 0, NotAllowed("vv", "uu ww")},
+            {[&] { attributes.Clear(); }, "", 4},
+            {[&] { EXPECT_EQ(attributes.Add(f), f); }, "f@vv", 1},
+            {[&] { attributes.AddAfter(f, other.Add(u"g")); }, "f@vv g@", 1},
+            {[&] { attributes.AddBefore(f, other.Add(u"h")); }, "h@ f@vv g@", 1},
+            {[&] { attributes.AddAfter(other.Add(u"x"), f); }, "h@ f@vv g@", 0, kNotFound},
+            {[&] { EXPECT_EQ(attributes.Item(1), f); }, "h@ f@vv g@", 0},
+        });
+    EXPECT_EQ(Thrown([&] { notOwn.Add(u"a"); }), NotAllowed("nn", "uu"));
+}
+
+TEST(UntypedCollections, AddingElements) {
+    CElementCol elements(u"uu", u"uu", u"t", 0, -1);
+    CSmartPtr<CElement> const f = new CElement(u"f", u"vv"), absent = new CElement(u"x");
+    ExpectSteps(
+        elements,
+        {
+            {[&] { elements.Add(u"a", u"ww")->SetName(u"A"); }, "A@ww", 2},
+            {[&] { elements.Add(u"b"); }, "A@ww b@uu", 2},
+            {[&] { EXPECT_EQ(elements.Add(f), f); }, "A@ww b@uu f@vv", 2},
+            {[&] { elements.AddAfter(elements.Item(0), new CElement(u"c")); }, "A@ww c@ b@uu f@vv", 1},
+            {[&] { elements.AddBefore(elements.Item(0), new CElement(u"d")); }, "d@ A@ww c@ b@uu f@vv", 1},
+            {[&] { elements.Clear(); }, "", 5},
+            {[&] { elements.AddBefore(absent, f); }, "", 0, kNotFound},
+            {[&] { elements.Add(nullptr, u""); }, "", 0,
+             "CBxInvalidNamespaceException: Element Name must have a value"},
+        });
+    // A new element takes the target namespace, and ##any.
+    CSmartPtr<CElement> const added = elements.Add(u"e", u"ww");
+    EXPECT_EQ(added->GetChildElements()->GetNamespace(), u"t");
+    Read(*added, "<f xmlns='elsewhere'/>");
+    EXPECT_EQ(added->GetName(), u"f");
+}
+
+TEST(UntypedCollections, ReadingElements) {
+    CXmlDocument document;
+    document.LoadXml("<r><b k='1'/><b>x</b><c/><b xmlns='uu'/></r>");
+    CXmlElement* const root = document.GetDocumentElement();
+    CXmlElement* const b = root->GetFirstElement();
+    CXmlElement* const c = b->GetNextSiblingElement()->GetNextSiblingElement();
+    ElementCol elements(u"uu", u"uu", u"t", 0, 1);
+    EXPECT_EQ(elements.FromXml_Int(root, nullptr, Defaults(), false), nullptr);
+    EXPECT_EQ(elements.FromXml_Int(root, c, Defaults(), false), nullptr);
+    EXPECT_EQ(elements.GetCount(), 2);
+    auto const run = [&](wstring const& name, wstring const& ns, CXmlElement* start) {
+        return elements.FromXmlLockElementName_Int(name, ns, root, start, Defaults());
+    };
+    EXPECT_TRUE(run(u"b", u"uu", b) == b && run(u"c", u"", b) == b && run(u"b", u"", nullptr) == nullptr);
+    EXPECT_EQ(run(u"b", u"", b), c);
+    EXPECT_EQ(run(u"b", u"uu", c->GetNextSiblingElement()), nullptr);
+    EXPECT_EQ(elements.Item(3)->GetChildElements()->GetNamespace(), u"t");
+
+    EXPECT_BX_THROW(Compact(elements), CBxValidationException,
+                    "The Maximum number of [] elements allowed in this collection is 1");
+    CXmlSerializationContext ignoring;
+    ignoring.SetIgnoreInvalidCollectionCounts(true);
+    elements.AddAfter(nullptr, nullptr);
+    EXPECT_EQ(elements.ToXml(false, false, eol_LF, ignoring),
+              u"<c/><AA:b xmlns:AA=\"uu\"/><b k=\"1\"/><b>x</b><AA:b xmlns:AA=\"uu\"/>");
+}
+
+TEST(UntypedCollections, ReadingAttributes) {
+    CXmlDocument document;
+    document.LoadXml(
+        "<r xmlns:xsi='http://www.w3.org/2001/XMLSchema-instance' k='1' xsi:type='t' xml:lang='en'><c/></r>");
+    CXmlElement* const root = document.GetDocumentElement();
+    AttributeCol all(u"", u"##any", u""), some(u"", u"http://www.w3.org/2001/XMLSchema-instance", u"");
+    EXPECT_EQ(all.FromXml_Int(root, root->GetFirstElement(), Defaults(), false), root->GetFirstElement());
+    EXPECT_EQ(all.GetCount(), 3);
+    EXPECT_EQ(all.Item(1)->GetName() + all.Item(1)->GetValue(), u"typet");
+    EXPECT_BX_THROW(some.FromXml_Int(root, nullptr, Defaults(), false), CBxInvalidNamespaceException,
+                    "Invalid Attribute [lang]. The attributes namespace is Inappropriate.");
+    EXPECT_EQ(some.GetCount(), 2);
+}
+
+TEST(UntypedCollections, AnAttribute) {
+    struct Attribute : CAttribute {
+        using CAttribute::GetTargetNamespace;
+        Attribute(char16_t const* name, char16_t const* value, char16_t const* ns)
+            : CAttribute(name, value, ns) {}
+    } attribute(u"k", u"v", u"u"), copy(attribute);
+    attribute.SetName(u"l");
+    attribute.SetValue(nullptr);
+    attribute.SetNamespace(u"w");
+    EXPECT_EQ(attribute.GetName() + attribute.GetValue() + attribute.GetNamespace() +
+                  attribute.GetTargetNamespace(),
+              u"lww");
+    EXPECT_EQ(copy.GetName() + copy.GetValue() + copy.GetNamespace(), u"kvu");
+    EXPECT_BX_THROW(copy.FromXml(u"<a/>", Defaults()), CBxException, "This should be done by the collection");
+}
+
+TEST(UntypedCollections, AdditionalRootAttributes) {
+    CXmlSerializationContext context, before(context);
+    CSmartPtr<CAttributeCol> const attributes = context.GetAdditionalRootAttributes();
+    CXmlSerializationContext const after(context);
+    attributes->Add(u"k", u"v", u"anywhere");
+    EXPECT_TRUE(context.GetAdditionalRootAttributes() == attributes &&
+                after.GetAdditionalRootAttributes() == attributes);
+    EXPECT_EQ(before.GetAdditionalRootAttributes()->GetCount(), 0);
+    EXPECT_EQ(before.GetAdditionalRootAttributes()->GetNamespace(), u"");
+    before = context;
+    EXPECT_EQ(before.GetAdditionalRootAttributes(), attributes);
+    // Untyped content makes nothing of being the root.
+    context.GetNamespaceAliases().Add(u"p", u"anywhere");
+    context.GetProcessingInstructions().push_back(u"<?p?>");
+    EXPECT_EQ(CElement(u"a").ToXml(false, false, eol_LF, context), u"<a/>");
+}

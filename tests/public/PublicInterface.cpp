@@ -1,0 +1,107 @@
+// The shared library as an application sees it: one header, and what is exported.
+#include "BxXmlLib5/BxXmlLib5.h"
+
+#include <gtest/gtest.h>
+
+using namespace BxXmlLib5;
+
+namespace {
+
+CXmlSerializationContext const& Defaults() {
+    return CXmlSerializationContext::GetDefaultContext();
+}
+
+/// A binding in the way of generated code: a title, and untyped notes.
+struct Book : CXmlObjectBase {
+    Book() : m_notes(new CElementCol(u"", u"##any", u"", 0, 2)) { SetElementName(u"book"); }
+    CXmlObjectBase* GetBase() override { return this; }
+    wstring GetNamespace() const override { return u"urn:books"; }
+    wstring GetTargetNamespace() const override { return GetNamespace(); }
+    void OnEvent(CXmlObjectBase*, MsgType, void*) override { ++m_events; }
+    void ToXml_Int(CXmlWriter* writer, bool, char16_t const* namespaceUri,
+                   CXmlSerializationContext const& context, bool) const override {
+        writer->WriteStartElement(GetElementName(), namespaceUri);
+        writer->WriteAttribute(u"title", u"", m_title);
+        CXmlObjectBase::ToXml_Int(m_notes, writer, false, u"", context, false);
+        writer->WriteEndElement();
+    }
+    CXmlElement* FromXml_Int(CXmlElement* element, CXmlElement* firstChild,
+                             CXmlSerializationContext const& context, bool) override {
+        if (element->GetLocalName() != u"book") throw CBxValidationException(u"no book");
+        m_title = element->GetAttribute(u"title", u"");
+        return CXmlObjectBase::FromXml_Int(m_notes, element, firstChild, context);
+    }
+
+    wstring m_title;
+    CSmartPtr<CElementCol> m_notes;
+    int m_events = 0;
+};
+
+struct Note : CElement {
+    using CElement::CElement;
+};
+
+/// The message of a failure of that class or one derived from it.
+template <class Failure>
+std::string MessageOf(auto statement) {
+    try {
+        statement();
+    } catch (Failure const& failure) {
+        return ToUtf8(failure.GetMessage());
+    }
+    return "nothing";
+}
+
+}  // namespace
+
+TEST(PublicInterface, ADerivedObjectReadsAndWrites) {
+    Book book;
+    book.m_notes->AddEventListener(&book);
+    book.FromXml("<b:book xmlns:b='urn:books' title='Äpfel'><note>one</note><b:note/></b:book>", Defaults());
+    EXPECT_EQ(
+        ToUtf8(book.ToXml(true, true, eol_LF, Defaults())),
+        "<?xml version=\"1.0\"?>\n<AA:book xmlns:AA=\"urn:books\" title=\"Äpfel\">\n\t<note>one</note>\n"
+        "\t<AA:note/>\n</AA:book>\n");
+    EXPECT_EQ(book.m_events, 4);
+    book.m_notes->RemoveEventListener(&book);
+}
+
+TEST(PublicInterface, FailuresAreCaughtByTheirClass) {
+    Book book;
+    auto const anyAsNamespace = [] { CElement(u"a", u"##any"); };
+    auto const mismatch = [&] { book.FromXml(u"<book></shelf>", Defaults()); };
+    EXPECT_EQ(MessageOf<CBxException>(mismatch), "mismatched tag at line 1");
+    EXPECT_THROW(MessageOf<CBxValidationException>(mismatch), CBxException);
+    EXPECT_EQ(MessageOf<CBxValidationException>([&] { book.FromXml(u"<shelf/>", Defaults()); }), "no book");
+    EXPECT_EQ(MessageOf<CBxInvalidNamespaceException>(anyAsNamespace), "Invalid Namespace [##any]");
+    EXPECT_EQ(MessageOf<CBxValidationException>(anyAsNamespace), "Invalid Namespace [##any]");
+    EXPECT_EQ(MessageOf<CBxInvalidStateException>([&] { book.m_notes->Add(u"a"); }),
+              "A Namespace has not been set for this Collection");
+    EXPECT_EQ(MessageOf<CBxInvalidParamException>([&] { book.m_notes->Item(0); }),
+              "Index 0 is out of range, use 0 - -1");
+}
+
+TEST(PublicInterface, ItemsKeepTheirClass) {
+    Book book;
+    book.m_notes->Add(new Note(u"note"));
+    book.m_notes->Add(u"plain", u"");
+    EXPECT_NE(dynamic_cast<Note*>(static_cast<CElement*>(book.m_notes->Item(0))), nullptr);
+    EXPECT_EQ(dynamic_cast<Note*>(static_cast<CElement*>(book.m_notes->Item(1))), nullptr);
+}
+
+TEST(PublicInterface, DocumentsAndTheDefaultContext) {
+    CXmlDocument document;
+    document.LoadXml(u"<a xmlns:p='u' p:k='1'>x<b/></a>");
+    CXmlElement const* const root = document.GetDocumentElement();
+    EXPECT_EQ(root->GetAttribute(u"k", u"u") + root->GetText() + root->GetFirstElement()->GetLocalName(),
+              u"1xb");
+    EXPECT_FALSE(root->GetAttributes()[0]->IsNamespaceAttribute());
+    EXPECT_EQ(document.LookupNamespaceFromAlias(u"p"), u"u");
+
+    auto const bounds = [] { CElementCol(u"", u"##any", u"", 1, 1).ToXml(false, false, eol_LF, Defaults()); };
+    EXPECT_EQ(MessageOf<CBxValidationException>(bounds),
+              "The Minimum number of [] elements allowed in this collection is 1");
+    CXmlSerializationContext::GetDefaultContext().SetIgnoreInvalidCollectionCounts(true);
+    EXPECT_EQ(MessageOf<CBxValidationException>(bounds), "nothing");
+    CXmlSerializationContext::GetDefaultContext().SetIgnoreInvalidCollectionCounts(false);
+}
