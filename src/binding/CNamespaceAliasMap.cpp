@@ -43,8 +43,7 @@ int CNamespaceAliasMap::GetNamespaceCount() const {
 }
 
 wstring CNamespaceAliasMap::GetNamespaceAt(int index) const {
-    int const count = GetNamespaceCount();
-    if (index < 0 || index >= count) ThrowIndexOutOfRange(index, count);
+    ThrowIfIndexOutOfRange(index, GetNamespaceCount());
     return std::next(m_aliases.begin(), index)->first;
 }
 

@@ -21,10 +21,7 @@ CXmlSerializationContext& CXmlSerializationContext::GetDefaultContext() {
 void CXmlSerializationContext::SetIgnoreUnknownElements(bool value) {
     if (value && m_ignoreMissingMandatoryElements) {
         throw CBxInvalidStateException(
-            u"The parser can only ignore additional elements, or ignore the fact that some required ones are "
-            u"missing, "
-            u"you can not ignore both\n"
-            u"Set IgnoreMissingMandatoryElements to false before setting IgnoreUnknownElements to true");
+            u"The parser can only ignore additional elements, or ignore the fact that some required ones are missing, you can not ignore both\nSet IgnoreMissingMandatoryElements to false before setting IgnoreUnknownElements to true");
     }
     m_ignoreUnknownElements = value;
 }
@@ -32,10 +29,7 @@ void CXmlSerializationContext::SetIgnoreUnknownElements(bool value) {
 void CXmlSerializationContext::SetIgnoreMissingMandatoryElements(bool value) {
     if (value && m_ignoreUnknownElements) {
         throw CBxInvalidStateException(
-            u"The parser can only ignore additional elements, or ignore the fact that some required ones are "
-            u"missing, "
-            u"you can not ignore both\n"
-            u"Set IgnoreUnknownElements to false before setting IgnoreMissingMandatoryElements to true");
+            u"The parser can only ignore additional elements, or ignore the fact that some required ones are missing, you can not ignore both\nSet IgnoreUnknownElements to false before setting IgnoreMissingMandatoryElements to true");
     }
     m_ignoreMissingMandatoryElements = value;
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <climits>
 #include <cmath>
 #include <cstdarg>
 #include <cstdint>
@@ -23,7 +24,7 @@ struct Spec {
     bool blank = false;
     bool alternate = false;
     bool zeros = false;
-    int width = 0;
+    std::size_t width = 0;
     int precision = -1;  // -1 for none
     Size size = Size::Plain;
 };
@@ -40,8 +41,7 @@ bool IsUpper(char16_t letter) {
 /// Appends sign or base prefix and digits, filled to the width.
 void Fill(wstring& out, Spec const& spec, std::u16string_view prefix, std::u16string_view body) {
     std::size_t const length = prefix.size() + body.size();
-    std::size_t const width = static_cast<std::size_t>(spec.width);
-    std::size_t const fill = width > length ? width - length : 0;
+    std::size_t const fill = spec.width > length ? spec.width - length : 0;
     if (!spec.left && !spec.zeros) out.append(fill, u' ');
     out.append(prefix);
     if (!spec.left && spec.zeros) out.append(fill, u'0');
@@ -218,12 +218,10 @@ public:
     Spec TakeSpec(Arguments& arguments) {
         Spec spec;
         while (TakeFlag(spec)) continue;
-        spec.width = TakeNumber(arguments);
-        if (spec.width < 0) {
-            spec.left = true;
-            spec.width = -spec.width;
-        }
-        if (Skip(u".")) spec.precision = std::max(TakeNumber(arguments), -1);
+        std::int64_t const width = TakeNumber(arguments);
+        if (width < 0) spec.left = true;
+        spec.width = static_cast<std::size_t>(std::abs(width));
+        if (Skip(u".")) spec.precision = static_cast<int>(std::max<std::int64_t>(TakeNumber(arguments), -1));
         while (TakeSize(spec)) continue;
         return spec;
     }
@@ -238,12 +236,11 @@ private:
         return false;
     }
 
-    int TakeNumber(Arguments& arguments) {
+    std::int64_t TakeNumber(Arguments& arguments) {
         if (Skip(u"*")) return va_arg(arguments.list, int);
-        constexpr int kMost = 1'000'000;  // of digits or blanks that anybody means
-        int number = 0;
+        std::int64_t number = 0;
         while (!AtEnd() && m_rest[0] >= u'0' && m_rest[0] <= u'9') {
-            number = std::min(number * 10 + (TakeLetter() - u'0'), kMost);
+            number = std::min<std::int64_t>(number * 10 + (TakeLetter() - u'0'), INT_MAX);
         }
         return number;
     }

@@ -5,7 +5,8 @@
 
 namespace BxXmlLib5 {
 
-void ThrowIndexOutOfRange(int index, int count) {
+void ThrowIfIndexOutOfRange(int index, int count) {
+    if (index >= 0 && index < count) return;
     throw CBxInvalidParamException(FormatString(u"Index %d is out of range, use 0 - %d", index, count - 1));
 }
 

@@ -1,10 +1,9 @@
-// The failure of an index, which several classes share.
+// The test of an index, which several classes share.
 #pragma once
 
 namespace BxXmlLib5 {
 
-/// @param count how many there are
-/// @throws CBxInvalidParamException always
-[[noreturn]] void ThrowIndexOutOfRange(int index, int count);
+/// @throws CBxInvalidParamException unless index is 0 to count - 1
+void ThrowIfIndexOutOfRange(int index, int count);
 
 }  // namespace BxXmlLib5

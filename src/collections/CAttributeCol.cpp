@@ -25,6 +25,14 @@ CAttributeCol::CAttributeCol(CSharedText ns, CSharedText namespaceRestriction, C
 
 CAttributeCol::~CAttributeCol() = default;
 
+CAttributeCol& CAttributeCol::operator=(CAttributeCol const& other) {
+    // The items go last: the other collection may hang on one of them.
+    m_namespaceRestriction = other.m_namespaceRestriction;
+    m_targetNamespace = other.m_targetNamespace;
+    CXmlCollection::operator=(other);
+    return *this;
+}
+
 CSmartPtr<CAttribute> CAttributeCol::Add(char16_t const* name, char16_t const* value, char16_t const* ns) {
     BxXmlLib5::TestNamespace(TextOf(ns), m_namespaceRestriction.Get(), m_targetNamespace.Get());
     return AddNew(TextOf(name), TextOf(value), TextOf(ns));

@@ -222,7 +222,7 @@ void CElement::FireOnChangeName(char16_t const*) {}
 void CElement::FireOnChangeNamespace(char16_t const*) {}
 void CElement::FireOnChangeText(char16_t const*) {}
 
-// Reading any object from untyped content starts here, since the writing of that content does.
+// Here, because it begins by writing a CElement.
 void CXmlObjectBase::FromXmlElement(CElement const* element, CXmlSerializationContext& context) {
     FromXml(element->ToXml(false, false, eol_LF, CXmlSerializationContext::GetDefaultContext()).c_str(),
             context);

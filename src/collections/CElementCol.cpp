@@ -27,6 +27,15 @@ CElementCol::CElementCol(CSharedText defaultNamespace, CSharedText targetNamespa
 
 CElementCol::~CElementCol() = default;
 
+CElementCol& CElementCol::operator=(CElementCol const& other) {
+    // The items go last: the other collection may hang on one of them.
+    m_namespaceRestriction = other.m_namespaceRestriction;
+    m_defaultNamespace = other.m_defaultNamespace;
+    m_targetNamespace = other.m_targetNamespace;
+    CXmlCollection::operator=(other);
+    return *this;
+}
+
 wstring CElementCol::GetNamespace() const {
     return m_targetNamespace.Get();
 }

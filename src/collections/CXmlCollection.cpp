@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "BxXmlLib5/binding/CBxException.h"
+#include "binding/IndexRange.h"
 
 namespace BxXmlLib5 {
 
@@ -123,7 +124,7 @@ void CXmlCollection::RemoveNode(CNode* node) {
 }
 
 CNode* CXmlCollection::GetNodeAtIndex(int index) {
-    ThrowIfOutOfRange(index, GetCount());
+    ThrowIfIndexOutOfRange(index, GetCount());
     return NodeAt(index);
 }
 

@@ -5,7 +5,6 @@
 #include "BxXmlLib5/binding/CBxException.h"
 #include "BxXmlLib5/binding/CXmlSerializationContext.h"
 #include "BxXmlLib5/binding/FormatString.h"
-#include "binding/IndexRange.h"
 #include "platform/TextView.h"
 
 namespace BxXmlLib5 {
@@ -26,8 +25,7 @@ CXmlObjectBase* CXmlCollectionBase::GetBase() {
 
 wstring CXmlCollectionBase::GetTargetNamespace() const {
     throw CBxException(
-        u"CXmlCollectionBase::GetTargetNamespace Should not be used from within a Collection (program logic "
-        u"error)");
+        u"CXmlCollectionBase::GetTargetNamespace Should not be used from within a Collection (program logic error)");
 }
 
 wstring CXmlCollectionBase::GetNamespace() const {
@@ -67,10 +65,6 @@ void CXmlCollectionBase::FireOnCollectionChange() {
         if (std::find(m_listeners.begin(), m_listeners.end(), listener) == m_listeners.end()) continue;
         FireOnCollectionChangeEvent(listener, this);
     }
-}
-
-void CXmlCollectionBase::ThrowIfOutOfRange(int index, int count) {
-    if (index < 0 || index >= count) ThrowIndexOutOfRange(index, count);
 }
 
 void CXmlObjectBase::FireOnCollectionChangeEvent(CXmlObjectBase* listener, CXmlCollectionBase* collection) {

@@ -91,6 +91,10 @@ void CExpatReader::Parse(std::span<unsigned char const> input) {
     XML_SetNamespaceDeclHandler(m_parser, Callbacks::StartNamespace, Callbacks::EndNamespace);
     XML_SetCharacterDataHandler(m_parser, Callbacks::Text);
     XML_SetEntityDeclHandler(m_parser, Callbacks::Entity);
+#ifdef BXXMLLIB5_EXPAT_DEFERS
+    // It would leave a token at the end of the input for a final call, which never comes.
+    XML_SetReparseDeferralEnabled(m_parser, XML_FALSE);
+#endif
 
     bool const parsed = ParseInSlices(input);
     if (m_failure) std::rethrow_exception(m_failure);

@@ -30,7 +30,8 @@ public:
     }
 
     void Clear() {
-        // Large blocks last: freeing one makes the allocator tidy up after all the small ones before it.
+        // The nodes first: freeing a large block makes the allocator tidy up what small ones were freed
+        // before.
         for (Block& block : m_blocks) std::destroy_n(block.m_nodes, block.m_used);
         for (Block& block : m_blocks) std::allocator<T>().deallocate(block.m_nodes, block.m_size);
         m_blocks.clear();

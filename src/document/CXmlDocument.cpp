@@ -1,8 +1,5 @@
 #include "BxXmlLib5/document/CXmlDocument.h"
 
-#include <cstring>
-#include <utility>
-
 #include "BxXmlLib5/binding/CBxException.h"
 #include "BxXmlLib5/binding/FormatString.h"
 #include "document/CDocumentNodes.h"
@@ -115,7 +112,7 @@ void CXmlDocument::Parse(std::span<unsigned char const> input, bool isText) {
         CloseAllElements();
         throw;
     }
-    m_isComplete = m_elementStack.empty() && m_documentElement != nullptr;
+    m_isComplete = m_elementStack.empty();
     CloseAllElements();
     if (m_documentElement == nullptr) {
         Cleanup();

@@ -19,10 +19,9 @@ std::optional<std::vector<unsigned char>> Inflate(std::span<unsigned char const>
     if (inflateInit2(&stream, kAutomaticHeader) != Z_OK) throw std::bad_alloc();
     std::unique_ptr<z_stream, int (*)(z_stream*)> const end(&stream, inflateEnd);
 
-    std::vector<unsigned char> block;
+    std::vector<unsigned char> block(65536);
     std::vector<unsigned char> content;
     for (;;) {
-        block.resize(65536);
         stream.next_out = block.data();
         stream.avail_out = static_cast<uInt>(block.size());
         int const result = inflate(&stream, Z_NO_FLUSH);

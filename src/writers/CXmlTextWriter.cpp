@@ -55,7 +55,7 @@ void CXmlTextWriter::WriteStartElement(wstring const& name, wstring const& names
     }
     AppendIndentation(*element);
     m_buffer.Append(u'<');
-    bool const declares = element->TakeElementPrefix();
+    bool const declares = element->TakeElementPrefix(Current());
     AppendElementName(*element);
     if (declares) AppendDeclaration(element->ElementPrefix(), namespaceUri);
     if (isRoot) AppendRootDeclarations();
@@ -93,7 +93,7 @@ void CXmlTextWriter::WriteXsiType(wstring const& namespaceUri, wstring const& ty
 }
 
 void CXmlTextWriter::WriteText(wstring const& text) {
-    CXmlWriterContext& element = OpenElement();
+    CXmlWriterContext& element = InnermostElement();
     if (text.empty()) return;
     if (element.m_startTagOpen) {
         element.m_startTagOpen = false;
@@ -103,7 +103,7 @@ void CXmlTextWriter::WriteText(wstring const& text) {
 }
 
 void CXmlTextWriter::WriteEndElement() {
-    CXmlWriterContext const& element = OpenElement();
+    CXmlWriterContext const& element = InnermostElement();
     if (element.m_startTagOpen) {
         m_buffer.Append(u"/>");
     } else {
@@ -158,7 +158,7 @@ void CXmlTextWriter::AppendRootDeclarations() {
         m_buffer.Append(u'"');
     }
     for (auto const& [namespaceUri, alias] : RootNamespaces()) {
-        if (!Equal(namespaceUri, kXmlNamespace)) AppendDeclaration(alias, namespaceUri);
+        if (!alias.empty() && !Equal(namespaceUri, kXmlNamespace)) AppendDeclaration(alias, namespaceUri);
     }
 }
 

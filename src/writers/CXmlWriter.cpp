@@ -1,5 +1,6 @@
 #include "BxXmlLib5/writers/CXmlWriter.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "BxXmlLib5/binding/CBxException.h"
@@ -18,6 +19,7 @@ CXmlWriter::CXmlWriter(CXmlWriter const& other)
       m_namespaces(other.m_namespaces) {}
 
 CXmlWriter& CXmlWriter::operator=(CXmlWriter const& other) {
+    if (this == &other) return *this;
     m_defaultNamespace = other.m_defaultNamespace;
     m_namespaces = other.m_namespaces;
     m_context.reset();
@@ -51,16 +53,16 @@ wstring CXmlWriter::GetUniquePrefix(std::map<wstring, wstring> const& aliases) {
 }
 
 wstring CXmlWriter::NsIntToString(int index) {
-    return GeneratedPrefix(index);
+    return GeneratedPrefix(static_cast<std::size_t>(std::max(index, 0)));
 }
 
-CXmlWriter::CXmlWriterContext& CXmlWriter::OpenElement() const {
+CXmlWriter::CXmlWriterContext& CXmlWriter::InnermostElement() const {
     if (!m_context) throw CBxInvalidStateException(u"No element is open");
     return *m_context;
 }
 
 CXmlWriter::CXmlWriterContext& CXmlWriter::ElementOpenForAttributes() const {
-    CXmlWriterContext& element = OpenElement();
+    CXmlWriterContext& element = InnermostElement();
     if (!element.m_startTagOpen) throw CBxException(u"Attributes must be added before elements");
     return element;
 }

@@ -21,7 +21,10 @@ void CXmlWriter::CXmlWriterContext::Init(wstring const& name, wstring const& nam
     m_namespace = namespaceUri;
     m_name = name;
     m_hasAttributes = false;
-    m_prefixSource.reset();
+    m_outerScope = nullptr;
+    m_namespaces.clear();
+    m_hidesAlias = false;
+    m_prefixes.reset();
     m_elementPrefix = nullptr;
 }
 
@@ -30,7 +33,6 @@ void CXmlWriter::CXmlWriterContext::InitRoot(wstring const& name, wstring const&
                                              std::map<wstring, wstring> const& namespaces) {
     Init(name, namespaceUri);
     m_depth = 0;
-    m_enclosing = nullptr;
     m_scope = this;
     m_defaultNamespace = defaultNamespace;
     m_namespaces = namespaces;
@@ -40,14 +42,13 @@ void CXmlWriter::CXmlWriterContext::InitChild(wstring const& name, wstring const
                                               CXmlWriterContext const& parent) {
     Init(name, namespaceUri);
     m_depth = parent.m_depth + 1;
-    m_enclosing = &parent;
     m_scope = parent.m_scope;
 }
 
 void CXmlWriter::CXmlWriterContext::TakeScope() {
     if (m_scope == this) return;
-    m_namespaces = m_scope->m_namespaces;
-    m_defaultNamespace = m_scope->m_defaultNamespace;
+    m_outerScope = m_scope;
+    m_defaultNamespace = m_outerScope->m_defaultNamespace;
     m_scope = this;
 }
 
@@ -60,22 +61,41 @@ void CXmlWriter::CXmlWriterContext::SetDefaultNamespace(wstring const& namespace
 void CXmlWriter::CXmlWriterContext::AddNamespace(wstring const& alias, wstring const& namespaceUri) {
     TakeScope();
     m_namespaces[namespaceUri] = alias;
-    m_prefixSource.reset();
+    m_hidesAlias = true;
+    m_prefixes.reset();
     SettleElementPrefix();
 }
 
 wstring const* CXmlWriter::CXmlWriterContext::FindPrefix(wstring const& namespaceUri) const {
     if (Equal(namespaceUri, kXmlNamespace)) return &kXmlPrefix;
-    auto const known = Namespaces().find(namespaceUri);
-    bool const found = known != Namespaces().end() && !known->second.empty();  // an empty alias is none
-    return found ? &known->second : nullptr;
+    for (CXmlWriterContext const* scope = m_scope; scope != nullptr; scope = scope->m_outerScope) {
+        auto const known = scope->m_namespaces.find(namespaceUri);
+        if (known != scope->m_namespaces.end()) return known->second.empty() ? nullptr : &known->second;
+    }
+    return nullptr;
 }
 
 CXmlWriter::CXmlWriterContext::Prefix CXmlWriter::CXmlWriterContext::TakePrefix(wstring const& namespaceUri) {
     if (wstring const* const known = FindPrefix(namespaceUri)) return {*known, false};
     TakeScope();
-    if (!m_prefixSource) m_prefixSource.emplace(m_namespaces);
-    return {m_namespaces[namespaceUri] = m_prefixSource->Next(), true};
+    return {m_namespaces[namespaceUri] = Prefixes().Next(), true};
+}
+
+/// A scope goes on where the one outside it stands: the prefixes used there are used here too.
+CPrefixSource& CXmlWriter::CXmlWriterContext::Prefixes() {
+    if (!m_prefixes) {
+        bool const asOutside = m_outerScope != nullptr && !m_hidesAlias;
+        m_prefixes = asOutside ? m_outerScope->Prefixes() : CPrefixSource(AllNamespaces());
+    }
+    return *m_prefixes;
+}
+
+std::map<wstring, wstring> CXmlWriter::CXmlWriterContext::AllNamespaces() const {
+    std::map<wstring, wstring> all = m_namespaces;
+    for (CXmlWriterContext const* scope = m_outerScope; scope != nullptr; scope = scope->m_outerScope) {
+        all.insert(scope->m_namespaces.begin(), scope->m_namespaces.end());  // does not replace
+    }
+    return all;
 }
 
 bool CXmlWriter::CXmlWriterContext::IsDefault(wstring const& namespaceUri) const {
@@ -83,10 +103,10 @@ bool CXmlWriter::CXmlWriterContext::IsDefault(wstring const& namespaceUri) const
            (Equal(namespaceUri, DefaultNamespace()) && !Equal(namespaceUri, kXmlNamespace));
 }
 
-bool CXmlWriter::CXmlWriterContext::TakeElementPrefix() {
+bool CXmlWriter::CXmlWriterContext::TakeElementPrefix(CXmlWriterContext const* parent) {
     // Most elements are in the namespace of their parent.
-    if (m_enclosing != nullptr && Equal(m_namespace, m_enclosing->m_namespace)) {
-        m_elementPrefix = m_enclosing->m_elementPrefix;
+    if (parent != nullptr && Equal(m_namespace, parent->m_namespace)) {
+        m_elementPrefix = parent->m_elementPrefix;
         if (m_elementPrefix != nullptr) return false;
     }
     if (IsDefault(m_namespace)) {

@@ -10,9 +10,9 @@
 
 namespace BxXmlLib5 {
 
-/// Most elements have no scope of their own and see that of an ancestor; one that declares something takes a
-/// copy of the scope first.
-class CXmlWriter::CXmlWriterContext : public CInstanceMonitor {
+/// Most elements have no scope of their own and see that of an ancestor. One that declares something gets a
+/// scope, which holds that and hides what it replaces; all else is looked up outwards.
+class BXXMLLIB5_LOCAL CXmlWriter::CXmlWriterContext : public CInstanceMonitor {
 public:
     /// What stands for a namespace in names.
     struct Prefix {
@@ -32,7 +32,6 @@ public:
     void InitChild(wstring const& name, wstring const& namespaceUri, CXmlWriterContext const& parent);
 
     wstring const& DefaultNamespace() const { return m_scope->m_defaultNamespace; }
-    std::map<wstring, wstring> const& Namespaces() const { return m_scope->m_namespaces; }
 
     void SetDefaultNamespace(wstring const& namespaceUri);
     void AddNamespace(wstring const& alias, wstring const& namespaceUri);
@@ -44,8 +43,9 @@ public:
     bool IsDefault(wstring const& namespaceUri) const;
 
     /// Settles the prefix of the element's own name.
+    /// @param parent null at the root
     /// @return whether it was made just now and is to be declared
-    bool TakeElementPrefix();
+    bool TakeElementPrefix(CXmlWriterContext const* parent);
 
     /// The prefix of the element's own name, empty for none.
     wstring const& ElementPrefix() const;
@@ -62,14 +62,17 @@ private:
     void Init(wstring const& name, wstring const& namespaceUri);
     void TakeScope();
     wstring const* FindPrefix(wstring const& namespaceUri) const;
+    CPrefixSource& Prefixes();
+    std::map<wstring, wstring> AllNamespaces() const;
     void SettleElementPrefix();
 
-    CXmlWriterContext const* m_enclosing = nullptr;  // the parent, before it is this record's too
-    CXmlWriterContext const* m_scope = nullptr;  // this record, or the nearest one outside with its own scope
+    CXmlWriterContext* m_scope = nullptr;       // this record, or the nearest one outside with a scope
+    CXmlWriterContext* m_outerScope = nullptr;  // outside this record's scope, null at the root
     wstring m_defaultNamespace;
-    std::map<wstring, wstring> m_namespaces;      // URI to alias
-    std::optional<CPrefixSource> m_prefixSource;  // for this record's scope, once a prefix was made
-    wstring const* m_elementPrefix = nullptr;     // null if the scope has none any more
+    std::map<wstring, wstring> m_namespaces;  // URI to alias
+    bool m_hidesAlias = false;  // an alias was added, so the outer scope does not tell which are used
+    std::optional<CPrefixSource> m_prefixes;   // for this record's scope, once a prefix was made
+    wstring const* m_elementPrefix = nullptr;  // null if the scope has none any more
 };
 
 }  // namespace BxXmlLib5

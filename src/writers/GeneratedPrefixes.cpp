@@ -1,5 +1,6 @@
 #include "writers/GeneratedPrefixes.h"
 
+#include <algorithm>
 #include <optional>
 #include <string_view>
 
@@ -7,32 +8,30 @@ namespace BxXmlLib5 {
 
 namespace {
 
-constexpr int kLetters = 26;
+constexpr std::size_t kLetters = 26;
 constexpr std::size_t kFewestLetters = 2;
+constexpr std::size_t kMostLetters = 12;  // that can be counted in 64 bits
 
-/// The index of a prefix as GeneratedPrefix() forms it, if it is below the bound.
-std::optional<std::size_t> IndexOf(std::u16string_view prefix, std::size_t bound) {
-    if (prefix.size() < kFewestLetters) return std::nullopt;
+/// The index of a prefix, if it is one that GeneratedPrefix() forms.
+std::optional<std::size_t> IndexOf(std::u16string_view prefix) {
+    if (prefix.size() < kFewestLetters || prefix.size() > kMostLetters) return std::nullopt;
     std::size_t index = 0;
-    std::size_t shorter = 0;  // how many prefixes are shorter
+    std::size_t shorter = 0;  // how many prefixes have fewer letters
     std::size_t ofThisSize = kLetters;
     for (std::size_t i = 0; i < prefix.size(); ++i) {
         if (prefix[i] < u'A' || prefix[i] > u'Z') return std::nullopt;
         if (i >= kFewestLetters) shorter += ofThisSize *= kLetters;
         index = index * kLetters + (prefix[i] - u'A');
-        if (shorter >= bound || index >= bound) return std::nullopt;
     }
-    return index + shorter < bound ? std::optional(index + shorter) : std::nullopt;
+    return index + shorter;
 }
 
 }  // namespace
 
-wstring GeneratedPrefix(int index) {
+wstring GeneratedPrefix(std::size_t index) {
     std::size_t letters = kFewestLetters;
-    int ofThisSize = kLetters * kLetters;
-    while (index >= ofThisSize) {
+    for (std::size_t ofThisSize = kLetters * kLetters; index >= ofThisSize; ofThisSize *= kLetters) {
         index -= ofThisSize;
-        ofThisSize *= kLetters;
         ++letters;
     }
     wstring prefix(letters, u'A');
@@ -42,15 +41,19 @@ wstring GeneratedPrefix(int index) {
     return prefix;
 }
 
-CPrefixSource::CPrefixSource(std::map<wstring, wstring> const& aliases) : m_used(aliases.size() + 1) {
+CPrefixSource::CPrefixSource(std::map<wstring, wstring> const& aliases) {
+    std::vector<std::size_t> used;
     for (auto const& [namespaceUri, alias] : aliases) {
-        if (auto const index = IndexOf(alias, m_used.size())) m_used[*index] = true;
+        if (auto const index = IndexOf(alias)) used.push_back(*index);
     }
+    std::sort(used.begin(), used.end());
+    used.erase(std::unique(used.begin(), used.end()), used.end());
+    m_used = std::make_shared<std::vector<std::size_t> const>(std::move(used));
 }
 
 wstring CPrefixSource::Next() {
-    while (m_next < m_used.size() && m_used[m_next]) ++m_next;
-    return GeneratedPrefix(static_cast<int>(m_next++));
+    for (; m_usedBelow < m_used->size() && (*m_used)[m_usedBelow] == m_next; ++m_usedBelow) ++m_next;
+    return GeneratedPrefix(m_next++);
 }
 
 }  // namespace BxXmlLib5

@@ -190,3 +190,16 @@ TEST(UntypedCollections, AdditionalRootAttributes) {
     context.GetProcessingInstructions().push_back(u"<?p?>");
     EXPECT_EQ(CElement(u"a").ToXml(false, false, eol_LF, context), u"<a/>");
 }
+
+TEST(UntypedCollections, TakeOverACollectionThatHangsOnThem) {
+    ElementCol elements(u"", u"##any", u"old", 0, -1);
+    CSmartPtr<CElement> item = new CElement(u"x", u"n", u"##any", u"new");
+    item->GetChildElements()->Add(u"y", u"n");
+    elements.Add(item);
+    CElementCol const& below = *item->GetChildElements();
+    item = nullptr;
+    static_cast<CElementCol&>(elements) = below;
+    EXPECT_EQ(elements.GetCount(), 1);
+    EXPECT_EQ(Named(*elements.Item(0)), "y@n");
+    EXPECT_EQ(elements.GetNamespace(), u"new");
+}

@@ -4,7 +4,6 @@
 #include <atomic>
 #include <cstdint>
 #include <string_view>
-#include <utility>
 
 #include "BxXmlLib5/binding/CSmartPtr.h"
 #include "BxXmlLib5/platform/Export.h"
@@ -20,6 +19,11 @@ public:
     explicit CSharedText(std::u16string_view text);
 
     wstring const& Get() const;
+    operator wstring const&() const { return Get(); }
+    CSharedText& operator=(std::u16string_view text) {
+        Set(text);
+        return *this;
+    }
     bool Is(std::u16string_view text) const;
 
     /// Takes another text, unless it has it already.

@@ -83,7 +83,7 @@ public:
     /// @param includeDeclaration begin with an XML declaration, which names no encoding
     /// @param formatted break lines and indent by tabs
     /// @throws CBxException for an eol that is not one of the two, and whatever the object's data gives cause
-    /// for
+    ///        for
     wstring ToXml(bool includeDeclaration, bool formatted, EOLType eol,
                   CXmlSerializationContext const& context) const;
 
@@ -91,7 +91,7 @@ public:
     /// read leaves what was stored so far.
     /// @param text zero-terminated octets in the encoding that the document declares, UTF-8 by default
     /// @throws CBxException if the text is empty or no well-formed document, and whatever the data gives
-    /// cause for
+    ///        cause for
     void FromXml(char const* text, CXmlSerializationContext const& context);
 
     /// As above, from UTF-16. A declaration in the text must not name an encoding of one octet for a
@@ -158,8 +158,7 @@ protected:
 
     /// Tests a namespace against the namespace attribute of a schema wildcard.
     /// @param allowed tokens separated by single blanks: ##any, ##other, ##local, ##targetNamespace or a URI;
-    /// a URI,
-    ///        and an empty token, admits no namespace as well
+    ///        a URI, and an empty token, admits no namespace as well
     bool IsNamespaceValid(char16_t const* namespaceUri, char16_t const* allowed,
                           char16_t const* targetNamespace) const;
 

@@ -38,7 +38,7 @@ public:
     /// Reading skips elements that fit nowhere.
     bool GetIgnoreUnknownElements() const { return m_ignoreUnknownElements; }
     /// @throws CBxInvalidStateException if missing mandatory elements are ignored and value is true; nothing
-    /// changes
+    ///        changes
     void SetIgnoreUnknownElements(bool value);
 
     /// Reading of a sequence passes over mandatory elements that are not there.

@@ -14,12 +14,11 @@ namespace BxXmlLib5 {
 class BXXMLLIB5_API CAttributeCol : public CXmlCollection, public CInstanceMonitor {
 public:
     /// @param ns the namespace of attributes that are added without one. If it is empty, and the first token
-    /// of the
-    ///        restriction is a concrete namespace, that is taken.
+    ///        of the restriction is a concrete namespace, that is taken.
     /// @param namespaceRestriction as for CXmlObjectBase::IsNamespaceValid
     CAttributeCol(char16_t const* ns, char16_t const* namespaceRestriction, char16_t const* targetNamespace);
     CAttributeCol(CAttributeCol const&) = default;
-    CAttributeCol& operator=(CAttributeCol const&) = default;
+    CAttributeCol& operator=(CAttributeCol const& other);
     ~CAttributeCol() override;
 
     /// Appends a new attribute.

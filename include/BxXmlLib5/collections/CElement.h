@@ -27,13 +27,12 @@ public:
 
     /// @param ns a concrete namespace, which is also the restriction
     /// @throws CBxInvalidNamespaceException if name or ns is null or ns is one of ##any, ##other, ##local,
-    /// ##targetNamespace
+    ///        ##targetNamespace
     CElement(char16_t const* name, char16_t const* ns);
 
     /// @param namespaceRestriction as for CXmlObjectBase::IsNamespaceValid
     /// @throws CBxInvalidNamespaceException if the name, the restriction or the target namespace is null, or
-    /// the
-    ///         restriction does not allow the namespace
+    ///        the restriction does not allow the namespace
     CElement(char16_t const* name, char16_t const* ns, char16_t const* namespaceRestriction,
              char16_t const* targetNamespace);
 
@@ -58,6 +57,7 @@ public:
 
     /// Tests the element, its attributes and all below against a restriction; stores nothing.
     /// @throws CBxInvalidNamespaceException at the first offence
+    /// @throws CBxException if elements are nested more than 1,024 levels deep
     void SetNamespaceRestrictions(char16_t const* namespaceRestriction, char16_t const* targetNamespace);
 
     /// Reads the root of a document into this element, beside the attributes and children that it has. A root

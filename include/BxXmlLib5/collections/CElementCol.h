@@ -13,14 +13,13 @@ namespace BxXmlLib5 {
 class BXXMLLIB5_API CElementCol : public CXmlCollection, public CInstanceMonitor {
 public:
     /// @param ns the namespace of elements that are added without one. If it is empty, and the first token of
-    /// the
-    ///        restriction is a concrete namespace, that is taken.
+    ///        the restriction is a concrete namespace, that is taken.
     /// @param minOccurs,maxOccurs the bounds of the count
     /// @throws CBxInvalidNamespaceException if the restriction does not allow ns
     CElementCol(char16_t const* ns, char16_t const* namespaceRestriction, char16_t const* targetNamespace,
                 int minOccurs, int maxOccurs);
     CElementCol(CElementCol const&) = default;
-    CElementCol& operator=(CElementCol const&) = default;
+    CElementCol& operator=(CElementCol const& other);
     ~CElementCol() override;
 
     wstring GetNamespace() const override;

@@ -66,9 +66,6 @@ protected:
     /// Tells all listeners, in the order of their addition.
     void FireOnCollectionChange();
 
-    /// @throws CBxInvalidParamException unless index is 0 to count - 1
-    static void ThrowIfOutOfRange(int index, int count);
-
     CSharedText m_namespace;
 
 private:

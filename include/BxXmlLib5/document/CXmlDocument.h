@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstddef>
-#include <cstdint>
 #include <functional>
 #include <map>
 #include <memory>
@@ -27,7 +26,8 @@ class CDocumentNodes;
 /// of text are those of Expat: UTF-8, UTF-16, ISO-8859-1 and US-ASCII, told by a byte order mark or the XML
 /// declaration.
 ///
-/// Limits: 2,147,483,647 octets of input, before or after decompression, and 1,024 levels of elements.
+/// Limits: 2,147,483,647 octets of input, before or after decompression, 1,024 levels of elements, and 1,024
+/// entities that refer to others.
 ///
 /// All loads throw CBxException, with a message that says what is wrong, for input that is empty, too large
 /// or no well-formed document. An input that ends inside an element is not refused: the tree holds what was
@@ -36,8 +36,7 @@ class BXXMLLIB5_API CXmlDocument : public CInstanceMonitor {
 public:
     /// Nothing is loaded.
     /// @param schemaType st_NoNamespaces switches the processing of namespaces off: names keep their
-    /// prefixes, and
-    ///        xmlns attributes are attributes like any other
+    ///        prefixes, and xmlns attributes are attributes like any other
     explicit CXmlDocument(SchemaType schemaType = st_Default);
     CXmlDocument(CXmlDocument const&) = delete;
     CXmlDocument& operator=(CXmlDocument const&) = delete;

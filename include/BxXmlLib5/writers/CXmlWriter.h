@@ -31,7 +31,8 @@ public:
     virtual void SetDefaultNamespace(wstring const& namespaceUri);
 
     /// Before the root: an alias that the root declares. Later: an alias of the open element's scope, which
-    /// is not declared. An alias already held for the namespace is replaced.
+    /// is not declared. An alias already held for the namespace is replaced. The empty alias is none: it is
+    /// not declared, and a prefix is generated where one is needed.
     virtual void AddNamespace(wstring const& alias, wstring const& namespaceUri);
 
     /// @throws CBxException if an element is open
@@ -70,7 +71,7 @@ protected:
 
     /// The record of the innermost open element.
     /// @throws CBxInvalidStateException if none is open
-    CXmlWriterContext& OpenElement() const;
+    CXmlWriterContext& InnermostElement() const;
 
     /// @throws CBxException if the innermost open element takes no attributes any more
     CXmlWriterContext& ElementOpenForAttributes() const;
