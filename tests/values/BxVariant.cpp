@@ -136,8 +136,9 @@ TEST(BxVariant, HoldsOneReferenceOfAnObject) {
         copy = BxVariant(other);
         EXPECT_EQ(References(element), 2);
         EXPECT_EQ(References(collection), 3);
-        copy = copy;
-        copy = std::move(copy);
+        BxVariant& same = copy;
+        copy = same;
+        copy = std::move(same);
         EXPECT_EQ(copy.GetXmlCollection(), collection);
         EXPECT_EQ(object.GetXmlObject(), element);
         copy.SetI4(1);
@@ -163,7 +164,8 @@ TEST(BxVariant, TakesANullObject) {
 
 TEST(BxVariant, CanBeSetFromWhatItHolds) {
     BxVariant variant = Parsed(u"long enough to stand on the heap", it_string);
-    variant = variant;
+    BxVariant const& same = variant;
+    variant = same;
     variant.SetString(*variant.m_value.m_string);
     variant.FromString(*variant.m_value.m_string, it_string, kCollapse);
     EXPECT_EQ(variant.GetString(), u"long enough to stand on the heap");
