@@ -20,21 +20,11 @@ TEST(Utf8Conversion, GoesBothWays) {
         std::u16string_view m_wide;
         std::string_view m_utf8;
     } const rows[] = {
-        {u"a", "a"},
-        {u"a\0b"sv, "a\0b"sv},
-        {u"\x7F", "\x7F"},
-        {u"\x80", "\xC2\x80"},
-        {u"a\x80z", "a\xC2\x80z"},
-        {u"\x7FF", "\xDF\xBF"},
-        {u"\x800", "\xE0\xA0\x80"},
-        {u"\xD7FF", "\xED\x9F\xBF"},
-        {u"\xE000", "\xEE\x80\x80"},
-        {u"\xFFFF", "\xEF\xBF\xBF"},
-        {u"\xD800\xDC00", "\xF0\x90\x80\x80"},
-        {u"\xDBFF\xDFFF", "\xF4\x8F\xBF\xBF"},
-        {u"gr\u00FC\u00DFe \u65E5\U0001F600.",
-         "gr\xC3\xBC\xC3\x9F"
-         "e \xE6\x97\xA5\xF0\x9F\x98\x80."},
+        {u"a\0\x7F"sv, "a\0\x7F"sv},
+        {u"\x80\x7FFz", "\xC2\x80\xDF\xBFz"},
+        {u"\x800\xD7FF\xE000\xFFFF", "\xE0\xA0\x80\xED\x9F\xBF\xEE\x80\x80\xEF\xBF\xBF"},
+        {u"\xD800\xDC00\xDBFF\xDFFF", "\xF0\x90\x80\x80\xF4\x8F\xBF\xBF"},
+        {u"\u00DFe \u65E5\U0001F600.", "\xC3\237e \xE6\x97\xA5\xF0\x9F\x98\x80."},
     };
     for (auto const& row : rows) {
         EXPECT_EQ(TextOf(WideToUtf8(row.m_wide)), row.m_utf8);
@@ -65,11 +55,9 @@ std::size_t LengthOf(int first, int second) {
     struct {
         int m_first, m_last, m_low, m_high;
         std::size_t m_length;
-    } const rows[] = {
-        {0xC2, 0xDF, 0x80, 0xBF, 2}, {0xE0, 0xE0, 0xA0, 0xBF, 3}, {0xE1, 0xEC, 0x80, 0xBF, 3},
-        {0xED, 0xED, 0x80, 0x9F, 3}, {0xEE, 0xEF, 0x80, 0xBF, 3}, {0xF0, 0xF0, 0x90, 0xBF, 4},
-        {0xF1, 0xF3, 0x80, 0xBF, 4}, {0xF4, 0xF4, 0x80, 0x8F, 4},
-    };
+    } const rows[] = {{0xC2, 0xDF, 0x80, 0xBF, 2}, {0xE0, 0xE0, 0xA0, 0xBF, 3}, {0xE1, 0xEC, 0x80, 0xBF, 3},
+                      {0xED, 0xED, 0x80, 0x9F, 3}, {0xEE, 0xEF, 0x80, 0xBF, 3}, {0xF0, 0xF0, 0x90, 0xBF, 4},
+                      {0xF1, 0xF3, 0x80, 0xBF, 4}, {0xF4, 0xF4, 0x80, 0x8F, 4}};
     for (auto const& row : rows) {
         bool const begins = first >= row.m_first && first <= row.m_last;
         if (begins && second >= row.m_low && second <= row.m_high) return row.m_length;
@@ -96,9 +84,7 @@ TEST(Utf8Conversion, TakesWellFormedOctetsOnly) {
         }
     }
     EXPECT_EQ(Utf8ToWide({}), u"");
-    EXPECT_EQ(Utf8ToWide(Octets("before\xC0\x80"
-                                "behind")),
-              u"");
+    EXPECT_EQ(Utf8ToWide(Octets("before\xC0\200behind")), u"");
 }
 
 }  // namespace
