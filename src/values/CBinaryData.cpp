@@ -29,15 +29,13 @@ struct BinaryDataHolder {
         std::ranges::copy(octets, m_data.get());
     }
 
-    std::span<unsigned char const> Octets() const { return {m_data.get(), m_length}; }
-
     void Append(std::span<unsigned char const> octets) {
         std::size_t const length = m_length + octets.size();
         Buffer former;  // the new octets may be part of it
         if (length > m_capacity) {
-            m_capacity = 2 * length;
-            former = std::exchange(m_data, std::make_unique_for_overwrite<unsigned char[]>(m_capacity));
+            former = std::exchange(m_data, std::make_unique_for_overwrite<unsigned char[]>(2 * length));
             std::copy_n(former.get(), m_length, m_data.get());
+            m_capacity = 2 * length;
         }
         std::ranges::copy(octets, m_data.get() + m_length);
         m_length = length;

@@ -21,6 +21,7 @@ TEST(Utf8Conversion, GoesBothWays) {
         std::string_view m_utf8;
     } const rows[] = {
         {u"a\0\x7F"sv, "a\0\x7F"sv},
+        {u"\x80", "\xC2\x80"},
         {u"\x80\x7FFz", "\xC2\x80\xDF\xBFz"},
         {u"\x800\xD7FF\xE000\xFFFF", "\xE0\xA0\x80\xED\x9F\xBF\xEE\x80\x80\xEF\xBF\xBF"},
         {u"\xD800\xDC00\xDBFF\xDFFF", "\xF0\x90\x80\x80\xF4\x8F\xBF\xBF"},
@@ -84,6 +85,7 @@ TEST(Utf8Conversion, TakesWellFormedOctetsOnly) {
         }
     }
     EXPECT_EQ(Utf8ToWide({}), u"");
+    EXPECT_EQ(Utf8ToWide(Octets("\x80")), u"");
     EXPECT_EQ(Utf8ToWide(Octets("before\xC0\200behind")), u"");
 }
 
