@@ -24,6 +24,7 @@
 #include "BxXmlLib5/platform/Export.h"
 #include "BxXmlLib5/platform/Text.h"
 #include "BxXmlLib5/values/BxVariant.h"
+#include "BxXmlLib5/values/CBinaryData.h"
 #include "BxXmlLib5/values/CConversions.h"
 #include "BxXmlLib5/values/CWhitespaceUtils.h"
 #include "BxXmlLib5/values/ItemType.h"
