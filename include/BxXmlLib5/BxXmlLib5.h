@@ -22,4 +22,5 @@
 #include "BxXmlLib5/document/CXmlElement.h"
 #include "BxXmlLib5/platform/Export.h"
 #include "BxXmlLib5/platform/Text.h"
+#include "BxXmlLib5/platform/WindowsTime.h"
 #include "BxXmlLib5/writers/CXmlWriter.h"
