@@ -23,4 +23,6 @@
 #include "BxXmlLib5/platform/Export.h"
 #include "BxXmlLib5/platform/Text.h"
 #include "BxXmlLib5/platform/WindowsTime.h"
+#include "BxXmlLib5/values/CDateTime.h"
+#include "BxXmlLib5/values/CDateTimeSpan.h"
 #include "BxXmlLib5/writers/CXmlWriter.h"
