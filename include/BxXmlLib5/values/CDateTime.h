@@ -207,8 +207,8 @@ public:
     /// Read a lexical form of XML Schema in place of any value that the object had. ParseXSDDate takes the
     /// forms of all six types without a time, and the type from the form; a month may also be written --MM--.
     /// Years have four digits. A fraction has at most nine digits. Offsets are taken up to 23:59; the hour 24
-    /// counts as 00, and -00:30 as +00:30. Text behind a time that begins with neither "Z" nor a sign is
-    /// ignored, and so is the second half of an offset in a date whose first character is no sign.
+    /// counts as 00, and -00:30 as +00:30. What stands in the place of a zone but begins with neither "Z" nor
+    /// a sign is ignored: any text behind a time, six characters with a colon behind a date.
     /// @throws CBxInvalidValueException for any other text, null included. The value is gone by then, except
     ///     where ParseXSDDateTime was given null or no "T".
     void ParseXSDDateTime(char16_t const* text);
