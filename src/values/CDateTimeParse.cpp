@@ -11,16 +11,16 @@ namespace {
 
 /// The types without a time by the length of their form, from the first hyphen or digit to the zone.
 struct DateForm {
-    bool isHyphened;
     std::ptrdiff_t length;
+    bool isHyphened;
     CDateTime::DTType type;
 };
 
 constexpr DateForm kDateForms[] = {
-    {true, 4, CDateTime::dt_gMonth},      {true, 5, CDateTime::dt_gDay},
-    {true, 6, CDateTime::dt_gMonth},  // --MM--, as the first edition of XML Schema Part 2 writes it
-    {true, 7, CDateTime::dt_gMonthDay},   {false, 4, CDateTime::dt_gYear},
-    {false, 7, CDateTime::dt_gYearMonth}, {false, 10, CDateTime::dt_date},
+    {4, true, CDateTime::dt_gMonth},      {5, true, CDateTime::dt_gDay},
+    {6, true, CDateTime::dt_gMonth},  // --MM--, as the first edition of XML Schema Part 2 writes it
+    {7, true, CDateTime::dt_gMonthDay},   {4, false, CDateTime::dt_gYear},
+    {7, false, CDateTime::dt_gYearMonth}, {10, false, CDateTime::dt_date},
 };
 
 /// Reads the fields of a form, which are 0 before, from the front of a text that is no shorter; false if the

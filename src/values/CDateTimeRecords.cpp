@@ -9,7 +9,7 @@ namespace BxXmlLib5 {
 
 namespace {
 
-constexpr std::int64_t kSecondsOfDay = 24 * 60 * 60;
+constexpr std::int64_t kSecondsOfDay = 86'400;
 
 /// Whether the fields of a record fit the narrower ones of a date.
 bool Fits(DateTimeFields const& fields) {
@@ -65,8 +65,8 @@ std::int64_t CDateTime::GetTime() const {
     }
     CDateTime const utc = GetNormalized();
     std::int64_t const days = DayNumber(utc.m_year, utc.m_month, utc.m_day);
-    if (m_dtType == dt_date) return days * kSecondsOfDay;
-    return days * kSecondsOfDay + utc.m_hour * 3600 + utc.m_minute * 60 + utc.m_second;
+    int const secondOfDay = (utc.m_hour * 60 + utc.m_minute) * 60 + utc.m_second;
+    return days * kSecondsOfDay + (m_dtType == dt_dateTime ? secondOfDay : 0);
 }
 
 _SYSTEMTIME CDateTime::GetAsSystemTime() const {

@@ -17,17 +17,17 @@ constexpr int kMostYear = 9999;
 constexpr int kLeapYear = 4;  // for a 29 February without a year
 
 constexpr DateTimeType kTypes[] = {
-    {CDateTime::dt_yearZero, u"yearZero", 0, u""},
-    {CDateTime::dt_dateTime, u"dateTime", kYear | kMonth | kDay | kTime, u"YYYY-MM-DDThh:mm:ss"},
-    {CDateTime::dt_date, u"date", kYear | kMonth | kDay, u"YYYY-MM-DD"},
-    {CDateTime::dt_gYearMonth, u"gYearMonth", kYear | kMonth, u"YYYY-MM"},
-    {CDateTime::dt_gYear, u"gYear", kYear, u"YYYY"},
-    {CDateTime::dt_time, u"time", kTime, u"hh:mm:ss"},
-    {CDateTime::dt_gDay, u"gDay", kDay, u"---DD"},
-    {CDateTime::dt_gMonth, u"gMonth", kMonth, u"--MM"},
-    {CDateTime::dt_gMonthDay, u"gMonthDay", kMonth | kDay, u"--MM-DD"},
+    {CDateTime::dt_yearZero, 0, u"yearZero", u""},
+    {CDateTime::dt_dateTime, kYear | kMonth | kDay | kTime, u"dateTime", u"YYYY-MM-DDThh:mm:ss"},
+    {CDateTime::dt_date, kYear | kMonth | kDay, u"date", u"YYYY-MM-DD"},
+    {CDateTime::dt_gYearMonth, kYear | kMonth, u"gYearMonth", u"YYYY-MM"},
+    {CDateTime::dt_gYear, kYear, u"gYear", u"YYYY"},
+    {CDateTime::dt_time, kTime, u"time", u"hh:mm:ss"},
+    {CDateTime::dt_gDay, kDay, u"gDay", u"---DD"},
+    {CDateTime::dt_gMonth, kMonth, u"gMonth", u"--MM"},
+    {CDateTime::dt_gMonthDay, kMonth | kDay, u"gMonthDay", u"--MM-DD"},
 };
-constexpr DateTimeType kUnknown = {CDateTime::dt_yearZero, u"", 0, u""};
+constexpr DateTimeType kUnknown = {CDateTime::dt_yearZero, 0, u"", u""};
 
 constexpr bool InOrder() {
     for (std::size_t i = 0; i < std::size(kTypes); ++i) {

@@ -33,8 +33,8 @@ inline constexpr FieldSet kTime = 8;
 /// fraction and zone are no part of it.
 struct DateTimeType {
     CDateTime::DTType type;
-    char16_t const* name;
     FieldSet fields;
+    char16_t const* name;
     std::u16string_view form;
 
     constexpr bool Uses(FieldSet field) const { return (fields & field) != 0; }

@@ -145,13 +145,13 @@ TEST(CDateTime, GettersKnowWhichFieldsATypeUses) {
         CDateTime date;
         date.SetDateTime(CDateTime(2004, 12, 30, 4, 5, 6, 250, 0, 0), static_cast<Type>(type));
         EXPECT_EQ(ToUtf8(date.GetTypeAsString()), names[type]);
-        for (auto const& [get, value, name, types] : kGetters) {
-            if (type < kUnknown && types[type] == '1') {
-                EXPECT_EQ(get(date), value) << name;
+        for (Getter const& row : kGetters) {
+            if (type < kUnknown && row.types[type] == '1') {
+                EXPECT_EQ(row.get(date), row.value) << row.name;
             } else {
                 EXPECT_BX_THROW(
-                    get(date), CBxInvalidStateException,
-                    std::string("Failed to ") + name + ". Invalid Date Type: " + names[type] + ".");
+                    row.get(date), CBxInvalidStateException,
+                    std::string("Failed to ") + row.name + ". Invalid Date Type: " + names[type] + ".");
             }
         }
     }

@@ -70,15 +70,16 @@ TEST(CDateTimeArithmetic, TheYearMayLeaveItsRangeButNot16Bits) {
     CDateTimeSpan const most(65535, UINT32_MAX, UINT32_MAX, UINT32_MAX, UINT64_MAX, UINT64_MAX, UINT16_MAX,
                              UINT16_MAX, UINT16_MAX);
     CDateTimeSpan const seconds(0, 0, UINT64_MAX);
-    for (auto const& [span, year] : {std::pair{Span("P30767Y"), "32768"},
-                                     {Span("-P34770Y"), "-32769"},
-                                     {Span("P65535Y"), "67536"},
-                                     {Span("P4000000000D"), "10953629"},
-                                     {most, "2147483647"},
-                                     {most.GetAsNegative(), "-2147483648"}}) {
+    for (auto const& row : {std::pair{Span("P30767Y"), "32768"},
+                            {Span("-P34770Y"), "-32769"},
+                            {Span("P65535Y"), "67536"},
+                            {Span("P4000000000D"), "10953629"},
+                            {most, "2147483647"},
+                            {most.GetAsNegative(), "-2147483648"}}) {
         CDateTime date = Date("2001-01-01T10:00:00");
-        EXPECT_BX_THROW(date += span, CBxInvalidValueException,
-                        std::string("Invalid Year [") + year + "] (-9999 <= year <= 9999 && year != 0)");
+        EXPECT_BX_THROW(
+            date += row.first, CBxInvalidValueException,
+            std::string("Invalid Year [") + row.second + "] (-9999 <= year <= 9999 && year != 0)");
         EXPECT_EQ(Text(date), "2001-01-01T10:00:00");
     }
     EXPECT_EQ(Text(Date("10:00:00") + seconds), "17:00:15");

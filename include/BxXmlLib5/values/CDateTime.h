@@ -24,8 +24,8 @@ struct DateTimeFields;
 ///
 /// Setting. An object of type dt_yearZero, which is what a new object has, takes any type. An object that has
 /// a type can only be set as that type again; only parsing, conversion and assignment of another object
-/// change it. Setting drops the zone. Every setter and parser throws CBxInvalidValueException for what is no
-/// value of the type, and then leaves the fields as they were given.
+/// change it. Setting drops the zone. A setter throws CBxInvalidValueException for what is no value of the
+/// type, and then leaves the fields as they were given.
 class BXXMLLIB5_API CDateTime {
 public:
     enum DTType : std::int32_t {
@@ -207,9 +207,10 @@ public:
     /// Read a lexical form of XML Schema in place of any value that the object had. ParseXSDDate takes the
     /// forms of all six types without a time, and the type from the form; a month may also be written --MM--.
     /// Years have four digits. A fraction has at most nine digits. Offsets are taken up to 23:59; the hour 24
-    /// counts as 00, and -00:30 as +00:30. Text behind a time that begins with neither "Z" nor a sign is
-    /// ignored, and so is the second half of an offset in a date whose first character is no sign.
-    /// @throws CBxInvalidValueException for any other text, null included
+    /// counts as 00, and -00:30 as +00:30. What stands in the place of a zone but begins with neither "Z" nor
+    /// a sign is ignored: any text behind a time, six characters with a colon behind a date.
+    /// @throws CBxInvalidValueException for any other text, null included. The value is gone by then, except
+    ///     where ParseXSDDateTime was given null or no "T".
     void ParseXSDDateTime(char16_t const* text);
     void ParseXSDDate(char16_t const* text);
     void ParseXSDTime(char16_t const* text);
