@@ -42,6 +42,11 @@ bool ReadForm(std::u16string_view form, std::u16string_view text, DateTimeFields
     throw CBxInvalidValueException(FormatString(message, wstring(text).c_str()));
 }
 
+/// Parts of a text may be ignored, but a unit of value 0 is no text at all.
+bool HasZeroUnit(std::u16string_view text) {
+    return text.find(u'\0') != text.npos;
+}
+
 /// The form of a date text, null if there is none of that length.
 DateForm const* FindForm(bool isHyphened, std::ptrdiff_t length) {
     for (DateForm const& row : kDateForms) {
@@ -54,15 +59,18 @@ DateForm const* FindForm(bool isHyphened, std::ptrdiff_t length) {
 
 void CDateTime::ParseXSDDateTime(char16_t const* text) {
     if (text == nullptr) throw CBxInvalidValueException(u"Invalid DateTime (Null String)");
-    std::u16string_view const whole = text;
-    std::size_t const separator = whole.find(u'T');
-    if (separator == whole.npos) Throw(u"Invalid XSD DateTime [%s]", whole);
+    ParseXSDDateTime(std::u16string_view(text));
+}
+
+void CDateTime::ParseXSDDateTime(std::u16string_view text) {
+    std::size_t const separator = text.find(u'T');
+    if (separator == text.npos) Throw(u"Invalid XSD DateTime [%s]", text);
     Clear();
-    SetXSDDate(whole.substr(0, separator));
+    SetXSDDate(text.substr(0, separator));
     if (m_dtType != dt_date) {
-        Throw(u"Invalid XSD DateTime [%s] expected CCYY-MM-DDThh:mm:ss[.ff]", whole);
+        Throw(u"Invalid XSD DateTime [%s] expected CCYY-MM-DDThh:mm:ss[.ff]", text);
     }
-    SetXSDTime(whole.substr(separator + 1));
+    SetXSDTime(text.substr(separator + 1));
     m_dtType = dt_dateTime;
     Validate();
 }
@@ -70,6 +78,11 @@ void CDateTime::ParseXSDDateTime(char16_t const* text) {
 void CDateTime::ParseXSDDate(char16_t const* text) {
     Clear();
     if (text == nullptr) throw CBxInvalidValueException(u"Invalid Date (Null String)");
+    ParseXSDDate(std::u16string_view(text));
+}
+
+void CDateTime::ParseXSDDate(std::u16string_view text) {
+    Clear();
     SetXSDDate(text);
     Validate();
 }
@@ -77,6 +90,11 @@ void CDateTime::ParseXSDDate(char16_t const* text) {
 void CDateTime::ParseXSDTime(char16_t const* text) {
     Clear();
     if (text == nullptr) throw CBxInvalidValueException(u"Invalid Time (Null String)");
+    ParseXSDTime(std::u16string_view(text));
+}
+
+void CDateTime::ParseXSDTime(std::u16string_view text) {
+    Clear();
     SetXSDTime(text);
     Validate();
 }
@@ -94,7 +112,7 @@ void CDateTime::SetXSDDate(std::u16string_view text) {
     std::ptrdiff_t const zoneLength = endsWithZ ? 1 : hasColon ? 6 : 0;
     DateForm const* const form = FindForm(isHyphened, std::ssize(body) - zoneLength);
     DateTimeFields fields;
-    if (form == nullptr || !ReadForm(TypeOf(form->type).form, body, fields)) {
+    if (form == nullptr || !ReadForm(TypeOf(form->type).form, body, fields) || HasZeroUnit(text)) {
         Throw(u"Invalid XSD Date [%s] expected CCYY-MM-DD[Z|[+|-]hh:mm]", text);
     }
     if (isNegative) fields.year = -fields.year;
@@ -108,7 +126,7 @@ void CDateTime::SetXSDTime(std::u16string_view text) {
     std::u16string_view const form = TypeOf(dt_time).form;
     DateTimeFields fields = Fields();
     if (text.size() < form.size() || !ReadForm(form, text, fields) || fields.hour > 23 ||
-        fields.minute > 59 || fields.second > 59) {
+        fields.minute > 59 || fields.second > 59 || HasZeroUnit(text)) {
         Throw(u"Invalid XSD Time [%s] expected hh:mm:ss[.ff]", text);
     }
     std::u16string_view rest = text.substr(form.size());

@@ -6,6 +6,7 @@
 
 #include "BxXmlLib5/binding/CBxException.h"
 #include "BxXmlLib5/binding/FormatString.h"
+#include "platform/TextView.h"
 #include "values/DigitText.h"
 
 namespace BxXmlLib5 {
@@ -70,10 +71,10 @@ std::optional<std::uint64_t> TakeNumber(std::u16string_view& text) {
 }
 
 /// @param text the whole duration
-void Require(bool isValid, char16_t const* text) {
+void Require(bool isValid, std::u16string_view text) {
     if (isValid) return;
-    throw CBxInvalidValueException(
-        FormatString(u"Invalid XSD Duration [%s] expected [-]P[nY][nM][nD][T[nH][nM][nS.ff]]", text));
+    throw CBxInvalidValueException(FormatString(
+        u"Invalid XSD Duration [%s] expected [-]P[nY][nM][nD][T[nH][nM][nS.ff]]", wstring(text).c_str()));
 }
 
 /// The months that begin the four instants of XML Schema Part 2, 3.2.6.2.
@@ -168,6 +169,11 @@ wstring CDateTimeSpan::ToString() const {
 void CDateTimeSpan::ParseXSDDuration(char16_t const* text) {
     Clear();
     if (text == nullptr) throw CBxInvalidValueException(u"Invalid XSD Duration (Null String)");
+    ParseXSDDuration(std::u16string_view(text));
+}
+
+void CDateTimeSpan::ParseXSDDuration(std::u16string_view text) {
+    Clear();
     std::u16string_view rest = text;
     if (rest.empty()) throw CBxInvalidValueException(u"Invalid XSD Duration (Empty String)");
     m_negative = rest[0] == u'-';
@@ -190,14 +196,14 @@ void CDateTimeSpan::ParseXSDDuration(char16_t const* text) {
     Require(stage != Stage::Start && stage != Stage::Time, text);
 }
 
-void CDateTimeSpan::ReadFraction(std::u16string_view& rest, char16_t const* text) {
+void CDateTimeSpan::ReadFraction(std::u16string_view& rest, std::u16string_view text) {
     Fraction const fraction = TakeFraction(rest);
     m_milliSeconds = fraction.milli;
     m_microSeconds = fraction.micro;
     m_nanoSeconds = fraction.nano;
     if (!rest.empty() && IsDigit(rest[0])) {
         throw CBxInvalidValueException(
-            FormatString(u"Invalid XSD Duration [%s] Fraction part too long", text));
+            FormatString(u"Invalid XSD Duration [%s] Fraction part too long", wstring(text).c_str()));
     }
     Require(rest.starts_with(u'S'), text);
     rest.remove_prefix(1);

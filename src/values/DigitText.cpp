@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <iterator>
 
+#include "platform/TextView.h"
+
 namespace BxXmlLib5 {
 
 Fraction TakeFraction(std::u16string_view& text) {

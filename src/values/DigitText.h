@@ -8,10 +8,6 @@
 
 namespace BxXmlLib5 {
 
-constexpr bool IsDigit(char16_t c) {
-    return c >= u'0' && c <= u'9';
-}
-
 /// A fraction of a second: digits 1 to 3, 4 to 6 and 7 to 9, each as a number of 0 to 999.
 struct Fraction {
     std::uint16_t milli = 0;

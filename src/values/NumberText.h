@@ -11,6 +11,7 @@
 
 #include "BxXmlLib5/platform/Text.h"
 #include "BxXmlLib5/values/CWhitespaceUtils.h"
+#include "platform/TextView.h"
 
 namespace BxXmlLib5 {
 
@@ -21,10 +22,6 @@ struct NumberAtFront {
     std::size_t length = 0;   ///< Units read; 0 if there is no number.
     bool outOfRange = false;  ///< The value of a signed integer is then the nearest that T has.
 };
-
-inline bool IsDigit(char16_t c) {
-    return c >= u'0' && c <= u'9';
-}
 
 /// The position of the first unit, from at on, that is no XML whitespace.
 inline std::size_t SkipWhitespace(std::u16string_view text, std::size_t at) {

@@ -209,11 +209,14 @@ public:
     /// Years have four digits. A fraction has at most nine digits. Offsets are taken up to 23:59; the hour 24
     /// counts as 00, and -00:30 as +00:30. What stands in the place of a zone but begins with neither "Z" nor
     /// a sign is ignored: any text behind a time, six characters with a colon behind a date.
-    /// @throws CBxInvalidValueException for any other text, null included. The value is gone by then, except
-    ///     where ParseXSDDateTime was given null or no "T".
+    /// @throws CBxInvalidValueException for any other text, null and one with a unit of value 0 included. The
+    ///     value is gone by then, except where ParseXSDDateTime was given null or no "T".
     void ParseXSDDateTime(char16_t const* text);
     void ParseXSDDate(char16_t const* text);
     void ParseXSDTime(char16_t const* text);
+    void ParseXSDDateTime(std::u16string_view text);
+    void ParseXSDDate(std::u16string_view text);
+    void ParseXSDTime(std::u16string_view text);
 
 private:
     void SetDateTime(DTType type, DateTimeFields const& fields);

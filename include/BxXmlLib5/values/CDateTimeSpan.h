@@ -77,6 +77,7 @@ public:
     /// @throws CBxInvalidValueException for any other text, null included, and for a count that does not fit
     ///     its field; what was read before stays in the object
     void ParseXSDDuration(char16_t const* text);
+    void ParseXSDDuration(std::u16string_view text);
 
     /// The partial order of XML Schema Part 2, 3.2.6.2: the results of adding both to each of four instants
     /// must agree. dtc_indeterminate also if one of them leaves the years of 16 bits.
@@ -90,7 +91,7 @@ public:
 
 private:
     void Clear();
-    void ReadFraction(std::u16string_view& rest, char16_t const* text);
+    void ReadFraction(std::u16string_view& rest, std::u16string_view text);
 
     std::uint16_t m_years = 0;
     std::uint32_t m_months = 0;
