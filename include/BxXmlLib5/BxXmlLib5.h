@@ -22,4 +22,6 @@
 #include "BxXmlLib5/document/CXmlElement.h"
 #include "BxXmlLib5/platform/Export.h"
 #include "BxXmlLib5/platform/Text.h"
+#include "BxXmlLib5/values/CBigInteger.h"
+#include "BxXmlLib5/values/CDecimal.h"
 #include "BxXmlLib5/writers/CXmlWriter.h"
