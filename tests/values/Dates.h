@@ -19,17 +19,21 @@ inline std::vector<std::string> Words(std::string const& row) {
 
 /// A value of the type whose form the text has.
 inline BxXmlLib5::CDateTime Date(std::string const& text) {
-    auto const parse = text.find('T') != text.npos ? &BxXmlLib5::CDateTime::ParseXSDDateTime
-                       : text.find(':') == 2       ? &BxXmlLib5::CDateTime::ParseXSDTime
-                                                   : &BxXmlLib5::CDateTime::ParseXSDDate;
+    BxXmlLib5::wstring const wide = BxXmlLib5::FromUtf8(text);
     BxXmlLib5::CDateTime date;
-    (date.*parse)(BxXmlLib5::FromUtf8(text).c_str());
+    if (text.find('T') != text.npos) {
+        date.ParseXSDDateTime(wide);
+    } else if (text.find(':') == 2) {
+        date.ParseXSDTime(wide);
+    } else {
+        date.ParseXSDDate(wide);
+    }
     return date;
 }
 
 inline BxXmlLib5::CDateTimeSpan Span(std::string const& text) {
     BxXmlLib5::CDateTimeSpan span;
-    span.ParseXSDDuration(BxXmlLib5::FromUtf8(text).c_str());
+    span.ParseXSDDuration(BxXmlLib5::FromUtf8(text));
     return span;
 }
 
