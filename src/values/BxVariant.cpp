@@ -7,7 +7,12 @@
 #include "BxXmlLib5/binding/CBxException.h"
 #include "BxXmlLib5/binding/FormatString.h"
 #include "BxXmlLib5/collections/CXmlCollectionBase.h"
+#include "BxXmlLib5/values/CBigInteger.h"
+#include "BxXmlLib5/values/CBinaryData.h"
 #include "BxXmlLib5/values/CConversions.h"
+#include "BxXmlLib5/values/CDateTime.h"
+#include "BxXmlLib5/values/CDateTimeSpan.h"
+#include "BxXmlLib5/values/CDecimal.h"
 
 namespace BxXmlLib5 {
 
@@ -30,6 +35,12 @@ template <class T>
 T const& Read(T* const& slot) {
     static T const empty{};
     return slot == nullptr ? empty : *slot;
+}
+
+/// The same, moved out of what the slot points to.
+template <class T>
+T Taken(T* slot) {
+    return slot == nullptr ? T() : std::move(*slot);
 }
 
 /// What is to be known of a kind. Null where the slot holds all of the value (copy, drop) or the kind has no
@@ -96,41 +107,45 @@ constexpr Kind Row(ItemType type, char16_t const* name) {
     return row;
 }
 
-using C = CConversions;
-using V = BxVariant;
-
 // clang-format off
+/// @param kind its name, as in its enumerator and its conversions
+#define PRIMITIVE(kind, Setter, Member)                                               \
+    Row<&Value::Member, &BxVariant::Set##Setter, &CConversions::kind##ToString,       \
+        &CConversions::kind##FromString>(it_##kind, u"" #kind)
+
 constexpr Kind kKinds[] = {
     Kind{it_invalid},
-    Kind{it_hexBinary, u"hexBinary"},
-    Kind{it_base64Binary, u"base64Binary"},
-    Row<&Value::m_i1,      &V::SetI1,      &C::i1ToString,      &C::i1FromString>     (it_i1,      u"i1"),
-    Row<&Value::m_i2,      &V::SetI2,      &C::i2ToString,      &C::i2FromString>     (it_i2,      u"i2"),
-    Row<&Value::m_i4,      &V::SetI4,      &C::i4ToString,      &C::i4FromString>     (it_i4,      u"i4"),
-    Row<&Value::m_i8,      &V::SetI8,      &C::i8ToString,      &C::i8FromString>     (it_i8,      u"i8"),
-    Row<&Value::m_ui1,     &V::SetUI1,     &C::ui1ToString,     &C::ui1FromString>    (it_ui1,     u"ui1"),
-    Row<&Value::m_ui2,     &V::SetUI2,     &C::ui2ToString,     &C::ui2FromString>    (it_ui2,     u"ui2"),
-    Row<&Value::m_ui4,     &V::SetUI4,     &C::ui4ToString,     &C::ui4FromString>    (it_ui4,     u"ui4"),
-    Row<&Value::m_ui8,     &V::SetUI8,     &C::ui8ToString,     &C::ui8FromString>    (it_ui8,     u"ui8"),
-    Row<&Value::m_r4,      &V::SetR4,      &C::r4ToString,      &C::r4FromString>     (it_r4,      u"r4"),
-    Row<&Value::m_r8,      &V::SetR8,      &C::r8ToString,      &C::r8FromString>     (it_r8,      u"r8"),
-    Kind{it_duration, u"duration"},
-    Kind{it_yearMonth, u"yearMonth"},
-    Kind{it_monthDay, u"monthDay"},
-    Kind{it_year, u"year"},
-    Kind{it_month, u"month"},
-    Kind{it_day, u"day"},
-    Kind{it_date, u"date"},
-    Kind{it_datetime, u"datetime"},
-    Kind{it_time, u"time"},
-    Row<&Value::m_char,    &V::SetChar,    &C::charToString,    &C::charFromString>   (it_char,    u"char"),
-    Row<&Value::m_string,  &V::SetString,  &C::stringToString,  &C::stringFromString> (it_string,  u"string"),
-    Row<&Value::m_boolean, &V::SetBoolean, &C::booleanToString, &C::booleanFromString>(it_boolean, u"boolean"),
-    Kind{it_decimal, u"decimal"},
-    Kind{it_integer, u"integer"},
-    Row<&Value::m_xmlObject>    (it_xmlObject),
+    PRIMITIVE(hexBinary,    HexBinary,    m_binary),
+    PRIMITIVE(base64Binary, Base64Binary, m_binary),
+    PRIMITIVE(i1,           I1,           m_i1),
+    PRIMITIVE(i2,           I2,           m_i2),
+    PRIMITIVE(i4,           I4,           m_i4),
+    PRIMITIVE(i8,           I8,           m_i8),
+    PRIMITIVE(ui1,          UI1,          m_ui1),
+    PRIMITIVE(ui2,          UI2,          m_ui2),
+    PRIMITIVE(ui4,          UI4,          m_ui4),
+    PRIMITIVE(ui8,          UI8,          m_ui8),
+    PRIMITIVE(r4,           R4,           m_r4),
+    PRIMITIVE(r8,           R8,           m_r8),
+    PRIMITIVE(duration,     Duration,     m_duration),
+    PRIMITIVE(yearMonth,    YearMonth,    m_dateTime),
+    PRIMITIVE(monthDay,     MonthDay,     m_dateTime),
+    PRIMITIVE(year,         Year,         m_year),
+    PRIMITIVE(month,        Month,        m_month),
+    PRIMITIVE(day,          Day,          m_day),
+    PRIMITIVE(date,         Date,         m_dateTime),
+    PRIMITIVE(datetime,     DateTime,     m_dateTime),
+    PRIMITIVE(time,         Time,         m_dateTime),
+    PRIMITIVE(char,         Char,         m_char),
+    PRIMITIVE(string,       String,       m_string),
+    PRIMITIVE(boolean,      Boolean,      m_boolean),
+    PRIMITIVE(decimal,      Decimal,      m_decimal),
+    PRIMITIVE(integer,      Integer,      m_integer),
+    Row<&Value::m_xmlObject>(it_xmlObject),
     Row<&Value::m_xmlCollection>(it_xmlCollection),
 };
+
+#undef PRIMITIVE
 // clang-format on
 
 consteval bool IsIndexedByType() {
@@ -229,11 +244,78 @@ void BxVariant::Refer(ItemType type, T* Value::*member, T* value) {
 void BxVariant::SetString(wstring value) {
     Own(it_string, &Value::m_string, std::move(value));
 }
+void BxVariant::SetHexBinary(CBinaryData value) {
+    Own(it_hexBinary, &Value::m_binary, std::move(value));
+}
+void BxVariant::SetBase64Binary(CBinaryData value) {
+    Own(it_base64Binary, &Value::m_binary, std::move(value));
+}
+void BxVariant::SetDuration(CDateTimeSpan value) {
+    Own(it_duration, &Value::m_duration, std::move(value));
+}
+void BxVariant::SetYearMonth(CDateTime value) {
+    Own(it_yearMonth, &Value::m_dateTime, std::move(value));
+}
+void BxVariant::SetMonthDay(CDateTime value) {
+    Own(it_monthDay, &Value::m_dateTime, std::move(value));
+}
+void BxVariant::SetDate(CDateTime value) {
+    Own(it_date, &Value::m_dateTime, std::move(value));
+}
+void BxVariant::SetDateTime(CDateTime value) {
+    Own(it_datetime, &Value::m_dateTime, std::move(value));
+}
+void BxVariant::SetTime(CDateTime value) {
+    Own(it_time, &Value::m_dateTime, std::move(value));
+}
+void BxVariant::SetDecimal(CDecimal value) {
+    Own(it_decimal, &Value::m_decimal, std::move(value));
+}
+void BxVariant::SetInteger(CBigInteger value) {
+    Own(it_integer, &Value::m_integer, std::move(value));
+}
+
 wstring BxVariant::GetString() const& {
     return Read(m_value.m_string);
 }
 wstring BxVariant::GetString() && {
-    return m_value.m_string == nullptr ? wstring() : std::move(*m_value.m_string);
+    return Taken(m_value.m_string);
+}
+CBinaryData BxVariant::GetHexBinary() const {
+    return Read(m_value.m_binary);
+}
+CBinaryData BxVariant::GetBase64Binary() const {
+    return Read(m_value.m_binary);
+}
+CDateTimeSpan BxVariant::GetDuration() const {
+    return Read(m_value.m_duration);
+}
+CDateTime BxVariant::GetYearMonth() const {
+    return Read(m_value.m_dateTime);
+}
+CDateTime BxVariant::GetMonthDay() const {
+    return Read(m_value.m_dateTime);
+}
+CDateTime BxVariant::GetDate() const {
+    return Read(m_value.m_dateTime);
+}
+CDateTime BxVariant::GetDateTime() const {
+    return Read(m_value.m_dateTime);
+}
+CDateTime BxVariant::GetTime() const {
+    return Read(m_value.m_dateTime);
+}
+CDecimal BxVariant::GetDecimal() const& {
+    return Read(m_value.m_decimal);
+}
+CDecimal BxVariant::GetDecimal() && {
+    return Taken(m_value.m_decimal);
+}
+CBigInteger BxVariant::GetInteger() const& {
+    return Read(m_value.m_integer);
+}
+CBigInteger BxVariant::GetInteger() && {
+    return Taken(m_value.m_integer);
 }
 
 void BxVariant::SetXmlObject(CXmlObjectBase* value) {

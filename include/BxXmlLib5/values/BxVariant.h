@@ -131,11 +131,34 @@ struct BXXMLLIB5_API BxVariant {
     bool GetBoolean() const { return m_value.m_boolean; }
     /// @}
 
-    /// @name Text
+    /// @name Text and value classes
     /// @{
     void SetString(wstring value);
+    void SetHexBinary(CBinaryData value);
+    void SetBase64Binary(CBinaryData value);
+    void SetDuration(CDateTimeSpan value);
+    void SetYearMonth(CDateTime value);
+    void SetMonthDay(CDateTime value);
+    void SetDate(CDateTime value);
+    void SetDateTime(CDateTime value);
+    void SetTime(CDateTime value);
+    void SetDecimal(CDecimal value);
+    void SetInteger(CBigInteger value);
+
     wstring GetString() const&;
     wstring GetString() &&;
+    CBinaryData GetHexBinary() const;
+    CBinaryData GetBase64Binary() const;
+    CDateTimeSpan GetDuration() const;
+    CDateTime GetYearMonth() const;
+    CDateTime GetMonthDay() const;
+    CDateTime GetDate() const;
+    CDateTime GetDateTime() const;
+    CDateTime GetTime() const;
+    CDecimal GetDecimal() const&;
+    CDecimal GetDecimal() &&;
+    CBigInteger GetInteger() const&;
+    CBigInteger GetInteger() &&;
     /// @}
 
     /// @name Objects

@@ -9,6 +9,12 @@
 
 namespace BxXmlLib5 {
 
+class CBigInteger;
+class CBinaryData;
+class CDateTime;
+class CDateTimeSpan;
+class CDecimal;
+
 /// A function to text and one from text for each primitive kind of ItemType, named for the kind. They depend
 /// on nothing but their arguments; in particular, not on the locale of the process.
 ///
@@ -80,6 +86,69 @@ public:
     static wstring booleanToString(bool value);
     /// "true" and "1", "false" and "0", in upper or lower case.
     static bool booleanFromString(wstring const& text, WhitespaceRule rule);
+    /// @}
+
+    /// @name Value classes
+    ///
+    /// To text and from text are operations of the classes: the forms are described there, and their failures
+    /// pass through.
+    /// @{
+    static wstring hexBinaryToString(CBinaryData const& value);
+    /// @throws CBxException if the text is not hexadecimal
+    static CBinaryData hexBinaryFromString(wstring const& text, WhitespaceRule rule);
+
+    static wstring base64BinaryToString(CBinaryData const& value);
+    /// A text that is not Base64 gives no octets.
+    static CBinaryData base64BinaryFromString(wstring const& text, WhitespaceRule rule);
+
+    static wstring durationToString(CDateTimeSpan const& value);
+    static CDateTimeSpan durationFromString(wstring const& text, WhitespaceRule rule);
+
+    /// @param format a text that begins with the number of fraction digits, as CDecimal::ToString(int) takes
+    ///        it; null for all that the value has
+    static wstring decimalToString(CDecimal const& value, char16_t const* format);
+    static CDecimal decimalFromString(wstring const& text, WhitespaceRule rule);
+
+    static wstring integerToString(CBigInteger const& value);
+    static CBigInteger integerFromString(wstring const& text, WhitespaceRule rule);
+    /// @}
+
+    /// @name Dates and times
+    ///
+    /// To text, all five do the same: the form is that of the value's type, not of the function's name.
+    ///
+    /// From text, date, yearMonth and monthDay do the same: each takes every form without a time, and the
+    /// form gives the value its type.
+    /// @{
+    static wstring yearMonthToString(CDateTime const& value);
+    static wstring monthDayToString(CDateTime const& value);
+    static wstring dateToString(CDateTime const& value);
+    static wstring datetimeToString(CDateTime const& value);
+    static wstring timeToString(CDateTime const& value);
+
+    static CDateTime yearMonthFromString(wstring const& text, WhitespaceRule rule);
+    static CDateTime monthDayFromString(wstring const& text, WhitespaceRule rule);
+    static CDateTime dateFromString(wstring const& text, WhitespaceRule rule);
+    static CDateTime datetimeFromString(wstring const& text, WhitespaceRule rule);
+    static CDateTime timeFromString(wstring const& text, WhitespaceRule rule);
+    /// @}
+
+    /// @name Years, months and days as plain numbers, without a time zone
+    ///
+    /// From text, they take every form without a time that has the field. A year before the common era comes
+    /// as its 16-bit two's complement.
+    /// @throws CBxInvalidStateException if the form has no such field
+    /// @{
+
+    /// Digits without a fill.
+    static wstring yearToString(std::uint16_t value);
+    /// "--MM"
+    static wstring monthToString(std::uint8_t value);
+    /// "---DD"
+    static wstring dayToString(std::uint8_t value);
+    static std::uint16_t yearFromString(wstring const& text, WhitespaceRule rule);
+    static std::uint8_t monthFromString(wstring const& text, WhitespaceRule rule);
+    static std::uint8_t dayFromString(wstring const& text, WhitespaceRule rule);
     /// @}
 };
 
