@@ -2,6 +2,11 @@
 
 #include "BxXmlLib5/collections/CElement.h"
 #include "BxXmlLib5/collections/CElementCol.h"
+#include "BxXmlLib5/values/CBigInteger.h"
+#include "BxXmlLib5/values/CBinaryData.h"
+#include "BxXmlLib5/values/CDateTime.h"
+#include "BxXmlLib5/values/CDateTimeSpan.h"
+#include "BxXmlLib5/values/CDecimal.h"
 #include "support/Expect.h"
 
 namespace {
@@ -32,6 +37,8 @@ struct {
     wstring text;
     std::string form;
 } const kKinds[] = {
+    {it_hexBinary, "hexBinary", u"0aFF", "0AFF"},
+    {it_base64Binary, "base64Binary", u"CsP/", "CsP/"},
     {it_i1, "i1", u"-0128", "-128"},
     {it_i2, "i2", u"-32768", "-32768"},
     {it_i4, "i4", u"-2147483648", "-2147483648"},
@@ -42,10 +49,23 @@ struct {
     {it_ui8, "ui8", u"18446744073709551615", "18446744073709551615"},
     {it_r4, "r4", u"0.1234567891", "0.1234568"},
     {it_r8, "r8", u"0.12345678912345678", "0.1234567891234568"},
+    {it_duration, "duration", u"-P1Y2M3DT4H5M6.7S", "-P1Y2M3DT4H5M6.7S"},
+    {it_yearMonth, "yearMonth", u"2001-02Z", "2001-02Z"},
+    {it_monthDay, "monthDay", u"--02-29", "--02-29"},
+    {it_year, "year", u"0005+01:00", "5"},
+    {it_month, "month", u"--05Z", "--05"},
+    {it_day, "day", u"---07", "---07"},
+    {it_date, "date", u"-2001-02-03", "-2001-02-03"},
+    {it_datetime, "datetime", u"2001-02-03T04:05:06.120+01:30", "2001-02-03T04:05:06.12+01:30"},
+    {it_time, "time", u"04:05:06Z", "04:05:06Z"},
     {it_char, "char", u"\u20AC", "\u20AC"},
     {it_string, "string", u" a  text of many letters ", "a text of many letters"},
     {it_boolean, "boolean", u"TRUE", "true"},
+    {it_decimal, "decimal", u"-1.50", "-1.5"},
+    {it_integer, "integer", u"-00123456789012345678901234567890", "-123456789012345678901234567890"},
 };
+
+static_assert(std::size(kKinds) == it_integer);
 
 TEST(BxVariant, EveryKindHasANameAndTextBothWays) {
     for (auto const& kind : kKinds) {
@@ -104,6 +124,26 @@ TEST(BxVariant, SettersAndGettersArePairs) {
     ExpectPair(&V::SetDay, &V::GetDay, std::uint8_t{255}, it_day);
     ExpectPair(&V::SetChar, &V::GetChar, u'\uFFFF', it_char);
     ExpectPair(&V::SetBoolean, &V::GetBoolean, true, it_boolean);
+
+    unsigned char const octets[] = {1, 2, 3};
+    CBinaryData binary;
+    binary.SetBuffer(octets, 3);
+    CDateTime const date(2001, 2, 3);
+    ExpectPair(&V::SetHexBinary, &V::GetHexBinary, binary, it_hexBinary);
+    ExpectPair(&V::SetBase64Binary, &V::GetBase64Binary, binary, it_base64Binary);
+    ExpectPair(&V::SetDuration, &V::GetDuration, CDateTimeSpan(1, 2, 3), it_duration);
+    ExpectPair(&V::SetYearMonth, &V::GetYearMonth, date, it_yearMonth);
+    ExpectPair(&V::SetMonthDay, &V::GetMonthDay, date, it_monthDay);
+    ExpectPair(&V::SetDate, &V::GetDate, date, it_date);
+    ExpectPair(&V::SetDateTime, &V::GetDateTime, date, it_datetime);
+    ExpectPair(&V::SetTime, &V::GetTime, date, it_time);
+    // Those that can be taken from an rvalue, as they are read from an lvalue.
+    ExpectPair(&V::SetString, static_cast<wstring (V::*)() const&>(&V::GetString), wstring(u"text"),
+               it_string);
+    ExpectPair(&V::SetDecimal, static_cast<CDecimal (V::*)() const&>(&V::GetDecimal), CDecimal(u"1.5"),
+               it_decimal);
+    ExpectPair(&V::SetInteger, static_cast<CBigInteger (V::*)() const&>(&V::GetInteger), CBigInteger(-7),
+               it_integer);
 }
 
 TEST(BxVariant, TextIsHandedOverByAnRvalue) {
@@ -117,6 +157,26 @@ TEST(BxVariant, TextIsHandedOverByAnRvalue) {
     wstring const taken = std::move(moved).GetString();
     EXPECT_EQ(taken, text);
     EXPECT_EQ(taken.data(), units);
+}
+
+TEST(BxVariant, BigNumbersAreHandedOverByAnRvalue) {
+    wstring const digits(50, u'7');
+    BxVariant integer = Parsed(digits, it_integer);
+    BxVariant decimal = Parsed(digits + u".5", it_decimal);
+    EXPECT_EQ(integer.GetInteger().ToString(), digits);
+    EXPECT_EQ(std::move(integer).GetInteger().ToString(), digits);
+    EXPECT_EQ(std::move(decimal).GetDecimal().ToString(), digits + u".5");
+}
+
+TEST(BxVariant, CopiesShareTheOctetsOfBinaryData) {
+    BxVariant variant = Parsed(u"0102", it_hexBinary);
+    unsigned char const* const octets = variant.GetHexBinary().GetData();
+    CBinaryData const kept = BxVariant(variant).GetHexBinary();
+    EXPECT_EQ(kept.GetData(), octets);
+    CBinaryData changed = variant.GetHexBinary();
+    changed.Append(3);
+    variant.Clear();
+    EXPECT_EQ(kept.GetAsHexString(), u"0102");
 }
 
 TEST(BxVariant, HoldsOneReferenceOfAnObject) {
@@ -228,17 +288,21 @@ TEST(BxVariant, NoPointerReadsAsAnEmptyValue) {
     BxVariant variant;
     EXPECT_EQ(variant.GetString(), u"");
     EXPECT_EQ(variant.GetXmlObject(), nullptr);
-    variant.m_type = it_string;
-    BxVariant const copy = variant;
-    EXPECT_EQ(copy.m_type, it_string);
-    EXPECT_EQ(copy.m_value.m_string, nullptr);
-    EXPECT_EQ(copy.ToString(nullptr), u"");
     EXPECT_EQ(std::move(variant).GetString(), u"");
+    for (auto const& [type, form] : {std::pair{it_string, u""}, {it_base64Binary, u""}, {it_decimal, u"0"}}) {
+        variant.m_type = type;
+        BxVariant const copy = variant;
+        EXPECT_EQ(copy.m_type, type);
+        EXPECT_EQ(copy.m_value.m_bits, 0u);
+        EXPECT_EQ(copy.ToString(nullptr), form);
+    }
 }
 
-TEST(BxVariant, OnlyFloatsLookAtTheFormat) {
+TEST(BxVariant, FloatsAndDecimalsLookAtTheFormat) {
     EXPECT_EQ(Parsed(u"2.5", it_r4).ToString(u"%.2f"), u"2.50");
     EXPECT_EQ(Parsed(u"2.5", it_r8).ToString(u"%.3f"), u"2.500");
+    EXPECT_EQ(Parsed(u"2.5", it_decimal).ToString(u"3"), u"2.500");
+    EXPECT_EQ(Parsed(u"2.456", it_decimal).ToString(u"2"), u"2.46");
     EXPECT_EQ(Parsed(u"2", it_i4).ToString(u"%s"), u"2");
 }
 

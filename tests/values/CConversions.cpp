@@ -3,6 +3,11 @@
 #include <cmath>
 #include <limits>
 
+#include "BxXmlLib5/values/CBigInteger.h"
+#include "BxXmlLib5/values/CBinaryData.h"
+#include "BxXmlLib5/values/CDateTime.h"
+#include "BxXmlLib5/values/CDateTimeSpan.h"
+#include "BxXmlLib5/values/CDecimal.h"
 #include "support/Expect.h"
 
 namespace {
@@ -33,6 +38,20 @@ constexpr Reader ui2 = Read<&C::ui2FromString, &C::ui2ToString>;
 constexpr Reader ui4 = Read<&C::ui4FromString, &C::ui4ToString>;
 constexpr Reader ui8 = Read<&C::ui8FromString, &C::ui8ToString>;
 constexpr Reader r8 = Read<&C::r8FromString, [](double value) { return C::r8ToString(value, nullptr); }>;
+constexpr Reader hexBinary = Read<&C::hexBinaryFromString, &C::hexBinaryToString>;
+constexpr Reader base64Binary = Read<&C::base64BinaryFromString, &C::base64BinaryToString>;
+constexpr Reader duration = Read<&C::durationFromString, &C::durationToString>;
+constexpr Reader date = Read<&C::dateFromString, &C::dateToString>;
+constexpr Reader yearMonth = Read<&C::yearMonthFromString, &C::yearMonthToString>;
+constexpr Reader monthDay = Read<&C::monthDayFromString, &C::monthDayToString>;
+constexpr Reader datetime = Read<&C::datetimeFromString, &C::datetimeToString>;
+constexpr Reader time = Read<&C::timeFromString, &C::timeToString>;
+constexpr Reader year = Read<&C::yearFromString, &C::yearToString>;
+constexpr Reader month = Read<&C::monthFromString, &C::monthToString>;
+constexpr Reader day = Read<&C::dayFromString, &C::dayToString>;
+constexpr Reader decimal =
+    Read<&C::decimalFromString, [](CDecimal const& value) { return C::decimalToString(value, nullptr); }>;
+constexpr Reader integer = Read<&C::integerFromString, &C::integerToString>;
 constexpr Reader boolean = Read<&C::booleanFromString, &C::booleanToString>;
 constexpr Reader character = Read<&C::charFromString, &C::charToString>;
 constexpr Reader string = Read<&C::stringFromString, &C::stringToString>;
@@ -285,8 +304,93 @@ TEST(CConversions, CharactersStringsAndBooleans) {
     });
 }
 
+TEST(CConversions, ValueClassesReadTheCleanedText) {
+    std::string const noDate = kInvalid + "Invalid XSD Date [";
+    std::string const noTime = kInvalid + "Invalid XSD Time [";
+    std::string const dateForm = "] expected CCYY-MM-DD[Z|[+|-]hh:mm]";
+    std::string const timeForm = "] expected hh:mm:ss[.ff]";
+    std::string const noDecimal =
+        kInvalid + "The string representing a Decimal, contained an invalid char at position ";
+    ExpectEach({
+        {hexBinary, kCollapse, u" 0aFF ", "0AFF"},
+        {hexBinary, kPreserve, u"0a ff", "CBxException: Invalid char in hex string [ ]"},
+        {hexBinary, kCollapse, wstring(u"0a\0\0", 4), "CBxException: Invalid char in hex string [?]"},
+        {base64Binary, kCollapse, u" YWJj ", "YWJj"},
+        {base64Binary, kPreserve, u" YWJj", ""},
+        {base64Binary, kCollapse, wstring(u"YWJj\0", 5), ""},
+        {duration, kCollapse, u" P1M ", "P1M"},
+        {duration, kCollapse, wstring(u"P1M\0", 4),
+         kInvalid + "Invalid XSD Duration [P1M] expected [-]P[nY][nM][nD][T[nH][nM][nS.ff]]"},
+        {date, kCollapse, u" 2001-02-03 ", "2001-02-03"},
+        {date, kPreserve, u"2001-02-03 ", noDate + "2001-02-03 " + dateForm},
+        {date, kCollapse, u"2001-02-30", kInvalid + "Invalid Day [30] (1 <= day <= days in month"},
+        {date, kCollapse, wstring(u"2001-02-03\0", 11), noDate + "2001-02-03" + dateForm},
+        {date, kCollapse, wstring(u"--02\0\0", 6), noDate + "--02" + dateForm},
+        {time, kCollapse, u" 04:05:06 ", "04:05:06"},
+        {time, kCollapse, u"04:05:06 and more", "04:05:06"},
+        {time, kCollapse, wstring(u"04:05:06\0", 9), noTime + "04:05:06" + timeForm},
+        {time, kCollapse, wstring(u"04:05:06Z\0", 10), noTime + "04:05:06Z" + timeForm},
+        {datetime, kCollapse, u" 2001-02-03T04:05:06 ", "2001-02-03T04:05:06"},
+        {datetime, kCollapse, u"2001-02-03", kInvalid + "Invalid XSD DateTime [2001-02-03]"},
+        {datetime, kCollapse, wstring(u"2001-02-03T04:05:06\0", 20), noTime + "04:05:06" + timeForm},
+        {decimal, kCollapse, u" 1.50 ", "1.5"},
+        {decimal, kReplace, u"1x", noDecimal + "1 [1x]"},
+        {decimal, kCollapse, wstring(u"1\0", 2), noDecimal + "1 [1]"},
+        {integer, kCollapse, u" 00012 ", "12"},
+        {integer, kPreserve, u"1e3", "1000"},
+        {integer, kCollapse, wstring(u"1\0", 2), noDecimal + "1 [1]"},
+    });
+}
+
+TEST(CConversions, DatesTakeEveryFormWithoutATime) {
+    for (char16_t const* const form : {u"2001-02-03Z", u"2001-02", u"-2001", u"--02", u"--02-29", u"---31"}) {
+        for (Reader const read : {date, yearMonth, monthDay}) EXPECT_EQ(read(form, kPreserve), ToUtf8(form));
+    }
+    EXPECT_EQ(C::dateFromString(u"2001-02", kPreserve).GetType(), CDateTime::dt_gYearMonth);
+    EXPECT_EQ(C::dateToString(C::timeFromString(u"04:05:06", kPreserve)), u"04:05:06");
+}
+
+TEST(CConversions, YearsMonthsAndDaysArePlainNumbers) {
+    auto const noField = [](std::string const& name, std::string const& type) {
+        return "CBxInvalidStateException: Failed to Get" + name + ". Invalid Date Type: " + type + ".";
+    };
+    ExpectEach({
+        {year, kCollapse, u" 0005+14:00 ", "5"},
+        {year, kPreserve, u"2001-02-03", "2001"},
+        {year, kPreserve, u"2001-02", "2001"},
+        {year, kPreserve, u"-0001", "65535"},
+        {year, kPreserve, u"--02-03", noField("Year", "gMonthDay")},
+        {month, kCollapse, u" --05 ", "--05"},
+        {month, kPreserve, u"2001-12-03", "--12"},
+        {month, kPreserve, u"2001", noField("Month", "gYear")},
+        {day, kCollapse, u" ---07Z ", "---07"},
+        {day, kPreserve, u"2001-12-31", "---31"},
+        {day, kPreserve, u"--12-31", "---31"},
+        {day, kPreserve, u"2001-12", noField("Day", "gYearMonth")},
+        {day, kPreserve, u"---32", kInvalid + "Invalid Day [32] (1 <= day <= 31)"},
+    });
+    EXPECT_EQ(C::monthToString(255), u"--255");
+}
+
+TEST(CConversions, TheFormatOfADecimalCountsDigits) {
+    struct {
+        char16_t const* format;
+        std::string expected;
+    } const rows[] = {
+        {nullptr, "12.625"}, {u"2", "12.63"}, {u" \t+2x", "12.63"},       {u"", "13."},
+        {u"x", "13."},       {u"0", "13."},   {u"99999999999", "12.625"},
+    };
+    for (auto const& row : rows)
+        EXPECT_EQ(ToUtf8(C::decimalToString(CDecimal(u"12.625"), row.format)), row.expected);
+    EXPECT_EQ(BxTest::Thrown([] { C::decimalToString(CDecimal(1), u"-1"); }).find("CBxInvalidParamException"),
+              0u);
+}
+
 TEST(CConversions, EveryReaderAppliesTheRuleFirst) {
-    for (Reader const read : {i1, i2, i4, i8, ui1, ui2, ui4, ui8, r8, boolean, character, string})
+    for (Reader const read :
+         {i1,        i2,           i4,       i8,      ui1,       ui2,       ui4,      ui8,  r8,
+          hexBinary, base64Binary, duration, date,    yearMonth, monthDay,  datetime, time, year,
+          month,     day,          decimal,  integer, boolean,   character, string})
         EXPECT_EQ(read(u"1", C::WhitespaceRule(3)), "CBxException: Unknown WhitespaceRule");
 }
 
