@@ -2,11 +2,10 @@
 
 #include <algorithm>
 #include <bit>
-#include <charconv>
-#include <cmath>
 
 #include "BxXmlLib5/binding/CBxException.h"
 #include "BxXmlLib5/binding/FormatString.h"
+#include "BxXmlLib5/values/CConversions.h"
 #include "values/Hex.h"
 #include "values/MessageCharacter.h"
 
@@ -21,60 +20,45 @@ using Octets = std::span<unsigned char const>;
     throw CBxException(FormatString(message, MessageCharacter(octet)));
 }
 
-template <class T>
+/// @tparam Bits unsigned, of the size of T
+template <class T, class Bits>
 T BigEndian(Octets octets) {
-    T value = 0;
-    for (unsigned char const octet : octets) value = static_cast<T>(value << 8 | octet);
-    return value;
+    Bits bits = 0;
+    for (unsigned char const octet : octets) bits = static_cast<Bits>(bits << 8 | octet);
+    return std::bit_cast<T>(bits);
 }
 
-template <class Unsigned>
-void AppendInteger(wstring& out, Octets group) {
-    char digits[24];
-    auto const value = static_cast<std::make_signed_t<Unsigned>>(BigEndian<Unsigned>(group));
-    out.append(digits, std::to_chars(digits, std::end(digits), value).ptr);
+wstring ShortText(Octets group) {
+    return CConversions::i2ToString(BigEndian<std::int16_t, std::uint16_t>(group));
 }
-
-void AppendNumber(wstring& out, double value, int precision) {
-    if (std::isnan(value)) {
-        out += u"NaN";
-    } else if (std::isinf(value)) {
-        out += value < 0 ? u"-INF" : u"INF";
-    } else {
-        char digits[32];
-        auto const end =
-            std::to_chars(digits, std::end(digits), value, std::chars_format::general, precision);
-        out.append(digits, end.ptr);
-    }
+wstring IntText(Octets group) {
+    return CConversions::i4ToString(BigEndian<std::int32_t, std::uint32_t>(group));
 }
-
-void AppendFloat(wstring& out, Octets group) {
-    AppendNumber(out, std::bit_cast<float>(BigEndian<std::uint32_t>(group)), 7);
+wstring LongText(Octets group) {
+    return CConversions::i8ToString(BigEndian<std::int64_t, std::uint64_t>(group));
 }
-
-void AppendDouble(wstring& out, Octets group) {
-    AppendNumber(out, std::bit_cast<double>(BigEndian<std::uint64_t>(group)), 16);
+wstring FloatText(Octets group) {
+    return CConversions::r4ToString(BigEndian<float, std::uint32_t>(group), nullptr);
 }
-
-void AppendUuid(wstring& out, Octets group) {
-    out += EncodeHex(group);
+wstring DoubleText(Octets group) {
+    return CConversions::r8ToString(BigEndian<double, std::uint64_t>(group), nullptr);
 }
 
 /// An encoding with values of one size.
 struct Form {
     ByteEncoding m_encoding;
     std::size_t m_size;  // of a value, in octets
-    void (*m_append)(wstring& out, Octets group);
+    wstring (*m_text)(Octets group);
     char16_t const* m_message;
 };
 
 constexpr Form kForms[] = {
-    {be_Short, 2, AppendInteger<std::uint16_t>, u"Invalid value [%c] for SHORT byte encoding."},
-    {be_Int, 4, AppendInteger<std::uint32_t>, u"Invalid value [%c] for INT byte encoding."},
-    {be_Long, 8, AppendInteger<std::uint64_t>, u"Invalid value [%c] for LONG byte encoding."},
-    {be_Float, 4, AppendFloat, u"Invalid value [%c] for FLOAT byte encoding."},
-    {be_Double, 8, AppendDouble, u"Invalid value [%c] for DOUBLE byte encoding."},
-    {be_UUID, 16, AppendUuid, u"Invalid value [%c] for UUID byte encoding."},
+    {be_Short, 2, ShortText, u"Invalid value [%c] for SHORT byte encoding."},
+    {be_Int, 4, IntText, u"Invalid value [%c] for INT byte encoding."},
+    {be_Long, 8, LongText, u"Invalid value [%c] for LONG byte encoding."},
+    {be_Float, 4, FloatText, u"Invalid value [%c] for FLOAT byte encoding."},
+    {be_Double, 8, DoubleText, u"Invalid value [%c] for DOUBLE byte encoding."},
+    {be_UUID, 16, EncodeHex, u"Invalid value [%c] for UUID byte encoding."},
 };
 
 wstring RenderGroups(Octets octets, Form const& form) {
@@ -83,7 +67,7 @@ wstring RenderGroups(Octets octets, Form const& form) {
     wstring text;
     for (; !octets.empty(); octets = octets.subspan(form.m_size)) {
         if (!text.empty()) text += u' ';
-        form.m_append(text, octets.first(form.m_size));
+        text += form.m_text(octets.first(form.m_size));
     }
     return text;
 }
