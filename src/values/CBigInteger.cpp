@@ -5,6 +5,7 @@
 
 #include "BxXmlLib5/binding/CBxException.h"
 #include "BxXmlLib5/values/CDecimal.h"
+#include "BxXmlLib5/values/CWhitespaceUtils.h"
 #include "platform/TextView.h"
 #include "values/DecimalText.h"
 #include "values/Magnitude.h"
@@ -16,7 +17,7 @@ namespace {
 constexpr std::u16string_view kDigits = u"0123456789";
 
 bool IsPlain(char16_t c) {
-    return IsDecimalDigit(c) || IsSign(c) || IsXmlSpace(c);
+    return IsDigit(c) || IsSign(c) || CWhitespaceUtils::IsWhiteSpace(c);
 }
 
 /// A minus sign counts behind spaces alone, not behind the other kinds of whitespace.

@@ -8,6 +8,7 @@
 
 #include "BxXmlLib5/binding/CBxException.h"
 #include "BxXmlLib5/values/CBigInteger.h"
+#include "platform/TextView.h"
 #include "values/DecimalText.h"
 #include "values/Magnitude.h"
 
@@ -63,7 +64,7 @@ void CBigInteger::BuildDouble(double value, Digits& result) {
 }
 
 void CBigInteger::Build(wstring const& text, Digits& result) {
-    auto const end = std::find_if_not(text.rbegin(), text.rend(), IsDecimalDigit);
+    auto const end = std::find_if_not(text.rbegin(), text.rend(), IsDigit);
     result.assign(text.rbegin(), end);
     for (char16_t& digit : result) digit = static_cast<char16_t>(digit - u'0');
     Clean(result);

@@ -4,6 +4,8 @@
 
 #include "BxXmlLib5/binding/CBxException.h"
 #include "BxXmlLib5/binding/FormatString.h"
+#include "BxXmlLib5/values/CWhitespaceUtils.h"
+#include "platform/TextView.h"
 
 namespace BxXmlLib5 {
 
@@ -34,22 +36,25 @@ private:
 
     void ScanInteger() {
         for (; !AtEnd(); ++m_at) {
-            if (!TakeDigit() && !TakeSign(m_result.m_negative) && !IsXmlSpace(m_text[m_at])) break;
+            if (!TakeDigit() && !TakeSign(m_result.m_negative) &&
+                !CWhitespaceUtils::IsWhiteSpace(m_text[m_at]))
+                break;
         }
         m_result.m_integerDigits = m_count;
     }
 
     void ScanFraction() {
         for (; !AtEnd(); ++m_at) {
-            if (!TakeDigit() && !IsXmlSpace(m_text[m_at])) break;
+            if (!TakeDigit() && !CWhitespaceUtils::IsWhiteSpace(m_text[m_at])) break;
         }
     }
 
     void ScanExponent() {
         for (; !AtEnd(); ++m_at) {
-            if (!TakeSign(m_result.m_exponentNegative) && !IsXmlSpace(m_text[m_at])) break;
+            if (!TakeSign(m_result.m_exponentNegative) && !CWhitespaceUtils::IsWhiteSpace(m_text[m_at]))
+                break;
         }
-        for (; !AtEnd() && IsDecimalDigit(m_text[m_at]); ++m_at) {
+        for (; !AtEnd() && IsDigit(m_text[m_at]); ++m_at) {
             std::int64_t const exponent = m_result.m_exponent.value_or(0) * 10 + (m_text[m_at] - u'0');
             m_result.m_exponent = std::min<std::int64_t>(exponent, INT32_MAX);
         }
@@ -57,7 +62,7 @@ private:
 
     bool TakeDigit() {
         char16_t const c = m_text[m_at];
-        if (!IsDecimalDigit(c)) return false;
+        if (!IsDigit(c)) return false;
         m_result.m_digits[m_count++] = static_cast<char>(c);
         return true;
     }

@@ -18,15 +18,8 @@ struct DecimalText {
     bool m_exponentNegative = false;
 };
 
-inline bool IsDecimalDigit(char16_t c) {
-    return c >= u'0' && c <= u'9';
-}
 inline bool IsSign(char16_t c) {
     return c == u'-' || c == u'+';
-}
-/// XML 1.0, 2.3, S.
-inline bool IsXmlSpace(char16_t c) {
-    return c == u' ' || c == u'\t' || c == u'\r' || c == u'\n';
 }
 
 /// Reads a whole text.
