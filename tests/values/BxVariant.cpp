@@ -86,6 +86,7 @@ TEST(BxVariant, CopiesAndMovesEveryKind) {
         assigned = source;
         BxVariant moved(std::move(source));
         EXPECT_FALSE(source.IsValid());
+        EXPECT_EQ(source.m_value.m_bits, 0u);
         source = std::move(moved);
         EXPECT_FALSE(moved.IsValid());
         for (BxVariant* const variant : {&copy, &assigned, &source}) {

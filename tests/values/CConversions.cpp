@@ -246,7 +246,7 @@ TEST(CConversions, FloatsAreWrittenByDefaultOrByFormat) {
         {-0.0, nullptr, "-0", "-0"},
         {kInfinity, nullptr, "INF", "INF"},
         {-kInfinity, u"%9.2f", "-INF", "-INF"},
-        {-kNaN, nullptr, "NaN", "NaN"},
+        {-kNaN, u"%.1f", "NaN", "NaN"},
         {2.5, u"%.2f", "2.50", "2.50"},
         {2.5, u"100%% of %+08.2lE!", "100% of +2.50E+00!", "100% of +2.50E+00!"},
         {2.5, u"% -#9.3g|", " 2.50    |", " 2.50    |"},
