@@ -241,7 +241,7 @@ CDecimal CDecimal::operator*(CDecimal const& other) const {
 
 CDecimal CDecimal::operator/(CDecimal const& other) const {
     int const places = std::max(m_fractionalDivider, other.m_fractionalDivider);
-    auto const kept = static_cast<std::size_t>(PlacesLimit() + kGuardPlaces);
+    std::size_t const kept = static_cast<std::size_t>(PlacesLimit()) + kGuardPlaces;
     CBigInteger dividend = Scaled(places);
     Magnitude::ScaleUp(dividend.m_digits, kept);
     CDecimal quotient = FromScaled(dividend / other.Scaled(places), kept);

@@ -283,7 +283,8 @@ TEST(CBigInteger, TakesSquareRoots) {
                  {"15", "3"},    {"16", "4"},      {"99", "9"},        {"100", "10"},
                  {"9999", "99"}, {"10000", "100"}, {"1000000", "1000"}};
     for (auto const& row : kRows) EXPECT_EQ(Text(Number(row.value).SquareRoot()), row.root) << row.value;
-    EXPECT_BX_THROW(CBigInteger(0).SquareRoot(), CBxInvalidValueException, "ERROR: Overflow in operator/!");
+    for (char const* const zero : {"0", "-0"})
+        EXPECT_BX_THROW(Number(zero).SquareRoot(), CBxInvalidValueException, "ERROR: Overflow in operator/!");
     EXPECT_BX_THROW(CBigInteger(-1).SquareRoot(), CBxInvalidValueException,
                     "ERROR: Negative Number in function SquareRoot()!");
 }

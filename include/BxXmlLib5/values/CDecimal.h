@@ -50,9 +50,10 @@ public:
 
     /// The shortest text of the value, without an exponent.
     wstring ToString() const;
-    /// The value with at most so many decimal places, rounded half away from zero; trailing zeros are dropped
-    /// but for the first place, and the point always stands: 12.6 is "13." to no place, 1.9995 to three
-    /// places "2.0". From the limit of decimal places on, nothing is rounded.
+    /// The value with so many decimal places, rounded half away from zero. The point always stands: 12.6 to
+    /// no place is "13.". There are fewer places for a value that lies on a half, as 1.9995 to three places
+    /// is "2.0", and from the limit of decimal places on, where nothing is rounded and no zeros are filled
+    /// in.
     /// @throws CBxInvalidParamException for a negative number of places
     wstring ToString(int decimalPlaces) const;
 
