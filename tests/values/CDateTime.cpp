@@ -64,6 +64,7 @@ TEST(CDateTime, EachFieldHasItsRangeAndItsTurn) {
                   {&F::second, 60, "Invalid Second [60] (0 <= second <= 59)"},
                   {&F::minute, 60, "Invalid Minute [60] (0 <= minute <= 59)"},
                   {&F::hour, 24, "Invalid Hour [24] (0 <= hour <= 23)"},
+                  {&F::hour, -1, "Invalid Hour [-1] (0 <= hour <= 23)"},
                   {&F::day, 32, "Invalid Day [32] (1 <= day <= days in month"},
                   {&F::day, 0, "Invalid Day [0] (1 <= day <= days in month"},
                   {&F::year, -10000, "Invalid Year [-10000] (-9999 <= year <= 9999 && year != 0)"},
@@ -182,10 +183,10 @@ TEST(CDateTime, AConversionNeedsTheFieldsOfItsTarget) {
                     "Unknown date type 9.");
     date.SetDateTime(unknown, unknown.GetType());
     EXPECT_EQ(date.GetType(), unknown.GetType());
-    date.SetDateTime(Date("2001-02-03T04:05:06-07:00"), CDateTime::dt_gMonthDay);
-    EXPECT_EQ(Show(date), "gMonthDay --02-03-07:00");
+    date.SetDateTime(Date("-2001-02-03T04:05:06.7-08:00"), CDateTime::dt_date);
+    EXPECT_EQ(Show(date), "date -2001-02-03-08:00");
     date.SetDateTime(date, CDateTime::dt_gDay);
-    EXPECT_EQ(Show(date), "gDay ---03-07:00");
+    EXPECT_EQ(Show(date), "gDay ---03-08:00");
 }
 
 TEST(CDateTime, AZoneHasThreeStates) {

@@ -123,6 +123,7 @@ TEST(CDateTimeArithmetic, DaysCountAsInAWalkFromMonthToMonth) {
 
 TEST(CDateTimeArithmetic, AnUntestedDateIsSafeToAddTo) {
     CDateTime date(CDateTime::dt_date);
+    EXPECT_EQ(Text(date + CDateTimeSpan()), "-0001-12-00");
     EXPECT_EQ(Text(date + Span("P5D")), "-0001-12-05");  // month 0 is the December before
     EXPECT_EQ(Text(date - Span("P1D")), "-0001-11-29");
     EXPECT_THROW(date.SetDate(2001, 255, 255), CBxInvalidValueException);

@@ -54,6 +54,9 @@ TEST(CDateTimeRecords, GetTimeCountsInUtcWhateverTheZoneOfTheProcess) {
     }
     unsetenv("TZ");
     tzset();
+    CDateTime date;
+    date.SetDateTime(CDateTime(1970, 1, 2, 10, 0, 0), CDateTime::dt_date);
+    EXPECT_EQ(date.GetTime(), 86'400) << "an hour out of reach does not count";
     EXPECT_BX_THROW(Date("00:00:00").GetTime(), CBxInvalidValueException,
                     "Failed to GetTime, Date Status must be dateTime or date. Invalid Date Type: time.");
 }

@@ -145,5 +145,5 @@ TEST(CDateTimeText, TheFormatIsAName) {
     EXPECT_EQ(date.ToString(u"g"), u"Unknown Format: g");
     EXPECT_EQ(CDateTime().ToString(u"G"), u"Invalid Year Zero");
     EXPECT_EQ(Text(CDateTime(CDateTime::dt_dateTime)), "0000-00-00T00:00:00");
-    EXPECT_EQ(Text(CDateTime(static_cast<CDateTime::DTType>(9))), "");
+    for (int const unknown : {-1, 9}) EXPECT_EQ(Text(CDateTime(static_cast<CDateTime::DTType>(unknown))), "");
 }
