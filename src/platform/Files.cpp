@@ -5,23 +5,35 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <string>
+#include <utility>
 
 #include "BxXmlLib5/platform/Text.h"
 
 namespace BxXmlLib5 {
 
-CInputFile::CInputFile(std::u16string_view path) {
+namespace {
+
+/// A descriptor, or -1 and the error number.
+int Open(std::u16string_view path, int flags, int& error) {
     // A path that holds a zero would name another file to the system.
     if (path.find(u'\0') != path.npos) {
-        m_error = EINVAL;
-        return;
+        error = EINVAL;
+        return -1;
     }
+    constexpr mode_t kModeOfNewFile = 0666;  // less the umask
+    std::string const name = ToUtf8(path);
+    int const file = open(name.c_str(), flags | O_CLOEXEC, kModeOfNewFile);
+    if (file < 0) error = errno;
+    return file;
+}
+
+}  // namespace
+
+CInputFile::CInputFile(std::u16string_view path) {
     // O_NONBLOCK: opening a pipe must not wait for its writer; a regular file does not heed it.
-    int const file = open(ToUtf8(path).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
-    if (file < 0) {
-        m_error = errno;
-        return;
-    }
+    int const file = Open(path, O_RDONLY | O_NONBLOCK, m_error);
+    if (file < 0) return;
     struct stat status {};
     if (fstat(file, &status) != 0) {
         m_error = errno;
@@ -59,6 +71,30 @@ bool CInputFile::Read(std::span<unsigned char> buffer) {
         buffer = buffer.subspan(static_cast<std::size_t>(count));
     }
     return true;
+}
+
+COutputFile::COutputFile(std::u16string_view path)
+    : m_file(Open(path, O_WRONLY | O_CREAT | O_TRUNC, m_error)) {}
+
+COutputFile::~COutputFile() {
+    Close();
+}
+
+void COutputFile::Write(std::span<unsigned char const> octets) {
+    while (m_error == 0 && !octets.empty()) {
+        ssize_t const count = write(m_file, octets.data(), octets.size());
+        if (count >= 0) {
+            octets = octets.subspan(static_cast<std::size_t>(count));
+        } else if (errno != EINTR) {
+            m_error = errno;
+        }
+    }
+}
+
+void COutputFile::Close() {
+    if (m_file < 0) return;
+    bool const closed = close(std::exchange(m_file, -1)) == 0;
+    if (!closed && m_error == 0) m_error = errno;
 }
 
 }  // namespace BxXmlLib5

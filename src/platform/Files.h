@@ -30,4 +30,25 @@ private:
     int m_error = 0;
 };
 
+/// A file opened for writing, emptied if there was one of that name. The first step that fails leaves the
+/// error number of the system in Error(), and nothing is written after it; what was written stays.
+class COutputFile {
+public:
+    /// @param path in UTF-8 at the system
+    explicit COutputFile(std::u16string_view path);
+    COutputFile(COutputFile const&) = delete;
+    COutputFile& operator=(COutputFile const&) = delete;
+    ~COutputFile();
+
+    void Write(std::span<unsigned char const> octets);
+    /// Some systems tell only now that an earlier write failed.
+    void Close();
+    /// 0 as long as nothing failed.
+    int Error() const { return m_error; }
+
+private:
+    int m_error = 0;
+    int m_file;
+};
+
 }  // namespace BxXmlLib5

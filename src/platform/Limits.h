@@ -3,6 +3,7 @@
 
 #include <climits>
 #include <cstddef>
+#include <cstdint>
 
 namespace BxXmlLib5 {
 
@@ -16,5 +17,8 @@ inline constexpr std::size_t kMaxInputSize = INT_MAX;
 /// General entities of a document type that refer to other entities. Expat recurses once for each level of
 /// reference, so their number bounds its stack.
 inline constexpr int kMaxNestingEntities = 1024;
+
+/// Zeros that the exponent of a decimal's text may add to its digits: a short text must not fill the memory.
+inline constexpr std::int64_t kMaxExponentZeros = 5'000'000;
 
 }  // namespace BxXmlLib5

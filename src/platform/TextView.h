@@ -17,6 +17,10 @@ inline bool Equal(std::u16string_view a, std::u16string_view b) {
            (a.empty() || std::memcmp(a.data(), b.data(), a.size() * sizeof(char16_t)) == 0);
 }
 
+constexpr bool IsDigit(char16_t c) {
+    return c >= u'0' && c <= u'9';
+}
+
 /// An order for tables of names: by size, then by memory. No choice of names makes it slow, as it could a
 /// hash.
 struct LessBySize {

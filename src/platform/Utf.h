@@ -50,9 +50,9 @@ inline char32_t Next(std::string_view octets, std::size_t& at) {
     return c;
 }
 
-/// @param c a code point, no surrogate
-inline void Append(std::string& octets, char32_t c) {
-    auto const put = [&octets](char32_t octet) { octets.push_back(static_cast<char>(octet)); };
+/// Hands the octets of a code point, which is no surrogate, to a function, in order.
+template <class Put>
+void PutUtf8(char32_t c, Put&& put) {
     if (c < 0x80) return put(c);
     if (c < 0x800) {
         put(0xC0 | c >> 6);
@@ -68,13 +68,24 @@ inline void Append(std::string& octets, char32_t c) {
     put(0x80 | (c & 0x3F));
 }
 
-/// @param c a code point, no surrogate
-inline void Append(std::u16string& text, char32_t c) {
+/// Hands the units of a code point, which is no surrogate, to a function, in order.
+template <class Put>
+void PutUtf16(char32_t c, Put&& put) {
     if (c >= 0x10000) {
-        text.push_back(static_cast<char16_t>(0xD800 + ((c - 0x10000) >> 10)));
+        put(0xD800 + ((c - 0x10000) >> 10));
         c = 0xDC00 + ((c - 0x10000) & 0x3FF);
     }
-    text.push_back(static_cast<char16_t>(c));
+    put(c);
+}
+
+/// @param c a code point, no surrogate
+inline void Append(std::string& octets, char32_t c) {
+    PutUtf8(c, [&octets](char32_t octet) { octets.push_back(static_cast<char>(octet)); });
+}
+
+/// @param c a code point, no surrogate
+inline void Append(std::u16string& text, char32_t c) {
+    PutUtf16(c, [&text](char32_t unit) { text.push_back(static_cast<char16_t>(unit)); });
 }
 
 }  // namespace BxXmlLib5::Utf

@@ -1,0 +1,155 @@
+// Values and their lexical forms.
+#pragma once
+
+#include <cstdint>
+
+#include "BxXmlLib5/platform/Export.h"
+#include "BxXmlLib5/platform/Text.h"
+#include "BxXmlLib5/values/CWhitespaceUtils.h"
+
+namespace BxXmlLib5 {
+
+class CBigInteger;
+class CBinaryData;
+class CDateTime;
+class CDateTimeSpan;
+class CDecimal;
+
+/// A function to text and one from text for each primitive kind of ItemType, named for the kind. They depend
+/// on nothing but their arguments; in particular, not on the locale of the process.
+///
+/// From text, every function first applies the whitespace rule; what that leaves is called the cleaned text.
+/// @throws CBxException if the rule is none of the three
+/// @throws CBxInvalidValueException if the text is no value of the kind
+class BXXMLLIB5_API CConversions {
+public:
+    using WhitespaceRule = CWhitespaceUtils::WhitespaceRule;
+
+    /// @name Integers of 8 to 64 bits, signed (i) and unsigned (ui)
+    ///
+    /// To text: decimal digits, behind a minus if need be.
+    ///
+    /// From text: whitespace, a sign and decimal digits, each of them optional, but a text that is not empty
+    /// must have digits. An empty text is 0. ui4 and ui8 take a minus too, and wrap: "-1" is their greatest
+    /// value. A number that is too large is reported as such, whatever stands behind it.
+    /// @{
+    static wstring i1ToString(std::int8_t value);
+    static wstring i2ToString(std::int16_t value);
+    static wstring i4ToString(std::int32_t value);
+    static wstring i8ToString(std::int64_t value);
+    static wstring ui1ToString(std::uint8_t value);
+    static wstring ui2ToString(std::uint16_t value);
+    static wstring ui4ToString(std::uint32_t value);
+    static wstring ui8ToString(std::uint64_t value);
+
+    static std::int8_t i1FromString(wstring const& text, WhitespaceRule rule);
+    static std::int16_t i2FromString(wstring const& text, WhitespaceRule rule);
+    static std::int32_t i4FromString(wstring const& text, WhitespaceRule rule);
+    static std::int64_t i8FromString(wstring const& text, WhitespaceRule rule);
+    static std::uint8_t ui1FromString(wstring const& text, WhitespaceRule rule);
+    static std::uint16_t ui2FromString(wstring const& text, WhitespaceRule rule);
+    static std::uint32_t ui4FromString(wstring const& text, WhitespaceRule rule);
+    static std::uint64_t ui8FromString(wstring const& text, WhitespaceRule rule);
+    /// @}
+
+    /// @name Floating point numbers of 32 (r4) and 64 (r8) bits
+    ///
+    /// To text: by default seven significant digits for r4 and sixteen for r8, as printf's %.7g and %.16g
+    /// write them. A format is a printf format with one conversion of a double (e, E, f, g or G, with flags,
+    /// width and precision in digits) and no other; its result may be of any length. Infinite values and
+    /// not-a-number are "INF", "-INF" and "NaN" (XML Schema Part 2, 3.2.4), whatever the format.
+    ///
+    /// From text: whitespace, a sign, decimal digits with an optional point, and an exponent. An empty text
+    /// is 0. A value past the range gives an infinity, one too close to 0 gives 0. The texts of infinite
+    /// values and of not-a-number, and hexadecimal digits, are not accepted. An r4 is the nearest r8, rounded
+    /// once more.
+    /// @{
+
+    /// @throws CBxInvalidParamException for any other format
+    static wstring r4ToString(float value, char16_t const* format);
+    static wstring r8ToString(double value, char16_t const* format);
+    static float r4FromString(wstring const& text, WhitespaceRule rule);
+    static double r8FromString(wstring const& text, WhitespaceRule rule);
+    /// @}
+
+    /// @name Characters, strings and booleans
+    /// @{
+    static wstring charToString(char16_t value);
+    /// The cleaned text must be a single 16-bit unit.
+    static char16_t charFromString(wstring const& text, WhitespaceRule rule);
+
+    static wstring stringToString(wstring const& value);
+    /// The cleaned text.
+    static wstring stringFromString(wstring const& text, WhitespaceRule rule);
+
+    /// "true" or "false".
+    static wstring booleanToString(bool value);
+    /// "true" and "1", "false" and "0", in upper or lower case.
+    static bool booleanFromString(wstring const& text, WhitespaceRule rule);
+    /// @}
+
+    /// @name Value classes
+    ///
+    /// To text and from text are operations of the classes: the forms are described there, and their failures
+    /// pass through.
+    /// @{
+    static wstring hexBinaryToString(CBinaryData const& value);
+    /// @throws CBxException if the text is not hexadecimal
+    static CBinaryData hexBinaryFromString(wstring const& text, WhitespaceRule rule);
+
+    static wstring base64BinaryToString(CBinaryData const& value);
+    /// A text that is not Base64 gives no octets.
+    static CBinaryData base64BinaryFromString(wstring const& text, WhitespaceRule rule);
+
+    static wstring durationToString(CDateTimeSpan const& value);
+    static CDateTimeSpan durationFromString(wstring const& text, WhitespaceRule rule);
+
+    /// @param format a text that begins with the number of fraction digits, as CDecimal::ToString(int) takes
+    ///        it; null for all that the value has
+    static wstring decimalToString(CDecimal const& value, char16_t const* format);
+    static CDecimal decimalFromString(wstring const& text, WhitespaceRule rule);
+
+    static wstring integerToString(CBigInteger const& value);
+    static CBigInteger integerFromString(wstring const& text, WhitespaceRule rule);
+    /// @}
+
+    /// @name Dates and times
+    ///
+    /// To text, all five do the same: the form is that of the value's type, not of the function's name.
+    ///
+    /// From text, date, yearMonth and monthDay do the same: each takes every form without a time, and the
+    /// form gives the value its type.
+    /// @{
+    static wstring yearMonthToString(CDateTime const& value);
+    static wstring monthDayToString(CDateTime const& value);
+    static wstring dateToString(CDateTime const& value);
+    static wstring datetimeToString(CDateTime const& value);
+    static wstring timeToString(CDateTime const& value);
+
+    static CDateTime yearMonthFromString(wstring const& text, WhitespaceRule rule);
+    static CDateTime monthDayFromString(wstring const& text, WhitespaceRule rule);
+    static CDateTime dateFromString(wstring const& text, WhitespaceRule rule);
+    static CDateTime datetimeFromString(wstring const& text, WhitespaceRule rule);
+    static CDateTime timeFromString(wstring const& text, WhitespaceRule rule);
+    /// @}
+
+    /// @name Years, months and days as plain numbers, without a time zone
+    ///
+    /// From text, they take every form without a time that has the field. A year before the common era comes
+    /// as its 16-bit two's complement.
+    /// @throws CBxInvalidStateException if the form has no such field
+    /// @{
+
+    /// Digits without a fill.
+    static wstring yearToString(std::uint16_t value);
+    /// "--MM"
+    static wstring monthToString(std::uint8_t value);
+    /// "---DD"
+    static wstring dayToString(std::uint8_t value);
+    static std::uint16_t yearFromString(wstring const& text, WhitespaceRule rule);
+    static std::uint8_t monthFromString(wstring const& text, WhitespaceRule rule);
+    static std::uint8_t dayFromString(wstring const& text, WhitespaceRule rule);
+    /// @}
+};
+
+}  // namespace BxXmlLib5

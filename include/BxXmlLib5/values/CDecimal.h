@@ -1,0 +1,131 @@
+// Decimal numbers.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+#include "BxXmlLib5/platform/Export.h"
+#include "BxXmlLib5/platform/Text.h"
+#include "BxXmlLib5/values/CBigInteger.h"
+
+namespace BxXmlLib5 {
+
+/// A value of the type `decimal` (XML Schema Part 2, 3.2.3): an integer part of unlimited size and a fraction
+/// whose decimal places are limited for the whole process, to 30 unless SetMaxDecimalPlaces says otherwise.
+///
+/// Text, products and quotients with more places are rounded to the limit, a half toward zero; sums keep all
+/// places. 1.50 and 1.5 are held alike.
+///
+/// As with CBigInteger, zero may carry a minus sign, as from the text "-0": ToString and == ignore it, and by
+/// the operators that order, -0 is less than 0.
+class BXXMLLIB5_API CDecimal {
+public:
+    /// Zero.
+    CDecimal() = default;
+    CDecimal(int value);
+    CDecimal(long value);
+    CDecimal(long long value);
+    /// The double to 13 decimal places.
+    /// @throws CBxInvalidValueException for infinity and not-a-number
+    CDecimal(double value);
+    CDecimal(CBigInteger const& value);
+
+    /// The value of a text: digits, with a point and an exponent if need be.
+    ///
+    /// Among the digits before the point, and between the letter of the exponent and its digits, stand signs,
+    /// of which the last holds, and space, TAB, CR and LF; among the digits behind the point, spaces of these
+    /// four kinds alone. No digits are 0, and no digits behind the letter are no exponent, so the empty text
+    /// is 0. A negative exponent divides: the quotient is cut two places behind the limit, and then rounded.
+    ///
+    /// @throws CBxInvalidValueException for any other text, a unit of value 0 in a view included
+    /// @throws CBxOverFlowException if the exponent adds more than some millions of zeros
+    CDecimal(char16_t const* text);
+    explicit CDecimal(std::u16string_view text);
+
+    /// The limit of decimal places. It is not tested; below 0 it works like 0, for integers. Changing it
+    /// while other threads calculate has no defined effect on their results.
+    static int GetMaxDecimalPlaces();
+    static void SetMaxDecimalPlaces(int places);
+
+    /// The shortest text of the value, without an exponent.
+    wstring ToString() const;
+    /// The value with so many decimal places, rounded half away from zero. The point always stands: 12.6 to
+    /// no place is "13.". There are fewer places for a value that lies on a half, as 1.9995 to three places
+    /// is "2.0", and from the limit of decimal places on, where nothing is rounded and no zeros are filled
+    /// in.
+    /// @throws CBxInvalidParamException for a negative number of places
+    wstring ToString(int decimalPlaces) const;
+
+    /// Rounded to one decimal place, a half toward zero, then cut to an integer: 1.6 is 1.
+    /// @throws CBxOverFlowException if it does not fit
+    std::int64_t ToLongLong() const;
+    /// Rounded to an integer, a half toward zero: 1.6 is 2.
+    /// @throws CBxOverFlowException if it does not fit
+    std::int32_t ToLong() const;
+    /// @throws CBxOverFlowException beyond CBigInteger::MIN_DOUBLE and MAX_DOUBLE
+    double ToDouble() const;
+    /// Rounded to an integer, a half toward zero.
+    CBigInteger ToBigInteger() const;
+
+    CDecimal GetNegative() const;
+    void Negate();
+
+    CDecimal operator+(CDecimal const& other) const;
+    CDecimal operator-(CDecimal const& other) const;
+    CDecimal operator*(CDecimal const& other) const;
+    /// Cut two places behind the limit of decimal places, then rounded.
+    /// @throws CBxInvalidValueException if the right operand is 0
+    CDecimal operator/(CDecimal const& other) const;
+
+    CDecimal& operator+=(CDecimal const& other);
+    CDecimal& operator-=(CDecimal const& other);
+    CDecimal& operator*=(CDecimal const& other);
+    /// @throws CBxInvalidValueException if the right operand is 0
+    CDecimal& operator/=(CDecimal const& other);
+
+    CDecimal& operator++();
+    CDecimal& operator--();
+    /// The value plus 1. The object keeps its value, unlike that of a native type.
+    CDecimal operator++(int) const;
+    /// The value minus 1. The object keeps its value, unlike that of a native type.
+    CDecimal operator--(int) const;
+
+    bool operator==(CDecimal const& other) const;
+    bool operator!=(CDecimal const& other) const;
+    bool operator<(CDecimal const& other) const;
+    bool operator>(CDecimal const& other) const;
+    bool operator<=(CDecimal const& other) const;
+    bool operator>=(CDecimal const& other) const;
+
+private:
+    CDecimal(CBigInteger integerPart, CBigInteger fractionPart, int divider);
+
+    /// The value of an integer divided by 10 to a power.
+    static CDecimal FromScaled(CBigInteger const& scaled, std::size_t places);
+    /// The value times 10 to a power that leaves no fraction.
+    CBigInteger Scaled(int places) const;
+    CBigInteger ScaledFraction(int places) const;
+
+    /// The limit of decimal places that is in effect, whatever has been set.
+    static int PlacesLimit();
+
+    void Parse(std::u16string_view text);
+    void Rationalise();
+    void ChangeFractionalDivider(int divider);
+    /// Rounds to the limit of decimal places.
+    void Cap();
+    /// -1, 0 or 1, as CBigInteger orders the integer parts and then the fractions.
+    int Order(CDecimal const& other) const;
+
+    static int m_maxDivider;
+
+    /// With the sign of the number, so it is -0 for a number between -1 and 0.
+    CBigInteger m_integerPart;
+    /// The digits behind the point as an integer with the sign of the number; that of zero is plus.
+    CBigInteger m_fractionPart;
+    /// The number of decimal places that the fraction has, at least 1.
+    int m_fractionalDivider = 1;
+};
+
+}  // namespace BxXmlLib5

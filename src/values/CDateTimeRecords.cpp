@@ -1,0 +1,91 @@
+#include "BxXmlLib5/binding/CBxException.h"
+#include "BxXmlLib5/binding/FormatString.h"
+#include "BxXmlLib5/values/CDateTime.h"
+#include "platform/Clock.h"
+#include "values/Calendar.h"
+#include "values/DateTimeFields.h"
+
+namespace BxXmlLib5 {
+
+namespace {
+
+constexpr std::int64_t kSecondsOfDay = 86'400;
+
+/// Whether the fields of a record fit the narrower ones of a date.
+bool Fits(DateTimeFields const& fields) {
+    for (int const field : {fields.month, fields.day, fields.hour, fields.minute, fields.second}) {
+        if (field > UINT8_MAX) return false;
+    }
+    return fields.year <= INT16_MAX;
+}
+
+}  // namespace
+
+CDateTime const& CDateTime::operator=(std::int64_t const& time) {
+    auto const [dayNumber, secondOfDay] = FloorDivide(time, kSecondsOfDay);
+    auto const [year, month, day] = DayOf(dayNumber);
+    int const second = static_cast<int>(secondOfDay);
+    SetDateTime(dt_dateTime, {.year = NarrowYear(year),
+                              .month = month,
+                              .day = day,
+                              .hour = second / 3600,
+                              .minute = second / 60 % 60,
+                              .second = second % 60});
+    return *this;
+}
+
+CDateTime const& CDateTime::operator=(_SYSTEMTIME const& time) {
+    DateTimeFields const fields{.year = time.wYear,
+                                .month = time.wMonth,
+                                .day = time.wDay,
+                                .hour = time.wHour,
+                                .minute = time.wMinute,
+                                .second = time.wSecond,
+                                .milli = time.wMilliseconds};
+    if (!Fits(fields)) ValidateFields(dt_dateTime, fields);
+    SetDateTime(dt_dateTime, fields);
+    return *this;
+}
+
+CDateTime const& CDateTime::operator=(_FILETIME const& time) {
+    auto const record = ToSystemTime(time);
+    if (!record) throw CBxInvalidValueException(u"Failed to convert FILETIME to SYSTEMTIME");
+    return *this = *record;
+}
+
+CDateTime CDateTime::GetTickCount() {
+    return CDateTime(LocalTime());
+}
+
+std::int64_t CDateTime::GetTime() const {
+    if (m_dtType != dt_dateTime && m_dtType != dt_date) {
+        throw CBxInvalidValueException(
+            FormatString(u"Failed to GetTime, Date Status must be dateTime or date. Invalid Date Type: %s.",
+                         TypeOf(m_dtType).name));
+    }
+    CDateTime const utc = GetNormalized();
+    std::int64_t const days = DayNumber(utc.m_year, utc.m_month, utc.m_day);
+    int const secondOfDay = (utc.m_hour * 60 + utc.m_minute) * 60 + utc.m_second;
+    return days * kSecondsOfDay + (m_dtType == dt_dateTime ? secondOfDay : 0);
+}
+
+_SYSTEMTIME CDateTime::GetAsSystemTime() const {
+    if (m_dtType != dt_dateTime) {
+        throw CBxInvalidValueException(
+            FormatString(u"Failed to GetAsSystemTime, Date Status must be dateTime. Invalid Date Type: %s.",
+                         TypeOf(m_dtType).name));
+    }
+    if (m_year < 0) ThrowInvalidYear(m_year, 0, UINT16_MAX);
+    return {
+        .wYear = static_cast<std::uint16_t>(m_year),
+        .wMonth = m_month,
+        .wDayOfWeek = static_cast<std::uint16_t>(GetDayOfWeek() - 1),
+        .wDay = m_day,
+        .wHour = m_hour,
+        .wMinute = m_minute,
+        .wSecond = m_second,
+        .wMilliseconds = m_milli,
+    };
+}
+
+}  // namespace BxXmlLib5

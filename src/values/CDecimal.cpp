@@ -1,0 +1,316 @@
+#include "BxXmlLib5/values/CDecimal.h"
+
+#include <algorithm>
+#include <charconv>
+#include <climits>
+#include <utility>
+
+#include "BxXmlLib5/binding/CBxException.h"
+#include "BxXmlLib5/binding/FormatString.h"
+#include "platform/Limits.h"
+#include "platform/TextView.h"
+#include "values/DecimalText.h"
+#include "values/Magnitude.h"
+
+namespace BxXmlLib5 {
+
+namespace {
+
+/// Places behind the limit that a quotient keeps for its rounding.
+constexpr int kGuardPlaces = 2;
+
+}  // namespace
+
+constinit int CDecimal::m_maxDivider = 30;
+
+CDecimal::CDecimal(int value) : m_integerPart(value) {}
+
+CDecimal::CDecimal(long value) : m_integerPart(value) {}
+
+CDecimal::CDecimal(long long value) : m_integerPart(value) {}
+
+CDecimal::CDecimal(double value) {
+    Parse(FormatString(u"%.13f\n", value));
+}
+
+CDecimal::CDecimal(CBigInteger const& value) : m_integerPart(value) {}
+
+CDecimal::CDecimal(char16_t const* text) {
+    Parse(TextOf(text));
+}
+
+CDecimal::CDecimal(std::u16string_view text) {
+    Parse(text);
+}
+
+CDecimal::CDecimal(CBigInteger integerPart, CBigInteger fractionPart, int divider)
+    : m_integerPart(std::move(integerPart)),
+      m_fractionPart(std::move(fractionPart)),
+      m_fractionalDivider(divider) {}
+
+int CDecimal::GetMaxDecimalPlaces() {
+    return m_maxDivider;
+}
+
+void CDecimal::SetMaxDecimalPlaces(int places) {
+    m_maxDivider = places;
+}
+
+int CDecimal::PlacesLimit() {
+    return std::clamp(m_maxDivider, 0, INT_MAX - kGuardPlaces);
+}
+
+void CDecimal::Parse(std::u16string_view text) {
+    DecimalText source = ScanDecimal(text);
+    std::string& digits = source.m_digits;
+    std::int64_t const exponent = source.m_exponent.value_or(0);
+    bool const divides = source.m_exponent && source.m_exponentNegative;
+    auto const point = static_cast<std::int64_t>(source.m_integerDigits) + (divides ? -exponent : exponent);
+    if (divides) {
+        auto const kept =
+            std::clamp<std::int64_t>(point + PlacesLimit() + kGuardPlaces, 0, std::ssize(digits));
+        digits.resize(static_cast<std::size_t>(kept));
+    }
+    auto const integerDigits =
+        static_cast<std::size_t>(std::clamp<std::int64_t>(point, 0, std::ssize(digits)));
+    m_integerPart.m_digits = Magnitude::FromText(std::string_view(digits).substr(0, integerDigits));
+    m_fractionPart.m_digits = Magnitude::FromText(std::string_view(digits).substr(integerDigits));
+
+    // What an exponent makes of -0 is 0, as with any product or quotient.
+    bool const isZero = m_integerPart.IsZero() && m_fractionPart.IsZero();
+    m_integerPart.m_sign = source.m_negative && !(isZero && source.m_exponent) ? -1 : 1;
+    if (isZero) return;
+    m_fractionPart.m_sign = m_integerPart.m_sign;
+    std::int64_t const places = std::ssize(digits) - point;
+    if (std::max(-places, -point) > kMaxExponentZeros)
+        throw CBxOverFlowException(
+            FormatString(u"The exponent of the Decimal [%s] is too large", wstring(text).c_str()));
+    Magnitude::ScaleUp(m_integerPart.m_digits, static_cast<std::size_t>(std::max<std::int64_t>(-places, 0)));
+    m_fractionalDivider = static_cast<int>(std::max<std::int64_t>(places, 1));
+    Cap();
+}
+
+void CDecimal::Rationalise() {
+    if (m_fractionPart.IsZero()) {
+        m_fractionPart = CBigInteger();
+        m_fractionalDivider = 1;
+        return;
+    }
+    std::size_t const zeros = Magnitude::CountTrailingZeros(m_fractionPart.m_digits);
+    if (zeros == 0) return;
+    Magnitude::ScaleDown(m_fractionPart.m_digits, zeros);
+    m_fractionalDivider -= static_cast<int>(zeros);
+}
+
+void CDecimal::ChangeFractionalDivider(int divider) {
+    Magnitude::Limbs& fraction = m_fractionPart.m_digits;
+    if (divider >= m_fractionalDivider) {
+        Magnitude::ScaleUp(fraction, static_cast<std::size_t>(divider - m_fractionalDivider));
+        m_fractionalDivider = divider;
+        return;
+    }
+    auto const dropped = static_cast<std::size_t>(m_fractionalDivider - divider);
+    Magnitude::Limbs half = Magnitude::FromInteger(5);
+    Magnitude::ScaleUp(half, dropped - 1);
+    bool const isUp = Magnitude::Compare(Magnitude::LowDigits(fraction, dropped), half) > 0;
+    Magnitude::ScaleDown(fraction, dropped);
+    m_fractionalDivider = divider;
+    if (!isUp) return;
+    fraction = Magnitude::Add(fraction, Magnitude::FromInteger(1));
+    if (Magnitude::CountDigits(fraction) > static_cast<std::size_t>(divider)) {
+        fraction.clear();
+        m_integerPart += m_fractionPart.m_sign;
+    }
+}
+
+void CDecimal::Cap() {
+    Rationalise();
+    if (m_fractionalDivider <= PlacesLimit()) return;
+    ChangeFractionalDivider(PlacesLimit());
+    Rationalise();
+}
+
+CDecimal CDecimal::FromScaled(CBigInteger const& scaled, std::size_t places) {
+    CDecimal result;
+    if (scaled.IsZero()) return result;
+    Magnitude::Limbs integer = scaled.m_digits;
+    Magnitude::ScaleDown(integer, places);
+    result.m_integerPart = CBigInteger(scaled.m_sign, std::move(integer));
+    result.m_fractionPart = CBigInteger(scaled.m_sign, Magnitude::LowDigits(scaled.m_digits, places));
+    result.m_fractionalDivider = static_cast<int>(places);
+    result.Rationalise();
+    return result;
+}
+
+CBigInteger CDecimal::ScaledFraction(int places) const {
+    CBigInteger fraction = m_fractionPart;
+    Magnitude::ScaleUp(fraction.m_digits, static_cast<std::size_t>(places - m_fractionalDivider));
+    return fraction;
+}
+
+CBigInteger CDecimal::Scaled(int places) const {
+    CBigInteger integer = m_integerPart;
+    Magnitude::ScaleUp(integer.m_digits, static_cast<std::size_t>(places));
+    return integer + ScaledFraction(places);
+}
+
+wstring CDecimal::ToString() const {
+    if (m_fractionPart.IsZero()) return m_integerPart.ToString();
+    wstring text = m_integerPart.m_sign < 0 ? u"-" : u"";
+    Magnitude::AppendText(text, m_integerPart.m_digits);
+    text += u'.';
+    Magnitude::AppendText(text, m_fractionPart.m_digits, static_cast<std::size_t>(m_fractionalDivider));
+    return text;
+}
+
+wstring CDecimal::ToString(int decimalPlaces) const {
+    if (decimalPlaces < 0)
+        throw CBxInvalidParamException(FormatString(u"Invalid number of decimal places [%d]", decimalPlaces));
+    // Half a unit of the last place is a decimal too, and rounds to 0 where it goes beyond the limit.
+    CDecimal half;
+    if (decimalPlaces < PlacesLimit()) half = CDecimal(CBigInteger(), CBigInteger(5), decimalPlaces + 1);
+    CDecimal const sum = m_integerPart.m_sign < 0 ? *this - half : *this + half;
+
+    wstring text = sum.m_integerPart.m_sign < 0 ? u"-" : u"";
+    Magnitude::AppendText(text, sum.m_integerPart.m_digits);
+    text += u'.';
+    wstring fraction;
+    Magnitude::AppendText(fraction, sum.m_fractionPart.m_digits,
+                          static_cast<std::size_t>(sum.m_fractionalDivider));
+    return text.append(fraction, 0, static_cast<std::size_t>(decimalPlaces));
+}
+
+std::int64_t CDecimal::ToLongLong() const {
+    CDecimal rounded = *this;
+    rounded.ChangeFractionalDivider(1);
+    CBigInteger const& integer = rounded.m_integerPart;
+    if (integer < CBigInteger::MIN_LONGLONG || integer > CBigInteger::MAX_LONGLONG)
+        throw CBxOverFlowException(u"The Decimal value if to large to fit into a LONGLONG");
+    return static_cast<long long>(integer);
+}
+
+std::int32_t CDecimal::ToLong() const {
+    CBigInteger const integer = ToBigInteger();
+    if (integer < CBigInteger::MIN_LONG || integer > CBigInteger::MAX_LONG)
+        throw CBxOverFlowException(u"The Decimal value if to large to fit into a LONG");
+    return static_cast<int>(integer);
+}
+
+double CDecimal::ToDouble() const {
+    if (m_integerPart < CBigInteger::MIN_DOUBLE || m_integerPart > CBigInteger::MAX_DOUBLE)
+        throw CBxOverFlowException(u"The Decimal value if to large to fit into a Double");
+    std::string const text = ToUtf8(ToString());
+    double value = 0;  // which stays where the value is nearer to 0 than to any other
+    std::from_chars(text.data(), text.data() + text.size(), value);
+    return value;
+}
+
+CBigInteger CDecimal::ToBigInteger() const {
+    CDecimal rounded = *this;
+    rounded.ChangeFractionalDivider(0);
+    return std::move(rounded.m_integerPart);
+}
+
+CDecimal CDecimal::GetNegative() const {
+    CDecimal negative = *this;
+    negative.Negate();
+    return negative;
+}
+
+void CDecimal::Negate() {
+    m_integerPart.Negate();
+    if (!m_fractionPart.IsZero()) m_fractionPart.Negate();
+}
+
+CDecimal CDecimal::operator+(CDecimal const& other) const {
+    int const places = std::max(m_fractionalDivider, other.m_fractionalDivider);
+    return FromScaled(Scaled(places) + other.Scaled(places), static_cast<std::size_t>(places));
+}
+
+CDecimal CDecimal::operator-(CDecimal const& other) const {
+    return *this + other.GetNegative();
+}
+
+CDecimal CDecimal::operator*(CDecimal const& other) const {
+    CDecimal product = FromScaled(
+        Scaled(m_fractionalDivider) * other.Scaled(other.m_fractionalDivider),
+        static_cast<std::size_t>(m_fractionalDivider) + static_cast<std::size_t>(other.m_fractionalDivider));
+    product.Cap();
+    return product;
+}
+
+CDecimal CDecimal::operator/(CDecimal const& other) const {
+    int const places = std::max(m_fractionalDivider, other.m_fractionalDivider);
+    std::size_t const kept = static_cast<std::size_t>(PlacesLimit()) + kGuardPlaces;
+    CBigInteger dividend = Scaled(places);
+    Magnitude::ScaleUp(dividend.m_digits, kept);
+    CDecimal quotient = FromScaled(dividend / other.Scaled(places), kept);
+    quotient.Cap();
+    return quotient;
+}
+
+CDecimal& CDecimal::operator+=(CDecimal const& other) {
+    return *this = *this + other;
+}
+
+CDecimal& CDecimal::operator-=(CDecimal const& other) {
+    return *this = *this - other;
+}
+
+CDecimal& CDecimal::operator*=(CDecimal const& other) {
+    return *this = *this * other;
+}
+
+CDecimal& CDecimal::operator/=(CDecimal const& other) {
+    return *this = *this / other;
+}
+
+CDecimal& CDecimal::operator++() {
+    return *this += 1;
+}
+
+CDecimal& CDecimal::operator--() {
+    return *this -= 1;
+}
+
+CDecimal CDecimal::operator++(int) const {
+    return *this + 1;
+}
+
+CDecimal CDecimal::operator--(int) const {
+    return *this - 1;
+}
+
+int CDecimal::Order(CDecimal const& other) const {
+    int const integers = m_integerPart.Order(other.m_integerPart);
+    if (integers != 0) return integers;
+    int const places = std::max(m_fractionalDivider, other.m_fractionalDivider);
+    return ScaledFraction(places).Order(other.ScaledFraction(places));
+}
+
+bool CDecimal::operator==(CDecimal const& other) const {
+    return m_integerPart == other.m_integerPart && m_fractionPart == other.m_fractionPart &&
+           m_fractionalDivider == other.m_fractionalDivider;
+}
+
+bool CDecimal::operator!=(CDecimal const& other) const {
+    return !(*this == other);
+}
+
+bool CDecimal::operator<(CDecimal const& other) const {
+    return Order(other) < 0;
+}
+
+bool CDecimal::operator>(CDecimal const& other) const {
+    return Order(other) > 0;
+}
+
+bool CDecimal::operator<=(CDecimal const& other) const {
+    return Order(other) <= 0;
+}
+
+bool CDecimal::operator>=(CDecimal const& other) const {
+    return Order(other) >= 0;
+}
+
+}  // namespace BxXmlLib5

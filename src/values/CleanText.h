@@ -1,0 +1,37 @@
+// Text under a whitespace rule.
+#pragma once
+
+#include <string_view>
+#include <utility>
+
+#include "BxXmlLib5/values/CWhitespaceUtils.h"
+
+namespace BxXmlLib5 {
+
+/// What a whitespace rule makes of a text. Text that the rule leaves alone, or only trims, is viewed where it
+/// stands, so it must outlive this object.
+class CleanText {
+public:
+    /// @throws CBxException if the rule is none of the three
+    CleanText(CWhitespaceUtils::WhitespaceRule rule, std::u16string_view text) : m_view(text) {
+        bool blankOrBelow = false;
+        for (char16_t const c : text) blankOrBelow |= c <= u' ';
+        if (blankOrBelow || !IsKnown(rule)) Rewrite(rule);
+    }
+    CleanText(CleanText const&) = delete;
+    CleanText& operator=(CleanText const&) = delete;
+
+    std::u16string_view View() const { return m_view; }
+    wstring Take() && { return m_rewritten.empty() ? wstring(m_view) : std::move(m_rewritten); }
+
+private:
+    static bool IsKnown(CWhitespaceUtils::WhitespaceRule rule) {
+        return rule >= CWhitespaceUtils::ws_Preserve && rule <= CWhitespaceUtils::ws_Collapse;
+    }
+    void Rewrite(CWhitespaceUtils::WhitespaceRule rule);
+
+    std::u16string_view m_view;
+    wstring m_rewritten;
+};
+
+}  // namespace BxXmlLib5

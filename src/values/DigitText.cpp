@@ -1,0 +1,44 @@
+#include "values/DigitText.h"
+
+#include <algorithm>
+#include <iterator>
+
+#include "platform/TextView.h"
+
+namespace BxXmlLib5 {
+
+Fraction TakeFraction(std::u16string_view& text) {
+    Fraction fraction;
+    for (std::uint16_t* const part : {&fraction.milli, &fraction.micro, &fraction.nano}) {
+        for (int weight : {100, 10, 1}) {
+            if (text.empty() || !IsDigit(text[0])) return fraction;
+            *part = static_cast<std::uint16_t>(*part + (text[0] - u'0') * weight);
+            text.remove_prefix(1);
+        }
+    }
+    return fraction;
+}
+
+void CDigitText::PutNumber(std::uint64_t number, std::size_t width) {
+    char16_t digits[20];
+    char16_t* const end = std::end(digits);
+    char16_t* first = end;
+    do {
+        *--first = static_cast<char16_t>(u'0' + number % 10);
+        number /= 10;
+    } while (number != 0);
+    for (auto count = static_cast<std::size_t>(end - first); count < width; ++count) Put(u'0');
+    for (; first != end; ++first) Put(*first);
+}
+
+void CDigitText::PutFraction(Fraction const& fraction) {
+    auto const [milli, micro, nano] = fraction;
+    if (milli == 0 && micro == 0 && nano == 0) return;
+    Put(u'.');
+    PutNumber(milli, 3);
+    if (micro != 0 || nano != 0) PutNumber(micro, 3);
+    if (nano != 0) PutNumber(nano, 3);
+    while (m_units[m_length - 1] == u'0') --m_length;
+}
+
+}  // namespace BxXmlLib5

@@ -1,0 +1,54 @@
+// Arithmetic on magnitudes: integers without a sign, in a base that needs no conversion from and to decimal
+// text.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "BxXmlLib5/platform/Text.h"
+
+namespace BxXmlLib5::Magnitude {
+
+/// Limbs of nine decimal digits, the least significant first, the topmost not 0; zero has none.
+using Limbs = std::u32string;
+
+/// @param digits decimal digits only, leading zeros allowed
+Limbs FromText(std::u16string_view digits);
+Limbs FromText(std::string_view digits);
+Limbs FromInteger(std::uint64_t value);
+/// @param limbs of less than 2 to the power 64
+std::uint64_t ToInteger(Limbs const& limbs);
+/// Appends the decimal digits, filled with zeros in front to a width. Zero has one digit.
+void AppendText(wstring& text, Limbs const& limbs, std::size_t width = 1);
+
+/// Removes zeros at the top.
+void Trim(Limbs& limbs);
+/// The number of decimal digits, 0 for zero.
+std::size_t CountDigits(Limbs const& limbs);
+/// The number of decimal zeros at the bottom of a magnitude other than zero.
+std::size_t CountTrailingZeros(Limbs const& limbs);
+/// -1, 0 or 1.
+int Compare(Limbs const& a, Limbs const& b);
+
+Limbs Add(Limbs const& a, Limbs const& b);
+/// a - b; a must not be smaller than b.
+Limbs Subtract(Limbs const& a, Limbs const& b);
+Limbs Multiply(Limbs const& a, Limbs const& b);
+
+struct Division {
+    Limbs quotient;
+    Limbs remainder;
+};
+/// @throws CBxInvalidValueException if the divisor is zero
+Division Divide(Limbs const& dividend, Limbs const& divisor);
+
+/// Multiplies by 10 to the power of places.
+void ScaleUp(Limbs& limbs, std::size_t places);
+/// Divides by 10 to the power of places, toward zero.
+void ScaleDown(Limbs& limbs, std::size_t places);
+/// What ScaleDown drops.
+Limbs LowDigits(Limbs const& limbs, std::size_t places);
+
+}  // namespace BxXmlLib5::Magnitude

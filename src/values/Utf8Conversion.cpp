@@ -1,0 +1,70 @@
+#include "values/Utf8Conversion.h"
+
+#include <algorithm>
+
+#include "platform/Utf.h"
+
+namespace BxXmlLib5 {
+
+namespace {
+
+/// Looks at all of them, without a branch for each, so that the compiler can look at many at once.
+template <class Units>
+bool IsAscii(Units const& units) {
+    typename Units::value_type all = 0;
+    for (auto const unit : units) all |= unit;
+    return all < 0x80;
+}
+
+/// How many units well-formed octets make: one for each first octet of a sequence, two if it has four octets.
+std::size_t CountUnits(std::span<unsigned char const> octets) {
+    std::size_t count = 0;
+    for (unsigned char const octet : octets) count += ((octet & 0xC0) != 0x80) + (octet >= 0xF0);
+    return count;
+}
+
+}  // namespace
+
+std::size_t Utf8Size(std::u16string_view text) {
+    if (IsAscii(text)) return text.size();
+    std::size_t size = 0;
+    for (std::size_t at = 0; at < text.size();) {
+        char32_t const c = Utf::Next(text, at);
+        if (c == Utf::kMalformed) return 0;
+        Utf::PutUtf8(c, [&size](char32_t) { ++size; });
+    }
+    return size;
+}
+
+void WriteUtf8(std::u16string_view text, std::span<unsigned char> out) {
+    auto const narrow = [](auto unit) { return static_cast<unsigned char>(unit); };
+    if (out.size() == text.size()) {
+        std::ranges::transform(text, out.begin(), narrow);
+        return;
+    }
+    auto put = [&narrow, at = out.begin()](char32_t octet) mutable { *at++ = narrow(octet); };
+    for (std::size_t at = 0; at < text.size();) Utf::PutUtf8(Utf::Next(text, at), put);
+}
+
+CBinaryData WideToUtf8(std::u16string_view text) {
+    std::size_t const size = Utf8Size(text);
+    if (size == 0) return {};
+    auto octets = std::make_unique_for_overwrite<unsigned char[]>(size);
+    WriteUtf8(text, {octets.get(), size});
+    return {std::move(octets), size};
+}
+
+wstring Utf8ToWide(std::span<unsigned char const> octets) {
+    if (IsAscii(octets)) return {octets.begin(), octets.end()};
+    std::string_view const text(reinterpret_cast<char const*>(octets.data()), octets.size());
+    wstring result(CountUnits(octets), u'\0');
+    char16_t* out = result.data();
+    for (std::size_t at = 0; at < text.size();) {
+        char32_t const c = Utf::Next(text, at);
+        if (c == Utf::kMalformed) return {};
+        Utf::PutUtf16(c, [&out](char32_t unit) { *out++ = static_cast<char16_t>(unit); });
+    }
+    return result;
+}
+
+}  // namespace BxXmlLib5

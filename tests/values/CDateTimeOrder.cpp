@@ -1,0 +1,79 @@
+#include "values/Dates.h"
+
+using namespace BxXmlLib5;
+using namespace BxTest;
+
+TEST(CDateTimeOrder, GoesFromTheYearToTheFraction) {
+    ExpectOrder(
+        Date, {"2000-01-15T00:00:00 < 2000-02-15T00:00:00", "2000-12-31T23:59:59 < 2001-01-01T00:00:00",
+               "2000-01-31 < 2000-02-01", "2000-01-01T10:59:59 < 2000-01-01T11:00:00", "10:10:59 < 10:11:00",
+               "10:10:10.9 < 10:10:11", "10:10:10.5 = 10:10:10.500",
+               "10:10:10.123456788 < 10:10:10.123456789", "10:10:10.001 > 10:10:10.000999999",
+               "--02-29 < --03-01", "---30 < ---31", "-0005 < -0003", "-0001 ? 0001", "2000Z = 2000Z"});
+}
+
+TEST(CDateTimeOrder, ZonesAreTakenToUtc) {
+    ExpectOrder(Date,
+                {"2000-01-01T00:00:00Z = 2000-01-01T00:00:00+00:00",
+                 "2000-01-01T01:30:00+01:30 = 2000-01-01T00:00:00Z",
+                 "1999-12-31T18:30:00-05:30 = 2000-01-01T00:00:00Z",
+                 "2000-01-01T00:00:00+14:00 < 2000-01-01T00:00:00-14:00",
+                 // The hour 00 has no sign, and a time is of whatever day.
+                 "10:00:00-00:30 = 09:30:00Z", "01:00:00+02:00 = 23:00:00Z", "2000-01-01+05:00 = 1999-12-31Z",
+                 "2000-01-01-05:00 = 2000-01-01Z", "2000+01:00 = 1999Z", "--01+01:00 = --12Z",
+                 "--03-01+01:00 = --02-29Z", "---01+01:00 = ---31Z"});
+}
+
+TEST(CDateTimeOrder, WithoutAZoneWithin14HoursIsIndeterminate) {
+    ExpectOrder(
+        Date,
+        {"2000-01-15T12:00:00 < 2000-01-16T12:00:00Z", "2000-01-01T12:00:00 ? 1999-12-31T23:00:00Z",
+         "2000-01-16T12:00:00 ? 2000-01-16T12:00:00Z", "2000-01-16T00:00:00 ? 2000-01-16T12:00:00Z",
+         "2000-01-16T12:00:00Z ? 2000-01-17T02:00:00", "2000-01-16T12:00:00Z < 2000-01-17T02:00:01",
+         "2000-01-16T12:00:00Z ? 2000-01-15T22:00:00", "2000-01-16T12:00:00Z > 2000-01-15T21:59:59",
+         "2000-01-16T17:00:00+05:00 > 2000-01-15T21:59:59", "2000-01-16 ? 2000-01-16Z",
+         "2000-01-16 ? 2000-01-15Z", "2000-01-16 > 2000-01-14Z", "2000-01-16 < 2000-01-17Z", "2000 ? 2000Z",
+         "2000 < 2001Z",
+         // A time between 06:00 and 10:00 of the day, whichever day that is
+         "20:00:00 > 05:59:59Z", "20:00:00 ? 06:00:00Z", "20:00:00 ? 10:00:00Z", "20:00:00 < 10:00:01Z"});
+}
+
+TEST(CDateTimeOrder, TheFirstFieldThatOneLacksDecides) {
+    // It counts -1, against a value or against 0.
+    ExpectOrder(Date, {"2000-01-01 < 2000-01-01T00:00:00", "2000-01-01 ? 2000-01-01T01:00:00",
+                       "2000-01-01 < 2001", "2000-01-01 ? 2000", "00:00:01 ? 2000-01-01T00:00:01",
+                       "--01-01 > -0005-01-01", "00:00:00 ? ---01"});
+    EXPECT_LT(CDateTime(), Date("00:00:00"));
+    EXPECT_EQ(CDateTime(), CDateTime());
+    CDateTime date;
+    date.SetDateTime(Date("2000-01-01T10:00:00"), CDateTime::dt_date);
+    EXPECT_EQ(date, Date("2000-01-01")) << "what a conversion puts out of reach does not count";
+}
+
+TEST(CDateTimeOrder, TheOperatorsFollow) {
+    for (char const* const row :
+         {"2000 2000 == <= >=", "2000 2001 != < <=", "2001 2000 != > >=", "2000 2000Z !="}) {
+        auto const words = Words(row);
+        CDateTime const a = Date(words[0]), b = Date(words[1]);
+        std::string result = words[0] + ' ' + words[1];
+        if (a == b) result += " ==";
+        if (a != b) result += " !=";
+        if (a < b) result += " <";
+        if (a > b) result += " >";
+        if (a <= b) result += " <=";
+        if (a >= b) result += " >=";
+        EXPECT_EQ(result, row);
+    }
+}
+
+TEST(CDateTimeOrder, AtTheLimitOfYearsAZoneMakesItIndeterminate) {
+    CDateTime const last = Date("9999-12-31T23:00:00") + Span("P22768Y");
+    CDateTime inZone = last;
+    inZone.SetUTC();
+    EXPECT_EQ(last.CompareTo(Date("2000-01-01T00:00:00Z")), CDateTime::dtc_greaterThan);
+    EXPECT_EQ(last.CompareTo(inZone), CDateTime::dtc_indeterminate);
+    EXPECT_EQ(inZone.CompareTo(last), CDateTime::dtc_indeterminate);
+    inZone.SetTimeZone(-2, 0);
+    EXPECT_BX_THROW(last.CompareTo(inZone), CBxInvalidValueException,
+                    "Invalid Year [32768] (-9999 <= year <= 9999 && year != 0)");
+}

@@ -1,0 +1,106 @@
+#include <gmock/gmock.h>
+
+#include <cstdlib>
+#include <ctime>
+
+#include "values/Dates.h"
+
+using namespace BxXmlLib5;
+using namespace BxTest;
+
+namespace {
+
+/// What assigning a count or record to an empty object gives.
+template <class Record>
+std::string Assigned(Record const& record) {
+    CDateTime date;
+    std::string const failure = Thrown([&] { date = record; });
+    return failure == "nothing" ? Show(date) : failure;
+}
+
+std::string Invalid(char const* message) {
+    return std::string("CBxInvalidValueException: ") + message;
+}
+
+}  // namespace
+
+TEST(CDateTimeRecords, CountsOfSecondsAreInUtc) {
+    for (char const* const row :
+         {"0 1970-01-01T00:00:00", "-1 1969-12-31T23:59:59", "86399 1970-01-01T23:59:59",
+          "-86400 1969-12-31T00:00:00", "951782400 2000-02-29T00:00:00", "4107542399 2100-02-28T23:59:59",
+          "2147483648 2038-01-19T03:14:08", "-62135596800 0001-01-01T00:00:00",
+          "-62198755200 -0001-01-01T00:00:00", "253402300799 9999-12-31T23:59:59"}) {
+        std::int64_t const count = std::stoll(Words(row)[0]);
+        EXPECT_EQ(Assigned(count), "dateTime " + Words(row)[1]);
+        EXPECT_EQ(CDateTime(count).GetTime(), count);
+    }
+    for (auto const& [count, year] : {std::pair{-62'135'596'801, "0"},
+                                      {253'402'300'800, "10000"},
+                                      {2'068'000'000'000, "67502"},
+                                      {INT64_MIN, "-2147483648"}}) {
+        EXPECT_EQ(Assigned(std::int64_t{count}),
+                  Invalid("Invalid Year [") + year + "] (-9999 <= year <= 9999 && year != 0)");
+    }
+}
+
+TEST(CDateTimeRecords, GetTimeCountsInUtcWhateverTheZoneOfTheProcess) {
+    setenv("TZ", "EAST-05:30", 1);
+    tzset();
+    for (char const* const row : {"1970-01-01T00:00:00.999 0", "1970-01-01T00:00:00Z 0",
+                                  "1970-01-01T00:00:00+01:00 -3600", "1970-01-02 86400",
+                                  // A date is at midnight of its day in UTC.
+                                  "1970-01-02-05:00 86400", "1970-01-02+05:00 0"}) {
+        EXPECT_EQ(std::to_string(Date(Words(row)[0]).GetTime()), Words(row)[1]) << row;
+    }
+    unsetenv("TZ");
+    tzset();
+    CDateTime date;
+    date.SetDateTime(CDateTime(1970, 1, 2, 10, 0, 0), CDateTime::dt_date);
+    EXPECT_EQ(date.GetTime(), 86'400) << "an hour out of reach does not count";
+    EXPECT_BX_THROW(Date("00:00:00").GetTime(), CBxInvalidValueException,
+                    "Failed to GetTime, Date Status must be dateTime or date. Invalid Date Type: time.");
+}
+
+TEST(CDateTimeRecords, SystemTimeIsTestedBeforeItIsNarrowed) {
+    using Record = _SYSTEMTIME;
+    EXPECT_EQ(Assigned(Record{2026, 11, 6, 22, 10, 20, 30, 456}), "dateTime 2026-11-22T10:20:30.456");
+    for (auto const& [record, message] :
+         {std::pair{Record{65535, 11, 0, 22, 10, 20, 30, 0},
+                    "Invalid Year [65535] (-9999 <= year <= 9999 && year != 0)"},
+          {Record{2026, 256 + 11, 0, 22, 10, 20, 30, 0}, "Invalid Month [267] (1 <= month <= 12)"},
+          {Record{2026, 11, 0, 256 + 22, 10, 20, 30, 0}, "Invalid Day [278] (1 <= day <= days in month"},
+          {Record{2026, 11, 0, 22, 256, 20, 30, 0}, "Invalid Hour [256] (0 <= hour <= 23)"},
+          {Record{2026, 11, 0, 22, 10, 256, 30, 0}, "Invalid Minute [256] (0 <= minute <= 59)"},
+          {Record{2026, 11, 0, 22, 10, 20, 256, 0}, "Invalid Second [256] (0 <= second <= 59)"},
+          {Record{2026, 11, 0, 22, 10, 20, 30, 1000}, "Invalid Milli-Second [1000] (0 <= milli <= 999)"}}) {
+        EXPECT_EQ(Assigned(record), Invalid(message));
+    }
+}
+
+TEST(CDateTimeRecords, SystemTimeHasTheFieldsAsTheyAre) {
+    _SYSTEMTIME const record = Date("2026-11-23T10:20:30.456789+02:00").GetAsSystemTime();
+    int const fields[] = {record.wYear, record.wMonth,  record.wDayOfWeek, record.wDay,
+                          record.wHour, record.wMinute, record.wSecond,    record.wMilliseconds};
+    EXPECT_THAT(fields, testing::ElementsAre(2026, 11, 1, 23, 10, 20, 30, 456));
+    EXPECT_BX_THROW(Date("2001-02-03").GetAsSystemTime(), CBxInvalidValueException,
+                    "Failed to GetAsSystemTime, Date Status must be dateTime. Invalid Date Type: date.");
+    EXPECT_BX_THROW(Date("-0005-02-03T00:00:00").GetAsSystemTime(), CBxInvalidValueException,
+                    "Invalid Year [-5] (0 <= year <= 65535 && year != 0)");
+}
+
+TEST(CDateTimeRecords, FileTimeGoesThroughSystemTime) {
+    using Record = _FILETIME;
+    EXPECT_EQ(Assigned(Record{0xD53E8000, 0x019DB1DE}), "dateTime 1970-01-01T00:00:00");
+    EXPECT_EQ(Assigned(Record{0, 0x80000000}), Invalid("Failed to convert FILETIME to SYSTEMTIME"));
+    EXPECT_EQ(Assigned(Record{0, 0x7FFFFFFF}),
+              Invalid("Invalid Year [30828] (-9999 <= year <= 9999 && year != 0)"));
+}
+
+TEST(CDateTimeRecords, TheTickCountIsTheLocalTime) {
+    setenv("TZ", "EAST-05:30", 1);
+    CDateTime const now = CDateTime::GetTickCount();
+    unsetenv("TZ");
+    EXPECT_EQ(now.GetType(), CDateTime::dt_dateTime);
+    EXPECT_FALSE(now.IsUTC());
+    EXPECT_NEAR(static_cast<double>(now.GetTime()), static_cast<double>(std::time(nullptr) + 19'800), 5);
+}
