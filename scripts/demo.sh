@@ -1,10 +1,10 @@
 #!/usr/bin/env bash
-# demo.sh: builds bxconvert and shows what it does.
+# demo.sh: builds bxconvert and the examples, and shows what they do.
 source "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 
 scripts/setup.sh
-build release bxconvert
-PATH=$PWD/build/release/tools/bxconvert:$PATH
+build release bxconvert values
+PATH=$PWD/build/release/tools/bxconvert:$PWD/build/release/examples/values:$PATH
 
 track=$PWD/examples/gpx/data/track.gpx
 mime=/usr/share/mime/packages/freedesktop.org.xml
@@ -72,3 +72,6 @@ if [[ -r $mime ]]; then
     echo "The database has $(size "$mime") octets, formatted.xml $(size formatted.xml), compact.xml $(size compact.xml)."
     same formatted.xml back.xml
 fi
+
+heading "The value types of XML Schema, in a program of an application"
+run values
