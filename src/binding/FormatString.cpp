@@ -138,7 +138,8 @@ std::string ToCharsGeneralWithZeros(double value, int precision) {
     std::string scientific = ToChars(value, std::chars_format::scientific, precision - 1);
     int const exponent = std::atoi(scientific.c_str() + scientific.find('e') + 1);
     if (exponent < -4 || exponent >= precision) return scientific;
-    return ToChars(value, std::chars_format::fixed, precision - 1 - exponent);
+    auto const decimals = std::min<std::int64_t>(std::int64_t{precision} - 1 - exponent, INT_MAX);
+    return ToChars(value, std::chars_format::fixed, static_cast<int>(decimals));
 }
 
 void FormatFloat(wstring& out, Spec spec, Arguments& arguments, char16_t letter) {

@@ -83,10 +83,10 @@ COutputFile::~COutputFile() {
 void COutputFile::Write(std::span<unsigned char const> octets) {
     while (m_error == 0 && !octets.empty()) {
         ssize_t const count = write(m_file, octets.data(), octets.size());
-        if (count >= 0) {
+        if (count > 0) {
             octets = octets.subspan(static_cast<std::size_t>(count));
-        } else if (errno != EINTR) {
-            m_error = errno;
+        } else if (count == 0 || errno != EINTR) {
+            m_error = count == 0 ? EIO : errno;
         }
     }
 }

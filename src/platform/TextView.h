@@ -13,8 +13,8 @@ inline std::u16string_view TextOf(char16_t const* text) {
 
 /// Compares by memcmp, which the comparison of std::u16string does not.
 inline bool Equal(std::u16string_view a, std::u16string_view b) {
-    return a.size() == b.size() &&
-           (a.empty() || std::memcmp(a.data(), b.data(), a.size() * sizeof(char16_t)) == 0);
+    return a.size() == b.size() && (a.empty() || a.data() == b.data() ||
+                                    std::memcmp(a.data(), b.data(), a.size() * sizeof(char16_t)) == 0);
 }
 
 constexpr bool IsDigit(char16_t c) {

@@ -1,6 +1,7 @@
 #include "values/Base64.h"
 
 #include <array>
+#include <utility>
 
 namespace BxXmlLib5 {
 

@@ -1,6 +1,7 @@
 #include "BxXmlLib5/values/BxVariant.h"
 
 #include <concepts>
+#include <iterator>
 #include <type_traits>
 #include <utility>
 

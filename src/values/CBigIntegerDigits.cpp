@@ -4,12 +4,10 @@
 #include <cmath>
 #include <iterator>
 #include <string_view>
-#include <utility>
 
 #include "BxXmlLib5/binding/CBxException.h"
 #include "BxXmlLib5/values/CBigInteger.h"
 #include "platform/TextView.h"
-#include "values/DecimalText.h"
 #include "values/Magnitude.h"
 
 namespace BxXmlLib5 {

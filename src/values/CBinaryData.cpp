@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <climits>
 #include <utility>
 
 #include "BxXmlLib5/binding/CBxException.h"
@@ -232,7 +233,8 @@ bool CBinaryData::operator==(CBinaryData const& other) const {
 
 unsigned char const& CBinaryData::operator[](std::size_t index) const {
     if (index < GetLength()) return GetData()[index];
-    throw CBxException(FormatString(u"Index Out of range [%d]", static_cast<int>(index)));
+    throw CBxException(
+        FormatString(u"Index Out of range [%d]", static_cast<int>(std::min<std::size_t>(index, INT_MAX))));
 }
 
 unsigned char& CBinaryData::operator[](std::size_t index) {

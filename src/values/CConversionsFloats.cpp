@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 
@@ -22,17 +23,23 @@ bool Skip(std::u16string_view& text, char16_t wanted) {
     return found;
 }
 
+/// Moves past the digits of a width or a precision; false if it is one that nobody means.
+bool SkipNumber(std::u16string_view& text) {
+    constexpr std::size_t kMostDigits = 4;
+    std::size_t const before = text.size();
+    SkipAll(text, u"0123456789");
+    return before - text.size() <= kMostDigits;
+}
+
 /// Whether a format takes one double and nothing else.
 bool IsFloatFormat(std::u16string_view format) {
-    constexpr std::u16string_view kDigits = u"0123456789";
     int conversions = 0;
     for (;;) {
         format.remove_prefix(std::min(format.find(u'%'), format.size()));
         if (!Skip(format, u'%')) return conversions == 1;
         if (Skip(format, u'%')) continue;
         SkipAll(format, u"-+ #0");
-        SkipAll(format, kDigits);
-        if (Skip(format, u'.')) SkipAll(format, kDigits);
+        if (!SkipNumber(format) || (Skip(format, u'.') && !SkipNumber(format))) return false;
         Skip(format, u'l');
         if (format.empty() || std::u16string_view(u"eEfgG").find(format[0]) == format.npos) return false;
         format.remove_prefix(1);

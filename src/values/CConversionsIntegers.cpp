@@ -1,3 +1,5 @@
+#include <utility>
+
 #include "BxXmlLib5/binding/CBxException.h"
 #include "BxXmlLib5/binding/FormatString.h"
 #include "BxXmlLib5/values/CConversions.h"

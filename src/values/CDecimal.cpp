@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <charconv>
-#include <climits>
 #include <utility>
 
 #include "BxXmlLib5/binding/CBxException.h"
@@ -43,6 +42,19 @@ CDecimal::CDecimal(std::u16string_view text) {
     Parse(text);
 }
 
+CDecimal::CDecimal(CDecimal&& other) noexcept
+    : m_integerPart(std::move(other.m_integerPart)),
+      m_fractionPart(std::move(other.m_fractionPart)),
+      m_fractionalDivider(std::exchange(other.m_fractionalDivider, 1)) {}
+
+CDecimal& CDecimal::operator=(CDecimal&& other) noexcept {
+    if (this == &other) return *this;
+    m_integerPart = std::move(other.m_integerPart);
+    m_fractionPart = std::move(other.m_fractionPart);
+    m_fractionalDivider = std::exchange(other.m_fractionalDivider, 1);
+    return *this;
+}
+
 CDecimal::CDecimal(CBigInteger integerPart, CBigInteger fractionPart, int divider)
     : m_integerPart(std::move(integerPart)),
       m_fractionPart(std::move(fractionPart)),
@@ -57,7 +69,7 @@ void CDecimal::SetMaxDecimalPlaces(int places) {
 }
 
 int CDecimal::PlacesLimit() {
-    return std::clamp(m_maxDivider, 0, INT_MAX - kGuardPlaces);
+    return std::clamp(m_maxDivider, 0, static_cast<int>(kMaxExponentZeros));
 }
 
 void CDecimal::Parse(std::u16string_view text) {

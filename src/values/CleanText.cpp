@@ -1,6 +1,7 @@
 #include "values/CleanText.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "BxXmlLib5/binding/CBxException.h"
 

@@ -1,6 +1,5 @@
 #include "values/DigitText.h"
 
-#include <algorithm>
 #include <iterator>
 
 #include "platform/TextView.h"

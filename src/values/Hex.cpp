@@ -1,6 +1,7 @@
 #include "values/Hex.h"
 
 #include <array>
+#include <utility>
 
 #include "BxXmlLib5/binding/CBxException.h"
 #include "BxXmlLib5/binding/FormatString.h"

@@ -1,5 +1,6 @@
 #include "values/NumberText.h"
 
+#include <algorithm>
 #include <cmath>
 #include <string>
 

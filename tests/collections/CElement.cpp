@@ -100,6 +100,12 @@ TEST(CElement, ACopySharesTheCollections) {
     EXPECT_EQ(Compact(copy), "<a k=\"1\"><b/><c/>copy</a>");
     EXPECT_EQ(Compact(assigned), "<a k=\"1\"><b/><c/></a>");
     EXPECT_EQ(copy.AddRef() + assigned.AddRef(), 2);
+
+    CElement parent(u"parent");
+    parent.GetChildElements()->Add(u"child", u"")->GetChildElements()->Add(u"d", u"");
+    CElement const& child = *parent.GetChildElements()->Item(0);
+    parent = child;
+    EXPECT_EQ(Compact(parent), "<child><d/></child>");
 }
 
 TEST(CElement, ReadsTheRootOrItsFirstChild) {

@@ -192,6 +192,10 @@ TEST(CXmlCollection, TellsItsListenersWhileItIsDestroyed) {
             each->AddEventListener(&listener);
     }
     EXPECT_EQ(counts, "10210");
+    // A failure has nowhere to go.
+    listener.m_onEvent = [](auto*) { throw CBxInvalidStateException(u"no more"); };
+    Collection("a").AddEventListener(&listener);
+    EXPECT_EQ(Object::s_alive, 1);
 }
 
 TEST(CXmlCollection, CopiesShareTheItemsAndTellNobody) {

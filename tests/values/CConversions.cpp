@@ -1,6 +1,7 @@
 #include "BxXmlLib5/values/CConversions.h"
 
-#include <cmath>
+#include <bit>
+#include <cstdlib>
 #include <limits>
 
 #include "BxXmlLib5/values/CBigInteger.h"
@@ -8,11 +9,12 @@
 #include "BxXmlLib5/values/CDateTime.h"
 #include "BxXmlLib5/values/CDateTimeSpan.h"
 #include "BxXmlLib5/values/CDecimal.h"
-#include "support/Expect.h"
+#include "values/Dates.h"
 
 namespace {
 
 using namespace BxXmlLib5;
+using BxTest::Words;
 using C = CConversions;
 
 constexpr auto kPreserve = CWhitespaceUtils::ws_Preserve;
@@ -56,207 +58,122 @@ constexpr Reader boolean = Read<&C::booleanFromString, &C::booleanToString>;
 constexpr Reader character = Read<&C::charFromString, &C::charToString>;
 constexpr Reader string = Read<&C::stringFromString, &C::stringToString>;
 
-struct Row {
-    Reader read;
-    C::WhitespaceRule rule;
-    wstring text;
-    std::string expected;
-};
-
-template <std::size_t N>
-void ExpectEach(Row const (&rows)[N]) {
-    for (Row const& row : rows)
-        EXPECT_EQ(row.read(row.text, row.rule), row.expected) << testing::PrintToString(row.text) << row.rule;
-}
-
 std::string const kInvalid = "CBxInvalidValueException: ";
 
-std::string TooLarge(std::string const& text, std::string const& kind) {
-    return kInvalid + "The value [" + text + "] is to large to fit in a " + kind;
+/// Each text, and the text of its value or the failure.
+void ExpectRead(Reader read, C::WhitespaceRule rule,
+                std::initializer_list<std::pair<wstring, std::string>> rows) {
+    for (auto const& [text, expected] : rows)
+        EXPECT_EQ(read(text, rule), expected) << testing::PrintToString(text) << rule;
 }
-std::string NoNumber(std::string const& text, std::string const& kind) {
-    return kInvalid + "The value [" + text + "] can not be converted to a " + kind;
+
+/// @param message with %s for the text, which is shown as far as a zero unit
+std::string Refusal(std::string const& message, wstring const& text) {
+    std::string result = kInvalid + message;
+    return result.replace(result.find("%s"), 2, ToUtf8(text.c_str()));
+}
+
+void ExpectRefused(Reader read, std::string const& message, std::initializer_list<wstring> texts) {
+    for (wstring const& text : texts) ExpectRead(read, kPreserve, {{text, Refusal(message, text)}});
+}
+
+std::string TooLarge(std::string const& kind) {
+    return "The value [%s] is to large to fit in a " + kind;
+}
+std::string NoNumber(std::string const& kind) {
+    return "The value [%s] can not be converted to a " + kind;
 }
 
 TEST(CConversions, IntegersReachTheirLimits) {
-    ExpectEach({
-        {i1, kCollapse, u"-128", "-128"},
-        {i1, kCollapse, u"127", "127"},
-        {i1, kCollapse, u"128", TooLarge("128", "i1")},
-        {i1, kCollapse, u"-129", TooLarge("-129", "i1")},
-        {i2, kCollapse, u"-32768", "-32768"},
-        {i2, kCollapse, u"32767", "32767"},
-        {i2, kCollapse, u"32768", TooLarge("32768", "i2")},
-        {i2, kCollapse, u"-32769", TooLarge("-32769", "i2")},
-        {i4, kCollapse, u"-2147483648", "-2147483648"},
-        {i4, kCollapse, u"2147483647", "2147483647"},
-        {i4, kCollapse, u"2147483648", TooLarge("2147483648", "i4")},
-        {i4, kCollapse, u"-2147483649", TooLarge("-2147483649", "i4")},
-        {i8, kCollapse, u"-9223372036854775808", "-9223372036854775808"},
-        {i8, kCollapse, u"9223372036854775807", "9223372036854775807"},
-        {i8, kCollapse, u"9223372036854775808", TooLarge("9223372036854775808", "i8")},
-        {i8, kCollapse, u"-9223372036854775809", TooLarge("-9223372036854775809", "i8")},
-        {ui1, kCollapse, u"255", "255"},
-        {ui1, kCollapse, u"256", TooLarge("256", "ui1")},
-        {ui1, kCollapse, u"-1", TooLarge("-1", "ui1")},
-        {ui1, kCollapse, u"-4294967295", "1"},
-        {ui2, kCollapse, u"65535", "65535"},
-        {ui2, kCollapse, u"65536", TooLarge("65536", "ui2")},
-        {ui4, kCollapse, u"4294967295", "4294967295"},
-        {ui4, kCollapse, u"4294967296", TooLarge("4294967296", "ui4")},
-        {ui4, kCollapse, u"-1", "4294967295"},
-        {ui4, kCollapse, u"-4294967295", "1"},
-        {ui4, kCollapse, u"-4294967296", TooLarge("-4294967296", "ui4")},
-        {ui8, kCollapse, u"18446744073709551615", "18446744073709551615"},
-        {ui8, kCollapse, u"18446744073709551616", TooLarge("18446744073709551616", "ui8")},
-        {ui8, kCollapse, u"18446744073709551620", TooLarge("18446744073709551620", "ui8")},
-        {ui8, kCollapse, u"99999999999999999999999", TooLarge("99999999999999999999999", "ui8")},
-        {ui8, kCollapse, u"-1", "18446744073709551615"},
-        {i8, kCollapse, u"000000000000000000000000000000012", "12"},
-    });
+    struct {
+        Reader read;
+        std::string kind;
+        wstring least, most, tooSmall, tooLarge;
+    } const rows[] = {
+        {i1, "i1", u"-128", u"127", u"-129", u"128"},
+        {i2, "i2", u"-32768", u"32767", u"-32769", u"32768"},
+        {i4, "i4", u"-2147483648", u"2147483647", u"-2147483649", u"2147483648"},
+        {i8, "i8", u"-9223372036854775808", u"9223372036854775807", u"-9223372036854775809",
+         u"9223372036854775808"},
+        {ui1, "ui1", u"0", u"255", u"-1", u"256"},
+        {ui2, "ui2", u"0", u"65535", u"-1", u"65536"},
+        {ui4, "ui4", u"0", u"4294967295", u"-4294967296", u"4294967296"},
+        {ui8, "ui8", u"0", u"18446744073709551615", u"-18446744073709551616", u"18446744073709551616"},
+    };
+    for (auto const& row : rows) {
+        ExpectRead(row.read, kCollapse, {{row.least, ToUtf8(row.least)}, {row.most, ToUtf8(row.most)}});
+        ExpectRefused(row.read, TooLarge(row.kind), {row.tooSmall, row.tooLarge});
+    }
+    ExpectRefused(ui8, TooLarge("ui8"), {u"18446744073709551620", u"99999999999999999999999"});
+    // A minus wraps what is unsigned, in the wider form.
+    ExpectRead(ui1, kCollapse, {{u"-4294967295", "1"}});
+    ExpectRead(ui4, kCollapse, {{u"-1", "4294967295"}, {u"-4294967295", "1"}});
+    ExpectRead(ui8, kCollapse, {{u"-1", "18446744073709551615"}});
+    ExpectRead(i8, kCollapse, {{u"000000000000000000000000000000012", "12"}});
 }
 
 TEST(CConversions, IntegersHaveWhitespaceSignAndDigits) {
-    ExpectEach({
-        {i4, kPreserve, u"", "0"},
-        {i4, kCollapse, u" \t\r\n", "0"},
-        {i4, kReplace, u" ", NoNumber(" ", "i4")},
-        {i4, kPreserve, u" ", NoNumber(" ", "i4")},
-        {i4, kPreserve, u" \t\n+12", "12"},
-        {i4, kReplace, u"\n12", "12"},
-        {i4, kPreserve, u"12 ", NoNumber("12 ", "i4")},
-        {i4, kReplace, u"12\t", NoNumber("12 ", "i4")},
-        {i4, kCollapse, u"12 ", "12"},
-        {i4, kPreserve, u"1\r2\r", "12"},
-        {i4, kPreserve, u"\u00A012", NoNumber("\u00A012", "i4")},
-        {i4, kPreserve, u"\v12", NoNumber("\v12", "i4")},
-        {i4, kCollapse, u"-", NoNumber("-", "i4")},
-        {i4, kCollapse, u"+-1", NoNumber("+-1", "i4")},
-        {i4, kCollapse, u"- 1", NoNumber("- 1", "i4")},
-        {i4, kCollapse, u"0x10", NoNumber("0x10", "i4")},
-        {i4, kCollapse, u"1.0", NoNumber("1.0", "i4")},
-        {i4, kCollapse, u"\u0661\uFF11", NoNumber("\u0661\uFF11", "i4")},
-        {i8, kCollapse, u"x", NoNumber("x", "i8")},
-        {ui4, kCollapse, u"x", NoNumber("x", "ui4")},
-        {ui8, kCollapse, u"x", NoNumber("x", "ui8")},
-        {i4, kCollapse, wstring(u"12\0", 3), NoNumber("12", "i4")},
-        {i4, kCollapse, wstring(u"\0", 1), NoNumber("", "i4")},
-    });
+    ExpectRead(i4, kPreserve, {{u"", "0"}, {u" \t\n+12", "12"}, {u"1\r2\r", "12"}});
+    ExpectRead(i4, kReplace, {{u"\n12", "12"}, {u"12\t", Refusal(NoNumber("i4"), u"12 ")}});
+    ExpectRead(i4, kCollapse, {{u" \t\r\n", "0"}, {u"12 ", "12"}});
+    ExpectRefused(i4, NoNumber("i4"),
+                  {u" ", u"12 ", u"\u00A012", u"\v12", u"-", u"+-1", u"- 1", u"0x10", u"1.0", u"\u0661\uFF11",
+                   wstring(u"12\0", 3), wstring(u"\0", 1)});
+    for (auto const& [read, kind] : {std::pair{i8, "i8"}, {ui4, "ui4"}, {ui8, "ui8"}})
+        ExpectRefused(read, NoNumber(kind), {u"x"});
 }
 
 TEST(CConversions, IntegersReportTheWiderFormThenTheRange) {
-    ExpectEach({
-        {i4, kCollapse, u" 99999999999x ", TooLarge("99999999999x", "i4")},
-        {i4, kCollapse, u" 12  x ", NoNumber("12 x", "i4")},
-        {i1, kCollapse, u" 99999999999 ", TooLarge("99999999999", "i4")},
-        {i1, kCollapse, u" 128 ", TooLarge(" 128 ", "i1")},
-        {i2, kCollapse, u" -40000 ", TooLarge(" -40000 ", "i2")},
-        {ui1, kCollapse, u" 256 ", TooLarge(" 256 ", "ui1")},
-        {ui2, kCollapse, u"99999999999", TooLarge("99999999999", "ui4")},
-        {i1, kCollapse, u" a ", NoNumber("a", "i4")},
-        {i2, kCollapse, u"128 x", NoNumber("128 x", "i4")},
-        {ui1, kCollapse, u"a", NoNumber("a", "ui4")},
-        {ui2, kCollapse, u"1 a", NoNumber("1 a", "ui4")},
-    });
+    ExpectRead(i4, kCollapse, {{u" 99999999999x ", Refusal(TooLarge("i4"), u"99999999999x")}});
+    ExpectRead(i4, kCollapse, {{u" 12  x ", Refusal(NoNumber("i4"), u"12 x")}});
+    ExpectRead(i1, kCollapse, {{u" 99999999999 ", Refusal(TooLarge("i4"), u"99999999999")}});
+    ExpectRead(i1, kCollapse, {{u" 128 ", Refusal(TooLarge("i1"), u" 128 ")}});
+    ExpectRefused(ui2, TooLarge("ui4"), {u"99999999999"});
+    ExpectRefused(i2, NoNumber("i4"), {u"128 x"});
+    ExpectRefused(ui1, NoNumber("ui4"), {u"a"});
 }
 
 TEST(CConversions, FloatsHaveAPlainForm) {
-    ExpectEach({
-        {r8, kPreserve, u"", "0"},
-        {r8, kPreserve, u" ", NoNumber(" ", "r8")},
-        {r8, kPreserve, u" \n+1.5", "1.5"},
-        {r8, kPreserve, u"1.5 ", NoNumber("1.5 ", "r8")},
-        {r8, kCollapse, u" -1.5 ", "-1.5"},
-        {r8, kCollapse, u"5.", "5"},
-        {r8, kCollapse, u".5", "0.5"},
-        {r8, kCollapse, u"-0", "-0"},
-        {r8, kCollapse, u"1e3", "1000"},
-        {r8, kCollapse, u"1.E+003", "1000"},
-        {r8, kCollapse, u".25e-1", "0.025"},
-        {r8, kCollapse, u".", NoNumber(".", "r8")},
-        {r8, kCollapse, u"-.e1", NoNumber("-.e1", "r8")},
-        {r8, kCollapse, u"e1", NoNumber("e1", "r8")},
-        {r8, kCollapse, u"1e", NoNumber("1e", "r8")},
-        {r8, kCollapse, u"1e+", NoNumber("1e+", "r8")},
-        {r8, kCollapse, u"1e1.5", NoNumber("1e1.5", "r8")},
-        {r8, kCollapse, u"1.2.3", NoNumber("1.2.3", "r8")},
-        {r8, kCollapse, u"1,5", NoNumber("1,5", "r8")},
-        {r8, kCollapse, u"1d5", NoNumber("1d5", "r8")},
-        {r8, kCollapse, u"0x1p3", NoNumber("0x1p3", "r8")},
-        {r8, kCollapse, u"INF", NoNumber("INF", "r8")},
-        {r8, kCollapse, u"inf", NoNumber("inf", "r8")},
-        {r8, kCollapse, u"NaN", NoNumber("NaN", "r8")},
-        {r8, kCollapse, u" 1  x", NoNumber("1 x", "r8")},
-        {r8, kCollapse, u"1\u0135", NoNumber("1\u0135", "r8")},
-        {r8, kCollapse, wstring(u"1\0", 2), NoNumber("1", "r8")},
-        {Read<&C::r4FromString, [](float) { return wstring(); }>, kCollapse, u"x", NoNumber("x", "r8")},
-    });
+    ExpectRead(r8, kPreserve, {{u"", "0"}, {u" \n+1.5", "1.5"}});
+    ExpectRead(r8, kCollapse, {{u" -1.5 ", "-1.5"}, {u" 1  x", Refusal(NoNumber("r8"), u"1 x")}});
+    ExpectRefused(r8, NoNumber("r8"),
+                  {u" ", u"1.5 ", u".", u"-.e1", u"e1", u"1e", u"1e+", u"1e1.5", u"1.2.3", u"1,5", u"1d5",
+                   u"0x1p3", u"INF", u"inf", u"NaN", u"1\u0135", wstring(u"1\0", 2)});
+    ExpectRefused(Read<&C::r4FromString, [](float) { return wstring(); }>, NoNumber("r8"), {u"x"});
 }
 
 TEST(CConversions, FloatsAreTheNearest) {
-    constexpr double kInfinity = std::numeric_limits<double>::infinity();
-    wstring const zeros(1000, u'0');
-    struct {
-        wstring text;
-        double expected;
-    } const rows[] = {
-        {u"0.1", 0.1},
-        {u"1.7976931348623157e308", 1.7976931348623157e308},
-        {u"2.2250738585072011e-308", 2.2250738585072011e-308},
-        {u"4.9e-324", 5e-324},
-        {u"1.7976931348623159e308", kInfinity},
-        {u"-1e999", -kInfinity},
-        {u"1e99999999999999999999", kInfinity},
-        {u"1e-99999999999999999999", 0.0},
-        {u"0e99999999999999999999", 0.0},
-        {u"2e-324", 0.0},
-        {u"1" + zeros, kInfinity},
-        {u"0." + zeros + u"1", 0.0},
-        {u"1" + zeros + u"e-1000", 1.0},
-        {u"0." + zeros + u"1e1001", 1.0},
-        {u"1" + zeros + u"e-1400", 0.0},
-        {u"0." + zeros + u"1e+1400", kInfinity},
-        {u"0.500000000000000166533453693773481063544750213623046875" + zeros, 0.5000000000000002},
-    };
-    for (auto const& row : rows) {
-        double const value = C::r8FromString(row.text, kPreserve);
-        EXPECT_EQ(value, row.expected) << ToUtf8(row.text);
-        EXPECT_EQ(std::signbit(value), std::signbit(row.expected)) << ToUtf8(row.text);
+    // ~ for a thousand zeros
+    for (std::string text : Words(
+             "0.1 5. .5 -0 1e3 1.E+003 .25e-1 1.7976931348623157e308 1.7976931348623159e308 4.9e-324 2e-324 "
+             "2.2250738585072011e-308 -1e-999 12E-999 -1e999 1e99999999999999999999 "
+             "1E-99999999999999999999 0e99999999999999999999 1~ 0.~1 1~e-1000 0.~1e1001 1~e-1400 "
+             "0.~1e+1400 0.500000000000000166533453693773481063544750213623046875~")) {
+        if (auto const place = text.find('~'); place != text.npos) text.replace(place, 1, 1000, '0');
+        double const value = C::r8FromString(FromUtf8(text), kPreserve);
+        double const expected = std::strtod(text.c_str(), nullptr);
+        EXPECT_EQ(std::bit_cast<std::uint64_t>(value), std::bit_cast<std::uint64_t>(expected)) << text;
     }
-    EXPECT_TRUE(std::signbit(C::r8FromString(u"-1e-999", kPreserve)));
     EXPECT_EQ(C::r4FromString(u"1e39", kPreserve), std::numeric_limits<float>::infinity());
     // Just above the middle of two floats, but the middle itself once it is a double.
     EXPECT_EQ(C::r4FromString(u"1.00000005960464477540", kPreserve), 1.0f);
 }
 
 TEST(CConversions, FloatsAreWrittenByDefaultOrByFormat) {
-    constexpr double kInfinity = std::numeric_limits<double>::infinity();
-    constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
-    struct {
-        double value;
-        char16_t const* format;
-        std::string r4, r8;
-    } const rows[] = {
-        {0.1, nullptr, "0.1", "0.1"},
-        {1.0 / 3, nullptr, "0.3333333", "0.3333333333333333"},
-        {-2.0 / 3, nullptr, "-0.6666667", "-0.6666666666666666"},
-        {123456789, nullptr, "1.234568e+08", "123456789"},
-        {1e16, nullptr, "1e+16", "1e+16"},
-        {1e-5, nullptr, "1e-05", "1e-05"},
-        {-0.0, nullptr, "-0", "-0"},
-        {kInfinity, nullptr, "INF", "INF"},
-        {-kInfinity, u"%9.2f", "-INF", "-INF"},
-        {-kNaN, u"%.1f", "NaN", "NaN"},
-        {2.5, u"%.2f", "2.50", "2.50"},
-        {2.5, u"100%% of %+08.2lE!", "100% of +2.50E+00!", "100% of +2.50E+00!"},
-        {2.5, u"% -#9.3g|", " 2.50    |", " 2.50    |"},
-        {1, u"%.40f", "1." + std::string(40, '0'), "1." + std::string(40, '0')},
-    };
-    for (auto const& row : rows) {
-        EXPECT_EQ(ToUtf8(C::r4ToString(static_cast<float>(row.value), row.format)), row.r4);
-        EXPECT_EQ(ToUtf8(C::r8ToString(row.value, row.format)), row.r8);
+    // Rows "value r4 r8"
+    for (char const* const row :
+         {"0.33333333333333331 0.3333333 0.3333333333333333", "123456789 1.234568e+08 123456789",
+          "-0.66666666666666663 -0.6666667 -0.6666666666666666", "1e16 1e+16 1e+16", "-0 -0 -0",
+          "inf INF INF", "-inf -INF -INF", "-nan NaN NaN"}) {
+        double const value = std::strtod(row, nullptr);
+        EXPECT_EQ(ToUtf8(C::r4ToString(static_cast<float>(value), nullptr)), Words(row)[1]);
+        EXPECT_EQ(ToUtf8(C::r8ToString(value, nullptr)), Words(row)[2]);
     }
-    EXPECT_EQ(ToUtf8(C::r4ToString(0.1f, u"%.17g")), "0.10000000149011612");
+    EXPECT_EQ(C::r4ToString(0.1f, u"%.17g"), u"0.10000000149011612");
+    EXPECT_EQ(C::r8ToString(2.5, u"100%% of %+08.2lE!"), u"100% of +2.50E+00!");
+    EXPECT_EQ(C::r8ToString(2.5, u"% -#09.3g|"), u" 2.50    |");
+    EXPECT_EQ(C::r8ToString(1, u"%.40f"), u"1." + wstring(40, u'0'));
+    EXPECT_EQ(C::r8ToString(std::numeric_limits<double>::infinity(), u"%9.2f"), u"INF");
 }
 
 TEST(CConversions, AFormatTakesOneDouble) {
@@ -270,120 +187,64 @@ TEST(CConversions, AFormatTakesOneDouble) {
 }
 
 TEST(CConversions, CharactersStringsAndBooleans) {
-    auto const noChar = [](std::string const& text) {
-        return kInvalid + "The value [" + text +
-               "] can not be a char as it is either empty of greater than 1 char long";
-    };
-    auto const noBoolean = [](std::string const& text) {
-        return kInvalid + "A Boolean Value read from an XML document was invalid [" + text +
-               "]. Valid values are 'true', 'false', '1', or '0'";
-    };
-    ExpectEach({
-        {character, kCollapse, u" x ", "x"},
-        {character, kPreserve, u" ", " "},
-        {character, kReplace, u"\t\r", " "},
-        {character, kCollapse, u" ", noChar("")},
-        {character, kCollapse, u" x  y ", noChar("x y")},
-        {character, kPreserve, u"\U0001F600", noChar("\U0001F600")},
-        {string, kPreserve, u" a\r\n ", " a\n "},
-        {string, kReplace, u" a\r\n ", " a  "},
-        {string, kCollapse, u" a\r\n ", "a"},
-        {boolean, kCollapse, u" true ", "true"},
-        {boolean, kPreserve, u"1", "true"},
-        {boolean, kPreserve, u"TRue", "true"},
-        {boolean, kPreserve, u"fALSE", "false"},
-        {boolean, kReplace, u"0", "false"},
-        {boolean, kPreserve, u" true", noBoolean(" true")},
-        {boolean, kCollapse, u" tru ", noBoolean(" tru ")},
-        {boolean, kCollapse, u"truex", noBoolean("truex")},
-        {boolean, kCollapse, u"", noBoolean("")},
-        {boolean, kCollapse, u"01", noBoolean("01")},
-        {boolean, kCollapse, u"\u0131", noBoolean("\u0131")},
-        {boolean, kCollapse, u"fal\u017Fe", noBoolean("fal\u017Fe")},
-        {boolean, kCollapse, wstring(u"true\0", 5), noBoolean("true")},
-    });
+    std::string const noChar =
+        "The value [%s] can not be a char as it is either empty of greater than 1 char long";
+    std::string const noBoolean =
+        "A Boolean Value read from an XML document was invalid [%s]. "
+        "Valid values are 'true', 'false', '1', or '0'";
+    ExpectRead(character, kPreserve, {{u" ", " "}, {u"x\r", "x"}});
+    ExpectRead(character, kCollapse, {{u" x ", "x"}, {u" x  y ", Refusal(noChar, u"x y")}});
+    ExpectRefused(character, noChar, {u"", u"\U0001F600"});
+    ExpectRead(string, kReplace, {{u" a\r\n ", " a  "}});
+    ExpectRead(boolean, kCollapse,
+               {{u" tRue ", "true"}, {u"1", "true"}, {u"fALSE", "false"}, {u"0", "false"}});
+    ExpectRead(boolean, kCollapse, {{u" tru ", Refusal(noBoolean, u" tru ")}});
+    ExpectRefused(boolean, noBoolean,
+                  {u" true", u"truex", u"", u"01", u"\u0131", u"fal\u017Fe", wstring(u"true\0", 5)});
 }
 
 TEST(CConversions, ValueClassesReadTheCleanedText) {
-    std::string const noDate = kInvalid + "Invalid XSD Date [";
-    std::string const noTime = kInvalid + "Invalid XSD Time [";
-    std::string const dateForm = "] expected CCYY-MM-DD[Z|[+|-]hh:mm]";
-    std::string const timeForm = "] expected hh:mm:ss[.ff]";
     std::string const noDecimal =
-        kInvalid + "The string representing a Decimal, contained an invalid char at position ";
-    ExpectEach({
-        {hexBinary, kCollapse, u" 0aFF ", "0AFF"},
-        {hexBinary, kPreserve, u"0a ff", "CBxException: Invalid char in hex string [ ]"},
-        {hexBinary, kCollapse, wstring(u"0a\0\0", 4), "CBxException: Invalid char in hex string [?]"},
-        {base64Binary, kCollapse, u" YWJj ", "YWJj"},
-        {base64Binary, kPreserve, u" YWJj", ""},
-        {base64Binary, kCollapse, wstring(u"YWJj\0", 5), ""},
-        {duration, kCollapse, u" P1M ", "P1M"},
-        {duration, kCollapse, wstring(u"P1M\0", 4),
-         kInvalid + "Invalid XSD Duration [P1M] expected [-]P[nY][nM][nD][T[nH][nM][nS.ff]]"},
-        {date, kCollapse, u" 2001-02-03 ", "2001-02-03"},
-        {date, kPreserve, u"2001-02-03 ", noDate + "2001-02-03 " + dateForm},
-        {date, kCollapse, u"2001-02-30", kInvalid + "Invalid Day [30] (1 <= day <= days in month"},
-        {date, kCollapse, wstring(u"2001-02-03\0", 11), noDate + "2001-02-03" + dateForm},
-        {date, kCollapse, wstring(u"--02\0\0", 6), noDate + "--02" + dateForm},
-        {time, kCollapse, u" 04:05:06 ", "04:05:06"},
-        {time, kCollapse, u"04:05:06 and more", "04:05:06"},
-        {time, kCollapse, wstring(u"04:05:06\0", 9), noTime + "04:05:06" + timeForm},
-        {time, kCollapse, wstring(u"04:05:06Z\0", 10), noTime + "04:05:06Z" + timeForm},
-        {datetime, kCollapse, u" 2001-02-03T04:05:06 ", "2001-02-03T04:05:06"},
-        {datetime, kCollapse, u"2001-02-03", kInvalid + "Invalid XSD DateTime [2001-02-03]"},
-        {datetime, kCollapse, wstring(u"2001-02-03T04:05:06\0", 20), noTime + "04:05:06" + timeForm},
-        {decimal, kCollapse, u" 1.50 ", "1.5"},
-        {decimal, kReplace, u"1x", noDecimal + "1 [1x]"},
-        {decimal, kCollapse, wstring(u"1\0", 2), noDecimal + "1 [1]"},
-        {integer, kCollapse, u" 00012 ", "12"},
-        {integer, kPreserve, u"1e3", "1000"},
-        {integer, kCollapse, wstring(u"1\0", 2), noDecimal + "1 [1]"},
-    });
-}
-
-TEST(CConversions, DatesTakeEveryFormWithoutATime) {
-    for (char16_t const* const form : {u"2001-02-03Z", u"2001-02", u"-2001", u"--02", u"--02-29", u"---31"}) {
-        for (Reader const read : {date, yearMonth, monthDay}) EXPECT_EQ(read(form, kPreserve), ToUtf8(form));
-    }
-    EXPECT_EQ(C::dateFromString(u"2001-02", kPreserve).GetType(), CDateTime::dt_gYearMonth);
-    EXPECT_EQ(C::dateToString(C::timeFromString(u"04:05:06", kPreserve)), u"04:05:06");
+        "The string representing a Decimal, contained an invalid char at position 1 [%s]";
+    std::string const noDate = "Invalid XSD Date [%s] expected CCYY-MM-DD[Z|[+|-]hh:mm]";
+    std::string const noTime = "Invalid XSD Time [%s] expected hh:mm:ss[.ff]";
+    std::string const noHex = "CBxException: Invalid char in hex string ";
+    ExpectRead(hexBinary, kCollapse, {{u" 0aFF ", "0AFF"}});
+    ExpectRead(base64Binary, kCollapse, {{u" YWJj ", "YWJj"}});
+    ExpectRead(duration, kCollapse, {{u" P1M ", "P1M"}});
+    ExpectRead(datetime, kCollapse, {{u" 2001-02-03T04:05:06 ", "2001-02-03T04:05:06"}});
+    ExpectRead(decimal, kCollapse, {{u" 1.50 ", "1.5"}});
+    ExpectRead(integer, kCollapse, {{u" 00012 ", "12"}, {u"1e3", "1000"}});
+    ExpectRead(hexBinary, kPreserve, {{u"0a ff", noHex + "[ ]"}, {wstring(u"0a\0\0", 4), noHex + "[?]"}});
+    ExpectRead(base64Binary, kPreserve, {{u" YWJj", ""}, {wstring(u"YWJj\0", 5), ""}});
+    ExpectRead(time, kCollapse, {{u" 04:05:06 ", "04:05:06"}, {u"04:05:06 and more", "04:05:06"}});
+    // A unit of value 0 is no end of a text.
+    ExpectRefused(duration, "Invalid XSD Duration [%s] expected [-]P[nY][nM][nD][T[nH][nM][nS.ff]]",
+                  {wstring(u"P1M\0", 4)});
+    ExpectRefused(date, noDate, {u"2001-02-03 ", wstring(u"2001-02-03\0", 11), wstring(u"--02\0\0", 6)});
+    ExpectRefused(time, noTime, {wstring(u"04:05:06\0", 9), wstring(u"04:05:06Z\0", 10)});
+    ExpectRefused(datetime, "Invalid XSD DateTime [%s]", {u"2001-02-03"});
+    ExpectRefused(decimal, noDecimal, {u"1x", wstring(u"1\0", 2)});
+    ExpectRefused(integer, noDecimal, {wstring(u"1\0", 2)});
 }
 
 TEST(CConversions, YearsMonthsAndDaysArePlainNumbers) {
-    auto const noField = [](std::string const& name, std::string const& type) {
-        return "CBxInvalidStateException: Failed to Get" + name + ". Invalid Date Type: " + type + ".";
-    };
-    ExpectEach({
-        {year, kCollapse, u" 0005+14:00 ", "5"},
-        {year, kPreserve, u"2001-02-03", "2001"},
-        {year, kPreserve, u"2001-02", "2001"},
-        {year, kPreserve, u"-0001", "65535"},
-        {year, kPreserve, u"--02-03", noField("Year", "gMonthDay")},
-        {month, kCollapse, u" --05 ", "--05"},
-        {month, kPreserve, u"2001-12-03", "--12"},
-        {month, kPreserve, u"2001", noField("Month", "gYear")},
-        {day, kCollapse, u" ---07Z ", "---07"},
-        {day, kPreserve, u"2001-12-31", "---31"},
-        {day, kPreserve, u"--12-31", "---31"},
-        {day, kPreserve, u"2001-12", noField("Day", "gYearMonth")},
-        {day, kPreserve, u"---32", kInvalid + "Invalid Day [32] (1 <= day <= 31)"},
-    });
-    EXPECT_EQ(C::monthToString(255), u"--255");
+    std::string const failed = "CBxInvalidStateException: Failed to Get";
+    ExpectRead(year, kCollapse, {{u" 0005+14:00 ", "5"}, {u"2001-02-03", "2001"}, {u"-0001", "65535"}});
+    ExpectRead(month, kCollapse, {{u" --05 ", "--05"}, {u"2001-12-03", "--12"}});
+    ExpectRead(day, kCollapse, {{u" ---07Z ", "---07"}, {u"--12-31", "---31"}});
+    ExpectRead(year, kCollapse, {{u"--02-03", failed + "Year. Invalid Date Type: gMonthDay."}});
+    ExpectRead(month, kCollapse, {{u"2001", failed + "Month. Invalid Date Type: gYear."}});
+    ExpectRead(day, kCollapse, {{u"2001-12", failed + "Day. Invalid Date Type: gYearMonth."}});
 }
 
 TEST(CConversions, TheFormatOfADecimalCountsDigits) {
-    struct {
-        char16_t const* format;
-        std::string expected;
-    } const rows[] = {
-        {nullptr, "12.625"}, {u"2", "12.63"}, {u" \t+2x", "12.63"},       {u"", "13."},
-        {u"x", "13."},       {u"0", "13."},   {u"99999999999", "12.625"},
-    };
-    for (auto const& row : rows)
-        EXPECT_EQ(ToUtf8(C::decimalToString(CDecimal(u"12.625"), row.format)), row.expected);
-    EXPECT_EQ(BxTest::Thrown([] { C::decimalToString(CDecimal(1), u"-1"); }).find("CBxInvalidParamException"),
-              0u);
+    CDecimal const value(u"12.625");
+    for (char16_t const* const format : {u"2", u" \t+2x"})
+        EXPECT_EQ(C::decimalToString(value, format), u"12.63");
+    for (char16_t const* const format : {u"", u"x"}) EXPECT_EQ(C::decimalToString(value, format), u"13.");
+    EXPECT_EQ(C::decimalToString(value, u"99999999999"), u"12.625");
+    EXPECT_THROW(C::decimalToString(value, u"-1"), CBxInvalidParamException);
 }
 
 TEST(CConversions, EveryReaderAppliesTheRuleFirst) {

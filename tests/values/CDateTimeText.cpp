@@ -46,7 +46,7 @@ TEST(CDateTimeText, DatesHaveSevenForms) {
 TEST(CDateTimeText, EveryFormOfADateTakesAZone) {
     for (char const* const form :
          {"--12", "---31", "--02-29", "2001", "-2001", "2001-10", "2001-10-26", "-2001-10-26"}) {
-        for (char const* const zone : {"Z", "+00:00", "-05:30", "+14:00", "-23:59", "+23:59"})
+        for (char const* const zone : {"Z", "+00:00", "-23:59", "+23:59"})
             EXPECT_EQ(Text(Date(std::string(form) + zone)), std::string(form) + zone);
     }
     ExpectValid(kDate,
@@ -61,30 +61,24 @@ TEST(CDateTimeText, DatesRefuseOtherText) {
     ExpectRefused(kDate, "Invalid Date ('T' not allowed)", {u"2001-10-26T10:00:00", u"T:Z", u"T"});
     ExpectRefused(kDate, "Invalid Date (Bad Zone value)", {u"2001-10-26+01:00Z", u":Z"});
     ExpectRefused(kDate, "Invalid XSD Date [%s] expected CCYY-MM-DD[Z|[+|-]hh:mm]",
-                  {u"Z",          u":",           u"1:",         u"-",          u"-:",        u"--",
-                   u"--Z",        u"---",         u"---Z",       u"--1",        u"--1:",      u"201",
-                   u"20011",      u"12001-01-01", u"+2001",      u"2001-1",     u"2001-1-01", u"2001/10",
-                   u"2001-10/26", u"2001-10-2a",  u"200/-10-26", u"200:-10-26", u"--a2",      u"--5DD",
-                   u"--05/01",    u"--05-011",    u"----",       u" 2001",      u"2001 ",     u"2001-10-26z",
-                   u"--:05",      u"2001-10-26+"});
+                  {u"Z",         u":",       u"-",          u"-:",         u"--Z",         u"---",
+                   u"--1",       u"--1:",    u"201",        u"20011",      u"12001-01-01", u"+2001",
+                   u"2001-1-01", u"2001/10", u"2001-10/26", u"2001-10-2a", u"200:-10-26",  u"--05-011",
+                   u"----",      u" 2001",   u"--:05",      u"2001-10-26+"});
     ExpectRefused(kDate, "Invalid XSD Time Zone [+1:000]", {u"2001-10-26+1:000"});
     ExpectRefused(kDate, "Invalid XSD Time Zone [+01:0a]", {u"2001+01:0a"});
     ExpectRefused(kDate, "Invalid TimeZone [-25:0]", {u"2001-25:00"});
-    ExpectRefused(kDate, "Invalid TimeZone [1:60]", {u"2001+01:60"});
     ExpectRefused(kDate, "Invalid Year [0] (-9999 <= year <= 9999 && year != 0)", {u"0000", u"-0000-01-40"});
-    ExpectRefused(kDate, "Invalid Month [13] (1 <= month <= 12)", {u"0000-13", u"--13"});
-    ExpectRefused(kDate, "Invalid Day [32] (1 <= day <= 31)", {u"---32"});
     ExpectRefused(kDate, "Invalid Day [30] (1 <= day <= days in month)", {u"--02-30"});
     ExpectRefused(kDate, "Invalid Day [29] (1 <= day <= days in month", {u"2001-02-29", u"1900-02-29"});
 }
 
 TEST(CDateTimeText, TimesHaveAFractionAndAZone) {
-    ExpectValid(
-        kTime, {"00:00:00 time", "23:59:59 time", "12:00:00Z time", "12:00:00-05:30 time", "12:00:00.5 time",
-                "12:00:00.05+01:00 time", "12:00:00.123456789 time",
-                "12:00:00.000000010 time 12:00:00.00000001", "12:00:00.000100 time 12:00:00.0001",
-                "12:00:00.100 time 12:00:00.1", "12:00:00.000000000 time 12:00:00", "12:00:00. time 12:00:00",
-                "12:00:00.Z time 12:00:00Z", "12:00:00Zebra time 12:00:00Z", "12:00:00abc time 12:00:00"});
+    ExpectValid(kTime,
+                {"00:00:00 time", "23:59:59 time", "12:00:00Z time", "12:00:00.05-05:30 time",
+                 "12:00:00.000000010 time 12:00:00.00000001", "12:00:00.000100 time 12:00:00.0001",
+                 "12:00:00.000000000 time 12:00:00", "12:00:00. time 12:00:00", "12:00:00.Z time 12:00:00Z",
+                 "12:00:00Zebra time 12:00:00Z", "12:00:00abc time 12:00:00"});
     ExpectRefused(kTime, "Invalid Time (Null String)", {nullptr});
     ExpectRefused(kTime, "Invalid XSD Time (Empty String)", {u""});
     ExpectRefused(kTime, "Invalid XSD Time [%s] Fraction part too long",
@@ -93,14 +87,12 @@ TEST(CDateTimeText, TimesHaveAFractionAndAZone) {
                   {u"24:00:00", u"12:60:00", u"23:59:60", u"12:00", u"12:00:0", u"1:00:000", u"12-00:00",
                    u"12:00-00", u"-2:00:00", u"12:00:0a", u"a2:00:00"});
     ExpectRefused(kTime, "Invalid XSD Time Zone [+01:000]", {u"12:00:00+01:000"});
-    ExpectRefused(kTime, "Invalid XSD Time Zone [-01-00]", {u"12:00:00-01-00"});
     ExpectRefused(kTime, "Invalid XSD Time Zone [+]", {u"12:00:00.+"});
 }
 
 TEST(CDateTimeText, ADateTimeIsADateAndATime) {
     ExpectValid(kDateTime,
-                {"2001-10-26T21:32:52 dateTime", "-0001-10-26T21:32:52.12679Z dateTime",
-                 "2001-10-26T21:32:52-23:59 dateTime", "2001-10-26ZT21:32:52 dateTime 2001-10-26T21:32:52Z",
+                {"-0001-10-26T21:32:52.12679Z dateTime", "2001-10-26ZT21:32:52 dateTime 2001-10-26T21:32:52Z",
                  "2001-10-26+01:00T21:32:52 dateTime 2001-10-26T21:32:52+01:00",
                  "2001-10-26+01:00T21:32:52Z dateTime 2001-10-26T21:32:52Z",
                  "2001-10-26T21:32:52T dateTime 2001-10-26T21:32:52"});
@@ -110,8 +102,6 @@ TEST(CDateTimeText, ADateTimeIsADateAndATime) {
                   {u"2001-10T10:00:00", u"---10T"});
     ExpectRefused(kDateTime, "Invalid Date (Empty String)", {u"T10:00:00"});
     ExpectRefused(kDateTime, "Invalid XSD Time (Empty String)", {u"2001-10-26T"});
-    ExpectRefused(kDateTime, "Invalid XSD Date [2001-10-2] expected CCYY-MM-DD[Z|[+|-]hh:mm]",
-                  {u"2001-10-2T10:00:00"});
     // The day is looked at last.
     ExpectRefused(kDateTime, "Invalid XSD Time [24:00:00] expected hh:mm:ss[.ff]", {u"2001-02-29T24:00:00"});
     ExpectRefused(kDateTime, "Invalid Day [29] (1 <= day <= days in month", {u"2001-02-29T23:00:00"});
@@ -133,7 +123,6 @@ TEST(CDateTimeText, TheDigitsOfAFractionGoToThreeFields) {
     EXPECT_EQ(date.GetMicroSecond(), 456);
     EXPECT_EQ(date.GetNanoSecond(), 789);
     EXPECT_DOUBLE_EQ(date.GetRealSecond(), 52.123456789);
-    EXPECT_EQ(Date("12:00:00.0012").GetMicroSecond(), 200);
 }
 
 TEST(CDateTimeText, TheFormatIsAName) {
@@ -141,7 +130,6 @@ TEST(CDateTimeText, TheFormatIsAName) {
     EXPECT_EQ(date.ToString(u"s"), u"2001-10-26");
     for (char16_t const* const format : {static_cast<char16_t const*>(nullptr), u"", u"G"})
         EXPECT_EQ(date.ToString(format), u"");
-    EXPECT_EQ(date.ToString(u"ss"), u"Unknown Format: ss");
     EXPECT_EQ(date.ToString(u"g"), u"Unknown Format: g");
     EXPECT_EQ(CDateTime().ToString(u"G"), u"Invalid Year Zero");
     EXPECT_EQ(Text(CDateTime(CDateTime::dt_dateTime)), "0000-00-00T00:00:00");

@@ -1,7 +1,12 @@
 // What the tests of CBigInteger and CDecimal share.
 #pragma once
 
+#include <functional>
 #include <initializer_list>
+#include <random>
+#include <tuple>
+#include <utility>
+#include <vector>
 
 #include "support/Expect.h"
 
@@ -21,14 +26,77 @@ std::string Text(T const& value) {
 template <class T>
 std::string Signed(T const& value) {
     bool const isMinusZero = value == T(0) && value < T(0);
-    std::string text = isMinusZero ? "-" : "";
-    return text.append(Text(value));
+    return (isMinusZero ? "-" : "") + Text(value);
 }
 
-/// What the parser of decimals says of a text that it refuses.
-inline std::string InvalidAt(int at, std::string const& text) {
-    return "The string representing a Decimal, contained an invalid char at position " + std::to_string(at) +
-           " [" + text + "]";
+/// Digits with runs of 0 and 9, which make for carries and borrows.
+inline std::string RandomDigits(std::mt19937& random, std::size_t count) {
+    std::string digits;
+    while (digits.size() < count) {
+        digits.append(1 + random() % 12, "0909123456789"[random() % 13]);
+        digits.append(std::to_string(random() % 10));
+    }
+    return digits.substr(0, count);
+}
+
+/// Texts of numbers, each with the plain form of its value.
+using Values = std::vector<std::pair<std::string, std::string>>;
+
+template <class T>
+void ExpectRead(Values const& rows) {
+    for (auto const& [text, value] : rows) {
+        EXPECT_EQ(Signed(Number<T>(text)), value) << '[' << text << ']';
+        EXPECT_TRUE(Number<T>(text) == Number<T>(value)) << '[' << text << ']';
+    }
+}
+
+/// A text of no number, and where the character stands that makes it none.
+struct Refused {
+    std::string text;
+    int at;
+};
+
+template <class T>
+void ExpectRefused(std::vector<Refused> const& rows) {
+    using BxXmlLib5::CBxInvalidValueException;
+    for (auto const& row : rows)
+        EXPECT_BX_THROW(Number<T>(row.text), CBxInvalidValueException,
+                        "The string representing a Decimal, contained an invalid char at position " +
+                            std::to_string(row.at) + " [" + row.text + "]");
+}
+
+// The assigning forms of the operators that <functional> has.
+inline constexpr auto kAdd = [](auto& a, auto const& b) { return a += b; };
+inline constexpr auto kSubtract = [](auto& a, auto const& b) { return a -= b; };
+inline constexpr auto kMultiply = [](auto& a, auto const& b) { return a *= b; };
+inline constexpr auto kDivide = [](auto& a, auto const& b) { return a /= b; };
+
+/// What an operator makes of two numbers; "!" if it refuses them.
+template <class T, class Operator>
+std::string Result(T a, T const& b, Operator apply) {
+    try {
+        return Signed<T>(apply(a, b));
+    } catch (BxXmlLib5::CBxInvalidValueException const&) {
+        return "!";
+    }
+}
+
+/// What operators make of two numbers, with spaces between.
+template <class T, class... Operators>
+std::string Results(T const& a, T const& b, Operators... operators) {
+    std::string results;
+    (results.append(results.empty() ? "" : " ").append(Result(a, b, operators)), ...);
+    return results;
+}
+
+/// Expects a number to be as good a right operand of its own as a copy of it is.
+template <class T>
+void ExpectOwnOperand(T const& value) {
+    T sum = value, difference = value, product = value, quotient = value;
+    EXPECT_EQ(Text(sum += sum), Text(value + value));
+    EXPECT_EQ(Text(difference -= difference), Text(value - value));
+    EXPECT_EQ(Text(product *= product), Text(value * value));
+    EXPECT_EQ(Text(quotient /= quotient), Text(value / value));
 }
 
 /// Expects the six operators to see values in this order, and == to go by their texts.
@@ -38,12 +106,9 @@ void ExpectAscending(std::initializer_list<char const*> texts) {
         for (auto const* j = texts.begin(); j != texts.end(); ++j) {
             SCOPED_TRACE(std::string(*i) + " and " + *j);
             T const a = Number<T>(*i), b = Number<T>(*j);
-            EXPECT_EQ(a < b, i < j);
-            EXPECT_EQ(a > b, i > j);
-            EXPECT_EQ(a <= b, i <= j);
-            EXPECT_EQ(a >= b, i >= j);
-            EXPECT_EQ(a == b, Text(a) == Text(b));
-            EXPECT_EQ(a != b, Text(a) != Text(b));
+            EXPECT_TRUE((a < b) == (i < j) && (a > b) == (i > j) && (a <= b) == (i <= j) &&
+                        (a >= b) == (i >= j));
+            EXPECT_TRUE((a == b) == (Text(a) == Text(b)) && (a != b) == (Text(a) != Text(b)));
         }
     }
 }

@@ -202,6 +202,7 @@ TEST(CXmlTextWriter, ChangesTheScopeOfAnOpenElementAlone) {
          {"<N|a <N|b +q=N 'x > >", R"(<AA:a xmlns:AA="N"><AA:b>x</q:b></AA:a>)"},
          {"+p=N *N <N|a *M <N|b > <M|c > >", R"(<a xmlns="N" xmlns:p="N"><p:b/><c/></p:a>)"},
          {"*N <N|a *M <N|b >", R"(<a xmlns="N"><AA:b xmlns:AA="N"/>)"},
+         {"<N|a <L|b <c +q=Q <M|d", R"(<AA:a xmlns:AA="N"><AB:b xmlns:AB="L"><c><AC:d xmlns:AC="M")"},
          {"*D <a * 'x <b > <D|c > >", R"(<a xmlns="D">x<b/><AA:c xmlns:AA="D"/></a>)"},
          {"<a @N|k= +AB=X @M|l= <X|b > >", R"(<a xmlns:AA="N" AA:k="" xmlns:AC="M" AC:l=""><AB:b/></a>)"},
          {"<a @N|k= <b +q=N @M|l= > >", R"(<a xmlns:AA="N" AA:k=""><b xmlns:AA="M" AA:l=""/></a>)"},

@@ -20,7 +20,7 @@ class CDecimal;
 /// 1 and -2, and the text "-0" do. ToString and == ignore the sign of zero; the four operators that order see
 /// it, so that -0 is less than 0.
 ///
-/// Failures are CBxInvalidValueException, and leave the object as it was.
+/// Failures are CBxInvalidValueException, unless Parse says otherwise, and leave the object as it was.
 class BXXMLLIB5_API CBigInteger {
 public:
     /// The limits of the conversions to native types. They are ready in any file that includes this header,
@@ -44,6 +44,12 @@ public:
     /// Parse.
     CBigInteger(char16_t const* text);
     explicit CBigInteger(std::u16string_view text);
+
+    CBigInteger(CBigInteger const& other) = default;
+    CBigInteger& operator=(CBigInteger const& other) = default;
+    /// Leaves the other object zero.
+    CBigInteger(CBigInteger&& other) noexcept;
+    CBigInteger& operator=(CBigInteger&& other) noexcept;
 
     /// Replaces the value by that of a text.
     ///

@@ -96,7 +96,7 @@ public:
     /// cmp_ZLib it stays as it is. The loading operations of CXmlDocument decompress.
     /// @return a copy of the object
     /// @throws CBxException if the result would have more octets than there are, as it has for a few octets
-    /// or random ones, with the code of zlib; the octets stay
+    /// or random ones, or if there are more than 4,294,967,295, with the code of zlib; the octets stay
     CBinaryData CompressData(CompressionType type);
 
     /// The octets as 16-bit units in the byte order of the platform; an odd one at the end is left out.
@@ -106,7 +106,7 @@ public:
     wstring GetAsHexString() const;
     /// Replaces the content. Digits of both cases are accepted, and nothing else, whitespace included.
     /// @throws CBxException for any other character, which is shown as "?" if it cannot be printed, and for
-    /// an odd number of digits, as if a zero followed; the object stays as it is
+    /// an odd number of digits, as if a unit of value 0 followed; the object stays as it is
     void SetAsHexString(char16_t const* text);
     void SetAsHexString(std::u16string_view text);
 

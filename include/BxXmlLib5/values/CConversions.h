@@ -56,16 +56,15 @@ public:
     ///
     /// To text: by default seven significant digits for r4 and sixteen for r8, as printf's %.7g and %.16g
     /// write them. A format is a printf format with one conversion of a double (e, E, f, g or G, with flags,
-    /// width and precision in digits) and no other; its result may be of any length. Infinite values and
-    /// not-a-number are "INF", "-INF" and "NaN" (XML Schema Part 2, 3.2.4), whatever the format.
+    /// width and precision of up to four digits) and no other; its result may be of any length. Infinite
+    /// values and not-a-number are "INF", "-INF" and "NaN" (XML Schema Part 2, 3.2.4), whatever the format.
     ///
     /// From text: whitespace, a sign, decimal digits with an optional point, and an exponent. An empty text
     /// is 0. A value past the range gives an infinity, one too close to 0 gives 0. The texts of infinite
     /// values and of not-a-number, and hexadecimal digits, are not accepted. An r4 is the nearest r8, rounded
     /// once more.
-    /// @{
-
     /// @throws CBxInvalidParamException for any other format
+    /// @{
     static wstring r4ToString(float value, char16_t const* format);
     static wstring r8ToString(double value, char16_t const* format);
     static float r4FromString(wstring const& text, WhitespaceRule rule);
@@ -106,6 +105,7 @@ public:
 
     /// @param format a text that begins with the number of fraction digits, as CDecimal::ToString(int) takes
     ///        it; null for all that the value has
+    /// @throws CBxInvalidParamException for a negative number of digits
     static wstring decimalToString(CDecimal const& value, char16_t const* format);
     static CDecimal decimalFromString(wstring const& text, WhitespaceRule rule);
 

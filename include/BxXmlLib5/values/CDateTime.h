@@ -82,9 +82,10 @@ public:
     /// without one is taken to be within 14 hours of UTC, so that against one with a zone the result is
     /// dtc_indeterminate if they are closer than that.
     ///
-    /// Values of different types compare by the fields that both have, in the order from year to second. At
-    /// the first field that one of them lacks, it is less if the other's field is 0, and the result is
-    /// dtc_indeterminate otherwise. A year before the common era and one in it are indeterminate too.
+    /// Values of different types compare field by field, in the order from year to second. A field that one
+    /// of them lacks counts as -1: it is less if the other's field is 0, and the result is dtc_indeterminate
+    /// if that is above 0; a year before the common era is compared with the -1. Such a year and one of the
+    /// common era are indeterminate too.
     /// @throws CBxInvalidValueException if a year with an offset leaves 16 bits in UTC
     DTCompareResult CompareTo(CDateTime const& other) const;
 

@@ -43,17 +43,23 @@ public:
     CDecimal(char16_t const* text);
     explicit CDecimal(std::u16string_view text);
 
-    /// The limit of decimal places. It is not tested; below 0 it works like 0, for integers. Changing it
-    /// while other threads calculate has no defined effect on their results.
+    CDecimal(CDecimal const& other) = default;
+    CDecimal& operator=(CDecimal const& other) = default;
+    /// Leaves the other object zero.
+    CDecimal(CDecimal&& other) noexcept;
+    CDecimal& operator=(CDecimal&& other) noexcept;
+
+    /// The limit of decimal places. It is not tested; below 0 it works like 0, for integers, and above
+    /// 5,000,000 like that. Changing it while other threads calculate has no defined effect on their results.
     static int GetMaxDecimalPlaces();
     static void SetMaxDecimalPlaces(int places);
 
     /// The shortest text of the value, without an exponent.
     wstring ToString() const;
     /// The value with so many decimal places, rounded half away from zero. The point always stands: 12.6 to
-    /// no place is "13.". There are fewer places for a value that lies on a half, as 1.9995 to three places
-    /// is "2.0", and from the limit of decimal places on, where nothing is rounded and no zeros are filled
-    /// in.
+    /// no place is "13.". There can be fewer places for a value that lies on a half, as 1.9995 to three
+    /// places is "2.0", and from the limit of decimal places on, where nothing is rounded and no zeros are
+    /// filled in.
     /// @throws CBxInvalidParamException for a negative number of places
     wstring ToString(int decimalPlaces) const;
 
