@@ -2,6 +2,11 @@
 
 #include <expat.h>
 
+// Weak, since it depends on the Expat that the process loads, not on the one that was there when this was
+// compiled.
+extern "C" XML_Bool XMLCALL XML_SetReparseDeferralEnabled(XML_Parser parser, XML_Bool enabled)
+    __attribute__((weak));
+
 #include <algorithm>
 #include <memory>
 #include <new>
@@ -91,10 +96,9 @@ void CExpatReader::Parse(std::span<unsigned char const> input) {
     XML_SetNamespaceDeclHandler(m_parser, Callbacks::StartNamespace, Callbacks::EndNamespace);
     XML_SetCharacterDataHandler(m_parser, Callbacks::Text);
     XML_SetEntityDeclHandler(m_parser, Callbacks::Entity);
-#ifdef BXXMLLIB5_EXPAT_DEFERS
-    // It would leave a token at the end of the input for a final call, which never comes.
-    XML_SetReparseDeferralEnabled(m_parser, XML_FALSE);
-#endif
+    // Expat 2.6, and older ones with its mends, would leave a token that a slice cuts for a final call, which
+    // never comes.
+    if (XML_SetReparseDeferralEnabled != nullptr) XML_SetReparseDeferralEnabled(m_parser, XML_FALSE);
 
     bool const parsed = ParseInSlices(input);
     if (m_failure) std::rethrow_exception(m_failure);
