@@ -13,8 +13,9 @@ CXmlSerializationContext& CXmlSerializationContext::operator=(CXmlSerializationC
 CXmlSerializationContext::~CXmlSerializationContext() = default;
 
 CXmlSerializationContext& CXmlSerializationContext::GetDefaultContext() {
-    // Inside the function, so that a constructor of static storage anywhere may use it.
-    static CXmlSerializationContext s_defaultContext;
+    // Inside the function and never destroyed, so that constructors and destructors of static storage may use
+    // it.
+    static CXmlSerializationContext& s_defaultContext = *new CXmlSerializationContext;
     return s_defaultContext;
 }
 

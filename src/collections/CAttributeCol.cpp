@@ -53,9 +53,11 @@ CSmartPtr<CAttribute> CAttributeCol::Add(CAttribute* attribute) {
 }
 
 void CAttributeCol::AddAfter(CAttribute const* after, CAttribute* attribute) {
+    CSmartPtr<CAttribute> const held = attribute;
     AddAfterItem(after, attribute);
 }
 void CAttributeCol::AddBefore(CAttribute const* before, CAttribute* attribute) {
+    CSmartPtr<CAttribute> const held = attribute;
     AddBeforeItem(before, attribute);
 }
 

@@ -198,9 +198,14 @@ CXmlElement* CElement::FromXml_Int(CXmlElement*, CXmlElement* firstChild,
                                      m_targetNamespace.Get())) {
         return firstChild;
     }
-    if (!firstChild->GetAttributes().empty()) Attributes().FromXml_Int(firstChild, nullptr, context, false);
+    // Held, since a listener may assign to this element meanwhile.
+    if (!firstChild->GetAttributes().empty()) {
+        CSmartPtr<CAttributeCol> const attributes = &Attributes();
+        attributes->FromXml_Int(firstChild, nullptr, context, false);
+    }
     if (CXmlElement* const grandchild = firstChild->GetFirstElement()) {
-        if (ChildElements().FromXml_Int(firstChild, grandchild, context, false) != nullptr) {
+        CSmartPtr<CElementCol> const children = &ChildElements();
+        if (children->FromXml_Int(firstChild, grandchild, context, false) != nullptr) {
             throw CBxValidationException(FormatString(u"Invalid Element [%s] found in element [%s]",
                                                       firstChild->GetLocalName().c_str(), m_name.c_str()));
         }

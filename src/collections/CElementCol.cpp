@@ -67,9 +67,11 @@ CSmartPtr<CElement> CElementCol::Add(CElement* element) {
 }
 
 void CElementCol::AddAfter(CElement const* after, CElement* element) {
+    CSmartPtr<CElement> const held = element;
     AddAfterItem(after, element);
 }
 void CElementCol::AddBefore(CElement const* before, CElement* element) {
+    CSmartPtr<CElement> const held = element;
     AddBeforeItem(before, element);
 }
 

@@ -46,21 +46,39 @@ CXmlCollection::CXmlCollection(char16_t const* elementName, char16_t const* ns, 
     : CXmlCollectionBase(elementName, ns, minOccurs, maxOccurs) {}
 
 CXmlCollection::CXmlCollection(CXmlCollection const& other) : CXmlCollectionBase(other) {
-    for (CNode const* node = other.m_head; node != nullptr; node = node->m_next)
-        LinkAhead(nullptr, node->m_item);
+    CopyItems(other);
 }
 
 CXmlCollection& CXmlCollection::operator=(CXmlCollection const& other) {
     if (this == &other) return *this;
+    CNode* old = std::exchange(m_head, nullptr);
+    CNode* const oldTail = std::exchange(m_tail, nullptr);
+    int const oldCount = std::exchange(m_count, 0);
+    try {
+        CopyItems(other);
+    } catch (...) {
+        m_head = old;
+        m_tail = oldTail;
+        m_count = oldCount;
+        throw;
+    }
     CXmlCollectionBase::operator=(other);
     // The old items go last: the other collection may hang on one of them.
-    CNode* old = std::exchange(m_head, nullptr);
-    m_tail = nullptr;
-    m_count = 0;
-    for (CNode const* node = other.m_head; node != nullptr; node = node->m_next)
-        LinkAhead(nullptr, node->m_item);
     while (old != nullptr) FreeNode(std::exchange(old, old->m_next));
     return *this;
+}
+
+/// Links the items of another collection into this one, which is empty, or none of them.
+void CXmlCollection::CopyItems(CXmlCollection const& other) {
+    try {
+        for (CNode const* node = other.m_head; node != nullptr; node = node->m_next)
+            LinkAhead(nullptr, node->m_item);
+    } catch (...) {
+        while (m_head != nullptr) FreeNode(std::exchange(m_head, m_head->m_next));
+        m_tail = nullptr;
+        m_count = 0;
+        throw;
+    }
 }
 
 CXmlCollection::~CXmlCollection() {

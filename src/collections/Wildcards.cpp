@@ -10,7 +10,8 @@ std::u16string_view DefaultNamespace(std::u16string_view ns, std::u16string_view
 }
 
 CSharedText const& AnyNamespace() {
-    static CSharedText const s_any(u"##any");
+    // Never destroyed, so that a destructor of static storage may use it.
+    static CSharedText const& s_any = *new CSharedText(u"##any");
     return s_any;
 }
 

@@ -18,6 +18,7 @@ extern "C" XML_Bool XMLCALL XML_SetReparseDeferralEnabled(XML_Parser parser, XML
 #include "binding/NestingDepth.h"
 #include "platform/Limits.h"
 #include "platform/TextView.h"
+#include "platform/Utf.h"
 
 namespace BxXmlLib5 {
 
@@ -30,6 +31,17 @@ static_assert(sizeof(XML_Char) == sizeof(char16_t) && std::is_unsigned_v<XML_Cha
 
 char16_t const* Units(XML_Char const* text) {
     return reinterpret_cast<char16_t const*>(text);
+}
+
+/// Some versions of Expat cut a pair in half where it comes to lie on the border of a buffer, or let a lone
+/// half pass.
+void ThrowIfUnpairedSurrogate(std::u16string_view text) {
+    bool hasSurrogate = false;
+    for (char16_t const unit : text) hasSurrogate |= (unit & 0xF800) == 0xD800;
+    for (std::size_t at = 0; hasSurrogate && at < text.size();) {
+        if (Utf::Next(text, at) == Utf::kMalformed)
+            throw CBxException(u"A text has half of a surrogate pair");
+    }
 }
 
 }  // namespace
@@ -100,6 +112,7 @@ void CExpatReader::Parse(std::span<unsigned char const> input) {
     // never comes.
     if (XML_SetReparseDeferralEnabled != nullptr) XML_SetReparseDeferralEnabled(m_parser, XML_FALSE);
 
+    m_mostDefaultedUnits = std::max(kMaxDefaultedUnits, input.size() * kMaxDefaultedUnitsForEachOctet);
     bool const parsed = ParseInSlices(input);
     if (m_failure) std::rethrow_exception(m_failure);
     if (!parsed) {
@@ -151,9 +164,20 @@ void CExpatReader::StartElement(char16_t const* name, char16_t const* const* att
     std::size_t count = 0;
     while (attributes[2 * count] != nullptr) ++count;
     CXmlDocument::ReserveElementAttributes(element, count);
-    for (; *attributes != nullptr; attributes += 2) {
-        m_document->AddElementAttribute(element, SplitName(attributes[0]), attributes[1]);
+    auto const specified = static_cast<std::size_t>(XML_GetSpecifiedAttributeCount(m_parser)) / 2;
+    for (std::size_t i = 0; i < count; ++i) {
+        std::u16string_view const value = attributes[2 * i + 1];
+        ThrowIfUnpairedSurrogate(value);
+        if (i >= specified) CountDefaulted(value);
+        m_document->AddElementAttribute(element, SplitName(attributes[2 * i]), value);
     }
+}
+
+void CExpatReader::CountDefaulted(std::u16string_view value) {
+    m_defaultedUnits += value.size() + kUnitsOfDefaultedAttribute;
+    if (m_defaultedUnits <= m_mostDefaultedUnits) return;
+    throw CBxException(
+        u"The document type adds more attributes to the elements than a document of this size may have");
 }
 
 void CExpatReader::EndElement() {
@@ -161,12 +185,17 @@ void CExpatReader::EndElement() {
 }
 
 void CExpatReader::DeclareNamespace(char16_t const* prefix, char16_t const* namespaceUri) {
+    if (TextOf(namespaceUri).size() > kMaxNamespaceLength) {
+        throw CBxException(FormatString(u"A namespace has more than %d characters, which is the limit",
+                                        static_cast<int>(kMaxNamespaceLength)));
+    }
     // No prefix is the default namespace; no URI is xmlns="".
     m_document->m_namespaceAliases.insert_or_assign(wstring(TextOf(prefix)), wstring(TextOf(namespaceUri)));
 }
 
 void CExpatReader::AddText(std::u16string_view text) {
     if (text.empty() || m_document->m_elementStack.empty()) return;
+    ThrowIfUnpairedSurrogate(text);
     m_document->AppendTextExcludingCR(text);
 }
 

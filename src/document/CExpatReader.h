@@ -32,6 +32,7 @@ private:
     bool ParseInSlices(std::span<unsigned char const> input);
     CXmlName const& SplitName(std::u16string_view expanded);
 
+    void CountDefaulted(std::u16string_view value);
     void StartElement(char16_t const* name, char16_t const* const* attributes);
     void EndElement();
     void DeclareNamespace(char16_t const* prefix, char16_t const* namespaceUri);
@@ -42,6 +43,8 @@ private:
     XML_ParserStruct* m_parser = nullptr;
     std::u16string_view m_lastNamespace;
     int m_nestingEntities = 0;
+    std::size_t m_defaultedUnits = 0;
+    std::size_t m_mostDefaultedUnits = 0;
     std::exception_ptr m_failure;
 };
 

@@ -27,6 +27,7 @@ std::optional<std::vector<unsigned char>> Inflate(std::span<unsigned char const>
         int const result = inflate(&stream, Z_NO_FLUSH);
         // Anything but progress ends it: Z_BUF_ERROR is a stream that is cut off, Z_NEED_DICT one that needs
         // a dictionary, Z_DATA_ERROR what every text gives at once.
+        if (result == Z_MEM_ERROR) throw std::bad_alloc();
         if (result != Z_OK && result != Z_STREAM_END) return std::nullopt;
         content.insert(content.end(), block.begin(), block.end() - stream.avail_out);
         ThrowIfInputTooLarge(content.size());

@@ -21,4 +21,14 @@ inline constexpr int kMaxNestingEntities = 1024;
 /// Zeros that the exponent of a decimal's text may add to its digits: a short text must not fill the memory.
 inline constexpr std::int64_t kMaxExponentZeros = 5'000'000;
 
+/// Units of a namespace name. Each element and attribute repeats it where prefixes are resolved.
+inline constexpr std::size_t kMaxNamespaceLength = 4096;
+
+/// Units of attribute values that a document type adds to elements, each value counting some more for itself:
+/// a short document must not grow without measure. The greater of this and of a multiple of the input's
+/// octets holds.
+inline constexpr std::size_t kMaxDefaultedUnits = 8 * 1024 * 1024;
+inline constexpr std::size_t kMaxDefaultedUnitsForEachOctet = 100;
+inline constexpr std::size_t kUnitsOfDefaultedAttribute = 8;
+
 }  // namespace BxXmlLib5

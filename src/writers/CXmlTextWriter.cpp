@@ -80,8 +80,9 @@ void CXmlTextWriter::WriteAttribute(wstring const& name, wstring const& namespac
 }
 
 void CXmlTextWriter::WriteXsiType(wstring const& namespaceUri, wstring const& typeName) {
-    static wstring const s_name = u"type";
-    static wstring const s_xsiNamespace(kXsiNamespace);
+    // Never destroyed, so that a destructor of static storage may write.
+    static wstring const& s_name = *new wstring(u"type");
+    static wstring const& s_xsiNamespace = *new wstring(kXsiNamespace);
     CXmlWriterContext& element = ElementOpenForAttributes();
     if (element.IsDefault(namespaceUri)) return WriteAttribute(s_name, s_xsiNamespace, typeName);
     auto const prefix = element.TakePrefix(namespaceUri);

@@ -104,7 +104,8 @@ TEST(Input, Compression) {
              Deflate(whole, wrapper) + kInvalidToken},
             kStreams);
         // The size of a block of output, and its neighbours.
-        for (std::size_t const size : {65535, 65536, 65537, 131072, 196608}) {
+        for (std::size_t const size :
+             std::initializer_list<std::size_t>{65535, 65536, 65537, 131072, 196608}) {
             std::string const text(size - 7, 'x');
             ExpectLoads({Deflate("<a>" + text + "</a>", wrapper) + " => a'" + text + "'"}, kStreams);
         }
@@ -208,4 +209,20 @@ TEST(Input, EveryLoadReplacesWhatWasThere) {
         document.LoadXml("<new xmlns='v'>y</new>");
         EXPECT_EQ(Dump(document.GetDocumentElement()), "{v}new'y'");
     }
+}
+
+TEST(Input, TellsWhetherItWasComplete) {
+    CXmlDocument document;
+    EXPECT_FALSE(document.IsComplete());
+    for (auto const& [text, complete] : {std::pair{"<a/>", true},
+                                         {"<a><b/></a><!-- cut", true},
+                                         {"<a><b/></a", false},
+                                         {"<a><b>", false},
+                                         {"<a>text", false}}) {
+        Load(kNarrow, document, text);
+        EXPECT_EQ(document.IsComplete(), complete) << text;
+    }
+    Load(kNarrow, document, "<a/>");
+    EXPECT_THROW(Load(kNarrow, document, "<a></b>"), CBxException);
+    EXPECT_FALSE(document.IsComplete());
 }

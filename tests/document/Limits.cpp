@@ -65,3 +65,34 @@ TEST(Limits, LargeDocuments) {
         ExpectLoads({"<a>" + before + "<b k='" + value + "'/></a> => a'" + before + "'(b@k=" + value + ")"});
     }
 }
+
+TEST(Limits, WhatADocumentTypeAdds) {
+    auto const document = [](int attributes, int elements) {
+        std::string text = "<!DOCTYPE r [<!ATTLIST e";
+        for (int i = 0; i < attributes; ++i) text += " a" + std::to_string(i) + " CDATA 'value'";
+        text += ">]><r>";
+        for (int i = 0; i < elements; ++i) text += "<e/>";
+        return text + "</r>";
+    };
+    CXmlDocument loaded;
+    loaded.LoadXml(document(100, 1000).c_str());
+    EXPECT_EQ(loaded.GetDocumentElement()->GetFirstElement()->GetAttributes().size(), 100U);
+    EXPECT_BX_THROW(
+        loaded.LoadXml(document(1000, 1000).c_str()), CBxException,
+        "The document type adds more attributes to the elements than a document of this size may have");
+}
+
+TEST(Limits, Namespaces) {
+    auto const document = [](std::size_t length) { return "<a xmlns='" + std::string(length, 'n') + "'/>"; };
+    CXmlDocument loaded;
+    loaded.LoadXml(document(4096).c_str());
+    EXPECT_BX_THROW(loaded.LoadXml(document(4097).c_str()), CBxException,
+                    "A namespace has more than 4096 characters, which is the limit");
+}
+
+TEST(Limits, HalvesOfSurrogatePairs) {
+    CXmlDocument loaded;
+    for (wstring const text : {u"<a>\xD800 </a>", u"<a k='\xD83D\xD83D'/>", u"<a>\xDC00</a>"}) {
+        EXPECT_THROW(loaded.LoadXml(text.c_str()), CBxException) << ToUtf8(text);
+    }
+}

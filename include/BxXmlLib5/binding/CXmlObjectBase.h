@@ -99,9 +99,11 @@ public:
     void FromXml(char16_t const* text, CXmlSerializationContext const& context);
 
     /// Reads the object from an element, which stays the caller's.
+    /// @param element not null
     void FromXmlElement(CXmlElement const* element, CXmlSerializationContext& context);
 
     /// Reads the object from untyped content, by way of its text form.
+    /// @param element not null
     void FromXmlElement(CElement const* element, CXmlSerializationContext& context);
 
 protected:

@@ -63,6 +63,7 @@ protected:
 
 private:
     void InsertAhead(CNode* next, CXmlObjectBase* item);
+    void CopyItems(CXmlCollection const& other);
     void LinkAhead(CNode* next, CXmlObjectBase* item);
     CNode* NodeAt(int index) const;
 

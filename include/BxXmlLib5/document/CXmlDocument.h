@@ -26,8 +26,9 @@ class CDocumentNodes;
 /// of text are those of Expat: UTF-8, UTF-16, ISO-8859-1 and US-ASCII, told by a byte order mark or the XML
 /// declaration.
 ///
-/// Limits: 2,147,483,647 octets of input, before or after decompression, 1,024 levels of elements, and 1,024
-/// entities that refer to others.
+/// Limits: 2,147,483,647 octets of input, before or after decompression, 1,024 levels of elements, 1,024
+/// entities that refer to others, 4,096 characters of a namespace. A document and its tree belong to one
+/// thread at a time, even for reading.
 ///
 /// All loads throw CBxException, with a message that says what is wrong, for input that is empty, too large
 /// or no well-formed document. An input that ends inside an element is not refused: the tree holds what was
