@@ -6,7 +6,6 @@
 #include <array>
 #include <charconv>
 #include <memory>
-#include <ranges>
 #include <string>
 
 #include "BxXmlLib5/BxXmlLib5.h"
@@ -87,8 +86,7 @@ void DateTimeCopyAndScan(benchmark::State& state) {
     Each(state, kDateTime, [](wstring const& text) {
         auto const copy = std::make_unique<wstring>(text);
         char digits[20];
-        std::ranges::copy(*copy | std::views::transform([](char16_t c) { return static_cast<char>(c); }),
-                          digits);
+        std::ranges::transform(*copy, digits, [](char16_t c) { return static_cast<char>(c); });
         std::array<int, 6> fields;
         constexpr std::array<int, 7> kStarts{0, 5, 8, 11, 14, 17, 20};
         for (std::size_t i = 0; i < fields.size(); ++i) {
@@ -116,7 +114,7 @@ CBinaryData MegabyteOfOctets() {
 template <class Step>
 void Megabyte(benchmark::State& state, Step step) {
     for (auto _ : state) benchmark::DoNotOptimize(step());
-    state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * kOctets));
+    state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(kOctets));
 }
 
 void HexTableLoop(benchmark::State& state) {

@@ -60,7 +60,7 @@ TEST(Limits, LargeDocuments) {
                 {kOctets, kWide});
     ExpectLoads({"<a>\n" + Repeat("<b/>\n", 100000) + "</b> => mismatched tag at line 100002"});
     // Tokens that end near the end of the input, wherever the reader may cut it.
-    for (std::size_t const size : {60000, 70000, 131000, 300000}) {
+    for (std::size_t const size : std::initializer_list<std::size_t>{60000, 70000, 131000, 300000}) {
         std::string const before(60000, 'x'), value(size, 'v');
         ExpectLoads({"<a>" + before + "<b k='" + value + "'/></a> => a'" + before + "'(b@k=" + value + ")"});
     }
