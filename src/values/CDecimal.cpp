@@ -94,7 +94,7 @@ void CDecimal::Parse(std::u16string_view text) {
     if (isZero) return;
     m_fractionPart.m_sign = m_integerPart.m_sign;
     std::int64_t const places = std::ssize(digits) - point;
-    if (std::max(-places, -point) > kMaxExponentZeros)
+    if (-places > kMaxExponentZeros)
         throw CBxOverFlowException(
             FormatString(u"The exponent of the Decimal [%s] is too large", wstring(text).c_str()));
     Magnitude::ScaleUp(m_integerPart.m_digits, static_cast<std::size_t>(std::max<std::int64_t>(-places, 0)));
