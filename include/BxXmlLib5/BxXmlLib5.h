@@ -1,13 +1,22 @@
 // Everything that an application or generated code may include.
 #pragma once
 
+#include "BxXmlLib5/binding/CAttributeInfo.h"
 #include "BxXmlLib5/binding/CBxException.h"
+#include "BxXmlLib5/binding/CClassfactoryBase.h"
+#include "BxXmlLib5/binding/CElementInfo.h"
+#include "BxXmlLib5/binding/CElementInfoAll.h"
+#include "BxXmlLib5/binding/CElementInfoChoice.h"
+#include "BxXmlLib5/binding/CElementInfoSeq.h"
 #include "BxXmlLib5/binding/CInstanceMonitor.h"
 #include "BxXmlLib5/binding/CNamespaceAliasMap.h"
+#include "BxXmlLib5/binding/CParentElementInfo.h"
 #include "BxXmlLib5/binding/CSharedText.h"
 #include "BxXmlLib5/binding/CSmartPtr.h"
+#include "BxXmlLib5/binding/CXmlGeneratedClass.h"
 #include "BxXmlLib5/binding/CXmlObjectBase.h"
 #include "BxXmlLib5/binding/CXmlSerializationContext.h"
+#include "BxXmlLib5/binding/ElementInfoKinds.h"
 #include "BxXmlLib5/binding/Enumerations.h"
 #include "BxXmlLib5/binding/FormatString.h"
 #include "BxXmlLib5/collections/CAttribute.h"

@@ -8,6 +8,11 @@
 #include "BxXmlLib5/platform/Export.h"
 #include "BxXmlLib5/platform/Text.h"
 
+namespace BxXmlLib5Data {
+class CAttributeInfo;
+class CElementInfo;
+}  // namespace BxXmlLib5Data
+
 namespace BxXmlLib5 {
 
 class CElement;
@@ -175,6 +180,9 @@ protected:
     wstring m_elementName;
 
 private:
+    friend class BxXmlLib5Data::CAttributeInfo;
+    friend class BxXmlLib5Data::CElementInfo;
+
     std::atomic<std::int32_t> m_refCount = 0;
 };
 

@@ -6,6 +6,10 @@
 #include "BxXmlLib5/collections/CElement.h"
 #include "BxXmlLib5/collections/CXmlCollection.h"
 
+namespace BxXmlLib5Data {
+class CElementInfo;
+}
+
 namespace BxXmlLib5 {
 
 /// Untyped elements of any namespace: the restriction given to the constructor only decides on the default
@@ -60,6 +64,7 @@ protected:
                                                     CXmlSerializationContext const& context);
 
 private:
+    friend class BxXmlLib5Data::CElementInfo;
     friend class CElement;
 
     CElementCol(CSharedText defaultNamespace, CSharedText targetNamespace, int minOccurs, int maxOccurs);

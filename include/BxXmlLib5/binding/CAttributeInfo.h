@@ -1,0 +1,142 @@
+// One attribute that a generated class can hold.
+#pragma once
+
+#include "BxXmlLib5/binding/CElementInfo.h"
+
+namespace BxXmlLib5 {
+class CXmlAttribute;
+}
+
+namespace BxXmlLib5Data {
+
+/// An entry of the table of attributes of a generated class: it writes one property, and reads it from an
+/// attribute of an element.
+///
+/// A default value serves to leave an optional attribute out on writing. Reading supplies none: an attribute
+/// that is not there leaves the property as ResetContent() has left it.
+///
+/// An entry never changes once it is made, so all threads may use it. It copies its texts and facets, but
+/// keeps the format as a pointer. A text that is null counts as empty.
+class BXXMLLIB5_API CAttributeInfo {
+protected:
+    /// Writes the property of the owner, unless it is optional and not set.
+    virtual void AttributeToXml(CXmlSerializationContext const& context, CXmlGeneratedClass const* owner,
+                                CXmlWriter* writer) const = 0;
+
+    /// Reads the property of the owner.
+    /// @return whether the attribute is the entry's
+    virtual bool AttributeFromXml(CXmlSerializationContext const& context, CXmlGeneratedClass* owner,
+                                  CXmlAttribute* attribute) = 0;
+
+    /// Tests, after all attributes were read, whether the entry is content.
+    /// @param found whether it took an attribute
+    /// @throws CBxValidationException if it must have taken one
+    virtual void Validate(CXmlSerializationContext const& context, bool found) const = 0;
+
+public:
+    CAttributeInfo(CAttributeInfo const&) = default;
+    CAttributeInfo& operator=(CAttributeInfo const&) = default;
+    virtual ~CAttributeInfo();
+
+protected:
+    /// @param attributeNamespace empty for an unqualified attribute
+    CAttributeInfo(char16_t const* attributeName, char16_t const* attributeNamespace, int propertyIndex,
+                   bool optional, char16_t const* defaultValue);
+
+    /// @param attribute null gives false
+    bool IsThisAttribute(CXmlSerializationContext const& context, CXmlAttribute* attribute) const;
+
+    void AccessProperty(CXmlGeneratedClass* owner, bool read, BxVariant& value);
+    void ReadProperty(CXmlGeneratedClass const* owner, BxVariant& value) const;
+
+    static void ToXml_Int(CXmlObjectBase const* object, CXmlWriter* writer, bool isRoot,
+                          char16_t const* namespaceUri, CXmlSerializationContext const& context);
+    static wstring GetTargetNamespace(CXmlObjectBase const* object);
+
+    /// @throws CBxInvalidNamespaceException if the wildcard does not allow the namespace
+    static void TestNamespace(wstring const& namespaceUri, wstring const& allowed,
+                              wstring const& targetNamespace);
+
+    /// Whether an optional attribute of this text is left out as its default.
+    bool IsLeftOut(CXmlSerializationContext const& context, wstring const& text) const;
+
+    /// @throws CBxValidationException if the attribute is required and was not found
+    void ValidateFound(bool found) const;
+
+    wstring m_attributeName;
+    wstring m_namespace;
+    int m_propertyIndex;
+    bool m_optional;
+    wstring m_defaultValue;
+
+private:
+    friend class BxXmlLib5::CXmlGeneratedClass;
+};
+
+/// An attribute of simple type. Its namespace is compared even where the context ignores namespaces.
+class BXXMLLIB5_API CAttributeInfoPrimitive : public CAttributeInfo {
+public:
+    /// @param format as for BxVariant::ToString; must outlive the entry
+    CAttributeInfoPrimitive(char16_t const* attributeName, char16_t const* attributeNamespace,
+                            int propertyIndex, bool optional, ItemType itemType, char16_t const* format,
+                            CWhitespaceUtils::WhitespaceRule whitespaceRule,
+                            CPrimitiveRestrictions const& restrictions, char16_t const* defaultValue);
+
+    /// Tests a value against the facets of the entry.
+    /// @throws CBxInvalidValueException if it breaks one
+    /// @throws CBxException if the value is of another kind
+    void CheckRestriction(BxVariant value) const;
+
+protected:
+    void AttributeToXml(CXmlSerializationContext const& context, CXmlGeneratedClass const* owner,
+                        CXmlWriter* writer) const override;
+    bool AttributeFromXml(CXmlSerializationContext const& context, CXmlGeneratedClass* owner,
+                          CXmlAttribute* attribute) override;
+    void Validate(CXmlSerializationContext const& context, bool found) const override;
+
+    CPrimitiveRestrictions m_restrictions;
+    ItemType m_itemType;
+    char16_t const* m_format;
+    CWhitespaceUtils::WhitespaceRule m_whitespaceRule;
+};
+
+/// An attribute of an enumeration.
+class BXXMLLIB5_API CAttributeInfoEnum : public CAttributeInfo {
+public:
+    CAttributeInfoEnum(char16_t const* attributeName, char16_t const* attributeNamespace, int propertyIndex,
+                       bool optional, EnumToString enumToString, StringToEnum stringToEnum,
+                       char16_t const* defaultValue);
+
+protected:
+    void AttributeToXml(CXmlSerializationContext const& context, CXmlGeneratedClass const* owner,
+                        CXmlWriter* writer) const override;
+    bool AttributeFromXml(CXmlSerializationContext const& context, CXmlGeneratedClass* owner,
+                          CXmlAttribute* attribute) override;
+    void Validate(CXmlSerializationContext const& context, bool found) const override;
+
+    StringToEnum m_stringToEnum;
+    EnumToString m_enumToString;
+};
+
+/// The anyAttribute wildcard of XML Schema: it takes every attribute that it is offered into a CAttributeCol,
+/// so it stands last in a table.
+class BXXMLLIB5_API CAttributeInfoAny : public CAttributeInfo {
+public:
+    /// @param allowedNamespaces as for CXmlObjectBase::IsNamespaceValid. An attribute of another namespace
+    ///        is an error, whatever the context tolerates.
+    CAttributeInfoAny(char16_t const* attributeName, char16_t const* attributeNamespace, int propertyIndex,
+                      bool optional, char16_t const* allowedNamespaces, char16_t const* targetNamespace,
+                      char16_t const* defaultValue);
+
+protected:
+    void AttributeToXml(CXmlSerializationContext const& context, CXmlGeneratedClass const* owner,
+                        CXmlWriter* writer) const override;
+    bool AttributeFromXml(CXmlSerializationContext const& context, CXmlGeneratedClass* owner,
+                          CXmlAttribute* attribute) override;
+    void Validate(CXmlSerializationContext const& context, bool found) const override;
+
+    wstring m_allowedNamespaces;
+    wstring m_targetNamespace;
+};
+
+}  // namespace BxXmlLib5Data

@@ -1,0 +1,202 @@
+// One element that a generated class can hold.
+#pragma once
+
+#include "BxXmlLib5/binding/CParentElementInfo.h"
+#include "BxXmlLib5/binding/CSmartPtr.h"
+#include "BxXmlLib5/collections/CPrimitiveRestrictions.h"
+#include "BxXmlLib5/platform/Export.h"
+#include "BxXmlLib5/platform/Text.h"
+#include "BxXmlLib5/values/CWhitespaceUtils.h"
+#include "BxXmlLib5/values/ItemType.h"
+
+namespace BxXmlLib5 {
+struct BxVariant;
+class CXmlCollectionBase;
+class CXmlElement;
+class CXmlObjectBase;
+class CXmlSerializationContext;
+class CXmlWriter;
+}  // namespace BxXmlLib5
+
+namespace BxXmlLib5Data {
+
+/// Creates an object of a class that generated code has numbered, for an element of this name. A null result
+/// means that the element is not the entry's.
+using CreateByClass = CSmartPtr<CXmlObjectBase> (*)(int classId, char16_t const* elementName);
+
+/// Picks the class that an element of a document stands for, by its name or its xsi:type, and creates an
+/// object of it. A null result says that no class fits.
+using CreateFromElement = CSmartPtr<CXmlObjectBase> (*)(CXmlElement* element);
+
+/// The value of a text of an enumeration, and the text of a value. The text is not cleaned of whitespace. A
+/// null text says that the value is none of the enumeration.
+using StringToEnum = int (*)(char16_t const* text);
+using EnumToString = char16_t const* (*)(int value);
+
+/// An entry of the table of elements of a generated class: it writes one property, and reads it from the
+/// children of an element.
+///
+/// There is a family of entries for each compositor of XML Schema: CElementInfoSeq, CElementInfoAll,
+/// CElementInfoChoice. The name of a class in a family ends in the kind of the value and in how often the
+/// element occurs.
+///
+/// | kind | |
+/// |---|---|
+/// | Cls | a generated class |
+/// | AbsCls | an abstract class or the head of a substitution group: the document says which class it is |
+/// | Prim | a simple type |
+/// | Enum | an enumeration |
+/// | Untpd | untyped content |
+///
+/// | occurrence | |
+/// |---|---|
+/// | Mnd | exactly one |
+/// | Opt | at most one |
+/// | Col | a collection |
+///
+/// An entry never changes once it is made, so all threads may use it. It copies its texts and facets, but
+/// keeps the format as a pointer. A text that is null counts as empty.
+class BXXMLLIB5_API CElementInfo {
+protected:
+    /// Writes the property of the owner.
+    /// @return whether anything was written
+    virtual bool ElementToXml(CXmlSerializationContext const& context, CXmlGeneratedClass const* owner,
+                              CXmlWriter* writer) const = 0;
+
+    /// Reads the property of the owner.
+    /// @param element the element whose children are read: that of the owner or, if the owner is a pseudo
+    ///        element, of the nearest class with a tag
+    /// @param child the child at which reading stands, null if none is left; moved behind what was consumed
+    /// @param namespaceUri the namespace of the owner, for untyped content
+    /// @param ownerType a mandatory element that is not there is an error under et_Element; a pseudo element
+    ///        does not match
+    /// @return whether the entry is satisfied, with or without having consumed anything
+    virtual bool ElementFromXml(CXmlSerializationContext const& context, CXmlGeneratedClass* owner,
+                                CXmlElement* element, CXmlElement** child, char16_t const* namespaceUri,
+                                XmlElementType ownerType) = 0;
+
+    /// Tests, after all children were read, whether the entry is content; for the entries of an all group.
+    /// @param found whether the entry was satisfied
+    /// @param isElement whether the owner has a tag
+    /// @return false if the owner, a pseudo element, does not match
+    virtual bool Validate(CXmlSerializationContext const& context, CXmlGeneratedClass const* owner,
+                          bool found, bool isElement) const = 0;
+
+    /// Writes the attributes of a pseudo element into the tag of its owner.
+    virtual void PseudoChildAttributeToXml(CXmlSerializationContext const& context,
+                                           CXmlGeneratedClass const* owner, CXmlWriter* writer) const;
+
+public:
+    CElementInfo(CElementInfo const&) = default;
+    CElementInfo& operator=(CElementInfo const&) = default;
+    virtual ~CElementInfo();
+
+    /// Tests a value against the facets of the entry.
+    /// @throws CBxInvalidValueException if it breaks one
+    /// @throws CBxException if the entry is not of simple type, or the value of another kind
+    void CheckRestriction(BxVariant const& value) const;
+
+protected:
+    CElementInfo(char16_t const* elementName, char16_t const* elementNamespace, int propertyIndex);
+
+    /// For a simple type.
+    /// @param format as for BxVariant::ToString; must outlive the entry
+    CElementInfo(char16_t const* elementName, char16_t const* elementNamespace, int propertyIndex,
+                 ItemType itemType, char16_t const* format, CWhitespaceUtils::WhitespaceRule whitespaceRule,
+                 CPrimitiveRestrictions const& restrictions);
+
+    wstring GetElementName() const { return m_elementName; }
+    wstring GetElementNamespace() const { return m_namespace; }
+    int GetPropertyIndex() const { return m_propertyIndex; }
+
+    /// @param element null gives false
+    bool IsThisElement(CXmlSerializationContext const& context, CXmlElement const* element) const;
+
+    /// The namespace of a new untyped element.
+    static wstring GetAnyDefaultNamespace(char16_t const* allowedNamespaces, char16_t const* namespaceUri,
+                                          char16_t const* targetNamespace);
+
+    void AccessProperty(CXmlGeneratedClass* owner, bool read, BxVariant& value);
+    void ReadProperty(CXmlGeneratedClass const* owner, BxVariant& value) const;
+
+    /// @name The operations of the object behind a property
+    /// @{
+    static CXmlElement* FromXml_Int(CXmlObjectBase* object, CXmlElement* element, CXmlElement* firstChild,
+                                    CXmlSerializationContext const& context, bool allowEmptyChoice);
+    static void AttributesToXml_Int(CXmlObjectBase const* object, CXmlWriter* writer,
+                                    CXmlSerializationContext const& context);
+    /// @}
+
+    /// @name Writing, one operation for each kind
+    /// @{
+
+    /// Nothing is written for a null object.
+    bool ElementToXmlCls(CXmlSerializationContext const& context, CXmlGeneratedClass const* owner,
+                         CXmlWriter* writer, bool allowEmptyChoice) const;
+    bool ElementToXmlCol(CXmlSerializationContext const& context, CXmlGeneratedClass const* owner,
+                         CXmlWriter* writer) const;
+    bool ElementToXmlPrim(CXmlSerializationContext const& context, CXmlGeneratedClass const* owner,
+                          CXmlWriter* writer) const;
+    bool ElementToXmlPrimOpt(CXmlSerializationContext const& context, CXmlGeneratedClass const* owner,
+                             CXmlWriter* writer) const {
+        return ElementToXmlPrim(context, owner, writer);
+    }
+    bool ElementToXmlEnum(CXmlSerializationContext const& context, CXmlGeneratedClass const* owner,
+                          CXmlWriter* writer, EnumToString enumToString) const;
+    bool ElementToXmlEnumOpt(CXmlSerializationContext const& context, CXmlGeneratedClass const* owner,
+                             CXmlWriter* writer, EnumToString enumToString) const {
+        return ElementToXmlEnum(context, owner, writer, enumToString);
+    }
+    void PseudoObjectAttributesToXml(CXmlSerializationContext const& context, CXmlGeneratedClass const* owner,
+                                     CXmlWriter* writer) const;
+    void PseudoItemsAttributesToXml(CXmlSerializationContext const& context, CXmlGeneratedClass const* owner,
+                                    CXmlWriter* writer) const;
+    /// @}
+
+    /// @name Reading, one step for each kind
+    ///
+    /// The operations that read a child which the entry takes move on to its next sibling.
+    /// @{
+    void ReadPrim(CXmlGeneratedClass* owner, CXmlElement** child);
+    void ReadEnum(CXmlGeneratedClass* owner, CXmlElement** child, StringToEnum stringToEnum);
+    static void ReadTag(CXmlObjectBase* object, CXmlElement** child, CXmlSerializationContext const& context,
+                        bool allowEmptyChoice = false);
+
+    /// The untyped element or the collection of them reads the child if the entry admits its name.
+    /// @return the first child that was not consumed
+    CXmlElement* ReadUntyped(CXmlObjectBase* object, CXmlElement* element, CXmlElement* child,
+                             CXmlSerializationContext const& context) const;
+    CXmlElement* ReadUntypedRun(CXmlCollectionBase* collection, CXmlElement* element, CXmlElement* child,
+                                CXmlSerializationContext const& context) const;
+
+    /// What the property holds, as the owner's ResetContent() has put it there.
+    /// @throws CBxException if it holds nothing
+    CSmartPtr<CXmlObjectBase> ObjectInPlace(CXmlGeneratedClass const* owner) const;
+    CSmartPtr<CXmlCollectionBase> CollectionInPlace(CXmlGeneratedClass const* owner) const;
+
+    /// @throws CBxValidationException if a bound is broken that the context does not ignore
+    static void ValidateCount(CXmlCollectionBase const& collection, CXmlSerializationContext const& context);
+
+    void StoreObject(CXmlGeneratedClass* owner, CXmlObjectBase* object);
+    CSmartPtr<CXmlObjectBase> Create(CreateByClass createByClass, int classId) const;
+    CSmartPtr<CXmlObjectBase> CreateUntyped(wstring const& allowedNamespaces, char16_t const* namespaceUri,
+                                            wstring const& targetNamespace) const;
+    /// @}
+
+    /// @throws CBxException always
+    [[noreturn]] static void ThrowIsNeverValidated();
+
+    wstring m_elementName;
+    wstring m_namespace;
+    int m_propertyIndex;
+    CPrimitiveRestrictions m_restrictions;
+    ItemType m_itemType = it_invalid;
+    char16_t const* m_format = nullptr;
+    CWhitespaceUtils::WhitespaceRule m_whitespaceRule = CWhitespaceUtils::ws_Preserve;
+    bool m_isPrimitive = false;
+
+private:
+    friend class BxXmlLib5::CXmlGeneratedClass;
+};
+
+}  // namespace BxXmlLib5Data

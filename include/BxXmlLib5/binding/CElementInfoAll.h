@@ -1,0 +1,179 @@
+// The elements of an all group.
+#pragma once
+
+#include "BxXmlLib5/binding/CElementInfo.h"
+#include "BxXmlLib5/binding/ElementInfoKinds.h"
+
+namespace BxXmlLib5Data {
+
+/// An entry of an all group: it is asked about each child, so it never tells that its element is missing
+/// before Validate().
+class BXXMLLIB5_API CElementInfoAll : public CElementInfo {
+protected:
+    using CElementInfo::CElementInfo;
+
+    /// @return false under a pseudo element
+    /// @throws CBxValidationException under an owner with a tag
+    bool Missing(bool isElement) const;
+
+    /// @throws CBxException always, for an element of an abstract class
+    [[noreturn]] static void ThrowCannotRead();
+};
+
+/// For entries that occur once at most; no entry of the library needs it.
+class BXXMLLIB5_API CElementInfoAllNonCol : public CElementInfoAll {
+public:
+    CElementInfoAllNonCol(char16_t const* elementName, char16_t const* elementNamespace, int propertyIndex);
+};
+
+/// What must have been found.
+class BXXMLLIB5_API CElementInfoAllRequired : public CElementInfoAll {
+protected:
+    using CElementInfoAll::CElementInfoAll;
+    bool Validate(CXmlSerializationContext const& context, CXmlGeneratedClass const* owner, bool found,
+                  bool isElement) const override;
+};
+
+/// What need not have been found.
+class BXXMLLIB5_API CElementInfoAllOptional : public CElementInfoAll {
+protected:
+    using CElementInfoAll::CElementInfoAll;
+    bool Validate(CXmlSerializationContext const& context, CXmlGeneratedClass const* owner, bool found,
+                  bool isElement) const override;
+};
+
+/// A collection. It is asked about each child again, so its elements may stand apart; its count is tested at
+/// the end.
+class BXXMLLIB5_API CElementInfoAllCol : public CElementInfoAll {
+public:
+    CElementInfoAllCol(char16_t const* elementName, char16_t const* elementNamespace, int propertyIndex);
+
+protected:
+    bool ElementToXml(CXmlSerializationContext const& context, CXmlGeneratedClass const* owner,
+                      CXmlWriter* writer) const override;
+    bool ElementFromXml(CXmlSerializationContext const& context, CXmlGeneratedClass* owner,
+                        CXmlElement* element, CXmlElement** child, char16_t const* namespaceUri,
+                        XmlElementType ownerType) override;
+    bool Validate(CXmlSerializationContext const& context, CXmlGeneratedClass const* owner, bool found,
+                  bool isElement) const override;
+};
+
+class BXXMLLIB5_API CElementInfoAllPrimCol : public CElementInfoAllCol {
+public:
+    using CElementInfoAllCol::CElementInfoAllCol;
+};
+
+class BXXMLLIB5_API CElementInfoAllEnumCol : public CElementInfoAllCol {
+public:
+    using CElementInfoAllCol::CElementInfoAllCol;
+};
+
+/// Takes every element that the collection takes, whatever its own name.
+class BXXMLLIB5_API CElementInfoAllUntpdCol : public CElementInfoAllCol {
+public:
+    using CElementInfoAllCol::CElementInfoAllCol;
+};
+
+class BXXMLLIB5_API CElementInfoAllClsCol : public ClsColEntry<CElementInfoAllCol> {
+public:
+    using ClsColEntry::ClsColEntry;
+};
+
+class BXXMLLIB5_API CElementInfoAllAbsClsCol : public ClsColEntry<CElementInfoAllCol> {
+public:
+    using ClsColEntry::ClsColEntry;
+};
+
+class BXXMLLIB5_API CElementInfoAllPrimMnd : public PrimEntry<CElementInfoAllRequired> {
+public:
+    using PrimEntry::PrimEntry;
+};
+
+class BXXMLLIB5_API CElementInfoAllPrimOpt : public PrimEntry<CElementInfoAllOptional> {
+public:
+    using PrimEntry::PrimEntry;
+};
+
+class BXXMLLIB5_API CElementInfoAllEnumMnd : public EnumEntry<CElementInfoAllRequired> {
+public:
+    using EnumEntry::EnumEntry;
+};
+
+class BXXMLLIB5_API CElementInfoAllEnumOpt : public EnumEntry<CElementInfoAllOptional> {
+public:
+    using EnumEntry::EnumEntry;
+};
+
+class BXXMLLIB5_API CElementInfoAllClsMnd : public ClsMndEntry<CElementInfoAll> {
+public:
+    using ClsMndEntry::ClsMndEntry;
+
+protected:
+    bool ElementFromXml(CXmlSerializationContext const& context, CXmlGeneratedClass* owner,
+                        CXmlElement* element, CXmlElement** child, char16_t const* namespaceUri,
+                        XmlElementType ownerType) override;
+    bool Validate(CXmlSerializationContext const& context, CXmlGeneratedClass const* owner, bool found,
+                  bool isElement) const override;
+};
+
+class BXXMLLIB5_API CElementInfoAllClsOpt : public ClsOptEntry<CElementInfoAllOptional> {
+public:
+    using ClsOptEntry::ClsOptEntry;
+
+protected:
+    bool ElementFromXml(CXmlSerializationContext const& context, CXmlGeneratedClass* owner,
+                        CXmlElement* element, CXmlElement** child, char16_t const* namespaceUri,
+                        XmlElementType ownerType) override;
+};
+
+/// An object whose class the document picks. It can be written; reading it is not available.
+template <class Family>
+class AllAbsClsEntry : public AbsClsEntry<Family> {
+public:
+    using AbsClsEntry<Family>::AbsClsEntry;
+
+protected:
+    /// @throws CBxException for every child
+    bool ElementFromXml(CXmlSerializationContext const&, CXmlGeneratedClass*, CXmlElement*,
+                        CXmlElement** child, char16_t const*, XmlElementType) override {
+        if (*child != nullptr) this->ThrowCannotRead();
+        return false;
+    }
+};
+
+class BXXMLLIB5_API CElementInfoAllAbsClsMnd : public AllAbsClsEntry<CElementInfoAllRequired> {
+public:
+    /// @param classId kept, not used
+    CElementInfoAllAbsClsMnd(char16_t const* elementName, char16_t const* elementNamespace, int propertyIndex,
+                             XmlElementType elementType, CreateFromElement createFromElement, int classId);
+
+protected:
+    int m_classId;
+};
+
+class BXXMLLIB5_API CElementInfoAllAbsClsOpt : public AllAbsClsEntry<CElementInfoAllOptional> {
+public:
+    using AllAbsClsEntry::AllAbsClsEntry;
+};
+
+class BXXMLLIB5_API CElementInfoAllUntpdMnd : public UntpdEntry<CElementInfoAllRequired> {
+public:
+    using UntpdEntry::UntpdEntry;
+
+protected:
+    bool ElementFromXml(CXmlSerializationContext const& context, CXmlGeneratedClass* owner,
+                        CXmlElement* element, CXmlElement** child, char16_t const* namespaceUri,
+                        XmlElementType ownerType) override;
+};
+
+class BXXMLLIB5_API CElementInfoAllUntpdOpt : public UntpdEntry<CElementInfoAllOptional> {
+public:
+    using UntpdEntry::UntpdEntry;
+
+protected:
+    bool ElementFromXml(CXmlSerializationContext const& context, CXmlGeneratedClass* owner,
+                        CXmlElement* element, CXmlElement** child, char16_t const* namespaceUri,
+                        XmlElementType ownerType) override;
+};
+
+}  // namespace BxXmlLib5Data

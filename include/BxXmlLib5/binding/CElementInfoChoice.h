@@ -1,0 +1,120 @@
+// The members of a choice.
+#pragma once
+
+#include "BxXmlLib5/binding/CElementInfo.h"
+#include "BxXmlLib5/binding/ElementInfoKinds.h"
+
+namespace BxXmlLib5Data {
+
+/// An entry of a choice: it is asked about a child that may be another member's, so it never tells that its
+/// element is missing. No member is mandatory.
+class BXXMLLIB5_API CElementInfoChoice : public CElementInfo {
+public:
+    using CElementInfo::CElementInfo;
+
+protected:
+    /// @throws CBxException always: a choice takes one member, and there is nothing to test afterwards
+    bool Validate(CXmlSerializationContext const& context, CXmlGeneratedClass const* owner, bool found,
+                  bool isElement) const override;
+};
+
+/// A collection, which is the member if there is an item of it.
+class BXXMLLIB5_API CElementInfoChoiceCol : public CElementInfoChoice {
+public:
+    CElementInfoChoiceCol(char16_t const* elementName, char16_t const* elementNamespace, int propertyIndex);
+
+protected:
+    bool ElementToXml(CXmlSerializationContext const& context, CXmlGeneratedClass const* owner,
+                      CXmlWriter* writer) const override;
+    bool ElementFromXml(CXmlSerializationContext const& context, CXmlGeneratedClass* owner,
+                        CXmlElement* element, CXmlElement** child, char16_t const* namespaceUri,
+                        XmlElementType ownerType) override;
+
+    /// Takes note of what the collection has read.
+    /// @param next the first child that it did not consume
+    /// @return whether it consumed any
+    static bool Advance(CXmlCollectionBase const& collection, CXmlElement** child, CXmlElement* next,
+                        CXmlSerializationContext const& context);
+};
+
+class BXXMLLIB5_API CElementInfoChoicePrimCol : public CElementInfoChoiceCol {
+public:
+    using CElementInfoChoiceCol::CElementInfoChoiceCol;
+};
+
+class BXXMLLIB5_API CElementInfoChoiceEnumCol : public CElementInfoChoiceCol {
+public:
+    using CElementInfoChoiceCol::CElementInfoChoiceCol;
+};
+
+class BXXMLLIB5_API CElementInfoChoiceClsCol : public ClsColEntry<CElementInfoChoiceCol> {
+public:
+    using ClsColEntry::ClsColEntry;
+};
+
+class BXXMLLIB5_API CElementInfoChoiceAbsClsCol : public ClsColEntry<CElementInfoChoiceCol> {
+public:
+    using ClsColEntry::ClsColEntry;
+};
+
+/// Takes any element if its name is "AnyElement", otherwise the run of its local name.
+class BXXMLLIB5_API CElementInfoChoiceUntpdCol : public CElementInfoChoiceCol {
+public:
+    using CElementInfoChoiceCol::CElementInfoChoiceCol;
+
+protected:
+    bool ElementFromXml(CXmlSerializationContext const& context, CXmlGeneratedClass* owner,
+                        CXmlElement* element, CXmlElement** child, char16_t const* namespaceUri,
+                        XmlElementType ownerType) override;
+};
+
+class BXXMLLIB5_API CElementInfoChoicePrimOpt : public PrimEntry<CElementInfoChoice> {
+public:
+    using PrimEntry::PrimEntry;
+};
+
+class BXXMLLIB5_API CElementInfoChoiceEnumOpt : public EnumEntry<CElementInfoChoice> {
+public:
+    using EnumEntry::EnumEntry;
+};
+
+/// An object, which is stored before it is read: its owner has the member selected meanwhile.
+class BXXMLLIB5_API CElementInfoChoiceClsOpt : public ClsOptEntry<CElementInfoChoice> {
+public:
+    using ClsOptEntry::ClsOptEntry;
+
+protected:
+    bool ElementToXml(CXmlSerializationContext const& context, CXmlGeneratedClass const* owner,
+                      CXmlWriter* writer) const override;
+    bool ElementFromXml(CXmlSerializationContext const& context, CXmlGeneratedClass* owner,
+                        CXmlElement* element, CXmlElement** child, char16_t const* namespaceUri,
+                        XmlElementType ownerType) override;
+
+private:
+    bool TagFromXml(CXmlSerializationContext const& context, CXmlGeneratedClass* owner, CXmlElement** child);
+    bool PseudoFromXml(CXmlSerializationContext const& context, CXmlGeneratedClass* owner,
+                       CXmlElement* element, CXmlElement** child);
+};
+
+/// An object, which is stored before it is read.
+class BXXMLLIB5_API CElementInfoChoiceAbsClsOpt : public AbsClsEntry<CElementInfoChoice> {
+public:
+    using AbsClsEntry::AbsClsEntry;
+
+protected:
+    bool ElementFromXml(CXmlSerializationContext const& context, CXmlGeneratedClass* owner,
+                        CXmlElement* element, CXmlElement** child, char16_t const* namespaceUri,
+                        XmlElementType ownerType) override;
+};
+
+class BXXMLLIB5_API CElementInfoChoiceUntpdOpt : public UntpdEntry<CElementInfoChoice> {
+public:
+    using UntpdEntry::UntpdEntry;
+
+protected:
+    bool ElementFromXml(CXmlSerializationContext const& context, CXmlGeneratedClass* owner,
+                        CXmlElement* element, CXmlElement** child, char16_t const* namespaceUri,
+                        XmlElementType ownerType) override;
+};
+
+}  // namespace BxXmlLib5Data

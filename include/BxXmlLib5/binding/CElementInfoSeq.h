@@ -1,0 +1,192 @@
+// The elements of a sequence.
+#pragma once
+
+#include "BxXmlLib5/binding/CElementInfo.h"
+#include "BxXmlLib5/binding/ElementInfoKinds.h"
+
+namespace BxXmlLib5Data {
+
+/// An entry of a sequence: it is asked once, in its turn, so it can tell that its element is missing.
+class BXXMLLIB5_API CElementInfoSeq : public CElementInfo {
+public:
+    using CElementInfo::CElementInfo;
+
+protected:
+    /// @throws CBxException always: the entries of a sequence raise while they read
+    bool Validate(CXmlSerializationContext const& context, CXmlGeneratedClass const* owner, bool found,
+                  bool isElement) const override;
+
+    /// How the search for a mandatory element ended.
+    enum class Search { Found, Excused, Failed };
+
+    /// Whether an owner that is a pseudo element may skip unknown elements too.
+    enum class Skip { UnderElement, Always };
+
+    /// Moves to the element, as far as the context allows to skip others.
+    /// @throws CBxValidationException if it is not there and the owner has a tag
+    Search FindMandatory(CXmlSerializationContext const& context, CXmlElement** child,
+                         XmlElementType ownerType, Skip skip) const;
+
+    /// @return false under a pseudo element
+    /// @throws CBxValidationException under an owner with a tag
+    bool Missing(XmlElementType ownerType) const;
+    [[noreturn]] void ThrowMissing() const;
+};
+
+/// For entries that occur once at most; no entry of the library needs it.
+class BXXMLLIB5_API CElementInfoSeqNonCol : public CElementInfoSeq {
+public:
+    CElementInfoSeqNonCol(char16_t const* elementName, char16_t const* elementNamespace, int propertyIndex);
+};
+
+/// A collection, which reads the run of its elements.
+class BXXMLLIB5_API CElementInfoSeqCol : public CElementInfoSeq {
+public:
+    CElementInfoSeqCol(char16_t const* elementName, char16_t const* elementNamespace, int propertyIndex);
+
+protected:
+    bool ElementToXml(CXmlSerializationContext const& context, CXmlGeneratedClass const* owner,
+                      CXmlWriter* writer) const override;
+    bool ElementFromXml(CXmlSerializationContext const& context, CXmlGeneratedClass* owner,
+                        CXmlElement* element, CXmlElement** child, char16_t const* namespaceUri,
+                        XmlElementType ownerType) override;
+};
+
+class BXXMLLIB5_API CElementInfoSeqPrimCol : public CElementInfoSeqCol {
+public:
+    using CElementInfoSeqCol::CElementInfoSeqCol;
+};
+
+class BXXMLLIB5_API CElementInfoSeqEnumCol : public CElementInfoSeqCol {
+public:
+    using CElementInfoSeqCol::CElementInfoSeqCol;
+};
+
+class BXXMLLIB5_API CElementInfoSeqClsCol : public ClsColEntry<CElementInfoSeqCol> {
+public:
+    using ClsColEntry::ClsColEntry;
+};
+
+class BXXMLLIB5_API CElementInfoSeqAbsClsCol : public ClsColEntry<CElementInfoSeqCol> {
+public:
+    using ClsColEntry::ClsColEntry;
+};
+
+/// Takes any element if its name is "AnyElement", otherwise the run of its local name.
+class BXXMLLIB5_API CElementInfoSeqUntpdCol : public CElementInfoSeqCol {
+public:
+    using CElementInfoSeqCol::CElementInfoSeqCol;
+
+protected:
+    bool ElementFromXml(CXmlSerializationContext const& context, CXmlGeneratedClass* owner,
+                        CXmlElement* element, CXmlElement** child, char16_t const* namespaceUri,
+                        XmlElementType ownerType) override;
+};
+
+class BXXMLLIB5_API CElementInfoSeqPrimMnd : public PrimEntry<CElementInfoSeq> {
+public:
+    using PrimEntry::PrimEntry;
+
+protected:
+    bool ElementFromXml(CXmlSerializationContext const& context, CXmlGeneratedClass* owner,
+                        CXmlElement* element, CXmlElement** child, char16_t const* namespaceUri,
+                        XmlElementType ownerType) override;
+};
+
+class BXXMLLIB5_API CElementInfoSeqPrimOpt : public PrimEntry<CElementInfoSeq> {
+public:
+    using PrimEntry::PrimEntry;
+
+protected:
+    bool ElementFromXml(CXmlSerializationContext const& context, CXmlGeneratedClass* owner,
+                        CXmlElement* element, CXmlElement** child, char16_t const* namespaceUri,
+                        XmlElementType ownerType) override;
+};
+
+class BXXMLLIB5_API CElementInfoSeqEnumMnd : public EnumEntry<CElementInfoSeq> {
+public:
+    using EnumEntry::EnumEntry;
+
+protected:
+    bool ElementFromXml(CXmlSerializationContext const& context, CXmlGeneratedClass* owner,
+                        CXmlElement* element, CXmlElement** child, char16_t const* namespaceUri,
+                        XmlElementType ownerType) override;
+};
+
+class BXXMLLIB5_API CElementInfoSeqEnumOpt : public EnumEntry<CElementInfoSeq> {
+public:
+    using EnumEntry::EnumEntry;
+
+protected:
+    bool ElementFromXml(CXmlSerializationContext const& context, CXmlGeneratedClass* owner,
+                        CXmlElement* element, CXmlElement** child, char16_t const* namespaceUri,
+                        XmlElementType ownerType) override;
+};
+
+class BXXMLLIB5_API CElementInfoSeqClsMnd : public ClsMndEntry<CElementInfoSeq> {
+public:
+    using ClsMndEntry::ClsMndEntry;
+
+protected:
+    bool ElementFromXml(CXmlSerializationContext const& context, CXmlGeneratedClass* owner,
+                        CXmlElement* element, CXmlElement** child, char16_t const* namespaceUri,
+                        XmlElementType ownerType) override;
+
+private:
+    bool TagFromXml(CXmlSerializationContext const& context, CXmlGeneratedClass* owner, CXmlElement** child,
+                    XmlElementType ownerType);
+    bool PseudoFromXml(CXmlSerializationContext const& context, CXmlGeneratedClass* owner,
+                       CXmlElement* element, CXmlElement** child, XmlElementType ownerType);
+};
+
+class BXXMLLIB5_API CElementInfoSeqClsOpt : public ClsOptEntry<CElementInfoSeq> {
+public:
+    using ClsOptEntry::ClsOptEntry;
+
+protected:
+    bool ElementFromXml(CXmlSerializationContext const& context, CXmlGeneratedClass* owner,
+                        CXmlElement* element, CXmlElement** child, char16_t const* namespaceUri,
+                        XmlElementType ownerType) override;
+};
+
+class BXXMLLIB5_API CElementInfoSeqAbsClsMnd : public AbsClsEntry<CElementInfoSeq> {
+public:
+    using AbsClsEntry::AbsClsEntry;
+
+protected:
+    bool ElementFromXml(CXmlSerializationContext const& context, CXmlGeneratedClass* owner,
+                        CXmlElement* element, CXmlElement** child, char16_t const* namespaceUri,
+                        XmlElementType ownerType) override;
+};
+
+class BXXMLLIB5_API CElementInfoSeqAbsClsOpt : public AbsClsEntry<CElementInfoSeq> {
+public:
+    using AbsClsEntry::AbsClsEntry;
+
+protected:
+    bool ElementFromXml(CXmlSerializationContext const& context, CXmlGeneratedClass* owner,
+                        CXmlElement* element, CXmlElement** child, char16_t const* namespaceUri,
+                        XmlElementType ownerType) override;
+};
+
+class BXXMLLIB5_API CElementInfoSeqUntpdMnd : public UntpdEntry<CElementInfoSeq> {
+public:
+    using UntpdEntry::UntpdEntry;
+
+protected:
+    bool ElementFromXml(CXmlSerializationContext const& context, CXmlGeneratedClass* owner,
+                        CXmlElement* element, CXmlElement** child, char16_t const* namespaceUri,
+                        XmlElementType ownerType) override;
+};
+
+class BXXMLLIB5_API CElementInfoSeqUntpdOpt : public UntpdEntry<CElementInfoSeq> {
+public:
+    using UntpdEntry::UntpdEntry;
+
+protected:
+    bool ElementFromXml(CXmlSerializationContext const& context, CXmlGeneratedClass* owner,
+                        CXmlElement* element, CXmlElement** child, char16_t const* namespaceUri,
+                        XmlElementType ownerType) override;
+};
+
+}  // namespace BxXmlLib5Data

@@ -1,0 +1,222 @@
+#include "BxXmlLib5/binding/CElementInfo.h"
+
+#include "BxXmlLib5/binding/CBxException.h"
+#include "BxXmlLib5/binding/CXmlGeneratedClass.h"
+#include "BxXmlLib5/binding/CXmlSerializationContext.h"
+#include "BxXmlLib5/collections/CElementCol.h"
+#include "BxXmlLib5/document/CXmlElement.h"
+#include "BxXmlLib5/writers/CXmlWriter.h"
+#include "binding/PropertyValues.h"
+#include "collections/FacetChecks.h"
+#include "platform/TextView.h"
+
+namespace BxXmlLib5Data {
+
+namespace {
+
+/// The element name of untyped content that may have any.
+constexpr std::u16string_view kAnyElement = u"AnyElement";
+
+}  // namespace
+
+CElementInfo::CElementInfo(char16_t const* elementName, char16_t const* elementNamespace, int propertyIndex)
+    : m_elementName(TextOf(elementName)),
+      m_namespace(TextOf(elementNamespace)),
+      m_propertyIndex(propertyIndex) {}
+
+CElementInfo::CElementInfo(char16_t const* elementName, char16_t const* elementNamespace, int propertyIndex,
+                           ItemType itemType, char16_t const* format,
+                           CWhitespaceUtils::WhitespaceRule whitespaceRule,
+                           CPrimitiveRestrictions const& restrictions)
+    : m_elementName(TextOf(elementName)),
+      m_namespace(TextOf(elementNamespace)),
+      m_propertyIndex(propertyIndex),
+      m_restrictions(restrictions),
+      m_itemType(itemType),
+      m_format(format),
+      m_whitespaceRule(whitespaceRule),
+      m_isPrimitive(true) {}
+
+CElementInfo::~CElementInfo() = default;
+
+void CElementInfo::PseudoChildAttributeToXml(CXmlSerializationContext const&, CXmlGeneratedClass const*,
+                                             CXmlWriter*) const {}
+
+void CElementInfo::CheckRestriction(BxVariant const& value) const {
+    if (!m_isPrimitive) throw CBxException(u"Cannot CheckRestriction for type: " + value.GetType());
+    CheckRestrictions(m_itemType, m_restrictions, m_elementName.c_str(), value);
+}
+
+bool CElementInfo::IsThisElement(CXmlSerializationContext const& context, CXmlElement const* element) const {
+    return element != nullptr && Equal(element->GetLocalName(), m_elementName) &&
+           (context.GetIgnoreNamespaces() || Equal(element->GetNamespaceURI(), m_namespace));
+}
+
+wstring CElementInfo::GetAnyDefaultNamespace(char16_t const* allowedNamespaces, char16_t const* namespaceUri,
+                                             char16_t const* targetNamespace) {
+    std::u16string_view const allowed = TextOf(allowedNamespaces);
+    if (allowed == u"##any") return wstring(TextOf(namespaceUri));
+    if (allowed == u"##other") return TextOf(namespaceUri).empty() ? u"DefaultNamespace" : u"";
+    if (allowed == u"##targetNamespace") return wstring(TextOf(targetNamespace));
+    std::size_t const blank = allowed.find(u' ');
+    if (blank == allowed.npos || allowed.size() <= 2 || !allowed.starts_with(u"##")) return {};
+    return GetAnyDefaultNamespace(wstring(allowed.substr(0, blank)).c_str(), namespaceUri, targetNamespace);
+}
+
+void CElementInfo::AccessProperty(CXmlGeneratedClass* owner, bool read, BxVariant& value) {
+    owner->AccessProperty(m_propertyIndex, read, value);
+}
+
+void CElementInfo::ReadProperty(CXmlGeneratedClass const* owner, BxVariant& value) const {
+    owner->ReadProperty(m_propertyIndex, value);
+}
+
+CXmlElement* CElementInfo::FromXml_Int(CXmlObjectBase* object, CXmlElement* element, CXmlElement* firstChild,
+                                       CXmlSerializationContext const& context, bool allowEmptyChoice) {
+    return object->FromXml_Int(element, firstChild, context, allowEmptyChoice);
+}
+
+void CElementInfo::AttributesToXml_Int(CXmlObjectBase const* object, CXmlWriter* writer,
+                                       CXmlSerializationContext const& context) {
+    object->AttributesToXml_Int(writer, context);
+}
+
+bool CElementInfo::ElementToXmlCls(CXmlSerializationContext const& context, CXmlGeneratedClass const* owner,
+                                   CXmlWriter* writer, bool allowEmptyChoice) const {
+    BxVariant value;
+    ReadProperty(owner, value);
+    CXmlObjectBase const* const object = ObjectIn(value);
+    if (object == nullptr) return false;
+    object->ToXml_Int(writer, false, m_namespace.c_str(), context, allowEmptyChoice);
+    return true;
+}
+
+bool CElementInfo::ElementToXmlCol(CXmlSerializationContext const& context, CXmlGeneratedClass const* owner,
+                                   CXmlWriter* writer) const {
+    BxVariant value;
+    ReadProperty(owner, value);
+    CXmlCollectionBase& collection = PresentCollectionIn(value);
+    if (collection.GetCount() <= 0) return false;
+    CXmlObjectBase const* const object = collection.GetBase();
+    object->ToXml_Int(writer, false, m_namespace.c_str(), context, false);
+    return true;
+}
+
+bool CElementInfo::ElementToXmlPrim(CXmlSerializationContext const&, CXmlGeneratedClass const* owner,
+                                    CXmlWriter* writer) const {
+    BxVariant value;
+    ReadProperty(owner, value);
+    if (!value.IsValid()) return false;
+    CheckRestriction(value);
+    writer->WriteStartElement(m_elementName, m_namespace);
+    writer->WriteText(value.ToString(m_format));
+    writer->WriteEndElement();
+    return true;
+}
+
+bool CElementInfo::ElementToXmlEnum(CXmlSerializationContext const&, CXmlGeneratedClass const* owner,
+                                    CXmlWriter* writer, EnumToString enumToString) const {
+    BxVariant value;
+    ReadProperty(owner, value);
+    if (!value.IsValid()) return false;
+    writer->WriteStartElement(m_elementName, m_namespace);
+    writer->WriteText(EnumText(enumToString, value, m_elementName));
+    writer->WriteEndElement();
+    return true;
+}
+
+void CElementInfo::PseudoObjectAttributesToXml(CXmlSerializationContext const& context,
+                                               CXmlGeneratedClass const* owner, CXmlWriter* writer) const {
+    BxVariant value;
+    ReadProperty(owner, value);
+    CXmlObjectBase const* const object = ObjectIn(value);
+    if (object != nullptr) AttributesToXml_Int(object, writer, context);
+}
+
+void CElementInfo::PseudoItemsAttributesToXml(CXmlSerializationContext const& context,
+                                              CXmlGeneratedClass const* owner, CXmlWriter* writer) const {
+    BxVariant value;
+    ReadProperty(owner, value);
+    AttributesToXml_Int(&PresentCollectionIn(value), writer, context);
+}
+
+void CElementInfo::ReadPrim(CXmlGeneratedClass* owner, CXmlElement** child) {
+    BxVariant value;
+    value.FromString(wstring((*child)->GetTextView()), m_itemType, m_whitespaceRule);
+    AccessProperty(owner, false, value);
+    *child = (*child)->GetNextSiblingElement();
+}
+
+void CElementInfo::ReadEnum(CXmlGeneratedClass* owner, CXmlElement** child, StringToEnum stringToEnum) {
+    BxVariant value = EnumValue(stringToEnum, (*child)->GetTextView());
+    AccessProperty(owner, false, value);
+    *child = (*child)->GetNextSiblingElement();
+}
+
+void CElementInfo::ReadTag(CXmlObjectBase* object, CXmlElement** child,
+                           CXmlSerializationContext const& context, bool allowEmptyChoice) {
+    FromXml_Int(object, *child, (*child)->GetFirstElement(), context, allowEmptyChoice);
+    *child = (*child)->GetNextSiblingElement();
+}
+
+CXmlElement* CElementInfo::ReadUntyped(CXmlObjectBase* object, CXmlElement* element, CXmlElement* child,
+                                       CXmlSerializationContext const& context) const {
+    if (m_elementName != kAnyElement && child->GetLocalName() != m_elementName) return child;
+    return FromXml_Int(object, element, child, context, false);
+}
+
+CXmlElement* CElementInfo::ReadUntypedRun(CXmlCollectionBase* collection, CXmlElement* element,
+                                          CXmlElement* child, CXmlSerializationContext const& context) const {
+    if (m_elementName == kAnyElement) return FromXml_Int(collection, element, child, context, false);
+    if (child == nullptr) return nullptr;
+    auto* const untyped = dynamic_cast<CElementCol*>(collection);
+    if (untyped == nullptr) {
+        throw CBxException(u"Serialization Data Error : The collection should be a CElementCol, it was not!");
+    }
+    return untyped->FromXmlLockElementName_Int(m_elementName, child->GetNamespaceURI(), element, child,
+                                               context);
+}
+
+CSmartPtr<CXmlObjectBase> CElementInfo::ObjectInPlace(CXmlGeneratedClass const* owner) const {
+    BxVariant value;
+    ReadProperty(owner, value);
+    CXmlObjectBase* const object = ObjectIn(value);
+    if (object == nullptr) ThrowNothingInPlace();
+    return object;
+}
+
+CSmartPtr<CXmlCollectionBase> CElementInfo::CollectionInPlace(CXmlGeneratedClass const* owner) const {
+    BxVariant value;
+    ReadProperty(owner, value);
+    return &PresentCollectionIn(value);
+}
+
+void CElementInfo::ValidateCount(CXmlCollectionBase const& collection,
+                                 CXmlSerializationContext const& context) {
+    if (!context.GetIgnoreInvalidCollectionCounts()) collection.ValidateCount(context);
+}
+
+void CElementInfo::StoreObject(CXmlGeneratedClass* owner, CXmlObjectBase* object) {
+    BxVariant value;
+    value.SetXmlObject(object);
+    AccessProperty(owner, false, value);
+}
+
+CSmartPtr<CXmlObjectBase> CElementInfo::Create(CreateByClass createByClass, int classId) const {
+    return createByClass(classId, m_elementName.c_str());
+}
+
+CSmartPtr<CXmlObjectBase> CElementInfo::CreateUntyped(wstring const& allowedNamespaces,
+                                                      char16_t const* namespaceUri,
+                                                      wstring const& targetNamespace) const {
+    wstring const ns =
+        GetAnyDefaultNamespace(allowedNamespaces.c_str(), namespaceUri, targetNamespace.c_str());
+    return CSmartPtr<CElement>(
+        new CElement(m_elementName.c_str(), ns.c_str(), allowedNamespaces.c_str(), targetNamespace.c_str()));
+}
+
+void CElementInfo::ThrowIsNeverValidated() {
+    throw CBxException(u"Not implemented, should never be called");
+}
+
+}  // namespace BxXmlLib5Data

@@ -1,0 +1,123 @@
+#include "BxXmlLib5/binding/CElementInfoAll.h"
+
+#include "BxXmlLib5/binding/CBxException.h"
+#include "BxXmlLib5/binding/CXmlGeneratedClass.h"
+#include "BxXmlLib5/binding/FormatString.h"
+#include "BxXmlLib5/collections/CXmlCollectionBase.h"
+#include "BxXmlLib5/document/CXmlElement.h"
+
+namespace BxXmlLib5Data {
+
+bool CElementInfoAll::Missing(bool isElement) const {
+    if (!isElement) return false;
+    throw CBxValidationException(
+        FormatString(u"Failed to find the mandatory element [%s]", m_elementName.c_str()));
+}
+
+void CElementInfoAll::ThrowCannotRead() {
+    throw CBxException(
+        u"AllAbsClsMndElm.ProcessXml, has not been implemented fully, contact the vendor's support");
+}
+
+CElementInfoAllNonCol::CElementInfoAllNonCol(char16_t const* elementName, char16_t const* elementNamespace,
+                                             int propertyIndex)
+    : CElementInfoAll(elementName, elementNamespace, propertyIndex) {}
+
+bool CElementInfoAllRequired::Validate(CXmlSerializationContext const&, CXmlGeneratedClass const*, bool found,
+                                       bool isElement) const {
+    return found || Missing(isElement);
+}
+
+bool CElementInfoAllOptional::Validate(CXmlSerializationContext const&, CXmlGeneratedClass const*, bool,
+                                       bool) const {
+    return true;
+}
+
+CElementInfoAllCol::CElementInfoAllCol(char16_t const* elementName, char16_t const* elementNamespace,
+                                       int propertyIndex)
+    : CElementInfoAll(elementName, elementNamespace, propertyIndex) {}
+
+bool CElementInfoAllCol::ElementToXml(CXmlSerializationContext const& context,
+                                      CXmlGeneratedClass const* owner, CXmlWriter* writer) const {
+    return ElementToXmlCol(context, owner, writer);
+}
+
+bool CElementInfoAllCol::ElementFromXml(CXmlSerializationContext const& context, CXmlGeneratedClass* owner,
+                                        CXmlElement* element, CXmlElement** child, char16_t const*,
+                                        XmlElementType) {
+    *child = FromXml_Int(CollectionInPlace(owner), element, *child, context, false);
+    return false;
+}
+
+bool CElementInfoAllCol::Validate(CXmlSerializationContext const& context, CXmlGeneratedClass const* owner,
+                                  bool, bool) const {
+    ValidateCount(*CollectionInPlace(owner), context);
+    return true;
+}
+
+bool CElementInfoAllClsMnd::ElementFromXml(CXmlSerializationContext const& context, CXmlGeneratedClass* owner,
+                                           CXmlElement* element, CXmlElement** child, char16_t const*,
+                                           XmlElementType) {
+    CXmlElement* const first = *child;
+    if (m_elementType != et_Element) {
+        *child = FromXml_Int(ObjectInPlace(owner), element, first, context, false);
+    } else if (IsThisElement(context, first)) {
+        ReadTag(ObjectInPlace(owner), child, context);
+    }
+    return *child != first;
+}
+
+bool CElementInfoAllClsMnd::Validate(CXmlSerializationContext const&, CXmlGeneratedClass const*, bool found,
+                                     bool isElement) const {
+    bool const mayBeMissing = isElement && m_elementType != et_PseudoElement && !m_mustConsume;
+    return found || mayBeMissing || Missing(isElement);
+}
+
+bool CElementInfoAllClsOpt::ElementFromXml(CXmlSerializationContext const& context, CXmlGeneratedClass* owner,
+                                           CXmlElement* element, CXmlElement** child, char16_t const*,
+                                           XmlElementType) {
+    bool const isPseudo = m_elementType != et_Element;
+    if (isPseudo ? *child == nullptr : !IsThisElement(context, *child)) return false;
+    CSmartPtr<CXmlObjectBase> const object = Create();
+    if (!object) return false;
+    CXmlElement* const first = *child;
+    if (isPseudo) {
+        *child = FromXml_Int(object, element, first, context, false);
+        if (*child == first) return false;
+    } else {
+        ReadTag(object, child, context);
+    }
+    StoreObject(owner, object);
+    return true;
+}
+
+CElementInfoAllAbsClsMnd::CElementInfoAllAbsClsMnd(char16_t const* elementName,
+                                                   char16_t const* elementNamespace, int propertyIndex,
+                                                   XmlElementType elementType,
+                                                   CreateFromElement createFromElement, int classId)
+    : AllAbsClsEntry(elementName, elementNamespace, propertyIndex, elementType, createFromElement),
+      m_classId(classId) {}
+
+bool CElementInfoAllUntpdMnd::ElementFromXml(CXmlSerializationContext const& context,
+                                             CXmlGeneratedClass* owner, CXmlElement* element,
+                                             CXmlElement** child, char16_t const*, XmlElementType) {
+    CXmlElement* const first = *child;
+    if (first == nullptr) return false;
+    *child = ReadUntyped(ObjectInPlace(owner), element, first, context);
+    return *child != first;
+}
+
+bool CElementInfoAllUntpdOpt::ElementFromXml(CXmlSerializationContext const& context,
+                                             CXmlGeneratedClass* owner, CXmlElement* element,
+                                             CXmlElement** child, char16_t const* namespaceUri,
+                                             XmlElementType) {
+    CXmlElement* const first = *child;
+    if (first == nullptr) return false;
+    CSmartPtr<CXmlObjectBase> const object = Create(namespaceUri);
+    *child = ReadUntyped(object, element, first, context);
+    if (*child == first) return false;
+    StoreObject(owner, object);
+    return true;
+}
+
+}  // namespace BxXmlLib5Data

@@ -1,0 +1,72 @@
+#include "BxXmlLib5/binding/CXmlGeneratedClass.h"
+
+#include <algorithm>
+#include <iterator>
+#include <typeinfo>
+
+#include "BxXmlLib5/binding/CAttributeInfo.h"
+#include "BxXmlLib5/binding/CBxException.h"
+#include "BxXmlLib5/binding/CElementInfo.h"
+#include "BxXmlLib5/binding/CElementInfoChoice.h"
+#include "BxXmlLib5/binding/CXmlSerializationContext.h"
+#include "BxXmlLib5/collections/CXmlCollectionBase.h"
+#include "binding/PropertyValues.h"
+#include "platform/TextView.h"
+
+namespace BxXmlLib5 {
+
+using namespace BxXmlLib5Data;
+
+CXmlGeneratedClass::CXmlGeneratedClass() = default;
+CXmlGeneratedClass::CXmlGeneratedClass(CXmlGeneratedClass const& other) = default;
+CXmlGeneratedClass& CXmlGeneratedClass::operator=(CXmlGeneratedClass const& other) = default;
+CXmlGeneratedClass::~CXmlGeneratedClass() = default;
+
+void CXmlGeneratedClass::ReadProperty(int propertyIndex, BxVariant& value) const {
+    const_cast<CXmlGeneratedClass*>(this)->AccessProperty(propertyIndex, true, value);
+}
+
+bool CXmlGeneratedClass::IsElementInList(CXmlSerializationContext const& context,
+                                         CXmlElement* element) const {
+    for (CElementInfo** entry = GetClassElementInfo(); *entry != nullptr; ++entry) {
+        if ((*entry)->IsThisElement(context, element)) return true;
+    }
+    return false;
+}
+
+bool CXmlGeneratedClass::DoesElementContainOptionalElementCollections() const {
+    for (CElementInfo** entry = GetClassElementInfo(); *entry != nullptr; ++entry) {
+        std::type_info const& type = typeid(**entry);
+        if (type != typeid(CElementInfoChoicePrimCol) && type != typeid(CElementInfoChoiceClsCol) &&
+            type != typeid(CElementInfoChoiceAbsClsCol) && type != typeid(CElementInfoChoiceEnumCol) &&
+            type != typeid(CElementInfoChoiceUntpdCol)) {
+            continue;
+        }
+        BxVariant value;
+        ReadProperty((*entry)->GetPropertyIndex(), value);
+        if (PresentCollectionIn(value).GetMinOccurs() == 0) return true;
+    }
+    return false;
+}
+
+namespace {
+
+template <class Entry>
+void DeleteTable(Entry**& table) {
+    if (table == nullptr) return;
+    for (Entry** entry = table; *entry != nullptr; ++entry) delete *entry;
+    delete[] table;
+    table = nullptr;
+}
+
+}  // namespace
+
+void CXmlGeneratedClass::CleanMetaData(CParentElementInfo*& parent, CElementInfo**& elements,
+                                       CAttributeInfo**& attributes) {
+    delete parent;
+    parent = nullptr;
+    DeleteTable(elements);
+    DeleteTable(attributes);
+}
+
+}  // namespace BxXmlLib5

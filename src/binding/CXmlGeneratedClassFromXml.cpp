@@ -1,0 +1,177 @@
+// How generated classes are read.
+
+#include <cstdint>
+#include <vector>
+
+#include "BxXmlLib5/binding/CAttributeInfo.h"
+#include "BxXmlLib5/binding/CBxException.h"
+#include "BxXmlLib5/binding/CElementInfo.h"
+#include "BxXmlLib5/binding/CXmlGeneratedClass.h"
+#include "BxXmlLib5/binding/CXmlSerializationContext.h"
+#include "BxXmlLib5/binding/FormatString.h"
+#include "BxXmlLib5/document/CXmlElement.h"
+#include "BxXmlLib5/values/BxVariant.h"
+
+namespace BxXmlLib5 {
+
+using namespace BxXmlLib5Data;
+
+namespace {
+
+/// A flag for each entry of a table. Few tables have more entries than the flags that need no allocation.
+class CEntryFlags {
+public:
+    bool Get(std::size_t index) const {
+        return index < kInPlace ? (m_first >> index & 1) != 0
+                                : index - kInPlace < m_more.size() && m_more[index - kInPlace];
+    }
+
+    void Set(std::size_t index) {
+        if (index < kInPlace) {
+            m_first |= std::uint64_t{1} << index;
+            return;
+        }
+        if (m_more.size() <= index - kInPlace) m_more.resize(index - kInPlace + 1);
+        m_more[index - kInPlace] = true;
+    }
+
+private:
+    static constexpr std::size_t kInPlace = 64;
+
+    std::uint64_t m_first = 0;
+    std::vector<bool> m_more;
+};
+
+/// @return child
+/// @throws CBxValidationException if a child is left over that nothing excuses
+CXmlElement* EndOfElement(CXmlElement const* element, CXmlElement* child,
+                          CXmlSerializationContext const& context) {
+    if (child == nullptr || context.GetIgnoreUnknownElements()) return child;
+    throw CBxValidationException(FormatString(
+        u"Failed read all the elements held within the element [%s]. The unexpected element [%s] remains un processed",
+        element->GetLocalName().c_str(), child->GetLocalName().c_str()));
+}
+
+[[noreturn]] void ThrowEmptyChoice(CXmlElement const* element) {
+    throw CBxValidationException(FormatString(
+        u"No child elements within the element [%s] were populated. The element represents a choice, so one and only one element should be populated. The element contained no sutable child elements",
+        element->GetLocalName().c_str()));
+}
+
+}  // namespace
+
+CXmlElement* CXmlGeneratedClass::FromXml_Int(CXmlElement* element, CXmlElement* firstChild,
+                                             CXmlSerializationContext const& context, bool allowEmptyChoice) {
+    CParentElementInfo const& info = *GetClassInfo();
+    ResetContent();
+    if (info.m_elementType == et_Element) m_elementName = element->GetLocalName();
+    ProcessAttributesFromXml(context, element, info.m_failIfAttributeUnknown);
+    CXmlElement* next = nullptr;
+    switch (info.m_groupType) {
+        case egt_Sequence:
+            next = ProcessElementSeqFromXml(context, element, firstChild, info.m_elementType);
+            break;
+        case egt_Choice:
+            next = ProcessElementChoiceFromXml(context, element, firstChild, info.m_elementType,
+                                               allowEmptyChoice);
+            break;
+        case egt_All:
+            next = ProcessElementAllFromXml(context, element, firstChild, info.m_elementType);
+            break;
+        default:
+            throw CBxException(u"Unknow Group Type");
+    }
+    if (info.m_textPropertyIndex != -1) {
+        BxVariant text;
+        text.SetString(wstring(element->GetTextView()));
+        AccessProperty(info.m_textPropertyIndex, false, text);
+    }
+    return next;
+}
+
+void CXmlGeneratedClass::ProcessAttributesFromXml(CXmlSerializationContext const& context,
+                                                  CXmlElement* element, bool failIfUnknown) {
+    CAttributeInfo** const entries = GetClassAttributeInfo();
+    CEntryFlags found;
+    for (CXmlAttribute* const attribute : element->GetAttributes()) {
+        if (attribute->IsNamespaceAttribute()) continue;
+        std::size_t i = 0;
+        while (entries[i] != nullptr && !entries[i]->AttributeFromXml(context, this, attribute)) ++i;
+        if (entries[i] != nullptr) {
+            found.Set(i);
+        } else if (failIfUnknown && !context.GetIgnoreUnknownAttributes()) {
+            throw CBxValidationException(
+                FormatString(u"Unexpected Attribute [%s] found.", attribute->GetLocalName().c_str()));
+        }
+    }
+    for (std::size_t i = 0; entries[i] != nullptr; ++i) entries[i]->Validate(context, found.Get(i));
+}
+
+CXmlElement* CXmlGeneratedClass::ProcessElementSeqFromXml(CXmlSerializationContext const& context,
+                                                          CXmlElement* element, CXmlElement* child,
+                                                          XmlElementType elementType) {
+    CXmlElement* const start = child;
+    wstring const ns = GetNamespace();
+    CElementInfo** entry = GetClassElementInfo();
+    while (*entry != nullptr) {
+        if ((*entry)->ElementFromXml(context, this, element, &child, ns.c_str(), elementType)) {
+            ++entry;
+        } else if (!context.GetIgnoreUnknownElements() || child == nullptr) {
+            return start;
+        } else {
+            child = child->GetNextSiblingElement();
+        }
+    }
+    return elementType == et_Element ? EndOfElement(element, child, context) : child;
+}
+
+CXmlElement* CXmlGeneratedClass::ProcessElementChoiceFromXml(CXmlSerializationContext const& context,
+                                                             CXmlElement* element, CXmlElement* child,
+                                                             XmlElementType elementType,
+                                                             bool allowEmptyChoice) {
+    CXmlElement* const start = child;
+    wstring const ns = GetNamespace();
+    bool const isElement = elementType == et_Element;
+    bool found = false;
+    for (;;) {
+        CElementInfo** entry = GetClassElementInfo();
+        while (!found && *entry != nullptr) {
+            found = (*entry++)->ElementFromXml(context, this, element, &child, ns.c_str(), elementType);
+        }
+        if (found || !isElement || !context.GetIgnoreUnknownElements() || child == nullptr) break;
+        child = child->GetNextSiblingElement();
+        if (child == nullptr) break;
+    }
+    if (!isElement) return found || allowEmptyChoice ? child : start;
+    if (!found && !allowEmptyChoice && !DoesElementContainOptionalElementCollections() &&
+        !context.GetIgnoreMissingChoice()) {
+        ThrowEmptyChoice(element);
+    }
+    return EndOfElement(element, child, context);
+}
+
+CXmlElement* CXmlGeneratedClass::ProcessElementAllFromXml(CXmlSerializationContext const& context,
+                                                          CXmlElement* element, CXmlElement* child,
+                                                          XmlElementType elementType) {
+    CXmlElement* const start = child;
+    wstring const ns = GetNamespace();
+    CElementInfo** const entries = GetClassElementInfo();
+    bool const isElement = elementType == et_Element;
+    CEntryFlags found;
+    CXmlElement const* before = nullptr;
+    while (child != nullptr && child != before) {
+        before = child;
+        for (std::size_t i = 0; entries[i] != nullptr; ++i) {
+            if (!found.Get(i) &&
+                entries[i]->ElementFromXml(context, this, element, &child, ns.c_str(), elementType)) {
+                found.Set(i);
+            }
+        }
+    }
+    for (std::size_t i = 0; entries[i] != nullptr; ++i) {
+        if (!entries[i]->Validate(context, this, found.Get(i), isElement)) return start;
+    }
+    return isElement ? EndOfElement(element, child, context) : child;
+}
+
+}  // namespace BxXmlLib5
