@@ -58,7 +58,7 @@ TEST(AttributeInfo, HandsTheTargetNamespaceToAWildcard) {
     object.m_target = u"target";
     t_log.clear();
     Written(object);
-    EXPECT_EQ(t_log, "[target]");
+    EXPECT_EQ(t_log, "[target]#");
 }
 
 }  // namespace

@@ -1,5 +1,7 @@
 #include "BxXmlLib5/binding/CElementInfo.h"
 
+#include <array>
+
 #include "binding/TestBinding.h"
 
 using namespace BxTest;
@@ -97,13 +99,13 @@ TEST(ElementInfo, ReadsByClassAndOwner) {
         {"s(Ae?)", "<e><x>1</x></e>", "nnnn", "1b new (e){x=}e=", "1b", "1.", "1b", "1b"},
         {"s(Ue?)", "<e/>", "nnnn", "1b e=", "1b", "1.", "1b", "1b"},
         {"s(U_?)", "<e/>", "nnnn", "1b _=", "1. _=", "1.", "1. _=", "1c _="},
-        {"s(Pe*)", "<e/><e/>", "nnnn", "1b {=}{=}", "1b", "1.", "1b", "1b"},
-        {"s(Ee*)", "<e/>", "nnnn", "1b {=}", "1b", "1.", "1b", "1b"},
-        {"s(Be*)", "<e/>", "nnnn", "1b {=}", "1b", "1.", "1b", "1b"},
-        {"s(Ce*s())", "<e/>", "nnnn", "1b {}", "1b", "1.", "1b", "1b"},
-        {"s(Ce*~s(Px!))", "<x>1</x><x>2</x>", "nnnn", "1b {x=}{x=}{}", "1b {}", "1.", "1b {}",
-         "1d {x=}{x=}{}"},
-        {"s(Ae*)", "<e/>", "nnnn", "1b new (e){}", "1b", "1.", "1b", "1b"},
+        {"s(Pe*)", "<e/><e/>", "nnnn", "1b {=}{=}#", "1b #", "1. #", "1b #", "1b #"},
+        {"s(Ee*)", "<e/>", "nnnn", "1b {=}#", "1b #", "1. #", "1b #", "1b #"},
+        {"s(Be*)", "<e/>", "nnnn", "1b {=}#", "1b #", "1. #", "1b #", "1b #"},
+        {"s(Ce*s())", "<e/>", "nnnn", "1b {}#", "1b #", "1. #", "1b #", "1b #"},
+        {"s(Ce*~s(Px!))", "<x>1</x><x>2</x>", "nnnn", "1b {x=}{x=}{}#", "1b {}#", "1. #", "1b {}#",
+         "1d {x=}{x=}{}#"},
+        {"s(Ae*)", "<e/>", "nnnn", "1b new (e){}#", "1b #", "1. #", "1b #", "1b #"},
         {"s(Ue*)", "<e/>", "nnnn", "1b", "1b", "1.", "1b", "1b"},
         {"s(U_*)", "<e/>", "nnnn", "1.", "1.", "1.", "1.", "1."},
         {"a(Pe!)", "<e>1</e>", "1m10", "1b e=", "0b", "0.", "0b", "0b"},
@@ -137,11 +139,11 @@ TEST(ElementInfo, ReadsByClassAndOwner) {
         {"c(Ae?)", "<e><x>1</x></e>", "nnnn", "1b new (e)e={x=}", "0b", "0.", "0b", "0b"},
         {"c(Ue?)", "<e/>", "nnnn", "1b e=", "0b e=0", "0.", "0b e=0", "0b e=0"},
         {"c(U_?)", "<e/>", "nnnn", "1b _=", "1. _=", "0.", "1. _=", "1c _="},
-        {"c(Pe*)", "<e/><e/>", "nnnn", "1b {=}{=}", "0b", "0.", "0b", "0b"},
-        {"c(Ee*)", "<e/>", "nnnn", "1b {=}", "0b", "0.", "0b", "0b"},
-        {"c(Be*)", "<e/>", "nnnn", "1b {=}", "0b", "0.", "0b", "0b"},
-        {"c(Ce*s())", "<e/>", "nnnn", "1b {}", "0b", "0.", "0b", "0b"},
-        {"c(Ae*)", "<e/>", "nnnn", "1b new (e){}", "0b", "0.", "0b", "0b"},
+        {"c(Pe*)", "<e/><e/>", "nnnn", "1b {=}{=}#", "0b", "0.", "0b", "0b"},
+        {"c(Ee*)", "<e/>", "nnnn", "1b {=}#", "0b", "0.", "0b", "0b"},
+        {"c(Be*)", "<e/>", "nnnn", "1b {=}#", "0b", "0.", "0b", "0b"},
+        {"c(Ce*s())", "<e/>", "nnnn", "1b {}#", "0b", "0.", "0b", "0b"},
+        {"c(Ae*)", "<e/>", "nnnn", "1b new (e){}#", "0b", "0.", "0b", "0b"},
         {"c(Ue*)", "<e/>", "nnnn", "1b", "0b", "0.", "0b", "0b"},
         {"c(U_*)", "<e/>", "nnnn", "1.", "1.", "0.", "1.", "1."},
     };
@@ -178,25 +180,20 @@ TEST(ElementInfo, ReadsByFactoriesNamespacesAndCounts) {
         {"s(U_![##local|])", "", "<b xmlns='u'/>", "!not-from |0b"},
         {"s(U_?[##local|])", "", "<b xmlns='u'/>", "1b"},
         {"s(U_?[##other|t])", "", "<b xmlns='t'/>", "1b"},
-        {"s(U_?[##other|t])", "", "<b xmlns='u'/>", "1. _="},
         {"s(Ue?[##other|])", "", "<b/>", "!namespace  ##other "},
-        {"a(U_![##local|])", "", "<b xmlns='u'/>", "0b"},
         {"a(Ue?[##other|])", "", "<b/>", "!namespace  ##other "},
         {"c(U_?[##local|])", "", "<b xmlns='u'/>", "0b _=0"},
         {"c(Ue?[##other|])", "", "<b/>", "!namespace  ##other "},
         {"s(Pe*1-2)", "", "<b/>", "!too-few e 1"},
-        {"s(Pe*1-2)", "", "", "!too-few e 1"},
         {"s(Pe*1-2)", "#", "", "1."},
         {"s(Pe*1-2)", "", "<e/><e/><e/>", "!too-many e 2"},
         {"s(U_*1-2)", "", "<e/><b/><c/>", "!too-many  2"},
         {"s(Ue*1-2)", "", "<b/>", "!too-few  1"},
         {"s(Ue*1-2)", "", "", "!too-few  1"},
-        {"s(Ue*1-2)", "#", "<b/>", "1b"},
         {"s(Ue*)", "", "<e xmlns='u'/><e xmlns='v'/>", "1e"},
         {"a(Pe*2-3)", "", "<e/>", "0. {=}"},
         {"c(Pe*2-3)", "", "<e/>", "!too-few e 2"},
         {"c(Pe*2-3)", "#", "<e/>", "1. {=}"},
-        {"c(Pe*2-3)", "", "<b/>", "0b"},
         {"c(Ue*2-3)", "", "<e/><b/>", "!too-few  2"},
     };
     for (auto const& row : rows) ExpectAnswer(row.m_field, row.m_settings, row.m_document, row.m_answer);
@@ -274,7 +271,7 @@ TEST(ElementInfo, HandsOnHowToWrite) {
     object.ToXml_Int(&writer, true, u"", Settings(), true);
     EXPECT_EQ(writer.m_calls,
               "start [r] []\nstart [A] [n]\nend\nstart [b] [n]\nend\nstart [other] [n]\nend\nend\n");
-    EXPECT_EQ(t_log, "[n]");
+    EXPECT_EQ(t_log, "[n]#");
 }
 
 TEST(ElementInfo, RefusesBadValues) {
@@ -342,27 +339,25 @@ TEST(ElementInfo, MeetsOwnersThatBreakTheContract) {
 }
 
 TEST(ElementInfo, PicksTheNamespaceOfUntypedContent) {
-    struct {
-        char16_t const *m_allowed, *m_namespace, *m_target, *m_expected;
-    } const rows[] = {
-        {u"##any", u"n", u"t", u"n"},
-        {u"##other", u"n", u"t", u""},
-        {u"##other", u"", u"t", u"DefaultNamespace"},
-        {u"##other", nullptr, u"t", u"DefaultNamespace"},
-        {u"##local", u"n", u"t", u""},
-        {u"##targetNamespace", u"n", u"t", u"t"},
-        {u"##targetNamespace", u"n", nullptr, u""},
-        {u"##targetNamespace u", u"n", u"t", u"t"},
-        {u"##any ##local", u"n", u"t", u"n"},
-        {u"##local ##any", u"n", u"t", u""},
-        {u"##other u v", u"", u"t", u"DefaultNamespace"},
-        {u"u ##any", u"n", u"t", u""},
-        {u"## ##any", u"n", u"t", u""},
-        {nullptr, u"n", u"t", u""},
-    };
-    for (auto const& row : rows) {
-        EXPECT_EQ(Entry::GetAnyDefaultNamespace(row.m_allowed, row.m_namespace, row.m_target), row.m_expected)
-            << ToUtf8(row.m_allowed == nullptr ? u"null" : row.m_allowed);
+    // What is allowed, the namespace of the owner, the target, what is picked.
+    std::array<char16_t const*, 4> const rows[] = {{u"##any", u"n", u"t", u"n"},
+                                                   {u"##other", u"n", u"t", u""},
+                                                   {u"##other", u"", u"t", u"DefaultNamespace"},
+                                                   {u"##other", nullptr, u"t", u"DefaultNamespace"},
+                                                   {u"##local", u"n", u"t", u""},
+                                                   {u"##targetNamespace", u"n", u"t", u"t"},
+                                                   {u"##targetNamespace", u"n", nullptr, u""},
+                                                   {u"##targetNamespace u", u"n", u"t", u"t"},
+                                                   {u"##any ##local", u"n", u"t", u"n"},
+                                                   {u"##local ##any", u"n", u"t", u""},
+                                                   {u"##other u v", u"", u"t", u"DefaultNamespace"},
+                                                   {u"u ##any", u"n", u"t", u""},
+                                                   {u"## ##any", u"n", u"t", u""},
+                                                   {u" ##any", u"n", u"t", u""},
+                                                   {nullptr, u"n", u"t", u""}};
+    for (auto const& [allowed, ns, target, expected] : rows) {
+        EXPECT_EQ(Entry::GetAnyDefaultNamespace(allowed, ns, target), expected)
+            << ToUtf8(allowed == nullptr ? u"null" : allowed);
     }
 }
 

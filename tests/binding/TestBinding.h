@@ -28,7 +28,8 @@ using namespace BxXmlLib5Data;
 struct TestClass;
 
 /// What the objects note on this thread: x= for a value stored in x, x=0 for a null, {} for the read of an
-/// object, new T(x) for the call of a factory, [n] for the write of a collection in a namespace.
+/// object, new T(x) for the call of a factory, [n] for the write of a collection in a namespace, # for
+/// the test of its count.
 inline thread_local std::string t_log;
 
 /// A property: an element, an attribute or the text.
@@ -117,6 +118,11 @@ public:
                          field.m_maxOccurs),
           m_field(field) {}
     using CXmlCollection::AppendItem;
+
+    void ValidateCount(CXmlSerializationContext const& context) const override {
+        t_log += "#";
+        CXmlCollection::ValidateCount(context);
+    }
 
 protected:
     void ToXml_Int(CXmlWriter* writer, bool isRoot, char16_t const* namespaceUri,
@@ -230,21 +236,20 @@ inline BxVariant TestObject::Initial(Field const& field) {
 inline CXmlElement* TestCol::FromXml_Int(CXmlElement* element, CXmlElement* child,
                                          CXmlSerializationContext const& context, bool) {
     static TestClass const& s_text = Class("s(#)");
-    bool const isPseudo = m_field.m_elementType == et_PseudoElement;
-    wstring const ns = NamespaceOf(m_field.m_name);
-    while (child != nullptr) {
-        if (!isPseudo && !DoesElementNameMatch(context, child, m_field.m_name.c_str(), ns.c_str())) break;
-        CSmartPtr<CXmlObjectBase> item;
-        if (m_field.m_kind == 'A') {
-            item = Factory::FromElement(child);
-        } else {
-            item = new TestObject(m_field.m_class == nullptr ? s_text : *m_field.m_class);
-        }
+    bool const hasTag = m_field.m_elementType == et_Element;
+    wstring const& name = m_field.m_name;
+    while (child != nullptr &&
+           (!hasTag || DoesElementNameMatch(context, child, name.c_str(), NamespaceOf(name).c_str()))) {
+        TestClass const& type = m_field.m_class == nullptr ? s_text : *m_field.m_class;
+        auto const item = m_field.m_kind == 'A' ? Factory::FromElement(child)
+                                                : CSmartPtr<CXmlObjectBase>(new TestObject(type));
         if (!item) break;
-        CXmlElement* const next = CXmlObjectBase::FromXml_Int(
-            item, isPseudo ? element : child, isPseudo ? child : child->GetFirstElement(), context);
-        if (isPseudo && next == child) break;
-        child = isPseudo ? next : child->GetNextSiblingElement();
+        CXmlElement* const next =
+            hasTag ? (CXmlObjectBase::FromXml_Int(item, child, child->GetFirstElement(), context),
+                      child->GetNextSiblingElement())
+                   : CXmlObjectBase::FromXml_Int(item, element, child, context);
+        if (next == child) break;
+        child = next;
         AppendItem(item);
     }
     return child;
@@ -484,25 +489,23 @@ inline CXmlSerializationContext Settings(std::string_view letters = "") {
 /// The failures that the tables name, by "!name argument argument".
 inline std::string Failure(std::string text) {
     static std::map<std::string, std::string> const s_texts = {
-        {"missing", "CBxValidationException: Failed to find a required element [%]"},
-        {"missing-in-all", "CBxValidationException: Failed to find the mandatory element [%]"},
-        {"no-substitute", "CBxValidationException: Failed to find a suitable substitution element for [%]"},
-        {"not-from", "CBxValidationException: Failed to find the required element from namespace [%]"},
+        {"missing", "Failed to find a required element [%]"},
+        {"missing-in-all", "Failed to find the mandatory element [%]"},
+        {"no-substitute", "Failed to find a suitable substitution element for [%]"},
+        {"not-from", "Failed to find the required element from namespace [%]"},
         {"left-over",
-         "CBxValidationException: Failed read all the elements held within the element [%]. The unexpected element [%] remains un processed"},
+         "Failed read all the elements held within the element [%]. The unexpected element [%] remains un processed"},
         {"empty-choice",
-         "CBxValidationException: No child elements within the element [%] were populated. The element represents a choice, so one and only one element should be populated. The element contained no sutable child elements"},
+         "No child elements within the element [%] were populated. The element represents a choice, so one and only one element should be populated. The element contained no sutable child elements"},
         {"nothing-set",
-         "CBxValidationException: This element is a choice, and as such must have at one (and only one) valid item, currently there are none set"},
-        {"too-few",
-         "CBxValidationException: The Minimum number of [%] elements allowed in this collection is %"},
-        {"too-many",
-         "CBxValidationException: The Maximum number of [%] elements allowed in this collection is %"},
+         "This element is a choice, and as such must have at one (and only one) valid item, currently there are none set"},
+        {"too-few", "The Minimum number of [%] elements allowed in this collection is %"},
+        {"too-many", "The Maximum number of [%] elements allowed in this collection is %"},
         {"unreadable",
          "CBxException: AllAbsClsMndElm.ProcessXml, has not been implemented fully, contact the vendor's support"},
         {"never", "CBxException: Not implemented, should never be called"},
-        {"no-attribute", "CBxValidationException: Failed to find the required Attribute [%]"},
-        {"unexpected", "CBxValidationException: Unexpected Attribute [%] found."},
+        {"no-attribute", "Failed to find the required Attribute [%]"},
+        {"unexpected", "Unexpected Attribute [%] found."},
         {"namespace",
          "CBxInvalidNamespaceException: Invalid namespace [%]. The namespace must be one of [%] where the target namespace is [%]"},
         {"no-double", "CBxInvalidValueException: The value [%] can not be converted to a r8"},
@@ -519,6 +522,7 @@ inline std::string Failure(std::string text) {
     if (!text.starts_with("!")) return text;
     char const* at = text.c_str() + 1;
     std::string result = s_texts.at(ToUtf8(TakeUntil(at, " ")));
+    if (!result.starts_with("CBx")) result = "CBxValidationException: " + result;
     for (std::size_t hole = 0; (hole = result.find('%', hole)) != result.npos;) {
         Take(at, ' ');
         result.replace(hole, 1, ToUtf8(TakeUntil(at, " ")));
