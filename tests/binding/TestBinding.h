@@ -300,8 +300,8 @@ inline int TextToEnum(char16_t const* text) {
 template <class Entry, class... More>
 Entry* New(Field const& field, More const&... more) {
     wstring const name = field.m_name == u"_" ? u"AnyElement" : field.m_name;
-    auto const original = std::make_unique<Entry>(
-        name.c_str(), NamespaceOf(name == u"AnyElement" ? u"" : name).c_str(), field.m_index, more...);
+    auto const original =
+        std::make_unique<Entry>(name.c_str(), NamespaceOf(field.m_name).c_str(), field.m_index, more...);
     auto copy = std::make_unique<Entry>(*original);
     *copy = *original;
     return copy.release();
