@@ -235,14 +235,12 @@ inline BxVariant TestObject::Initial(Field const& field) {
 
 inline CXmlElement* TestCol::FromXml_Int(CXmlElement* element, CXmlElement* child,
                                          CXmlSerializationContext const& context, bool) {
-    static TestClass const& s_text = Class("s(#)");
     bool const hasTag = m_field.m_elementType == et_Element;
     wstring const& name = m_field.m_name;
     while (child != nullptr &&
            (!hasTag || DoesElementNameMatch(context, child, name.c_str(), NamespaceOf(name).c_str()))) {
-        TestClass const& type = m_field.m_class == nullptr ? s_text : *m_field.m_class;
         auto const item = m_field.m_kind == 'A' ? Factory::FromElement(child)
-                                                : CSmartPtr<CXmlObjectBase>(new TestObject(type));
+                                                : CSmartPtr<CXmlObjectBase>(new TestObject(*m_field.m_class));
         if (!item) break;
         CXmlElement* const next =
             hasTag ? (CXmlObjectBase::FromXml_Int(item, child, child->GetFirstElement(), context),
@@ -429,6 +427,7 @@ inline Field TestClass::NextField(char const*& at, int id) {
         field.m_target = TakeUntil(++at, "]");
         ++at;
     }
+    if (field.m_occurrence == '*') field.m_class = &Class("s(#)");
     if (field.m_kind != 'A' && field.m_kind != 'C') return field;
     if (*at == '~') field.m_elementType = et_PseudoElement;
     if (field.m_kind == 'A' || at[1] == '0') Take(at, '~');
