@@ -241,15 +241,16 @@ TEST(EntryPoints, FailuresOfReading) {
         {"<a>\n</b>", "CBxException: mismatched tag at line 2"},
         {"<bad/>", "CBxInvalidValueException: no value"},
     };
-    for (auto const& [octets, thrown] : rows) {
+    for (auto const& row : rows) {
         Echo object;
-        auto const* const data = reinterpret_cast<unsigned char const*>(octets.data());
+        auto const* const data = reinterpret_cast<unsigned char const*>(row.m_octets.data());
+        std::size_t const size = row.m_octets.size();
         CBinaryData copy;
-        copy.SetBuffer(data, octets.size());
-        wstring const path = FromUtf8(folder.Write("file", octets));
-        EXPECT_EQ(Thrown([&] { object.FromXmlStream(data, octets.size(), kContext); }), thrown);
-        EXPECT_EQ(Thrown([&] { object.FromXmlStream(copy, kContext); }), thrown);
-        EXPECT_EQ(Thrown([&] { object.FromXmlFile(path.c_str(), kContext); }), thrown);
+        copy.SetBuffer(data, size);
+        wstring const path = FromUtf8(folder.Write("file", row.m_octets));
+        EXPECT_EQ(Thrown([&] { object.FromXmlStream(data, size, kContext); }), row.m_thrown);
+        EXPECT_EQ(Thrown([&] { object.FromXmlStream(copy, kContext); }), row.m_thrown);
+        EXPECT_EQ(Thrown([&] { object.FromXmlFile(path.c_str(), kContext); }), row.m_thrown);
         EXPECT_EQ(object.m_read, "unread");
     }
     Echo object;
