@@ -1,4 +1,6 @@
-// The entry points of CXmlObjectBase that write a document.
+// The entry points of CXmlObjectBase that write XML text.
+
+#include "writers/ObjectOutput.h"
 
 #include "BxXmlLib5/binding/CBxException.h"
 #include "BxXmlLib5/binding/CXmlObjectBase.h"
@@ -9,14 +11,10 @@
 
 namespace BxXmlLib5 {
 
-namespace {
-
 void ThrowIfNotForFiles(CompressionType compression) {
     if (compression == cmp_ZLib)
         throw CBxException(u"ZLIB Compression only available for To Stream methods.");
 }
-
-}  // namespace
 
 wstring CXmlObjectBase::ToXml(bool includeDeclaration, bool formatted, EOLType eol,
                               CXmlSerializationContext const& context) const {

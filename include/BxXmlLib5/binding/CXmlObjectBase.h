@@ -112,7 +112,8 @@ public:
                    EOLType eol, CXmlSerializationContext const& context, CompressionType compression) const;
 
     /// As Fast Infoset (ITU-T X.891), which leaves out the context's instructions and in-line schema.
-    /// @throws CBxInvalidValueException if a text or name has half of a surrogate pair
+    /// @throws CBxInvalidValueException if a text, a name or a namespace has half of a surrogate pair; an
+    ///        attribute value that has one is written empty
     CBinaryData ToFastInfosetStream(FInfoDecl declaration, CXmlSerializationContext const& context,
                                     CompressionType compression) const;
 
