@@ -124,6 +124,38 @@ TEST(EntryPoints, FilesOfUtf16BeginWithAByteOrderMark) {
     }
 }
 
+TEST(EntryPoints, FastInfosetBeginsWithItsDeclaration) {
+    std::string const declarations[] = {
+        "",
+        "<?xml encoding='finf'?>",
+        "<?xml encoding='finf' standalone='yes'?>",
+        "<?xml encoding='finf' standalone='no'?>",
+        "<?xml version='1.0' encoding='finf'?>",
+        "<?xml version='1.0' encoding='finf' standalone='yes'?>",
+        "<?xml version='1.0' encoding='finf' standalone='no'?>",
+        "<?xml version='1.1' encoding='finf'?>",
+        "<?xml version='1.1' encoding='finf' standalone='yes'?>",
+        "<?xml version='1.1' encoding='finf' standalone='no'?>",
+    };
+    // A root with prefix and namespace as literals, and a child without, up to the end of the document.
+    std::string const document = "\xE0\0\0\1\0\x3F\1AA\x09urn:target\3echo\x3C\0a\xFF\xF0"s;
+    TemporaryFolder const folder;
+    std::string const path = folder.Path("file");
+    for (int i = 0; i < 10; ++i) {
+        Echo object;
+        auto const declaration = static_cast<FInfoDecl>(i);
+        std::string const octets = TextOf(object.ToFastInfosetStream(declaration, kContext, cmp_None));
+        EXPECT_EQ(octets, declarations[i] + document);
+        EXPECT_EQ(object.m_context, &kContext);
+        object.ToFastInfosetFile(FromUtf8(path).c_str(), declaration, kContext, cmp_None);
+        EXPECT_EQ(Content(path), octets);
+    }
+    Echo large(kText);
+    large.ToFastInfosetFile(FromUtf8(path).c_str(), fi_None, kContext, cmp_GZip);
+    EXPECT_TRUE(Content(path).starts_with("\x1F\x8B"));
+    EXPECT_EQ(Inflated(Content(path)), TextOf(large.ToFastInfosetStream(fi_None, kContext, cmp_None)));
+}
+
 TEST(EntryPoints, WhatWasWrittenReadsBack) {
     TemporaryFolder const folder;
     wstring const path = FromUtf8(folder.Path("file"));
@@ -150,6 +182,14 @@ TEST(EntryPoints, WhatWasWrittenReadsBack) {
                              what);
             if (compression == cmp_ZLib) continue;
             object.ToXmlFile(path.c_str(), true, false, encoding, eol_CRLF, kContext, compression);
+            expectFile(what);
+        }
+        for (int i = 0; i < 10; ++i) {
+            std::string const what = compressed + ", declaration " + std::to_string(i);
+            auto const declaration = static_cast<FInfoDecl>(i);
+            expectStream(object.ToFastInfosetStream(declaration, kContext, compression), what);
+            if (compression == cmp_ZLib) continue;
+            object.ToFastInfosetFile(path.c_str(), declaration, kContext, compression);
             expectFile(what);
         }
     }
@@ -197,8 +237,7 @@ TEST(EntryPoints, FailuresOfWritingTouchNoFile) {
              o.m_content.SetText(u"\xD800");
              o.ToXmlFile(f, false, false, enc_UTF8, eol_LF, kContext, cmp_None);
          },
-         "CBxInvalidValueException: A text has half of a surrogate pair, so the document has no UTF-8 form",
-         1},
+         "CBxInvalidValueException: A text with half of a surrogate pair has no UTF-8 form", 1},
         {[](auto& o, auto* f) {
              o.m_failure = u"from the object";
              o.ToXmlFile(f, false, false, enc_UTF8, eol_LF, kContext, cmp_None);
@@ -207,6 +246,25 @@ TEST(EntryPoints, FailuresOfWritingTouchNoFile) {
         {[](auto& o, auto* f) {
              o.m_staysOpen = true;
              o.ToXmlFile(f, true, false, enc_UTF8, eol_LF, kContext, cmp_None);
+         },
+         "CBxException: An Element has not been closed.", 1},
+        {[](auto& o, auto* f) { o.ToFastInfosetFile(f, fi_None, kContext, cmp_ZLib); },
+         "CBxException: ZLIB Compression only available for To Stream methods.", 0},
+        {[](auto& o, auto* f) { o.ToFastInfosetFile(f, fi_None, kContext, cmp_GZip); },
+         "CBxException: Failed to compress data. [Error Code: 0]", 1},
+        {[](auto& o, auto* f) {
+             o.m_content.SetText(u"\xD800");
+             o.ToFastInfosetFile(f, fi_None, kContext, cmp_None);
+         },
+         "CBxInvalidValueException: A text with half of a surrogate pair has no UTF-8 form", 1},
+        {[](auto& o, auto* f) {
+             o.m_failure = u"from the object";
+             o.ToFastInfosetFile(f, fi_None, kContext, cmp_None);
+         },
+         "CBxValidationException: from the object", 1},
+        {[](auto& o, auto*) {
+             o.m_staysOpen = true;
+             o.ToFastInfosetStream(fi_None, kContext, cmp_None);
          },
          "CBxException: An Element has not been closed.", 1},
     };

@@ -288,7 +288,7 @@ TEST(CXmlTextWriter, HalfOfASurrogatePairHasNoUtf8) {
         writer.WriteStartElement(u"a", u"");
         writer.WriteText(half);
         EXPECT_BX_THROW(writer.GetBinaryData(enc_UTF8), CBxInvalidValueException,
-                        "A text has half of a surrogate pair, so the document has no UTF-8 form");
+                        "A text with half of a surrogate pair has no UTF-8 form");
         EXPECT_EQ(writer.GetBinaryData(enc_UTF16).GetString(), u"<a>" + half);
     }
 }
