@@ -23,4 +23,9 @@ CBinaryData WideToUtf8(std::u16string_view text);
 /// The UTF-16 form; the empty text for octets that are not well-formed (The Unicode Standard, table 3-7).
 wstring Utf8ToWide(std::span<unsigned char const> octets);
 
+/// Writes the UTF-16 form.
+/// @param out room for as many units as there are octets
+/// @return how many units there are; 0 for octets that are not well-formed
+std::size_t Utf8ToWide(std::span<unsigned char const> octets, char16_t* out);
+
 }  // namespace BxXmlLib5
