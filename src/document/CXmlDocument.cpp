@@ -63,6 +63,8 @@ CXmlDocument::~CXmlDocument() = default;
 void CXmlDocument::Cleanup() {
     m_documentElement = nullptr;
     m_isComplete = false;
+    m_isCompressed = false;
+    m_isFastInfoset = false;
     m_elementStack.clear();
     m_namespaceAliases.clear();
     m_openText = wstring();
@@ -109,8 +111,9 @@ void CXmlDocument::Parse(std::span<unsigned char const> input, bool isText) {
     auto const inflated = isText ? std::nullopt : Inflate(input);
     try {
         auto const octets = inflated ? std::span<unsigned char const>(*inflated) : input;
-        bool const isFastInfoset = !isText && CFastInfosetReader(this).Parse(octets);
-        if (!isFastInfoset) CExpatReader(this).Parse(octets);
+        m_isCompressed = inflated.has_value();
+        m_isFastInfoset = !isText && CFastInfosetReader(this).Parse(octets);
+        if (!m_isFastInfoset) CExpatReader(this).Parse(octets);
     } catch (...) {
         CloseAllElements();
         throw;

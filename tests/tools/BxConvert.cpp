@@ -134,8 +134,8 @@ TEST(Convert, WritesWhatItReads) {
             kDeclaration + "<p:a xmlns:p=\"u?1&amp;2\" p:x=\"1\"><b xmlns=\"v\"/><undeclared:c/></p:a>", ""},
         // Facts instead of the document
         {"--info", "<p:a xmlns:p='u&#10;v' x='1' p:y='2'> <b/>m<b><c/></b></p:a>",
-            "root: a\nnamespace: u v\nelements: 4\nattributes: 2\ndepth: 3\noctets: 60\n", ""},
-        {"--info --no-namespaces", "<p:a xmlns:p='u'/>", "root: p:a\nnamespace: (none)\nelements: 1\nattributes: 1\ndepth: 1\noctets: 18\n", ""},
+            "form: XML text\nroot: a\nnamespace: u v\nelements: 4\nattributes: 2\ndepth: 3\noctets: 60\n", ""},
+        {"--info --no-namespaces", "<p:a xmlns:p='u'/>", "form: XML text\nroot: p:a\nnamespace: (none)\nelements: 1\nattributes: 1\ndepth: 1\noctets: 18\n", ""},
     };
     // clang-format on
     Folder const folder;
@@ -191,6 +191,20 @@ TEST(Convert, ReadsBackEveryFormThatItWrites) {
             bxconvert --compact - | cmp - expected
         echo $count forms)");
     EXPECT_EQ(outcome, (Outcome{0, "39 forms\n", ""}));
+}
+
+TEST(Convert, TellsTheFormThatItRead) {
+    std::pair<char const*, char const*> const rows[] = {
+        {"--encoding utf-16", "form: XML text\n"},
+        {"--compress gzip", "form: XML text, compressed\n"},
+        {"--compress zlib --to finf", "form: Fast Infoset, compressed\n"},
+        {"--to finf --finf-declaration 1.1", "form: Fast Infoset\n"},
+    };
+    Folder const folder;
+    for (auto const& [options, form] : rows) {
+        EXPECT_EQ(folder.Run("bxconvert " BX_TRACK " "s + options + " | bxconvert --info - | grep ^form"),
+                  (Outcome{0, form, ""}));
+    }
 }
 
 TEST(Convert, CompressesFromTheFirstOctet) {
