@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "BxXmlLib5/binding/CBxException.h"
 #include "platform/Utf.h"
 
 namespace BxXmlLib5 {
@@ -44,6 +45,14 @@ std::size_t Utf8Size(std::u16string_view text) {
         char32_t const c = Utf::Next(text, at);
         if (c == Utf::kMalformed) return 0;
         Utf::PutUtf8(c, [&size](char32_t) { ++size; });
+    }
+    return size;
+}
+
+std::size_t CheckedUtf8Size(std::u16string_view text) {
+    std::size_t const size = Utf8Size(text);
+    if (size == 0 && !text.empty()) {
+        throw CBxInvalidValueException(u"A text with half of a surrogate pair has no UTF-8 form");
     }
     return size;
 }

@@ -13,6 +13,10 @@ namespace BxXmlLib5 {
 /// How many octets the UTF-8 form has; 0 for a text with an unpaired surrogate.
 std::size_t Utf8Size(std::u16string_view text);
 
+/// As Utf8Size().
+/// @throws CBxInvalidValueException for a text with an unpaired surrogate
+std::size_t CheckedUtf8Size(std::u16string_view text);
+
 /// Writes the UTF-8 form of a text without unpaired surrogates.
 /// @param out room for just this form, Utf8Size(text) octets
 void WriteUtf8(std::u16string_view text, std::span<unsigned char> out);
