@@ -1,5 +1,6 @@
 #include "BxXmlLib5/document/CXmlDocument.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "BxXmlLib5/binding/CBxException.h"
@@ -13,6 +14,7 @@
 #include "platform/Files.h"
 #include "platform/Limits.h"
 #include "platform/TextView.h"
+#include "platform/Utf16Octets.h"
 
 namespace BxXmlLib5 {
 
@@ -61,6 +63,8 @@ CXmlDocument::~CXmlDocument() = default;
 void CXmlDocument::Cleanup() {
     m_documentElement = nullptr;
     m_isComplete = false;
+    m_isCompressed = false;
+    m_isFastInfoset = false;
     m_elementStack.clear();
     m_namespaceAliases.clear();
     m_openText = wstring();
@@ -92,15 +96,8 @@ void CXmlDocument::LoadXml(char16_t const* text) {
     ThrowIfEmpty(units.size());
     ThrowIfInputTooLarge((units.size() + 1) * sizeof(char16_t));
     // The byte order mark tells Expat that this is UTF-16, whatever the text claims.
-    constexpr char16_t kByteOrderMark = 0xFEFF;
     Buffer const octets((units.size() + 1) * sizeof(char16_t));
-    unsigned char* out = octets.data();
-    auto const put = [&out](char16_t unit) {
-        *out++ = static_cast<unsigned char>(unit & 0xFF);
-        *out++ = static_cast<unsigned char>(unit >> 8);
-    };
-    put(kByteOrderMark);
-    for (char16_t const unit : units) put(unit);
+    WriteUtf16(units, std::ranges::copy(kByteOrderMark, octets.data()).out);
     Parse(octets.Octets(), true);
 }
 
@@ -114,8 +111,9 @@ void CXmlDocument::Parse(std::span<unsigned char const> input, bool isText) {
     auto const inflated = isText ? std::nullopt : Inflate(input);
     try {
         auto const octets = inflated ? std::span<unsigned char const>(*inflated) : input;
-        bool const isFastInfoset = !isText && CFastInfosetReader(this).Parse(octets);
-        if (!isFastInfoset) CExpatReader(this).Parse(octets);
+        m_isCompressed = inflated.has_value();
+        m_isFastInfoset = !isText && CFastInfosetReader(this).Parse(octets);
+        if (!m_isFastInfoset) CExpatReader(this).Parse(octets);
     } catch (...) {
         CloseAllElements();
         throw;

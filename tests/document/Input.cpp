@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <climits>
+#include <tuple>
 
 #include "document/Trees.h"
 
@@ -236,4 +237,19 @@ TEST(Input, TellsWhetherItWasComplete) {
     Load(kNarrow, document, "<a/>");
     EXPECT_THROW(Load(kNarrow, document, "<a></b>"), CBxException);
     EXPECT_FALSE(document.IsComplete());
+}
+
+TEST(Input, TellsWhatItWas) {
+    std::string const binary = "\xE0\0\0\1\0\x3C\0a\xFF"s;
+    CXmlDocument document;
+    for (auto const& [octets, isCompressed, isFastInfoset] : {std::tuple{binary, false, true},
+                                                              {"<a/>", false, false},
+                                                              {Deflate(binary, kGZip), true, true},
+                                                              {Deflate("<a/>", kZLib), true, false}}) {
+        Load(kOctets, document, octets);
+        EXPECT_EQ(document.IsCompressed(), isCompressed);
+        EXPECT_EQ(document.IsFastInfoset(), isFastInfoset);
+    }
+    Load(kNarrow, document, "<a/>");
+    EXPECT_FALSE(document.IsCompressed() || document.IsFastInfoset());
 }

@@ -22,7 +22,7 @@ class CDocumentNodes;
 /// Loads a document into a tree of elements, which it owns.
 ///
 /// A file or a stream of octets is taken for what it is: zlib or gzip data around a document, or a document
-/// as such. A string is always text. Each load drops the tree of the one before, even if it fails. Encodings
+/// as such, in Fast Infoset (ITU-T X.891) or as text. A string is always text. Each load drops the tree of the one before, even if it fails. Encodings
 /// of text are those of Expat: UTF-8, UTF-16, ISO-8859-1 and US-ASCII, told by a byte order mark or the XML
 /// declaration.
 ///
@@ -62,6 +62,11 @@ public:
 
     /// Whether the input of the last load went on to the end of the root, or broke off inside an element.
     bool IsComplete() const { return m_isComplete; }
+
+    /// What the last load took its input for: a zlib or gzip stream, and Fast Infoset, in that stream or as
+    /// such.
+    bool IsCompressed() const { return m_isCompressed; }
+    bool IsFastInfoset() const { return m_isFastInfoset; }
 
     /// The namespace that was last declared under this alias, anywhere in the document, or the empty text.
     /// The empty alias is the default namespace.
@@ -117,6 +122,8 @@ private:
     std::map<wstring, wstring, std::less<>> m_namespaceAliases;
     SchemaType m_schemaType;
     bool m_isComplete = false;
+    bool m_isCompressed = false;
+    bool m_isFastInfoset = false;
     std::unique_ptr<CDocumentNodes> m_nodes;
 };
 
