@@ -109,6 +109,8 @@ TEST(Convert, WritesWhatItReads) {
         {"--to finf --to xml", "<a/>", kDeclaration + "<a/>\n", ""},
         {"--to finf --keep-whitespace", "<a> <b/></a>", "\xE0\0\0\1\0\x3C\0a\x3C\0b\xF0\x90 \xFF"s, ""},
         {"--compact", "\xE0\0\0\1\0\x3C\0a\x91hi\xFF"s, kDeclaration + "<a>hi</a>", ""},
+        {"--compact --no-namespaces", "\xE0\0\0\1\0\x3F\0p\0u\0a\xFF"s, kDeclaration + "<a xmlns=\"u\"/>", ""},
+        {"--to finf", "\xE0\0\0\1\0\x3C\0a\x90\1\xFF"s, "\xE0\0\0\1\0\x3C\0a\x90\1\xFF"s, ""},
         {"--compact", "<?xml encoding='finf'?>\xE0\0\0\1\0\x3C\0a\xFF"s, kDeclaration + "<a/>", ""},
         // Text beside children
         {"--compact", "<a> <b> </b>\t\r\n&#13;</a>", kDeclaration + "<a><b> </b></a>", ""},
@@ -245,6 +247,7 @@ TEST(Convert, RefusesBadDocuments) {
         std::string m_input;
         std::string m_message;
     };
+    std::string const unwritable = "a name or a text has characters that XML text cannot have";
     Row const rows[] = {
         {"", "", "XML Stream is empty!"},
         {"", "no XML", "syntax error at line 1"},
@@ -253,6 +256,12 @@ TEST(Convert, RefusesBadDocuments) {
         {"", "<p:a/>", "unbound prefix at line 1"},
         {"", Nested(1025), "Elements are nested more than 1024 levels deep, which is the limit"},
         {"", "\xE0\0\0\1\0\x3C\0a"s, "Failed to parse FastInfoset. Unexpected End of File."},
+        {"", "\xE0\0\0\1\0\x3C\0a\x90\1\xFF"s, unwritable},
+        {"--encoding utf-16", "\xE0\0\0\1\0\x3C\0a\x92\0\xEF\xBF\xBF\xFF"s, unwritable},
+        {"", "\xE0\0\0\1\0\x3C\2a b\xFF"s, unwritable},
+        {"", "\xE0\0\0\1\0\x3C\4a/><b\xFF"s, unwritable},
+        {"", "\xE0\0\0\1\0\x3C\3b><a\xFF"s, unwritable},
+        {"--compact", "\xE0\0\0\1\0\x3C\5a k=''\xFF"s, unwritable},
         {"--compress gzip", "<a/>", "Failed to compress data. [Error Code: 0]"},
         {"--compress zlib --to finf", "<a/>", "Failed to compress data. [Error Code: 0]"},
         {"--strict", "<a>1<b/></a>", "mixed content, text beside children, in 1 element"},
