@@ -16,6 +16,7 @@ namespace {
 
 /// Shorter values and chunks, in units, get an index: short ones repeat often, long ones seldom.
 constexpr std::size_t kIndexedBelow = 6;
+static_assert(kIndexedBelow == ShortText::kMaxSize + 1);
 
 /// Appends octets that are known when the library is built.
 void AppendOctets(COctetBuffer& output, auto const& octets) {

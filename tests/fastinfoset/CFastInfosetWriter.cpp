@@ -116,6 +116,13 @@ TEST(CFastInfosetWriter, SharesTerminators) {
                    {"<a <b > ?p > .", "3C 00'a' 3C 00'b' FF F0"}});
 }
 
+TEST(CFastInfosetWriter, WritesTheDocumentOfTheGuide) {
+    ExpectWritten(
+        {{"*urn:tea <urn:tea|shop <urn:tea|tea @kg=5 'Assam > <urn:tea|tea @kg=5 'Ceylon > <urn:tea|tea > > .",
+          "38 CD 06'urn:tea' F0 3F 01'AA' 81 03'shop' 7F 81 81 02'tea' 78 01'kg' 40'5' F0 92 02'Assam'"
+          "F0 41 00 80 F0 82 03'Ceylon' F0 01 FF F0"}});
+}
+
 TEST(CFastInfosetWriter, ClosesTheStartTagByAnyText) {
     ExpectWritten({{"<a ' > .", "3C 00'a' FF"},
                    {"<a @k= ' > .", "7C 00'a' 78 00'k' FF F0 FF"},
