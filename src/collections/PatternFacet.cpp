@@ -38,14 +38,10 @@ constexpr Rewriting kRewritings[] = {
 };
 // clang-format on
 
-std::string Replaced(std::string_view text, Rewriting const& rewriting) {
-    std::string result;
-    for (;;) {
-        std::size_t const at = text.find(rewriting.search);
-        result += text.substr(0, at);
-        if (at == text.npos) return result;
-        result += rewriting.replacement;
-        text.remove_prefix(at + rewriting.search.size());
+void Rewrite(std::string& pattern, Rewriting const& row) {
+    for (std::size_t at = 0; (at = pattern.find(row.search, at)) != pattern.npos;
+         at += row.replacement.size()) {
+        pattern.replace(at, row.search.size(), row.replacement);
     }
 }
 
@@ -64,14 +60,14 @@ using Regex = std::unique_ptr<pcre, FreeRegex>;
 
 /// @param[out] error PCRE's text, if the result is null
 Regex Compile(wstring const& pattern, char const*& error) {
-    std::optional<std::string> rewritten = Utf8Of(pattern);
-    if (!rewritten) {
+    std::optional<std::string> octets = Utf8Of(pattern);
+    if (!octets) {
         error = "invalid UTF-16 string";
         return nullptr;
     }
-    for (Rewriting const& rewriting : kRewritings) rewritten = Replaced(*rewritten, rewriting);
+    for (Rewriting const& row : kRewritings) Rewrite(*octets, row);
     int offset = 0;
-    return Regex(pcre_compile(rewritten->c_str(), PCRE_UTF8, &error, &offset, nullptr));
+    return Regex(pcre_compile(octets->c_str(), PCRE_UTF8, &error, &offset, nullptr));
 }
 
 /// How far pcre_exec may go on a value: it recurses on the stack, and each of its calls may look at all of
