@@ -8,6 +8,7 @@
 #include "BxXmlLib5/writers/CXmlWriter.h"
 #include "binding/IndexRange.h"
 #include "collections/FacetKinds.h"
+#include "values/CleanText.h"
 
 namespace BxXmlLib5 {
 
@@ -69,6 +70,15 @@ decltype(auto) TextOfValue(T const& value, char16_t const* format) {
 }
 
 template <ItemType Kind>
+auto ValueOfText(wstring&& text, CWhitespaceUtils::WhitespaceRule rule) {
+    if constexpr (Kind == it_string) {
+        return CleanText::Of(rule, std::move(text));
+    } else {
+        return Conversions<Kind>::s_fromString(text, rule);
+    }
+}
+
+template <ItemType Kind>
 struct DateType;
 
 #define BX_DATE_TYPE(kind, type, message)                     \
@@ -107,7 +117,9 @@ void CTypedValues<T>::Remove(int index) {
 
 template <class T>
 void CTypedValues<T>::TestInsertionIndex(int index) const {
-    if (index < 0 || index > this->GetCount()) throw CBxInvalidParamException(u"Index out of range");
+    if (index < 0 || std::cmp_greater(index, m_items.size())) {
+        throw CBxInvalidParamException(u"Index out of range");
+    }
 }
 
 template <class T>
@@ -180,7 +192,7 @@ void CTypedCol<Kind, T>::ToXml_Int(CXmlWriter* writer, bool, char16_t const*,
 
 template <ItemType Kind, class T>
 void CTypedCol<Kind, T>::AddFromString(wstring text) {
-    InsertTested(this->GetCount(), Conversions<Kind>::s_fromString(text, this->m_whitespaceRule));
+    InsertTested(this->GetCount(), ValueOfText<Kind>(std::move(text), this->m_whitespaceRule));
 }
 
 template <ItemType Kind, class T>
@@ -248,7 +260,7 @@ void CTypedDateCol<Kind>::AddAt(int index, CDateTime const& value) {
 
 template <ItemType Kind>
 void CTypedDateCol<Kind>::AddFromString(wstring text) {
-    Add(Conversions<Kind>::s_fromString(text, m_whitespaceRule));
+    Add(ValueOfText<Kind>(std::move(text), m_whitespaceRule));
 }
 
 template <ItemType Kind>
