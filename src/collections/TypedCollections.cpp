@@ -48,11 +48,11 @@ namespace {
 template <ItemType Kind>
 struct Conversions;
 
-#define BX_CONVERSIONS(kind, ...)                                             \
-    template <>                                                               \
-    struct Conversions<it_##kind> {                                           \
-        static constexpr auto s_toString = &CConversions::kind##ToString;     \
-        static constexpr auto s_fromString = &CConversions::kind##FromString; \
+#define BX_CONVERSIONS(kind, ...)                                                              \
+    template <>                                                                                \
+    struct Conversions<it_##kind> {                                                            \
+        static constexpr auto s_toString = &CConversions::kind##ToString;                      \
+        [[maybe_unused]] static constexpr auto s_fromString = &CConversions::kind##FromString; \
     };
 BX_FOR_EACH_KIND(BX_CONVERSIONS)
 BX_FOR_EACH_DATE_KIND(BX_CONVERSIONS)
@@ -113,13 +113,6 @@ void CTypedValues<T>::Remove(int index) {
     ThrowIfIndexOutOfRange(index, this->GetCount());
     m_items.erase(m_items.begin() + index);
     this->FireOnCollectionChange();
-}
-
-template <class T>
-void CTypedValues<T>::TestInsertionIndex(int index) const {
-    if (index < 0 || std::cmp_greater(index, m_items.size())) {
-        throw CBxInvalidParamException(u"Index out of range");
-    }
 }
 
 template <class T>
@@ -197,7 +190,7 @@ void CTypedCol<Kind, T>::AddFromString(wstring text) {
 
 template <ItemType Kind, class T>
 void CTypedCol<Kind, T>::InsertTested(int index, T&& value) {
-    this->TestInsertionIndex(index);
+    ThrowIfInsertionIndexOutOfRange(index, this->GetCount());
     CheckValue<Kind>(this->m_restrictions, this->m_elementName.c_str(), value);
     this->Insert(index, std::move(value));
 }
@@ -223,7 +216,7 @@ CDateTime CdatetimeBaseCol::Item(int index) {
 }
 
 void CdatetimeBaseCol::BaseAddAt(int index, CDateTime const& value) {
-    TestInsertionIndex(index);
+    ThrowIfInsertionIndexOutOfRange(index, GetCount());
     Insert(index, CDateTime(value));
 }
 

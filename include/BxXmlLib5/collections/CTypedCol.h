@@ -37,7 +37,6 @@ private:
 
     using CXmlTypeCollection::CXmlTypeCollection;
 
-    void TestInsertionIndex(int index) const;
     void Insert(int index, T&& value);
     T ValueAt(int index) const;
     template <class TextOf>

@@ -20,7 +20,8 @@ namespace BxXmlLib5 {
 /// Add, AddAt and Remove tell the listeners once, when the values have their new state; a listener that
 /// throws then does not undo the change. A copy has values of its own and the same listeners.
 ///
-/// Each is constructed with the fourteen arguments of CTypedCol, an inherited constructor that is public.
+/// The operations are those of CTypedCol, and so is the constructor, which is public although inherited
+/// among the private members.
 /// @{
 class BXXMLLIB5_API Ci1Col : public CTypedCol<it_i1, std::int8_t> {
     using CTypedCol::CTypedCol;
@@ -86,8 +87,8 @@ class BXXMLLIB5_API CyearCol : public CTypedCol<it_year, std::uint16_t> {
 
 /// @name Typed collections of dates and times
 ///
-/// As above, with another order of tests, as CdatetimeBaseCol::AddAt says. A value must be of the type of CDateTime that
-/// the collection is named for, also if its text is read.
+/// As above, but for the order of the tests, which CdatetimeBaseCol::AddAt tells. A value must be of the type
+/// of CDateTime that the collection is named for; so must be what a text gives.
 /// @{
 class BXXMLLIB5_API CdatetimeCol : public CTypedDateCol<it_datetime> {
     using CTypedDateCol::CTypedDateCol;
