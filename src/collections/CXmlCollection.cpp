@@ -137,7 +137,7 @@ void CXmlCollection::AddBeforeItem(CXmlObjectBase const* before, CXmlObjectBase*
 }
 
 void CXmlCollection::AddItemAt(int index, CXmlObjectBase* item) {
-    if (index < 0 || index > m_count) throw CBxInvalidParamException(u"Index out of range");
+    ThrowIfInsertionIndexOutOfRange(index, m_count);
     InsertAhead(index == m_count ? nullptr : NodeAt(index), item);
 }
 
