@@ -54,13 +54,13 @@ bool CElementInfo::IsThisElement(CXmlSerializationContext const& context, CXmlEl
 
 wstring CElementInfo::GetAnyDefaultNamespace(char16_t const* allowedNamespaces, char16_t const* namespaceUri,
                                              char16_t const* targetNamespace) {
-    std::u16string_view const allowed = TextOf(allowedNamespaces);
+    // The first of the tokens decides.
+    std::u16string_view allowed = TextOf(allowedNamespaces);
+    allowed = allowed.substr(0, allowed.find(u' '));
     if (allowed == u"##any") return wstring(TextOf(namespaceUri));
     if (allowed == u"##other") return TextOf(namespaceUri).empty() ? u"DefaultNamespace" : u"";
     if (allowed == u"##targetNamespace") return wstring(TextOf(targetNamespace));
-    std::size_t const blank = allowed.find(u' ');
-    if (blank == allowed.npos || allowed.size() <= 2 || !allowed.starts_with(u"##")) return {};
-    return GetAnyDefaultNamespace(wstring(allowed.substr(0, blank)).c_str(), namespaceUri, targetNamespace);
+    return {};
 }
 
 void CElementInfo::AccessProperty(CXmlGeneratedClass* owner, bool read, BxVariant& value) {

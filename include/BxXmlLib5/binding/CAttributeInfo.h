@@ -83,8 +83,7 @@ public:
                             CPrimitiveRestrictions const& restrictions, char16_t const* defaultValue);
 
     /// Tests a value against the facets of the entry.
-    /// @throws CBxInvalidValueException if it breaks one
-    /// @throws CBxException if the value is of another kind
+    /// @throws CBxException if it breaks one, or the value is of another kind
     void CheckRestriction(BxVariant value) const;
 
 protected:

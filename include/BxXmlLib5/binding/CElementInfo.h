@@ -92,8 +92,7 @@ public:
     virtual ~CElementInfo();
 
     /// Tests a value against the facets of the entry.
-    /// @throws CBxInvalidValueException if it breaks one
-    /// @throws CBxException if the entry is not of simple type, or the value of another kind
+    /// @throws CBxException if it breaks one, if the entry is not of simple type, or the value of another kind
     void CheckRestriction(BxVariant const& value) const;
 
 protected:

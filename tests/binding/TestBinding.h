@@ -1,0 +1,571 @@
+// A binding for tests: generated classes that are described by short texts.
+#pragma once
+
+#include <cstring>
+#include <map>
+#include <memory>
+#include <vector>
+
+#include "BxXmlLib5/binding/CAttributeInfo.h"
+#include "BxXmlLib5/binding/CClassfactoryBase.h"
+#include "BxXmlLib5/binding/CElementInfoAll.h"
+#include "BxXmlLib5/binding/CElementInfoChoice.h"
+#include "BxXmlLib5/binding/CElementInfoSeq.h"
+#include "BxXmlLib5/binding/CXmlGeneratedClass.h"
+#include "BxXmlLib5/binding/CXmlSerializationContext.h"
+#include "BxXmlLib5/collections/CAttributeCol.h"
+#include "BxXmlLib5/collections/CElementCol.h"
+#include "BxXmlLib5/document/CXmlDocument.h"
+#include "BxXmlLib5/values/BxVariant.h"
+#include "BxXmlLib5/writers/CXmlWriter.h"
+#include "support/Expect.h"
+
+namespace BxTest {
+
+using namespace BxXmlLib5;
+using namespace BxXmlLib5Data;
+
+struct TestClass;
+
+/// What the objects note on this thread: x= for a value stored in x, x=0 for a null, {} for the read of an
+/// object, new T(x) for the call of a factory, [n] for the write of a collection in a namespace, # for
+/// the test of its count.
+inline thread_local std::string t_log;
+
+/// A property: an element, an attribute or the text.
+struct Field {
+    int m_index;
+    bool m_isAttribute = false;
+    char m_kind = 0;
+    wstring m_name = u"";
+    char m_occurrence = 0;
+    int m_minOccurs = 0;
+    int m_maxOccurs = -1;
+    char m_defect = 0;
+    wstring m_allowed = u"##any";
+    wstring m_target = u"";
+    wstring m_default = u"";
+    TestClass const* m_class = nullptr;
+    int m_classId = -1;
+    XmlElementType m_elementType = et_Element;
+
+    bool HoldsObject() const {
+        return !m_isAttribute && m_occurrence != '*' && std::strchr("ACU", m_kind) != nullptr;
+    }
+};
+
+inline wstring NamespaceOf(wstring const& name) {
+    return !name.empty() && name[0] >= u'A' && name[0] <= u'Z' ? u"n" : u"";
+}
+
+/// The metadata of a class.
+///
+///     class       [~] group [-] [=Name] ( fields )
+///     group       s sequence, c choice, a all, x none of them; ~ makes the class a pseudo element, - an unknown
+///                 attribute an error, =Name a class that has base classes, found by its name if abstract
+///     field       kind name occurrence [defect] [class]
+///     kind        P double with two places, S string with whitespace collapsed, F string of at most two
+///                 characters, E enumeration of zero, one and two, C class, A abstract class (~ for a pseudo
+///                 one), U untyped, B the base of the collections; behind @ an attribute; # the text, unnamed
+///     name        a capital is in the namespace n, _ stands for AnyElement
+///     occurrence  ! one, . one that need not be there, ? at most one, * or *1-2 a collection
+///     defect      % holds nothing, $ holds a value of another kind, & holds another kind of collection,
+///                 - keeps nothing
+///     class       of C: a description, ^ for the class that has the field, 0 for one that the factory refuses;
+///                 of U: [allowed|target]; of an attribute: =default
+///
+/// All entries of the tables are copies, whose originals are gone.
+struct TestClass {
+    TestClass(char const*& description, int id);
+    ~TestClass();
+
+    std::vector<Field> m_fields;
+    CParentElementInfo* m_info = nullptr;
+    CElementInfo** m_elements = nullptr;
+    CAttributeInfo** m_attributes = nullptr;
+
+private:
+    Field NextField(char const*& at, int id);
+};
+
+/// All classes, which live until the end, and those of a name.
+inline std::vector<std::unique_ptr<TestClass>> g_classes;
+inline std::map<wstring, int> g_classesByName;
+
+inline TestClass& ParseClass(char const*& description) {
+    std::size_t const id = g_classes.size();
+    g_classes.emplace_back();
+    auto type = std::make_unique<TestClass>(description, static_cast<int>(id));
+    return *(g_classes[id] = std::move(type));
+}
+
+inline TestClass& Class(std::string const& description) {
+    char const* at = description.c_str();
+    return ParseClass(at);
+}
+
+struct Factory : CClassfactoryBase {
+    using CClassfactoryBase::GetElementType, CClassfactoryBase::GetElementTypeNamespaceUri;
+    static CSmartPtr<CXmlObjectBase> ById(int classId, char16_t const* elementName);
+    static CSmartPtr<CXmlObjectBase> FromElement(CXmlElement* element);
+};
+
+/// A collection of objects, as generated code defines one for each class.
+class TestCol : public CXmlCollection {
+public:
+    explicit TestCol(Field const& field)
+        : CXmlCollection(field.m_name.c_str(), NamespaceOf(field.m_name).c_str(), field.m_minOccurs,
+                         field.m_maxOccurs),
+          m_field(field) {}
+    using CXmlCollection::AppendItem;
+
+    void ValidateCount(CXmlSerializationContext const& context) const override {
+        t_log += "#";
+        CXmlCollection::ValidateCount(context);
+    }
+
+protected:
+    void ToXml_Int(CXmlWriter* writer, bool isRoot, char16_t const* namespaceUri,
+                   CXmlSerializationContext const& context, bool allowEmptyChoice) const override {
+        t_log += "[" + ToUtf8(namespaceUri) + (isRoot || allowEmptyChoice ? "!]" : "]");
+        ValidateCount(context);
+        for (CNode const* node = FirstNode(); node != nullptr; node = node->m_next) {
+            CXmlObjectBase::ToXml_Int(node->m_item, writer, false, namespaceUri, context, false);
+        }
+    }
+    CXmlElement* FromXml_Int(CXmlElement* element, CXmlElement* firstChild,
+                             CXmlSerializationContext const& context, bool allowEmptyChoice) override;
+
+private:
+    Field const& m_field;
+};
+
+/// An object of a class. It keeps the state of a choice as generated code does.
+class TestObject : public CXmlGeneratedClass {
+public:
+    explicit TestObject(TestClass const& type, char16_t const* name = u"r") : m_class(type) {
+        SetElementName(name);
+        TestObject::ResetContent();
+    }
+
+    CXmlObjectBase* GetBase() override { return this; }
+    wstring GetTargetNamespace() const override { return m_target; }
+    wstring GetNamespace() const override { return u"own"; }
+    CParentElementInfo* GetClassInfo() const override { return m_class.m_info; }
+    CElementInfo** GetClassElementInfo() const override { return m_class.m_elements; }
+    CAttributeInfo** GetClassAttributeInfo() const override { return m_class.m_attributes; }
+    using CXmlGeneratedClass::CleanMetaData, CXmlGeneratedClass::GetElementName,
+        CXmlGeneratedClass::IsElementInList, CXmlGeneratedClass::ToXml_Int;
+
+    void ResetContent() override {
+        m_selected.clear();
+        m_values.clear();
+        for (Field const& field : m_class.m_fields) m_values.push_back(Initial(field));
+    }
+
+    void AccessProperty(int propertyIndex, bool read, BxVariant& value) override {
+        auto const index = static_cast<std::size_t>(propertyIndex);
+        Field const& field = m_class.m_fields.at(index);
+        if (read) {
+            value = field.m_defect == '-' ? Initial(field) : m_values[index];
+            return;
+        }
+        bool const isNull = value.m_type == it_xmlObject && value.GetXmlObject() == nullptr;
+        t_log += ToUtf8(field.m_name) + (isNull ? "=0" : "=");
+        if (m_class.m_info->GetElementGroupType() == egt_Choice) Select(field, value);
+        if (field.m_defect != '-') m_values[index] = std::move(value);
+        value.Clear();
+    }
+
+    CXmlElement* FromXml_Int(CXmlElement* element, CXmlElement* firstChild,
+                             CXmlSerializationContext const& context, bool allowEmptyChoice) override {
+        t_log += "{";
+        CXmlElement* const next =
+            CXmlGeneratedClass::FromXml_Int(element, firstChild, context, allowEmptyChoice);
+        t_log += "}";
+        return next;
+    }
+
+    /// What a property holds, past the setter.
+    BxVariant& operator[](char16_t const* name) {
+        for (Field const& field : m_class.m_fields) {
+            if (field.m_name == name) return m_values[static_cast<std::size_t>(field.m_index)];
+        }
+        throw std::logic_error(ToUtf8(name));
+    }
+
+    TestClass const& m_class;
+    wstring m_target;
+
+private:
+    static BxVariant Initial(Field const& field);
+
+    void Select(Field const& field, BxVariant const& value) {
+        char16_t const* const name = field.m_name.c_str();
+        if (!field.HoldsObject()) return Choice_SetElementValid(value.IsValid(), name, m_selected);
+        auto const object = value.GetXmlObject();
+        if (object || m_selected == name) Choice_SelectElement(name, object, m_selected);
+    }
+
+    std::vector<BxVariant> m_values;
+    wstring m_selected;
+};
+
+inline BxVariant TestObject::Initial(Field const& field) {
+    BxVariant value;
+    bool const isCollection = field.m_occurrence == '*' || (field.m_isAttribute && field.m_kind == 'U');
+    if (field.m_defect == '%') {
+    } else if (field.m_defect == '$') {
+        field.m_kind == 'E' ? value.SetString(u"x") : value.SetI4(7);
+    } else if (isCollection && (field.m_kind != 'U' || field.m_defect == '&')) {
+        value.SetXmlCollection(new TestCol(field));
+    } else if (isCollection && field.m_isAttribute) {
+        value.SetXmlCollection(new CAttributeCol(u"", u"##any", u""));
+    } else if (isCollection) {
+        value.SetXmlCollection(new CElementCol(u"", u"##any", u"", field.m_minOccurs, field.m_maxOccurs));
+    } else if (field.HoldsObject() && (field.m_occurrence == '?' || field.m_kind == 'A')) {
+        value.SetXmlObject(nullptr);
+    } else if (field.HoldsObject() && field.m_kind == 'U') {
+        value.SetXmlObject(new CElement(u"new", u"", field.m_allowed.c_str(), field.m_target.c_str()));
+    } else if (field.HoldsObject()) {
+        value.SetXmlObject(new TestObject(*field.m_class, field.m_name.c_str()));
+    }
+    return value;
+}
+
+inline CXmlElement* TestCol::FromXml_Int(CXmlElement* element, CXmlElement* child,
+                                         CXmlSerializationContext const& context, bool) {
+    static TestClass const& s_text = Class("s(#)");
+    bool const hasTag = m_field.m_elementType == et_Element;
+    wstring const& name = m_field.m_name;
+    while (child != nullptr &&
+           (!hasTag || DoesElementNameMatch(context, child, name.c_str(), NamespaceOf(name).c_str()))) {
+        TestClass const& type = m_field.m_class == nullptr ? s_text : *m_field.m_class;
+        auto const item = m_field.m_kind == 'A' ? Factory::FromElement(child)
+                                                : CSmartPtr<CXmlObjectBase>(new TestObject(type));
+        if (!item) break;
+        CXmlElement* const next =
+            hasTag ? (CXmlObjectBase::FromXml_Int(item, child, child->GetFirstElement(), context),
+                      child->GetNextSiblingElement())
+                   : CXmlObjectBase::FromXml_Int(item, element, child, context);
+        if (next == child) break;
+        child = next;
+        AppendItem(item);
+    }
+    return child;
+}
+
+inline CSmartPtr<CXmlObjectBase> Factory::ById(int classId, char16_t const* elementName) {
+    t_log += "new " + ToUtf8(elementName) + "()";
+    if (classId < 0) return nullptr;
+    return new TestObject(*g_classes[static_cast<std::size_t>(classId)], elementName);
+}
+
+inline CSmartPtr<CXmlObjectBase> Factory::FromElement(CXmlElement* element) {
+    wstring type = GetElementType(element);
+    t_log += "new " + ToUtf8(type) + "(" + ToUtf8(element->GetLocalName()) + ")";
+    if (type.empty()) type = element->GetLocalName();
+    auto const found = g_classesByName.find(type);
+    if (found == g_classesByName.end()) return nullptr;
+    return new TestObject(*g_classes[static_cast<std::size_t>(found->second)], type.c_str());
+}
+
+// clang-format off
+#define BX_FAMILY(Group)                                                                                     \
+    using Col = CElementInfo##Group##Col;           using UntpdCol = CElementInfo##Group##UntpdCol;          \
+    using PrimCol = CElementInfo##Group##PrimCol;   using PrimOpt = CElementInfo##Group##PrimOpt;            \
+    using EnumCol = CElementInfo##Group##EnumCol;   using EnumOpt = CElementInfo##Group##EnumOpt;            \
+    using ClsCol = CElementInfo##Group##ClsCol;     using ClsOpt = CElementInfo##Group##ClsOpt;              \
+    using AbsCol = CElementInfo##Group##AbsClsCol;  using AbsOpt = CElementInfo##Group##AbsClsOpt;           \
+    using UntpdOpt = CElementInfo##Group##UntpdOpt;
+#define BX_MANDATORY(Group)                                                                                  \
+    using PrimMnd = CElementInfo##Group##PrimMnd;   using EnumMnd = CElementInfo##Group##EnumMnd;            \
+    using ClsMnd = CElementInfo##Group##ClsMnd;     using AbsMnd = CElementInfo##Group##AbsClsMnd;           \
+    using UntpdMnd = CElementInfo##Group##UntpdMnd;
+struct Seq { BX_FAMILY(Seq) BX_MANDATORY(Seq) };
+struct All { BX_FAMILY(All) BX_MANDATORY(All) };
+struct Choice { BX_FAMILY(Choice) };
+// clang-format on
+
+inline char16_t const* EnumToText(int value) {
+    return value == 0 ? u"zero" : value == 1 ? u"one" : value == 2 ? u"two" : nullptr;
+}
+
+inline int TextToEnum(char16_t const* text) {
+    int value = 0;
+    while (value < 3 && wstring(text) != EnumToText(value)) ++value;
+    return value;
+}
+
+template <class Entry, class... More>
+Entry* New(Field const& field, More const&... more) {
+    wstring const name = field.m_name == u"_" ? u"AnyElement" : field.m_name;
+    auto const original = std::make_unique<Entry>(
+        name.c_str(), NamespaceOf(name == u"AnyElement" ? u"" : name).c_str(), field.m_index, more...);
+    auto copy = std::make_unique<Entry>(*original);
+    *copy = *original;
+    return copy.release();
+}
+
+template <class Entry, class... Optional>
+Entry* NewPrim(Field const& field, Optional... optional) {
+    CPrimitiveRestrictions facets;
+    if (field.m_kind == 'F') facets.m_maxLength = 2;
+    ItemType const type = field.m_kind == 'P' ? it_r8 : it_string;
+    char16_t const* const format = field.m_kind == 'P' ? u"%.2f" : nullptr;
+    auto const rule = CWhitespaceUtils::ws_Collapse;
+    if constexpr (sizeof...(optional) == 0)
+        return New<Entry>(field, type, format, rule, facets);
+    else
+        return New<Entry>(field, optional..., type, format, rule, facets, wstring(field.m_default).c_str());
+}
+
+template <class Family>
+CElementInfo* NewElement(Field const& f) {
+    char const kind = f.m_kind;
+    wstring const allowed = f.m_allowed, target = f.m_target;
+    if (f.m_occurrence == '*') {
+        if (kind == 'A') return New<typename Family::AbsCol>(f, f.m_elementType);
+        if (kind == 'B') return New<typename Family::Col>(f);
+        if (kind == 'C') return New<typename Family::ClsCol>(f, f.m_elementType);
+        if (kind == 'E') return New<typename Family::EnumCol>(f);
+        if (kind == 'U') return New<typename Family::UntpdCol>(f);
+        return New<typename Family::PrimCol>(f);
+    }
+    if (f.m_occurrence == '?') {
+        if (kind == 'A') return New<typename Family::AbsOpt>(f, f.m_elementType, Factory::FromElement);
+        if (kind == 'C') return New<typename Family::ClsOpt>(f, f.m_elementType, Factory::ById, f.m_classId);
+        if (kind == 'E') return New<typename Family::EnumOpt>(f, EnumToText, TextToEnum);
+        if (kind == 'U') return New<typename Family::UntpdOpt>(f, allowed.c_str(), target.c_str());
+        return NewPrim<typename Family::PrimOpt>(f);
+    }
+    if constexpr (!std::is_same_v<Family, Choice>) {
+        if (kind == 'C') {
+            return New<typename Family::ClsMnd>(f, f.m_elementType, Factory::ById, f.m_classId,
+                                                f.m_occurrence == '!');
+        }
+        if (kind == 'E') return New<typename Family::EnumMnd>(f, EnumToText, TextToEnum);
+        if (kind == 'U') return New<typename Family::UntpdMnd>(f, allowed.c_str(), target.c_str());
+        if (kind != 'A') return NewPrim<typename Family::PrimMnd>(f);
+    }
+    if constexpr (std::is_same_v<Family, All>) {
+        return New<typename Family::AbsMnd>(f, f.m_elementType, Factory::FromElement, f.m_classId);
+    } else if constexpr (std::is_same_v<Family, Seq>) {
+        return New<typename Family::AbsMnd>(f, f.m_elementType, Factory::FromElement);
+    } else {
+        throw std::logic_error("a choice has no mandatory member");
+    }
+}
+
+inline CAttributeInfo* NewAttribute(Field const& f) {
+    bool const optional = f.m_occurrence == '?';
+    wstring const allowed = f.m_allowed, target = f.m_target, text = f.m_default;
+    if (f.m_kind == 'E') return New<CAttributeInfoEnum>(f, optional, EnumToText, TextToEnum, text.c_str());
+    if (f.m_kind != 'U') return NewPrim<CAttributeInfoPrimitive>(f, optional);
+    return New<CAttributeInfoAny>(f, optional, allowed.c_str(), target.c_str(), nullptr);
+}
+
+inline bool Take(char const*& at, char expected) {
+    return *at == expected && ++at != nullptr;
+}
+
+/// The characters ahead of any of these.
+inline wstring TakeUntil(char const*& at, char const* ends) {
+    std::size_t const length = std::strcspn(at, ends);
+    at += length;
+    return FromUtf8(std::string_view(at - length, length));
+}
+
+inline TestClass::TestClass(char const*& at, int id) {
+    auto const elementType = Take(at, '~') ? et_PseudoElement : et_Element;
+    char const group = *at++;
+    auto const groupType = static_cast<XmlElementGroupType>(std::strchr("scax", group) - "scax");
+    bool const failIfAttributeUnknown = Take(at, '-');
+    bool const hasBaseClasses = Take(at, '=');
+    wstring const name = TakeUntil(at, "(");
+    if (hasBaseClasses) g_classesByName[name] = id;
+    for (++at; !Take(at, ')');) m_fields.push_back(NextField(at, id));
+
+    m_elements = new CElementInfo* [m_fields.size() + 1] {};
+    m_attributes = new CAttributeInfo* [m_fields.size() + 1] {};
+    CElementInfo** element = m_elements;
+    CAttributeInfo** attribute = m_attributes;
+    int text = -1;
+    for (Field const& field : m_fields) {
+        if (field.m_kind == '#')
+            text = field.m_index;
+        else if (field.m_isAttribute)
+            *attribute++ = NewAttribute(field);
+        else if (group == 'a')
+            *element++ = NewElement<All>(field);
+        else if (group == 'c')
+            *element++ = NewElement<Choice>(field);
+        else
+            *element++ = NewElement<Seq>(field);
+    }
+    CParentElementInfo const info(groupType, elementType, name.c_str(), NamespaceOf(name).c_str(), text,
+                                  failIfAttributeUnknown, hasBaseClasses);
+    m_info = new CParentElementInfo(info);
+    *m_info = info;
+}
+
+inline Field TestClass::NextField(char const*& at, int id) {
+    while (Take(at, ' ')) {
+    }
+    Field field = {static_cast<int>(m_fields.size()), Take(at, '@'), *at++};
+    if (field.m_kind != '#') {
+        field.m_name = TakeUntil(at, "!.?*");
+        field.m_occurrence = *at++;
+    }
+    if (field.m_occurrence == '*' && *at >= '0' && *at <= '9') {
+        field.m_minOccurs = *at - '0';
+        field.m_maxOccurs = at[2] - '0';
+        at += 3;
+    }
+    if (std::strchr("%$&-", *at) != nullptr) field.m_defect = *at++;
+    if (field.m_isAttribute && Take(at, '=')) field.m_default = TakeUntil(at, " )");
+    if (Take(at, '[')) {
+        field.m_allowed = TakeUntil(at, "|");
+        field.m_target = TakeUntil(++at, "]");
+        ++at;
+    }
+    if (field.m_kind != 'A' && field.m_kind != 'C') return field;
+    if (*at == '~') field.m_elementType = et_PseudoElement;
+    if (field.m_kind == 'A' || at[1] == '0') Take(at, '~');
+    if (field.m_kind == 'A' || Take(at, '0')) return field;
+    field.m_classId = *at == '^' ? id : static_cast<int>(g_classes.size());
+    field.m_class = Take(at, '^') ? this : &ParseClass(at);
+    return field;
+}
+
+inline TestClass::~TestClass() {
+    for (int i = 0; i < 2; ++i) TestObject::CleanMetaData(m_info, m_elements, m_attributes);
+    EXPECT_TRUE(m_info == nullptr && m_elements == nullptr && m_attributes == nullptr);
+}
+
+/// Notes its calls.
+class LogWriter : public CXmlWriter {
+public:
+    LogWriter() : CXmlWriter(u"LogWriter") {}
+    void SetDefaultNamespace(wstring const& ns) override { Note("default", {ns}); }
+    void AddNamespace(wstring const& alias, wstring const& ns) override { Note("alias", {alias, ns}); }
+    void WriteComment(wstring const& text) override { Note("comment", {text}); }
+    void WriteProcessingInstruction(wstring const& text) override { Note("instruction", {text}); }
+    void WriteInLineSchema(wstring const& text) override { Note("schema", {text}); }
+    void WriteStartElement(wstring const& name, wstring const& ns) override { Note("start", {name, ns}); }
+    void WriteText(wstring const& text) override { Note("text", {text}); }
+    void WriteEndElement() override { Note("end", {}); }
+    void WriteAttribute(wstring const& name, wstring const& ns, wstring const& value) override {
+        Note("attribute", {name, ns, value});
+    }
+    void WriteXsiType(wstring const& ns, wstring const& name) override { Note("type", {ns, name}); }
+
+    std::string m_calls;
+
+private:
+    void Note(char const* call, std::initializer_list<wstring> arguments) {
+        m_calls += call;
+        for (wstring const& argument : arguments) m_calls += " [" + ToUtf8(argument) + "]";
+        m_calls += "\n";
+    }
+};
+
+/// Letters: E unknown elements, A unknown attributes, M missing mandatory elements, C missing choices, # counts
+/// and N namespaces are ignored; 2 no namespaces; D no defaults are written.
+inline CXmlSerializationContext Settings(std::string_view letters = "") {
+    auto const has = [&](char letter) { return letters.find(letter) != letters.npos; };
+    CXmlSerializationContext context;
+    context.SetIgnoreUnknownElements(has('E'));
+    context.SetIgnoreUnknownAttributes(has('A'));
+    context.SetIgnoreMissingMandatoryElements(has('M'));
+    context.SetIgnoreMissingChoice(has('C'));
+    context.SetIgnoreInvalidCollectionCounts(has('#'));
+    context.SetIgnoreNamespaces(has('N'));
+    context.SetNoOptionalAttributeDefaultOutput(has('D'));
+    context.SetSchemaType(has('2') ? st_NoNamespaces : st_Default);
+    return context;
+}
+
+/// The failures that the tables name, by "!name argument argument".
+inline std::string Failure(std::string text) {
+    static std::map<std::string, std::string> const s_texts = {
+        {"missing", "Failed to find a required element [%]"},
+        {"missing-in-all", "Failed to find the mandatory element [%]"},
+        {"no-substitute", "Failed to find a suitable substitution element for [%]"},
+        {"not-from", "Failed to find the required element from namespace [%]"},
+        {"left-over",
+         "Failed read all the elements held within the element [%]. The unexpected element [%] remains un processed"},
+        {"empty-choice",
+         "No child elements within the element [%] were populated. The element represents a choice, so one and only one element should be populated. The element contained no sutable child elements"},
+        {"nothing-set",
+         "This element is a choice, and as such must have at one (and only one) valid item, currently there are none set"},
+        {"too-few", "The Minimum number of [%] elements allowed in this collection is %"},
+        {"too-many", "The Maximum number of [%] elements allowed in this collection is %"},
+        {"unreadable",
+         "CBxException: AllAbsClsMndElm.ProcessXml, has not been implemented fully, contact the vendor's support"},
+        {"never", "CBxException: Not implemented, should never be called"},
+        {"no-attribute", "Failed to find the required Attribute [%]"},
+        {"unexpected", "Unexpected Attribute [%] found."},
+        {"namespace",
+         "CBxInvalidNamespaceException: Invalid namespace [%]. The namespace must be one of [%] where the target namespace is [%]"},
+        {"no-double", "CBxInvalidValueException: The value [%] can not be converted to a r8"},
+        {"no-enum", "CBxInvalidValueException: Invalid Value for % [3]"},
+        {"nothing-there",
+         "CBxException: Serialization Data Error : The property should hold an object or a collection, it holds none!"},
+        {"other-kind",
+         "CBxException: Serialization Data Error : The property should hold a value of type %, it holds %!"},
+        {"other-collection",
+         "CBxException: Serialization Data Error : The collection should be a %, it was not!"},
+        {"no-text", "CBxException: Invalid Type 0 to convert to string"},
+        {"too-deep", "CBxException: Elements are nested more than 1024 levels deep, which is the limit"},
+    };
+    if (!text.starts_with("!")) return text;
+    char const* at = text.c_str() + 1;
+    std::string result = s_texts.at(ToUtf8(TakeUntil(at, " ")));
+    if (!result.starts_with("CBx")) result = "CBxValidationException: " + result;
+    for (std::size_t hole = 0; (hole = result.find('%', hole)) != result.npos;) {
+        Take(at, ' ');
+        result.replace(hole, 1, ToUtf8(TakeUntil(at, " ")));
+    }
+    return result;
+}
+
+/// The text, inside an element r unless it has one.
+inline std::string InRoot(std::string const& text) {
+    if (text.starts_with("<r")) return text;
+    return text.empty() ? "<r/>" : "<r>" + text + "</r>";
+}
+
+inline void Read(TestObject& object, std::string const& document, std::string_view settings = "") {
+    object.FromXml(FromUtf8(InRoot(document)).c_str(), Settings(settings));
+}
+
+inline std::string Written(TestObject const& object, std::string_view settings = "") {
+    return ToUtf8(object.ToXml(false, false, eol_LF, Settings(settings)));
+}
+
+/// An object of a class is read from a document, unless that is "-", and written.
+struct Row {
+    std::string m_class;
+    std::string m_settings;  ///< For both, or those for reading, a slash, those for writing.
+    std::string m_document;
+    std::string m_expected = m_document;  ///< What is written, or !, a failure and its arguments.
+};
+
+inline void ExpectRows(std::initializer_list<Row> rows) {
+    for (Row const& row : rows) {
+        std::size_t const slash = row.m_settings.find('/');
+        CSmartPtr<TestObject> const object = new TestObject(Class(row.m_class));
+        std::string actual;
+        std::string const thrown = Thrown([&] {
+            if (row.m_document != "-") Read(*object, row.m_document, row.m_settings.substr(0, slash));
+            actual = Written(*object, row.m_settings.substr(slash + 1));
+        });
+        bool const fails = row.m_expected.starts_with("!");
+        EXPECT_EQ(thrown == "nothing" ? actual : thrown,
+                  fails ? Failure(row.m_expected) : InRoot(row.m_expected))
+            << row.m_class.substr(0, 80) << " " << row.m_settings << " " << row.m_document.substr(0, 200);
+    }
+}
+
+}  // namespace BxTest
