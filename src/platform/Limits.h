@@ -31,4 +31,11 @@ inline constexpr std::size_t kMaxDefaultedUnits = 8 * 1024 * 1024;
 inline constexpr std::size_t kMaxDefaultedUnitsForEachOctet = 100;
 inline constexpr std::size_t kUnitsOfDefaultedAttribute = 8;
 
+/// What the search for a pattern's match in a value may take: octets of stack, which some thousand rounds of
+/// a repeated group fill; steps, as PCRE counts them; and steps times octets of the value, of which a step
+/// may look at all. A search of the last of these sizes takes about a second.
+inline constexpr unsigned long kMaxMatchStack = 3 * 1024 * 1024;
+inline constexpr unsigned long kMaxMatchSteps = 1'000'000;
+inline constexpr unsigned long kMaxMatchWork = 1'000'000'000;
+
 }  // namespace BxXmlLib5
