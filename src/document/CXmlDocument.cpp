@@ -1,5 +1,7 @@
 #include "BxXmlLib5/document/CXmlDocument.h"
 
+#include <algorithm>
+
 #include "BxXmlLib5/binding/CBxException.h"
 #include "BxXmlLib5/binding/FormatString.h"
 #include "document/CDocumentNodes.h"
@@ -7,6 +9,7 @@
 #include "document/Inflate.h"
 #include "platform/Files.h"
 #include "platform/TextView.h"
+#include "platform/Utf16Octets.h"
 
 namespace BxXmlLib5 {
 
@@ -86,15 +89,8 @@ void CXmlDocument::LoadXml(char16_t const* text) {
     ThrowIfEmpty(units.size());
     ThrowIfInputTooLarge((units.size() + 1) * sizeof(char16_t));
     // The byte order mark tells Expat that this is UTF-16, whatever the text claims.
-    constexpr char16_t kByteOrderMark = 0xFEFF;
     Buffer const octets((units.size() + 1) * sizeof(char16_t));
-    unsigned char* out = octets.data();
-    auto const put = [&out](char16_t unit) {
-        *out++ = static_cast<unsigned char>(unit & 0xFF);
-        *out++ = static_cast<unsigned char>(unit >> 8);
-    };
-    put(kByteOrderMark);
-    for (char16_t const unit : units) put(unit);
+    WriteUtf16(units, std::ranges::copy(kByteOrderMark, octets.data()).out);
     Parse(octets.Octets(), true);
 }
 

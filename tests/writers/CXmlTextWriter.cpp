@@ -1,5 +1,6 @@
 #include "writers/CXmlTextWriter.h"
 
+#include <algorithm>
 #include <array>
 #include <sstream>
 
@@ -248,6 +249,48 @@ TEST(CXmlTextWriter, RefusesACallAndKeepsItsState) {
     writer.WriteText(u"\n");
     Write(writer, ">");
     EXPECT_EQ(writer.GetString(), u"<a>\r\n</a>\r\n");
+}
+
+TEST(CXmlTextWriter, GivesItsTextAsOctets) {
+    // Characters of two units, one of them across the border of two chunks of the buffer.
+    std::string const text = "<a>" + std::string(65'507, 'x') + "\u00E9\u20AC\U0001D11E\U0001F600</a>";
+    CXmlTextWriter writer;
+    writer.SetFormatting(false);
+    writer.WriteStartDocument(enc_UTF16);
+    EXPECT_EQ(writer.GetBinaryData(enc_UTF8).GetLength(), 40U);
+    writer.WriteStartDocument(enc_Unspecified);
+    std::string const declaration = ToUtf8(writer.GetString());
+    writer.WriteStartElement(u"a", u"");
+    writer.WriteText(FromUtf8(text.substr(3, text.size() - 7)));
+    writer.WriteEndElement();
+    std::string const expected = declaration + text;
+    for (int i = 0; i < 2; ++i) {
+        CBinaryData const utf8 = writer.GetBinaryData(enc_UTF8);
+        EXPECT_TRUE(std::ranges::equal(utf8.GetOctets(), expected, [](unsigned char a, char b) {
+            return a == static_cast<unsigned char>(b);
+        }));
+        EXPECT_TRUE(writer.GetBinaryData(enc_UTF16).GetString() == FromUtf8(expected));
+        EXPECT_EQ(writer.GetBinaryData(enc_UTF16NoDeclaration), writer.GetBinaryData(enc_UTF16));
+    }
+    for (int const encoding : {-1, 0, 4}) {
+        EXPECT_BX_THROW(writer.GetBinaryData(static_cast<XmlEncoding>(encoding)), CBxException,
+                        "Unknown Encoding, select UTF-8 or ask the vendor's support");
+    }
+    EXPECT_TRUE(ToUtf8(writer.GetString()) == expected);
+}
+
+TEST(CXmlTextWriter, HalfOfASurrogatePairHasNoUtf8) {
+    for (wstring const& half : {wstring(u"\xD834"), wstring(u"\xDD1E\xD834"), wstring(u"\xD834 \xDD1E")}) {
+        CXmlTextWriter writer;
+        writer.SetFormatting(false);
+        EXPECT_EQ(writer.GetBinaryData(enc_UTF8).GetLength() + writer.GetBinaryData(enc_UTF16).GetLength(),
+                  0U);
+        writer.WriteStartElement(u"a", u"");
+        writer.WriteText(half);
+        EXPECT_BX_THROW(writer.GetBinaryData(enc_UTF8), CBxInvalidValueException,
+                        "A text with half of a surrogate pair has no UTF-8 form");
+        EXPECT_EQ(writer.GetBinaryData(enc_UTF16).GetString(), u"<a>" + half);
+    }
 }
 
 TEST(CXmlTextWriter, LimitsTheDepth) {

@@ -38,6 +38,10 @@ bool IsWhitespace(std::u16string_view text) {
     return text.find_first_not_of(u" \t\r\n") == text.npos;
 }
 
+std::string InElements(std::size_t count) {
+    return std::to_string(count) + (count == 1 ? " element" : " elements");
+}
+
 Statistics Survey(CXmlElement const& root) {
     Statistics found;
     Visit(root, 1, found);
