@@ -10,7 +10,11 @@ namespace Gpx {
 template <class T>
 class CObjectCol : public CXmlCollection {
 public:
-    explicit CObjectCol(char16_t const* elementName) : CXmlCollection(elementName, kNamespace, 0, -1) {}
+    explicit CObjectCol(char16_t const* elementName) : CXmlCollection(elementName, u"", 0, -1) {
+        // One text for all collections.
+        static CSharedText const s_namespace(kNamespace);
+        m_namespace = s_namespace;
+    }
 
     /// Appends a new object.
     CSmartPtr<T> Add() { return Add(new T(m_elementName.c_str())); }

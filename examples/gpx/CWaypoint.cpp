@@ -27,6 +27,17 @@ int StringToFix(char16_t const* text) {
 
 }  // namespace
 
+namespace {
+
+/// An empty collection for the library, of a point that has no links. A point that gets some takes it over.
+CSmartPtr<CLinkCol>& SpareLinks() {
+    thread_local CSmartPtr<CLinkCol> s_links;
+    if (!s_links) s_links = new CLinkCol(u"link");
+    return s_links;
+}
+
+}  // namespace
+
 CSmartPtr<CLinkCol> CWaypoint::GetLinks() {
     if (!m_links) m_links = new CLinkCol(u"link");
     return m_links;
@@ -61,6 +72,17 @@ MetaData CWaypoint::Describe() {
             }};
 }
 
+CXmlElement* CWaypoint::FromXml_Int(CXmlElement* element, CXmlElement* firstChild,
+                                    CXmlSerializationContext const& context, bool allowEmptyChoice) {
+    struct TakeOver {
+        ~TakeOver() {
+            if (SpareLinks()->GetCount() > 0) m_links = std::exchange(SpareLinks(), nullptr);
+        }
+        CSmartPtr<CLinkCol>& m_links;
+    } const takeOver{m_links};
+    return CGpxClass::FromXml_Int(element, firstChild, context, allowEmptyChoice);
+}
+
 void CWaypoint::AccessProperty(int propertyIndex, bool read, BxVariant& value) {
     switch (propertyIndex) {
         case kElevation:
@@ -80,7 +102,7 @@ void CWaypoint::AccessProperty(int propertyIndex, bool read, BxVariant& value) {
         case kSource:
             return Exchange(read, value, m_source);
         case kLinks:
-            return ExchangeCollection(read, value, GetLinks());
+            return ExchangeCollection(read, value, m_links ? m_links : SpareLinks());
         case kSymbol:
             return Exchange(read, value, m_symbol);
         case kType:

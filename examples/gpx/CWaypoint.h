@@ -132,6 +132,10 @@ public:
     static MetaData Describe();
 
 protected:
+    CXmlElement* FromXml_Int(CXmlElement* element, CXmlElement* firstChild,
+                             CXmlSerializationContext const& context, bool allowEmptyChoice) override;
+    using CXmlObjectBase::FromXml_Int;
+
     void AccessProperty(int propertyIndex, bool read, BxVariant& value) override;
     void ResetContent() override;
 
@@ -174,8 +178,8 @@ private:
     Rare<wstring> m_symbol;
     Rare<wstring> m_type;
     Optional<Gpx::Fix> m_fix;
-    Rare<CBigInteger> m_satellites;
-    Rare<CDecimal> m_hdop;
+    Optional<CBigInteger> m_satellites;
+    Optional<CDecimal> m_hdop;
     Rare<CDecimal> m_vdop;
     Rare<CDecimal> m_pdop;
     Rare<CDecimal> m_ageOfDgpsData;

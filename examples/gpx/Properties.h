@@ -70,25 +70,21 @@ void Put(BxVariant& variant, T value) {
     variant.SetI4(static_cast<std::int32_t>(value));
 }
 
-inline void Take(BxVariant& variant, CDecimal& value) {
-    value = std::move(variant).GetDecimal();
-}
-inline void Take(BxVariant& variant, CBigInteger& value) {
-    value = std::move(variant).GetInteger();
-}
-inline void Take(BxVariant& variant, CDateTime& value) {
-    value = variant.GetDateTime();
-}
-inline void Take(BxVariant& variant, wstring& value) {
-    value = std::move(variant).GetString();
-}
-inline void Take(BxVariant& variant, std::uint16_t& value) {
-    value = variant.GetUI2();
-}
 template <class T>
-requires std::is_enum_v<T>
-void Take(BxVariant& variant, T& value) {
-    value = static_cast<T>(variant.GetI4());
+T Taken(BxVariant& variant) {
+    if constexpr (std::is_same_v<T, CDecimal>) {
+        return std::move(variant).GetDecimal();
+    } else if constexpr (std::is_same_v<T, CBigInteger>) {
+        return std::move(variant).GetInteger();
+    } else if constexpr (std::is_same_v<T, CDateTime>) {
+        return variant.GetDateTime();
+    } else if constexpr (std::is_same_v<T, wstring>) {
+        return std::move(variant).GetString();
+    } else if constexpr (std::is_same_v<T, std::uint16_t>) {
+        return variant.GetUI2();
+    } else {
+        return static_cast<T>(variant.GetI4());
+    }
 }
 /// @}
 
@@ -99,7 +95,7 @@ void Exchange(bool read, BxVariant& variant, T& member) {
     if (read) {
         Put(variant, member);
     } else {
-        Take(variant, member);
+        member = Taken<T>(variant);
     }
 }
 
@@ -109,9 +105,7 @@ void ExchangeOptional(bool read, BxVariant& variant, Holder<T>& member) {
     if (read) {
         if (member.Has()) Put(variant, member.Get());
     } else if (variant.IsValid()) {
-        T value;
-        Take(variant, value);
-        member.Set(std::move(value));
+        member.Set(Taken<T>(variant));
     } else {
         member.Clear();
     }

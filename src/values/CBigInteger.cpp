@@ -60,12 +60,15 @@ CBigInteger::CBigInteger(std::u16string_view text) {
 }
 
 CBigInteger::CBigInteger(CBigInteger&& other) noexcept
-    : m_sign(std::exchange(other.m_sign, 1)), m_digits(std::exchange(other.m_digits, {})) {}
+    : m_sign(std::exchange(other.m_sign, 1)), m_digits(std::move(other.m_digits)) {
+    other.m_digits.clear();
+}
 
 CBigInteger& CBigInteger::operator=(CBigInteger&& other) noexcept {
     if (this == &other) return *this;
     m_sign = std::exchange(other.m_sign, 1);
-    m_digits = std::exchange(other.m_digits, {});
+    m_digits = std::move(other.m_digits);
+    other.m_digits.clear();
     return *this;
 }
 
@@ -74,6 +77,10 @@ void CBigInteger::Parse(char16_t const* text) {
 }
 
 void CBigInteger::Parse(std::u16string_view text) {
+    if (std::all_of(text.begin(), text.end(), IsDigit)) {
+        *this = CBigInteger(1, Magnitude::FromText(text));
+        return;
+    }
     bool const isPlain = std::all_of(text.begin(), text.end(), IsPlain);
     *this = isPlain ? CBigInteger(BeginsWithMinus(text) ? -1 : 1, Magnitude::FromText(LastDigits(text)))
                     : CDecimal(text).ToBigInteger();

@@ -10,6 +10,7 @@
 #include "platform/TextView.h"
 #include "values/DecimalText.h"
 #include "values/Magnitude.h"
+#include "values/NumberText.h"
 
 namespace BxXmlLib5 {
 
@@ -72,7 +73,28 @@ int CDecimal::PlacesLimit() {
     return std::clamp(m_maxDivider, 0, static_cast<int>(kMaxExponentZeros));
 }
 
+/// Reads the form that nearly all texts have: a sign, digits, and more of them behind a point.
+/// @return false if the text has another form or more places than the limit
+bool CDecimal::ParsePlain(std::u16string_view text) {
+    std::size_t at = 0;
+    bool const isNegative = TakeSign(text, at);
+    std::size_t const point = SkipDigits(text, at);
+    std::u16string_view fraction;
+    if (point < text.size()) {
+        if (text[point] != u'.' || SkipDigits(text, point + 1) < text.size()) return false;
+        fraction = text.substr(point + 1);
+        fraction = fraction.substr(0, fraction.find_last_not_of(u'0') + 1);
+        if (std::ssize(fraction) > PlacesLimit()) return false;
+    }
+    m_integerPart = {isNegative ? -1 : 1, Magnitude::FromText(text.substr(at, point - at))};
+    if (fraction.empty()) return true;
+    m_fractionPart = {m_integerPart.m_sign, Magnitude::FromText(fraction)};
+    m_fractionalDivider = static_cast<int>(fraction.size());
+    return true;
+}
+
 void CDecimal::Parse(std::u16string_view text) {
+    if (ParsePlain(text)) return;
     DecimalText source = ScanDecimal(text);
     std::string& digits = source.m_digits;
     std::int64_t const exponent = source.m_exponent.value_or(0);

@@ -117,6 +117,7 @@ private:
     static int PlacesLimit();
 
     void Parse(std::u16string_view text);
+    bool ParsePlain(std::u16string_view text);
     void Rationalise();
     void ChangeFractionalDivider(int divider);
     /// Rounds to the limit of decimal places.
