@@ -38,7 +38,7 @@ std::u16string_view LastDigits(std::u16string_view text) {
 
 }  // namespace
 
-CBigInteger::CBigInteger(int sign, std::u32string limbs) : m_sign(sign), m_digits(std::move(limbs)) {}
+CBigInteger::CBigInteger(int sign, CLimbs limbs) : m_sign(sign), m_digits(std::move(limbs)) {}
 
 CBigInteger::CBigInteger(int value) : CBigInteger(static_cast<long long>(value)) {}
 
@@ -60,15 +60,12 @@ CBigInteger::CBigInteger(std::u16string_view text) {
 }
 
 CBigInteger::CBigInteger(CBigInteger&& other) noexcept
-    : m_sign(std::exchange(other.m_sign, 1)), m_digits(std::move(other.m_digits)) {
-    other.m_digits.clear();
-}
+    : m_sign(std::exchange(other.m_sign, 1)), m_digits(std::move(other.m_digits)) {}
 
 CBigInteger& CBigInteger::operator=(CBigInteger&& other) noexcept {
     if (this == &other) return *this;
     m_sign = std::exchange(other.m_sign, 1);
     m_digits = std::move(other.m_digits);
-    other.m_digits.clear();
     return *this;
 }
 

@@ -152,7 +152,7 @@ void CDecimal::ChangeFractionalDivider(int divider) {
     if (!isUp) return;
     fraction = Magnitude::Add(fraction, Magnitude::FromInteger(1));
     if (Magnitude::CountDigits(fraction) > static_cast<std::size_t>(divider)) {
-        fraction.clear();
+        fraction.Clear();
         m_integerPart += m_fractionPart.m_sign;
     }
 }

@@ -2,12 +2,12 @@
 #pragma once
 
 #include <cstdint>
-#include <string>
 #include <string_view>
 #include <vector>
 
 #include "BxXmlLib5/platform/Export.h"
 #include "BxXmlLib5/platform/Text.h"
+#include "BxXmlLib5/values/CLimbs.h"
 
 namespace BxXmlLib5 {
 
@@ -140,7 +140,7 @@ protected:
 private:
     friend class CDecimal;
 
-    CBigInteger(int sign, std::u32string limbs);
+    CBigInteger(int sign, CLimbs limbs);
 
     bool IsZero() const { return m_digits.empty(); }
     bool IsPositive() const { return m_sign > 0 && !IsZero(); }
@@ -152,9 +152,8 @@ private:
     long long ToInteger(CBigInteger const& least, CBigInteger const& most) const;
 
     int m_sign = 1;
-    /// Nine decimal digits in each unit, the least significant first; zero has none. Of this type, because a
-    /// short one needs no heap.
-    std::u32string m_digits;
+    /// Nine decimal digits in each limb; zero has none.
+    CLimbs m_digits;
 };
 
 inline CBigInteger const CBigInteger::MAX_LONG(u"2147483647");
