@@ -59,16 +59,6 @@ CBigInteger::CBigInteger(std::u16string_view text) {
     Parse(text);
 }
 
-CBigInteger::CBigInteger(CBigInteger&& other) noexcept
-    : m_sign(std::exchange(other.m_sign, 1)), m_digits(std::move(other.m_digits)) {}
-
-CBigInteger& CBigInteger::operator=(CBigInteger&& other) noexcept {
-    if (this == &other) return *this;
-    m_sign = std::exchange(other.m_sign, 1);
-    m_digits = std::move(other.m_digits);
-    return *this;
-}
-
 void CBigInteger::Parse(char16_t const* text) {
     Parse(TextOf(text));
 }

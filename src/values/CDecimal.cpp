@@ -43,19 +43,6 @@ CDecimal::CDecimal(std::u16string_view text) {
     Parse(text);
 }
 
-CDecimal::CDecimal(CDecimal&& other) noexcept
-    : m_integerPart(std::move(other.m_integerPart)),
-      m_fractionPart(std::move(other.m_fractionPart)),
-      m_fractionalDivider(std::exchange(other.m_fractionalDivider, 1)) {}
-
-CDecimal& CDecimal::operator=(CDecimal&& other) noexcept {
-    if (this == &other) return *this;
-    m_integerPart = std::move(other.m_integerPart);
-    m_fractionPart = std::move(other.m_fractionPart);
-    m_fractionalDivider = std::exchange(other.m_fractionalDivider, 1);
-    return *this;
-}
-
 CDecimal::CDecimal(CBigInteger integerPart, CBigInteger fractionPart, int divider)
     : m_integerPart(std::move(integerPart)),
       m_fractionPart(std::move(fractionPart)),
@@ -86,9 +73,11 @@ bool CDecimal::ParsePlain(std::u16string_view text) {
         fraction = fraction.substr(0, fraction.find_last_not_of(u'0') + 1);
         if (std::ssize(fraction) > PlacesLimit()) return false;
     }
-    m_integerPart = {isNegative ? -1 : 1, Magnitude::FromText(text.substr(at, point - at))};
+    m_integerPart.m_sign = isNegative ? -1 : 1;
+    m_integerPart.m_digits = Magnitude::FromText(text.substr(at, point - at));
     if (fraction.empty()) return true;
-    m_fractionPart = {m_integerPart.m_sign, Magnitude::FromText(fraction)};
+    m_fractionPart.m_sign = m_integerPart.m_sign;
+    m_fractionPart.m_digits = Magnitude::FromText(fraction);
     m_fractionalDivider = static_cast<int>(fraction.size());
     return true;
 }

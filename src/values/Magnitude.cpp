@@ -25,15 +25,22 @@ constexpr std::uint32_t Limb(std::uint64_t value) {
     return static_cast<std::uint32_t>(value);
 }
 
+/// @param digits as many as a limb has at most
+template <class Char>
+std::uint32_t LimbOf(std::basic_string_view<Char> digits) {
+    std::uint32_t limb = 0;
+    for (Char const digit : digits) limb = limb * 10 + static_cast<std::uint32_t>(digit - Char('0'));
+    return limb;
+}
+
 template <class Char>
 Limbs LimbsOf(std::basic_string_view<Char> digits) {
+    if (digits.size() <= kLimbDigits) return Limbs(LimbOf(digits));
     digits.remove_prefix(std::min(digits.find_first_not_of(Char('0')), digits.size()));
     Limbs limbs((digits.size() + kLimbDigits - 1) / kLimbDigits, 0);
     for (std::uint32_t& limb : limbs) {
         std::size_t const count = std::min(digits.size(), kLimbDigits);
-        for (Char const digit : digits.substr(digits.size() - count)) {
-            limb = limb * 10 + static_cast<std::uint32_t>(digit - Char('0'));
-        }
+        limb = LimbOf(digits.substr(digits.size() - count));
         digits.remove_suffix(count);
     }
     return limbs;

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "BxXmlLib5/platform/Export.h"
@@ -48,8 +49,14 @@ public:
     CBigInteger(CBigInteger const& other) = default;
     CBigInteger& operator=(CBigInteger const& other) = default;
     /// Leaves the other object zero.
-    CBigInteger(CBigInteger&& other) noexcept;
-    CBigInteger& operator=(CBigInteger&& other) noexcept;
+    CBigInteger(CBigInteger&& other) noexcept
+        : m_sign(std::exchange(other.m_sign, 1)), m_digits(std::move(other.m_digits)) {}
+    CBigInteger& operator=(CBigInteger&& other) noexcept {
+        if (this == &other) return *this;
+        m_sign = std::exchange(other.m_sign, 1);
+        m_digits = std::move(other.m_digits);
+        return *this;
+    }
 
     /// Replaces the value by that of a text.
     ///
