@@ -8,15 +8,18 @@ namespace {
 
 constexpr char16_t kOther[] = u"##other";
 
-/// @param source what the copy was read from
-void DropWhitespace(CXmlElement const& source, CElement& copy) {
-    CXmlElement const* sourceChild = source.GetFirstElement();
-    if (sourceChild == nullptr) return;
-    if (std::ranges::all_of(source.GetTextView(), CWhitespaceUtils::IsWhiteSpace)) copy.SetText(u"");
-    CSmartPtr<CElementCol> const children = copy.GetChildElements();
-    for (CElement* const child : *children) {
-        DropWhitespace(*sourceChild, *child);
-        sourceChild = sourceChild->GetNextSiblingElement();
+bool IsWhitespace(std::u16string_view text) {
+    return std::ranges::all_of(text, CWhitespaceUtils::IsWhiteSpace);
+}
+
+/// @param source the first of those that the elements were read from
+void DropWhitespace(CXmlElement const* source, CElementCol& elements) {
+    for (CElement* const element : elements) {
+        if (CXmlElement const* const child = source->GetFirstElement()) {
+            if (IsWhitespace(source->GetTextView())) element->SetText(u"");
+            DropWhitespace(child, *element->GetChildElements());
+        }
+        source = source->GetNextSiblingElement();
     }
 }
 
@@ -32,15 +35,17 @@ MetaData CExtensions::Describe() {
 
 CXmlElement* CExtensions::FromXml_Int(CXmlElement* element, CXmlElement* firstChild,
                                       CXmlSerializationContext const& context, bool allowEmptyChoice) {
-    CXmlElement* const next = CGpxClass::FromXml_Int(element, firstChild, context, allowEmptyChoice);
     // The collection takes every namespace.
-    CXmlElement const* source = firstChild;
-    for (CElement* const child : *m_elements) {
-        if (!context.GetIgnoreNamespaces()) TestNamespace(child->GetNamespace().c_str(), kOther, kNamespace);
-        DropWhitespace(*source, *child);
-        source = source->GetNextSiblingElement();
-    }
+    if (!context.GetIgnoreNamespaces()) TestNamespaces(firstChild);
+    CXmlElement* const next = CGpxClass::FromXml_Int(element, firstChild, context, allowEmptyChoice);
+    DropWhitespace(firstChild, *m_elements);
     return next;
+}
+
+void CExtensions::TestNamespaces(CXmlElement const* child) const {
+    for (; child != nullptr; child = child->GetNextSiblingElement()) {
+        TestNamespace(child->GetNamespaceURI().c_str(), kOther, kNamespace);
+    }
 }
 
 void CExtensions::AccessProperty(int, bool read, BxVariant& value) {
@@ -48,6 +53,7 @@ void CExtensions::AccessProperty(int, bool read, BxVariant& value) {
 }
 
 void CExtensions::ResetContent() {
+    if (m_elements && m_elements->GetCount() == 0) return;
     m_elements = new CElementCol(u"", kOther, kNamespace, 0, -1);
 }
 

@@ -28,6 +28,8 @@ protected:
 private:
     enum Property { kElements };
 
+    void TestNamespaces(CXmlElement const* child) const;
+
     CSmartPtr<CElementCol> m_elements;
 };
 

@@ -29,11 +29,12 @@ int StringToFix(char16_t const* text) {
 
 namespace {
 
-/// An empty collection for the library, of a point that has no links. A point that gets some takes it over.
-CSmartPtr<CLinkCol>& SpareLinks() {
-    thread_local CSmartPtr<CLinkCol> s_links;
-    if (!s_links) s_links = new CLinkCol(u"link");
-    return s_links;
+/// What the library is shown of points without links, an empty collection. A point that reads some takes it.
+thread_local CSmartPtr<CLinkCol> t_spareLinks;
+
+CLinkCol* SpareLinks() {
+    if (!t_spareLinks) t_spareLinks = new CLinkCol(u"link");
+    return t_spareLinks;
 }
 
 }  // namespace
@@ -76,7 +77,7 @@ CXmlElement* CWaypoint::FromXml_Int(CXmlElement* element, CXmlElement* firstChil
                                     CXmlSerializationContext const& context, bool allowEmptyChoice) {
     struct TakeOver {
         ~TakeOver() {
-            if (SpareLinks()->GetCount() > 0) m_links = std::exchange(SpareLinks(), nullptr);
+            if (t_spareLinks && t_spareLinks->GetCount() > 0) m_links = std::exchange(t_spareLinks, nullptr);
         }
         CSmartPtr<CLinkCol>& m_links;
     } const takeOver{m_links};
@@ -102,7 +103,7 @@ void CWaypoint::AccessProperty(int propertyIndex, bool read, BxVariant& value) {
         case kSource:
             return Exchange(read, value, m_source);
         case kLinks:
-            return ExchangeCollection(read, value, m_links ? m_links : SpareLinks());
+            return ExchangeCollection(read, value, m_links ? static_cast<CLinkCol*>(m_links) : SpareLinks());
         case kSymbol:
             return Exchange(read, value, m_symbol);
         case kType:
