@@ -1,6 +1,7 @@
 // The limits that keep hostile input from harming the process, one for all readers and writers.
 #pragma once
 
+#include <algorithm>
 #include <climits>
 #include <cstddef>
 #include <cstdint>
@@ -24,11 +25,14 @@ inline constexpr std::int64_t kMaxExponentZeros = 5'000'000;
 /// Units of a namespace name. Each element and attribute repeats it where prefixes are resolved.
 inline constexpr std::size_t kMaxNamespaceLength = 4096;
 
-/// Units of attribute values that a document type adds to elements, each value counting some more for itself:
-/// a short document must not grow without measure. The greater of this and of a multiple of the input's
-/// octets holds.
-inline constexpr std::size_t kMaxDefaultedUnits = 8 * 1024 * 1024;
-inline constexpr std::size_t kMaxDefaultedUnitsForEachOctet = 100;
+/// Units that a document may have beyond those that it spells out: attribute values that a document type adds
+/// to elements, each value counting some more for itself, and what the indices of Fast Infoset repeat. A short
+/// document must not grow without measure.
+constexpr std::size_t MaxRepeatedUnits(std::size_t inputSize) {
+    constexpr std::size_t kAlways = 8 * 1024 * 1024;
+    constexpr std::size_t kForEachOctet = 100;
+    return std::max(kAlways, inputSize * kForEachOctet);
+}
 inline constexpr std::size_t kUnitsOfDefaultedAttribute = 8;
 
 /// What the search for a pattern's match in a value may take: octets of stack, which some thousand rounds of

@@ -13,8 +13,8 @@ namespace {
 
 CBinaryData ToUtf8Octets(std::u16string_view text) {
     CBinaryData octets = WideToUtf8(text);
-    if (octets.GetLength() > 0 || text.empty()) return octets;
-    throw CBxInvalidValueException(u"A text has half of a surrogate pair, so the document has no UTF-8 form");
+    if (octets.GetLength() == 0) CheckedUtf8Size(text);  // which throws for a text without this form
+    return octets;
 }
 
 CBinaryData ToUtf16Octets(std::u16string_view text) {

@@ -14,6 +14,12 @@
 
 using namespace BxXmlLib5;
 
+TEST(GuideText, LeadsToUtf8AndBack) {
+    wstring const greeting = FromUtf8("Grüße");
+    std::string const octets = ToUtf8(greeting);
+    EXPECT_EQ(octets, "Grüße");
+}
+
 namespace {
 
 class Order : public CXmlObjectBase {
@@ -73,25 +79,7 @@ protected:
     CXmlSerializationContext const context;
 };
 
-// Small documents
-
-CBinaryData Compressed(CXmlObjectBase const& object, CXmlSerializationContext const& context) {
-    CBinaryData data = object.ToXmlStream(true, false, enc_UTF8, eol_LF, context, cmp_None);
-    try {
-        data.CompressData(cmp_GZip);
-    } catch (CBxException const&) {
-        // Too small to shrink: it goes as it is, and reads back all the same.
-    }
-    return data;
-}
-
 }  // namespace
-
-TEST_F(Guide, Text) {
-    wstring const greeting = FromUtf8("Grüße");
-    std::string const octets = ToUtf8(greeting);
-    EXPECT_EQ(octets, "Grüße");
-}
 
 TEST_F(Guide, WritingAndReading) {
     // Writing
@@ -138,6 +126,20 @@ TEST_F(Guide, DocumentsWithoutAClass) {
     for (; item != nullptr; item = item->GetNextSiblingElement()) all += item->GetText();
     EXPECT_EQ(all.size(), 100U);
 }
+
+namespace {
+
+CBinaryData Compressed(CXmlObjectBase const& object, CXmlSerializationContext const& context) {
+    CBinaryData data = object.ToXmlStream(true, false, enc_UTF8, eol_LF, context, cmp_None);
+    try {
+        data.CompressData(cmp_GZip);
+    } catch (CBxException const&) {
+        // Too small to shrink: it goes as it is, and reads back all the same.
+    }
+    return data;
+}
+
+}  // namespace
 
 TEST_F(Guide, SmallDocuments) {
     EXPECT_EQ(Compressed(order, context)[0], 0x1F);

@@ -105,10 +105,12 @@ TEST(Convert, WritesWhatItReads) {
         // Encodings, and the forms that are not text
         {"--encoding utf-16 --declaration no --compact", "<a>\xF0\x9F\x98\x80</a>", "\xFF\xFE<\0a\0>\0\x3D\xD8\x00\xDE<\0/\0a\0>\0"s, ""},
         {"--encoding utf-16 --encoding utf-8 --compact", "<?xml version='1.0' encoding='UTF-8'?><a/>", kDeclaration + "<a/>", ""},
-        {"--to finf", "<a>\n<b/></a>", "\xE0\0\0\1\0\x3C\0a\x3C\0b\xFF\xF0"s, ""},
+        {"--to finf", "<a>\n<b/></a>", "\xE0\0\0\1\0\x3C\0a\x3C\0b\xF0\xFF"s, ""},
         {"--to finf --to xml", "<a/>", kDeclaration + "<a/>\n", ""},
         {"--to finf --keep-whitespace", "<a> <b/></a>", "\xE0\0\0\1\0\x3C\0a\x3C\0b\xF0\x90 \xFF"s, ""},
         {"--compact", "\xE0\0\0\1\0\x3C\0a\x91hi\xFF"s, kDeclaration + "<a>hi</a>", ""},
+        {"--compact --no-namespaces", "\xE0\0\0\1\0\x3F\0p\0u\0a\xFF"s, kDeclaration + "<a xmlns=\"u\"/>", ""},
+        {"--to finf", "\xE0\0\0\1\0\x3C\0a\x90\1\xFF"s, "\xE0\0\0\1\0\x3C\0a\x90\1\xFF"s, ""},
         {"--compact", "<?xml encoding='finf'?>\xE0\0\0\1\0\x3C\0a\xFF"s, kDeclaration + "<a/>", ""},
         // Text beside children
         {"--compact", "<a> <b> </b>\t\r\n&#13;</a>", kDeclaration + "<a><b> </b></a>", ""},
@@ -134,8 +136,8 @@ TEST(Convert, WritesWhatItReads) {
             kDeclaration + "<p:a xmlns:p=\"u?1&amp;2\" p:x=\"1\"><b xmlns=\"v\"/><undeclared:c/></p:a>", ""},
         // Facts instead of the document
         {"--info", "<p:a xmlns:p='u&#10;v' x='1' p:y='2'> <b/>m<b><c/></b></p:a>",
-            "root: a\nnamespace: u v\nelements: 4\nattributes: 2\ndepth: 3\noctets: 60\n", ""},
-        {"--info --no-namespaces", "<p:a xmlns:p='u'/>", "root: p:a\nnamespace: (none)\nelements: 1\nattributes: 1\ndepth: 1\noctets: 18\n", ""},
+            "form: XML text\nroot: a\nnamespace: u v\nelements: 4\nattributes: 2\ndepth: 3\noctets: 60\n", ""},
+        {"--info --no-namespaces", "<p:a xmlns:p='u'/>", "form: XML text\nroot: p:a\nnamespace: (none)\nelements: 1\nattributes: 1\ndepth: 1\noctets: 18\n", ""},
     };
     // clang-format on
     Folder const folder;
@@ -193,6 +195,20 @@ TEST(Convert, ReadsBackEveryFormThatItWrites) {
     EXPECT_EQ(outcome, (Outcome{0, "39 forms\n", ""}));
 }
 
+TEST(Convert, TellsTheFormThatItRead) {
+    std::pair<char const*, char const*> const rows[] = {
+        {"--encoding utf-16", "form: XML text\n"},
+        {"--compress gzip", "form: XML text, compressed\n"},
+        {"--compress zlib --to finf", "form: Fast Infoset, compressed\n"},
+        {"--to finf --finf-declaration 1.1", "form: Fast Infoset\n"},
+    };
+    Folder const folder;
+    for (auto const& [options, form] : rows) {
+        EXPECT_EQ(folder.Run("bxconvert " BX_TRACK " "s + options + " | bxconvert --info - | grep -a ^form"),
+                  (Outcome{0, form, ""}));
+    }
+}
+
 TEST(Convert, CompressesFromTheFirstOctet) {
     Folder const folder;
     std::string const options = "bxconvert " BX_TRACK " --compress ";
@@ -231,6 +247,7 @@ TEST(Convert, RefusesBadDocuments) {
         std::string m_input;
         std::string m_message;
     };
+    std::string const unwritable = "a name or a text has characters that XML text cannot have";
     Row const rows[] = {
         {"", "", "XML Stream is empty!"},
         {"", "no XML", "syntax error at line 1"},
@@ -239,6 +256,12 @@ TEST(Convert, RefusesBadDocuments) {
         {"", "<p:a/>", "unbound prefix at line 1"},
         {"", Nested(1025), "Elements are nested more than 1024 levels deep, which is the limit"},
         {"", "\xE0\0\0\1\0\x3C\0a"s, "Failed to parse FastInfoset. Unexpected End of File."},
+        {"", "\xE0\0\0\1\0\x3C\0a\x90\1\xFF"s, unwritable},
+        {"--encoding utf-16", "\xE0\0\0\1\0\x3C\0a\x92\0\xEF\xBF\xBF\xFF"s, unwritable},
+        {"", "\xE0\0\0\1\0\x3C\2a b\xFF"s, unwritable},
+        {"", "\xE0\0\0\1\0\x3C\4a/><b\xFF"s, unwritable},
+        {"", "\xE0\0\0\1\0\x3C\3b><a\xFF"s, unwritable},
+        {"--compact", "\xE0\0\0\1\0\x3C\5a k=''\xFF"s, unwritable},
         {"--compress gzip", "<a/>", "Failed to compress data. [Error Code: 0]"},
         {"--compress zlib --to finf", "<a/>", "Failed to compress data. [Error Code: 0]"},
         {"--strict", "<a>1<b/></a>", "mixed content, text beside children, in 1 element"},

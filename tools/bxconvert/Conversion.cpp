@@ -1,9 +1,11 @@
 #include "Conversion.h"
 
+#include <algorithm>
 #include <memory>
 #include <stdexcept>
 #include <utility>
 
+#include "BxXmlLib5/binding/CBxException.h"
 #include "BxXmlLib5/binding/CXmlSerializationContext.h"
 #include "CUntypedDocument.h"
 #include "Input.h"
@@ -28,17 +30,47 @@ CBinaryData ToText(CUntypedDocument const& content, Options const& options) {
     return marked;
 }
 
-CBinaryData Write(CUntypedDocument const& content, Options const& options) {
-    if (options.m_form == Form::kXml) return ToText(content, options).CompressData(options.m_compression);
-    return content.ToFastInfosetStream(options.m_finfDeclaration,
-                                       CXmlSerializationContext::GetDefaultContext(), options.m_compression);
+bool HasNamesOf(CXmlElement const& written, CXmlElement const& original) {
+    auto const sameName = [](auto const* a, auto const* b) { return a->GetLocalName() == b->GetLocalName(); };
+    if (!sameName(&written, &original) ||
+        !std::ranges::equal(written.GetAttributes(), original.GetAttributes(), sameName)) {
+        return false;
+    }
+    CXmlElement const* child = written.GetFirstElement();
+    CXmlElement const* originalChild = original.GetFirstElement();
+    while (child != nullptr && originalChild != nullptr && HasNamesOf(*child, *originalChild)) {
+        child = child->GetNextSiblingElement();
+        originalChild = originalChild->GetNextSiblingElement();
+    }
+    return child == nullptr && originalChild == nullptr;
+}
+
+bool ReadsBack(CBinaryData const& text, CXmlElement const& original) {
+    CXmlDocument document;
+    try {
+        document.LoadXmlStream(text.GetData(), text.GetLength());
+    } catch (CBxException const&) {
+        return false;
+    }
+    return document.IsComplete() && HasNamesOf(*document.GetDocumentElement(), original);
 }
 
 CBinaryData Rewrite(std::unique_ptr<CXmlDocument> document, Statistics const& statistics,
                     Options const& options) {
     CUntypedDocument const content(*document, statistics, options);
-    document.reset();  // which has no part in writing, but as much memory as the content
-    return Write(content, options);
+    // Fast Infoset may have any characters in names and text, so XML text that is made of it has to prove
+    // itself.
+    bool const isCertain = options.m_form == Form::kFastInfoset || !document->IsFastInfoset();
+    if (isCertain) document.reset();  // which has no part in writing, but as much memory as the content
+    if (options.m_form == Form::kFastInfoset) {
+        return content.ToFastInfosetStream(
+            options.m_finfDeclaration, CXmlSerializationContext::GetDefaultContext(), options.m_compression);
+    }
+    CBinaryData text = ToText(content, options);
+    if (!isCertain && !ReadsBack(text, *document->GetDocumentElement())) {
+        throw std::runtime_error("a name or a text has characters that XML text cannot have");
+    }
+    return text.CompressData(options.m_compression);
 }
 
 }  // namespace

@@ -1,0 +1,40 @@
+// Fast Infoset documents in a notation for people, and what reading them gives.
+#pragma once
+
+#include "document/Trees.h"
+#include "fastinfoset/Integers.h"
+
+namespace BxTest {
+
+/// Pairs of hexadecimal digits, text between quotes, and blanks wherever they help.
+inline std::string OctetsOf(std::string const& notation) {
+    std::string octets;
+    for (std::size_t at = 0; at < notation.size();) {
+        std::size_t const quote = notation.find('\'', at), end = notation.find('\'', quote + 1);
+        for (unsigned char const octet : FromHex(notation.substr(at, quote - at)))
+            octets += static_cast<char>(octet);
+        if (quote == notation.npos) break;
+        octets += notation.substr(quote + 1, end - quote - 1);
+        at = end + 1;
+    }
+    return octets;
+}
+
+inline std::string const kHeader = "E0 00 00 01 00 ";
+
+/// The message without what all of them begin with, or the tree.
+inline std::string Read(std::string const& octets) {
+    std::string const outcome = Outcome([&](auto& document) { Load(kOctets, document, octets); });
+    std::string const common = "Failed to parse FastInfoset. ";
+    return outcome.starts_with(common) ? "! " + outcome.substr(common.size()) : outcome;
+}
+
+/// Expects the outcome of each row, "notation => outcome", behind a header.
+inline void ExpectReads(std::vector<std::string> const& rows, std::string const& header = kHeader) {
+    for (std::string const& row : rows) {
+        std::size_t const arrow = row.rfind(" => ");
+        EXPECT_EQ(Read(OctetsOf(header + row.substr(0, arrow))), row.substr(arrow + 4)) << row.substr(0, 200);
+    }
+}
+
+}  // namespace BxTest
