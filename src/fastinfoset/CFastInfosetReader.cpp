@@ -39,8 +39,8 @@ std::optional<Octets> FindOptionalComponents(Octets input) {
 
 /// Drops, in place, what no text of an element has: CR, and what follows a zero.
 Decoded ExcludingCR(Decoded text) {
-    bool isClean =
-        true;  // looked at without a branch for each, so that the compiler can look at many at once
+    // Looked at without a branch for each unit, so that the compiler can look at many at once.
+    bool isClean = true;
     for (char16_t const unit : text) isClean &= unit != u'\r' && unit != u'\0';
     if (isClean) return text;
     auto const end = std::remove(text.begin(), std::find(text.begin(), text.end(), u'\0'), u'\r');

@@ -16,6 +16,7 @@ namespace {
 
 /// Shorter values and chunks, in units, get an index: short ones repeat often, long ones seldom.
 constexpr std::size_t kIndexedBelow = 6;
+static_assert(kIndexedBelow == ShortText::kMaxSize + 1);
 
 /// Appends octets that are known when the library is built.
 void AppendOctets(COctetBuffer& output, auto const& octets) {
@@ -34,7 +35,7 @@ CFastInfosetWriter::~CFastInfosetWriter() = default;
 
 CBinaryData CFastInfosetWriter::GetBinaryData() const {
     CBinaryData document;
-    document.Append(m_output.Octets());
+    if (m_output.Size() > 0) document.Append(m_output.Octets());
     return document;
 }
 
@@ -226,23 +227,23 @@ std::uint32_t CFastInfosetWriter::WriteLiteral(CTextIndex& table, std::u16string
 
 void CFastInfosetWriter::WriteValue(std::u16string_view value) {
     bool const isIndexed = value.size() < kIndexedBelow;
-    if (std::uint32_t const index = isIndexed ? m_attributeValues.Find(value) : 0) {
+    if (std::uint32_t const index = isIndexed ? m_attributeValues.Find(ShortText(value)) : 0) {
         return WriteInteger(m_output, kIndexOnFirstBit, kIndexOnSecondBit, index);
     }
     std::size_t const size = Utf8Size(value);
     if (size == 0) return m_output.Append(kEmptyString);
-    bool const isAdded = isIndexed && m_attributeValues.Add(value) != 0;
+    bool const isAdded = isIndexed && m_attributeValues.Add(ShortText(value)) != 0;
     WriteUtf8String(isAdded ? kAddToTableOnFirstBit : 0U, kLengthOnFifthBit, value, size);
 }
 
 void CFastInfosetWriter::WriteChunk(std::u16string_view text) {
     bool const isIndexed = text.size() < kIndexedBelow;
-    if (std::uint32_t const index = isIndexed ? m_characterChunks.Find(text) : 0) {
+    if (std::uint32_t const index = isIndexed ? m_characterChunks.Find(ShortText(text)) : 0) {
         return WriteInteger(m_output, kCharacterChunk.m_octet | kIndexOnThirdBitFollows, kIndexOnFourthBit,
                             index);
     }
     std::size_t const size = CheckedUtf8Size(text);
-    bool const isAdded = isIndexed && m_characterChunks.Add(text) != 0;
+    bool const isAdded = isIndexed && m_characterChunks.Add(ShortText(text)) != 0;
     WriteUtf8String(kCharacterChunk.m_octet | (isAdded ? kAddToTableOnThirdBit : 0U), kLengthOnSeventhBit,
                     text, size);
 }

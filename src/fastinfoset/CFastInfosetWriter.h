@@ -78,8 +78,8 @@ private:
     bool m_pendingElement = false;     // the current element's first octets wait for the next call
     bool m_pendingTerminator = false;  // a terminator waits for another one to share its octet
     FastInfoset::CNameIndex m_attributeNames;
-    FastInfoset::CTextIndex m_attributeValues;
-    FastInfoset::CTextIndex m_characterChunks;
+    FastInfoset::CShortTextIndex m_attributeValues;
+    FastInfoset::CShortTextIndex m_characterChunks;
     FastInfoset::CNameIndex m_elementNames;
     FastInfoset::CTextIndex m_localNames;
     FastInfoset::CTextIndex m_namespaceNames;

@@ -238,3 +238,14 @@ TEST(CFastInfosetReader, NamespaceAttributes) {
     ExpectReads({"38 CC CC F0 3C 00 'a' FF => a", "38 CF 82" + kBeyondTable, "38 CD 82" + kBeyondTable,
                  "38 CF 00 'p'" + kEndOfFile, "38 D0 CD 3C 00 'a' FF" + kBeyondTable});
 }
+
+TEST(CFastInfosetReader, GivesTheTreeThatTextGives) {
+    for (std::string const name : {"drawing", "envelope", "feed"}) {
+        auto const outcome = [&name](std::string const& extension) {
+            return Outcome([&](auto& document) {
+                document.Load(FromUtf8(std::string(BX_TEST_DATA) + "/" + name + extension).c_str());
+            });
+        };
+        EXPECT_EQ(outcome(".finf"), outcome(".xml"));
+    }
+}

@@ -4,30 +4,14 @@
 
 #include <gtest/gtest.h>
 
-#include <cstddef>
 #include <cstdint>
+#include <initializer_list>
 #include <string>
-#include <vector>
 
 #include "fastinfoset/IntegerForms.h"
+#include "fastinfoset/Octets.h"
 
 namespace BxTest {
-
-using Octets = std::vector<unsigned char>;
-
-/// Pairs of hexadecimal digits, with blanks wherever they help.
-inline Octets FromHex(std::string const& digits) {
-    Octets octets;
-    for (std::size_t at = 0; at < digits.size();) {
-        if (digits[at] == ' ') {
-            ++at;
-            continue;
-        }
-        octets.push_back(static_cast<unsigned char>(std::stoul(digits.substr(at, 2), nullptr, 16)));
-        at += 2;
-    }
-    return octets;
-}
 
 struct Boundary {
     std::uint64_t m_value;

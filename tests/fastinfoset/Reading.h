@@ -1,23 +1,14 @@
-// Fast Infoset documents in a notation for people, and what reading them gives.
+// What reading Fast Infoset gives.
 #pragma once
 
 #include "document/Trees.h"
-#include "fastinfoset/Integers.h"
+#include "fastinfoset/Octets.h"
 
 namespace BxTest {
 
-/// Pairs of hexadecimal digits, text between quotes, and blanks wherever they help.
 inline std::string OctetsOf(std::string const& notation) {
-    std::string octets;
-    for (std::size_t at = 0; at < notation.size();) {
-        std::size_t const quote = notation.find('\'', at), end = notation.find('\'', quote + 1);
-        for (unsigned char const octet : FromHex(notation.substr(at, quote - at)))
-            octets += static_cast<char>(octet);
-        if (quote == notation.npos) break;
-        octets += notation.substr(quote + 1, end - quote - 1);
-        at = end + 1;
-    }
-    return octets;
+    Octets const octets = FromHex(notation);
+    return {octets.begin(), octets.end()};
 }
 
 inline std::string const kHeader = "E0 00 00 01 00 ";

@@ -22,17 +22,19 @@ class CDocumentNodes;
 /// Loads a document into a tree of elements, which it owns.
 ///
 /// A file or a stream of octets is taken for what it is: zlib or gzip data around a document, or a document
-/// as such, in Fast Infoset (ITU-T X.891) or as text. A string is always text. Each load drops the tree of the one before, even if it fails. Encodings
-/// of text are those of Expat: UTF-8, UTF-16, ISO-8859-1 and US-ASCII, told by a byte order mark or the XML
-/// declaration.
+/// as such, in Fast Infoset (ITU-T X.891) or as text. A string is always text. Each load drops the tree of the
+/// one before, even if it fails. Encodings of text are those of Expat: UTF-8, UTF-16, ISO-8859-1 and US-ASCII,
+/// told by a byte order mark or the XML declaration.
 ///
 /// Limits: 2,147,483,647 octets of input, before or after decompression, 1,024 levels of elements, 1,024
-/// entities that refer to others, 4,096 characters of a namespace. A document and its tree belong to one
+/// entities that refer to others, 4,096 characters of a namespace; 8,388,608 characters, or 100 for each octet
+/// if that is more, that a document repeats without spelling them out. A document and its tree belong to one
 /// thread at a time, even for reading.
 ///
 /// All loads throw CBxException, with a message that says what is wrong, for input that is empty, too large
-/// or no well-formed document. An input that ends inside an element is not refused: the tree holds what was
-/// complete, and IsComplete() tells.
+/// or no well-formed document. Text that ends inside an element is not refused: the tree holds what was
+/// complete, and IsComplete() tells. Fast Infoset is refused then. Its initial vocabulary is not applied, and its
+/// root must come first: what else the document has is not looked at.
 class BXXMLLIB5_API CXmlDocument : public CInstanceMonitor {
 public:
     /// Nothing is loaded.
