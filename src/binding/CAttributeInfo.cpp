@@ -97,7 +97,7 @@ bool CAttributeInfoPrimitive::AttributeFromXml(CXmlSerializationContext const&, 
         return false;
     }
     BxVariant value;
-    value.FromString(wstring(attribute->GetValueView()), m_itemType, m_whitespaceRule);
+    value.FromString(attribute->GetValueView(), m_itemType, m_whitespaceRule);
     AccessProperty(owner, false, value);
     return true;
 }

@@ -142,7 +142,7 @@ void CElementInfo::PseudoItemsAttributesToXml(CXmlSerializationContext const& co
 
 void CElementInfo::ReadPrim(CXmlGeneratedClass* owner, CXmlElement** child) {
     BxVariant value;
-    value.FromString(wstring((*child)->GetTextView()), m_itemType, m_whitespaceRule);
+    value.FromString((*child)->GetTextView(), m_itemType, m_whitespaceRule);
     AccessProperty(owner, false, value);
     *child = (*child)->GetNextSiblingElement();
 }

@@ -40,7 +40,7 @@ struct Kind {
     void (*copy)(Value& target, Value const& source) = nullptr;
     void (*drop)(Value const& value) = nullptr;
     wstring (*toString)(Value const& value, char16_t const* format) = nullptr;
-    void (*fromString)(BxVariant& variant, wstring const& text, Rule rule) = nullptr;
+    void (*fromString)(BxVariant& variant, std::u16string_view text, Rule rule) = nullptr;
 };
 
 /// A pointer of the slot: to an object of the variant's own, or to a counted one.
@@ -87,7 +87,7 @@ constexpr Kind Row(ItemType type, char16_t const* name) {
             return ToText(ReadSlot(value.*Member));
         }
     };
-    row.fromString = [](BxVariant& variant, wstring const& text, Rule rule) {
+    row.fromString = [](BxVariant& variant, std::u16string_view text, Rule rule) {
         (variant.*Setter)(FromText(text, rule));
     };
     return row;
@@ -209,14 +209,14 @@ wstring BxVariant::ToString(char16_t const* format) const {
     return kind->toString(m_value, format);
 }
 
-void BxVariant::FromString(wstring const& text, ItemType type, CWhitespaceUtils::WhitespaceRule rule) {
+void BxVariant::FromString(std::u16string_view text, ItemType type, CWhitespaceUtils::WhitespaceRule rule) {
     Kind const* const kind = FindPrimitive(type);
     if (kind == nullptr) ThrowNoText(type);
     kind->fromString(*this, text, rule);
 }
 
 template <class T>
-void BxVariant::Own(ItemType type, T* Value::*member, T value) {
+void BxVariant::Own(ItemType type, T* Value::*member, T&& value) {
     T* const owned = new T(std::move(value));
     Start(type).*member = owned;
 }

@@ -9,6 +9,7 @@
 #include <sstream>
 #include <thread>
 
+#include "../support/GuideText.h"
 #include "BxXmlLib5/BxXmlLib5.h"
 
 using namespace BxXmlLib5;
@@ -183,26 +184,5 @@ TEST_F(Guide, Threads) {
 }
 
 TEST(GuideText, HasTheExamplesOfThisSource) {
-    // Lines without their indentation.
-    auto const lines = [](char const* path) {
-        std::vector<std::string> result;
-        std::ifstream file(path);
-        for (std::string line; std::getline(file, line);)
-            result.push_back(line.erase(0, std::min(line.find_first_not_of(' '), line.size())));
-        return result;
-    };
-    auto const source = lines(BX_GUIDE_SOURCE);
-    auto const guide = lines(BX_GUIDE);
-    int examples = 0;
-    auto place = source.begin();
-    for (auto fence = std::find(guide.begin(), guide.end(), "```cpp"); fence != guide.end();
-         fence = std::find(fence, guide.end(), "```cpp")) {
-        auto const end = std::find(++fence, guide.end(), "```");
-        auto const found = std::search(place, source.end(), fence, end);
-        ASSERT_NE(found, source.end()) << "from line " << fence - guide.begin() + 1 << ": " << *fence;
-        place = found + (end - fence);
-        fence = end;
-        ++examples;
-    }
-    EXPECT_GE(examples, 15);
+    BxTest::ExpectExamplesOf(BX_GUIDE, BX_GUIDE_SOURCE, 15);
 }
