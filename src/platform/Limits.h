@@ -12,6 +12,9 @@ namespace BxXmlLib5 {
 /// under a sanitizer, so this is safe on a stack of 8 MiB with a wide margin.
 inline constexpr int kMaxElementDepth = 1024;
 
+/// Objects of generated classes inside each other, those without a tag included.
+inline constexpr int kMaxObjectDepth = 2 * kMaxElementDepth;
+
 /// Octets of a document, before and after decompression: what one call of Expat takes.
 inline constexpr std::size_t kMaxInputSize = INT_MAX;
 
