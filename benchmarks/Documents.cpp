@@ -2,7 +2,7 @@
 
 #include <benchmark/benchmark.h>
 
-#include "BxXmlLib5/BxXmlLib5.h"
+#include "Content.h"
 #include "ExpatFloor.h"
 #include "GpxDocument.h"
 #include "PeakMemory.h"
@@ -15,28 +15,8 @@ using namespace BxBench;
 
 constexpr std::size_t kMegabyte = 1'000'000;
 
-/// An element that reads the root of a document.
-class Content : public CElement {
-public:
-    Content() : CElement(u"") {}
-    void Read(CXmlDocument& document) {
-        CXmlElement* const root = document.GetDocumentElement();
-        FromXml_Int(root, root, CXmlSerializationContext::GetDefaultContext(), false);
-    }
-};
-
 std::string const& Input(benchmark::State const& state) {
     return GpxDocument(static_cast<std::size_t>(state.range(0)) * kMegabyte);
-}
-
-void LoadStream(CXmlDocument& document, std::string const& input) {
-    document.LoadXmlStream(reinterpret_cast<unsigned char const*>(input.data()), input.size());
-}
-
-void ReadContent(Content& content, std::string const& input) {
-    CXmlDocument document;
-    LoadStream(document, input);
-    content.Read(document);
 }
 
 wstring Write(CXmlObjectBase const& object) {
@@ -63,14 +43,14 @@ void ReadElement(benchmark::State& state) {
     std::string const& input = Input(state);
     for (auto _ : state) {
         Content content;
-        ReadContent(content, input);
+        content.Read(input);
         benchmark::DoNotOptimize(&content);
     }
 }
 
 void WriteElement(benchmark::State& state) {
     Content content;
-    ReadContent(content, Input(state));
+    content.Read(Input(state));
     for (auto _ : state) {
         wstring const text = Write(content);
         benchmark::DoNotOptimize(text.data());
@@ -104,7 +84,7 @@ PeakAims const s_peaks({
     {"read into CElement, the input included", 10 * kMegabyte, 0,
      [](std::string const& input) {
          Content content;
-         ReadContent(content, input);
+         content.Read(input);
      }},
 });
 

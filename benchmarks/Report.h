@@ -24,12 +24,21 @@ struct Peak {
     std::function<void(std::string const& input)> m_work;
 };
 
+/// The octets of a document in one form; the report gives them as a ratio to those of the first row, too.
+struct Size {
+    std::string m_name;
+    std::function<std::size_t()> m_octets;
+};
+
 /// A static object of these in any source adds its rows to the report.
 struct Aims {
     explicit Aims(std::vector<Ratio> const& rows);
 };
 struct PeakAims {
     explicit PeakAims(std::vector<Peak> const& rows);
+};
+struct Sizes {
+    explicit Sizes(std::vector<Size> const& rows);
 };
 
 }  // namespace BxBench

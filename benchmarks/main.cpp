@@ -24,6 +24,11 @@ std::vector<Peak>& Peaks() {
     return s_rows;
 }
 
+std::vector<Size>& SizeRows() {
+    static std::vector<Size> s_rows;
+    return s_rows;
+}
+
 /// Prints as usual and keeps the least CPU time of each benchmark: the machine's noise only ever adds.
 class Reporter : public benchmark::ConsoleReporter {
 public:
@@ -73,6 +78,16 @@ void PrintPeaks() {
     std::fflush(stdout);
 }
 
+void PrintSizes() {
+    std::printf("\nOctets of one document, and as a ratio to the first\n");
+    double first = 0;
+    for (Size const& row : SizeRows()) {
+        auto const octets = static_cast<double>(row.m_octets());
+        if (first == 0) first = octets;
+        std::printf("  %-40s %11.0f %8.2f\n", row.m_name.c_str(), octets, octets / first);
+    }
+}
+
 }  // namespace
 
 Aims::Aims(std::vector<Ratio> const& rows) {
@@ -80,6 +95,9 @@ Aims::Aims(std::vector<Ratio> const& rows) {
 }
 PeakAims::PeakAims(std::vector<Peak> const& rows) {
     Peaks().insert(Peaks().end(), rows.begin(), rows.end());
+}
+Sizes::Sizes(std::vector<Size> const& rows) {
+    SizeRows().insert(SizeRows().end(), rows.begin(), rows.end());
 }
 
 }  // namespace BxBench
@@ -91,4 +109,5 @@ int main(int argc, char** argv) {
     BxBench::Reporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
     reporter.PrintRatios();
+    BxBench::PrintSizes();
 }

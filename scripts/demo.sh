@@ -52,6 +52,20 @@ heading "Compressed input, from a pipe"
 run 'gzip -c track.gpx | bxconvert - -o unzipped.gpx'
 same formatted.gpx unzipped.gpx
 
+heading "Fast Infoset, the binary form of XML, compressed and back"
+run 'bxconvert --to finf track.gpx -o track.finf'
+run 'head -c 64 track.finf | od -A d -t x1z'
+run 'bxconvert --compress gzip track.finf --to finf -o track.finf.gz'
+run 'bxconvert --compress gzip --compact track.gpx -o track.gpx.gz'
+run 'bxconvert track.finf.gz -o returned.gpx'
+printf '%8d octets of %s\n' \
+    "$(size track.gpx)" "XML text" "$(size compact.gpx)" "compact XML text" \
+    "$(size track.finf)" "Fast Infoset" "$(size track.gpx.gz)" "compact XML text, gzip" \
+    "$(size track.finf.gz)" "Fast Infoset, gzip"
+same formatted.gpx returned.gpx
+run 'bxconvert --encoding utf-16 --compress zlib track.finf.gz | bxconvert --to finf - -o again.finf'
+same track.finf again.finf
+
 heading "A document that is none"
 run 'sed "s,</ele>,</el>," track.gpx > broken.gpx'
 status=0

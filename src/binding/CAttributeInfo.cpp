@@ -97,7 +97,7 @@ bool CAttributeInfoPrimitive::AttributeFromXml(CXmlSerializationContext const&, 
         return false;
     }
     BxVariant value;
-    value.FromString(wstring(attribute->GetValueView()), m_itemType, m_whitespaceRule);
+    value.FromString(attribute->GetValueView(), m_itemType, m_whitespaceRule);
     AccessProperty(owner, false, value);
     return true;
 }
@@ -153,7 +153,8 @@ bool CAttributeInfoAny::AttributeFromXml(CXmlSerializationContext const&, CXmlGe
     TestNamespace(attribute->GetNamespaceURI(), m_allowedNamespaces, m_targetNamespace);
     BxVariant value;
     AccessProperty(owner, true, value);
-    auto* const attributes = dynamic_cast<CAttributeCol*>(CollectionIn(value));
+    auto* const attributes =
+        value.m_type == it_xmlCollection ? dynamic_cast<CAttributeCol*>(CollectionIn(value)) : nullptr;
     if (attributes == nullptr) {
         throw CBxException(
             u"Serialization Data Error : The collection should be a CAttributeCol, it was not!");

@@ -142,7 +142,7 @@ void CElementInfo::PseudoItemsAttributesToXml(CXmlSerializationContext const& co
 
 void CElementInfo::ReadPrim(CXmlGeneratedClass* owner, CXmlElement** child) {
     BxVariant value;
-    value.FromString(wstring((*child)->GetTextView()), m_itemType, m_whitespaceRule);
+    value.FromString((*child)->GetTextView(), m_itemType, m_whitespaceRule);
     AccessProperty(owner, false, value);
     *child = (*child)->GetNextSiblingElement();
 }
@@ -168,7 +168,7 @@ CXmlElement* CElementInfo::ReadUntyped(CXmlObjectBase* object, CXmlElement* elem
 CXmlElement* CElementInfo::ReadUntypedRun(CXmlCollectionBase* collection, CXmlElement* element,
                                           CXmlElement* child, CXmlSerializationContext const& context) const {
     if (m_elementName == kAnyElement) return FromXml_Int(collection, element, child, context, false);
-    if (child == nullptr) return nullptr;
+    if (child == nullptr || child->GetLocalName() != m_elementName) return child;
     auto* const untyped = dynamic_cast<CElementCol*>(collection);
     if (untyped == nullptr) {
         throw CBxException(u"Serialization Data Error : The collection should be a CElementCol, it was not!");

@@ -69,26 +69,15 @@ bool CElementInfoAllClsMnd::ElementFromXml(CXmlSerializationContext const& conte
 
 bool CElementInfoAllClsMnd::Validate(CXmlSerializationContext const&, CXmlGeneratedClass const*, bool found,
                                      bool isElement) const {
-    bool const mayBeMissing = isElement && m_elementType != et_PseudoElement && !m_mustConsume;
-    return found || mayBeMissing || Missing(isElement);
+    if (found) return true;
+    if (isElement && m_elementType == et_Element && !m_mustConsume) return true;
+    return Missing(isElement);
 }
 
 bool CElementInfoAllClsOpt::ElementFromXml(CXmlSerializationContext const& context, CXmlGeneratedClass* owner,
                                            CXmlElement* element, CXmlElement** child, char16_t const*,
                                            XmlElementType) {
-    bool const isPseudo = m_elementType != et_Element;
-    if (isPseudo ? *child == nullptr : !IsThisElement(context, *child)) return false;
-    CSmartPtr<CXmlObjectBase> const object = Create();
-    if (!object) return false;
-    CXmlElement* const first = *child;
-    if (isPseudo) {
-        *child = FromXml_Int(object, element, first, context, false);
-        if (*child == first) return false;
-    } else {
-        ReadTag(object, child, context);
-    }
-    StoreObject(owner, object);
-    return true;
+    return ReadNew(context, owner, element, child);
 }
 
 CElementInfoAllAbsClsMnd::CElementInfoAllAbsClsMnd(char16_t const* elementName,
@@ -111,13 +100,7 @@ bool CElementInfoAllUntpdOpt::ElementFromXml(CXmlSerializationContext const& con
                                              CXmlGeneratedClass* owner, CXmlElement* element,
                                              CXmlElement** child, char16_t const* namespaceUri,
                                              XmlElementType) {
-    CXmlElement* const first = *child;
-    if (first == nullptr) return false;
-    CSmartPtr<CXmlObjectBase> const object = Create(namespaceUri);
-    *child = ReadUntyped(object, element, first, context);
-    if (*child == first) return false;
-    StoreObject(owner, object);
-    return true;
+    return ReadNew(context, owner, element, child, namespaceUri);
 }
 
 }  // namespace BxXmlLib5Data

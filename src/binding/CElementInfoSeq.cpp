@@ -13,18 +13,22 @@ bool CElementInfoSeq::Validate(CXmlSerializationContext const&, CXmlGeneratedCla
     ThrowIsNeverValidated();
 }
 
-CElementInfoSeq::Search CElementInfoSeq::FindMandatory(CXmlSerializationContext const& context,
-                                                       CXmlElement** child, XmlElementType ownerType,
-                                                       Skip skip) const {
+/// Reads the element where it is found.
+/// @param skip which owners may skip unknown elements on the way to it, if the context allows it
+/// @return whether the entry is satisfied
+template <class Read>
+bool CElementInfoSeq::ReadMandatory(CXmlSerializationContext const& context, CXmlElement** child,
+                                    XmlElementType ownerType, Skip skip, Read read) {
     bool const isElement = ownerType == et_Element;
     bool const skips = context.GetIgnoreUnknownElements() && (isElement || skip == Skip::Always);
     for (;; *child = (*child)->GetNextSiblingElement()) {
-        if (IsThisElement(context, *child)) return Search::Found;
-        if (isElement && context.GetIgnoreMissingMandatoryElements()) return Search::Excused;
-        if (!skips || *child == nullptr) break;
+        if (IsThisElement(context, *child)) {
+            read();
+            return true;
+        }
+        if (isElement && context.GetIgnoreMissingMandatoryElements()) return true;
+        if (!skips || *child == nullptr) return Missing(ownerType);
     }
-    Missing(ownerType);
-    return Search::Failed;
 }
 
 bool CElementInfoSeq::Missing(XmlElementType ownerType) const {
@@ -71,30 +75,29 @@ bool CElementInfoSeqUntpdCol::ElementFromXml(CXmlSerializationContext const& con
 bool CElementInfoSeqPrimMnd::ElementFromXml(CXmlSerializationContext const& context,
                                             CXmlGeneratedClass* owner, CXmlElement*, CXmlElement** child,
                                             char16_t const*, XmlElementType ownerType) {
-    Search const search = FindMandatory(context, child, ownerType, Skip::Always);
-    if (search == Search::Found) ReadPrim(owner, child);
-    return search != Search::Failed;
+    return ReadMandatory(context, child, ownerType, Skip::Always, [&] { ReadPrim(owner, child); });
 }
 
 bool CElementInfoSeqPrimOpt::ElementFromXml(CXmlSerializationContext const& context,
-                                            CXmlGeneratedClass* owner, CXmlElement*, CXmlElement** child,
-                                            char16_t const*, XmlElementType) {
-    if (IsThisElement(context, *child)) ReadPrim(owner, child);
+                                            CXmlGeneratedClass* owner, CXmlElement* element,
+                                            CXmlElement** child, char16_t const* namespaceUri,
+                                            XmlElementType ownerType) {
+    PrimEntry::ElementFromXml(context, owner, element, child, namespaceUri, ownerType);
     return true;
 }
 
 bool CElementInfoSeqEnumMnd::ElementFromXml(CXmlSerializationContext const& context,
                                             CXmlGeneratedClass* owner, CXmlElement*, CXmlElement** child,
                                             char16_t const*, XmlElementType ownerType) {
-    Search const search = FindMandatory(context, child, ownerType, Skip::UnderElement);
-    if (search == Search::Found) ReadEnum(owner, child, m_stringToEnum);
-    return search != Search::Failed;
+    return ReadMandatory(context, child, ownerType, Skip::UnderElement,
+                         [&] { ReadEnum(owner, child, m_stringToEnum); });
 }
 
 bool CElementInfoSeqEnumOpt::ElementFromXml(CXmlSerializationContext const& context,
-                                            CXmlGeneratedClass* owner, CXmlElement*, CXmlElement** child,
-                                            char16_t const*, XmlElementType) {
-    if (IsThisElement(context, *child)) ReadEnum(owner, child, m_stringToEnum);
+                                            CXmlGeneratedClass* owner, CXmlElement* element,
+                                            CXmlElement** child, char16_t const* namespaceUri,
+                                            XmlElementType ownerType) {
+    EnumEntry::ElementFromXml(context, owner, element, child, namespaceUri, ownerType);
     return true;
 }
 
@@ -107,9 +110,8 @@ bool CElementInfoSeqClsMnd::ElementFromXml(CXmlSerializationContext const& conte
 
 bool CElementInfoSeqClsMnd::TagFromXml(CXmlSerializationContext const& context, CXmlGeneratedClass* owner,
                                        CXmlElement** child, XmlElementType ownerType) {
-    Search const search = FindMandatory(context, child, ownerType, Skip::UnderElement);
-    if (search == Search::Found) ReadTag(ObjectInPlace(owner), child, context);
-    return search != Search::Failed;
+    return ReadMandatory(context, child, ownerType, Skip::UnderElement,
+                         [&] { ReadTag(ObjectInPlace(owner), child, context); });
 }
 
 bool CElementInfoSeqClsMnd::PseudoFromXml(CXmlSerializationContext const& context, CXmlGeneratedClass* owner,
@@ -129,43 +131,23 @@ bool CElementInfoSeqClsMnd::PseudoFromXml(CXmlSerializationContext const& contex
 bool CElementInfoSeqClsOpt::ElementFromXml(CXmlSerializationContext const& context, CXmlGeneratedClass* owner,
                                            CXmlElement* element, CXmlElement** child, char16_t const*,
                                            XmlElementType) {
-    bool const isPseudo = m_elementType != et_Element;
-    if (isPseudo ? *child == nullptr : !IsThisElement(context, *child)) return true;
-    CSmartPtr<CXmlObjectBase> const object = Create();
-    if (!object) return true;
-    CXmlElement* const first = *child;
-    if (isPseudo) {
-        *child = FromXml_Int(object, element, first, context, false);
-    } else {
-        ReadTag(object, child, context);
-    }
-    if (*child != first) StoreObject(owner, object);
+    ReadNew(context, owner, element, child);
     return true;
 }
 
 bool CElementInfoSeqAbsClsMnd::ElementFromXml(CXmlSerializationContext const& context,
                                               CXmlGeneratedClass* owner, CXmlElement*, CXmlElement** child,
                                               char16_t const*, XmlElementType ownerType) {
-    CSmartPtr<CXmlObjectBase> object;
-    if (IsThisElement(context, *child)) object = m_createFromElement(*child);
-    if (!object) {
-        if (ownerType != et_Element) return false;
-        throw CBxValidationException(
-            FormatString(u"Failed to find a suitable substitution element for [%s]", m_elementName.c_str()));
-    }
-    ReadTag(object, child, context);
-    StoreObject(owner, object);
-    return true;
+    if (ReadSubstitution(context, owner, child)) return true;
+    if (ownerType != et_Element) return false;
+    throw CBxValidationException(
+        FormatString(u"Failed to find a suitable substitution element for [%s]", m_elementName.c_str()));
 }
 
 bool CElementInfoSeqAbsClsOpt::ElementFromXml(CXmlSerializationContext const& context,
                                               CXmlGeneratedClass* owner, CXmlElement*, CXmlElement** child,
                                               char16_t const*, XmlElementType) {
-    if (!IsThisElement(context, *child)) return true;
-    CSmartPtr<CXmlObjectBase> const object = m_createFromElement(*child);
-    if (!object) return true;
-    ReadTag(object, child, context);
-    StoreObject(owner, object);
+    ReadSubstitution(context, owner, child);
     return true;
 }
 
@@ -187,11 +169,7 @@ bool CElementInfoSeqUntpdOpt::ElementFromXml(CXmlSerializationContext const& con
                                              CXmlGeneratedClass* owner, CXmlElement* element,
                                              CXmlElement** child, char16_t const* namespaceUri,
                                              XmlElementType) {
-    if (*child == nullptr) return true;
-    CSmartPtr<CXmlObjectBase> const object = Create(namespaceUri);
-    CXmlElement* const next = ReadUntyped(object, element, *child, context);
-    if (next != *child) StoreObject(owner, object);
-    *child = next;
+    ReadNew(context, owner, element, child, namespaceUri);
     return true;
 }
 

@@ -11,6 +11,7 @@
 #include "BxXmlLib5/binding/FormatString.h"
 #include "BxXmlLib5/document/CXmlElement.h"
 #include "BxXmlLib5/values/BxVariant.h"
+#include "binding/NestingDepth.h"
 
 namespace BxXmlLib5 {
 
@@ -62,6 +63,7 @@ CXmlElement* EndOfElement(CXmlElement const* element, CXmlElement* child,
 
 CXmlElement* CXmlGeneratedClass::FromXml_Int(CXmlElement* element, CXmlElement* firstChild,
                                              CXmlSerializationContext const& context, bool allowEmptyChoice) {
+    CObjectLevel const level;
     CParentElementInfo const& info = *GetClassInfo();
     ResetContent();
     if (info.m_elementType == et_Element) m_elementName = element->GetLocalName();

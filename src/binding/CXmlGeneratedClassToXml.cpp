@@ -7,6 +7,7 @@
 #include "BxXmlLib5/binding/CXmlSerializationContext.h"
 #include "BxXmlLib5/collections/CAttributeCol.h"
 #include "BxXmlLib5/writers/CXmlWriter.h"
+#include "binding/NestingDepth.h"
 #include "binding/PropertyValues.h"
 
 namespace BxXmlLib5 {
@@ -15,6 +16,7 @@ using namespace BxXmlLib5Data;
 
 void CXmlGeneratedClass::ToXml_Int(CXmlWriter* writer, bool isRoot, char16_t const* namespaceUri,
                                    CXmlSerializationContext const& context, bool allowEmptyChoice) const {
+    CObjectLevel const level;
     CParentElementInfo const& info = *GetClassInfo();
     bool const hasTag = info.m_elementType == et_Element;
     if (hasTag) StartElementToXml(writer, isRoot, namespaceUri, context, allowEmptyChoice);

@@ -10,4 +10,8 @@ void ThrowIfIndexOutOfRange(int index, int count) {
     throw CBxInvalidParamException(FormatString(u"Index %d is out of range, use 0 - %d", index, count - 1));
 }
 
+void ThrowIfInsertionIndexOutOfRange(int index, int count) {
+    if (index < 0 || index > count) throw CBxInvalidParamException(u"Index out of range");
+}
+
 }  // namespace BxXmlLib5

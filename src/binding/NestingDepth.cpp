@@ -11,4 +11,22 @@ void ThrowNestedTooDeeply() {
         FormatString(u"Elements are nested more than %d levels deep, which is the limit", kMaxElementDepth));
 }
 
+namespace {
+
+thread_local int t_objects = 0;
+
+}  // namespace
+
+CObjectLevel::CObjectLevel() {
+    if (t_objects == kMaxObjectDepth) {
+        throw CBxException(
+            FormatString(u"Objects are nested more than %d levels deep, which is the limit", kMaxObjectDepth));
+    }
+    ++t_objects;
+}
+
+CObjectLevel::~CObjectLevel() {
+    --t_objects;
+}
+
 }  // namespace BxXmlLib5

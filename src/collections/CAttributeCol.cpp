@@ -71,10 +71,7 @@ wstring CAttributeCol::GetTargetNamespace() const {
 
 void CAttributeCol::ToXml_Int(CXmlWriter* writer, bool, char16_t const* namespaceUri,
                               CXmlSerializationContext const& context, bool) const {
-    for (CNode const* node = FirstNode(); node != nullptr; node = node->m_next) {
-        if (node->m_item)
-            CXmlObjectBase::ToXml_Int(node->m_item, writer, false, namespaceUri, context, false);
-    }
+    ItemsToXml(writer, namespaceUri, context);
 }
 
 CXmlElement* CAttributeCol::FromXml_Int(CXmlElement* element, CXmlElement* firstChild,

@@ -10,6 +10,7 @@
 #include "BxXmlLib5/collections/CAttributeCol.h"
 #include "BxXmlLib5/collections/CElementCol.h"
 #include "BxXmlLib5/document/CXmlDocument.h"
+#include "BxXmlLib5/values/CBinaryData.h"
 #include "BxXmlLib5/writers/CXmlWriter.h"
 #include "binding/NamespaceRules.h"
 #include "binding/NestingDepth.h"
@@ -35,6 +36,15 @@ CElement::CElement(char16_t const* name, char16_t const* ns, char16_t const* nam
                    char16_t const* targetNamespace)
     : CInstanceMonitor(u"CElement") {
     Init(name, ns, namespaceRestriction, targetNamespace);
+}
+
+CElement::CElement(CXmlObjectBase* object) : CInstanceMonitor(u"CElement") {
+    Init(u"", u"", u"##any", u"");
+    CXmlSerializationContext const context;
+    CBinaryData const data = object->ToXmlStream(false, false, enc_UTF8, eol_LF, context, cmp_None);
+    CXmlDocument document(context.GetSchemaType());
+    document.LoadXmlStream(data.GetData(), data.GetLength());
+    CopyXmlElement(document.GetDocumentElement());
 }
 
 CElement::CElement(std::u16string_view name, CSharedText ns, CSharedText namespaceRestriction,

@@ -82,10 +82,7 @@ CSmartPtr<CElement> CElementCol::Item(int index) {
 void CElementCol::ToXml_Int(CXmlWriter* writer, bool, char16_t const* namespaceUri,
                             CXmlSerializationContext const& context, bool) const {
     ValidateCount(context);
-    for (CNode const* node = FirstNode(); node != nullptr; node = node->m_next) {
-        if (node->m_item)
-            CXmlObjectBase::ToXml_Int(node->m_item, writer, false, namespaceUri, context, false);
-    }
+    ItemsToXml(writer, namespaceUri, context);
 }
 
 CXmlElement* CElementCol::FromXml_Int(CXmlElement* element, CXmlElement* firstChild,

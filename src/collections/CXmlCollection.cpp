@@ -112,6 +112,13 @@ void CXmlCollection::AttributesToXml_Int(CXmlWriter* writer, CXmlSerializationCo
     }
 }
 
+void CXmlCollection::ItemsToXml(CXmlWriter* writer, char16_t const* namespaceUri,
+                                CXmlSerializationContext const& context) const {
+    for (CNode const* node = m_head; node != nullptr; node = node->m_next) {
+        if (node->m_item) ToXml_Int(node->m_item->GetBase(), writer, false, namespaceUri, context, false);
+    }
+}
+
 void CXmlCollection::AppendItem(CXmlObjectBase* item) {
     InsertAhead(nullptr, item);
 }
@@ -130,7 +137,7 @@ void CXmlCollection::AddBeforeItem(CXmlObjectBase const* before, CXmlObjectBase*
 }
 
 void CXmlCollection::AddItemAt(int index, CXmlObjectBase* item) {
-    if (index < 0 || index > m_count) throw CBxInvalidParamException(u"Index out of range");
+    ThrowIfInsertionIndexOutOfRange(index, m_count);
     InsertAhead(index == m_count ? nullptr : NodeAt(index), item);
 }
 

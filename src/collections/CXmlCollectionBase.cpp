@@ -32,9 +32,6 @@ wstring CXmlCollectionBase::GetNamespace() const {
     return m_namespace.Get();
 }
 
-void CXmlCollectionBase::OnEvent(CXmlObjectBase*, MsgType, void*) {}
-void CXmlCollectionBase::AttributesToXml_Int(CXmlWriter*, CXmlSerializationContext const&) const {}
-
 void CXmlCollectionBase::ValidateCount(CXmlSerializationContext const& context) const {
     if (context.GetIgnoreInvalidCollectionCounts()) return;
     if (GetCount() > m_maxOccurs && m_maxOccurs != -1) {

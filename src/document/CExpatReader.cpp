@@ -15,7 +15,7 @@ extern "C" XML_Bool XMLCALL XML_SetReparseDeferralEnabled(XML_Parser parser, XML
 #include "BxXmlLib5/binding/CBxException.h"
 #include "BxXmlLib5/binding/FormatString.h"
 #include "BxXmlLib5/document/CXmlDocument.h"
-#include "binding/NestingDepth.h"
+#include "document/InputLimits.h"
 #include "platform/Limits.h"
 #include "platform/TextView.h"
 #include "platform/Utf.h"
@@ -112,7 +112,7 @@ void CExpatReader::Parse(std::span<unsigned char const> input) {
     // never comes.
     if (XML_SetReparseDeferralEnabled != nullptr) XML_SetReparseDeferralEnabled(m_parser, XML_FALSE);
 
-    m_mostDefaultedUnits = std::max(kMaxDefaultedUnits, input.size() * kMaxDefaultedUnitsForEachOctet);
+    m_mostDefaultedUnits = MaxRepeatedUnits(input.size());
     bool const parsed = ParseInSlices(input);
     if (m_failure) std::rethrow_exception(m_failure);
     if (!parsed) {
@@ -156,11 +156,8 @@ CXmlName const& CExpatReader::SplitName(std::u16string_view expanded) {
 }
 
 void CExpatReader::StartElement(char16_t const* name, char16_t const* const* attributes) {
-    if (m_document->m_elementStack.size() == kMaxElementDepth) ThrowNestedTooDeeply();
     CXmlName const& elementName = SplitName(name);
-    CXmlElement* const element = m_document->m_documentElement == nullptr
-                                     ? m_document->AddDocElement(elementName)
-                                     : m_document->AddChildElement(elementName);
+    CXmlElement* const element = m_document->AddElement(elementName);
     std::size_t count = 0;
     while (attributes[2 * count] != nullptr) ++count;
     CXmlDocument::ReserveElementAttributes(element, count);
@@ -169,7 +166,7 @@ void CExpatReader::StartElement(char16_t const* name, char16_t const* const* att
         std::u16string_view const value = attributes[2 * i + 1];
         ThrowIfUnpairedSurrogate(value);
         if (i >= specified) CountDefaulted(value);
-        m_document->AddElementAttribute(element, SplitName(attributes[2 * i]), value);
+        m_document->AddElementAttribute(element, SplitName(attributes[2 * i]), m_document->StoreText(value));
     }
 }
 
@@ -185,10 +182,7 @@ void CExpatReader::EndElement() {
 }
 
 void CExpatReader::DeclareNamespace(char16_t const* prefix, char16_t const* namespaceUri) {
-    if (TextOf(namespaceUri).size() > kMaxNamespaceLength) {
-        throw CBxException(FormatString(u"A namespace has more than %d characters, which is the limit",
-                                        static_cast<int>(kMaxNamespaceLength)));
-    }
+    ThrowIfNamespaceTooLong(TextOf(namespaceUri));
     // No prefix is the default namespace; no URI is xmlns="".
     m_document->m_namespaceAliases.insert_or_assign(wstring(TextOf(prefix)), wstring(TextOf(namespaceUri)));
 }

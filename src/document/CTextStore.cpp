@@ -1,39 +1,51 @@
 #include "document/CTextStore.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace BxXmlLib5 {
 
 std::u16string_view CTextStore::Add(std::u16string_view text) {
-    char16_t* const copy = Allocate(text.size());
-    std::copy(text.begin(), text.end(), copy);
-    return {copy, text.size()};
+    std::copy(text.begin(), text.end(), Reserve(text.size()));
+    return Keep(text.size());
 }
 
-void CTextStore::Clear() {
-    m_blocks.clear();
-    m_next = nullptr;
-    m_left = 0;
-    m_blockSize = 0;
-}
-
-char16_t* CTextStore::Allocate(std::size_t size) {
+char16_t* CTextStore::Reserve(std::size_t size) {
+    m_largeRoom.reset();
     if (size > m_left) {
         // Blocks grow, so that a small document stays small. A text that would fill half a block gets one of
         // its own.
         constexpr std::size_t kFirst = 256;
         constexpr std::size_t kLargest = 128 * 1024;
         m_blockSize = std::clamp(m_blockSize * 2, kFirst, kLargest);
-        bool const isLarge = size > m_blockSize / 2;
-        m_blocks.push_back(std::make_unique_for_overwrite<char16_t[]>(isLarge ? size : m_blockSize));
-        if (isLarge) return m_blocks.back().get();
+        if (size > m_blockSize / 2) {
+            m_largeRoom = std::make_unique_for_overwrite<char16_t[]>(size);
+            return m_largeRoom.get();
+        }
+        m_blocks.push_back(std::make_unique_for_overwrite<char16_t[]>(m_blockSize));
         m_next = m_blocks.back().get();
         m_left = m_blockSize;
     }
-    char16_t* const allocated = m_next;
+    return m_next;
+}
+
+std::u16string_view CTextStore::Keep(std::size_t size) {
+    if (m_largeRoom) {
+        m_blocks.push_back(std::move(m_largeRoom));
+        return {m_blocks.back().get(), size};
+    }
+    std::u16string_view const text(m_next, size);
     m_next += size;
     m_left -= size;
-    return allocated;
+    return text;
+}
+
+void CTextStore::Clear() {
+    m_blocks.clear();
+    m_largeRoom.reset();
+    m_next = nullptr;
+    m_left = 0;
+    m_blockSize = 0;
 }
 
 }  // namespace BxXmlLib5

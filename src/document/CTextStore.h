@@ -13,12 +13,17 @@ class CTextStore {
 public:
     /// A copy of the text, which lives until Clear().
     std::u16string_view Add(std::u16string_view text);
+
+    /// Room for a text that is still to be made, of at most so many units. It lasts until the next call.
+    char16_t* Reserve(std::size_t size);
+    /// The text that was made in that room, which lives until Clear().
+    std::u16string_view Keep(std::size_t size);
+
     void Clear();
 
 private:
-    char16_t* Allocate(std::size_t size);
-
     std::vector<std::unique_ptr<char16_t[]>> m_blocks;
+    std::unique_ptr<char16_t[]> m_largeRoom;  // that Reserve gave outside of a block
     char16_t* m_next = nullptr;
     std::size_t m_left = 0;
     std::size_t m_blockSize = 0;

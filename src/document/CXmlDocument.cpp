@@ -1,12 +1,20 @@
 #include "BxXmlLib5/document/CXmlDocument.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "BxXmlLib5/binding/CBxException.h"
 #include "BxXmlLib5/binding/FormatString.h"
+#include "binding/NestingDepth.h"
 #include "document/CDocumentNodes.h"
 #include "document/CExpatReader.h"
 #include "document/Inflate.h"
+#include "document/InputLimits.h"
+#include "fastinfoset/CFastInfosetReader.h"
 #include "platform/Files.h"
+#include "platform/Limits.h"
 #include "platform/TextView.h"
+#include "platform/Utf16Octets.h"
 
 namespace BxXmlLib5 {
 
@@ -55,6 +63,8 @@ CXmlDocument::~CXmlDocument() = default;
 void CXmlDocument::Cleanup() {
     m_documentElement = nullptr;
     m_isComplete = false;
+    m_isCompressed = false;
+    m_isFastInfoset = false;
     m_elementStack.clear();
     m_namespaceAliases.clear();
     m_openText = wstring();
@@ -86,15 +96,8 @@ void CXmlDocument::LoadXml(char16_t const* text) {
     ThrowIfEmpty(units.size());
     ThrowIfInputTooLarge((units.size() + 1) * sizeof(char16_t));
     // The byte order mark tells Expat that this is UTF-16, whatever the text claims.
-    constexpr char16_t kByteOrderMark = 0xFEFF;
     Buffer const octets((units.size() + 1) * sizeof(char16_t));
-    unsigned char* out = octets.data();
-    auto const put = [&out](char16_t unit) {
-        *out++ = static_cast<unsigned char>(unit & 0xFF);
-        *out++ = static_cast<unsigned char>(unit >> 8);
-    };
-    put(kByteOrderMark);
-    for (char16_t const unit : units) put(unit);
+    WriteUtf16(units, std::ranges::copy(kByteOrderMark, octets.data()).out);
     Parse(octets.Octets(), true);
 }
 
@@ -107,7 +110,10 @@ void CXmlDocument::Parse(std::span<unsigned char const> input, bool isText) {
     ThrowIfInputTooLarge(input.size());
     auto const inflated = isText ? std::nullopt : Inflate(input);
     try {
-        CExpatReader(this).Parse(inflated ? *inflated : input);
+        auto const octets = inflated ? std::span<unsigned char const>(*inflated) : input;
+        m_isCompressed = inflated.has_value();
+        m_isFastInfoset = !isText && CFastInfosetReader(this).Parse(octets);
+        if (!m_isFastInfoset) CExpatReader(this).Parse(octets);
     } catch (...) {
         CloseAllElements();
         throw;
@@ -124,6 +130,15 @@ CXmlName const& CXmlDocument::InternName(std::u16string_view namespaceUri, std::
     return m_nodes->m_names.Intern(namespaceUri, localName);
 }
 
+std::u16string_view CXmlDocument::StoreText(std::u16string_view text) {
+    return m_nodes->m_texts.Add(text);
+}
+
+CXmlElement* CXmlDocument::AddElement(CXmlName const& name) {
+    if (m_elementStack.size() == kMaxElementDepth) ThrowNestedTooDeeply();
+    return m_documentElement == nullptr ? AddDocElement(name) : AddChildElement(name);
+}
+
 CXmlElement* CXmlDocument::AddDocElement(CXmlName const& name) {
     return m_documentElement = Open(m_nodes->m_elements.Create(this, name));
 }
@@ -138,16 +153,19 @@ CXmlElement* CXmlDocument::AddChildElement(CXmlName const& name) {
 }
 
 CXmlElement* CXmlDocument::Open(CXmlElement* element) {
-    m_elementStack.push_back({element, nullptr, m_openText.size()});
+    m_elementStack.push_back({element, nullptr, m_openText.size(), {}});
     return element;
 }
 
 void CXmlDocument::CloseElement() {
     OpenElement const closed = m_elementStack.back();
     m_elementStack.pop_back();
-    if (m_openText.size() == closed.m_textStart) return;
+    if (m_openText.size() == closed.m_textStart) {
+        closed.m_element->SetText(CXmlText(closed.m_storedText));
+        return;
+    }
     closed.m_element->SetText(
-        CXmlText(m_nodes->m_texts.Add(std::u16string_view(m_openText).substr(closed.m_textStart))));
+        CXmlText(StoreText(std::u16string_view(m_openText).substr(closed.m_textStart))));
     m_openText.resize(closed.m_textStart);
 }
 
@@ -162,7 +180,7 @@ void CXmlDocument::ReserveElementAttributes(CXmlElement* element, std::size_t co
 
 void CXmlDocument::AddElementAttribute(CXmlElement* element, CXmlName const& name,
                                        std::u16string_view value) {
-    element->AddAttribute(m_nodes->m_attributes.Create(name, CXmlText(m_nodes->m_texts.Add(value))));
+    element->AddAttribute(m_nodes->m_attributes.Create(name, CXmlText(value)));
 }
 
 void CXmlDocument::AppendTextExcludingCR(std::u16string_view text) {
@@ -173,6 +191,15 @@ void CXmlDocument::AppendTextExcludingCR(std::u16string_view text) {
         if (cr == text.npos) return;
         text.remove_prefix(cr + 1);
     }
+}
+
+void CXmlDocument::AppendStoredText(std::u16string_view text) {
+    OpenElement& open = m_elementStack.back();
+    if (open.m_storedText.empty() && m_openText.size() == open.m_textStart) {
+        open.m_storedText = text;
+        return;
+    }
+    m_openText.append(std::exchange(open.m_storedText, {})).append(text);
 }
 
 }  // namespace BxXmlLib5

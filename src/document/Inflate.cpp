@@ -5,11 +5,17 @@
 #include <memory>
 #include <new>
 
-#include "BxXmlLib5/binding/CBxException.h"
-#include "BxXmlLib5/binding/FormatString.h"
-#include "platform/Limits.h"
+#include "document/InputLimits.h"
 
 namespace BxXmlLib5 {
+
+namespace {
+
+bool IsGZip(std::span<unsigned char const> octets) {
+    return octets.size() >= 2 && octets[0] == 0x1F && octets[1] == 0x8B;
+}
+
+}  // namespace
 
 std::optional<std::vector<unsigned char>> Inflate(std::span<unsigned char const> octets) {
     constexpr int kAutomaticHeader = 32 + MAX_WBITS;  // zlib or gzip, whichever the header says
@@ -31,14 +37,12 @@ std::optional<std::vector<unsigned char>> Inflate(std::span<unsigned char const>
         if (result != Z_OK && result != Z_STREAM_END) return std::nullopt;
         content.insert(content.end(), block.begin(), block.end() - stream.avail_out);
         ThrowIfInputTooLarge(content.size());
-        if (result == Z_STREAM_END) return content;
+        if (result == Z_STREAM_END) {
+            bool const hasNextMember = IsGZip(octets) && IsGZip({stream.next_in, stream.avail_in});
+            if (!hasNextMember) return content;
+            inflateReset(&stream);
+        }
     }
-}
-
-void ThrowIfInputTooLarge(std::size_t size) {
-    if (size <= kMaxInputSize) return;
-    throw CBxException(FormatString(u"The document has more than %d octets, which is the limit",
-                                    static_cast<int>(kMaxInputSize)));
 }
 
 }  // namespace BxXmlLib5

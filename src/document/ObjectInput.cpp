@@ -3,25 +3,46 @@
 #include "BxXmlLib5/binding/CXmlObjectBase.h"
 #include "BxXmlLib5/binding/CXmlSerializationContext.h"
 #include "BxXmlLib5/document/CXmlDocument.h"
+#include "BxXmlLib5/values/CBinaryData.h"
 
 namespace BxXmlLib5 {
 
 void CXmlObjectBase::FromXml(char const* text, CXmlSerializationContext const& context) {
     CXmlDocument document(context.GetSchemaType());
     document.LoadXml(text);
-    CXmlElement* const root = document.GetDocumentElement();
-    FromXml_Int(root, root->GetFirstElement(), context, false);
+    FromDocument(document, context);
 }
 
 void CXmlObjectBase::FromXml(char16_t const* text, CXmlSerializationContext const& context) {
     CXmlDocument document(context.GetSchemaType());
     document.LoadXml(text);
-    CXmlElement* const root = document.GetDocumentElement();
-    FromXml_Int(root, root->GetFirstElement(), context, false);
+    FromDocument(document, context);
+}
+
+void CXmlObjectBase::FromXmlFile(char16_t const* fileName, CXmlSerializationContext const& context) {
+    CXmlDocument document(context.GetSchemaType());
+    document.Load(fileName);
+    FromDocument(document, context);
+}
+
+void CXmlObjectBase::FromXmlStream(unsigned char const* data, std::size_t size,
+                                   CXmlSerializationContext const& context) {
+    CXmlDocument document(context.GetSchemaType());
+    document.LoadXmlStream(data, size);
+    FromDocument(document, context);
+}
+
+void CXmlObjectBase::FromXmlStream(CBinaryData const& data, CXmlSerializationContext const& context) {
+    FromXmlStream(data.GetData(), data.GetLength(), context);
 }
 
 void CXmlObjectBase::FromXmlElement(CXmlElement const* element, CXmlSerializationContext& context) {
     FromXml_Int(const_cast<CXmlElement*>(element), element->GetFirstElement(), context, false);
+}
+
+void CXmlObjectBase::FromDocument(CXmlDocument const& document, CXmlSerializationContext const& context) {
+    CXmlElement* const root = document.GetDocumentElement();
+    FromXml_Int(root, root->GetFirstElement(), context, false);
 }
 
 }  // namespace BxXmlLib5

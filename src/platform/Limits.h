@@ -1,6 +1,7 @@
 // The limits that keep hostile input from harming the process, one for all readers and writers.
 #pragma once
 
+#include <algorithm>
 #include <climits>
 #include <cstddef>
 #include <cstdint>
@@ -10,6 +11,9 @@ namespace BxXmlLib5 {
 /// Levels of elements in a document. Recursion takes a few hundred octets of stack for a level, some thousand
 /// under a sanitizer, so this is safe on a stack of 8 MiB with a wide margin.
 inline constexpr int kMaxElementDepth = 1024;
+
+/// Objects of generated classes inside each other, those without a tag included.
+inline constexpr int kMaxObjectDepth = 2 * kMaxElementDepth;
 
 /// Octets of a document, before and after decompression: what one call of Expat takes.
 inline constexpr std::size_t kMaxInputSize = INT_MAX;
@@ -24,11 +28,21 @@ inline constexpr std::int64_t kMaxExponentZeros = 5'000'000;
 /// Units of a namespace name. Each element and attribute repeats it where prefixes are resolved.
 inline constexpr std::size_t kMaxNamespaceLength = 4096;
 
-/// Units of attribute values that a document type adds to elements, each value counting some more for itself:
-/// a short document must not grow without measure. The greater of this and of a multiple of the input's
-/// octets holds.
-inline constexpr std::size_t kMaxDefaultedUnits = 8 * 1024 * 1024;
-inline constexpr std::size_t kMaxDefaultedUnitsForEachOctet = 100;
+/// Units that a document may have beyond those that it spells out: attribute values that a document type adds
+/// to elements, each value counting some more for itself, and what the indices of Fast Infoset repeat. A short
+/// document must not grow without measure.
+constexpr std::size_t MaxRepeatedUnits(std::size_t inputSize) {
+    constexpr std::size_t kAlways = 8 * 1024 * 1024;
+    constexpr std::size_t kForEachOctet = 100;
+    return std::max(kAlways, inputSize * kForEachOctet);
+}
 inline constexpr std::size_t kUnitsOfDefaultedAttribute = 8;
+
+/// What the search for a pattern's match in a value may take: octets of stack, which some thousand rounds of
+/// a repeated group fill; steps, as PCRE counts them; and steps times octets of the value, of which a step
+/// may look at all. A search of the last of these sizes takes about a second.
+inline constexpr unsigned long kMaxMatchStack = 3 * 1024 * 1024;
+inline constexpr unsigned long kMaxMatchSteps = 1'000'000;
+inline constexpr unsigned long kMaxMatchWork = 1'000'000'000;
 
 }  // namespace BxXmlLib5

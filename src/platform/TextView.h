@@ -11,10 +11,11 @@ inline std::u16string_view TextOf(char16_t const* text) {
     return text == nullptr ? std::u16string_view() : std::u16string_view(text);
 }
 
-/// Compares by memcmp, which the comparison of std::u16string does not.
+/// Compares by memcmp, which the comparison of std::u16string does not, and which few names need that differ.
 inline bool Equal(std::u16string_view a, std::u16string_view b) {
-    return a.size() == b.size() && (a.empty() || a.data() == b.data() ||
-                                    std::memcmp(a.data(), b.data(), a.size() * sizeof(char16_t)) == 0);
+    if (a.size() != b.size()) return false;
+    return a.empty() || a.data() == b.data() ||
+           (a[0] == b[0] && std::memcmp(a.data(), b.data(), a.size() * sizeof(char16_t)) == 0);
 }
 
 constexpr bool IsDigit(char16_t c) {

@@ -14,6 +14,7 @@
 #include "BxXmlLib5/values/CDateTime.h"
 #include "BxXmlLib5/values/CDateTimeSpan.h"
 #include "BxXmlLib5/values/CDecimal.h"
+#include "values/VariantSlot.h"
 
 namespace BxXmlLib5 {
 
@@ -25,20 +26,7 @@ using Value = BxVariant::Value;
 template <class T>
 concept Counted = std::derived_from<T, CXmlObjectBase>;
 
-/// A value that lies in the slot itself.
-template <class T>
-T const& Read(T const& slot) {
-    return slot;
-}
-
-/// A value that the slot points to; an empty one for a null pointer.
-template <class T>
-T const& Read(T* const& slot) {
-    static T const empty{};
-    return slot == nullptr ? empty : *slot;
-}
-
-/// The same, moved out of what the slot points to.
+/// What ReadSlot gives, moved out of what the slot points to.
 template <class T>
 T Taken(T* slot) {
     return slot == nullptr ? T() : std::move(*slot);
@@ -52,7 +40,7 @@ struct Kind {
     void (*copy)(Value& target, Value const& source) = nullptr;
     void (*drop)(Value const& value) = nullptr;
     wstring (*toString)(Value const& value, char16_t const* format) = nullptr;
-    void (*fromString)(BxVariant& variant, wstring const& text, Rule rule) = nullptr;
+    void (*fromString)(BxVariant& variant, std::u16string_view text, Rule rule) = nullptr;
 };
 
 /// A pointer of the slot: to an object of the variant's own, or to a counted one.
@@ -78,13 +66,10 @@ struct Pointee {
 };
 
 template <auto Member>
-using Slot = std::remove_reference_t<decltype(std::declval<Value&>().*Member)>;
-
-template <auto Member>
 constexpr Kind Row(ItemType type) {
     Kind row{type};
-    if constexpr (std::is_pointer_v<Slot<Member>>) {
-        using P = Pointee<std::remove_pointer_t<Slot<Member>>>;
+    if constexpr (std::is_pointer_v<SlotType<Member>>) {
+        using P = Pointee<std::remove_pointer_t<SlotType<Member>>>;
         row.copy = [](Value& target, Value const& source) { target.*Member = P::Copied(source.*Member); };
         row.drop = [](Value const& value) { P::Drop(value.*Member); };
     }
@@ -96,13 +81,13 @@ constexpr Kind Row(ItemType type, char16_t const* name) {
     Kind row = Row<Member>(type);
     row.name = name;
     row.toString = [](Value const& value, [[maybe_unused]] char16_t const* format) {
-        if constexpr (std::invocable<decltype(ToText), decltype(Read(value.*Member)), char16_t const*>) {
-            return ToText(Read(value.*Member), format);
+        if constexpr (std::invocable<decltype(ToText), decltype(ReadSlot(value.*Member)), char16_t const*>) {
+            return ToText(ReadSlot(value.*Member), format);
         } else {
-            return ToText(Read(value.*Member));
+            return ToText(ReadSlot(value.*Member));
         }
     };
-    row.fromString = [](BxVariant& variant, wstring const& text, Rule rule) {
+    row.fromString = [](BxVariant& variant, std::u16string_view text, Rule rule) {
         (variant.*Setter)(FromText(text, rule));
     };
     return row;
@@ -224,14 +209,14 @@ wstring BxVariant::ToString(char16_t const* format) const {
     return kind->toString(m_value, format);
 }
 
-void BxVariant::FromString(wstring const& text, ItemType type, CWhitespaceUtils::WhitespaceRule rule) {
+void BxVariant::FromString(std::u16string_view text, ItemType type, CWhitespaceUtils::WhitespaceRule rule) {
     Kind const* const kind = FindPrimitive(type);
     if (kind == nullptr) ThrowNoText(type);
     kind->fromString(*this, text, rule);
 }
 
 template <class T>
-void BxVariant::Own(ItemType type, T* Value::*member, T value) {
+void BxVariant::Own(ItemType type, T* Value::*member, T&& value) {
     T* const owned = new T(std::move(value));
     Start(type).*member = owned;
 }
@@ -277,43 +262,43 @@ void BxVariant::SetInteger(CBigInteger value) {
 }
 
 wstring BxVariant::GetString() const& {
-    return Read(m_value.m_string);
+    return ReadSlot(m_value.m_string);
 }
 wstring BxVariant::GetString() && {
     return Taken(m_value.m_string);
 }
 CBinaryData BxVariant::GetHexBinary() const {
-    return Read(m_value.m_binary);
+    return ReadSlot(m_value.m_binary);
 }
 CBinaryData BxVariant::GetBase64Binary() const {
-    return Read(m_value.m_binary);
+    return ReadSlot(m_value.m_binary);
 }
 CDateTimeSpan BxVariant::GetDuration() const {
-    return Read(m_value.m_duration);
+    return ReadSlot(m_value.m_duration);
 }
 CDateTime BxVariant::GetYearMonth() const {
-    return Read(m_value.m_dateTime);
+    return ReadSlot(m_value.m_dateTime);
 }
 CDateTime BxVariant::GetMonthDay() const {
-    return Read(m_value.m_dateTime);
+    return ReadSlot(m_value.m_dateTime);
 }
 CDateTime BxVariant::GetDate() const {
-    return Read(m_value.m_dateTime);
+    return ReadSlot(m_value.m_dateTime);
 }
 CDateTime BxVariant::GetDateTime() const {
-    return Read(m_value.m_dateTime);
+    return ReadSlot(m_value.m_dateTime);
 }
 CDateTime BxVariant::GetTime() const {
-    return Read(m_value.m_dateTime);
+    return ReadSlot(m_value.m_dateTime);
 }
 CDecimal BxVariant::GetDecimal() const& {
-    return Read(m_value.m_decimal);
+    return ReadSlot(m_value.m_decimal);
 }
 CDecimal BxVariant::GetDecimal() && {
     return Taken(m_value.m_decimal);
 }
 CBigInteger BxVariant::GetInteger() const& {
-    return Read(m_value.m_integer);
+    return ReadSlot(m_value.m_integer);
 }
 CBigInteger BxVariant::GetInteger() && {
     return Taken(m_value.m_integer);

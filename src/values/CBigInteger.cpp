@@ -38,7 +38,7 @@ std::u16string_view LastDigits(std::u16string_view text) {
 
 }  // namespace
 
-CBigInteger::CBigInteger(int sign, std::u32string limbs) : m_sign(sign), m_digits(std::move(limbs)) {}
+CBigInteger::CBigInteger(int sign, CLimbs limbs) : m_sign(sign), m_digits(std::move(limbs)) {}
 
 CBigInteger::CBigInteger(int value) : CBigInteger(static_cast<long long>(value)) {}
 
@@ -59,21 +59,15 @@ CBigInteger::CBigInteger(std::u16string_view text) {
     Parse(text);
 }
 
-CBigInteger::CBigInteger(CBigInteger&& other) noexcept
-    : m_sign(std::exchange(other.m_sign, 1)), m_digits(std::exchange(other.m_digits, {})) {}
-
-CBigInteger& CBigInteger::operator=(CBigInteger&& other) noexcept {
-    if (this == &other) return *this;
-    m_sign = std::exchange(other.m_sign, 1);
-    m_digits = std::exchange(other.m_digits, {});
-    return *this;
-}
-
 void CBigInteger::Parse(char16_t const* text) {
     Parse(TextOf(text));
 }
 
 void CBigInteger::Parse(std::u16string_view text) {
+    if (std::all_of(text.begin(), text.end(), IsDigit)) {
+        *this = CBigInteger(1, Magnitude::FromText(text));
+        return;
+    }
     bool const isPlain = std::all_of(text.begin(), text.end(), IsPlain);
     *this = isPlain ? CBigInteger(BeginsWithMinus(text) ? -1 : 1, Magnitude::FromText(LastDigits(text)))
                     : CDecimal(text).ToBigInteger();

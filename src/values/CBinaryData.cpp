@@ -11,6 +11,7 @@
 #include "platform/TextView.h"
 #include "values/Base64.h"
 #include "values/ByteEncodings.h"
+#include "values/ByteOrderMark.h"
 #include "values/Deflate.h"
 #include "values/Hex.h"
 
@@ -244,9 +245,8 @@ unsigned char& CBinaryData::operator[](std::size_t index) {
 }
 
 void CBinaryData::ToFile(char16_t const* fileName, XmlEncoding encoding) const {
-    constexpr unsigned char kByteOrderMark[] = {0xFF, 0xFE};  // of UTF-16, low octet first
     COutputFile file(TextOf(fileName));
-    if (encoding == enc_UTF16 || encoding == enc_UTF16NoDeclaration) file.Write(kByteOrderMark);
+    file.Write(ByteOrderMark(encoding));
     file.Write(GetOctets());
     file.Close();
     if (file.Error() == 0) return;

@@ -72,11 +72,11 @@ wstring CConversions::r8ToString(double value, char16_t const* format) {
     return ToText(value, 16, format);
 }
 
-float CConversions::r4FromString(wstring const& text, WhitespaceRule rule) {
+float CConversions::r4FromString(std::u16string_view text, WhitespaceRule rule) {
     return static_cast<float>(r8FromString(text, rule));
 }
 
-double CConversions::r8FromString(wstring const& text, WhitespaceRule rule) {
+double CConversions::r8FromString(std::u16string_view text, WhitespaceRule rule) {
     CleanText const clean(rule, text);
     NumberAtFront<double> const number = ReadDouble(clean.View());
     if (number.length != clean.View().size()) {

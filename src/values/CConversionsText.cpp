@@ -23,7 +23,7 @@ wstring CConversions::charToString(char16_t value) {
     return wstring(1, value);
 }
 
-char16_t CConversions::charFromString(wstring const& text, WhitespaceRule rule) {
+char16_t CConversions::charFromString(std::u16string_view text, WhitespaceRule rule) {
     CleanText const clean(rule, text);
     if (clean.View().size() != 1) {
         throw CBxInvalidValueException(FormatString(
@@ -37,22 +37,22 @@ wstring CConversions::stringToString(wstring const& value) {
     return value;
 }
 
-wstring CConversions::stringFromString(wstring const& text, WhitespaceRule rule) {
-    return CWhitespaceUtils::ApplyRule(rule, text);
+wstring CConversions::stringFromString(std::u16string_view text, WhitespaceRule rule) {
+    return CleanText(rule, text).Take();
 }
 
 wstring CConversions::booleanToString(bool value) {
     return value ? u"true" : u"false";
 }
 
-bool CConversions::booleanFromString(wstring const& text, WhitespaceRule rule) {
+bool CConversions::booleanFromString(std::u16string_view text, WhitespaceRule rule) {
     CleanText const clean(rule, text);
     if (EqualsWord(clean.View(), u"true") || EqualsWord(clean.View(), u"1")) return true;
     if (EqualsWord(clean.View(), u"false") || EqualsWord(clean.View(), u"0")) return false;
     throw CBxInvalidValueException(FormatString(
         u"A Boolean Value read from an XML document was invalid [%s]. Valid values are 'true', 'false', '1', "
         u"or '0'",
-        text.c_str()));
+        wstring(text).c_str()));
 }
 
 }  // namespace BxXmlLib5

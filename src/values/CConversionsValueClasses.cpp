@@ -14,7 +14,7 @@ namespace {
 
 /// The value that a parsing operation of its class makes of the cleaned text.
 template <class T>
-T Parsed(void (T::*parse)(std::u16string_view), wstring const& text, CConversions::WhitespaceRule rule) {
+T Parsed(void (T::*parse)(std::u16string_view), std::u16string_view text, CConversions::WhitespaceRule rule) {
     T value;
     (value.*parse)(CleanText(rule, text).View());
     return value;
@@ -28,17 +28,17 @@ wstring CConversions::hexBinaryToString(CBinaryData const& value) {
 wstring CConversions::base64BinaryToString(CBinaryData const& value) {
     return value.GetAsBase64();
 }
-CBinaryData CConversions::hexBinaryFromString(wstring const& text, WhitespaceRule rule) {
+CBinaryData CConversions::hexBinaryFromString(std::u16string_view text, WhitespaceRule rule) {
     return Parsed<CBinaryData>(&CBinaryData::SetAsHexString, text, rule);
 }
-CBinaryData CConversions::base64BinaryFromString(wstring const& text, WhitespaceRule rule) {
+CBinaryData CConversions::base64BinaryFromString(std::u16string_view text, WhitespaceRule rule) {
     return Parsed<CBinaryData>(&CBinaryData::SetAsBase64, text, rule);
 }
 
 wstring CConversions::durationToString(CDateTimeSpan const& value) {
     return value.ToString();
 }
-CDateTimeSpan CConversions::durationFromString(wstring const& text, WhitespaceRule rule) {
+CDateTimeSpan CConversions::durationFromString(std::u16string_view text, WhitespaceRule rule) {
     return Parsed<CDateTimeSpan>(&CDateTimeSpan::ParseXSDDuration, text, rule);
 }
 
@@ -58,19 +58,19 @@ wstring CConversions::monthDayToString(CDateTime const& value) {
     return datetimeToString(value);
 }
 
-CDateTime CConversions::datetimeFromString(wstring const& text, WhitespaceRule rule) {
+CDateTime CConversions::datetimeFromString(std::u16string_view text, WhitespaceRule rule) {
     return Parsed<CDateTime>(&CDateTime::ParseXSDDateTime, text, rule);
 }
-CDateTime CConversions::timeFromString(wstring const& text, WhitespaceRule rule) {
+CDateTime CConversions::timeFromString(std::u16string_view text, WhitespaceRule rule) {
     return Parsed<CDateTime>(&CDateTime::ParseXSDTime, text, rule);
 }
-CDateTime CConversions::dateFromString(wstring const& text, WhitespaceRule rule) {
+CDateTime CConversions::dateFromString(std::u16string_view text, WhitespaceRule rule) {
     return Parsed<CDateTime>(&CDateTime::ParseXSDDate, text, rule);
 }
-CDateTime CConversions::yearMonthFromString(wstring const& text, WhitespaceRule rule) {
+CDateTime CConversions::yearMonthFromString(std::u16string_view text, WhitespaceRule rule) {
     return dateFromString(text, rule);
 }
-CDateTime CConversions::monthDayFromString(wstring const& text, WhitespaceRule rule) {
+CDateTime CConversions::monthDayFromString(std::u16string_view text, WhitespaceRule rule) {
     return dateFromString(text, rule);
 }
 
@@ -84,27 +84,27 @@ wstring CConversions::dayToString(std::uint8_t value) {
     return FormatString(u"---%02u", unsigned{value});
 }
 
-std::uint16_t CConversions::yearFromString(wstring const& text, WhitespaceRule rule) {
+std::uint16_t CConversions::yearFromString(std::u16string_view text, WhitespaceRule rule) {
     return static_cast<std::uint16_t>(dateFromString(text, rule).GetYear());
 }
-std::uint8_t CConversions::monthFromString(wstring const& text, WhitespaceRule rule) {
+std::uint8_t CConversions::monthFromString(std::u16string_view text, WhitespaceRule rule) {
     return dateFromString(text, rule).GetMonth();
 }
-std::uint8_t CConversions::dayFromString(wstring const& text, WhitespaceRule rule) {
+std::uint8_t CConversions::dayFromString(std::u16string_view text, WhitespaceRule rule) {
     return dateFromString(text, rule).GetDay();
 }
 
 wstring CConversions::decimalToString(CDecimal const& value, char16_t const* format) {
     return format == nullptr ? value.ToString() : value.ToString(ReadInteger<std::int32_t>(format).value);
 }
-CDecimal CConversions::decimalFromString(wstring const& text, WhitespaceRule rule) {
+CDecimal CConversions::decimalFromString(std::u16string_view text, WhitespaceRule rule) {
     return CDecimal(CleanText(rule, text).View());
 }
 
 wstring CConversions::integerToString(CBigInteger const& value) {
     return value.ToString();
 }
-CBigInteger CConversions::integerFromString(wstring const& text, WhitespaceRule rule) {
+CBigInteger CConversions::integerFromString(std::u16string_view text, WhitespaceRule rule) {
     return CBigInteger(CleanText(rule, text).View());
 }
 

@@ -10,6 +10,7 @@
 #include "platform/TextView.h"
 #include "values/DecimalText.h"
 #include "values/Magnitude.h"
+#include "values/NumberText.h"
 
 namespace BxXmlLib5 {
 
@@ -42,19 +43,6 @@ CDecimal::CDecimal(std::u16string_view text) {
     Parse(text);
 }
 
-CDecimal::CDecimal(CDecimal&& other) noexcept
-    : m_integerPart(std::move(other.m_integerPart)),
-      m_fractionPart(std::move(other.m_fractionPart)),
-      m_fractionalDivider(std::exchange(other.m_fractionalDivider, 1)) {}
-
-CDecimal& CDecimal::operator=(CDecimal&& other) noexcept {
-    if (this == &other) return *this;
-    m_integerPart = std::move(other.m_integerPart);
-    m_fractionPart = std::move(other.m_fractionPart);
-    m_fractionalDivider = std::exchange(other.m_fractionalDivider, 1);
-    return *this;
-}
-
 CDecimal::CDecimal(CBigInteger integerPart, CBigInteger fractionPart, int divider)
     : m_integerPart(std::move(integerPart)),
       m_fractionPart(std::move(fractionPart)),
@@ -72,7 +60,30 @@ int CDecimal::PlacesLimit() {
     return std::clamp(m_maxDivider, 0, static_cast<int>(kMaxExponentZeros));
 }
 
+/// Reads the form that nearly all texts have: a sign, digits, and more of them behind a point.
+/// @return false if the text has another form or more places than the limit
+bool CDecimal::ParsePlain(std::u16string_view text) {
+    std::size_t at = 0;
+    bool const isNegative = TakeSign(text, at);
+    std::size_t const point = SkipDigits(text, at);
+    std::u16string_view fraction;
+    if (point < text.size()) {
+        if (text[point] != u'.' || SkipDigits(text, point + 1) < text.size()) return false;
+        fraction = text.substr(point + 1);
+        fraction = fraction.substr(0, fraction.find_last_not_of(u'0') + 1);
+        if (std::ssize(fraction) > PlacesLimit()) return false;
+    }
+    m_integerPart.m_sign = isNegative ? -1 : 1;
+    m_integerPart.m_digits = Magnitude::FromText(text.substr(at, point - at));
+    if (fraction.empty()) return true;
+    m_fractionPart.m_sign = m_integerPart.m_sign;
+    m_fractionPart.m_digits = Magnitude::FromText(fraction);
+    m_fractionalDivider = static_cast<int>(fraction.size());
+    return true;
+}
+
 void CDecimal::Parse(std::u16string_view text) {
+    if (ParsePlain(text)) return;
     DecimalText source = ScanDecimal(text);
     std::string& digits = source.m_digits;
     std::int64_t const exponent = source.m_exponent.value_or(0);
@@ -130,7 +141,7 @@ void CDecimal::ChangeFractionalDivider(int divider) {
     if (!isUp) return;
     fraction = Magnitude::Add(fraction, Magnitude::FromInteger(1));
     if (Magnitude::CountDigits(fraction) > static_cast<std::size_t>(divider)) {
-        fraction.clear();
+        fraction.Clear();
         m_integerPart += m_fractionPart.m_sign;
     }
 }

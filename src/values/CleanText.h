@@ -21,6 +21,13 @@ public:
     CleanText(CleanText const&) = delete;
     CleanText& operator=(CleanText const&) = delete;
 
+    /// The rule applied to a text that is given up: if it stays as it is, its memory stays too.
+    static wstring Of(CWhitespaceUtils::WhitespaceRule rule, wstring&& text) {
+        CleanText clean(rule, text);
+        bool const isWhole = clean.m_view.data() == text.data() && clean.m_view.size() == text.size();
+        return isWhole ? std::move(text) : std::move(clean).Take();
+    }
+
     std::u16string_view View() const { return m_view; }
     wstring Take() && { return m_rewritten.empty() ? wstring(m_view) : std::move(m_rewritten); }
 

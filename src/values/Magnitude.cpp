@@ -21,19 +21,26 @@ constexpr std::size_t kSplitSize = 40;
 /// Limbs of a divisor beyond those of the quotient that make the quotient right but for one or two.
 constexpr std::size_t kGuardLimbs = 2;
 
-constexpr char32_t Limb(std::uint64_t value) {
-    return static_cast<char32_t>(value);
+constexpr std::uint32_t Limb(std::uint64_t value) {
+    return static_cast<std::uint32_t>(value);
+}
+
+/// @param digits as many as a limb has at most
+template <class Char>
+std::uint32_t LimbOf(std::basic_string_view<Char> digits) {
+    std::uint32_t limb = 0;
+    for (Char const digit : digits) limb = limb * 10 + static_cast<std::uint32_t>(digit - Char('0'));
+    return limb;
 }
 
 template <class Char>
 Limbs LimbsOf(std::basic_string_view<Char> digits) {
+    if (digits.size() <= kLimbDigits) return Limbs(LimbOf(digits));
     digits.remove_prefix(std::min(digits.find_first_not_of(Char('0')), digits.size()));
-    Limbs limbs((digits.size() + kLimbDigits - 1) / kLimbDigits, U'\0');
-    for (char32_t& limb : limbs) {
+    Limbs limbs((digits.size() + kLimbDigits - 1) / kLimbDigits, 0);
+    for (std::uint32_t& limb : limbs) {
         std::size_t const count = std::min(digits.size(), kLimbDigits);
-        for (Char const digit : digits.substr(digits.size() - count)) {
-            limb = limb * 10 + static_cast<char32_t>(digit - Char('0'));
-        }
+        limb = LimbOf(digits.substr(digits.size() - count));
         digits.remove_suffix(count);
     }
     return limbs;
@@ -41,12 +48,12 @@ Limbs LimbsOf(std::basic_string_view<Char> digits) {
 
 void MultiplyBy(Limbs& limbs, std::uint64_t factor) {
     std::uint64_t carry = 0;
-    for (char32_t& limb : limbs) {
+    for (std::uint32_t& limb : limbs) {
         std::uint64_t const product = limb * factor + carry;
         limb = Limb(product % kBase);
         carry = product / kBase;
     }
-    if (carry != 0) limbs.push_back(Limb(carry));
+    if (carry != 0) limbs.PushBack(Limb(carry));
 }
 
 /// Gives the remainder.
@@ -62,10 +69,10 @@ std::uint64_t DivideBy(Limbs& limbs, std::uint64_t divisor) {
 }
 
 /// Adds to as many limbs at a position, and gives the carry.
-char32_t AddTo(char32_t* at, Limbs const& addend) {
-    char32_t carry = 0;
-    for (char32_t const limb : addend) {
-        char32_t const sum = *at + limb + carry;
+std::uint32_t AddTo(std::uint32_t* at, Limbs const& addend) {
+    std::uint32_t carry = 0;
+    for (std::uint32_t const limb : addend) {
+        std::uint32_t const sum = *at + limb + carry;
         carry = sum >= kBase ? 1 : 0;
         *at++ = carry != 0 ? Limb(sum - kBase) : sum;
     }
@@ -73,9 +80,9 @@ char32_t AddTo(char32_t* at, Limbs const& addend) {
 }
 
 /// Adds a multiple to as many limbs at a position, and gives the carry.
-char32_t AddMultipleTo(char32_t* at, Limbs const& addend, std::uint64_t factor) {
+std::uint32_t AddMultipleTo(std::uint32_t* at, Limbs const& addend, std::uint64_t factor) {
     std::uint64_t carry = 0;
-    for (char32_t const limb : addend) {
+    for (std::uint32_t const limb : addend) {
         std::uint64_t const sum = *at + limb * factor + carry;
         *at++ = Limb(sum % kBase);
         carry = sum / kBase;
@@ -84,10 +91,10 @@ char32_t AddMultipleTo(char32_t* at, Limbs const& addend, std::uint64_t factor) 
 }
 
 /// Subtracts from as many limbs at a position, and gives the borrow.
-char32_t SubtractFrom(char32_t* at, Limbs const& subtrahend) {
-    char32_t borrow = 0;
-    for (char32_t const limb : subtrahend) {
-        char32_t const taken = limb + borrow;
+std::uint32_t SubtractFrom(std::uint32_t* at, Limbs const& subtrahend) {
+    std::uint32_t borrow = 0;
+    for (std::uint32_t const limb : subtrahend) {
+        std::uint32_t const taken = limb + borrow;
         borrow = *at < taken ? 1 : 0;
         *at = borrow != 0 ? Limb(*at + kBase - taken) : *at - taken;
         ++at;
@@ -96,9 +103,9 @@ char32_t SubtractFrom(char32_t* at, Limbs const& subtrahend) {
 }
 
 /// Subtracts a multiple from as many limbs at a position, and gives the borrow.
-char32_t SubtractMultipleFrom(char32_t* at, Limbs const& subtrahend, std::uint64_t factor) {
+std::uint32_t SubtractMultipleFrom(std::uint32_t* at, Limbs const& subtrahend, std::uint64_t factor) {
     std::uint64_t borrow = 0;
-    for (char32_t const limb : subtrahend) {
+    for (std::uint32_t const limb : subtrahend) {
         // With so much added, nothing falls below 0, and there is no branch that half the limbs would take.
         std::uint64_t const difference = *at + kBase * kBase - limb * factor - borrow;
         *at++ = Limb(difference % kBase);
@@ -109,7 +116,7 @@ char32_t SubtractMultipleFrom(char32_t* at, Limbs const& subtrahend, std::uint64
 
 /// One limb of a quotient (Knuth, The Art of Computer Programming, 4.3.1, steps D3 to D6). The part of the
 /// dividend at this position, one limb longer than the divisor, becomes its remainder.
-char32_t TakeQuotientLimb(char32_t* part, Limbs const& divisor) {
+std::uint32_t TakeQuotientLimb(std::uint32_t* part, Limbs const& divisor) {
     std::size_t const size = divisor.size();
     std::uint64_t const top = divisor[size - 1];
     std::uint64_t const leading = part[size] * kBase + part[size - 1];
@@ -129,7 +136,7 @@ char32_t TakeQuotientLimb(char32_t* part, Limbs const& divisor) {
 }
 
 Limbs MultiplyByLimbs(Limbs const& a, Limbs const& b) {
-    Limbs product(a.size() + b.size(), U'\0');
+    Limbs product(a.size() + b.size(), 0);
     for (std::size_t i = 0; i < b.size(); ++i) product[i + a.size()] = AddMultipleTo(&product[i], a, b[i]);
     Trim(product);
     return product;
@@ -146,8 +153,8 @@ Division DivideByLimbs(Limbs const& dividend, Limbs const& divisor) {
     Limbs scaled = divisor;
     MultiplyBy(scaled, scale);
     MultiplyBy(rest, scale);
-    rest.resize(dividend.size() + 1);
-    Limbs quotient(rest.size() - scaled.size(), U'\0');
+    rest.Resize(dividend.size() + 1);
+    Limbs quotient(rest.size() - scaled.size(), 0);
     for (std::size_t i = quotient.size(); i-- > 0;) quotient[i] = TakeQuotientLimb(&rest[i], scaled);
     Trim(quotient);
     DivideBy(rest, scale);
@@ -155,15 +162,15 @@ Division DivideByLimbs(Limbs const& dividend, Limbs const& divisor) {
 }
 
 Limbs Low(Limbs const& limbs, std::size_t size) {
-    Limbs low = limbs.substr(0, size);
+    Limbs low = limbs.Part(0, size);
     Trim(low);
     return low;
 }
 
 /// A magnitude from the limbs above and below a position.
 Limbs Join(Limbs const& high, Limbs low, std::size_t size) {
-    low.resize(size);
-    low += high;
+    low.Resize(size);
+    low.Append(high);
     Trim(low);
     return low;
 }
@@ -171,8 +178,8 @@ Limbs Join(Limbs const& high, Limbs low, std::size_t size) {
 /// The upper half of the quotient, then the lower one from what remains.
 Division DivideInHalves(Limbs const& dividend, Limbs const& divisor) {
     std::size_t const half = (dividend.size() - divisor.size()) / 2;
-    Division const high = Divide(dividend.substr(half), divisor);
-    Division low = Divide(Join(high.remainder, dividend.substr(0, half), half), divisor);
+    Division const high = Divide(dividend.Part(half), divisor);
+    Division low = Divide(Join(high.remainder, dividend.Part(0, half), half), divisor);
     return {Join(high.quotient, std::move(low.quotient), half), std::move(low.remainder)};
 }
 
@@ -180,8 +187,8 @@ Division DivideInHalves(Limbs const& dividend, Limbs const& divisor) {
 /// (Brent and Zimmermann, Modern Computer Arithmetic, algorithm 1.8).
 Division DivideByTop(Limbs const& dividend, Limbs const& divisor) {
     std::size_t const cut = 2 * divisor.size() - dividend.size() - kGuardLimbs;
-    auto [quotient, rest] = Divide(dividend.substr(cut), divisor.substr(cut));
-    rest = Join(rest, dividend.substr(0, cut), cut);
+    auto [quotient, rest] = Divide(dividend.Part(cut), divisor.Part(cut));
+    rest = Join(rest, dividend.Part(0, cut), cut);
     Limbs const product = Multiply(quotient, Low(divisor, cut));
     while (Compare(rest, product) < 0) {
         rest = Add(rest, divisor);
@@ -202,7 +209,7 @@ Limbs FromText(std::string_view digits) {
 
 Limbs FromInteger(std::uint64_t value) {
     Limbs limbs;
-    for (; value != 0; value /= kBase) limbs.push_back(Limb(value % kBase));
+    for (; value != 0; value /= kBase) limbs.PushBack(Limb(value % kBase));
     return limbs;
 }
 
@@ -216,13 +223,15 @@ void AppendText(wstring& text, Limbs const& limbs, std::size_t width) {
     text.append(std::max(CountDigits(limbs), width), u'0');
     for (std::size_t i = 0; i < limbs.size(); ++i) {
         std::size_t at = text.size() - i * kLimbDigits;
-        for (char32_t rest = limbs[i]; rest != 0; rest /= 10)
+        for (std::uint32_t rest = limbs[i]; rest != 0; rest /= 10)
             text[--at] = static_cast<char16_t>(u'0' + rest % 10);
     }
 }
 
 void Trim(Limbs& limbs) {
-    limbs.resize(limbs.find_last_not_of(U'\0') + 1);
+    std::size_t size = limbs.size();
+    while (size > 0 && limbs[size - 1] == 0) --size;
+    limbs.Resize(size);
 }
 
 std::size_t CountDigits(Limbs const& limbs) {
@@ -232,35 +241,38 @@ std::size_t CountDigits(Limbs const& limbs) {
 }
 
 std::size_t CountTrailingZeros(Limbs const& limbs) {
-    std::size_t const lowest = limbs.find_first_not_of(U'\0');
+    std::size_t lowest = 0;
+    while (limbs[lowest] == 0) ++lowest;
     std::size_t count = lowest * kLimbDigits;
-    for (char32_t limb = limbs[lowest]; limb % 10 == 0; limb /= 10) ++count;
+    for (std::uint32_t limb = limbs[lowest]; limb % 10 == 0; limb /= 10) ++count;
     return count;
 }
 
 int Compare(Limbs const& a, Limbs const& b) {
     if (a.size() != b.size()) return a.size() < b.size() ? -1 : 1;
-    auto const [inA, inB] = std::mismatch(a.rbegin(), a.rend(), b.rbegin());
-    return inA == a.rend() ? 0 : *inA < *inB ? -1 : 1;
+    for (std::size_t i = a.size(); i-- > 0;) {
+        if (a[i] != b[i]) return a[i] < b[i] ? -1 : 1;
+    }
+    return 0;
 }
 
 Limbs Add(Limbs const& a, Limbs const& b) {
     if (a.size() < b.size()) return Add(b, a);
     Limbs sum;
-    sum.reserve(a.size() + 1);
-    sum = a;
-    char32_t carry = AddTo(sum.data(), b);
+    sum.Reserve(a.size() + 1);
+    sum.Append(a);
+    std::uint32_t carry = AddTo(sum.data(), b);
     for (std::size_t i = b.size(); carry != 0 && i < sum.size(); ++i) {
         carry = sum[i] == kBase - 1 ? 1 : 0;
         sum[i] = carry != 0 ? 0 : sum[i] + 1;
     }
-    if (carry != 0) sum.push_back(carry);
+    if (carry != 0) sum.PushBack(carry);
     return sum;
 }
 
 Limbs Subtract(Limbs const& a, Limbs const& b) {
     Limbs difference = a;
-    char32_t borrow = SubtractFrom(difference.data(), b);
+    std::uint32_t borrow = SubtractFrom(difference.data(), b);
     for (std::size_t i = b.size(); borrow != 0 && i < difference.size(); ++i) {
         borrow = difference[i] == 0 ? 1 : 0;
         difference[i] = borrow != 0 ? Limb(kBase - 1) : difference[i] - 1;
@@ -274,11 +286,11 @@ Limbs Multiply(Limbs const& a, Limbs const& b) {
     if (b.size() < kSplitSize) return MultiplyByLimbs(a, b);
     std::size_t const half = (a.size() + 1) / 2;
     Limbs const aLow = Low(a, half);
-    Limbs const aHigh = a.substr(half);
+    Limbs const aHigh = a.Part(half);
     if (b.size() <= half) return Add(Multiply(aLow, b), Join(Multiply(aHigh, b), {}, half));
     // Karatsuba: three products in place of four.
     Limbs const bLow = Low(b, half);
-    Limbs const bHigh = b.substr(half);
+    Limbs const bHigh = b.Part(half);
     Limbs const low = Multiply(aLow, bLow);
     Limbs const high = Multiply(aHigh, bHigh);
     Limbs const all = Multiply(Add(aLow, aHigh), Add(bLow, bHigh));
@@ -297,17 +309,17 @@ Division Divide(Limbs const& dividend, Limbs const& divisor) {
 void ScaleUp(Limbs& limbs, std::size_t places) {
     if (limbs.empty() || places == 0) return;
     MultiplyBy(limbs, kPowersOf10[places % kLimbDigits]);
-    limbs.insert(0, places / kLimbDigits, U'\0');
+    limbs.InsertLow(places / kLimbDigits);
 }
 
 void ScaleDown(Limbs& limbs, std::size_t places) {
-    limbs.erase(0, places / kLimbDigits);
+    limbs.DropLow(places / kLimbDigits);
     DivideBy(limbs, kPowersOf10[places % kLimbDigits]);
 }
 
 Limbs LowDigits(Limbs const& limbs, std::size_t places) {
     std::size_t const whole = places / kLimbDigits;
-    Limbs low = limbs.substr(0, whole + 1);
+    Limbs low = limbs.Part(0, whole + 1);
     if (low.size() > whole) low[whole] = Limb(low[whole] % kPowersOf10[places % kLimbDigits]);
     Trim(low);
     return low;

@@ -4,15 +4,15 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <string>
 #include <string_view>
 
 #include "BxXmlLib5/platform/Text.h"
+#include "BxXmlLib5/values/CLimbs.h"
 
 namespace BxXmlLib5::Magnitude {
 
 /// Limbs of nine decimal digits, the least significant first, the topmost not 0; zero has none.
-using Limbs = std::u32string;
+using Limbs = CLimbs;
 
 /// @param digits decimal digits only, leading zeros allowed
 Limbs FromText(std::u16string_view digits);

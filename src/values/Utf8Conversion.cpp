@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "BxXmlLib5/binding/CBxException.h"
 #include "platform/Utf.h"
 
 namespace BxXmlLib5 {
@@ -23,6 +24,18 @@ std::size_t CountUnits(std::span<unsigned char const> octets) {
     return count;
 }
 
+/// @return how many units were put; 0 for octets that are not well-formed
+std::size_t PutWide(std::span<unsigned char const> octets, char16_t* out) {
+    std::string_view const text(reinterpret_cast<char const*>(octets.data()), octets.size());
+    char16_t* end = out;
+    for (std::size_t at = 0; at < text.size();) {
+        char32_t const c = Utf::Next(text, at);
+        if (c == Utf::kMalformed) return 0;
+        Utf::PutUtf16(c, [&end](char32_t unit) { *end++ = static_cast<char16_t>(unit); });
+    }
+    return static_cast<std::size_t>(end - out);
+}
+
 }  // namespace
 
 std::size_t Utf8Size(std::u16string_view text) {
@@ -32,6 +45,14 @@ std::size_t Utf8Size(std::u16string_view text) {
         char32_t const c = Utf::Next(text, at);
         if (c == Utf::kMalformed) return 0;
         Utf::PutUtf8(c, [&size](char32_t) { ++size; });
+    }
+    return size;
+}
+
+std::size_t CheckedUtf8Size(std::u16string_view text) {
+    std::size_t const size = Utf8Size(text);
+    if (size == 0 && !text.empty()) {
+        throw CBxInvalidValueException(u"A text with half of a surrogate pair has no UTF-8 form");
     }
     return size;
 }
@@ -56,15 +77,14 @@ CBinaryData WideToUtf8(std::u16string_view text) {
 
 wstring Utf8ToWide(std::span<unsigned char const> octets) {
     if (IsAscii(octets)) return {octets.begin(), octets.end()};
-    std::string_view const text(reinterpret_cast<char const*>(octets.data()), octets.size());
     wstring result(CountUnits(octets), u'\0');
-    char16_t* out = result.data();
-    for (std::size_t at = 0; at < text.size();) {
-        char32_t const c = Utf::Next(text, at);
-        if (c == Utf::kMalformed) return {};
-        Utf::PutUtf16(c, [&out](char32_t unit) { *out++ = static_cast<char16_t>(unit); });
-    }
-    return result;
+    return PutWide(octets, result.data()) == 0 ? wstring() : result;
+}
+
+std::size_t Utf8ToWide(std::span<unsigned char const> octets, char16_t* out) {
+    if (!IsAscii(octets)) return PutWide(octets, out);
+    std::ranges::copy(octets, out);
+    return octets.size();
 }
 
 }  // namespace BxXmlLib5

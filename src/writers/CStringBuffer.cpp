@@ -114,7 +114,7 @@ void CStringBuffer::CopyChunks(Out out) const {
     }
 }
 
-wstring CStringBuffer::ToString() {
+std::u16string_view CStringBuffer::View() {
     if (m_chunks.size() > 1) {
         std::size_t const size = Size();
         auto joined = std::make_unique_for_overwrite<char16_t[]>(size);
@@ -124,7 +124,7 @@ wstring CStringBuffer::ToString() {
         Clear();
         Adopt(std::move(joined), size, size);
     }
-    return wstring(m_current, m_used);
+    return {m_current, m_used};
 }
 
 wstring CStringBuffer::TakeString() {

@@ -39,8 +39,9 @@ public:
 
     void Clear();
 
-    /// The whole text, which stays, joined in one chunk.
-    wstring ToString();
+    /// The whole text, which stays, joined in one chunk. The view lasts until the buffer changes.
+    std::u16string_view View();
+    wstring ToString() { return wstring(View()); }
 
     /// The whole text, which is gone from the buffer.
     wstring TakeString();

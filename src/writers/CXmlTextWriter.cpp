@@ -1,10 +1,30 @@
 #include "writers/CXmlTextWriter.h"
 
+#include "BxXmlLib5/binding/CBxException.h"
 #include "platform/StandardNamespaces.h"
 #include "platform/TextView.h"
+#include "platform/Utf16Octets.h"
+#include "values/Utf8Conversion.h"
 #include "writers/CXmlWriterContext.h"
 
 namespace BxXmlLib5 {
+
+namespace {
+
+CBinaryData ToUtf8Octets(std::u16string_view text) {
+    CBinaryData octets = WideToUtf8(text);
+    if (octets.GetLength() == 0) CheckedUtf8Size(text);  // which throws for a text without this form
+    return octets;
+}
+
+CBinaryData ToUtf16Octets(std::u16string_view text) {
+    std::size_t const size = text.size() * sizeof(char16_t);
+    auto octets = std::make_unique_for_overwrite<unsigned char[]>(size);
+    WriteUtf16(text, octets.get());
+    return {std::move(octets), size};
+}
+
+}  // namespace
 
 CXmlTextWriter::CXmlTextWriter() : CXmlWriter(u"CXmlTextWriter") {}
 CXmlTextWriter::~CXmlTextWriter() = default;
@@ -22,6 +42,18 @@ void CXmlTextWriter::WriteStartDocument(XmlEncoding encoding) {
     if (encoding == enc_UTF16) m_buffer.Append(u" encoding=\"UTF-16\"");
     m_buffer.Append(u"?>");
     m_buffer.Append(m_eol);
+}
+
+CBinaryData CXmlTextWriter::GetBinaryData(XmlEncoding encoding) {
+    switch (encoding) {
+        case enc_UTF8:
+            return ToUtf8Octets(m_buffer.View());
+        case enc_UTF16:
+        case enc_UTF16NoDeclaration:
+            return ToUtf16Octets(m_buffer.View());
+        default:
+            throw CBxException(u"Unknown Encoding, select UTF-8 or ask the vendor's support");
+    }
 }
 
 void CXmlTextWriter::WriteComment(wstring const& text) {

@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "BxXmlLib5/binding/Enumerations.h"
+#include "BxXmlLib5/values/CBinaryData.h"
 #include "BxXmlLib5/writers/CXmlWriter.h"
 #include "writers/CStringBuffer.h"
 
@@ -30,6 +31,13 @@ public:
 
     /// The text so far, which is gone from the writer.
     wstring TakeString() { return m_buffer.TakeString(); }
+
+    /// The text so far, as octets. What the declaration says plays no part.
+    /// @param encoding enc_UTF8, or one of the two UTF-16, whose octets come low first and without a byte
+    ///        order mark
+    /// @throws CBxException for any other encoding
+    /// @throws CBxInvalidValueException if the text has no UTF-8 form
+    CBinaryData GetBinaryData(XmlEncoding encoding);
 
     void WriteComment(wstring const& text) override;
     void WriteProcessingInstruction(wstring const& text) override;

@@ -23,6 +23,7 @@ void CXmlWriter::CXmlWriterContext::Init(wstring const& name, wstring const& nam
     m_hasAttributes = false;
     m_outerScope = nullptr;
     m_namespaces.clear();
+    m_recent = nullptr;
     m_hidesAlias = false;
     m_prefixes.reset();
     m_elementPrefix = nullptr;
@@ -69,8 +70,13 @@ void CXmlWriter::CXmlWriterContext::AddNamespace(wstring const& alias, wstring c
 wstring const* CXmlWriter::CXmlWriterContext::FindPrefix(wstring const& namespaceUri) const {
     if (Equal(namespaceUri, kXmlNamespace)) return &kXmlPrefix;
     for (CXmlWriterContext const* scope = m_scope; scope != nullptr; scope = scope->m_outerScope) {
-        auto const known = scope->m_namespaces.find(namespaceUri);
-        if (known != scope->m_namespaces.end()) return known->second.empty() ? nullptr : &known->second;
+        auto const*& recent = scope->m_recent;
+        if (recent == nullptr || !Equal(recent->first, namespaceUri)) {
+            auto const known = scope->m_namespaces.find(namespaceUri);
+            if (known == scope->m_namespaces.end()) continue;
+            recent = &*known;
+        }
+        return recent->second.empty() ? nullptr : &recent->second;
     }
     return nullptr;
 }

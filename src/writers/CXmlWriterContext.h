@@ -4,6 +4,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <utility>
 
 #include "BxXmlLib5/writers/CXmlWriter.h"
 #include "writers/GeneratedPrefixes.h"
@@ -69,7 +70,8 @@ private:
     CXmlWriterContext* m_scope = nullptr;       // this record, or the nearest one outside with a scope
     CXmlWriterContext* m_outerScope = nullptr;  // outside this record's scope, null at the root
     wstring m_defaultNamespace;
-    std::map<wstring, wstring> m_namespaces;  // URI to alias
+    std::map<wstring, wstring> m_namespaces;                              // URI to alias
+    mutable std::pair<wstring const, wstring> const* m_recent = nullptr;  // of m_namespaces, found last
     bool m_hidesAlias = false;  // an alias was added, so the outer scope does not tell which are used
     std::optional<CPrefixSource> m_prefixes;   // for this record's scope, once a prefix was made
     wstring const* m_elementPrefix = nullptr;  // null if the scope has none any more

@@ -1,20 +1,65 @@
-// The entry points of CXmlObjectBase that write a document.
+// The entry points of CXmlObjectBase that write XML text.
 
+#include "writers/ObjectOutput.h"
+
+#include "BxXmlLib5/binding/CBxException.h"
 #include "BxXmlLib5/binding/CXmlObjectBase.h"
 #include "BxXmlLib5/binding/CXmlSerializationContext.h"
+#include "BxXmlLib5/values/CBinaryData.h"
+#include "values/ByteOrderMark.h"
 #include "writers/CXmlTextWriter.h"
 
 namespace BxXmlLib5 {
 
+void ThrowIfNotForFiles(CompressionType compression) {
+    if (compression == cmp_ZLib)
+        throw CBxException(u"ZLIB Compression only available for To Stream methods.");
+}
+
 wstring CXmlObjectBase::ToXml(bool includeDeclaration, bool formatted, EOLType eol,
                               CXmlSerializationContext const& context) const {
     CXmlTextWriter writer;
+    WriteDocument(writer, includeDeclaration, formatted, enc_Unspecified, eol, context);
+    return writer.TakeString();
+}
+
+CBinaryData CXmlObjectBase::ToXmlStream(bool includeDeclaration, bool formatted, XmlEncoding encoding,
+                                        EOLType eol, CXmlSerializationContext const& context,
+                                        CompressionType compression) const {
+    CBinaryData data;
+    {
+        CXmlTextWriter writer;
+        WriteDocument(writer, includeDeclaration, formatted, encoding, eol, context);
+        data = writer.GetBinaryData(encoding);
+    }
+    return data.CompressData(compression);
+}
+
+void CXmlObjectBase::ToXmlFile(char16_t const* fileName, bool includeDeclaration, bool formatted,
+                               XmlEncoding encoding, EOLType eol, CXmlSerializationContext const& context,
+                               CompressionType compression) const {
+    ThrowIfNotForFiles(compression);
+    auto const mark = ByteOrderMark(encoding);
+    if (compression != cmp_GZip || mark.empty()) {
+        CBinaryData const data =
+            ToXmlStream(includeDeclaration, formatted, encoding, eol, context, compression);
+        return data.ToFile(fileName, encoding);
+    }
+    // The mark goes inside, so that the file is a gzip stream from its first octet.
+    CBinaryData data;
+    data.Append(mark);
+    data.Append(ToXmlStream(includeDeclaration, formatted, encoding, eol, context, cmp_None));
+    data.CompressData(compression).ToFile(fileName, enc_Unspecified);
+}
+
+void CXmlObjectBase::WriteDocument(CXmlTextWriter& writer, bool includeDeclaration, bool formatted,
+                                   XmlEncoding encoding, EOLType eol,
+                                   CXmlSerializationContext const& context) const {
     writer.SetFormatting(formatted);
     writer.SetEOLType(eol);
-    if (includeDeclaration) writer.WriteStartDocument(enc_Unspecified);
+    if (includeDeclaration) writer.WriteStartDocument(encoding);
     ToXml_Int(&writer, true, GetTargetNamespace().c_str(), context, false);
     if (includeDeclaration) writer.WriteEndDocument();
-    return writer.TakeString();
 }
 
 }  // namespace BxXmlLib5

@@ -273,6 +273,12 @@ TEST(GeneratedClass, NestsAsDeepAsADocument) {
     }
 }
 
+TEST(GeneratedClass, LimitsPseudoElementsInsideEachOther) {
+    ExpectRows({{"s(Cp?~s(Cq?~^))", "", "<a/>", "!objects-too-deep"},
+                {"s(Cp?~s(Cq?~^))", "", ""},
+                {"c(Cp?~c(Cq?~^ Sa?))", "", "<a/>", "!objects-too-deep"}});
+}
+
 TEST(GeneratedClass, SharesItsTablesBetweenThreads) {
     TestClass& type = Class("s(@Sk? @El? @U_? Sa! Ab! U_? Cc*s(Sx?) Cp?~c(Ed? Sf*))");
     Class("s=b(#)");

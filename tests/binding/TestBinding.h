@@ -71,7 +71,7 @@ inline wstring NamespaceOf(wstring const& name) {
 ///     occurrence  ! one, . one that need not be there, ? at most one, * or *1-2 a collection
 ///     defect      % holds nothing, $ holds a value of another kind, & holds another kind of collection,
 ///                 - keeps nothing
-///     class       of C: a description, ^ for the class that has the field, 0 for one that the factory refuses;
+///     class       of C: a description, ^ or ~^ for the class that has the field, 0 for one that the factory refuses;
 ///                 of U: [allowed|target]; of an attribute: =default
 ///
 /// All entries of the tables are copies, whose originals are gone.
@@ -430,7 +430,7 @@ inline Field TestClass::NextField(char const*& at, int id) {
     if (field.m_occurrence == '*') field.m_class = &Class("s(#)");
     if (field.m_kind != 'A' && field.m_kind != 'C') return field;
     if (*at == '~') field.m_elementType = et_PseudoElement;
-    if (field.m_kind == 'A' || at[1] == '0') Take(at, '~');
+    if (field.m_kind == 'A' || at[1] == '0' || at[1] == '^') Take(at, '~');
     if (field.m_kind == 'A' || Take(at, '0')) return field;
     field.m_classId = *at == '^' ? id : static_cast<int>(g_classes.size());
     field.m_class = Take(at, '^') ? this : &ParseClass(at);
@@ -516,6 +516,8 @@ inline std::string Failure(std::string text) {
         {"other-collection",
          "CBxException: Serialization Data Error : The collection should be a %, it was not!"},
         {"no-text", "CBxException: Invalid Type 0 to convert to string"},
+        {"objects-too-deep",
+         "CBxException: Objects are nested more than 2048 levels deep, which is the limit"},
         {"too-deep", "CBxException: Elements are nested more than 1024 levels deep, which is the limit"},
     };
     if (!text.starts_with("!")) return text;

@@ -11,7 +11,7 @@ TEST(CElement, ConstructorsRefuseInOrder) {
         std::function<void()> m_make;
         std::string m_message;
     } const rows[] = {
-        {[] { CElement(nullptr); }, noName},
+        {[] { CElement(static_cast<char16_t const*>(nullptr)); }, noName},
         {[] { CElement(nullptr, u"u"); }, noName},
         {[] { CElement(nullptr, u"##any"); }, "Invalid Namespace [##any]"},
         {[] { CElement(u"a", u"##other"); }, "Invalid Namespace [##other]"},

@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <climits>
+#include <tuple>
 
 #include "document/Trees.h"
 
@@ -97,12 +98,11 @@ TEST(Input, Encodings) {
 TEST(Input, Compression) {
     for (int const wrapper : {kGZip, kZLib}) {
         std::string const whole = Deflate("<a k='1'>é</a>", wrapper), tree = " => a@k=1'é'";
-        ExpectLoads(
-            {whole + tree, whole + "what follows the stream" + tree, whole + Deflate("<b/>", wrapper) + tree,
-             Deflate(Utf16("<a k='1'>é</a>", false), wrapper) + tree,
-             Deflate("<a><b></a>", wrapper) + " => mismatched tag at line 1", Deflate("", wrapper) + kNoRoot,
-             Deflate(whole, wrapper) + kInvalidToken},
-            kStreams);
+        ExpectLoads({whole + tree, whole + "what follows the stream" + tree,
+                     Deflate(Utf16("<a k='1'>é</a>", false), wrapper) + tree,
+                     Deflate("<a><b></a>", wrapper) + " => mismatched tag at line 1",
+                     Deflate("", wrapper) + kNoRoot, Deflate(whole, wrapper) + kInvalidToken},
+                    kStreams);
         // The size of a block of output, and its neighbours.
         for (std::size_t const size :
              std::initializer_list<std::size_t>{65535, 65536, 65537, 131072, 196608}) {
@@ -110,6 +110,18 @@ TEST(Input, Compression) {
             ExpectLoads({Deflate("<a>" + text + "</a>", wrapper) + " => a'" + text + "'"}, kStreams);
         }
     }
+}
+
+TEST(Input, MembersOfAGZipStreamAreJoined) {
+    std::string const first = Deflate("<a>x", kGZip), second = Deflate("y<b/>", kGZip),
+                      third = Deflate("</a>", kGZip), all = first + second + third, tree = " => a'xy'(b)";
+    ExpectLoads(
+        {all + tree, first + Deflate("", kGZip) + second + third + "\x1F" + tree,
+         Deflate("<a/>", kGZip) + Deflate("</a>", kZLib) + " => a", Deflate("<a/>", kZLib) + third + " => a",
+         // A member that is damaged or cut off is not left out.
+         all.substr(0, all.size() - 1) + kInvalidToken, first + "\x1F\x8B" + kInvalidToken,
+         first + "\x1F\x8Bxy" + third + kInvalidToken},
+        kStreams);
 }
 
 TEST(Input, AStringIsAlwaysText) {
@@ -225,4 +237,19 @@ TEST(Input, TellsWhetherItWasComplete) {
     Load(kNarrow, document, "<a/>");
     EXPECT_THROW(Load(kNarrow, document, "<a></b>"), CBxException);
     EXPECT_FALSE(document.IsComplete());
+}
+
+TEST(Input, TellsWhatItWas) {
+    std::string const binary = "\xE0\0\0\1\0\x3C\0a\xFF"s;
+    CXmlDocument document;
+    for (auto const& [octets, isCompressed, isFastInfoset] : {std::tuple{binary, false, true},
+                                                              {"<a/>", false, false},
+                                                              {Deflate(binary, kGZip), true, true},
+                                                              {Deflate("<a/>", kZLib), true, false}}) {
+        Load(kOctets, document, octets);
+        EXPECT_EQ(document.IsCompressed(), isCompressed);
+        EXPECT_EQ(document.IsFastInfoset(), isFastInfoset);
+    }
+    Load(kNarrow, document, "<a/>");
+    EXPECT_FALSE(document.IsCompressed() || document.IsFastInfoset());
 }

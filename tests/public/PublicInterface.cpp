@@ -1,7 +1,14 @@
 // The shared library as an application sees it: one header, and what is exported.
+namespace BxXmlLib5 {
+class Ci4Col;
+class CdateCol;
+}  // namespace BxXmlLib5
+
 #include "BxXmlLib5/BxXmlLib5.h"
 
 #include <gtest/gtest.h>
+
+#include <memory>
 
 using namespace BxXmlLib5;
 
@@ -104,4 +111,45 @@ TEST(PublicInterface, DocumentsAndTheDefaultContext) {
     CXmlSerializationContext::GetDefaultContext().SetIgnoreInvalidCollectionCounts(true);
     EXPECT_EQ(MessageOf<CBxValidationException>(bounds), "nothing");
     CXmlSerializationContext::GetDefaultContext().SetIgnoreInvalidCollectionCounts(false);
+}
+
+namespace {
+
+template <class Collection>
+std::unique_ptr<Collection> Made() {
+    return std::make_unique<Collection>(u"v", u"", 0, -1, u"", -1, -1, u"", u"", u"", u"", -1,
+                                        CWhitespaceUtils::ws_Collapse, nullptr);
+}
+
+/// Uses what every typed collection has.
+template <class... Collections>
+int CountOf() {
+    auto const count = [](auto collection, auto value) {
+        collection->Add(value);
+        collection->AddAt(0, collection->Item(0));
+        auto const copy = *collection;
+        *collection = copy;
+        collection->Remove(0);
+        return collection->GetCount() + copy.GetCount();
+    };
+    return (count(Made<Collections>(), decltype(Made<Collections>()->Item(0))()) + ...);
+}
+
+struct Days : CdateCol {
+    using CdateCol::CdateCol;
+    void AddAt(int index, CDateTime const& value) override { BaseAddAt(index, value); }
+};
+
+}  // namespace
+
+TEST(PublicInterface, TypedCollections) {
+    EXPECT_EQ((CountOf<Ci1Col, Ci2Col, Ci4Col, Ci8Col, Cui1Col, Cui2Col, Cui4Col, Cui8Col, Cr4Col, Cr8Col,
+                       CbooleanCol, CstringCol, CdecimalCol, CintegerCol, ChexBinaryCol, Cbase64BinaryCol,
+                       CdurationCol, CdayCol, CmonthCol, CyearCol>()),
+              20 * 3);
+    auto const days = Made<Days>();
+    days->Add(CDateTime());
+    EXPECT_EQ(days->GetCount(), 1);
+    EXPECT_EQ(MessageOf<CBxInvalidParamException>([] { Made<CtimeCol>()->Add(CDateTime()); }),
+              "Dates added to this collection must be of type dt_time");
 }

@@ -6,11 +6,14 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <sstream>
 #include <string>
+#include <utility>
 
 namespace {
 
 namespace fs = std::filesystem;
+using namespace std::string_literals;
 
 /// How a command ended and what it printed.
 struct Outcome {
@@ -63,7 +66,7 @@ private:
     fs::path m_path;
 };
 
-std::string const kDeclaration = "<?xml version=\"1.0\"?>\n";
+std::string const kDeclaration = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
 std::string const kXsi = "http://www.w3.org/2001/XMLSchema-instance";
 
 std::string Nested(int levels) {
@@ -93,12 +96,22 @@ TEST(Convert, WritesWhatItReads) {
         {"--compact --format", "<a/>", kDeclaration + "<a/>\n", ""},
         {"--declaration=no", "<?xml version='1.0'?><a/>", "<a/>\n", ""},
         {"--declaration no --declaration yes", "<a/>", kDeclaration + "<a/>\n", ""},
-        {"--eol crlf", "<a>1\n2<b/></a>", "<?xml version=\"1.0\"?>\r\n<a>\r\n\t<b/>\r\n1\r\n2</a>\r\n", mixed + "1 element\n"},
+        {"--eol crlf", "<a>1\n2<b/></a>", "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\r\n<a>\r\n\t<b/>\r\n1\r\n2</a>\r\n", mixed + "1 element\n"},
         {"--eol=crlf --eol=lf --compact", "<a>1\r\n2</a>", kDeclaration + "<a>1\n2</a>", ""},
         {"--compact", "<?xml version='1.0' encoding='ISO-8859-1'?><a x='\xE9&lt;&amp;&quot;'>\xE9&gt;</a>",
             kDeclaration + "<a x=\"\xC3\xA9&lt;&amp;&quot;\">\xC3\xA9&gt;</a>", ""},
         {"--compact", std::string("\xFF\xFE<\0a\0>\0\x3D\xD8\x00\xDE<\0/\0a\0>\0", 20), kDeclaration + "<a>\xF0\x9F\x98\x80</a>", ""},
         {"--compact", Nested(1024), kDeclaration + Nested(1024), ""},
+        // Encodings, and the forms that are not text
+        {"--encoding utf-16 --declaration no --compact", "<a>\xF0\x9F\x98\x80</a>", "\xFF\xFE<\0a\0>\0\x3D\xD8\x00\xDE<\0/\0a\0>\0"s, ""},
+        {"--encoding utf-16 --encoding utf-8 --compact", "<?xml version='1.0' encoding='UTF-8'?><a/>", kDeclaration + "<a/>", ""},
+        {"--to finf", "<a>\n<b/></a>", "\xE0\0\0\1\0\x3C\0a\x3C\0b\xF0\xFF"s, ""},
+        {"--to finf --to xml", "<a/>", kDeclaration + "<a/>\n", ""},
+        {"--to finf --keep-whitespace", "<a> <b/></a>", "\xE0\0\0\1\0\x3C\0a\x3C\0b\xF0\x90 \xFF"s, ""},
+        {"--compact", "\xE0\0\0\1\0\x3C\0a\x91hi\xFF"s, kDeclaration + "<a>hi</a>", ""},
+        {"--compact --no-namespaces", "\xE0\0\0\1\0\x3F\0p\0u\0a\xFF"s, kDeclaration + "<a xmlns=\"u\"/>", ""},
+        {"--to finf", "\xE0\0\0\1\0\x3C\0a\x90\1\xFF"s, "\xE0\0\0\1\0\x3C\0a\x90\1\xFF"s, ""},
+        {"--compact", "<?xml encoding='finf'?>\xE0\0\0\1\0\x3C\0a\xFF"s, kDeclaration + "<a/>", ""},
         // Text beside children
         {"--compact", "<a> <b> </b>\t\r\n&#13;</a>", kDeclaration + "<a><b> </b></a>", ""},
         {"--compact --keep-whitespace", "<a> <b>\t</b>\n</a>", kDeclaration + "<a><b>\t</b> \n</a>", ""},
@@ -123,8 +136,8 @@ TEST(Convert, WritesWhatItReads) {
             kDeclaration + "<p:a xmlns:p=\"u?1&amp;2\" p:x=\"1\"><b xmlns=\"v\"/><undeclared:c/></p:a>", ""},
         // Facts instead of the document
         {"--info", "<p:a xmlns:p='u&#10;v' x='1' p:y='2'> <b/>m<b><c/></b></p:a>",
-            "root: a\nnamespace: u v\nelements: 4\nattributes: 2\ndepth: 3\noctets: 60\n", ""},
-        {"--info --no-namespaces", "<p:a xmlns:p='u'/>", "root: p:a\nnamespace: (none)\nelements: 1\nattributes: 1\ndepth: 1\noctets: 18\n", ""},
+            "form: XML text\nroot: a\nnamespace: u v\nelements: 4\nattributes: 2\ndepth: 3\noctets: 60\n", ""},
+        {"--info --no-namespaces", "<p:a xmlns:p='u'/>", "form: XML text\nroot: p:a\nnamespace: (none)\nelements: 1\nattributes: 1\ndepth: 1\noctets: 18\n", ""},
     };
     // clang-format on
     Folder const folder;
@@ -132,6 +145,90 @@ TEST(Convert, WritesWhatItReads) {
         EXPECT_EQ(folder.Run("bxconvert " + row.m_options + " -", row.m_input),
                   (Outcome{0, row.m_output, row.m_warning}))
             << row.m_options << ' ' << row.m_input.substr(0, 100);
+    }
+}
+
+TEST(Convert, WritesTheDeclarationOfFastInfoset) {
+    std::pair<char const*, char const*> const rows[] = {
+        {"none", ""},
+        {"plain", "<?xml encoding='finf'?>"},
+        {"yes", "<?xml encoding='finf' standalone='yes'?>"},
+        {"no", "<?xml encoding='finf' standalone='no'?>"},
+        {"1.0", "<?xml version='1.0' encoding='finf'?>"},
+        {"1.0-yes", "<?xml version='1.0' encoding='finf' standalone='yes'?>"},
+        {"1.0-no", "<?xml version='1.0' encoding='finf' standalone='no'?>"},
+        {"1.1", "<?xml version='1.1' encoding='finf'?>"},
+        {"1.1-yes", "<?xml version='1.1' encoding='finf' standalone='yes'?>"},
+        {"1.1-no", "<?xml version='1.1' encoding='finf' standalone='no'?>"},
+    };
+    Folder const folder;
+    for (auto const& [name, declaration] : rows) {
+        EXPECT_EQ(folder.Run("bxconvert - --to finf --finf-declaration "s + name, "<a/>"),
+                  (Outcome{0, declaration + "\xE0\0\0\1\0\x3C\0a\xFF"s, ""}));
+    }
+}
+
+TEST(Convert, ReadsBackEveryFormThatItWrites) {
+    Folder const folder;
+    // Prints how many forms there are, and each that does not lead back.
+    Outcome const outcome = folder.Run(R"(
+        count=0
+        bxconvert --compact )" BX_TRACK R"( -o expected
+        try() {
+            for compression in none gzip zlib; do
+                bxconvert "$@" --compress $compression expected -o form || echo "$@ $compression is not written"
+                bxconvert --compact form -o back || echo "$@ $compression is not read"
+                cmp back expected
+                bxconvert "$@" --compress $compression <form - | cmp - form
+                count=$((count + 1))
+            done
+        }
+        try --encoding utf-8 --format --eol crlf
+        try --encoding utf-16
+        try --encoding utf-16 --declaration no
+        for declaration in none plain yes no 1.0 1.0-yes 1.0-no 1.1 1.1-yes 1.1-no; do
+            try --to finf --finf-declaration $declaration
+        done
+        bxconvert --to finf expected | bxconvert --to finf - | bxconvert --encoding utf-16 - |
+            bxconvert --compact - | cmp - expected
+        echo $count forms)");
+    EXPECT_EQ(outcome, (Outcome{0, "39 forms\n", ""}));
+}
+
+TEST(Convert, TellsTheFormThatItRead) {
+    std::pair<char const*, char const*> const rows[] = {
+        {"--encoding utf-16", "form: XML text\n"},
+        {"--compress gzip", "form: XML text, compressed\n"},
+        {"--compress zlib --to finf", "form: Fast Infoset, compressed\n"},
+        {"--to finf --finf-declaration 1.1", "form: Fast Infoset\n"},
+    };
+    Folder const folder;
+    for (auto const& [options, form] : rows) {
+        EXPECT_EQ(folder.Run("bxconvert " BX_TRACK " "s + options + " | bxconvert --info - | grep -a ^form"),
+                  (Outcome{0, form, ""}));
+    }
+}
+
+TEST(Convert, CompressesFromTheFirstOctet) {
+    Folder const folder;
+    std::string const options = "bxconvert " BX_TRACK " --compress ";
+    std::string const utf16 = folder.Run("bxconvert --encoding utf-16 " BX_TRACK).m_out;
+    EXPECT_TRUE(utf16.starts_with("\xFF\xFE<\0?\0x\0"s));
+    EXPECT_EQ(folder.Run(options + "gzip --encoding utf-16 | gunzip"), (Outcome{0, utf16, ""}));
+    EXPECT_TRUE(folder.Run(options + "gzip").m_out.starts_with("\x1F\x8B\x08"));
+    EXPECT_TRUE(folder.Run(options + "zlib --to finf").m_out.starts_with("\x78\x01"));
+}
+
+TEST(Convert, KeepsNamespacesOnTheWayThroughFastInfoset) {
+    std::string const documents[] = {
+        "<a xmlns=\"u?1&amp;2\" x=\"\"><AA:b xmlns:AA=\"&lt;&quot;&#10;&#9;&#13;\" xmlns:AB=\"u?1&amp;2\" AB:x=\"1\"/></a>",
+        "<a xmlns:xsi=\"" + kXsi + "\"><b xsi:nil=\"true\" xml:lang=\"en\"/></a>",
+        "<AA:a xmlns:AA=\"u\"><AB:b xmlns:AB=\"v\"><c/></AB:b></AA:a>",
+    };
+    Folder const folder;
+    for (std::string const& document : documents) {
+        EXPECT_EQ(folder.Run("bxconvert --to finf - | bxconvert --compact --declaration no -", document),
+                  (Outcome{0, document, ""}));
     }
 }
 
@@ -150,6 +247,7 @@ TEST(Convert, RefusesBadDocuments) {
         std::string m_input;
         std::string m_message;
     };
+    std::string const unwritable = "a name or a text has characters that XML text cannot have";
     Row const rows[] = {
         {"", "", "XML Stream is empty!"},
         {"", "no XML", "syntax error at line 1"},
@@ -157,6 +255,15 @@ TEST(Convert, RefusesBadDocuments) {
         {"", "<a><b/>", "the document ends inside an element"},
         {"", "<p:a/>", "unbound prefix at line 1"},
         {"", Nested(1025), "Elements are nested more than 1024 levels deep, which is the limit"},
+        {"", "\xE0\0\0\1\0\x3C\0a"s, "Failed to parse FastInfoset. Unexpected End of File."},
+        {"", "\xE0\0\0\1\0\x3C\0a\x90\1\xFF"s, unwritable},
+        {"--encoding utf-16", "\xE0\0\0\1\0\x3C\0a\x92\0\xEF\xBF\xBF\xFF"s, unwritable},
+        {"", "\xE0\0\0\1\0\x3C\2a b\xFF"s, unwritable},
+        {"", "\xE0\0\0\1\0\x3C\4a/><b\xFF"s, unwritable},
+        {"", "\xE0\0\0\1\0\x3C\3b><a\xFF"s, unwritable},
+        {"--compact", "\xE0\0\0\1\0\x3C\5a k=''\xFF"s, unwritable},
+        {"--compress gzip", "<a/>", "Failed to compress data. [Error Code: 0]"},
+        {"--compress zlib --to finf", "<a/>", "Failed to compress data. [Error Code: 0]"},
         {"--strict", "<a>1<b/></a>", "mixed content, text beside children, in 1 element"},
         {"--strict --info", "<a><b/>1<b>1<c/></b></a>", "mixed content, text beside children, in 2 elements"},
     };
@@ -186,6 +293,14 @@ TEST(CommandLine, UsageErrors) {
         {"in.xml --eol", "option '--eol' needs a value"},
         {"--eol in.xml", "'in.xml' is no value of option '--eol', which takes lf|crlf"},
         {"--declaration= in.xml", "'' is no value of option '--declaration', which takes yes|no"},
+        {"--to fastinfoset in.xml", "'fastinfoset' is no value of option '--to', which takes xml|finf"},
+        {"--encoding UTF-8 in.xml", "'UTF-8' is no value of option '--encoding', which takes utf-8|utf-16"},
+        {"--compress 1 in.xml", "'1' is no value of option '--compress', which takes none|gzip|zlib"},
+        {"--finf-declaration 2.0 in.xml",
+         "'2.0' is no value of option '--finf-declaration', which takes "
+         "none|plain|yes|no|1.0|1.0-yes|1.0-no|1.1|1.1-yes|1.1-no"},
+        {"--no-namespaces in.xml --to finf",
+         "option '--no-namespaces' is not for '--to finf', which knows no prefixes as such"},
         {"--compact=yes in.xml", "option '--compact' takes no value"},
         {"'--two\nlines'", "unknown option '--two lines'"},
     };
@@ -204,10 +319,12 @@ TEST(CommandLine, HelpAndVersion) {
     EXPECT_EQ(folder.Run("bxconvert --version"), (Outcome{0, "bxconvert " BX_VERSION "\n", ""}));
     Outcome const help = folder.Run("bxconvert --help");
     EXPECT_EQ(help.m_status, 0);
-    for (char const* const text :
-         {"Usage: bxconvert", "-o OUTPUT", "--eol lf|crlf", "--keep-whitespace", "Comments"}) {
+    for (char const* const text : {"Usage: bxconvert", "-o OUTPUT", "--eol lf|crlf", "--to xml|finf",
+                                   "|1.1-no\n", "--keep-whitespace", "Comments"}) {
         EXPECT_NE(help.m_out.find(text), std::string::npos) << text;
     }
+    std::istringstream lines(help.m_out);
+    for (std::string line; std::getline(lines, line);) EXPECT_LE(line.size(), 80U) << line;
 }
 
 TEST(Files, AreReadAndWritten) {

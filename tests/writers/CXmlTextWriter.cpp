@@ -1,62 +1,18 @@
 #include "writers/CXmlTextWriter.h"
 
+#include <algorithm>
 #include <array>
-#include <sstream>
 
 #include "BxXmlLib5/document/CXmlDocument.h"
 #include "platform/Limits.h"
 #include "support/Expect.h"
+#include "support/WriterScript.h"
 
+using namespace BxTest;
 using namespace BxXmlLib5;
 using namespace std::string_literals;
 
 namespace {
-
-std::string Replaced(std::string text, std::string const& what, std::string const& by) {
-    for (std::size_t at = 0; (at = text.find(what, at)) != std::string::npos; at += by.size())
-        text.replace(at, what.size(), by);
-    return text;
-}
-
-/// XSI and XMLNS replaced by the namespaces of XML Schema instances and of XML.
-std::string Expand(std::string const& text) {
-    return Replaced(Replaced(text, "XSI", "http://www.w3.org/2001/XMLSchema-instance"), "XMLNS",
-                    "http://www.w3.org/XML/1998/namespace");
-}
-
-/// Before and behind a separator; all is behind it if there is none.
-std::pair<std::string, std::string> Split(std::string const& text, char separator) {
-    std::size_t const at = text.find(separator);
-    return {text.substr(0, at == std::string::npos ? 0 : at), text.substr(at + 1)};
-}
-
-/// Calls the operations that a script names, which are separated by blanks:
-///
-///     <ns|name  WriteStartElement    @ns|name=value  WriteAttribute    +alias=ns  AddNamespace
-///     >         WriteEndElement      ^ns|name        WriteXsiType      *ns        SetDefaultNamespace
-///     'text     WriteText            !text  WriteComment    ?text  WriteProcessingInstruction
-///     .         WriteEndDocument     #text  WriteInLineSchema
-void Write(CXmlTextWriter& writer, std::string const& script) {
-    std::istringstream tokens(Expand(script));
-    for (std::string token; tokens >> token;) {
-        auto const [nsOctets, rest] = Split(token.substr(1), '|');
-        auto const [name, value] = Split(rest, '=');
-        wstring const ns = FromUtf8(nsOctets);
-        wstring const text = FromUtf8(rest);
-        char const operation = token[0];
-        if (operation == '<') writer.WriteStartElement(text, ns);
-        if (operation == '>') writer.WriteEndElement();
-        if (operation == '@') writer.WriteAttribute(FromUtf8(name), ns, FromUtf8(value));
-        if (operation == '^') writer.WriteXsiType(ns, text);
-        if (operation == '\'') writer.WriteText(text);
-        if (operation == '+') writer.AddNamespace(FromUtf8(name), FromUtf8(value));
-        if (operation == '*') writer.SetDefaultNamespace(text);
-        if (operation == '!') writer.WriteComment(text);
-        if (operation == '?') writer.WriteProcessingInstruction(text);
-        if (operation == '#') writer.WriteInLineSchema(text);
-        if (operation == '.') writer.WriteEndDocument();
-    }
-}
 
 struct Row {
     std::string m_script;
@@ -248,6 +204,48 @@ TEST(CXmlTextWriter, RefusesACallAndKeepsItsState) {
     writer.WriteText(u"\n");
     Write(writer, ">");
     EXPECT_EQ(writer.GetString(), u"<a>\r\n</a>\r\n");
+}
+
+TEST(CXmlTextWriter, GivesItsTextAsOctets) {
+    // Characters of two units, one of them across the border of two chunks of the buffer.
+    std::string const text = "<a>" + std::string(65'507, 'x') + "\u00E9\u20AC\U0001D11E\U0001F600</a>";
+    CXmlTextWriter writer;
+    writer.SetFormatting(false);
+    writer.WriteStartDocument(enc_UTF16);
+    EXPECT_EQ(writer.GetBinaryData(enc_UTF8).GetLength(), 40U);
+    writer.WriteStartDocument(enc_Unspecified);
+    std::string const declaration = ToUtf8(writer.GetString());
+    writer.WriteStartElement(u"a", u"");
+    writer.WriteText(FromUtf8(text.substr(3, text.size() - 7)));
+    writer.WriteEndElement();
+    std::string const expected = declaration + text;
+    for (int i = 0; i < 2; ++i) {
+        CBinaryData const utf8 = writer.GetBinaryData(enc_UTF8);
+        EXPECT_TRUE(std::ranges::equal(utf8.GetOctets(), expected, [](unsigned char a, char b) {
+            return a == static_cast<unsigned char>(b);
+        }));
+        EXPECT_TRUE(writer.GetBinaryData(enc_UTF16).GetString() == FromUtf8(expected));
+        EXPECT_EQ(writer.GetBinaryData(enc_UTF16NoDeclaration), writer.GetBinaryData(enc_UTF16));
+    }
+    for (int const encoding : {-1, 0, 4}) {
+        EXPECT_BX_THROW(writer.GetBinaryData(static_cast<XmlEncoding>(encoding)), CBxException,
+                        "Unknown Encoding, select UTF-8 or ask the vendor's support");
+    }
+    EXPECT_TRUE(ToUtf8(writer.GetString()) == expected);
+}
+
+TEST(CXmlTextWriter, HalfOfASurrogatePairHasNoUtf8) {
+    for (wstring const& half : {wstring(u"\xD834"), wstring(u"\xDD1E\xD834"), wstring(u"\xD834 \xDD1E")}) {
+        CXmlTextWriter writer;
+        writer.SetFormatting(false);
+        EXPECT_EQ(writer.GetBinaryData(enc_UTF8).GetLength() + writer.GetBinaryData(enc_UTF16).GetLength(),
+                  0U);
+        writer.WriteStartElement(u"a", u"");
+        writer.WriteText(half);
+        EXPECT_BX_THROW(writer.GetBinaryData(enc_UTF8), CBxInvalidValueException,
+                        "A text with half of a surrogate pair has no UTF-8 form");
+        EXPECT_EQ(writer.GetBinaryData(enc_UTF16).GetString(), u"<a>" + half);
+    }
 }
 
 TEST(CXmlTextWriter, LimitsTheDepth) {

@@ -26,7 +26,7 @@ void DropWhitespace(CXmlElement const& source, CElement& copy) {
     }
 }
 
-/// The writer puts namespace names down as they stand, so they are escaped beforehand.
+/// The writer of XML text puts namespace names down as they stand, so they are escaped beforehand.
 void EscapeNamespaces(CElement& element) {
     element.SetNamespace(Escaped(element.GetNamespace()).c_str());
     CSmartPtr<CAttributeCol> const attributes = element.GetAttributes();
@@ -40,15 +40,15 @@ void EscapeNamespaces(CElement& element) {
 }  // namespace
 
 CUntypedDocument::CUntypedDocument(CXmlDocument const& document, Statistics const& statistics,
-                                   bool keepWhitespace)
+                                   Options const& options)
     : CElement(u""),
       m_declaresDefaultNamespace(!statistics.m_hasElementWithoutNamespace),
       m_declaresXsi(statistics.m_hasXsiAttribute &&
                     document.LookupNamespaceFromAlias(u"xsi") == kXsiNamespace) {
     CXmlElement* const root = document.GetDocumentElement();
     FromXml_Int(root, root, CXmlSerializationContext::GetDefaultContext(), false);
-    if (!keepWhitespace) DropWhitespace(*root, *this);
-    if (statistics.m_hasNamespaceToEscape) EscapeNamespaces(*this);
+    if (!options.m_keepWhitespace) DropWhitespace(*root, *this);
+    if (statistics.m_hasNamespaceToEscape && options.m_form == Form::kXml) EscapeNamespaces(*this);
 }
 
 void CUntypedDocument::ToXml_Int(CXmlWriter* writer, bool isRoot, char16_t const* namespaceUri,

@@ -3,6 +3,7 @@
 
 #include "BxXmlLib5/collections/CElement.h"
 #include "BxXmlLib5/document/CXmlDocument.h"
+#include "Options.h"
 #include "Statistics.h"
 
 namespace BxConvert {
@@ -14,7 +15,7 @@ class CUntypedDocument : public BxXmlLib5::CElement {
 public:
     /// @param statistics those of the document
     CUntypedDocument(BxXmlLib5::CXmlDocument const& document, Statistics const& statistics,
-                     bool keepWhitespace);
+                     Options const& options);
 
 protected:
     void ToXml_Int(BxXmlLib5::CXmlWriter* writer, bool isRoot, char16_t const* namespaceUri,

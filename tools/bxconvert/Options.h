@@ -12,9 +12,15 @@ namespace BxConvert {
 /// The name that stands for standard input or standard output.
 inline constexpr char kStandardStream[] = "-";
 
+enum class Form { kXml, kFastInfoset };
+
 struct Options {
     std::string m_input;
     std::string m_output = kStandardStream;
+    Form m_form = Form::kXml;
+    BxXmlLib5::XmlEncoding m_encoding = BxXmlLib5::enc_UTF8;
+    BxXmlLib5::FInfoDecl m_finfDeclaration = BxXmlLib5::fi_None;
+    BxXmlLib5::CompressionType m_compression = BxXmlLib5::cmp_None;
     bool m_formatted = true;
     bool m_declaration = true;
     bool m_namespaces = true;

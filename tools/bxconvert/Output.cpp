@@ -24,7 +24,7 @@ public:
         if (!m_file) ThrowSystemError();
     }
 
-    void Write(std::string_view octets) {
+    void Write(std::span<unsigned char const> octets) {
         if (std::fwrite(octets.data(), 1, octets.size(), m_file.get()) != octets.size()) ThrowSystemError();
     }
 
@@ -49,7 +49,7 @@ public:
     }
 
     void TakePermissions(fs::perms permissions) { fs::permissions(m_path, permissions); }
-    void Write(std::string_view octets) { m_file.Write(octets); }
+    void Write(std::span<unsigned char const> octets) { m_file.Write(octets); }
 
     void Finish() {
         m_file.Close();
@@ -93,7 +93,7 @@ bool NamesOpenFile(std::string_view name) {
     return std::ranges::any_of(kPrefixes, [name](auto prefix) { return name.starts_with(prefix); });
 }
 
-void WriteDirectly(std::FILE* stream, std::string_view octets) {
+void WriteDirectly(std::FILE* stream, std::span<unsigned char const> octets) {
     OpenFile file(stream);
     file.Write(octets);
     file.Close();
@@ -101,7 +101,7 @@ void WriteDirectly(std::FILE* stream, std::string_view octets) {
 
 }  // namespace
 
-void WriteOutput(std::string const& name, std::string_view octets) {
+void WriteOutput(std::string const& name, std::span<unsigned char const> octets) {
     if (NamesStandardOutput(name)) return WriteDirectly(stdout, octets);
     std::error_code notThere;
     fs::file_status const status = fs::status(name, notThere);

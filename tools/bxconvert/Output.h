@@ -1,8 +1,8 @@
 // Where bxconvert writes to.
 #pragma once
 
+#include <span>
 #include <string>
-#include <string_view>
 
 namespace BxConvert {
 
@@ -11,6 +11,6 @@ namespace BxConvert {
 /// an open file under /dev/fd is written to as it is.
 /// @param name as given on the command line
 /// @throws std::system_error
-void WriteOutput(std::string const& name, std::string_view octets);
+void WriteOutput(std::string const& name, std::span<unsigned char const> octets);
 
 }  // namespace BxConvert

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "BxXmlLib5/document/CXmlAttribute.h"
+#include "BxXmlLib5/document/CXmlDocument.h"
 #include "NamespaceText.h"
 #include "OneLine.h"
 
@@ -28,6 +29,11 @@ void Visit(CXmlElement const& element, std::size_t depth, Statistics& found) {
     for (; child != nullptr; child = child->GetNextSiblingElement()) Visit(*child, depth + 1, found);
 }
 
+std::string FormOf(CXmlDocument const& document) {
+    std::string const form = document.IsFastInfoset() ? "Fast Infoset" : "XML text";
+    return document.IsCompressed() ? form + ", compressed" : form;
+}
+
 std::string ValueOrNone(wstring const& value) {
     return value.empty() ? "(none)" : OneLine(ToUtf8(value));
 }
@@ -38,6 +44,10 @@ bool IsWhitespace(std::u16string_view text) {
     return text.find_first_not_of(u" \t\r\n") == text.npos;
 }
 
+std::string InElements(std::size_t count) {
+    return std::to_string(count) + (count == 1 ? " element" : " elements");
+}
+
 Statistics Survey(CXmlElement const& root) {
     Statistics found;
     Visit(root, 1, found);
@@ -46,6 +56,7 @@ Statistics Survey(CXmlElement const& root) {
 
 std::string InfoText(CXmlElement const& root, Statistics const& statistics, std::uintmax_t octets) {
     std::pair<char const*, std::string> const facts[] = {
+        {"form", FormOf(*root.GetDocument())},
         {"root", ToUtf8(root.GetLocalName())},
         {"namespace", ValueOrNone(root.GetNamespaceURI())},
         {"elements", std::to_string(statistics.m_elements)},

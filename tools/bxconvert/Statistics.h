@@ -26,6 +26,9 @@ inline constexpr char16_t kXsiNamespace[] = u"http://www.w3.org/2001/XMLSchema-i
 /// Whether a text is empty or only whitespace as XML 1.0, 2.3 has it.
 bool IsWhitespace(std::u16string_view text);
 
+/// "1 element", "2 elements".
+std::string InElements(std::size_t count);
+
 Statistics Survey(BxXmlLib5::CXmlElement const& root);
 
 /// What --info prints: a line `name: value` for each fact.

@@ -19,7 +19,8 @@ namespace BxXmlLib5Data {
 /// keeps the format as a pointer. A text that is null counts as empty.
 class BXXMLLIB5_API CAttributeInfo {
 protected:
-    /// Writes the property of the owner, unless it is optional and not set.
+    /// Writes the property of the owner, unless it is optional and not set, or has its default value and the
+    /// context leaves defaults out.
     virtual void AttributeToXml(CXmlSerializationContext const& context, CXmlGeneratedClass const* owner,
                                 CXmlWriter* writer) const = 0;
 

@@ -57,7 +57,8 @@ public:
     using ClsColEntry::ClsColEntry;
 };
 
-/// Takes any element if its name is "AnyElement", otherwise the run of its local name.
+/// Takes any element if its name is "AnyElement", otherwise the run of its local name in one
+/// namespace.
 class BXXMLLIB5_API CElementInfoChoiceUntpdCol : public CElementInfoChoiceCol {
 public:
     using CElementInfoChoiceCol::CElementInfoChoiceCol;

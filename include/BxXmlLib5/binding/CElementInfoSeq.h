@@ -6,7 +6,7 @@
 
 namespace BxXmlLib5Data {
 
-/// An entry of a sequence: it is asked once, in its turn, so it can tell that its element is missing.
+/// An entry of a sequence: it is asked in its turn, so it can tell that its element is missing.
 class BXXMLLIB5_API CElementInfoSeq : public CElementInfo {
 public:
     using CElementInfo::CElementInfo;
@@ -16,16 +16,12 @@ protected:
     bool Validate(CXmlSerializationContext const& context, CXmlGeneratedClass const* owner, bool found,
                   bool isElement) const override;
 
-    /// How the search for a mandatory element ended.
-    enum class Search { Found, Excused, Failed };
-
-    /// Whether an owner that is a pseudo element may skip unknown elements too.
+    /// Which owners may skip unknown elements.
     enum class Skip { UnderElement, Always };
 
-    /// Moves to the element, as far as the context allows to skip others.
-    /// @throws CBxValidationException if it is not there and the owner has a tag
-    Search FindMandatory(CXmlSerializationContext const& context, CXmlElement** child,
-                         XmlElementType ownerType, Skip skip) const;
+    template <class Read>
+    bool ReadMandatory(CXmlSerializationContext const& context, CXmlElement** child, XmlElementType ownerType,
+                       Skip skip, Read read);
 
     /// @return false under a pseudo element
     /// @throws CBxValidationException under an owner with a tag
@@ -72,7 +68,8 @@ public:
     using ClsColEntry::ClsColEntry;
 };
 
-/// Takes any element if its name is "AnyElement", otherwise the run of its local name.
+/// Takes any element if its name is "AnyElement", otherwise the run of its local name in one
+/// namespace.
 class BXXMLLIB5_API CElementInfoSeqUntpdCol : public CElementInfoSeqCol {
 public:
     using CElementInfoSeqCol::CElementInfoSeqCol;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <atomic>
+#include <cstddef>
 #include <cstdint>
 
 #include "BxXmlLib5/binding/Enumerations.h"
@@ -15,10 +16,13 @@ class CElementInfo;
 
 namespace BxXmlLib5 {
 
+class CBinaryData;
 class CElement;
 class CXmlCollectionBase;
+class CXmlDocument;
 class CXmlElement;
 class CXmlSerializationContext;
+class CXmlTextWriter;
 class CXmlWriter;
 
 /// An object that writes itself through a CXmlWriter and reads itself from a tree of CXmlElement.
@@ -92,6 +96,38 @@ public:
     wstring ToXml(bool includeDeclaration, bool formatted, EOLType eol,
                   CXmlSerializationContext const& context) const;
 
+    /// @name The object as a document of octets
+    /// All are complete in memory before a file is touched, and a file of that name is replaced. What ToXml()
+    /// throws, these throw too; CBxException also if the octets are to be compressed and do not shrink, which
+    /// small documents do not, or if the file cannot be written.
+    /// @{
+
+    /// As XML text.
+    /// @param includeDeclaration begin with an XML declaration, which names the encoding
+    /// @param encoding enc_UTF8, or one of the two UTF-16, whose octets come low first and without a byte
+    ///        order mark
+    /// @throws CBxException for any other encoding
+    /// @throws CBxInvalidValueException if the encoding is enc_UTF8 and a text has half of a surrogate pair
+    CBinaryData ToXmlStream(bool includeDeclaration, bool formatted, XmlEncoding encoding, EOLType eol,
+                            CXmlSerializationContext const& context, CompressionType compression) const;
+
+    /// As above, to a file. UTF-16 begins with a byte order mark, inside what is compressed.
+    /// @throws CBxException for cmp_ZLib, before anything is done
+    void ToXmlFile(char16_t const* fileName, bool includeDeclaration, bool formatted, XmlEncoding encoding,
+                   EOLType eol, CXmlSerializationContext const& context, CompressionType compression) const;
+
+    /// As Fast Infoset (ITU-T X.891), which leaves out the context's instructions and in-line schema.
+    /// @throws CBxInvalidValueException if a text, a name or a namespace has half of a surrogate pair; an
+    ///        attribute value that has one is written empty
+    CBinaryData ToFastInfosetStream(FInfoDecl declaration, CXmlSerializationContext const& context,
+                                    CompressionType compression) const;
+
+    /// As above, to a file.
+    /// @throws CBxException for cmp_ZLib, before anything is done
+    void ToFastInfosetFile(char16_t const* fileName, FInfoDecl declaration,
+                           CXmlSerializationContext const& context, CompressionType compression) const;
+    /// @}
+
     /// Reads the object from an XML document. The name of the root is not compared with anything. A failed
     /// read leaves what was stored so far.
     /// @param text zero-terminated octets in the encoding that the document declares, UTF-8 by default
@@ -102,6 +138,13 @@ public:
     /// As above, from UTF-16. A declaration in the text must not name an encoding of one octet for a
     /// character.
     void FromXml(char16_t const* text, CXmlSerializationContext const& context);
+
+    /// As above, from a file or from octets, which are taken for what they are: XML text in any encoding that
+    /// CXmlDocument reads, or Fast Infoset, either of them as such or compressed by gzip or zlib.
+    /// @throws CBxException also if the file cannot be read or there are no octets
+    void FromXmlFile(char16_t const* fileName, CXmlSerializationContext const& context);
+    void FromXmlStream(CBinaryData const& data, CXmlSerializationContext const& context);
+    void FromXmlStream(unsigned char const* data, std::size_t size, CXmlSerializationContext const& context);
 
     /// Reads the object from an element, which stays the caller's.
     /// @param element not null
@@ -182,6 +225,10 @@ protected:
 private:
     friend class BxXmlLib5Data::CAttributeInfo;
     friend class BxXmlLib5Data::CElementInfo;
+
+    void WriteDocument(CXmlTextWriter& writer, bool includeDeclaration, bool formatted, XmlEncoding encoding,
+                       EOLType eol, CXmlSerializationContext const& context) const;
+    void FromDocument(CXmlDocument const& document, CXmlSerializationContext const& context);
 
     std::atomic<std::int32_t> m_refCount = 0;
 };

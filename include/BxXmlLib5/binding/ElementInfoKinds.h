@@ -95,6 +95,25 @@ public:
 protected:
     CSmartPtr<CXmlObjectBase> Create() const { return CElementInfo::Create(m_createByClass, m_classId); }
 
+    /// Reads a new object, and stores it if it consumed a child.
+    /// @return whether it did
+    bool ReadNew(CXmlSerializationContext const& context, CXmlGeneratedClass* owner, CXmlElement* element,
+                 CXmlElement** child) {
+        bool const isPseudo = this->m_elementType != et_Element;
+        if (isPseudo ? *child == nullptr : !this->IsThisElement(context, *child)) return false;
+        CSmartPtr<CXmlObjectBase> const object = Create();
+        if (!object) return false;
+        CXmlElement* const first = *child;
+        if (isPseudo) {
+            *child = this->FromXml_Int(object, element, first, context, false);
+        } else {
+            this->ReadTag(object, child, context);
+        }
+        if (*child == first) return false;
+        this->StoreObject(owner, object);
+        return true;
+    }
+
     CreateByClass m_createByClass;
     int m_classId;
 };
@@ -104,7 +123,8 @@ template <class Family>
 class ClsMndEntry : public ObjectEntry<Family> {
 public:
     /// @param createByClass,classId kept, not used: the object is there
-    /// @param mustConsume the element must be in the document
+    /// @param mustConsume a pseudo element of a sequence must read a child, an element with a tag of an all
+    ///        group must be there; elsewhere it makes no difference
     ClsMndEntry(char16_t const* elementName, char16_t const* elementNamespace, int propertyIndex,
                 XmlElementType elementType, CreateByClass createByClass, int classId, bool mustConsume)
         : ObjectEntry<Family>(elementName, elementNamespace, propertyIndex, elementType),
@@ -128,6 +148,17 @@ public:
           m_createFromElement(createFromElement) {}
 
 protected:
+    /// Reads and stores an object, if the child is the entry's and has a class.
+    bool ReadSubstitution(CXmlSerializationContext const& context, CXmlGeneratedClass* owner,
+                          CXmlElement** child) {
+        if (!this->IsThisElement(context, *child)) return false;
+        CSmartPtr<CXmlObjectBase> const object = m_createFromElement(*child);
+        if (!object) return false;
+        this->ReadTag(object, child, context);
+        this->StoreObject(owner, object);
+        return true;
+    }
+
     CreateFromElement m_createFromElement;
 };
 
@@ -150,6 +181,19 @@ protected:
 
     CSmartPtr<CXmlObjectBase> Create(char16_t const* namespaceUri) const {
         return this->CreateUntyped(m_allowedNamespaces, namespaceUri, m_targetNamespace);
+    }
+
+    /// Reads a new element, and stores it if it consumed the child.
+    /// @return whether it did
+    bool ReadNew(CXmlSerializationContext const& context, CXmlGeneratedClass* owner, CXmlElement* element,
+                 CXmlElement** child, char16_t const* namespaceUri) {
+        CXmlElement* const first = *child;
+        if (first == nullptr) return false;
+        CSmartPtr<CXmlObjectBase> const object = Create(namespaceUri);
+        *child = this->ReadUntyped(object, element, first, context);
+        if (*child == first) return false;
+        this->StoreObject(owner, object);
+        return true;
     }
 
     wstring m_allowedNamespaces;

@@ -36,6 +36,11 @@ public:
     CElement(char16_t const* name, char16_t const* ns, char16_t const* namespaceRestriction,
              char16_t const* targetNamespace);
 
+    /// A tree of an object's XML form, as a context of its own would write it.
+    /// @param object not null
+    /// @throws CBxException for what ToXmlStream() and CXmlDocument throw
+    explicit CElement(CXmlObjectBase* object);
+
     CElement(CElement const& other);
     CElement& operator=(CElement const& other);
     ~CElement() override;

@@ -33,6 +33,11 @@ protected:
     void AttributesToXml_Int(CXmlWriter* writer, CXmlSerializationContext const& context) const override;
     using CXmlObjectBase::AttributesToXml_Int;
 
+    /// Writes each item, in order.
+    void ItemsToXml(CXmlWriter* writer, char16_t const* namespaceUri,
+                    CXmlSerializationContext const& context) const;
+    using CXmlObjectBase::ToXml_Int;
+
     void AppendItem(CXmlObjectBase* item);
     void PrependItem(CXmlObjectBase* item);
 

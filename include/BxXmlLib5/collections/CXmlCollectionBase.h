@@ -26,8 +26,6 @@ public:
     wstring GetNamespace() const override;
 
 protected:
-    void OnEvent(CXmlObjectBase* source, MsgType type, void* data) override;
-    void AttributesToXml_Int(CXmlWriter* writer, CXmlSerializationContext const& context) const override;
     void ToXml_Int(CXmlWriter* writer, bool isRoot, char16_t const* namespaceUri,
                    CXmlSerializationContext const& context, bool allowEmptyChoice) const override = 0;
     CXmlElement* FromXml_Int(CXmlElement* element, CXmlElement* firstChild,

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string_view>
 
 #include "BxXmlLib5/binding/CSmartPtr.h"
 #include "BxXmlLib5/platform/Export.h"
@@ -94,7 +95,7 @@ struct BXXMLLIB5_API BxVariant {
     /// Takes the value that a text has as a value of a kind. A text that is refused leaves the variant as it
     /// was.
     /// @throws CBxException if the type is no primitive kind, and what CConversions throws for the text
-    void FromString(wstring const& text, ItemType type, CWhitespaceUtils::WhitespaceRule rule);
+    void FromString(std::u16string_view text, ItemType type, CWhitespaceUtils::WhitespaceRule rule);
 
     /// @name Numbers, characters and booleans
     /// @{
@@ -180,7 +181,7 @@ private:
     }
 
     template <class T>
-    void Own(ItemType type, T* Value::*member, T value);
+    void Own(ItemType type, T* Value::*member, T&& value);
     template <class T>
     void Refer(ItemType type, T* Value::*member, T* value);
 };

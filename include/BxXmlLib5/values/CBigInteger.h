@@ -2,12 +2,13 @@
 #pragma once
 
 #include <cstdint>
-#include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "BxXmlLib5/platform/Export.h"
 #include "BxXmlLib5/platform/Text.h"
+#include "BxXmlLib5/values/CLimbs.h"
 
 namespace BxXmlLib5 {
 
@@ -48,8 +49,14 @@ public:
     CBigInteger(CBigInteger const& other) = default;
     CBigInteger& operator=(CBigInteger const& other) = default;
     /// Leaves the other object zero.
-    CBigInteger(CBigInteger&& other) noexcept;
-    CBigInteger& operator=(CBigInteger&& other) noexcept;
+    CBigInteger(CBigInteger&& other) noexcept
+        : m_sign(std::exchange(other.m_sign, 1)), m_digits(std::move(other.m_digits)) {}
+    CBigInteger& operator=(CBigInteger&& other) noexcept {
+        if (this == &other) return *this;
+        m_sign = std::exchange(other.m_sign, 1);
+        m_digits = std::move(other.m_digits);
+        return *this;
+    }
 
     /// Replaces the value by that of a text.
     ///
@@ -140,7 +147,7 @@ protected:
 private:
     friend class CDecimal;
 
-    CBigInteger(int sign, std::u32string limbs);
+    CBigInteger(int sign, CLimbs limbs);
 
     bool IsZero() const { return m_digits.empty(); }
     bool IsPositive() const { return m_sign > 0 && !IsZero(); }
@@ -152,9 +159,8 @@ private:
     long long ToInteger(CBigInteger const& least, CBigInteger const& most) const;
 
     int m_sign = 1;
-    /// Nine decimal digits in each unit, the least significant first; zero has none. Of this type, because a
-    /// short one needs no heap.
-    std::u32string m_digits;
+    /// Nine decimal digits in each limb; zero has none.
+    CLimbs m_digits;
 };
 
 inline CBigInteger const CBigInteger::MAX_LONG(u"2147483647");

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string_view>
 
 #include "BxXmlLib5/platform/Export.h"
 #include "BxXmlLib5/platform/Text.h"
@@ -42,14 +43,14 @@ public:
     static wstring ui4ToString(std::uint32_t value);
     static wstring ui8ToString(std::uint64_t value);
 
-    static std::int8_t i1FromString(wstring const& text, WhitespaceRule rule);
-    static std::int16_t i2FromString(wstring const& text, WhitespaceRule rule);
-    static std::int32_t i4FromString(wstring const& text, WhitespaceRule rule);
-    static std::int64_t i8FromString(wstring const& text, WhitespaceRule rule);
-    static std::uint8_t ui1FromString(wstring const& text, WhitespaceRule rule);
-    static std::uint16_t ui2FromString(wstring const& text, WhitespaceRule rule);
-    static std::uint32_t ui4FromString(wstring const& text, WhitespaceRule rule);
-    static std::uint64_t ui8FromString(wstring const& text, WhitespaceRule rule);
+    static std::int8_t i1FromString(std::u16string_view text, WhitespaceRule rule);
+    static std::int16_t i2FromString(std::u16string_view text, WhitespaceRule rule);
+    static std::int32_t i4FromString(std::u16string_view text, WhitespaceRule rule);
+    static std::int64_t i8FromString(std::u16string_view text, WhitespaceRule rule);
+    static std::uint8_t ui1FromString(std::u16string_view text, WhitespaceRule rule);
+    static std::uint16_t ui2FromString(std::u16string_view text, WhitespaceRule rule);
+    static std::uint32_t ui4FromString(std::u16string_view text, WhitespaceRule rule);
+    static std::uint64_t ui8FromString(std::u16string_view text, WhitespaceRule rule);
     /// @}
 
     /// @name Floating point numbers of 32 (r4) and 64 (r8) bits
@@ -67,24 +68,24 @@ public:
     /// @{
     static wstring r4ToString(float value, char16_t const* format);
     static wstring r8ToString(double value, char16_t const* format);
-    static float r4FromString(wstring const& text, WhitespaceRule rule);
-    static double r8FromString(wstring const& text, WhitespaceRule rule);
+    static float r4FromString(std::u16string_view text, WhitespaceRule rule);
+    static double r8FromString(std::u16string_view text, WhitespaceRule rule);
     /// @}
 
     /// @name Characters, strings and booleans
     /// @{
     static wstring charToString(char16_t value);
     /// The cleaned text must be a single 16-bit unit.
-    static char16_t charFromString(wstring const& text, WhitespaceRule rule);
+    static char16_t charFromString(std::u16string_view text, WhitespaceRule rule);
 
     static wstring stringToString(wstring const& value);
     /// The cleaned text.
-    static wstring stringFromString(wstring const& text, WhitespaceRule rule);
+    static wstring stringFromString(std::u16string_view text, WhitespaceRule rule);
 
     /// "true" or "false".
     static wstring booleanToString(bool value);
     /// "true" and "1", "false" and "0", in upper or lower case.
-    static bool booleanFromString(wstring const& text, WhitespaceRule rule);
+    static bool booleanFromString(std::u16string_view text, WhitespaceRule rule);
     /// @}
 
     /// @name Value classes
@@ -94,23 +95,23 @@ public:
     /// @{
     static wstring hexBinaryToString(CBinaryData const& value);
     /// @throws CBxException if the text is not hexadecimal
-    static CBinaryData hexBinaryFromString(wstring const& text, WhitespaceRule rule);
+    static CBinaryData hexBinaryFromString(std::u16string_view text, WhitespaceRule rule);
 
     static wstring base64BinaryToString(CBinaryData const& value);
     /// A text that is not Base64 gives no octets.
-    static CBinaryData base64BinaryFromString(wstring const& text, WhitespaceRule rule);
+    static CBinaryData base64BinaryFromString(std::u16string_view text, WhitespaceRule rule);
 
     static wstring durationToString(CDateTimeSpan const& value);
-    static CDateTimeSpan durationFromString(wstring const& text, WhitespaceRule rule);
+    static CDateTimeSpan durationFromString(std::u16string_view text, WhitespaceRule rule);
 
     /// @param format a text that begins with the number of fraction digits, as CDecimal::ToString(int) takes
     ///        it; null for all that the value has
     /// @throws CBxInvalidParamException for a negative number of digits
     static wstring decimalToString(CDecimal const& value, char16_t const* format);
-    static CDecimal decimalFromString(wstring const& text, WhitespaceRule rule);
+    static CDecimal decimalFromString(std::u16string_view text, WhitespaceRule rule);
 
     static wstring integerToString(CBigInteger const& value);
-    static CBigInteger integerFromString(wstring const& text, WhitespaceRule rule);
+    static CBigInteger integerFromString(std::u16string_view text, WhitespaceRule rule);
     /// @}
 
     /// @name Dates and times
@@ -126,11 +127,11 @@ public:
     static wstring datetimeToString(CDateTime const& value);
     static wstring timeToString(CDateTime const& value);
 
-    static CDateTime yearMonthFromString(wstring const& text, WhitespaceRule rule);
-    static CDateTime monthDayFromString(wstring const& text, WhitespaceRule rule);
-    static CDateTime dateFromString(wstring const& text, WhitespaceRule rule);
-    static CDateTime datetimeFromString(wstring const& text, WhitespaceRule rule);
-    static CDateTime timeFromString(wstring const& text, WhitespaceRule rule);
+    static CDateTime yearMonthFromString(std::u16string_view text, WhitespaceRule rule);
+    static CDateTime monthDayFromString(std::u16string_view text, WhitespaceRule rule);
+    static CDateTime dateFromString(std::u16string_view text, WhitespaceRule rule);
+    static CDateTime datetimeFromString(std::u16string_view text, WhitespaceRule rule);
+    static CDateTime timeFromString(std::u16string_view text, WhitespaceRule rule);
     /// @}
 
     /// @name Years, months and days as plain numbers, without a time zone
@@ -146,9 +147,9 @@ public:
     static wstring monthToString(std::uint8_t value);
     /// "---DD"
     static wstring dayToString(std::uint8_t value);
-    static std::uint16_t yearFromString(wstring const& text, WhitespaceRule rule);
-    static std::uint8_t monthFromString(wstring const& text, WhitespaceRule rule);
-    static std::uint8_t dayFromString(wstring const& text, WhitespaceRule rule);
+    static std::uint16_t yearFromString(std::u16string_view text, WhitespaceRule rule);
+    static std::uint8_t monthFromString(std::u16string_view text, WhitespaceRule rule);
+    static std::uint8_t dayFromString(std::u16string_view text, WhitespaceRule rule);
     /// @}
 };
 

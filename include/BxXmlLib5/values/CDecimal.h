@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
+#include <utility>
 
 #include "BxXmlLib5/platform/Export.h"
 #include "BxXmlLib5/platform/Text.h"
@@ -46,8 +47,17 @@ public:
     CDecimal(CDecimal const& other) = default;
     CDecimal& operator=(CDecimal const& other) = default;
     /// Leaves the other object zero.
-    CDecimal(CDecimal&& other) noexcept;
-    CDecimal& operator=(CDecimal&& other) noexcept;
+    CDecimal(CDecimal&& other) noexcept
+        : m_integerPart(std::move(other.m_integerPart)),
+          m_fractionPart(std::move(other.m_fractionPart)),
+          m_fractionalDivider(std::exchange(other.m_fractionalDivider, 1)) {}
+    CDecimal& operator=(CDecimal&& other) noexcept {
+        if (this == &other) return *this;
+        m_integerPart = std::move(other.m_integerPart);
+        m_fractionPart = std::move(other.m_fractionPart);
+        m_fractionalDivider = std::exchange(other.m_fractionalDivider, 1);
+        return *this;
+    }
 
     /// The limit of decimal places. It is not tested; below 0 it works like 0, for integers, and above
     /// 5,000,000 like that. Changing it while other threads calculate has no defined effect on their results.
@@ -117,6 +127,7 @@ private:
     static int PlacesLimit();
 
     void Parse(std::u16string_view text);
+    bool ParsePlain(std::u16string_view text);
     void Rationalise();
     void ChangeFractionalDivider(int divider);
     /// Rounds to the limit of decimal places.

@@ -3,11 +3,13 @@
 
 #include <cstdint>
 
+#include "BxXmlLib5/platform/Export.h"
+
 namespace BxXmlLib5 {
 
 /// The primitive kinds, each for a family of simple types of XML Schema, and the two kinds of object.
 /// Generated code passes them as numbers, so the values are fixed.
-enum ItemType : std::int32_t {
+enum BXXMLLIB5_API ItemType : std::int32_t {
     it_invalid = 0,         ///< No value.
     it_hexBinary = 1,       ///< CBinaryData
     it_base64Binary = 2,    ///< CBinaryData

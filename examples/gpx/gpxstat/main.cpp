@@ -1,0 +1,163 @@
+// gpxstat: reads GPS tracks into the classes of GPX 1.1 and tells what is in them.
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <new>
+#include <optional>
+#include <span>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "CGpx.h"
+#include "TrackStatistics.h"
+
+namespace GpxStat {
+
+using namespace BxXmlLib5;
+
+namespace {
+
+enum ExitStatus { kSuccess = 0, kFailed = 1, kWrongUsage = 2 };
+
+constexpr char kHelp[] =
+    "Usage: gpxstat [--write OUT] FILE...\n"
+    "\n"
+    "Reads GPX 1.1 and prints for each track how many points it has, its length, how\n"
+    "long it took, its ascent, and the area that it lies in. A FILE may be XML text or\n"
+    "Fast Infoset, and compressed by gzip or zlib.\n"
+    "\n"
+    "  --write OUT   write what was read to this file, as XML text in UTF-8; for a\n"
+    "                single FILE\n"
+    "  --help        print this text\n"
+    "\n"
+    "The length is that of the great circles between the points of a segment. The\n"
+    "ascent is the sum of all differences upward, noise of the device included.\n"
+    "\n"
+    "What OUT loses: comments, the prefixes of extensions, and in extensions the place\n"
+    "of text among elements. Elements there without a namespace get that of GPX.\n"
+    "\n"
+    "Exit status: 0 for success, 1 if a file cannot be read or written, 2 for a wrong\n"
+    "command line.\n";
+
+/// A command line that makes no sense.
+struct UsageError : std::runtime_error {
+    using std::runtime_error::runtime_error;
+};
+
+struct Options {
+    std::vector<std::string> m_files;
+    std::optional<std::string> m_output;
+    bool m_help = false;
+};
+
+Options ParseOptions(std::span<char const* const> arguments) {
+    Options options;
+    bool onlyFiles = false;
+    for (std::size_t i = 0; i < arguments.size(); ++i) {
+        std::string_view const argument = arguments[i];
+        if (onlyFiles || !argument.starts_with('-')) {
+            options.m_files.emplace_back(argument);
+        } else if (argument == "--") {
+            onlyFiles = true;
+        } else if (argument == "--help") {
+            options.m_help = true;
+        } else if (argument == "--write") {
+            if (++i == arguments.size()) throw UsageError("option '--write' needs a value");
+            options.m_output = arguments[i];
+        } else {
+            throw UsageError("unknown option '" + std::string(argument) + "'");
+        }
+    }
+    if (options.m_help) return options;
+    if (options.m_files.empty()) throw UsageError("FILE is missing");
+    if (options.m_output && options.m_files.size() > 1) throw UsageError("'--write' takes a single FILE");
+    return options;
+}
+
+/// Text of a document or a file name on a line of its own.
+std::string OneLine(std::string text) {
+    std::ranges::replace_if(
+        text, [](char c) { return c == '\n' || c == '\r'; }, ' ');
+    return text;
+}
+
+void Report(std::string const& line) {
+    std::fputs(("gpxstat: " + OneLine(line) + "\n").c_str(), stderr);
+}
+
+/// Runs a step that has to do with a file; false, with a line on standard error, if it fails.
+template <class Step>
+bool Try(std::string const& file, Step step) {
+    try {
+        step();
+        return true;
+    } catch (CBxException const& failure) {
+        Report(file + ": " + ToUtf8(failure.GetFullMessage()));
+    } catch (std::bad_alloc const&) {
+        Report(file + ": not enough memory");
+    } catch (std::runtime_error const& failure) {
+        Report(file + ": " + failure.what());
+    }
+    return false;
+}
+
+void Read(Gpx::CGpx& gpx, std::string const& file) {
+    CXmlSerializationContext context;
+    CXmlDocument document(context.GetSchemaType());
+    document.Load(FromUtf8(file).c_str());
+    if (!document.IsComplete()) throw std::runtime_error("the document ends inside an element");
+    gpx.FromXmlElement(document.GetDocumentElement(), context);
+}
+
+void Print(Gpx::CGpx const& gpx, std::string const& file) {
+    if (gpx.GetTracks()->GetCount() == 0) std::printf("%s: no tracks\n", OneLine(file).c_str());
+    int number = 0;
+    for (Gpx::CTrack const* const track : *gpx.GetTracks()) {
+        std::string heading = file + ": track " + std::to_string(++number);
+        if (track->HasName()) heading += ": " + ToUtf8(track->GetName());
+        std::printf("%s\n%s", OneLine(heading).c_str(), Text(Survey(*track)).c_str());
+    }
+}
+
+void Write(Gpx::CGpx const& gpx, std::string const& file) {
+    gpx.ToXmlFile(FromUtf8(file).c_str(), true, true, enc_UTF8, eol_LF, Gpx::CGpx::WritingContext(),
+                  cmp_None);
+}
+
+bool Run(std::string const& file, std::optional<std::string> const& output) {
+    Gpx::CGpx gpx;
+    bool const isRead = Try(file, [&] {
+        Read(gpx, file);
+        Print(gpx, file);
+    });
+    return isRead && (!output || Try(*output, [&] { Write(gpx, *output); }));
+}
+
+ExitStatus Run(Options const& options) {
+    bool isGood = true;
+    if (options.m_help) std::fputs(kHelp, stdout);
+    for (std::string const& file : options.m_files) {
+        if (!options.m_help) isGood = Run(file, options.m_output) && isGood;
+    }
+    if (std::fflush(stdout) != 0) {
+        Report(std::string("standard output: ") + std::strerror(errno));
+        isGood = false;
+    }
+    return isGood ? kSuccess : kFailed;
+}
+
+}  // namespace
+}  // namespace GpxStat
+
+int main(int argc, char** argv) {
+    try {
+        return GpxStat::Run(GpxStat::ParseOptions({argv + 1, argv + argc}));
+    } catch (GpxStat::UsageError const& error) {
+        GpxStat::Report(std::string(error.what()) + ". Try 'gpxstat --help'.");
+        return GpxStat::kWrongUsage;
+    }
+}

@@ -1,0 +1,21 @@
+#include "document/InputLimits.h"
+
+#include "BxXmlLib5/binding/CBxException.h"
+#include "BxXmlLib5/binding/FormatString.h"
+#include "platform/Limits.h"
+
+namespace BxXmlLib5 {
+
+void ThrowIfInputTooLarge(std::size_t size) {
+    if (size <= kMaxInputSize) return;
+    throw CBxException(FormatString(u"The document has more than %d octets, which is the limit",
+                                    static_cast<int>(kMaxInputSize)));
+}
+
+void ThrowIfNamespaceTooLong(std::u16string_view namespaceUri) {
+    if (namespaceUri.size() <= kMaxNamespaceLength) return;
+    throw CBxException(FormatString(u"A namespace has more than %d characters, which is the limit",
+                                    static_cast<int>(kMaxNamespaceLength)));
+}
+
+}  // namespace BxXmlLib5

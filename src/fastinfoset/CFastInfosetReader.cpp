@@ -1,0 +1,328 @@
+#include "fastinfoset/CFastInfosetReader.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "BxXmlLib5/binding/CBxException.h"
+#include "BxXmlLib5/document/CXmlDocument.h"
+#include "document/CDocumentNodes.h"
+#include "document/InputLimits.h"
+#include "fastinfoset/Format.h"
+#include "platform/Limits.h"
+
+namespace BxXmlLib5 {
+
+using namespace FastInfoset;
+
+namespace {
+
+using Octets = std::span<unsigned char const>;
+
+/// What is left of the input behind others, if it begins with these and does not end with them.
+template <class Text>
+std::optional<Octets> Behind(Text const& beginning, Octets input) {
+    bool const matches = input.size() > std::size(beginning) &&
+                         std::equal(std::begin(beginning), std::end(beginning), input.begin(),
+                                    [](auto a, auto b) { return static_cast<unsigned char>(a) == b; });
+    return matches ? std::optional(input.subspan(std::size(beginning))) : std::nullopt;
+}
+
+/// The octets behind the identification, ahead of which there may be a declaration.
+std::optional<Octets> FindOptionalComponents(Octets input) {
+    for (std::string_view const declaration : kDeclarations) {
+        auto const identification = Behind(declaration, input);
+        if (!identification) continue;
+        if (auto const components = Behind(kIdentification, *identification)) return components;
+    }
+    return std::nullopt;
+}
+
+/// Drops, in place, what no text of an element has: CR, and what follows a zero.
+Decoded ExcludingCR(Decoded text) {
+    // Looked at without a branch for each unit, so that the compiler can look at many at once.
+    bool isClean = true;
+    for (char16_t const unit : text) isClean &= unit != u'\r' && unit != u'\0';
+    if (isClean) return text;
+    auto const end = std::remove(text.begin(), std::find(text.begin(), text.end(), u'\0'), u'\r');
+    return text.first(static_cast<std::size_t>(end - text.begin()));
+}
+
+// C.9 to C.11: what a document type, an unparsed entity, a notation or an entity reference has.
+constexpr unsigned kHasSystemIdentifier = 0x02;
+constexpr unsigned kHasPublicIdentifier = 0x01;
+
+[[noreturn]] void ThrowInvalidElement() {
+    throw CBxException(u"Failed to parse FastInfoset. Invalid Encoding of Element type.");
+}
+
+}  // namespace
+
+CFastInfosetReader::CFastInfosetReader(CXmlDocument* document)
+    : CInstanceMonitor(u"CFastInfosetReader"),
+      m_document(document),
+      m_texts(document->m_nodes->m_texts),
+      m_input(m_texts) {}
+CFastInfosetReader::~CFastInfosetReader() = default;
+
+bool CFastInfosetReader::Parse(Octets input) {
+    auto const components = FindOptionalComponents(input);
+    if (!components) return false;
+    m_input.Start(*components);
+    m_repeatableUnits = MaxRepeatedUnits(input.size());
+    SkipOptionalComponents();
+    ReadDocumentChild();
+    return true;
+}
+
+// C.2: what stands ahead of the document's children, in this order.
+void CFastInfosetReader::SkipOptionalComponents() {
+    constexpr struct {
+        unsigned m_bit;
+        void (*m_skip)(CFastInfosetReader& reader);
+    } kComponents[] = {
+        {0x40, [](auto& reader) { reader.SkipAdditionalData(); }},
+        {0x20, [](auto& reader) { reader.SkipInitialVocabulary(); }},
+        {0x10, [](auto& reader) { reader.SkipNotations(); }},
+        {0x08, [](auto& reader) { reader.SkipUnparsedEntities(); }},
+        {0x04, [](auto& reader) { reader.SkipOctetString(); }},    // character-encoding-scheme
+        {0x02, [](auto& reader) { reader.m_input.ReadOctet(); }},  // standalone
+        {0x01, [](auto& reader) { reader.m_input.ReadNonIdentifyingStringOrIndexOnFirstBit(); }},  // version
+    };
+    unsigned const present = m_input.ReadOctet();
+    for (auto const& component : kComponents) {
+        if ((present & component.m_bit) != 0) component.m_skip(*this);
+    }
+}
+
+// C.2.4
+void CFastInfosetReader::SkipAdditionalData() {
+    for (auto count = m_input.ReadSequenceLength(); count > 0; --count) {
+        SkipOctetString();  // id
+        SkipOctetString();  // data
+    }
+}
+
+// C.2.5
+void CFastInfosetReader::SkipInitialVocabulary() {
+    constexpr struct {
+        unsigned m_bit;  // of the two octets that say which tables follow
+        void (CFastInfosetReader::*m_skipEntry)();
+    } kTables[] = {
+        {0x08'00, &CFastInfosetReader::SkipOctetString},    // restricted-alphabets
+        {0x04'00, &CFastInfosetReader::SkipOctetString},    // encoding-algorithms
+        {0x02'00, &CFastInfosetReader::SkipOctetString},    // prefixes
+        {0x01'00, &CFastInfosetReader::SkipOctetString},    // namespace-names
+        {0x00'80, &CFastInfosetReader::SkipOctetString},    // local-names
+        {0x00'40, &CFastInfosetReader::SkipOctetString},    // other-ncnames
+        {0x00'20, &CFastInfosetReader::SkipOctetString},    // other-uris
+        {0x00'10, &CFastInfosetReader::SkipEncodedString},  // attribute-values
+        {0x00'08, &CFastInfosetReader::SkipEncodedString},  // content-character-chunks
+        {0x00'04, &CFastInfosetReader::SkipEncodedString},  // other-strings
+        {0x00'02, &CFastInfosetReader::SkipNameSurrogate},  // element-name-surrogates
+        {0x00'01, &CFastInfosetReader::SkipNameSurrogate},  // attribute-name-surrogates
+    };
+    constexpr unsigned kExternalVocabulary = 0x10'00;
+    unsigned present = m_input.ReadOctet();
+    present = present << 8 | m_input.ReadOctet();
+    if ((present & kExternalVocabulary) != 0) SkipOctetString();
+    for (auto const& table : kTables) {
+        if ((present & table.m_bit) == 0) continue;
+        for (auto count = m_input.ReadSequenceLength(); count > 0; --count) (this->*table.m_skipEntry)();
+    }
+}
+
+void CFastInfosetReader::SkipOctetString() {
+    m_input.ReadOctets(m_input.ReadLengthOnSecondBit(m_input.ReadOctet()));
+}
+
+void CFastInfosetReader::SkipEncodedString() {
+    m_input.ReadEncodedStringOnThirdBit(m_input.ReadOctet());
+}
+
+// C.16
+void CFastInfosetReader::SkipNameSurrogate() {
+    unsigned const present = m_input.ReadOctet();
+    int const indices = 1 + ((present & kHasPrefix) != 0) + ((present & kHasNamespace) != 0);
+    for (int i = 0; i < indices; ++i) m_input.ReadIndexOnSecondBit(m_input.ReadOctet());
+}
+
+// C.11
+void CFastInfosetReader::SkipNotations() {
+    unsigned char first = m_input.ReadOctet();
+    for (; kNotation.Matches(first); first = m_input.ReadOctet()) {
+        m_input.ReadIdentifyingStringOrIndex();  // name
+        SkipIdentifiers(first);
+    }
+}
+
+// C.10
+void CFastInfosetReader::SkipUnparsedEntities() {
+    unsigned char first = m_input.ReadOctet();
+    for (; kUnparsedEntity.Matches(first); first = m_input.ReadOctet()) {
+        m_input.ReadIdentifyingStringOrIndex();                                           // name
+        m_input.ReadIdentifyingStringOrIndex();                                           // system identifier
+        if ((first & kHasPublicIdentifier) != 0) m_input.ReadIdentifyingStringOrIndex();  // public identifier
+        m_input.ReadIdentifyingStringOrIndex();                                           // notation name
+    }
+}
+
+void CFastInfosetReader::SkipIdentifiers(unsigned char present) {
+    if ((present & kHasSystemIdentifier) != 0) m_input.ReadIdentifyingStringOrIndex();
+    if ((present & kHasPublicIdentifier) != 0) m_input.ReadIdentifyingStringOrIndex();
+}
+
+// C.5
+void CFastInfosetReader::SkipProcessingInstruction() {
+    m_input.ReadIdentifyingStringOrIndex();               // target
+    m_input.ReadNonIdentifyingStringOrIndexOnFirstBit();  // content
+}
+
+// C.8
+void CFastInfosetReader::SkipComment() {
+    m_input.ReadNonIdentifyingStringOrIndexOnFirstBit();
+}
+
+// C.2: of the document's children only the first is looked at.
+void CFastInfosetReader::ReadDocumentChild() {
+    unsigned char const first = m_input.ReadOctet();
+    if (kElement.Matches(first)) {
+        ReadElement(first);
+        while (!m_document->m_elementStack.empty()) ReadItem(m_input.ReadOctet());
+    } else if (kProcessingInstruction.Matches(first)) {
+        SkipProcessingInstruction();
+    } else if (kComment.Matches(first)) {
+        SkipComment();
+    } else if (kDocumentType.Matches(first)) {
+        SkipIdentifiers(first);
+    }
+}
+
+/// What the innermost open element has next: an item of its content, or its end.
+void CFastInfosetReader::ReadItem(unsigned char first) {
+    if (kElement.Matches(first)) {
+        ReadElement(first);
+    } else if (kCharacterChunk.Matches(first)) {
+        ReadCharacterChunk(first);
+    } else if (first == kTerminator) {
+        m_document->CloseElement();
+    } else if (first == kTwoTerminators) {
+        m_document->CloseElement();
+        if (!m_document->m_elementStack.empty()) m_document->CloseElement();
+    } else if (kProcessingInstruction.Matches(first)) {
+        SkipProcessingInstruction();
+    } else if (kComment.Matches(first)) {
+        SkipComment();
+    } else if (kUnexpandedEntityReference.Matches(first)) {
+        m_input.ReadIdentifyingStringOrIndex();  // name
+        SkipIdentifiers(first);
+    } else {
+        ThrowInvalidElement();
+    }
+}
+
+// C.3
+void CFastInfosetReader::ReadElement(unsigned char first) {
+    unsigned char nameStart = first;
+    if (kNamespaceAttributesFollow.Matches(first)) {
+        unsigned char next = m_input.ReadOctet();
+        for (; kNamespaceAttribute.Matches(next); next = m_input.ReadOctet()) ReadNamespaceAttribute(next);
+        nameStart = m_input.ReadOctet();
+    }
+    CXmlName const& name = kLiteralElementName.Matches(nameStart)
+                               ? ReadLiteralName(nameStart, m_elementNames)
+                               : FindName(m_elementNames, m_input.ReadIndexOnThirdBit(nameStart));
+    CXmlElement* const element = m_document->AddElement(name);
+    if ((first & kHasAttributes) != 0) ReadAttributes(element);
+}
+
+void CFastInfosetReader::ReadAttributes(CXmlElement* element) {
+    constexpr std::size_t kMostlyEnough = 3;  // take no more memory than one
+    CXmlDocument::ReserveElementAttributes(element, kMostlyEnough);
+    unsigned char next = m_input.ReadOctet();
+    for (; kAttribute.Matches(next); next = m_input.ReadOctet()) ReadAttribute(element, next);
+    // Here the second terminator is the element's own.
+    if (next == kTwoTerminators) {
+        m_document->CloseElement();
+    } else if (next != kTerminator) {
+        ThrowInvalidElement();
+    }
+}
+
+// C.4
+void CFastInfosetReader::ReadAttribute(CXmlElement* element, unsigned char first) {
+    CXmlName const& name = kLiteralAttributeName.Matches(first)
+                               ? ReadLiteralName(first, m_attributeNames)
+                               : FindName(m_attributeNames, m_input.ReadIndexOnSecondBit(first));
+    StringOrIndex const value = m_input.ReadNonIdentifyingStringOrIndexOnFirstBit();
+    bool const isEmpty = value.m_isIndex && value.m_index == 0;
+    m_document->AddElementAttribute(element, name,
+                                    isEmpty ? std::u16string_view() : Resolve(value, m_attributeValues));
+}
+
+// C.12
+void CFastInfosetReader::ReadNamespaceAttribute(unsigned char first) {
+    NamePart const prefix = (first & kHasPrefix) != 0 ? ReadNamePart(m_prefixes) : NamePart();
+    NamePart const namespaceUri = (first & kHasNamespace) != 0 ? ReadNamespaceName() : NamePart();
+    m_document->m_namespaceAliases.insert_or_assign(wstring(prefix.m_text), wstring(namespaceUri.m_text));
+}
+
+// C.7
+void CFastInfosetReader::ReadCharacterChunk(unsigned char first) {
+    StringOrIndex chunk = m_input.ReadNonIdentifyingStringOrIndexOnThirdBit(first);
+    chunk.m_string = ExcludingCR(chunk.m_string);
+    m_document->AppendStoredText(Resolve(chunk, m_characterChunks));
+}
+
+// C.17, C.18
+CXmlName const& CFastInfosetReader::ReadLiteralName(unsigned char first, Names& names) {
+    bool const hasPrefix = (first & kHasPrefix) != 0;
+    bool const hasNamespace = (first & kHasNamespace) != 0;
+    if (hasPrefix && !hasNamespace) {
+        throw CBxException(u"Failed to parse FastInfoset. Invalid QName type Prefix without Namespace.");
+    }
+    NamePart const prefix = hasPrefix ? ReadNamePart(m_prefixes) : NamePart();
+    NamePart const namespaceUri = hasNamespace ? ReadNamespaceName() : NamePart();
+    NamePart const localName = ReadNamePart(m_localNames);
+    CXmlName const& name = m_document->InternName(namespaceUri.m_text, localName.m_text);
+    if (prefix.m_hasIndex && namespaceUri.m_hasIndex && localName.m_hasIndex) names.Add(&name);
+    return name;
+}
+
+CXmlName const& CFastInfosetReader::FindName(Names const& names, std::uint64_t index) {
+    CXmlName const& name = *names.At(index);
+    CountRepeated(name.m_namespaceUri.size() + name.m_localName.size());
+    return name;
+}
+
+CFastInfosetReader::NamePart CFastInfosetReader::ReadNamePart(Strings& table) {
+    StringOrIndex const part = m_input.ReadIdentifyingStringOrIndex();
+    bool const hasIndex = part.m_isIndex || !table.IsFull();
+    return {Resolve(part, table), hasIndex};
+}
+
+CFastInfosetReader::NamePart CFastInfosetReader::ReadNamespaceName() {
+    NamePart const name = ReadNamePart(m_namespaceNames);
+    ThrowIfNamespaceTooLong(name.m_text);
+    return name;
+}
+
+std::u16string_view CFastInfosetReader::Resolve(StringOrIndex const& string, Strings& table) {
+    if (string.m_isIndex) {
+        std::u16string_view const known = table.At(string.m_index);
+        CountRepeated(known.size());
+        return known;
+    }
+    std::u16string_view const kept = m_texts.Keep(string.m_string.size());
+    if (string.m_addToTable) table.Add(kept);
+    return kept;
+}
+
+void CFastInfosetReader::CountRepeated(std::size_t units) {
+    if (units > m_repeatableUnits) {
+        throw CBxException(
+            u"Failed to parse FastInfoset. The indices repeat more text than a document of this size may have.");
+    }
+    m_repeatableUnits -= units;
+}
+
+}  // namespace BxXmlLib5

@@ -1,0 +1,86 @@
+// The reader of Fast Infoset: a document in the format of ITU-T X.891 into the tree.
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string_view>
+
+#include "BxXmlLib5/binding/CInstanceMonitor.h"
+#include "fastinfoset/CStringReader.h"
+#include "fastinfoset/CVocabularyTable.h"
+
+namespace BxXmlLib5 {
+
+class CTextStore;
+class CXmlDocument;
+class CXmlElement;
+struct CXmlName;
+
+/// Parses one input into a document. Elements, attributes, texts and the aliases of namespace attributes are
+/// kept; everything else, an initial vocabulary included, is read and dropped.
+///
+/// Where the octet with which an item begins has been read already, it is the argument.
+class CFastInfosetReader : public CInstanceMonitor {
+public:
+    explicit CFastInfosetReader(CXmlDocument* document);
+    virtual ~CFastInfosetReader();
+
+    /// What follows the root is not looked at. A document whose first item is another has no root.
+    /// @return false if the input does not begin as Fast Infoset does; nothing has changed then
+    /// @throws CBxException for octets that are not in the format or break a limit
+    bool Parse(std::span<unsigned char const> input);
+
+private:
+    using Strings = FastInfoset::CVocabularyTable<std::u16string_view>;
+    using Names = FastInfoset::CVocabularyTable<CXmlName const*>;
+
+    struct NamePart {
+        std::u16string_view m_text{};
+        bool m_hasIndex = true;
+    };
+
+    void SkipOptionalComponents();
+    void SkipAdditionalData();
+    void SkipInitialVocabulary();
+    void SkipOctetString();
+    void SkipEncodedString();
+    void SkipNameSurrogate();
+    void SkipNotations();
+    void SkipUnparsedEntities();
+    /// A system and a public identifier.
+    /// @param present the octet whose bits say which of them are there
+    void SkipIdentifiers(unsigned char present);
+    void SkipProcessingInstruction();
+    void SkipComment();
+
+    void ReadDocumentChild();
+    void ReadItem(unsigned char first);
+    void ReadElement(unsigned char first);
+    void ReadAttributes(CXmlElement* element);
+    void ReadAttribute(CXmlElement* element, unsigned char first);
+    void ReadNamespaceAttribute(unsigned char first);
+    void ReadCharacterChunk(unsigned char first);
+
+    CXmlName const& ReadLiteralName(unsigned char first, Names& names);
+    CXmlName const& FindName(Names const& names, std::uint64_t index);
+    NamePart ReadNamePart(Strings& table);
+    NamePart ReadNamespaceName();
+
+    /// The string that is meant; a new one is kept, in the table too if it says so.
+    std::u16string_view Resolve(FastInfoset::StringOrIndex const& string, Strings& table);
+    void CountRepeated(std::size_t units);
+
+    CXmlDocument* m_document;
+    CTextStore& m_texts;  // the document's
+    FastInfoset::CStringReader m_input;
+    std::size_t m_repeatableUnits = 0;
+    Names m_attributeNames;
+    Strings m_attributeValues;
+    Strings m_characterChunks;
+    Names m_elementNames;
+    Strings m_localNames;
+    Strings m_namespaceNames{FastInfoset::kBuiltInNamespace};
+    Strings m_prefixes{FastInfoset::kBuiltInPrefix};
+};
+
+}  // namespace BxXmlLib5

@@ -1,0 +1,59 @@
+#include "BxXmlLib5/values/CLimbs.h"
+
+#include <new>
+
+namespace BxXmlLib5 {
+
+CLimbs::CLimbs(std::size_t size, std::uint32_t limb) {
+    Reserve(size);
+    m_size = static_cast<std::uint32_t>(size);
+    std::fill(begin(), end(), limb);
+}
+
+CLimbs::CLimbs(std::uint32_t const* limbs, std::size_t size) {
+    Reserve(size);
+    m_size = static_cast<std::uint32_t>(size);
+    std::copy_n(limbs, size, begin());
+}
+
+void CLimbs::Reserve(std::size_t capacity) {
+    if (capacity <= m_capacity) return;
+    if (capacity > UINT32_MAX) throw std::bad_alloc();
+    std::uint32_t* const storage = new std::uint32_t[capacity];
+    std::copy(begin(), end(), storage);
+    if (IsOnHeap()) delete[] m_storage.m_heap;
+    m_storage.m_heap = storage;
+    m_capacity = static_cast<std::uint32_t>(capacity);
+}
+
+void CLimbs::Resize(std::size_t size) {
+    Reserve(size);
+    if (size > m_size) std::fill(end(), begin() + size, 0U);
+    m_size = static_cast<std::uint32_t>(size);
+}
+
+void CLimbs::PushBack(std::uint32_t limb) {
+    if (m_size == m_capacity) Reserve(m_size + m_size / 2 + 1);
+    data()[m_size++] = limb;
+}
+
+void CLimbs::Append(CLimbs const& other) {
+    std::size_t const size = m_size;
+    Resize(size + other.size());
+    std::copy(other.begin(), other.end(), begin() + size);
+}
+
+void CLimbs::InsertLow(std::size_t count) {
+    std::size_t const size = m_size;
+    Resize(size + count);
+    std::copy_backward(begin(), begin() + size, end());
+    std::fill_n(begin(), count, 0U);
+}
+
+void CLimbs::DropLow(std::size_t count) {
+    std::size_t const dropped = std::min<std::size_t>(count, m_size);
+    std::copy(begin() + dropped, end(), begin());
+    m_size -= static_cast<std::uint32_t>(dropped);
+}
+
+}  // namespace BxXmlLib5

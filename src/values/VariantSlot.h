@@ -1,0 +1,28 @@
+// The value in the slot of a variant, where it stands.
+#pragma once
+
+#include <type_traits>
+#include <utility>
+
+#include "BxXmlLib5/values/BxVariant.h"
+
+namespace BxXmlLib5 {
+
+/// The type of a member of the slot.
+template <auto Member>
+using SlotType = std::remove_reference_t<decltype(std::declval<BxVariant::Value&>().*Member)>;
+
+/// A value that lies in the slot itself.
+template <class T>
+T const& ReadSlot(T const& slot) {
+    return slot;
+}
+
+/// A value that the slot points to; an empty one for a null pointer.
+template <class T>
+T const& ReadSlot(T* const& slot) {
+    static T const empty{};
+    return slot == nullptr ? empty : *slot;
+}
+
+}  // namespace BxXmlLib5

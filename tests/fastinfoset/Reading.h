@@ -1,0 +1,31 @@
+// What reading Fast Infoset gives.
+#pragma once
+
+#include "document/Trees.h"
+#include "fastinfoset/Octets.h"
+
+namespace BxTest {
+
+inline std::string OctetsOf(std::string const& notation) {
+    Octets const octets = FromHex(notation);
+    return {octets.begin(), octets.end()};
+}
+
+inline std::string const kHeader = "E0 00 00 01 00 ";
+
+/// The message without what all of them begin with, or the tree.
+inline std::string Read(std::string const& octets) {
+    std::string const outcome = Outcome([&](auto& document) { Load(kOctets, document, octets); });
+    std::string const common = "Failed to parse FastInfoset. ";
+    return outcome.starts_with(common) ? "! " + outcome.substr(common.size()) : outcome;
+}
+
+/// Expects the outcome of each row, "notation => outcome", behind a header.
+inline void ExpectReads(std::vector<std::string> const& rows, std::string const& header = kHeader) {
+    for (std::string const& row : rows) {
+        std::size_t const arrow = row.rfind(" => ");
+        EXPECT_EQ(Read(OctetsOf(header + row.substr(0, arrow))), row.substr(arrow + 4)) << row.substr(0, 200);
+    }
+}
+
+}  // namespace BxTest

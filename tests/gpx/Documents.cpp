@@ -1,0 +1,195 @@
+// The classes of GPX 1.1 against documents.
+
+#include <fstream>
+#include <iterator>
+#include <string>
+
+#include "CGpx.h"
+#include "support/Expect.h"
+
+namespace {
+
+using namespace BxXmlLib5;
+using Gpx::CGpx;
+
+CXmlSerializationContext const kContext;
+
+std::string Written(CGpx const& gpx, bool formatted) {
+    return ToUtf8(gpx.ToXml(false, formatted, eol_LF, CGpx::WritingContext()));
+}
+
+std::string Rewritten(std::string const& document, bool formatted = false) {
+    CGpx gpx;
+    gpx.FromXml(document.c_str(), kContext);
+    return Written(gpx, formatted);
+}
+
+std::string Document(std::string const& content) {
+    return "<gpx xmlns=\"http://www.topografix.com/GPX/1/1\" version=\"1.1\" creator=\"c\">" + content +
+           "</gpx>";
+}
+
+std::string Point(std::string const& content) {
+    return Document("<wpt lat='1' lon='2'>" + content + "</wpt>");
+}
+
+/// A document with every element and attribute of the schema, twice where they repeat.
+std::string Everything() {
+    std::string const extensions =
+        "<extensions><AA:a xmlns:AA=\"urn:x\" b=\"1\"><AA:c>2</AA:c></AA:a><AA:d xmlns:AA=\"urn:y\"/></extensions>";
+    std::string const links =
+        "<link href=\"http://example.org/1\"><text>one</text><type>text/html</type></link><link href=\"2\"/>";
+    std::string const texts = "<name>n</name><cmt>c</cmt><desc>d</desc><src>s</src>" + links;
+    auto const point = [&](std::string const& name, std::string const& fix) {
+        return "<" + name + " lat=\"-90\" lon=\"-180\"><ele>-10.25</ele><time>2024-02-29T23:59:59.5Z</time>" +
+               "<magvar>359.999</magvar><geoidheight>-0.5</geoidheight>" + texts +
+               "<sym>y</sym><type>t</type><fix>" + fix +
+               "</fix><sat>99999999999999999999</sat><hdop>1</hdop><vdop>1.5</vdop><pdop>2</pdop>" +
+               "<ageofdgpsdata>0.1</ageofdgpsdata><dgpsid>1023</dgpsid>" + extensions + "</" + name + ">";
+    };
+    std::string const path = texts + "<number>7</number><type>t</type>" + extensions;
+    return Document(
+        "<metadata><name>n</name><desc>d</desc><author><name>a</name><email id=\"i\" domain=\"d.org\"/>"
+        "<link href=\"h\"/></author><copyright author=\"a\"><year>1999</year><license>l</license></copyright>" +
+        links + "<time>2024-01-01T00:00:00+01:00</time><keywords>k</keywords>" +
+        "<bounds minlat=\"-90\" minlon=\"-180\" maxlat=\"90\" maxlon=\"179.9999999999999999999999999999\"/>" +
+        extensions + "</metadata>" + point("wpt", "none") + point("wpt", "2d") + "<rte>" + path +
+        point("rtept", "3d") + point("rtept", "dgps") + "</rte><rte/><trk>" + path + "<trkseg>" +
+        point("trkpt", "pps") + point("trkpt", "2d") + extensions + "</trkseg><trkseg/></trk><trk/>" +
+        extensions);
+}
+
+TEST(Documents, RoundTrip) {
+    EXPECT_EQ(Rewritten(Everything()), Everything());
+    EXPECT_EQ(Rewritten(Rewritten(Everything(), true), true), Rewritten(Everything(), true));
+
+    std::ifstream file(BX_TRACK, std::ios::binary);
+    std::string const track{std::istreambuf_iterator<char>(file), {}};
+    std::string const formatted = Rewritten(track, true);
+    EXPECT_EQ(Rewritten(formatted, true), formatted);
+    EXPECT_NE(formatted.find("<trkpt lat=\"47.40931\" lon=\"10.278273\">"), std::string::npos);
+    EXPECT_NE(formatted.find("<AA:temperature unit=\"C\">19.3</AA:temperature>"), std::string::npos);
+}
+
+TEST(Documents, AreReadAs) {
+    struct Row {
+        std::string m_input;
+        std::string m_output;
+    };
+    Row const rows[] = {
+        // Values have one form each; strings stay as they are.
+        {"<wpt lat=' +01.50 ' lon='-0.0'><ele> 1e2\n</ele><name> a\n b </name><sat> 007</sat></wpt>",
+         "<wpt lat=\"1.5\" lon=\"0\"><ele>100</ele><name> a\n b </name><sat>7</sat></wpt>"},
+        {"<wpt lat='90.000' lon='179.9'><magvar>0</magvar><link href=' a\tb '/></wpt>",
+         "<wpt lat=\"90\" lon=\"179.9\"><magvar>0</magvar><link href=\"a b\"/></wpt>"},
+        {"<wpt lat='1' lon='2'><name/></wpt>", "<wpt lat=\"1\" lon=\"2\"><name/></wpt>"},
+        // Prefixes and what is infrastructure have no say.
+        {"<g:trk xmlns:g='http://www.topografix.com/GPX/1/1' xmlns:x='http://www.w3.org/2001/XMLSchema-instance' "
+         "x:type='g:trkType'><g:trkseg/></g:trk>",
+         "<trk><trkseg/></trk>"},
+        // Whitespace beside the children of extensions goes; other text stays, behind them.
+        {"<extensions> <a xmlns='urn:x'>\n <b>\t</b>\n</a> <c xmlns='urn:x'>m<d/>n</c></extensions>",
+         "<extensions><AA:a xmlns:AA=\"urn:x\"><AA:b>\t</AA:b></AA:a>"
+         "<AA:c xmlns:AA=\"urn:x\"><AA:d/>mn</AA:c></extensions>"},
+    };
+    for (auto const& row : rows) {
+        EXPECT_EQ(Rewritten(Document(row.m_input)), Document(row.m_output)) << row.m_input;
+    }
+}
+
+TEST(Documents, AreRefused) {
+    struct Row {
+        std::string m_document;
+        std::string m_failure;
+    };
+    std::string const root = "<gpx xmlns='http://www.topografix.com/GPX/1/1' ";
+    std::string const value = "CBxInvalidValueException: ";
+    std::string const facet = "CBxException: Invalid Value for ";
+    std::string const validation = "CBxValidationException: ";
+    auto const leftOver = [&](std::string const& element, std::string const& child) {
+        return validation + "Failed read all the elements held within the element [" + element +
+               "]. The unexpected element [" + child + "] remains un processed";
+    };
+    Row const rows[] = {
+        // The root
+        {"<gpx version='1.1' creator='c'/>",
+         validation + "The element [gpx] is not the root of a GPX 1.1 document"},
+        {"<wpt xmlns='http://www.topografix.com/GPX/1/1'/>",
+         validation + "The element [wpt] is not the root of a GPX 1.1 document"},
+        {root + "version='1.0' creator='c'/>", facet + "version [1.0]"},
+        {root + "creator='c'/>", validation + "Failed to find the required Attribute [version]"},
+        {root + "version='1.1'/>", validation + "Failed to find the required Attribute [creator]"},
+        {root + "version='1.1' creator='c' x='1'/>", validation + "Unexpected Attribute [x] found."},
+        // Elements that are unknown, out of order or too many
+        {Document("<x/>"), leftOver("gpx", "x")},
+        {Document("<wpt xmlns='' lat='1' lon='2'/>"), leftOver("gpx", "wpt")},
+        {Document("<trk/><wpt lat='1' lon='2'/>"), leftOver("gpx", "wpt")},
+        {Document("<metadata/><metadata/>"), leftOver("gpx", "metadata")},
+        {Point("<time>2024-01-01T00:00:00Z</time><ele>1</ele>"), leftOver("wpt", "ele")},
+        {Document("<trk><trkseg><rtept/></trkseg></trk>"), leftOver("trkseg", "rtept")},
+        {Document("<trk><trkseg/><name/></trk>"), leftOver("trk", "name")},
+        // Attributes
+        {Document("<wpt lat='1'/>"), validation + "Failed to find the required Attribute [lon]"},
+        {Document("<wpt lat='1' lon='2' g:lat='3' xmlns:g='urn:g'/>"),
+         validation + "Unexpected Attribute [lat] found."},
+        {Document("<metadata><link/></metadata>"),
+         validation + "Failed to find the required Attribute [href]"},
+        {Document("<metadata><author><email id='i'/></author></metadata>"),
+         validation + "Failed to find the required Attribute [domain]"},
+        {Document("<metadata><copyright/></metadata>"),
+         validation + "Failed to find the required Attribute [author]"},
+        // Values
+        {Point("<ele>1,5</ele>"),
+         value + "The string representing a Decimal, contained an invalid char at position 1 [1,5]"},
+        {Point("<time>2024-02-30T00:00:00Z</time>"),
+         value + "Invalid Day [30] (1 <= day <= days in month"},
+        {Point("<fix>4d</fix>"), value + "The value [4d] is no type of fix"},
+        {Point("<fix> 2d</fix>"), value + "The value [ 2d] is no type of fix"},
+        {Point("<dgpsid>65536</dgpsid>"), value + "The value [65536] is to large to fit in a ui2"},
+        // Facets
+        {Document("<wpt lat='-90.0000001' lon='2'/>"), facet + "lat [-90.0000001]"},
+        {Document("<wpt lat='90.0000001' lon='2'/>"), facet + "lat [90.0000001]"},
+        {Document("<wpt lat='1' lon='180'/>"), facet + "lon [180]"},
+        {Document("<wpt lat='1' lon='-180.5'/>"), facet + "lon [-180.5]"},
+        {Document("<metadata><bounds minlat='1' minlon='2' maxlat='91' maxlon='4'/></metadata>"),
+         facet + "maxlat [91]"},
+        {Document("<metadata><bounds minlat='1' minlon='2' maxlat='3' maxlon='180'/></metadata>"),
+         facet + "maxlon [180]"},
+        {Point("<magvar>360</magvar>"), facet + "magvar [360]"},
+        {Point("<magvar>-0.1</magvar>"), facet + "magvar [-0.1]"},
+        {Point("<sat>-1</sat>"), facet + "sat [-1]"},
+        {Point("<dgpsid>1024</dgpsid>"), facet + "dgpsid [1024]"},
+        {Document("<trk><number>-1</number></trk>"), facet + "number [-1]"},
+        // Extensions
+        {Document("<extensions><AA:a xmlns:AA='urn:x'/><a/></extensions>"),
+         "CBxInvalidNamespaceException: Invalid namespace [http://www.topografix.com/GPX/1/1]. The namespace must be "
+         "one of [##other] where the target namespace is [http://www.topografix.com/GPX/1/1]"},
+        {Document("<extensions x='1'/>"), validation + "Unexpected Attribute [x] found."},
+    };
+    CGpx gpx;
+    for (auto const& row : rows) {
+        EXPECT_EQ(BxTest::Thrown([&] { gpx.FromXml(row.m_document.c_str(), kContext); }), row.m_failure)
+            << row.m_document;
+        // What the failure left behind is no part of the next document.
+        gpx.FromXml(Everything().c_str(), kContext);
+        EXPECT_EQ(Written(gpx, false), Everything()) << row.m_document;
+    }
+    gpx.FromXml(Document("").c_str(), kContext);
+    EXPECT_EQ(Written(gpx, false), Document("").replace(Document("").find("></gpx>"), 7, "/>"));
+}
+
+TEST(Documents, AreToleratedOnRequest) {
+    CXmlSerializationContext context;
+    context.SetIgnoreUnknownElements(true);
+    context.SetIgnoreUnknownAttributes(true);
+    context.SetIgnoreNamespaces(true);
+    CGpx gpx;
+    gpx.FromXml(
+        "<gpx version='1.1' creator='c'><wpt lat='1' lon='2' x='3'><ele>4</ele><x/></wpt>"
+        "<extensions><ele/></extensions></gpx>",
+        context);
+    EXPECT_EQ(gpx.GetWaypoints()->Item(0)->GetElevation(), CDecimal(4));
+    EXPECT_EQ(gpx.GetExtensions()->GetElements()->GetCount(), 1);
+}
+
+}  // namespace

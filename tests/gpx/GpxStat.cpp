@@ -1,0 +1,131 @@
+// gpxstat as its users run it: by its command line.
+
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// How a command ended and what it printed.
+struct Outcome {
+    int m_status;
+    std::string m_out;
+    std::string m_err;
+    bool operator==(Outcome const&) const = default;
+};
+
+void PrintTo(Outcome const& outcome, std::ostream* out) {
+    *out << "status " << outcome.m_status << "\n--- out\n" << outcome.m_out << "\n--- err\n" << outcome.m_err;
+}
+
+/// Runs commands in a folder of its own, with the track as track.gpx and a document that ends early.
+class GpxStat : public testing::Test {
+protected:
+    GpxStat() {
+        std::string name = (fs::temp_directory_path() / "gpxstat-test-XXXXXX").string();
+        if (mkdtemp(name.data()) == nullptr) throw fs::filesystem_error("mkdtemp", name, {});
+        m_folder = name;
+        fs::copy_file(BX_TRACK, m_folder / "track.gpx");
+        PutDocument("none.gpx", "");
+        std::ofstream(m_folder / "early.gpx") << "<gpx><wpt/>";
+    }
+    ~GpxStat() override { fs::remove_all(m_folder); }
+
+    void PutDocument(char const* name, std::string const& content) const {
+        std::ofstream(m_folder / name)
+            << "<gpx xmlns='http://www.topografix.com/GPX/1/1' version='1.1' creator='c'>" << content
+            << "</gpx>";
+    }
+
+    /// Runs a line of shell, for which G is gpxstat.
+    Outcome Run(std::string const& command) const {
+        std::string const line =
+            "cd " + m_folder.string() + "; G() { " GPXSTAT " \"$@\"; }; { " + command + "\n} >.out 2>.err";
+        int const status = std::system(line.c_str());
+        return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, Get(".out"), Get(".err")};
+    }
+
+private:
+    std::string Get(char const* name) const {
+        std::ifstream file(m_folder / name, std::ios::binary);
+        return {std::istreambuf_iterator<char>(file), {}};
+    }
+
+    fs::path m_folder;
+};
+
+TEST_F(GpxStat, PrintsTracks) {
+    std::string const track =
+        "track.gpx: track 1: S\xC3\xBC"
+        "dgrat\n  points: 340\n  length: 8.639 km\n  duration: 5:16:57\n"
+        "  ascent: 1225.1 m\n  bounds: 47.3841 10.277345 to 47.409499 10.316329\n";
+    // A quarter of a great circle and one degree of another, of 111.195080 km a degree; the gap between
+    // segments counts for the time alone.
+    PutDocument(
+        "two.gpx",
+        "<trk><trkseg><trkpt lat='0' lon='-90'><ele>1</ele><time>2024-01-01T00:00:00Z</time></trkpt>"
+        "<trkpt lat='0' lon='0'><ele>3.5</ele></trkpt><trkpt lat='-1' lon='0'/></trkseg>"
+        "<trkseg><trkpt lat='40' lon='40'><ele>100</ele><time>2024-01-02T01:00:05+01:00</time></trkpt>"
+        "<trkpt lat='40' lon='40'><ele>99</ele></trkpt><trkpt lat='40' lon='40'><ele>99.25</ele></trkpt>"
+        "</trkseg></trk><trk><name>a\nb</name></trk>");
+    std::string const two =
+        "two.gpx: track 1\n  points: 6\n  length: 10118.752 km\n  duration: 24:00:05\n  ascent: 2.75 m\n"
+        "  bounds: -1 -90 to 40 40\n"
+        "two.gpx: track 2: a b\n  points: 0\n  length: 0.000 km\n  duration: unknown\n  ascent: 0 m\n"
+        "  bounds: none\n";
+    EXPECT_EQ(Run("G track.gpx two.gpx none.gpx"), (Outcome{0, track + two + "none.gpx: no tracks\n", ""}));
+    EXPECT_EQ(Run("gzip track.gpx; mv track.gpx.gz track.gpx; G -- track.gpx"), (Outcome{0, track, ""}));
+}
+
+TEST_F(GpxStat, WritesWhatItReads) {
+    EXPECT_EQ(
+        Run("G --write out.gpx track.gpx >first; G out.gpx --write again.gpx | sed s/out/track/ >second\n"
+            "cmp out.gpx again.gpx && cmp first second && head -n 2 out.gpx && wc -l <out.gpx"),
+        (Outcome{0,
+                 "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<gpx "
+                 "xmlns=\"http://www.topografix.com/GPX/1/1\" version=\"1.1\" creator=\"Example Logger 2\">\n"
+                 "2598\n",
+                 ""}));
+}
+
+TEST_F(GpxStat, Failures) {
+    struct Row {
+        char const* m_command;
+        Outcome m_outcome;
+    };
+    auto const usage = [](std::string const& message) {
+        return Outcome{2, "", "gpxstat: " + message + ". Try 'gpxstat --help'.\n"};
+    };
+    Row const rows[] = {
+        {"G", usage("FILE is missing")},
+        {"G --write out.gpx --", usage("FILE is missing")},
+        {"G track.gpx --write", usage("option '--write' needs a value")},
+        {"G --read track.gpx", usage("unknown option '--read'")},
+        {"G --write out.gpx none.gpx none.gpx", usage("'--write' takes a single FILE")},
+        {"G nothing.gpx none.gpx early.gpx",
+         {1, "none.gpx: no tracks\n",
+          "gpxstat: nothing.gpx: Failed to open the file [nothing.gpx] Error [0x00000002]\n"
+          "gpxstat: early.gpx: the document ends inside an element\n"}},
+        {"echo '<kml/>' >k.gpx; G --write none.gpx k.gpx; test -s none.gpx && G k.gpx",
+         {1, "",
+          "gpxstat: k.gpx: The element [kml] is not the root of a GPX 1.1 document\n"
+          "gpxstat: k.gpx: The element [kml] is not the root of a GPX 1.1 document\n"}},
+        {"G --write x/out.gpx none.gpx",
+         {1, "none.gpx: no tracks\n",
+          "gpxstat: x/out.gpx: Failed to write data to the file [x/out.gpx] error [0x00000002]\n"}},
+        {"G none.gpx >/dev/full", {1, "", "gpxstat: standard output: No space left on device\n"}},
+    };
+    for (auto const& row : rows) EXPECT_EQ(Run(row.m_command), row.m_outcome) << row.m_command;
+    Outcome const help = Run("G --help");
+    EXPECT_EQ(help.m_status, 0);
+    EXPECT_NE(help.m_out.find("--write OUT"), std::string::npos);
+}
+
+}  // namespace
