@@ -6,6 +6,7 @@
 #include "BxXmlLib5/binding/FormatString.h"
 #include "BxXmlLib5/collections/CXmlCollectionBase.h"
 #include "BxXmlLib5/document/CXmlElement.h"
+#include "binding/NestingDepth.h"
 
 namespace BxXmlLib5Data {
 
@@ -21,13 +22,15 @@ bool CElementInfoSeq::ReadMandatory(CXmlSerializationContext const& context, CXm
                                     XmlElementType ownerType, Skip skip, Read read) {
     bool const isElement = ownerType == et_Element;
     bool const skips = context.GetIgnoreUnknownElements() && (isElement || skip == Skip::Always);
-    for (;; *child = (*child)->GetNextSiblingElement()) {
+    for (std::size_t steps = 0;; ++steps, *child = (*child)->GetNextSiblingElement()) {
         if (IsThisElement(context, *child)) {
             read();
             return true;
         }
         if (isElement && context.GetIgnoreMissingMandatoryElements()) return true;
-        if (!skips || *child == nullptr) return Missing(ownerType);
+        if (skips && *child != nullptr) continue;
+        CObjectLevel::CountVainSteps(steps);
+        return Missing(ownerType);
     }
 }
 

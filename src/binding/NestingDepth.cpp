@@ -14,19 +14,27 @@ void ThrowNestedTooDeeply() {
 namespace {
 
 thread_local int t_objects = 0;
+thread_local std::size_t t_vainSteps = 0;
 
 }  // namespace
 
 CObjectLevel::CObjectLevel() {
     if (t_objects == kMaxObjectDepth) {
-        throw CBxException(
-            FormatString(u"Objects are nested more than %d levels deep, which is the limit", kMaxObjectDepth));
+        throw CBxException(FormatString(u"Objects are nested more than %d levels deep, which is the limit",
+                                        kMaxObjectDepth));
     }
-    ++t_objects;
+    if (t_objects++ == 0) t_vainSteps = 0;
 }
 
 CObjectLevel::~CObjectLevel() {
     --t_objects;
+}
+
+void CObjectLevel::CountVainSteps(std::size_t steps) {
+    t_vainSteps += steps;
+    if (t_vainSteps > kMaxVainSteps) {
+        throw CBxException(u"Too many unknown elements stand where a group may begin");
+    }
 }
 
 }  // namespace BxXmlLib5

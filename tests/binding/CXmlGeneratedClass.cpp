@@ -279,6 +279,14 @@ TEST(GeneratedClass, LimitsPseudoElementsInsideEachOther) {
                 {"c(Cp?~c(Cq?~^ Sa?))", "", "<a/>", "!objects-too-deep"}});
 }
 
+TEST(GeneratedClass, LimitsTheSearchForGroups) {
+    std::string unknown;
+    for (int i = 0; i < 10100; ++i) unknown += "<u/>";
+    for (char const* const type : {"s(Cp.~s(Sa!) Sb?)", "c(Cp?~s(Sa!) Sb?)"}) {
+        ExpectRows({{type, "E", unknown + "<b/>", "!vain"}, {type, "E", unknown + "<a/>", "<a/>"}});
+    }
+}
+
 TEST(GeneratedClass, SharesItsTablesBetweenThreads) {
     TestClass& type = Class("s(@Sk? @El? @U_? Sa! Ab! U_? Cc*s(Sx?) Cp?~c(Ed? Sf*))");
     Class("s=b(#)");

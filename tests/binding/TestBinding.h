@@ -516,6 +516,7 @@ inline std::string Failure(std::string text) {
         {"other-collection",
          "CBxException: Serialization Data Error : The collection should be a %, it was not!"},
         {"no-text", "CBxException: Invalid Type 0 to convert to string"},
+        {"vain", "CBxException: Too many unknown elements stand where a group may begin"},
         {"objects-too-deep",
          "CBxException: Objects are nested more than 2048 levels deep, which is the limit"},
         {"too-deep", "CBxException: Elements are nested more than 1024 levels deep, which is the limit"},
