@@ -13,6 +13,7 @@
 #include "BxXmlLib5/binding/CBxException.h"
 #include "BxXmlLib5/binding/FormatString.h"
 #include "platform/Limits.h"
+#include "platform/Stack.h"
 #include "values/Utf8Conversion.h"
 
 namespace BxXmlLib5 {
@@ -78,7 +79,8 @@ pcre_extra Limits(std::size_t valueSize) {
     pcre_extra limits{};
     limits.flags = PCRE_EXTRA_MATCH_LIMIT | PCRE_EXTRA_MATCH_LIMIT_RECURSION;
     limits.match_limit = std::min(kMaxMatchSteps, kMaxMatchWork / (valueSize + 1));
-    limits.match_limit_recursion = kMaxMatchStack / static_cast<unsigned long>(frame);
+    unsigned long const stack = std::min<unsigned long>(kMaxMatchStack, StackLeft() / 2);
+    limits.match_limit_recursion = stack / static_cast<unsigned long>(frame);
     return limits;
 }
 

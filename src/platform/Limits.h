@@ -43,8 +43,9 @@ constexpr std::size_t MaxRepeatedUnits(std::size_t inputSize) {
 inline constexpr std::size_t kUnitsOfDefaultedAttribute = 8;
 
 /// What the search for a pattern's match in a value may take: octets of stack, which some thousand rounds of
-/// a repeated group fill; steps, as PCRE counts them; and steps times octets of the value, of which a step
-/// may look at all. A search of the last of these sizes takes about a second.
+/// a repeated group fill, and never more than half of what the thread has left; steps, as PCRE counts them; and
+/// steps times octets of the value, of which a step may look at all. A search of the last of these sizes takes
+/// about a second, and some seconds if the pattern is made of classes of Unicode properties.
 inline constexpr unsigned long kMaxMatchStack = 3 * 1024 * 1024;
 inline constexpr unsigned long kMaxMatchSteps = 1'000'000;
 inline constexpr unsigned long kMaxMatchWork = 1'000'000'000;

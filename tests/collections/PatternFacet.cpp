@@ -1,5 +1,8 @@
 #include "collections/PatternFacet.h"
 
+#include <pthread.h>
+
+#include "platform/Stack.h"
 #include "support/Expect.h"
 
 namespace {
@@ -102,6 +105,29 @@ TEST(PatternFacet, LongValuesMatchWithinTheLimits) {
     EXPECT_TRUE(Matches(u"[a-z]*", wstring(1'000'000, u'a')));
     EXPECT_TRUE(Matches(u".*,.*", u"," + wstring(20'000, u'a')));
     EXPECT_TRUE(Matches(u"(a|b)*", wstring(3'000, u'a')));
+}
+
+/// Runs a test in a thread with a stack of this size.
+void OnStack(std::size_t size, void (*test)()) {
+    pthread_attr_t attributes;
+    pthread_attr_init(&attributes);
+    ASSERT_EQ(pthread_attr_setstacksize(&attributes, size), 0);
+    pthread_t thread;
+    auto const run = [](void* function) -> void* {
+        reinterpret_cast<void (*)()>(function)();
+        return nullptr;
+    };
+    ASSERT_EQ(pthread_create(&thread, &attributes, run, reinterpret_cast<void*>(test)), 0);
+    pthread_join(thread, nullptr);
+    pthread_attr_destroy(&attributes);
+}
+
+TEST(PatternFacet, ASmallStackIsNotOverrun) {
+    OnStack(512 * 1024, [] {
+        EXPECT_LT(StackLeft(), 512u * 1024);
+        EXPECT_FALSE(Matches(u"(a|b)*", wstring(100'000, u'a')));
+        EXPECT_TRUE(Matches(u"(a|b)*", wstring(100, u'a')));
+    });
 }
 
 }  // namespace

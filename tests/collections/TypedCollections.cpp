@@ -243,6 +243,7 @@ TYPED_TEST(TypedCollections, Signatures) {
         std::is_same_v<decltype(std::declval<TypeParam&>().begin()), typename std::vector<Value>::iterator>);
     static_assert(std::is_base_of_v<CInstanceMonitor, TypeParam>);
     static_assert(std::is_base_of_v<CXmlTypeCollection, TypeParam>);
+    static_assert(std::is_copy_assignable_v<TypeParam> && !std::is_copy_assignable_v<CTypedValues<Value>>);
     static_assert(std::is_base_of_v<CdatetimeBaseCol, TypeParam> == TestFixture::kIsDate);
     EXPECT_EQ(typename TestFixture::Col().m_itemType, TestFixture::kRow.m_kind);
 }

@@ -13,10 +13,6 @@ namespace BxXmlLib5 {
 template <class T>
 class BXXMLLIB5_API CTypedValues : public CXmlTypeCollection {
 public:
-    CTypedValues(CTypedValues const& other);
-    CTypedValues& operator=(CTypedValues const& other);
-    ~CTypedValues() override;
-
     int GetCount() const override;
     /// Tells nobody.
     void Clear() override;
@@ -29,6 +25,11 @@ public:
     typename std::vector<T>::const_iterator begin() const { return m_items.begin(); }
     typename std::vector<T>::const_iterator end() const { return m_items.end(); }
     /// @}
+
+protected:
+    CTypedValues(CTypedValues const& other);
+    CTypedValues& operator=(CTypedValues const& other);
+    ~CTypedValues() override;
 
 private:
     friend class CdatetimeBaseCol;
