@@ -26,8 +26,12 @@ inline constexpr std::size_t kMaxInputSize = INT_MAX;
 /// reference, so their number bounds its stack.
 inline constexpr int kMaxNestingEntities = 1024;
 
-/// Zeros that the exponent of a decimal's text may add to its digits: a short text must not fill the memory.
-inline constexpr std::int64_t kMaxExponentZeros = 5'000'000;
+/// Zeros that the exponent of a decimal's text may add to its digits: a document of short texts must not fill
+/// the memory.
+inline constexpr std::int64_t kMaxExponentZeros = 10'000;
+
+/// Decimal places that a process may ask for.
+inline constexpr int kMaxDecimalPlaces = 5'000'000;
 
 /// Units of a namespace name. Each element and attribute repeats it where prefixes are resolved.
 inline constexpr std::size_t kMaxNamespaceLength = 4096;

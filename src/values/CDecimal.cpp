@@ -57,7 +57,7 @@ void CDecimal::SetMaxDecimalPlaces(int places) {
 }
 
 int CDecimal::PlacesLimit() {
-    return std::clamp(m_maxDivider, 0, static_cast<int>(kMaxExponentZeros));
+    return std::clamp(m_maxDivider, 0, kMaxDecimalPlaces);
 }
 
 /// Reads the form that nearly all texts have: a sign, digits, and more of them behind a point.

@@ -70,9 +70,10 @@ TEST(CDecimal, RefusesTextWithThePositionOfItsCharacter) {
 }
 
 TEST(CDecimal, RefusesExponentsThatWouldFillTheMemory) {
-    for (char const* const text : {"1e999999999", "0.001e20000000", "-1e18446744073709551618"})
+    for (char const* const text : {"1e10001", "0.001e10004", "1e999999999", "-1e18446744073709551618"})
         EXPECT_BX_THROW(Number(text), CBxOverFlowException,
                         std::string("The exponent of the Decimal [") + text + "] is too large");
+    EXPECT_EQ(Text(Number("0.001e10003")), "1" + std::string(10000, '0'));
     EXPECT_EQ(Text(Number("-1e-9999999999")), "0");
     Places const places(INT32_MAX);
     for (char const* const text : {"1e-999999999", "1e-5000002", "1e-5000001"})

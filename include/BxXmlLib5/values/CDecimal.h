@@ -40,7 +40,7 @@ public:
     /// is 0. A negative exponent divides: the quotient is cut two places behind the limit, and then rounded.
     ///
     /// @throws CBxInvalidValueException for any other text, a unit of value 0 in a view included
-    /// @throws CBxOverFlowException if the exponent adds more than some millions of zeros
+    /// @throws CBxOverFlowException if the exponent adds more than 10,000 zeros to the digits
     CDecimal(char16_t const* text);
     explicit CDecimal(std::u16string_view text);
 
