@@ -193,13 +193,15 @@ void CXmlDocument::AppendTextExcludingCR(std::u16string_view text) {
     }
 }
 
-void CXmlDocument::AppendStoredText(std::u16string_view text) {
+std::size_t CXmlDocument::AppendStoredText(std::u16string_view text) {
     OpenElement& open = m_elementStack.back();
-    if (open.m_storedText.empty() && m_openText.size() == open.m_textStart) {
+    std::size_t const former = m_openText.size();
+    if (open.m_storedText.empty() && former == open.m_textStart) {
         open.m_storedText = text;
-        return;
+        return 0;
     }
     m_openText.append(std::exchange(open.m_storedText, {})).append(text);
+    return m_openText.size() - former;
 }
 
 }  // namespace BxXmlLib5

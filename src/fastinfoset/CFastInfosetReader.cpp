@@ -270,7 +270,8 @@ void CFastInfosetReader::ReadNamespaceAttribute(unsigned char first) {
 void CFastInfosetReader::ReadCharacterChunk(unsigned char first) {
     StringOrIndex chunk = m_input.ReadNonIdentifyingStringOrIndexOnThirdBit(first);
     chunk.m_string = ExcludingCR(chunk.m_string);
-    m_document->AppendStoredText(Resolve(chunk, m_characterChunks));
+    std::size_t const copied = m_document->AppendStoredText(Resolve(chunk, m_characterChunks));
+    CountRepeated(copied * kUnitsOfJoinedUnit);
 }
 
 // C.17, C.18

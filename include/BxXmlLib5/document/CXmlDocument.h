@@ -102,7 +102,8 @@ private:
     /// Adds to the text of the innermost open element.
     void AppendTextExcludingCR(std::u16string_view text);
     /// The same for a text in the document's store, without CR. If nothing joins it, it is not copied.
-    void AppendStoredText(std::u16string_view text);
+    /// @return how many units were copied
+    std::size_t AppendStoredText(std::u16string_view text);
     void CloseElement();
     void CloseAllElements();
     CXmlElement* Open(CXmlElement* element);

@@ -72,7 +72,7 @@ public:
     /// pointer lasts until this object or the last of those changes.
     unsigned char* GetData() const;
     std::size_t GetLength() const;
-    /// GetData() and GetLength() in one.
+    /// GetData() and GetLength() in one. Not for a temporary object in the head of a range-based for loop.
     std::span<unsigned char const> GetOctets() const;
 
     /// Replaces the content by a copy of the octets, or of the text's 16-bit units in the byte order of the
