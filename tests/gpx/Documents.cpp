@@ -62,6 +62,10 @@ std::string Everything() {
 TEST(Documents, RoundTrip) {
     EXPECT_EQ(Rewritten(Everything()), Everything());
     EXPECT_EQ(Rewritten(Rewritten(Everything(), true), true), Rewritten(Everything(), true));
+    CGpx gpx;
+    gpx.FromXml(Everything().c_str(), kContext);
+    gpx.FromXmlStream(gpx.ToFastInfosetStream(fi_None, CGpx::WritingContext(), cmp_GZip), kContext);
+    EXPECT_EQ(Written(gpx, false), Everything());
 
     std::ifstream file(BX_TRACK, std::ios::binary);
     std::string const track{std::istreambuf_iterator<char>(file), {}};

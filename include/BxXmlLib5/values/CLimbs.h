@@ -15,7 +15,7 @@ namespace BxXmlLib5 {
 /// is small and needs no heap for up to two limbs, since nearly all numbers of documents are that short.
 class BXXMLLIB5_API CLimbs {
 public:
-    CLimbs() noexcept = default;
+    CLimbs() noexcept {}
     /// None for 0.
     explicit CLimbs(std::uint32_t limb) noexcept : m_size(limb == 0 ? 0 : 1) { m_storage.m_inPlace[0] = limb; }
     /// @param limb the value of each of them
