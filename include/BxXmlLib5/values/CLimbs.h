@@ -30,8 +30,14 @@ public:
     }
     /// Leaves the other object empty.
     CLimbs(CLimbs&& other) noexcept { Swap(other); }
-    CLimbs& operator=(CLimbs other) noexcept {
-        Swap(other);
+    CLimbs& operator=(CLimbs const& other) {
+        CLimbs copy = other;
+        Swap(copy);
+        return *this;
+    }
+    CLimbs& operator=(CLimbs&& other) noexcept {
+        CLimbs taken = std::move(other);
+        Swap(taken);
         return *this;
     }
     ~CLimbs() {
