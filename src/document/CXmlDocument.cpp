@@ -184,8 +184,8 @@ void CXmlDocument::AddElementAttribute(CXmlElement* element, CXmlName const& nam
 }
 
 void CXmlDocument::AppendTextExcludingCR(std::u16string_view text) {
-    // CRs only come from character references, since Expat normalises line ends. The test of all units at once
-    // is faster than a search.
+    // CRs only come from character references, since Expat normalises line ends. The test of all units at
+    // once is faster than a search.
     bool hasReturn = false;
     for (char16_t const unit : text) hasReturn |= unit == u'\r';
     if (!hasReturn) {

@@ -17,7 +17,9 @@ class BXXMLLIB5_API CLimbs {
 public:
     CLimbs() noexcept {}
     /// None for 0.
-    explicit CLimbs(std::uint32_t limb) noexcept : m_size(limb == 0 ? 0 : 1) { m_storage.m_inPlace[0] = limb; }
+    explicit CLimbs(std::uint32_t limb) noexcept : m_size(limb == 0 ? 0 : 1) {
+        m_storage.m_inPlace[0] = limb;
+    }
     /// @param limb the value of each of them
     CLimbs(std::size_t size, std::uint32_t limb);
     CLimbs(CLimbs const& other) {
