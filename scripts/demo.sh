@@ -3,8 +3,8 @@
 source "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 
 scripts/setup.sh
-build release bxconvert values
-PATH=$PWD/build/release/tools/bxconvert:$PWD/build/release/examples/values:$PATH
+build release bxconvert gpxstat values
+PATH=$PWD/build/release/tools/bxconvert:$PWD/build/release/examples/gpx:$PWD/build/release/examples/values:$PATH
 
 track=$PWD/examples/gpx/data/track.gpx
 mime=/usr/share/mime/packages/freedesktop.org.xml
@@ -89,3 +89,16 @@ fi
 
 heading "The value types of XML Schema, in a program of an application"
 run values
+
+heading "The same track in the classes of GPX, each value of its own type"
+run 'gpxstat --write typed.gpx track.gpx'
+run 'grep -m 1 -A 6 "<trkpt" typed.gpx'
+run 'gpxstat --write again.gpx typed.gpx'
+same typed.gpx again.gpx
+
+heading "A position that is none"
+run 'sed "s/lat=\"47.4/lat=\"147.4/" track.gpx > broken.gpx'
+status=0
+run 'gpxstat broken.gpx' 2>&1 || status=$?
+echo "Exit status $status."
+((status == 1))

@@ -1,6 +1,7 @@
 // What the classes of the binding have in common.
 #pragma once
 
+#include <iterator>
 #include <utility>
 
 #include "BxXmlLib5/BxXmlLib5.h"
@@ -21,7 +22,7 @@ public:
 
     CXmlObjectBase* GetBase() override { return this; }
     using CXmlObjectBase::GetBase;
-    wstring GetNamespace() const override { return kNamespace; }
+    wstring GetNamespace() const override { return {kNamespace, std::size(kNamespace) - 1}; }
 
 protected:
     explicit CGpxClass(char16_t const* elementName) { SetElementName(elementName); }

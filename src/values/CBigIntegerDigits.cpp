@@ -21,7 +21,7 @@ Magnitude::Limbs FromDigits(Digits const& digits) {
     text.reserve(digits.size());
     std::transform(digits.rbegin(), digits.rend(), std::back_inserter(text),
                    [](char16_t digit) { return static_cast<char16_t>(u'0' + digit); });
-    return Magnitude::FromText(text);
+    return Magnitude::FromText(std::u16string_view(text));
 }
 
 Digits ToDigits(Magnitude::Limbs const& limbs) {

@@ -24,7 +24,8 @@ T FromText(std::u16string_view text, CConversions::WhitespaceRule rule, char16_t
 
 template <class T, class Wide>
 T Narrow(Wide value, std::u16string_view text, char16_t const* tooLarge) {
-    if (!std::in_range<T>(value)) throw CBxInvalidValueException(FormatString(tooLarge, wstring(text).c_str()));
+    if (!std::in_range<T>(value))
+        throw CBxInvalidValueException(FormatString(tooLarge, wstring(text).c_str()));
     return static_cast<T>(value);
 }
 

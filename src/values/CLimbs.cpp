@@ -10,7 +10,7 @@ CLimbs::CLimbs(std::size_t size, std::uint32_t limb) {
     std::fill(begin(), end(), limb);
 }
 
-CLimbs::CLimbs(std::uint32_t const* limbs, std::size_t size) {
+void CLimbs::Assign(std::uint32_t const* limbs, std::size_t size) {
     Reserve(size);
     m_size = static_cast<std::uint32_t>(size);
     std::copy_n(limbs, size, begin());

@@ -10,7 +10,6 @@ namespace BxXmlLib5::Magnitude {
 namespace {
 
 constexpr std::uint64_t kBase = 1'000'000'000;
-constexpr std::size_t kLimbDigits = 9;
 constexpr std::uint64_t kPowersOf10[kLimbDigits] = {
     1, 10, 100, 1'000, 10'000, 100'000, 1'000'000, 10'000'000, 100'000'000,
 };
@@ -25,17 +24,8 @@ constexpr std::uint32_t Limb(std::uint64_t value) {
     return static_cast<std::uint32_t>(value);
 }
 
-/// @param digits as many as a limb has at most
-template <class Char>
-std::uint32_t LimbOf(std::basic_string_view<Char> digits) {
-    std::uint32_t limb = 0;
-    for (Char const digit : digits) limb = limb * 10 + static_cast<std::uint32_t>(digit - Char('0'));
-    return limb;
-}
-
 template <class Char>
 Limbs LimbsOf(std::basic_string_view<Char> digits) {
-    if (digits.size() <= kLimbDigits) return Limbs(LimbOf(digits));
     digits.remove_prefix(std::min(digits.find_first_not_of(Char('0')), digits.size()));
     Limbs limbs((digits.size() + kLimbDigits - 1) / kLimbDigits, 0);
     for (std::uint32_t& limb : limbs) {
@@ -199,11 +189,11 @@ Division DivideByTop(Limbs const& dividend, Limbs const& divisor) {
 
 }  // namespace
 
-Limbs FromText(std::u16string_view digits) {
+Limbs FromLongText(std::u16string_view digits) {
     return LimbsOf(digits);
 }
 
-Limbs FromText(std::string_view digits) {
+Limbs FromLongText(std::string_view digits) {
     return LimbsOf(digits);
 }
 

@@ -14,9 +14,24 @@ namespace BxXmlLib5::Magnitude {
 /// Limbs of nine decimal digits, the least significant first, the topmost not 0; zero has none.
 using Limbs = CLimbs;
 
+inline constexpr std::size_t kLimbDigits = 9;
+
+/// @param digits as many decimal digits as a limb has at most
+template <class Char>
+std::uint32_t LimbOf(std::basic_string_view<Char> digits) {
+    std::uint32_t limb = 0;
+    for (Char const digit : digits) limb = limb * 10 + static_cast<std::uint32_t>(digit - Char('0'));
+    return limb;
+}
+
+Limbs FromLongText(std::u16string_view digits);
+Limbs FromLongText(std::string_view digits);
+
 /// @param digits decimal digits only, leading zeros allowed
-Limbs FromText(std::u16string_view digits);
-Limbs FromText(std::string_view digits);
+template <class Char>
+Limbs FromText(std::basic_string_view<Char> digits) {
+    return digits.size() <= kLimbDigits ? Limbs(LimbOf(digits)) : FromLongText(digits);
+}
 Limbs FromInteger(std::uint64_t value);
 /// @param limbs of less than 2 to the power 64
 std::uint64_t ToInteger(Limbs const& limbs);

@@ -15,16 +15,31 @@ namespace BxXmlLib5 {
 /// is small and needs no heap for up to two limbs, since nearly all numbers of documents are that short.
 class BXXMLLIB5_API CLimbs {
 public:
-    CLimbs() noexcept = default;
+    CLimbs() noexcept {}
     /// None for 0.
-    explicit CLimbs(std::uint32_t limb) noexcept : m_size(limb == 0 ? 0 : 1) { m_storage.m_inPlace[0] = limb; }
+    explicit CLimbs(std::uint32_t limb) noexcept : m_size(limb == 0 ? 0 : 1) {
+        m_storage.m_inPlace[0] = limb;
+    }
     /// @param limb the value of each of them
     CLimbs(std::size_t size, std::uint32_t limb);
-    CLimbs(CLimbs const& other) : CLimbs(other.begin(), other.size()) {}
+    CLimbs(CLimbs const& other) {
+        if (other.IsOnHeap()) {
+            Assign(other.begin(), other.size());
+        } else {
+            m_storage = other.m_storage;
+            m_size = other.m_size;
+        }
+    }
     /// Leaves the other object empty.
     CLimbs(CLimbs&& other) noexcept { Swap(other); }
-    CLimbs& operator=(CLimbs other) noexcept {
-        Swap(other);
+    CLimbs& operator=(CLimbs const& other) {
+        CLimbs copy = other;
+        Swap(copy);
+        return *this;
+    }
+    CLimbs& operator=(CLimbs&& other) noexcept {
+        CLimbs taken = std::move(other);
+        Swap(taken);
         return *this;
     }
     ~CLimbs() {
@@ -49,7 +64,9 @@ public:
 
     /// The limbs from a position on, so many of them at most.
     CLimbs Part(std::size_t from, std::size_t count = SIZE_MAX) const {
-        return {begin() + from, std::min(count, m_size - from)};
+        CLimbs part;
+        part.Assign(begin() + from, std::min(count, m_size - from));
+        return part;
     }
 
     void Reserve(std::size_t capacity);
@@ -71,7 +88,8 @@ private:
         std::uint32_t* m_heap;
     };
 
-    CLimbs(std::uint32_t const* limbs, std::size_t size);
+    /// In place of what is there, which is lost.
+    void Assign(std::uint32_t const* limbs, std::size_t size);
 
     bool IsOnHeap() const { return m_capacity > kInPlace; }
     void Swap(CLimbs& other) noexcept {
