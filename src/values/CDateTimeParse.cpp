@@ -118,8 +118,7 @@ void CDateTime::SetXSDDate(std::u16string_view text) {
     std::ptrdiff_t const zoneLength = endsWithZ ? 1 : hasColon ? 6 : 0;
     DateForm const* const form = FindForm(isHyphened, std::ssize(body) - zoneLength);
     DateTimeFields fields;
-    if (form == nullptr || !ReadForm(TypeOf(form->type).form, body, fields) ||
-        HasZeroUnit(body.substr(static_cast<std::size_t>(form->length)))) {
+    if (form == nullptr || !ReadForm(TypeOf(form->type).form, body, fields) || HasZeroUnit(text)) {
         Throw(u"Invalid XSD Date [%s] expected CCYY-MM-DD[Z|[+|-]hh:mm]", text);
     }
     if (isNegative) fields.year = -fields.year;
