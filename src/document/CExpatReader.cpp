@@ -18,6 +18,7 @@ extern "C" XML_Bool XMLCALL XML_SetReparseDeferralEnabled(XML_Parser parser, XML
 #include "document/InputLimits.h"
 #include "platform/Limits.h"
 #include "platform/TextView.h"
+#include "platform/UnitScan.h"
 #include "platform/Utf.h"
 
 namespace BxXmlLib5 {
@@ -31,6 +32,13 @@ static_assert(sizeof(XML_Char) == sizeof(char16_t) && std::is_unsigned_v<XML_Cha
 
 char16_t const* Units(XML_Char const* text) {
     return reinterpret_cast<char16_t const*>(text);
+}
+
+/// Whether a text is ASCII without a carriage return, as nearly all are: there is nothing in it to look after.
+bool IsPlain(std::u16string_view text) {
+    return !HasUnit(text, [](std::uint64_t units) {
+        return (units & (kEachUnit * 0xFF80)) | UnitsBelow(units ^ (kEachUnit * u'\r'), 1);
+    });
 }
 
 /// Some versions of Expat cut a pair in half where it comes to lie on the border of a buffer, or let a lone
@@ -164,7 +172,7 @@ void CExpatReader::StartElement(char16_t const* name, char16_t const* const* att
     auto const specified = static_cast<std::size_t>(XML_GetSpecifiedAttributeCount(m_parser)) / 2;
     for (std::size_t i = 0; i < count; ++i) {
         std::u16string_view const value = attributes[2 * i + 1];
-        ThrowIfUnpairedSurrogate(value);
+        if (!IsPlain(value)) ThrowIfUnpairedSurrogate(value);
         if (i >= specified) CountDefaulted(value);
         m_document->AddElementAttribute(element, SplitName(attributes[2 * i]), m_document->StoreText(value));
     }
@@ -189,6 +197,10 @@ void CExpatReader::DeclareNamespace(char16_t const* prefix, char16_t const* name
 
 void CExpatReader::AddText(std::u16string_view text) {
     if (text.empty() || m_document->m_elementStack.empty()) return;
+    if (IsPlain(text)) {
+        m_document->m_openText.append(text);
+        return;
+    }
     ThrowIfUnpairedSurrogate(text);
     m_document->AppendTextExcludingCR(text);
 }

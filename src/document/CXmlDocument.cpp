@@ -184,14 +184,7 @@ void CXmlDocument::AddElementAttribute(CXmlElement* element, CXmlName const& nam
 }
 
 void CXmlDocument::AppendTextExcludingCR(std::u16string_view text) {
-    // CRs only come from character references, since Expat normalises line ends. The test of all units at
-    // once is faster than a search.
-    bool hasReturn = false;
-    for (char16_t const unit : text) hasReturn |= unit == u'\r';
-    if (!hasReturn) {
-        m_openText.append(text);
-        return;
-    }
+    // In runs between the CRs, which only come from character references: Expat normalises line ends.
     for (;;) {
         std::size_t const cr = text.find(u'\r');
         m_openText.append(text.substr(0, cr));

@@ -76,8 +76,8 @@ constexpr Kind Row(ItemType type) {
     return row;
 }
 
-template <auto Member, auto Setter, auto ToText, auto FromText>
-constexpr Kind Row(ItemType type, char16_t const* name) {
+template <ItemType type, auto Member, auto Setter, auto ToText, auto FromText>
+constexpr Kind Row(char16_t const* name) {
     Kind row = Row<Member>(type);
     row.name = name;
     row.toString = [](Value const& value, [[maybe_unused]] char16_t const* format) {
@@ -88,7 +88,14 @@ constexpr Kind Row(ItemType type, char16_t const* name) {
         }
     };
     row.fromString = [](BxVariant& variant, std::u16string_view text, Rule rule) {
-        (variant.*Setter)(FromText(text, rule));
+        if constexpr (std::is_pointer_v<SlotType<Member>>) {
+            auto* const owned = new std::remove_pointer_t<SlotType<Member>>(FromText(text, rule));
+            variant.Clear();
+            variant.m_type = type;
+            variant.m_value.*Member = owned;
+        } else {
+            (variant.*Setter)(FromText(text, rule));
+        }
     };
     return row;
 }
@@ -96,8 +103,8 @@ constexpr Kind Row(ItemType type, char16_t const* name) {
 // clang-format off
 /// @param kind its name, as in its enumerator and its conversions
 #define PRIMITIVE(kind, Setter, Member)                                               \
-    Row<&Value::Member, &BxVariant::Set##Setter, &CConversions::kind##ToString,       \
-        &CConversions::kind##FromString>(it_##kind, u"" #kind)
+    Row<it_##kind, &Value::Member, &BxVariant::Set##Setter, &CConversions::kind##ToString, \
+        &CConversions::kind##FromString>(u"" #kind)
 
 constexpr Kind kKinds[] = {
     Kind{it_invalid},
@@ -191,7 +198,7 @@ BxVariant const& BxVariant::operator=(BxVariant&& other) noexcept {
     return *this;
 }
 
-void BxVariant::Clear() {
+void BxVariant::Drop() {
     Kind const* const kind = FindKind(std::exchange(m_type, it_invalid));
     Value const old = std::exchange(m_value, Value());
     if (kind != nullptr && kind->drop != nullptr) kind->drop(old);

@@ -26,13 +26,19 @@ constexpr DateForm kDateForms[] = {
 /// Reads the fields of a form, which are 0 before, from the front of a text that is no shorter; false if the
 /// text does not have the form.
 bool ReadForm(std::u16string_view form, std::u16string_view text, DateTimeFields& fields) {
-    for (std::size_t i = 0; i < form.size(); ++i) {
-        if (auto const member = FieldOf(form[i])) {
-            if (!IsDigit(text[i])) return false;
-            fields.*member = fields.*member * 10 + (text[i] - u'0');
-        } else if (text[i] != form[i]) {
-            return false;
+    for (std::size_t i = 0; i < form.size();) {
+        char16_t const letter = form[i];
+        auto const member = FieldOf(letter);
+        if (!member) {
+            if (text[i++] != letter) return false;
+            continue;
         }
+        int value = 0;
+        for (; i < form.size() && form[i] == letter; ++i) {
+            if (!IsDigit(text[i])) return false;
+            value = value * 10 + (text[i] - u'0');
+        }
+        fields.*member = value;
     }
     return true;
 }
@@ -83,6 +89,7 @@ void CDateTime::ParseXSDDate(char16_t const* text) {
 
 void CDateTime::ParseXSDDate(std::u16string_view text) {
     Clear();
+    if (text.find(u'T') != text.npos) throw CBxInvalidValueException(u"Invalid Date ('T' not allowed)");
     SetXSDDate(text);
     Validate();
 }
@@ -101,7 +108,6 @@ void CDateTime::ParseXSDTime(std::u16string_view text) {
 
 void CDateTime::SetXSDDate(std::u16string_view text) {
     if (text.empty()) throw CBxInvalidValueException(u"Invalid Date (Empty String)");
-    if (text.find(u'T') != text.npos) throw CBxInvalidValueException(u"Invalid Date ('T' not allowed)");
     bool const endsWithZ = text.back() == u'Z';
     bool const hasColon = text.find(u':') != text.npos;
     if (endsWithZ && hasColon) throw CBxInvalidValueException(u"Invalid Date (Bad Zone value)");
@@ -126,7 +132,7 @@ void CDateTime::SetXSDTime(std::u16string_view text) {
     std::u16string_view const form = TypeOf(dt_time).form;
     DateTimeFields fields = Fields();
     if (text.size() < form.size() || !ReadForm(form, text, fields) || fields.hour > 23 ||
-        fields.minute > 59 || fields.second > 59 || HasZeroUnit(text)) {
+        fields.minute > 59 || fields.second > 59 || HasZeroUnit(text.substr(form.size()))) {
         Throw(u"Invalid XSD Time [%s] expected hh:mm:ss[.ff]", text);
     }
     std::u16string_view rest = text.substr(form.size());

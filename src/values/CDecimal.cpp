@@ -70,7 +70,7 @@ bool CDecimal::ParsePlain(std::u16string_view text) {
     if (point < text.size()) {
         if (text[point] != u'.' || SkipDigits(text, point + 1) < text.size()) return false;
         fraction = text.substr(point + 1);
-        fraction = fraction.substr(0, fraction.find_last_not_of(u'0') + 1);
+        while (fraction.ends_with(u'0')) fraction.remove_suffix(1);
         if (std::ssize(fraction) > PlacesLimit()) return false;
     }
     m_integerPart.m_sign = isNegative ? -1 : 1;

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "BxXmlLib5/values/CWhitespaceUtils.h"
+#include "platform/UnitScan.h"
 
 namespace BxXmlLib5 {
 
@@ -14,9 +15,9 @@ class CleanText {
 public:
     /// @throws CBxException if the rule is none of the three
     CleanText(CWhitespaceUtils::WhitespaceRule rule, std::u16string_view text) : m_view(text) {
-        bool blankOrBelow = false;
-        for (char16_t const c : text) blankOrBelow |= c <= u' ';
-        if (blankOrBelow || !IsKnown(rule)) Rewrite(rule);
+        bool const hasBlankOrBelow =
+            HasUnit(text, [](std::uint64_t units) { return UnitsBelow(units, u' ' + 1); });
+        if (hasBlankOrBelow || !IsKnown(rule)) Rewrite(rule);
     }
     CleanText(CleanText const&) = delete;
     CleanText& operator=(CleanText const&) = delete;

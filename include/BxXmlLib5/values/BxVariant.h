@@ -77,7 +77,9 @@ struct BXXMLLIB5_API BxVariant {
     ~BxVariant() { Clear(); }
 
     /// Drops what is held and leaves the variant invalid.
-    void Clear();
+    void Clear() {
+        if (IsValid()) Drop();
+    }
     void SetInvalid() { Clear(); }
     bool IsValid() const { return m_type != it_invalid; }
 
@@ -173,6 +175,8 @@ struct BXXMLLIB5_API BxVariant {
     /// @}
 
 private:
+    void Drop();
+
     /// Drops what is held and gives the slot for a value of this kind.
     Value& Start(ItemType type) {
         Clear();
