@@ -75,7 +75,7 @@ CAttributeInfoPrimitive::CAttributeInfoPrimitive(char16_t const* attributeName,
       m_format(format),
       m_whitespaceRule(whitespaceRule) {}
 
-void CAttributeInfoPrimitive::CheckRestriction(BxVariant value) const {
+void CAttributeInfoPrimitive::CheckRestriction(BxVariant const& value) const {
     CheckRestrictions(m_itemType, m_restrictions, m_attributeName.c_str(), value);
 }
 
@@ -86,7 +86,7 @@ void CAttributeInfoPrimitive::AttributeToXml(CXmlSerializationContext const& con
     if (m_optional && !value.IsValid()) return;
     wstring const text = value.ToString(m_format);
     if (IsLeftOut(context, text)) return;
-    CheckRestriction(std::move(value));
+    CheckRestriction(value);
     writer->WriteAttribute(m_attributeName, m_namespace, text);
 }
 

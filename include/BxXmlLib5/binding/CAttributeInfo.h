@@ -85,7 +85,7 @@ public:
 
     /// Tests a value against the facets of the entry.
     /// @throws CBxException if it breaks one, or the value is of another kind
-    void CheckRestriction(BxVariant value) const;
+    void CheckRestriction(BxVariant const& value) const;
 
 protected:
     void AttributeToXml(CXmlSerializationContext const& context, CXmlGeneratedClass const* owner,
