@@ -41,9 +41,7 @@ protected:
     void ToXml_Int(CXmlWriter* writer, bool, char16_t const* namespaceUri,
                    CXmlSerializationContext const& context, bool) const override {
         ValidateCount(context);
-        for (CNode const* node = FirstNode(); node != nullptr; node = node->m_next) {
-            CXmlObjectBase::ToXml_Int(node->m_item, writer, false, namespaceUri, context, false);
-        }
+        ItemsToXml(writer, namespaceUri, context);
     }
 
     CXmlElement* FromXml_Int(CXmlElement*, CXmlElement* firstChild, CXmlSerializationContext const& context,
