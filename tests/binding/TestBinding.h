@@ -442,33 +442,6 @@ inline TestClass::~TestClass() {
     EXPECT_TRUE(m_info == nullptr && m_elements == nullptr && m_attributes == nullptr);
 }
 
-/// Notes its calls.
-class LogWriter : public CXmlWriter {
-public:
-    LogWriter() : CXmlWriter(u"LogWriter") {}
-    void SetDefaultNamespace(wstring const& ns) override { Note("default", {ns}); }
-    void AddNamespace(wstring const& alias, wstring const& ns) override { Note("alias", {alias, ns}); }
-    void WriteComment(wstring const& text) override { Note("comment", {text}); }
-    void WriteProcessingInstruction(wstring const& text) override { Note("instruction", {text}); }
-    void WriteInLineSchema(wstring const& text) override { Note("schema", {text}); }
-    void WriteStartElement(wstring const& name, wstring const& ns) override { Note("start", {name, ns}); }
-    void WriteText(wstring const& text) override { Note("text", {text}); }
-    void WriteEndElement() override { Note("end", {}); }
-    void WriteAttribute(wstring const& name, wstring const& ns, wstring const& value) override {
-        Note("attribute", {name, ns, value});
-    }
-    void WriteXsiType(wstring const& ns, wstring const& name) override { Note("type", {ns, name}); }
-
-    std::string m_calls;
-
-private:
-    void Note(char const* call, std::initializer_list<wstring> arguments) {
-        m_calls += call;
-        for (wstring const& argument : arguments) m_calls += " [" + ToUtf8(argument) + "]";
-        m_calls += "\n";
-    }
-};
-
 /// Letters: E unknown elements, A unknown attributes, M missing mandatory elements, C missing choices, # counts
 /// and N namespaces are ignored; 2 no namespaces; D no defaults are written.
 inline CXmlSerializationContext Settings(std::string_view letters = "") {
@@ -515,7 +488,6 @@ inline std::string Failure(std::string text) {
          "CBxException: Serialization Data Error : The property should hold a value of type %, it holds %!"},
         {"other-collection",
          "CBxException: Serialization Data Error : The collection should be a %, it was not!"},
-        {"no-text", "CBxException: Invalid Type 0 to convert to string"},
         {"vain", "CBxException: Too many unknown elements stand where a group may begin"},
         {"objects-too-deep",
          "CBxException: Objects are nested more than 2048 levels deep, which is the limit"},
