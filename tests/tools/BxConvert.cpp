@@ -102,6 +102,7 @@ TEST(Convert, WritesWhatItReads) {
         {"--compact", "<a xmlns:i='" + kXsi + "' xmlns:xsi='u' i:nil='1'/>", kDeclaration + "<a xmlns:AA=\"" + kXsi + "\" AA:nil=\"1\"/>", ""},
         {"--compact", "<a xmlns='u?1&amp;2'><b xmlns='&lt;&quot;&#10;&#9;&#13;' xmlns:p='u?1&amp;2' p:x='1'/></a>",
             kDeclaration + "<a xmlns=\"u?1&amp;2\"><AA:b xmlns:AA=\"&lt;&quot;&#10;&#9;&#13;\" xmlns:AB=\"u?1&amp;2\" AB:x=\"1\"/></a>", ""},
+        {"--compact", "<a xmlns:p='u&amp;' p:x='1'/>", kDeclaration + "<a xmlns:AA=\"u&amp;\" AA:x=\"1\"/>", ""},
         {"--compact --no-namespaces", "<p:a xmlns:p='u?1&amp;2' p:x='1'> <b xmlns='v'/> <undeclared:c/></p:a>",
             kDeclaration + "<p:a xmlns:p=\"u?1&amp;2\" p:x=\"1\"><b xmlns=\"v\"/><undeclared:c/></p:a>", ""},
         {"--to finf", "<a xmlns='u&amp;'/>", "\xE0\0\0\1\0\x38\xCD\1u&\xF0\x3F\1AA\x81\0a\xFF"s, ""},
