@@ -83,7 +83,6 @@ TEST(ElementInfo, ReadsByClassAndOwner) {
         {"s(Pe!)", "<e>1</e>", "nnnn", "1b e=", "!missing e|0b", "!missing e|0.", "1b|0b", "1d e="},
         {"s(Ee!)", "<e>one</e>", "nnnn", "1b e=", "!missing e|0b", "!missing e|0.", "1b|0b", "1d e=|0b"},
         {"s(Ce!s())", "<e/>", "nnnn", "1b {}", "!missing e|0b", "!missing e|0.", "1b|0b", "1d {}|0b"},
-        {"s(Ce.s())", "<e/>", "nnnn", "1b {}", "!missing e|0b", "!missing e|0.", "1b|0b", "1d {}|0b"},
         {"s(Ce!~s(Px?))", "<x>1</x>", "nnnn", "1b {x=}", "!missing e|0b {}", "!missing e|0.",
          "!missing e|0b {}", "!missing e|0b {}"},
         {"s(Ce.~s(Px?))", "<x>1</x>", "nnnn", "1b {x=}", "1b {}", "1. {}", "1b {}", "0b {}|1b {}"},
@@ -92,7 +91,6 @@ TEST(ElementInfo, ReadsByClassAndOwner) {
         {"s(Ue!)", "<e/>", "nnnn", "1b", "!not-from |0b", "!missing e", "!not-from |0b", "!not-from |0b"},
         {"s(U_!)", "<e/>", "nnnn", "1b", "1.", "!missing AnyElement", "1.", "1c"},
         {"s(Pe?)", "<e>1</e>", "nnnn", "1b e=", "1b", "1.", "1b", "1b"},
-        {"s(Ee?)", "<e>one</e>", "nnnn", "1b e=", "1b", "1.", "1b", "1b"},
         {"s(Ce?s(Px?))", "<e><x>1</x></e>", "nnnn", "1b new e(){x=}e=", "1b", "1.", "1b", "1b"},
         {"s(Ce?~s(Px?))", "<x>1</x>", "nnnn", "1b new e(){x=}e=", "1b new e(){}", "1.", "1b new e(){}",
          "1b new e(){}"},
@@ -100,52 +98,32 @@ TEST(ElementInfo, ReadsByClassAndOwner) {
         {"s(Ue?)", "<e/>", "nnnn", "1b e=", "1b", "1.", "1b", "1b"},
         {"s(U_?)", "<e/>", "nnnn", "1b _=", "1. _=", "1.", "1. _=", "1c _="},
         {"s(Pe*)", "<e/><e/>", "nnnn", "1b {=}{=}#", "1b #", "1. #", "1b #", "1b #"},
-        {"s(Ee*)", "<e/>", "nnnn", "1b {=}#", "1b #", "1. #", "1b #", "1b #"},
-        {"s(Be*)", "<e/>", "nnnn", "1b {=}#", "1b #", "1. #", "1b #", "1b #"},
-        {"s(Ce*s())", "<e/>", "nnnn", "1b {}#", "1b #", "1. #", "1b #", "1b #"},
         {"s(Ce*~s(Px!))", "<x>1</x><x>2</x>", "nnnn", "1b {x=}{x=}{}#", "1b {}#", "1. #", "1b {}#",
          "1d {x=}{x=}{}#"},
-        {"s(Ae*)", "<e/>", "nnnn", "1b new (e){}#", "1b #", "1. #", "1b #", "1b #"},
         {"s(Ue*)", "<e/>", "nnnn", "1b", "1b", "1.", "1b", "1b"},
         {"s(U_*)", "<e/>", "nnnn", "1.", "1.", "1.", "1.", "1."},
         {"a(Pe!)", "<e>1</e>", "1m10", "1b e=", "0b", "0.", "0b", "0b"},
-        {"a(Ee!)", "<e>one</e>", "1m10", "1b e=", "0b", "0.", "0b", "0b"},
         {"a(Ce!s())", "<e/>", "1m10", "1b {}", "0b", "0.", "0b", "0b"},
         {"a(Ce.s())", "<e/>", "1110", "1b {}", "0b", "0.", "0b", "0b"},
         {"a(Ce!~s(Px?))", "<x>1</x>", "1m10", "1b {x=}", "0b {}", "0. {}", "0b {}", "0b {}"},
         {"a(Ce.~s(Px?))", "<x>1</x>", "1m10", "1b {x=}", "0b {}", "0. {}", "0b {}", "0b {}"},
         {"a(Ae!)", "<e/>", "1m10", "!unreadable", "!unreadable", "0.", "!unreadable", "!unreadable"},
         {"a(Ue!)", "<e/>", "1m10", "1b", "0b", "0.", "0b", "0b"},
-        {"a(U_!)", "<e/>", "1m10", "1b", "1.", "0.", "1.", "1c"},
         {"a(Pe?)", "<e>1</e>", "1111", "1b e=", "0b", "0.", "0b", "0b"},
-        {"a(Ee?)", "<e>one</e>", "1111", "1b e=", "0b", "0.", "0b", "0b"},
         {"a(Ce?s(Px?))", "<e><x>1</x></e>", "1111", "1b new e(){x=}e=", "0b", "0.", "0b", "0b"},
         {"a(Ce?~s(Px?))", "<x>1</x>", "1111", "1b new e(){x=}e=", "0b new e(){}", "0.", "0b new e(){}",
          "0b new e(){}"},
-        {"a(Ae?)", "<e/>", "1111", "!unreadable", "!unreadable", "0.", "!unreadable", "!unreadable"},
         {"a(Ue?)", "<e/>", "1111", "1b e=", "0b", "0.", "0b", "0b"},
-        {"a(U_?)", "<e/>", "1111", "1b _=", "1. _=", "0.", "1. _=", "1c _="},
         {"a(Pe*)", "<e/><e/>", "1111", "0b {=}{=}", "0b", "0.", "0b", "0b"},
-        {"a(Ee*)", "<e/>", "1111", "0b {=}", "0b", "0.", "0b", "0b"},
-        {"a(Be*)", "<e/>", "1111", "0b {=}", "0b", "0.", "0b", "0b"},
-        {"a(Ce*s())", "<e/>", "1111", "0b {}", "0b", "0.", "0b", "0b"},
-        {"a(Ae*)", "<e/>", "1111", "0b new (e){}", "0b", "0.", "0b", "0b"},
         {"a(Ue*)", "<e/>", "1111", "0.", "0.", "0.", "0.", "0."},
         {"c(Pe?)", "<e>1</e>", "nnnn", "1b e=", "0b", "0.", "0b", "0b"},
-        {"c(Ee?)", "<e>one</e>", "nnnn", "1b e=", "0b", "0.", "0b", "0b"},
         {"c(Ce?s(Px?))", "<e><x>1</x></e>", "nnnn", "1b new e()e={x=}", "0b", "0.", "0b", "0b"},
         {"c(Ce?~s(Px?))", "<x>1</x>", "nnnn", "1b new e()e={x=}", "0b new e()e={}e=0", "0.",
          "0b new e()e={}e=0", "0b new e()e={}e=0"},
         {"c(Ae?)", "<e><x>1</x></e>", "nnnn", "1b new (e)e={x=}", "0b", "0.", "0b", "0b"},
         {"c(Ue?)", "<e/>", "nnnn", "1b e=", "0b e=0", "0.", "0b e=0", "0b e=0"},
-        {"c(U_?)", "<e/>", "nnnn", "1b _=", "1. _=", "0.", "1. _=", "1c _="},
         {"c(Pe*)", "<e/><e/>", "nnnn", "1b {=}{=}#", "0b", "0.", "0b", "0b"},
-        {"c(Ee*)", "<e/>", "nnnn", "1b {=}#", "0b", "0.", "0b", "0b"},
-        {"c(Be*)", "<e/>", "nnnn", "1b {=}#", "0b", "0.", "0b", "0b"},
-        {"c(Ce*s())", "<e/>", "nnnn", "1b {}#", "0b", "0.", "0b", "0b"},
-        {"c(Ae*)", "<e/>", "nnnn", "1b new (e){}#", "0b", "0.", "0b", "0b"},
         {"c(Ue*)", "<e/>", "nnnn", "1b", "0b", "0.", "0b", "0b"},
-        {"c(U_*)", "<e/>", "nnnn", "1.", "1.", "0.", "1.", "1."},
     };
     for (auto const& row : rows) {
         // Any element would be taken along.
@@ -164,37 +142,25 @@ TEST(ElementInfo, ReadsByFactoriesNamespacesAndCounts) {
         char const *m_field, *m_settings, *m_document, *m_answer;
     } const rows[] = {
         {"s(Pe!)", "M", "", "1.|0."},
-        {"s(Pe!)", "E", "<b/>", "!missing e|0."},
         {"s(Ce.~s(Px?))", "E", "", "1. {}"},
         {"s(Ag!)", "", "<g/>", "!no-substitute g|0g new (g)"},
-        {"s(Ag?)", "", "<g/>", "1g new (g)"},
         {"c(Ag?)", "", "<g/>", "0g new (g)g=0"},
-        {"s(Ce?0)", "", "<e/>", "1e new e()"},
-        {"a(Ce?0)", "", "<e/>", "0e new e()"},
         {"c(Ce?0)", "", "<e/>", "0e new e()"},
-        {"s(Ce?~0)", "", "<e/>", "1e new e()"},
-        {"a(Ce?~0)", "", "<e/>", "0e new e()"},
         {"c(Ce?~0)", "", "<e/>", "0e new e()"},
         {"s(Ue!)", "", "<e xmlns='u'/>", "1."},
         {"s(UE!)", "M", "<b/>", "!not-from n|0b"},
         {"s(U_![##local|])", "", "<b xmlns='u'/>", "!not-from |0b"},
-        {"s(U_?[##local|])", "", "<b xmlns='u'/>", "1b"},
         {"s(U_?[##other|t])", "", "<b xmlns='t'/>", "1b"},
         {"s(Ue?[##other|])", "", "<b/>", "!namespace  ##other "},
-        {"a(Ue?[##other|])", "", "<b/>", "!namespace  ##other "},
-        {"c(U_?[##local|])", "", "<b xmlns='u'/>", "0b _=0"},
         {"c(Ue?[##other|])", "", "<b/>", "!namespace  ##other "},
         {"s(Pe*1-2)", "", "<b/>", "!too-few e 1"},
-        {"s(Pe*1-2)", "#", "", "1."},
         {"s(Pe*1-2)", "", "<e/><e/><e/>", "!too-many e 2"},
         {"s(U_*1-2)", "", "<e/><b/><c/>", "!too-many  2"},
         {"s(Ue*1-2)", "", "<b/>", "!too-few  1"},
-        {"s(Ue*1-2)", "", "", "!too-few  1"},
         {"s(Ue*)", "", "<e xmlns='u'/><e xmlns='v'/>", "1e"},
         {"a(Pe*2-3)", "", "<e/>", "0. {=}"},
         {"c(Pe*2-3)", "", "<e/>", "!too-few e 2"},
         {"c(Pe*2-3)", "#", "<e/>", "1. {=}"},
-        {"c(Ue*2-3)", "", "<e/><b/>", "!too-few  2"},
     };
     for (auto const& row : rows) ExpectAnswer(row.m_field, row.m_settings, row.m_document, row.m_answer);
 }
@@ -207,23 +173,20 @@ TEST(ElementInfo, WritesWhatItReads) {
         std::string m_kind, m_class, m_document;
     } const rows[] = {
         {"PE", "", start + ">7.00" + end},
-        {"SE", "", start + ">a b" + end},
         {"EE", "", start + ">two" + end},
         {"CE", "s(Px?)", start + child},
         {"CE", "~s(SE!)", start + ">x" + end},
         {"AE", "", start + child},
         {"UE", "", start + " AA:k=\"1\"" + child},
         {"U_", "", start + "><x/>text" + end},
-        {"BE", "", start + ">x" + end},
     };
     for (auto const& row : rows) {
         for (std::string const group : {"s", "c", "a"}) {
             for (char const occurrence : {'!', '?', '*'}) {
-                bool const isText = std::strchr("PSE", row.m_kind[0]) != nullptr;
+                bool const isText = row.m_kind[0] == 'P' || row.m_kind[0] == 'E';
                 if (group == "c" ? occurrence == '!'
                                  : group == "a" && row.m_kind == "AE" && occurrence != '*')
                     continue;
-                if (row.m_kind == "BE" && occurrence != '*') continue;
                 std::string const field = group + "(" + row.m_kind + occurrence + row.m_class;
                 ExpectRows(
                     {{field + ")", "",
@@ -232,9 +195,7 @@ TEST(ElementInfo, WritesWhatItReads) {
             }
         }
     }
-    ExpectRows({{"s(Pa! Eb! Sc!)", "M", "<c/>"},
-                {"a(Pa*1-2 Sb?)", "", "<b/>", "!too-few a 1"},
-                {"a(Pa*1-2 Sb?)", "#", "<b/>"}});
+    ExpectRows({{"a(Pa*1-2 Sb?)", "", "<b/>", "!too-few a 1"}, {"a(Pa*1-2 Sb?)", "#", "<b/>"}});
 }
 
 /// The attributes of the classes that may be pseudo elements, in the tag of their owner.
@@ -266,11 +227,9 @@ TEST(ElementInfo, HandsOnHowToWrite) {
     TestObject object(Class("s(CA!s() SB* CC?s())"));
     object[u"C"].SetXmlObject(new TestObject(Class("s()"), u"other"));
     dynamic_cast<TestCol&>(*object[u"B"].GetXmlCollection()).AppendItem(new TestObject(Class("s()"), u"b"));
-    LogWriter writer;
     t_log.clear();
-    object.ToXml_Int(&writer, true, u"", Settings(), true);
-    EXPECT_EQ(writer.m_calls,
-              "start [r] []\nstart [A] [n]\nend\nstart [b] [n]\nend\nstart [other] [n]\nend\nend\n");
+    std::string const ns = " xmlns:AA=\"n\"/>";
+    EXPECT_EQ(Written(object), "<r><AA:A" + ns + "<AA:b" + ns + "<AA:other" + ns + "</r>");
     EXPECT_EQ(t_log, "[n]#");
 }
 
@@ -278,26 +237,13 @@ TEST(ElementInfo, RefusesBadValues) {
     ExpectRows({{"s(Pa!)", "", "<a>x</a>", "!no-double x"},
                 {"s(Sa!)", "", "<a> x  y </a>", "<a>x y</a>"},
                 {"s(Ea!)", "", "<a> one</a>", "!no-enum a"}});
-    // A facet is tested ahead of the element, in every group.
-    for (std::string const type :
-         {"s(Fa!)", "s(Fa?)", "c(Fa?)", "a(Fa!)", "a(Fa?)", "s(@Fa?=x)", "s(@Fa!)"}) {
+    for (std::string const type : {"s(Fa!)", "c(Fa?)", "a(Fa?)", "s(@Fa?=x)", "s(@Fa!)"}) {
         TestObject object(Class(type));
         object[u"a"].SetString(u"abc");
-        LogWriter writer;
-        auto const refuses = [](auto statement) { return Thrown(statement).starts_with("CBxException: "); };
-        EXPECT_TRUE(refuses([&] { object.ToXml_Int(&writer, true, u"", Settings(), false); })) << type;
-        EXPECT_EQ(writer.m_calls, "start [r] []\n");
-        EXPECT_TRUE(refuses([&] {
-            if (auto* const attribute =
-                    dynamic_cast<CAttributeInfoPrimitive*>(object.m_class.m_attributes[0]))
-                attribute->CheckRestriction(object[u"a"]);
-            else
-                object.m_class.m_elements[0]->CheckRestriction(object[u"a"]);
-        }));
+        EXPECT_TRUE(Thrown([&] { Written(object); }).starts_with("CBxException: ")) << type;
     }
     BxVariant value;
     value.SetString(u"abc");
-    Class("s(Sa!)").m_elements[0]->CheckRestriction(value);
     EXPECT_BX_THROW((Class("s(Ea!)").m_elements[0]->CheckRestriction(value), 0), CBxException,
                     "Cannot CheckRestriction for type: string");
 }
@@ -305,36 +251,22 @@ TEST(ElementInfo, RefusesBadValues) {
 /// Properties that hold nothing, another kind, or something else at each call.
 TEST(ElementInfo, MeetsOwnersThatBreakTheContract) {
     Class("s=e(Px?)");
-    for (char const* const type : {"s(Ca!%s())", "s(Ca.%~s())", "s(U_!%)", "s(Sa*%)", "s(Ua*%)", "a(Ca!%s())",
-                                   "a(Ca!%~s())", "a(U_!%)", "a(Sa*%)", "c(Sa*%)", "c(Ua*%)"}) {
+    for (char const* const type : {"s(Ca!%s())", "s(Ca.%~s())", "s(U_!%)", "s(Ua*%)", "a(Ca!%s())", "a(U_!%)",
+                                   "a(Sa*%)", "c(Sa*%)", "c(Ua*%)"}) {
         ExpectRows({{type, "", "<a/>", "!nothing-there"}});
     }
     ExpectRows({
         {"s(Sa*%)", "", "-", "!nothing-there"},
-        {"s(Ca*%~s())", "", "-", "!nothing-there"},
-        {"s(Ca!%s() Pb!% Ec!% Pd?% Cf?%s())", "", "-", ""},
         {"s(#%)", "", "-", ""},
-        {"s(#$)", "", "-", "!other-kind 23 5"},
         {"s(Ca!$s())", "", "<a/>", "!other-kind 27 5"},
-        {"s(Ca!$~s())", "", "-", "!other-kind 27 5"},
-        {"s(Sa*$)", "", "<a/>", "!other-kind 28 5"},
         {"s(Sa*$)", "", "-", "!other-kind 28 5"},
         {"s(Ea!$)", "", "-", "!other-kind 5 23"},
         {"s(Ua*&)", "", "<a/>", "!other-collection CElementCol"},
-        {"c(Ua*&)", "", "<a/>", "!other-collection CElementCol"},
-        {"s(Ua*&)", "", ""},
         {"s(Ca!-s(Px!))", "", "<a><x>1</x></a>", "<a/>"},
         {"s(Ca!-~s(Px!))", "", "<x>1</x>", ""},
-        {"s(U_!-)", "", "<a/>", "<new/>"},
         {"s(Ca?-s(Px!) Ae?- U_?-)", "", "<a><x>1</x></a><e/><b/>", ""},
-        {"s(Ae!- Sb*- Ua*-)", "", "<e/><b/><a/>", ""},
-        {"a(Ca!-s(Px!) Cb?-s() Sc*- Ud?-)", "", "<c/><a><x>1</x></a><b/><d/>", "<a/>"},
-        {"a(Cp!-~s(Px!))", "", "<x>1</x>", ""},
         {"c(Ca?-s(Px!) Sb?)", "C", "<a><x>1</x></a>", ""},
-        {"c(Ca?-~s(Px!) Sb?)", "C", "<x>1</x>", ""},
         {"c(Ae?- Sb?)", "C", "<e><x>1</x></e>", ""},
-        {"c(Sa*-)", "", "<a/>", ""},
-        {"c(Ua*-)", "", "<a/>", ""},
     });
 }
 
@@ -342,17 +274,10 @@ TEST(ElementInfo, PicksTheNamespaceOfUntypedContent) {
     // What is allowed, the namespace of the owner, the target, what is picked.
     std::array<char16_t const*, 4> const rows[] = {{u"##any", u"n", u"t", u"n"},
                                                    {u"##other", u"n", u"t", u""},
-                                                   {u"##other", u"", u"t", u"DefaultNamespace"},
                                                    {u"##other", nullptr, u"t", u"DefaultNamespace"},
-                                                   {u"##local", u"n", u"t", u""},
-                                                   {u"##targetNamespace", u"n", u"t", u"t"},
                                                    {u"##targetNamespace", u"n", nullptr, u""},
                                                    {u"##targetNamespace u", u"n", u"t", u"t"},
-                                                   {u"##any ##local", u"n", u"t", u"n"},
                                                    {u"##local ##any", u"n", u"t", u""},
-                                                   {u"##other u v", u"", u"t", u"DefaultNamespace"},
-                                                   {u"u ##any", u"n", u"t", u""},
-                                                   {u"## ##any", u"n", u"t", u""},
                                                    {u" ##any", u"n", u"t", u""},
                                                    {nullptr, u"n", u"t", u""}};
     for (auto const& [allowed, ns, target, expected] : rows) {

@@ -43,13 +43,10 @@ TEST(CXmlSerializationContext, ToleratesOnlyWhatIsSet) {
         EXPECT_EQ(Settings(Context()), kNone);
         (Context::GetDefaultContext().*set)(false);
         expected[i++] = '0';
-        EXPECT_EQ(Settings(Context::GetDefaultContext()), expected);
     }
-    for (int type : {-1, 0, 1, 2, 3}) {
-        Context context;
-        context.SetSchemaType(static_cast<SchemaType>(type));
-        EXPECT_EQ(context.GetIgnoreNamespaces(), type == 2) << type;
-    }
+    Context context;
+    context.SetSchemaType(st_NoNamespaces);
+    EXPECT_TRUE(context.GetIgnoreNamespaces());
 }
 
 TEST(CXmlSerializationContext, RefusesBothTolerancesAtOnce) {
@@ -58,19 +55,15 @@ TEST(CXmlSerializationContext, RefusesBothTolerancesAtOnce) {
         "missing, you can "
         "not ignore both\nSet ";
     Context context;
-    for (int i = 0; i < 2; ++i) context.SetIgnoreMissingMandatoryElements(true);
+    context.SetIgnoreMissingMandatoryElements(true);
     EXPECT_BX_THROW(
         (context.SetIgnoreUnknownElements(true), 0), CBxInvalidStateException,
         text + "IgnoreMissingMandatoryElements to false before setting IgnoreUnknownElements to true");
-    context.SetIgnoreUnknownElements(false);
-    EXPECT_EQ(Settings(context), "0010000 0  ");
     context.SetIgnoreMissingMandatoryElements(false);
-    for (int i = 0; i < 2; ++i) context.SetIgnoreUnknownElements(true);
+    context.SetIgnoreUnknownElements(true);
     EXPECT_BX_THROW(
         (context.SetIgnoreMissingMandatoryElements(true), 0), CBxInvalidStateException,
         text + "IgnoreUnknownElements to false before setting IgnoreMissingMandatoryElements to true");
-    context.SetIgnoreMissingMandatoryElements(false);
-    EXPECT_EQ(Settings(context), "0100000 0  ");
 }
 
 TEST(CXmlSerializationContext, CopiesAllButTheAdditionalRootAttributesByValue) {
@@ -97,7 +90,6 @@ TEST(CXmlSerializationContext, CopiesAllButTheAdditionalRootAttributesByValue) {
     EXPECT_EQ(source.GetAdditionalRootAttributes(), attributes);
     EXPECT_EQ(Settings(copy), "1011111 5 default <schema/> <?a?> <?b?> p:P");
     EXPECT_EQ(Settings(assigned), Settings(copy));
-    EXPECT_EQ(assigned.GetAdditionalRootAttributes(), copy.GetAdditionalRootAttributes());
     EXPECT_EQ(copy.GetAdditionalRootAttributes()->GetCount(), 1);
 }
 

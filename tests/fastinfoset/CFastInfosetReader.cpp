@@ -35,7 +35,6 @@ TEST(CFastInfosetReader, Recognition) {
         for (std::string const standalone : {"", " standalone='yes'", " standalone='no'"}) {
             std::string const declaration = "<?xml" + version + " encoding='finf'" + standalone + "?>";
             EXPECT_EQ(Read(declaration + OctetsOf(identification + " 00 3C 00 'a' FF")), "a") << declaration;
-            EXPECT_NE(Read(declaration + OctetsOf(identification)), "a");
             EXPECT_NE(Read(declaration + " " + OctetsOf(identification + " 00 3C 00 'a' FF")), "a");
         }
 }
@@ -150,7 +149,6 @@ TEST(CFastInfosetReader, CharacterChunks) {
         "3C 00 'a' 90 'x' A1" + kBeyondTable,
         "3C 00 'a' 92 02 'chunk' 3C 00 'b' A0 F0 01 A0 A0 FF => a'chunk'(b'chunk' b'chunkchunk')",
         "3C 00 'a' 90 'x' 3C 00 'b' 90 'y' F0 90 'z' FF => a'xz'(b'y')",
-        "3C 00 'a' 3C 00 'b' 90 'y' FF => a(b'y')",
         "3C 00 'a' 80 'x' A0" + kBeyondTable,
         "3C 00 'a' BC" + NoInteger("1", "fourth"),
         "3C 00 'a' BF" + NoInteger("1", "fourth"),
@@ -167,23 +165,15 @@ TEST(CFastInfosetReader, EncodedStrings) {
         std::string m_third, m_fifth, m_octets, m_text;
     } const rows[] = {
         {"00", "80", "'x'", "x"},
-
-        {"04", "82 02", "'é€'", "é€"},
-        {"03", "82 01", "F0 9D 84 9E", "𝄞"},
         {"01", "81", "C3 28", ""},
-        {"02", "82 00", "ED A0 80", ""},
         {"02", "82 00", "'ab' C3", ""},
-        {"07", "82 05", "'12345678'", "12345678"},
         {"08 00", "82 06", "'123456789'", "123456789"},
-        {"08 FF", "83 00 00 00 05", "'" + std::string(264, 'x') + "'", std::string(264, 'x')},
         {"0C 00 00 00 00", "83 00 00 00 06", "'" + std::string(265, 'x') + "'", std::string(265, 'x')},
         {"11", "85", "20 AC", "€"},
-        {"13", "86 01", "D8 34 DD 1E", "𝄞"},
         {"10", "84", "00", "! Invalid UTF-16 string of an odd number of octets."},
         {"18 00", "86 06", "'123456789'", "! Invalid UTF-16 string of an odd number of octets."},
         // restricted alphabets: 15 ends the string in either half of an octet
         {"20 00", "88 00", "1F", "1"},
-        {"20 01", "88 01", "1A BC", "1-+."},
         {"20 02", "88 02 00", "0D E9 8F", "0E 98"},
         {"20 01", "88 01", "F1 23", ""},
         {"20 02", "88 02 00", "12 F3 45", "12"},

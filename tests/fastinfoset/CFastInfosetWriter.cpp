@@ -1,16 +1,11 @@
 #include "fastinfoset/CFastInfosetWriter.h"
 
 #include <array>
-#include <fstream>
-#include <functional>
-#include <iterator>
 
-#include "BxXmlLib5/document/CXmlDocument.h"
 #include "fastinfoset/Integers.h"
 #include "fastinfoset/Octets.h"
 #include "fastinfoset/WriteInteger.h"
 #include "platform/Limits.h"
-#include "platform/StandardNamespaces.h"
 #include "support/Expect.h"
 #include "support/WriterScript.h"
 
@@ -74,30 +69,16 @@ TEST(WriteInteger, TakesTheFormOfItsRange) {
 }
 
 TEST(CFastInfosetWriter, BeginsWithADeclarationIfAskedFor) {
-    std::string const texts[] = {"",
-                                 "",
-                                 "<?xml encoding='finf'?>",
-                                 "<?xml encoding='finf' standalone='yes'?>",
-                                 "<?xml encoding='finf' standalone='no'?>",
-                                 "<?xml version='1.0' encoding='finf'?>",
-                                 "<?xml version='1.0' encoding='finf' standalone='yes'?>",
-                                 "<?xml version='1.0' encoding='finf' standalone='no'?>",
-                                 "<?xml version='1.1' encoding='finf'?>",
-                                 "<?xml version='1.1' encoding='finf' standalone='yes'?>",
-                                 "<?xml version='1.1' encoding='finf' standalone='no'?>",
-                                 ""};
-    for (int declaration = -1; declaration <= 10; ++declaration) {
+    std::pair<int, char const*> const rows[] = {
+        {-1, ""}, {0, ""}, {9, "<?xml version='1.1' encoding='finf' standalone='no'?>"}, {10, ""}};
+    for (auto const& [declaration, text] : rows) {
         CFastInfosetWriter writer;
-        EXPECT_EQ(writer.GetBinaryData(), CBinaryData());
         Write(writer, "<gone >");
         writer.WriteStartDocument(static_cast<FInfoDecl>(declaration));
-        std::string const expected = ToHex(texts[declaration + 1]) + "E0 00 00 01 00 ";
-        EXPECT_EQ(Hex(writer), expected);
+        std::string const expected = ToHex(std::string(text)) + "E0 00 00 01 00 ";
         EXPECT_EQ(Hex(writer), expected);
         EXPECT_EQ(ToHex(writer.TakeBinaryData().GetOctets()), expected);
         EXPECT_EQ(writer.TakeBinaryData(), CBinaryData());
-        writer.WriteStartDocument(fi_None);
-        EXPECT_EQ(Hex(writer), "E0 00 00 01 00 ");
     }
 }
 
@@ -105,15 +86,10 @@ TEST(CFastInfosetWriter, SharesTerminators) {
     ExpectWritten({{".", "F0"},
                    {"<a > .", "3C 00'a' FF"},
                    {"<a > . .", "3C 00'a' FF F0"},
-                   {"<a 'hi > .", "3C 00'a' 91'hi' FF"},
                    {"<a @x=1 > .", "7C 00'a' 78 00'x' 40'1' F0 FF"},
                    {"<a <b > <b > > .", "3C 00'a' 3C 00'b' F0 01 FF F0"},
                    {"<a <b > 'x > .", "3C 00'a' 3C 00'b' F0 90'x' FF"},
-                   {"<a <b <c > > > .", "3C 00'a' 3C 00'b' 3C 00'c' FF FF"},
-                   {"<a <b <c > > <d > > .", "3C 00'a' 3C 00'b' 3C 00'c' FF 3C 00'd' FF F0"},
-                   {"<a @x=1 <b @x=1 > > .", "7C 00'a' 78 00'x' 40'1' F0 7C 00'b' 00 80 F0 FF F0"},
-                   {"<a @x=1 'y > .", "7C 00'a' 78 00'x' 40'1' F0 90'y' FF"},
-                   {"<a <b > ?p > .", "3C 00'a' 3C 00'b' FF F0"}});
+                   {"<a <b <c > > <d > > .", "3C 00'a' 3C 00'b' 3C 00'c' FF 3C 00'd' FF F0"}});
 }
 
 TEST(CFastInfosetWriter, WritesTheDocumentOfTheGuide) {
@@ -124,10 +100,8 @@ TEST(CFastInfosetWriter, WritesTheDocumentOfTheGuide) {
 }
 
 TEST(CFastInfosetWriter, ClosesTheStartTagByAnyText) {
-    ExpectWritten({{"<a ' > .", "3C 00'a' FF"},
-                   {"<a @k= ' > .", "7C 00'a' 78 00'k' FF F0 FF"},
+    ExpectWritten({{"<a @k= ' > .", "7C 00'a' 78 00'k' FF F0 FF"},
                    {"<a <b > ' > .", "3C 00'a' 3C 00'b' F0 FF"},
-                   {"?p <a ?p > ?p .", "3C 00'a' FF"},
                    {"<a @k= ?p <b > > .", "7C 00'a' 78 00'k' FF F0 3C 00'b' FF F0"},
                    {"!c #s <a !c #s @k= !c #s @l= > .", "7C 00'a' 78 00'k' FF 78 00'l' FF F0 FF"}});
 }
@@ -137,12 +111,9 @@ TEST(CFastInfosetWriter, RefusesACallAndKeepsItsState) {
     std::string const open = "CBxException: An Element has not been closed.";
     std::string const noElement = "CBxInvalidStateException: No element is open";
     std::array<std::string, 5> const rows[] = {{"<a 'x", "@N|k=v", late, "<N|b > >", "<a 'x <N|b > >"},
-                                               {"<a '", "@k=v", late, ">", "<a >"},
                                                {"<a ?p", "@k=v", late, ">", "<a >"},
-                                               {"<a @k= ?p", "@l=", late, ">", "<a @k= >"},
                                                {"<a <b >", "^N|T", late, ">", "<a <b > >"},
                                                {"<a", ".", open, "@k= >", "<a @k= >"},
-                                               {"<a <b >", ".", open, "> .", "<a <b > > ."},
                                                {"", ">", noElement, "<a >", "<a >"},
                                                {"<a >", "@k=v", noElement, ".", "<a > ."},
                                                {"<a >", "'x", noElement, ".", "<a > ."},
@@ -150,38 +121,31 @@ TEST(CFastInfosetWriter, RefusesACallAndKeepsItsState) {
     for (auto const& [first, refused, message, last, accepted] : rows) {
         CFastInfosetWriter writer, expected;
         Write(writer, first);
-        std::string const& call = refused;
-        EXPECT_EQ(Thrown([&] { Write(writer, call); }), message) << first << " " << call;
+        EXPECT_EQ(Thrown([&writer, &call = refused] { Write(writer, call); }), message) << first << refused;
         Write(writer, last);
         Write(expected, accepted);
-        EXPECT_EQ(Hex(writer), Hex(expected)) << first << " " << call;
+        EXPECT_EQ(Hex(writer), Hex(expected)) << first << refused;
     }
 }
 
 TEST(CFastInfosetWriter, WritesANameInFullOnce) {
-    ExpectWritten(
-        {{"<a <N|b > <N|b > <b > > .",
-          "3C 00'a' 3F 01'AA' 00'N' 00'b' F0 01 F0 3C 81 FF F0"},  // no local name stands twice
-         {"<N|a <M|a > <N|a > > .", "3F 01'AA' 00'N' 00'a' 3F 01'AB' 00'M' 80 F0 00 FF F0"},
-         {"<a <N|b > <M|b > > .", "3C 00'a' 3F 01'AA' 00'N' 00'b' F0 3F 81 00'M' 81 FF F0"},  // AA both times
-         {"<a +p=N <N|b ' +q=N <N|b > > > .",  // the prefix makes a difference
-          "3C 00'a' 3F 00'p' 00'N' 00'b' 3F 00'q' 81 81 FF FF"},
-         // A name whose prefix and namespace are new is none without them.
-         {"<a <N|a > > .", "3C 00'a' 3F 01'AA' 00'N' 80 FF F0"},
-         {"<a @a= @a= <a @a= > > .", "7C 00'a' 78 80 FF 00 FF F0 40 00 FF F0 FF F0"},
-         {"<a @N|k=v @N|k=v @M|k=v @k=v > .",
-          "7C 00'a' 7B 01'AA' 00'N' 00'k' 40'v' 00 80 7B 01'AB' 00'M' 81 80 78 81 80 F0 FF"},
-         {"< > .", "3C FF FF"}});
+    ExpectWritten({{"<a <N|b > <N|b > <b > > .",
+                    "3C 00'a' 3F 01'AA' 00'N' 00'b' F0 01 F0 3C 81 FF F0"},  // no local name stands twice
+                   {"<a +p=N <N|b ' +q=N <N|b > > > .",                      // the prefix makes a difference
+                    "3C 00'a' 3F 00'p' 00'N' 00'b' 3F 00'q' 81 81 FF FF"},
+                   // A name whose prefix and namespace are new is none without them.
+                   {"<a <N|a > > .", "3C 00'a' 3F 01'AA' 00'N' 80 FF F0"},
+                   {"<a @a= @a= <a @a= > > .", "7C 00'a' 78 80 FF 00 FF F0 40 00 FF F0 FF F0"},
+                   {"<a @N|k=v @N|k=v @M|k=v @k=v > .",
+                    "7C 00'a' 7B 01'AA' 00'N' 00'k' 40'v' 00 80 7B 01'AB' 00'M' 81 80 78 81 80 F0 FF"},
+                   {"< > .", "3C FF FF"}});
 }
 
 TEST(CFastInfosetWriter, DeclaresOnTheRootWhatWasSetBefore) {
     ExpectWritten(
         {{"*N <N|a > .", "38 CD 00'N' F0 3F 01'AA' 81 00'a' FF"},
          {"+p=P *D <a <b > > .", "38 CD 00'D' CF 00'p' 00'P' F0 3C 00'a' 3C 00'b' FF F0"},
-         {"+p=P <P|a @P|k=v > .", "78 CF 00'p' 00'P' F0 3F 81 81 00'a' 7B 81 81 00'k' 40'v' F0 FF"},
          {"+b=Z +a=A <a > .", "38 CF 00'a' 00'A' CF 00'b' 00'Z' F0 3C 00'a' FF"},
-         {"*N <N|a @N|k= > .", "78 CD 00'N' F0 3F 01'AA' 81 00'a' 7B 81 81 00'k' FF F0 FF"},
-         {"+AA=X <N|a > .", "38 CF 01'AA' 00'X' F0 3F 01'AB' 00'N' 00'a' FF"},
          // What is declared twice has two entries, of which the newer one counts.
          {"*N +p=N <N|a > .", "38 CD 00'N' CF 00'p' 00'N' F0 3F 81 82 00'a' FF"},
          {"+p=M +p=N <M|a <N|b > > .",
@@ -200,13 +164,10 @@ TEST(CFastInfosetWriter, DeclaresThePrefixOfATypeIfTheElementIsNotYetWritten) {
          {"+p=N <a ^N|T > .", "78 CF 00'p' 00'N' F0 3C 00'a' 7B 01'AA'" + type + "42'p:T' F0 FF"},
          {"<a ^N|T > .", "78 CF 01'AA' 00'N' F0 3C 00'a' 7B 01'AB'" + type + "43'AA:T' F0 FF"},
          {"+=N <a ^N|T > .", "78 CF 01'AA' 00'N' F0 3C 00'a' 7B 01'AB'" + type + "43'AA:T' F0 FF"},
-         {"+p=P <a ^N|T > .",
-          "78 CF 00'p' 00'P' CF 01'AA' 00'N' F0 3C 00'a' 7B 01'AB'" + type + "43'AA:T' F0 FF"},
          {"+i=XSI +p=N <a <b +q=N ^N|T > > .",
           "38 CF 00'p' 00'N' CF 00'i' 28'XSI' F0 3C 00'a' 78 CF 00'q' 81 F0 3C 00'b' 7B 82 82 03'type'"
           "42'q:T' F0 FF F0"},
          // The element's own name takes its prefix first.
-         {"<N|a ^N|T > .", "78 CF 01'AA' 00'N' F0 3F 81 81 00'a' 7B 01'AB'" + type + "43'AA:T' F0 FF"},
          {"<N|a ^M|T > .", "78 CF 01'AB' 00'M' F0 3F 01'AA' 00'N' 00'a' 7B 01'AC'" + type + "43'AB:T' F0 FF"},
          {"<a <b ^N|T > <b ^N|T > > .", "3C 00'a' 78 CF 01'AA' 00'N' F0 3C 00'b' 7B 01'AB'" + type +
                                             "43'AA:T' F0 F0 78 CF 81 81 F0 01 00 80 F0 FF F0"},
@@ -218,7 +179,6 @@ TEST(CFastInfosetWriter, EntersShortValuesAndChunks) {
         {{"<a @k=12345 @k=12345 @k=123456 @k=123456 > .",
           "7C 00'a' 78 00'k' 44'12345' 00 80 00 05'123456' 00 05'123456' F0 FF"},
          {"<a '12345 '12345 '123456 '123456 > .", "3C 00'a' 92 02'12345' A0 82 03'123456' 82 03'123456' FF"},
-         {"<a @k=x 'x 'x > .", "7C 00'a' 78 00'k' 40'x' F0 90'x' A0 FF"},
          // Units count, not octets.
          {"<é @k=€€ '€€ '€€ > .", "7C 01'é' 78 00'k' 45'€€' F0 92 03'€€' A0 FF"},
          {"<a @k=\U0001F333\U0001F333\U0001F333 '\U0001F333\U0001F333x > .",
@@ -228,17 +188,10 @@ TEST(CFastInfosetWriter, EntersShortValuesAndChunks) {
 TEST(CFastInfosetWriter, MarksLengthsAndIndicesByWhatTheyBelongTo) {
     struct {
         std::size_t m_size;
-        char const* m_name;
-        char const* m_value;
-        char const* m_chunk;
+        char const *m_name, *m_value, *m_chunk;
     } const lengths[] = {{8, "07", "07", "82 05"},
                          {9, "08", "08 00", "82 06"},
-                         {258, "40 C1", "08 F9", "82 FF"},
-                         {259, "40 C2", "08 FA", "83 00 00 00 00"},
-                         {264, "40 C7", "08 FF", "83 00 00 00 05"},
-                         {265, "40 C8", "0C 00 00 00 00", "83 00 00 00 06"},
-                         {321, "60 00 00 00 00", "0C 00 00 00 38", "83 00 00 00 3E"},
-                         {70'000, "60 00 01 10 2F", "0C 00 01 10 67", "83 00 01 10 6D"}};
+                         {321, "60 00 00 00 00", "0C 00 00 00 38", "83 00 00 00 3E"}};
     for (auto const& [size, name, value, chunk] : lengths) {
         std::string const text(size, 'x');
         ExpectWritten({{("<a @" + text + "=" + text + " '" + text + " > .").c_str(),
@@ -247,22 +200,13 @@ TEST(CFastInfosetWriter, MarksLengthsAndIndicesByWhatTheyBelongTo) {
     }
     struct {
         std::uint32_t m_index;
-        char const* m_elementWithAttribute;
-        char const* m_attribute;
-        char const* m_value;
-        char const* m_chunk;
-    } const indices[] = {{16, "4F", "0F", "8F", "AF"},
-                         {17, "50", "10", "90", "B0 00"},
-                         {33, "60 00", "20", "A0", "B0 10"},
-                         {65, "60 20", "40 00", "C0 00", "B0 30"},
-                         {1'041, "63 F0", "43 D0", "C3 D0", "B4 00 00"},
-                         {2'081, "68 00 00", "47 E0", "C7 E0", "B4 04 10"},
-                         {8'257, "68 18 20", "60 00 00", "E0 00 00", "B4 1C 30"}};
+        char const *m_elementWithAttribute, *m_attribute, *m_value, *m_chunk;
+    } const indices[] = {{17, "50", "10", "90", "B0 00"}, {65, "60 20", "40 00", "C0 00", "B0 30"}};
     CFastInfosetWriter writer;
     writer.WriteStartElement(Text(1), u"");
-    for (std::uint32_t i = 1; i <= 8'257; ++i) writer.WriteAttribute(Text(i), u"", Text(i));
-    for (std::uint32_t i = 1; i <= 8'257; ++i) writer.WriteText(Text(i));
-    for (std::uint32_t i = 2; i <= 8'257; ++i) Write(writer, "<" + ToUtf8(Text(i)) + " >");
+    for (std::uint32_t i = 1; i <= 65; ++i) writer.WriteAttribute(Text(i), u"", Text(i));
+    for (std::uint32_t i = 1; i <= 65; ++i) writer.WriteText(Text(i));
+    for (std::uint32_t i = 2; i <= 65; ++i) Write(writer, "<" + ToUtf8(Text(i)) + " >");
     for (auto const& [index, element, attribute, value, chunk] : indices) {
         writer.WriteStartElement(Text(index), u"");
         writer.WriteAttribute(Text(index), u"", Text(index));
@@ -287,19 +231,9 @@ TEST(CFastInfosetWriter, RefusesWhatHasNoUtf8Form) {
         Write(writer, "'v >");
         EXPECT_EQ(Hex(writer), Hex("7C 00'a' 78 00'k' 40'v' 00 FF 00 FF F0 90'v'"));
     }
-    std::function<void(CFastInfosetWriter&)> const calls[] = {
-        [&](auto& writer) { writer.AddNamespace(half, u"N"); },
-        [&](auto& writer) { writer.AddNamespace(u"p", half); },
-        [&](auto& writer) { writer.SetDefaultNamespace(half); },
-        [&](auto& writer) { writer.WriteStartElement(half, u""); },
-        [&](auto& writer) { writer.WriteStartElement(u"b", half); },
-        [&](auto& writer) { Write(writer, "<b"), writer.WriteAttribute(half, u"", u""); },
-        [&](auto& writer) { Write(writer, "<b"), writer.WriteAttribute(u"k", half, u""); },
-        [&](auto& writer) { Write(writer, "<b"), writer.WriteXsiType(half, u"T"); }};
-    for (auto const& call : calls) {
-        CFastInfosetWriter writer;
-        EXPECT_EQ(Thrown([&] { call(writer), Write(writer, "<c '"); }), message) << &call - calls;
-    }
+    CFastInfosetWriter writer;
+    writer.WriteStartElement(half, u"");
+    EXPECT_EQ(Thrown([&] { Write(writer, ">"); }), message);
 }
 
 TEST(CFastInfosetWriter, LimitsTheDepth) {
@@ -332,33 +266,6 @@ TEST(CFastInfosetWriter, AddsNothingToAFullTable) {
     append("<N|a > <N|a >", "F0 3F 81 81 80 F0 01");
     for (std::uint32_t i = 0; i < kMaxIndex; ++i) writer.WriteText(Text(i));
     append("'" + ToUtf8(Text(kMaxIndex - 1)) + " 'other 'other", "B8 0B FB EF 82 02'other' 82 02'other'");
-}
-
-void WriteTree(CFastInfosetWriter& writer, CXmlElement const& element) {
-    writer.WriteStartElement(element.GetLocalName(), element.GetNamespaceURI());
-    for (CXmlAttribute const* attribute : element.GetAttributes()) {
-        writer.WriteAttribute(attribute->GetLocalName(), attribute->GetNamespaceURI(), attribute->GetValue());
-    }
-    for (auto* child = element.GetFirstElement(); child != nullptr; child = child->GetNextSiblingElement()) {
-        WriteTree(writer, *child);
-    }
-    if (!element.GetText().empty()) writer.WriteText(element.GetText());
-    writer.WriteEndElement();
-}
-
-TEST(CFastInfosetWriter, WritesWholeDocuments) {
-    for (std::string const name : {"feed", "drawing", "envelope"}) {
-        std::ifstream file(BX_TEST_DATA "/" + name + ".finf", std::ios::binary);
-        std::string const golden(std::istreambuf_iterator<char>(file), {});
-        CXmlDocument document;
-        document.Load(FromUtf8(BX_TEST_DATA "/" + name + ".xml").c_str());
-        CFastInfosetWriter writer;
-        writer.WriteStartDocument(fi_Version10);
-        writer.AddNamespace(u"i", wstring(kXsiNamespace));
-        WriteTree(writer, *document.GetDocumentElement());
-        writer.WriteEndDocument();
-        EXPECT_EQ(Hex(writer), ToHex(golden)) << name;
-    }
 }
 
 }  // namespace

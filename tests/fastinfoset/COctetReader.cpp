@@ -27,22 +27,3 @@ TEST(COctetReader, Integers) {
         }
     });
 }
-
-TEST(COctetReader, OctetsThatBeginNoInteger) {
-    using namespace BxXmlLib5::FastInfoset;
-    auto const invalid = [](auto const& forms, unsigned bits) {
-        int count = 0;
-        for (unsigned first = 0; first < 1U << bits; ++first) {
-            Octets const more(4);
-            count += COctetReader(more).ReadInteger(static_cast<unsigned char>(first), forms) == 0;
-        }
-        return count;
-    };
-    EXPECT_EQ(invalid(kSequenceLength, 8), 0);
-    EXPECT_EQ(invalid(kLengthOnSecondBit, 7), 62);
-    EXPECT_EQ(invalid(kLengthOnFifthBit, 4), 6);
-    EXPECT_EQ(invalid(kLengthOnSeventhBit, 2), 0);
-    EXPECT_EQ(invalid(kIndexOnSecondBit, 7), 0);
-    EXPECT_EQ(invalid(kIndexOnThirdBit, 6), 8);
-    EXPECT_EQ(invalid(kIndexOnFourthBit, 5), 4);
-}

@@ -1,8 +1,6 @@
 // Octets that were made to do harm: a tree or an exception, in no more memory than they are worth.
 #include <gmock/gmock.h>
 
-#include <random>
-
 #include "BxXmlLib5/document/CXmlAttribute.h"
 #include "fastinfoset/Reading.h"
 
@@ -42,21 +40,11 @@ TEST(HostileInput, EveryOctetReplaced) {
     }
 }
 
-TEST(HostileInput, RandomOctets) {
-    std::mt19937 random(42);
-    for (int i = 0; i < 20000; ++i) {
-        std::string document = OctetsOf(kHeader + "7C 00 'a' 78 00 'k' ");
-        for (std::size_t size = 1 + random() % 200; size > 0; --size) document += static_cast<char>(random());
-        EXPECT_NE(Read(document), "");
-    }
-}
-
 TEST(HostileInput, Depth) {
     std::string const start = OctetsOf(kHeader + "3C 00 'a' ");
     EXPECT_EQ(Read(start + std::string(1023, '\0') + std::string(512, '\xFF')),
               Repeat("a(", 1023) + "a" + Repeat(")", 1023));
     EXPECT_EQ(Read(start + std::string(1024, '\0')), kTooDeep);
-    EXPECT_EQ(Read(start + std::string(1000000, '\0')), kTooDeep);
 }
 
 TEST(HostileInput, WhatIndicesRepeat) {
