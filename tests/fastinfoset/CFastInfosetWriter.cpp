@@ -1,11 +1,15 @@
 #include "fastinfoset/CFastInfosetWriter.h"
 
 #include <array>
+#include <fstream>
+#include <iterator>
 
+#include "BxXmlLib5/document/CXmlDocument.h"
 #include "fastinfoset/Integers.h"
 #include "fastinfoset/Octets.h"
 #include "fastinfoset/WriteInteger.h"
 #include "platform/Limits.h"
+#include "platform/StandardNamespaces.h"
 #include "support/Expect.h"
 #include "support/WriterScript.h"
 
@@ -266,6 +270,33 @@ TEST(CFastInfosetWriter, AddsNothingToAFullTable) {
     append("<N|a > <N|a >", "F0 3F 81 81 80 F0 01");
     for (std::uint32_t i = 0; i < kMaxIndex; ++i) writer.WriteText(Text(i));
     append("'" + ToUtf8(Text(kMaxIndex - 1)) + " 'other 'other", "B8 0B FB EF 82 02'other' 82 02'other'");
+}
+
+void WriteTree(CFastInfosetWriter& writer, CXmlElement const& element) {
+    writer.WriteStartElement(element.GetLocalName(), element.GetNamespaceURI());
+    for (CXmlAttribute const* attribute : element.GetAttributes()) {
+        writer.WriteAttribute(attribute->GetLocalName(), attribute->GetNamespaceURI(), attribute->GetValue());
+    }
+    for (auto* child = element.GetFirstElement(); child != nullptr; child = child->GetNextSiblingElement()) {
+        WriteTree(writer, *child);
+    }
+    if (!element.GetText().empty()) writer.WriteText(element.GetText());
+    writer.WriteEndElement();
+}
+
+TEST(CFastInfosetWriter, WritesWholeDocuments) {
+    for (std::string const name : {"feed", "drawing", "envelope"}) {
+        std::ifstream file(BX_TEST_DATA "/" + name + ".finf", std::ios::binary);
+        std::string const golden(std::istreambuf_iterator<char>(file), {});
+        CXmlDocument document;
+        document.Load(FromUtf8(BX_TEST_DATA "/" + name + ".xml").c_str());
+        CFastInfosetWriter writer;
+        writer.WriteStartDocument(fi_Version10);
+        writer.AddNamespace(u"i", wstring(kXsiNamespace));
+        WriteTree(writer, *document.GetDocumentElement());
+        writer.WriteEndDocument();
+        EXPECT_EQ(Hex(writer), ToHex(golden)) << name;
+    }
 }
 
 }  // namespace

@@ -1,6 +1,8 @@
 // Octets that were made to do harm: a tree or an exception, in no more memory than they are worth.
 #include <gmock/gmock.h>
 
+#include <random>
+
 #include "BxXmlLib5/document/CXmlAttribute.h"
 #include "fastinfoset/Reading.h"
 
@@ -37,6 +39,15 @@ TEST(HostileInput, EveryOctetReplaced) {
             document[at] = static_cast<char>(octet);
             EXPECT_NE(Read(document), "") << at << ' ' << octet;
         }
+    }
+}
+
+TEST(HostileInput, RandomOctets) {
+    std::mt19937 random(42);
+    for (int i = 0; i < 20000; ++i) {
+        std::string document = OctetsOf(kHeader + "7C 00 'a' 78 00 'k' ");
+        for (std::size_t size = 1 + random() % 200; size > 0; --size) document += static_cast<char>(random());
+        EXPECT_NE(Read(document), "");
     }
 }
 
