@@ -71,10 +71,8 @@ TEST(CDecimal, RefusesExponentsThatWouldFillTheMemory) {
         EXPECT_BX_THROW(Number(text), CBxOverFlowException,
                         std::string("The exponent of the Decimal [") + text + "] is too large");
     EXPECT_EQ(Text(Number("0.001e10003")), "1" + std::string(10000, '0'));
-    EXPECT_EQ(Text(Number("-1e-9999999999")), "0");
     Places const places(INT32_MAX);
-    for (char const* const text : {"1e-999999999", "1e-5000002", "1e-5000001"})
-        EXPECT_EQ(Text(Number(text)), "0") << text << ": the limit has a limit of its own";
+    EXPECT_EQ(Text(Number("1e-5000001")), "0") << "the limit has a limit of its own";
 }
 
 TEST(CDecimal, IsZeroOnceMovedFrom) {
@@ -127,7 +125,6 @@ TEST(CDecimal, ConvertsToNativeNumbers) {
         EXPECT_EQ(Number(text).ToLong(), rounded) << text;
         EXPECT_EQ(Number(text).ToLongLong(), cut) << text;
     }
-    EXPECT_EQ(Text(CBigInteger(Number("-2.51"))), "-3");
     Places const places(400);
     EXPECT_EQ(CDecimal(u"1e-320").ToDouble(), 1e-320);
     EXPECT_EQ(CDecimal(u"1e-390").ToDouble(), 0.0);
@@ -135,19 +132,19 @@ TEST(CDecimal, ConvertsToNativeNumbers) {
 }
 
 TEST(CDecimal, RefusesToConvertWhatIsTooLarge) {
+    CDecimal const most = Number("1.7e308");
     EXPECT_EQ(Number("2147483647.5").ToLong(), INT32_MAX);
     EXPECT_EQ(Number("-2147483648.5").ToLong(), INT32_MIN);
     EXPECT_EQ(Number("9223372036854775807.95").ToLongLong(), INT64_MAX);
     EXPECT_EQ(Number("-9223372036854775808.95").ToLongLong(), INT64_MIN);
-    EXPECT_EQ((Number("1.7e308") + CDecimal(0.5)).ToDouble(), 1.7e308);
+    EXPECT_EQ((most + CDecimal(0.5)).ToDouble(), 1.7e308);
     std::string const message = "The Decimal value if to large to fit into a ";
     for (char const* const text : {"2147483647.51", "-2147483648.51"})
         EXPECT_BX_THROW(Number(text).ToLong(), CBxOverFlowException, message + "LONG");
     for (char const* const text : {"9223372036854775807.96", "-9223372036854775808.96"})
         EXPECT_BX_THROW(Number(text).ToLongLong(), CBxOverFlowException, message + "LONGLONG");
-    for (int const sign : {1, -1})
-        EXPECT_BX_THROW((Number("1.7e308") * sign + sign).ToDouble(), CBxOverFlowException,
-                        message + "Double");
+    for (CDecimal const& value : {most + 1, most.GetNegative() - 1})
+        EXPECT_BX_THROW(value.ToDouble(), CBxOverFlowException, message + "Double");
 }
 
 TEST(CDecimal, Calculates) {

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <functional>
-#include <initializer_list>
 #include <random>
 #include <tuple>
 #include <utility>
@@ -90,14 +89,14 @@ std::string WithItself(T const& value) {
 
 /// Expects the six operators to see values in this order, and == to go by their texts.
 template <class T>
-void ExpectAscending(std::initializer_list<char const*> texts) {
-    for (auto const* i = texts.begin(); i != texts.end(); ++i) {
-        for (auto const* j = texts.begin(); j != texts.end(); ++j) {
-            SCOPED_TRACE(std::string(*i) + " and " + *j);
-            T const a = Number<T>(*i), b = Number<T>(*j);
+void ExpectAscending(std::vector<std::string> const& texts) {
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+        for (std::size_t j = 0; j < texts.size(); ++j) {
+            T const a = Number<T>(texts[i]), b = Number<T>(texts[j]);
+            bool const isEqual = Text(a) == Text(b);
             EXPECT_TRUE((a < b) == (i < j) && (a > b) == (i > j) && (a <= b) == (i <= j) &&
-                        (a >= b) == (i >= j));
-            EXPECT_TRUE((a == b) == (Text(a) == Text(b)) && (a != b) == (Text(a) != Text(b)));
+                        (a >= b) == (i >= j) && (a == b) == isEqual && (a != b) != isEqual)
+                << texts[i] << " and " << texts[j];
         }
     }
 }
