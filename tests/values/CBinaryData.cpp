@@ -38,7 +38,7 @@ CBinaryData FromHex(std::u16string_view text) {
 }
 
 CBinaryData FromBase64(std::u16string_view text) {
-    CBinaryData data = Of("replaced");
+    CBinaryData data;
     data.SetAsBase64(text);
     return data;
 }

@@ -55,21 +55,11 @@ TEST(CDateTimeSpan, FieldsAreSetAndRead) {
 }
 
 TEST(CDateTimeSpan, TheOrderIsThatOfTheSumsWithFourInstants) {
-    // XML Schema Part 2, 3.2.6.2, and more
-    ExpectOrder(Span, {"P1Y > P364D",  "P1Y ? P365D", "P1Y ? P366D",
-                       "P1Y < P367D",  "P1M > P27D",  "P1M ? P28D",
-                       "P1M ? P31D",   "P1M < P32D",  "P5M > P149D",
-                       "P5M ? P150D",  "P5M ? P153D", "P5M < P154D",
-                       "P2M ? P62D",   "P8M ? P245D", "P6M ? P5M29D",
-                       "P1M ? P30D",   "P1Y = P12M",  "-P1D < P1D",
-                       "-P2D < -P1D",  "-P0D = P0D",  "PT1.1S < PT1.100000001S",
-                       "P40000Y ? P1D"});
-    // Each text with the operators that hold between P1M and it
-    for (auto const& [right, expected] :
-         {std::pair{"P31D", "!="}, {"P1M", "=="}, {"P32D", "!= <"}, {"P27D", "!= >"}}) {
-        CDateTimeSpan const a = Span("P1M"), b = Span(right);
-        std::string result = a == b ? "==" : "";
-        result.append(a != b ? "!=" : "").append(a < b ? " <" : "").append(a > b ? " >" : "");
-        EXPECT_EQ(result, expected) << right;
-    }
+    // XML Schema Part 2, 3.2.6.2
+    ExpectOrder(Span,
+                {"P1Y > P364D", "P1Y ? P365D", "P1Y ? P366D", "P1Y < P367D", "P1M > P27D", "P1M ? P28D",
+                 "P1M ? P31D", "P1M < P32D", "P5M > P149D", "P5M ? P150D", "P5M ? P153D", "P5M < P154D"});
+    // and more
+    ExpectOrder(Span, {"P2M ? P62D", "P8M ? P245D", "P6M ? P5M29D", "P1Y = P12M", "-P1D < P1D", "-P2D < -P1D",
+                       "-P0D = P0D", "PT1.1S < PT1.100000001S", "P40000Y ? P1D"});
 }

@@ -176,8 +176,9 @@ TEST(CDecimal, StepsAndChangesItsSign) {
 TEST(CDecimal, OrdersByIntegerPartThenFraction) {
     ExpectAscending<CDecimal>(
         {"-1e30", "-1.5", "-1.05", "-1", "-0.25", "-0.0", "0", "0.05", "0.3", "0.35", "1", "1e30"});
-    // -1 with a fraction in its text, and as a result.
-    for (CDecimal const& other : {CDecimal(u"-1.00"), CDecimal(u"-0.5") * CDecimal(2)})
+    // -1 with a fraction in its text, and as results.
+    for (CDecimal const& other :
+         {CDecimal(u"-1.00"), CDecimal(1).GetNegative(), CDecimal(u"-0.5") * CDecimal(2)})
         EXPECT_TRUE(other == CDecimal(-1) && other <= CDecimal(-1) && other >= CDecimal(-1));
 }
 
