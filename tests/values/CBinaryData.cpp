@@ -172,9 +172,9 @@ TEST(Hex, RefusesAllButPairsOfDigits) {
         {u"0\x130", "İ"}, {u"\xD800\xDC00", "?"}, {u"0\x1F", "?"}, {u"0\x7F", "?"}, {u"\2370", "?"},
         {u"0\u00E9", "é"}};
     CBinaryData data = Of("stays");
-    for (auto const& [text, character] : rows)
-        EXPECT_BX_THROW(data.SetAsHexString(text), CBxException,
-                        "Invalid char in hex string [" + character + "]");
+    for (auto const& row : rows)
+        EXPECT_BX_THROW(data.SetAsHexString(row.first), CBxException,
+                        "Invalid char in hex string [" + row.second + "]");
     EXPECT_EQ(TextOf(data), "stays");
 }
 
@@ -222,19 +222,21 @@ TEST(ByteEncoding, RendersValues) {
 }
 
 TEST(ByteEncoding, RefusesPartsOfValues) {
-    std::tuple<ByteEncoding, std::string, std::string> const rows[] = {
-        {be_Short, "xyA", "[A] for SHORT"},
-        {be_Int, "wxyzABC", "[A] for INT"},
-        {be_Long, "01234567ABCDEFG", "[A] for LONG"},
-        {be_Float, "wxyzABC", "[A] for FLOAT"},
-        {be_Double, "01234567ABCDEFG", "[A] for DOUBLE"},
-        {be_UUID, "0123456789abcdefA", "[A] for UUID"},
-        // More unused bits than the last octet has
-        {be_Boolean, "Q", "[Q] for BOOLEAN"},
-        {be_Boolean, "\x80\xFF", "[?] for BOOLEAN"}};
-    for (auto const& [encoding, octets, place] : rows)
-        EXPECT_BX_THROW(Of(octets).GetAsString(encoding), CBxException,
-                        "Invalid value " + place + " byte encoding.");
+    struct {
+        ByteEncoding encoding;
+        std::string octets, place;
+    } const rows[] = {{be_Short, "xyA", "[A] for SHORT"},
+                      {be_Int, "wxyzABC", "[A] for INT"},
+                      {be_Long, "01234567ABCDEFG", "[A] for LONG"},
+                      {be_Float, "wxyzABC", "[A] for FLOAT"},
+                      {be_Double, "01234567ABCDEFG", "[A] for DOUBLE"},
+                      {be_UUID, "0123456789abcdefA", "[A] for UUID"},
+                      // More unused bits than the last octet has
+                      {be_Boolean, "Q", "[Q] for BOOLEAN"},
+                      {be_Boolean, "\x80\xFF", "[?] for BOOLEAN"}};
+    for (auto const& row : rows)
+        EXPECT_BX_THROW(Of(row.octets).GetAsString(row.encoding), CBxException,
+                        "Invalid value " + row.place + " byte encoding.");
     EXPECT_BX_THROW(Of("ab").GetAsString(static_cast<ByteEncoding>(-1)), CBxException,
                     "Unknown byte encoding.");
 }
@@ -258,13 +260,16 @@ TEST(Compression, GivesACompleteStream) {
 }
 
 TEST(Compression, RefusesWhatDoesNotShrink) {
-    std::tuple<CompressionType, std::size_t, std::string> const rows[] = {
-        {cmp_GZip, 0, "-5"}, {cmp_GZip, 3, "-5"}, {cmp_ZLib, 3, "0"}, {cmp_GZip, 1000, "0"}};
-    for (auto const& [type, length, code] : rows) {
-        std::string const octets = Random(length);
+    struct {
+        CompressionType type;
+        std::size_t length;
+        std::string code;
+    } const rows[] = {{cmp_GZip, 0, "-5"}, {cmp_GZip, 3, "-5"}, {cmp_ZLib, 3, "0"}, {cmp_GZip, 1000, "0"}};
+    for (auto const& row : rows) {
+        std::string const octets = Random(row.length);
         CBinaryData data = Of(octets);
-        EXPECT_BX_THROW(data.CompressData(type), CBxException,
-                        "Failed to compress data. [Error Code: " + code + "]");
+        EXPECT_BX_THROW(data.CompressData(row.type), CBxException,
+                        "Failed to compress data. [Error Code: " + row.code + "]");
         EXPECT_EQ(TextOf(data), octets);
     }
 }
@@ -281,10 +286,10 @@ TEST(CBinaryData, WritesFiles) {
     expect("first, and longer", enc_UTF8, "first, and longer");
     expect("octets", enc_UTF16, "\xFF\xFEoctets");
     expect("", enc_UTF16NoDeclaration, "\xFF\xFE");
-    for (auto const& [name, error] :
-         {std::pair{folder, "15"}, {folder + "/missing/file", "02"}, {"/dev/full"s, "1C"}})
-        EXPECT_BX_THROW(Of("octets").ToFile(FromUtf8(name).c_str(), enc_UTF16), CBxException,
-                        "Failed to write data to the file [" + name + "] error [0x000000" + error + "]");
+    for (auto const& row : {std::pair{folder, "15"}, {folder + "/missing/file", "02"}, {"/dev/full"s, "1C"}})
+        EXPECT_BX_THROW(
+            Of("octets").ToFile(FromUtf8(row.first).c_str(), enc_UTF16), CBxException,
+            "Failed to write data to the file [" + row.first + "] error [0x000000" + row.second + "]");
     std::filesystem::remove_all(folder);
 }
 

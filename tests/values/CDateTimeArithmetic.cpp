@@ -59,12 +59,13 @@ TEST(CDateTimeArithmetic, TheYearMayLeaveItsRangeButNot16Bits) {
     CDateTimeSpan const most(65535, UINT32_MAX, UINT32_MAX, UINT32_MAX, UINT64_MAX, UINT64_MAX);
     CDateTimeSpan const seconds(0, 0, UINT64_MAX);
     CDateTime date = Date("2001-01-01T10:00:00");
-    for (auto const& [span, year] : {std::pair{Span("P30767Y"), "32768"},
-                                     {Span("-P34770Y"), "-32769"},
-                                     {most, "2147483647"},
-                                     {most.GetAsNegative(), "-2147483648"}})
-        EXPECT_BX_THROW(date += span, CBxInvalidValueException,
-                        std::string("Invalid Year [") + year + "] (-9999 <= year <= 9999 && year != 0)");
+    for (auto const& row : {std::pair{Span("P30767Y"), "32768"},
+                            {Span("-P34770Y"), "-32769"},
+                            {most, "2147483647"},
+                            {most.GetAsNegative(), "-2147483648"}})
+        EXPECT_BX_THROW(
+            date += row.first, CBxInvalidValueException,
+            std::string("Invalid Year [") + row.second + "] (-9999 <= year <= 9999 && year != 0)");
     EXPECT_EQ(Text(date), "2001-01-01T10:00:00");
     EXPECT_EQ(Text(Date("10:00:00") + seconds), "17:00:15");
     EXPECT_EQ(Text(Date("10:00:00") - seconds), "02:59:45");

@@ -49,10 +49,10 @@ void ExpectRead(Values const& rows) {
 /// Texts of no number, each with the place of the character that makes it none.
 template <class T>
 void ExpectRefused(Values const& rows) {
-    for (auto const& [text, at] : rows)
-        EXPECT_BX_THROW(Number<T>(text), CBxInvalidValueException,
-                        "The string representing a Decimal, contained an invalid char at position " + at +
-                            " [" + text + "]");
+    for (auto const& row : rows)
+        EXPECT_BX_THROW(Number<T>(row.first), CBxInvalidValueException,
+                        "The string representing a Decimal, contained an invalid char at position " +
+                            row.second + " [" + row.first + "]");
 }
 
 // The assigning forms of the operators that <functional> has.
@@ -82,9 +82,9 @@ std::string Results(T const& a, T const& b, Operators... operators) {
 /// What the assigning operators make of a number that is both operands.
 template <class T>
 std::string WithItself(T const& value) {
-    T sum = value, difference = value, product = value, quotient = value;
-    return Text(sum += sum) + ' ' + Text(difference -= difference) + ' ' + Text(product *= product) + ' ' +
-           Text(quotient /= quotient);
+    auto const apply = [](T a, auto assign) { return Text(assign(a, a)); };
+    return apply(value, kAdd) + ' ' + apply(value, kSubtract) + ' ' + apply(value, kMultiply) + ' ' +
+           apply(value, kDivide);
 }
 
 /// Expects the six operators to see values in this order, and == to go by their texts.
