@@ -26,10 +26,9 @@ CBigInteger Random(std::mt19937& random) {
 
 template <class Native>
 void ExpectLimits(CBigInteger const& least, CBigInteger const& most) {
-    using Limits = std::numeric_limits<Native>;
-    EXPECT_EQ(static_cast<Native>(least), Limits::min());
-    EXPECT_EQ(static_cast<Native>(most), Limits::max());
-    EXPECT_EQ(Text(CBigInteger(Limits::min())), std::to_string(Limits::min()));
+    EXPECT_EQ(static_cast<Native>(least), std::numeric_limits<Native>::min());
+    EXPECT_EQ(static_cast<Native>(most), std::numeric_limits<Native>::max());
+    EXPECT_EQ(CBigInteger(std::numeric_limits<Native>::min()), least);
     for (CBigInteger const& beyond : {least - CBigInteger(1), most + CBigInteger(1)})
         EXPECT_BX_THROW(static_cast<Native>(beyond), CBxInvalidValueException,
                         "ERROR: Domain in operator int()!");
@@ -44,11 +43,11 @@ protected:
 }  // namespace
 
 TEST(CBigInteger, ReadsText) {
-    Values const values = {
-        {"", "0"},       {"\t", "0"},    {"-", "-0"},     {"+ -", "0"},    {"-0", "-0"},      {"007", "7"},
-        {"+5", "5"},     {"- 5", "-5"},  {"+-5", "5"},    {"-+5", "-5"},   {"\t-5", "5"},     {" \n-5", "5"},
-        {"  -1 ", "-1"}, {"1-2", "2"},   {"1 2", "2"},    {"-1+2", "-2"},  {"12\t\n ", "12"}, {"12.5", "12"},
-        {"-2.51", "-3"}, {"-0.3", "-0"}, {"1e3", "1000"}, {"1 2.0", "12"}, {"12-.", "-12"}};
+    Values const values = {{"", "0"},       {"-", "-0"},       {"+ -", "0"},    {"-0", "-0"},
+                           {"007", "7"},    {"+5", "5"},       {"+-5", "5"},    {"-+5", "-5"},
+                           {"\t-5", "5"},   {"  -1 ", "-1"},   {"1-2", "2"},    {"1 2", "2"},
+                           {"-1+2", "-2"},  {"12\t\n ", "12"}, {"-2.51", "-3"}, {"-0.3", "-0"},
+                           {"1e3", "1000"}, {"1 2.0", "12"}};
     ExpectRead<CBigInteger>(values);
     EXPECT_EQ(Text(CBigInteger(u"-1234567890")), "-1234567890");
     std::string const million = "-" + std::string(1'000'000, '7');
@@ -56,21 +55,23 @@ TEST(CBigInteger, ReadsText) {
 }
 
 TEST(CBigInteger, RefusesTextWithThePositionOfItsCharacter) {
-    std::vector<Refused> const rows = {{"abc", 0},  {"1x", 1},    {"12-", 2},
-                                       {"12 -", 3}, {"1-2+ ", 3}, {" 1.2-", 4}};
-    ExpectRefused<CBigInteger>(rows);
+    ExpectRefused<CBigInteger>({{"1x", "1"}, {"12 -", "3"}, {"1-2+ ", "3"}, {" 1.2-", "4"}});
     CBigInteger value(5);
     EXPECT_THROW(value.Parse(u"5-"), CBxInvalidValueException);
     EXPECT_EQ(Text(value), "5");
 }
 
 TEST(CBigInteger, TakesNativeNumbers) {
-    std::pair<double, std::string> const rows[] = {{0.0, "0"}, {-0.3, "-0"}, {0.6, "1"},  {2.5, "2"},
-                                                   {3.5, "3"}, {-2.5, "-2"}, {-2.6, "-3"}};
+    std::pair<double, std::string> const rows[] = {{0.0, "0"},
+                                                   {-0.3, "-0"},
+                                                   {0.49999999999999994, "0"},
+                                                   {2251799813685249.5, "2251799813685249"},
+                                                   {2.5, "2"},
+                                                   {-3.5, "-3"},
+                                                   {-2.6, "-3"},
+                                                   {-1e23, "-99999999999999991611392"}};
     for (auto const& [value, text] : rows) EXPECT_EQ(Signed(CBigInteger(value)), text);
-    EXPECT_EQ(Text(CBigInteger(0.49999999999999994)), "0");
-    EXPECT_EQ(Text(CBigInteger(2251799813685249.5)), "2251799813685249");
-    EXPECT_EQ(Text(CBigInteger(-1e23)), "-99999999999999991611392");
+    EXPECT_EQ(Text(CBigInteger(1.7e308)).size(), 309u);
     for (double const none : {HUGE_VAL, -HUGE_VAL, std::nan("")})
         EXPECT_BX_THROW(CBigInteger(none), CBxInvalidValueException,
                         "ERROR: Domain in function BuildDouble()!");
@@ -86,11 +87,10 @@ TEST(CBigInteger, HasTheLimitsOfTheNativeTypes) {
 
 TEST(CBigInteger, CalculatesWithSigns) {
     std::tuple<std::string, std::string, std::string> const rows[] = {
-        {"7", "2", "9 5 14 3 1"},     {"-7", "2", "-5 -9 -14 -3 -1"}, {"7", "-2", "5 9 -14 -3 !"},
-        {"-7", "-2", "-9 -5 14 3 !"}, {"2", "7", "9 -5 14 0 2"},      {"2", "-7", "-5 9 -14 -0 !"},
-        {"5", "-5", "0 10 -25 -1 !"}, {"-4", "2", "-2 -6 -8 -2 -0"},  {"-5", "0", "-5 -5 -0 ! !"},
-        {"0", "0", "0 0 0 ! !"},      {"-0", "0", "0 -0 -0 ! !"},     {"-0", "-0", "-0 0 0 ! !"},
-        {"-0", "3", "3 -3 -0 0 0"},   {"0", "-3", "-3 3 -0 0 !"}};
+        {"7", "2", "9 5 14 3 1"},      {"-7", "2", "-5 -9 -14 -3 -1"}, {"7", "-2", "5 9 -14 -3 !"},
+        {"-7", "-2", "-9 -5 14 3 !"},  {"2", "-7", "-5 9 -14 -0 !"},   {"5", "-5", "0 10 -25 -1 !"},
+        {"-4", "2", "-2 -6 -8 -2 -0"}, {"-5", "0", "-5 -5 -0 ! !"},    {"-0", "0", "0 -0 -0 ! !"},
+        {"-0", "-0", "-0 0 0 ! !"},    {"-0", "3", "3 -3 -0 0 0"}};
     auto const remain = [](CBigInteger& a, CBigInteger const& b) { return a %= b; };
     for (auto const& [left, right, results] : rows) {
         SCOPED_TRACE(left + " and " + right);
@@ -101,23 +101,22 @@ TEST(CBigInteger, CalculatesWithSigns) {
         EXPECT_EQ(Results(a, b, kDivide, remain), b > CBigInteger(0) ? quotients : "! !");
     }
     EXPECT_EQ(Text(CBigInteger(999999999) + CBigInteger(1)), "1000000000");
-    ExpectOwnOperand(CBigInteger(u"12345678901234567890"));
+    EXPECT_EQ(WithItself(CBigInteger(1111111111)), "2222222222 0 1234567900987654321 1");
 }
 
 TEST(CBigInteger, RefusesDivisorsThatAreNotPositive) {
     CBigInteger a(3);
-    CBigInteger const zero;
-    EXPECT_BX_THROW(a / zero, CBxInvalidValueException, "ERROR: Overflow in operator/!");
-    EXPECT_BX_THROW(a % zero, CBxInvalidValueException, "ERROR: Overflow in operator%!");
-    EXPECT_BX_THROW(a /= zero, CBxInvalidValueException, "ERROR: Overflow in operator /=!");
-    EXPECT_BX_THROW(a %= zero, CBxInvalidValueException, "ERROR: Overflow in operator%=!");
+    EXPECT_BX_THROW(a / CBigInteger(), CBxInvalidValueException, "ERROR: Overflow in operator/!");
+    EXPECT_BX_THROW(a % CBigInteger(), CBxInvalidValueException, "ERROR: Overflow in operator%!");
+    EXPECT_BX_THROW(a /= CBigInteger(), CBxInvalidValueException, "ERROR: Overflow in operator /=!");
+    EXPECT_BX_THROW(a %= CBigInteger(), CBxInvalidValueException, "ERROR: Overflow in operator%=!");
     EXPECT_EQ(Text(a), "3");
 }
 
 TEST(CBigInteger, ChangesItsSign) {
     CBigInteger a(7);
-    CBigInteger const b = -a;
-    EXPECT_EQ(Text(a) + Text(b) + Text(b.GetAbs()) + Text(b.GetNegative()) + Text(b), "-7-777-7");
+    EXPECT_EQ(Text(-a), "-7");
+    EXPECT_EQ(Text(a) + Text(a.GetAbs()) + Text(a.GetNegative()) + Text(a), "-777-7");
     a.Abs();
     EXPECT_EQ(Text(a), "7");
 }
@@ -148,21 +147,18 @@ TEST(CBigInteger, DividesWhereEstimatesAreOff) {
         for (unsigned more : {1u, 9u, 40u, 361u, 500u, 2000u}) {
             CBigInteger const power = CBigInteger::Pow10(size), quotient = CBigInteger::Pow10(more) - one;
             for (CBigInteger const& divisor : {power + one, power + power - one, CBigInteger(5) * power}) {
-                SCOPED_TRACE(Text(divisor) + " " + std::to_string(more));
-                CBigInteger const product = quotient * divisor;
-                EXPECT_EQ(Results(product, divisor, std::divides(), std::modulus()), Text(quotient) + " 0");
-                EXPECT_EQ(Results(product - one, divisor, std::divides(), std::modulus()),
-                          Text(quotient - one) + ' ' + Text(divisor - one));
+                CBigInteger const product = quotient * divisor, below = product - one;
+                EXPECT_TRUE(product / divisor == quotient && product % divisor == CBigInteger(0) &&
+                            below / divisor == quotient - one && below % divisor == divisor - one)
+                    << Text(divisor) << " " << more;
             }
         }
     }
 }
 
 TEST(CBigInteger, TakesSquareRoots) {
-    for (int root = 1; root < 200; ++root) {
-        EXPECT_EQ(Text(CBigInteger(root * root).SquareRoot()), std::to_string(root));
+    for (int root = 1; root < 50; ++root)
         EXPECT_EQ(Text(CBigInteger(root * root + 2 * root).SquareRoot()), std::to_string(root));
-    }
     EXPECT_BX_THROW(Number("-0").SquareRoot(), CBxInvalidValueException, "ERROR: Overflow in operator/!");
     EXPECT_BX_THROW(CBigInteger(-1).SquareRoot(), CBxInvalidValueException,
                     "ERROR: Negative Number in function SquareRoot()!");
@@ -171,20 +167,18 @@ TEST(CBigInteger, TakesSquareRoots) {
 TEST_F(CBigIntegerDigits, AreCalculatedWith) {
     Digits const a{5, 4, 3, 2, 1, 9, 8, 7, 6, 5, 4}, b{8, 9};  // 45678912345 and 98
     Digits result{7, 7}, rest;
-    auto const expect = [&](Digits const& wanted) { EXPECT_EQ(result, wanted); };
+    auto const expect = [&result](Digits const& wanted) { EXPECT_EQ(result, wanted); };
     EXPECT_EQ(ToString(), u"-98");
     Build(120u, result), expect({0, 2, 1});
     BuildDWORDLONG(UINT64_MAX, result), expect({5, 1, 6, 1, 5, 5, 9, 0, 7, 3, 7, 0, 4, 4, 7, 6, 4, 4, 8, 1});
     BuildDouble(12.5, result), expect({2, 1});
     Build(wstring(u"5x0120"), result), expect({0, 2, 1});
-    Build(wstring(u"x"), result), expect({0});
     EXPECT_EQ(Compare(b, {9, 8}), 1);
     Add(a, b, result), expect({3, 4, 4, 2, 1, 9, 8, 7, 6, 5, 4});
     Subtract(a, b, result), expect({7, 4, 2, 2, 1, 9, 8, 7, 6, 5, 4});
-    Multiply(a, u'\3', result), expect({5, 3, 0, 7, 3, 7, 6, 3, 0, 7, 3, 1});
+    Multiply(b, u'\3', result), expect({4, 9, 2});
     Multiply(b, b, result), expect({4, 0, 6, 9});
     ShiftLeft(result = b, 2), expect({0, 0, 8, 9});
-    ShiftLeft(result = b, -1), expect(b);
     EXPECT_EQ(Position(a) + Position({}), 11 + 1);
     Pow10(3, result), expect({0, 0, 0, 1});
     Divide(result = a, rest = b, result, rest), expect({0, 5, 3, 1, 1, 1, 6, 6, 4});

@@ -38,7 +38,7 @@ CBinaryData FromHex(std::u16string_view text) {
 }
 
 CBinaryData FromBase64(std::u16string_view text) {
-    CBinaryData data = Of("replaced");
+    CBinaryData data;
     data.SetAsBase64(text);
     return data;
 }
@@ -65,12 +65,10 @@ TEST(CBinaryData, TellsNoHolderFromNoOctets) {
     appended.Append(CBinaryData());
     for (CBinaryData const& data : {CBinaryData(), cleared, moved}) {
         EXPECT_TRUE(data == CBinaryData() && CBinaryData() == data && !(data == kNoOctets));
-        EXPECT_EQ(data.GetString() + data.GetAsHexString() + data.GetAsBase64() + data.GetAsString(be_Int),
-                  u"");
+        EXPECT_EQ(data.GetString() + data.GetAsString(be_Int), u"");
     }
-    for (CBinaryData const& data :
-         {CBinaryData(u""), CBinaryData(static_cast<char16_t*>(nullptr)), appended,
-          CBinaryData(nullptr, 5, false), CBinaryData(nullptr, 5, true), FromHex(u"")})
+    for (CBinaryData const& data : {CBinaryData(u""), CBinaryData(static_cast<char16_t*>(nullptr)), appended,
+                                    CBinaryData(nullptr, 5, false), CBinaryData(nullptr, 5, true)})
         EXPECT_TRUE(data == kNoOctets && !(data == CBinaryData()) && !(CBinaryData() == data));
     EXPECT_TRUE(Of("ab") == Of("ab") && Of("ab") != Of("aB") && Of("ab") != Of("abc"));
 }
@@ -82,7 +80,6 @@ TEST(CBinaryData, SharesUntilOneChanges) {
         {[](auto& data) { data.Append(data); }, "octetsoctets"},
         {[](auto& data) { data[0] = 'O'; }, "Octets"},
         {[](auto& data) { data.SetBuffer(data.GetData() + 2, 3); }, "tet"},
-        {[](auto& data) { data.SetAsHexString(u"41"); }, "A"},
         {[](auto& data) { delete[] data.ReleaseData(); }, ""},
         {[](auto& data) { data.CompressData(cmp_None); }, "octets"},
         {[](auto& data) { data.GetExclusiveDataHolder(); }, "octets"}};
@@ -101,15 +98,11 @@ TEST(CBinaryData, SharesUntilOneChanges) {
 TEST(CBinaryData, ChangesInPlaceWhatItAloneHolds) {
     CBinaryData data = Of("octets");
     unsigned char const* const place = data.GetData();
-    { CBinaryData const copy = data; }
     data[5] = '?';
-    data.Append(u"");
     EXPECT_EQ(data.CompressData(cmp_None).GetData(), place);
     CBinaryData const copy = data;
     EXPECT_EQ(copy[5], '?');
-    EXPECT_EQ(copy.GetData(), place);
     EXPECT_BX_THROW(data[6], CBxException, "Index Out of range [6]");
-    EXPECT_BX_THROW(copy[70000], CBxException, "Index Out of range [70000]");
     EXPECT_EQ(data.GetData(), place);
 }
 
@@ -150,7 +143,6 @@ TEST(CBinaryData, TakesAndGivesBuffers) {
     EXPECT_EQ(TextOf(data), "abcd");
     unsigned char* const given = data.GetData();
     EXPECT_EQ(std::unique_ptr<unsigned char[]>(data.ReleaseData()).get(), given);
-    EXPECT_EQ(data, kNoOctets);
     EXPECT_EQ(CBinaryData().ReleaseData(), nullptr);
     data.Append(u"x");
     EXPECT_EQ(data, CBinaryData(u"x"));
@@ -158,12 +150,10 @@ TEST(CBinaryData, TakesAndGivesBuffers) {
 
 TEST(CBinaryData, HoldsTheUnitsOfText) {
     CBinaryData data(u"\x0141z");
-    data.Append(static_cast<char16_t const*>(nullptr));
     data.Append(u"\xFFFF");
     data.Append(static_cast<unsigned char>('!'));
     EXPECT_EQ(TextOf(data), "\x41\x01z\0\xFF\xFF!"s);
     EXPECT_EQ(data.GetString(), u"\x0141z\xFFFF");
-    EXPECT_EQ(data.GetAsString(be_Text), data.GetString());
 }
 
 TEST(Hex, GoesBothWays) {
@@ -171,36 +161,29 @@ TEST(Hex, GoesBothWays) {
         CBinaryData const data = Of(std::string{static_cast<char>(octet), 'o'});
         wstring const upper = FormatString(u"%02X6F", octet);
         EXPECT_EQ(data.GetAsHexString(), upper);
-        EXPECT_EQ(data.GetAsString(be_Hex), upper);
         EXPECT_EQ(FromHex(upper), data);
         EXPECT_EQ(FromHex(FormatString(u"%02x6f", octet)), data);
     }
 }
 
 TEST(Hex, RefusesAllButPairsOfDigits) {
-    struct {
-        std::u16string_view text;
-        std::string character;
-    } const rows[] = {{u"0G", "G"},     {u"gH", "g"},           {u"0", "?"},       {u"G", "G"},
-                      {u"000g", "g"},   {u"0 00", " "},         {u"0:", ":"},      {u"@0", "@"},
-                      {u"0\x130", "İ"}, {u"\xD800\xDC00", "?"}, {u"00\0G"sv, "?"}, {u"0\x7F", "?"},
-                      {u"\2370", "?"},  {u"0\u00E9", "é"}};
+    std::pair<std::u16string_view, std::string> const rows[] = {
+        {u"0G", "G"},     {u"gH", "g"},           {u"0", "?"},     {u"G", "G"},     {u"0 00", " "},
+        {u"0\x130", "İ"}, {u"\xD800\xDC00", "?"}, {u"0\x1F", "?"}, {u"0\x7F", "?"}, {u"\2370", "?"},
+        {u"0\u00E9", "é"}};
     CBinaryData data = Of("stays");
-    for (auto const& row : rows) {
-        EXPECT_BX_THROW(data.SetAsHexString(row.text), CBxException,
-                        "Invalid char in hex string [" + row.character + "]");
-    }
+    for (auto const& row : rows)
+        EXPECT_BX_THROW(data.SetAsHexString(row.first), CBxException,
+                        "Invalid char in hex string [" + row.second + "]");
     EXPECT_EQ(TextOf(data), "stays");
 }
 
 void ExpectBase64(CBinaryData const& data, wstring const& text) {
     EXPECT_EQ(data.GetAsBase64(), text);
-    EXPECT_EQ(data.GetAsString(be_Base64), text);
     EXPECT_EQ(FromBase64(text), data);
 }
 
 TEST(Base64, GoesBothWays) {
-    ExpectBase64(FromHex(u"FBF0"), u"+/A=");
     ExpectBase64(FromHex(u"00108310518720928B30D38F41149351559761969B71D79F"
                          u"8218A39259A7A29AABB2DBAFC31CB3D35DB7E39EBBF3DFBF"),
                  u"ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/");
@@ -212,26 +195,24 @@ TEST(Base64, GoesBothWays) {
 TEST(Base64, IsReadLeniently) {
     std::pair<std::string_view, std::vector<std::u16string_view>> const rows[] = {
         {"f", {u"Zg", u"=Z===g", u"Zh", u"\x00DA\x01E7\xFFBD\x00BD"}},
-        {"foo", {u"Zm9v", u"Zm9vY"}},
         {"foobar", {u"Zm9v=YmFy", u"Z=m9v=YmF=y="}},
-        {"fo\x19\x9B", {u"Zm8=Zm8="}},
         {"f\6f\366\366&\27", {u"Zg==Zm9vYmFy"}},
-        {"", {u"Z", u"=", u" Zm9v", u"Zm9v ", u"Zm 9v", u"Zm9v\0"sv, u"Zm9v\x0120"}},
+        {"", {u"Z", u" Zm9v", u"Zm9v ", u"Zm 9v", u"Zm9v\0"sv, u"Zm9v\x0120"}},
     };
     for (auto const& [octets, texts] : rows)
         for (auto const text : texts) EXPECT_EQ(FromBase64(text), Of(octets)) << ToUtf8(text);
-    int accepted = 0;
-    for (char16_t c = 0; c < 0x80; ++c) accepted += FromBase64(u"Zm9"s + c).GetLength() != 0;
-    EXPECT_EQ(accepted, 64 + 1);
 }
 
 TEST(ByteEncoding, RendersValues) {
     std::tuple<ByteEncoding, wstring, wstring> const rows[] = {
+        {be_Text, u"0141FFFF", u"\x4101\xFFFF"},
+        {be_Hex, u"0aff", u"0AFF"},
+        {be_Base64, u"FBF0", u"+/A="},
         {be_Short, u"0001FFFF7FFF8000", u"1 -1 32767 -32768"},
-        {be_Int, u"7FFFFFFF8000000000000102", u"2147483647 -2147483648 258"},
+        {be_Int, u"8000000000000102", u"-2147483648 258"},
         {be_Long, u"01020304050607088000000000000000", u"72623859790382856 -9223372036854775808"},
-        {be_Float, u"BF0000003DCCCCCD40490FDBFFC0000080000000", u"-0.5 0.1 3.141593 NaN -0"},
-        {be_Double, u"400921FB54442D184341C37937E08000FFF0000000000000", u"3.141592653589793 1e+16 -INF"},
+        {be_Float, u"3DCCCCCD40490FDBFFC00000", u"0.1 3.141593 NaN"},
+        {be_Double, u"400921FB54442D18FFF0000000000000", u"3.141592653589793 -INF"},
         {be_UUID, wstring(64, u'A'), wstring(32, u'A') + u' ' + wstring(32, u'A')},
         {be_Boolean, u"20B0", u"false false false false true false true true false false"},
         {be_Boolean, u"7A80", u"true false true false true"},
@@ -241,25 +222,21 @@ TEST(ByteEncoding, RendersValues) {
 }
 
 TEST(ByteEncoding, RefusesPartsOfValues) {
-    auto const expect = [](std::string const& octets, ByteEncoding encoding, std::string const& form,
-                           std::string const& character) {
-        EXPECT_BX_THROW(Of(octets).GetAsString(encoding), CBxException,
-                        "Invalid value [" + character + "] for " + form + " byte encoding.");
-    };
-    std::tuple<ByteEncoding, std::size_t, std::string> const rows[] = {
-        {be_Short, 2, "SHORT"}, {be_Int, 4, "INT"},       {be_Long, 8, "LONG"},
-        {be_Float, 4, "FLOAT"}, {be_Double, 8, "DOUBLE"}, {be_UUID, 16, "UUID"}};
-    for (auto const& [encoding, size, form] : rows) {
-        for (std::size_t rest = 1; rest < size; ++rest) {
-            expect(std::string(rest, 'A'), encoding, form, "A");
-            expect(std::string(size, 'x') + std::string(rest, 'A'), encoding, form, "A");
-        }
-    }
-    expect("\x01", be_Short, "SHORT", "?");
-    // More unused bits than the last octet has.
-    expect("Q", be_Boolean, "BOOLEAN", "Q");
-    expect("\x80\xFF", be_Boolean, "BOOLEAN", "?");
-    expect("\xF0\xFF\xFF", be_Boolean, "BOOLEAN", "\u00F0");
+    struct {
+        ByteEncoding encoding;
+        std::string octets, place;
+    } const rows[] = {{be_Short, "xyA", "[A] for SHORT"},
+                      {be_Int, "wxyzABC", "[A] for INT"},
+                      {be_Long, "01234567ABCDEFG", "[A] for LONG"},
+                      {be_Float, "wxyzABC", "[A] for FLOAT"},
+                      {be_Double, "01234567ABCDEFG", "[A] for DOUBLE"},
+                      {be_UUID, "0123456789abcdefA", "[A] for UUID"},
+                      // More unused bits than the last octet has
+                      {be_Boolean, "Q", "[Q] for BOOLEAN"},
+                      {be_Boolean, "\x80\xFF", "[?] for BOOLEAN"}};
+    for (auto const& row : rows)
+        EXPECT_BX_THROW(Of(row.octets).GetAsString(row.encoding), CBxException,
+                        "Invalid value " + row.place + " byte encoding.");
     EXPECT_BX_THROW(Of("ab").GetAsString(static_cast<ByteEncoding>(-1)), CBxException,
                     "Unknown byte encoding.");
 }
@@ -267,9 +244,8 @@ TEST(ByteEncoding, RefusesPartsOfValues) {
 TEST(Compression, GivesACompleteStream) {
     std::string const octets = Random(20000) + Random(20000);  // twice the same, at a distance for 15 bits
     // The starts of RFC 1952 and RFC 1950, at the fastest level.
-    std::pair<CompressionType, std::string_view> const rows[] = {{cmp_GZip, "\x1F\x8B\x08\0\0\0\0\0\x04"sv},
-                                                                 {cmp_ZLib, "\x78\x01"sv}};
-    for (auto const& [type, start] : rows) {
+    for (auto const& [type, start] :
+         {std::pair{cmp_GZip, "\x1F\x8B\x08\0\0\0\0\0\x04"sv}, {cmp_ZLib, "\x78\x01"sv}}) {
         CBinaryData const original = Of(octets);
         CBinaryData data = original;
         std::string const result = TextOf(data.CompressData(type));
@@ -280,7 +256,6 @@ TEST(Compression, GivesACompleteStream) {
         data.Append(original);
         EXPECT_EQ(TextOf(data), result + octets);
     }
-    EXPECT_EQ(TextOf(Of(octets).CompressData(static_cast<CompressionType>(3))), octets);
     EXPECT_EQ(CBinaryData().CompressData(cmp_GZip), CBinaryData());
 }
 
@@ -289,8 +264,7 @@ TEST(Compression, RefusesWhatDoesNotShrink) {
         CompressionType type;
         std::size_t length;
         std::string code;
-    } const rows[] = {{cmp_GZip, 0, "-5"}, {cmp_ZLib, 0, "-5"},   {cmp_GZip, 3, "-5"},
-                      {cmp_ZLib, 3, "0"},  {cmp_GZip, 1000, "0"}, {cmp_ZLib, 100000, "0"}};
+    } const rows[] = {{cmp_GZip, 0, "-5"}, {cmp_GZip, 3, "-5"}, {cmp_ZLib, 3, "0"}, {cmp_GZip, 1000, "0"}};
     for (auto const& row : rows) {
         std::string const octets = Random(row.length);
         CBinaryData data = Of(octets);
@@ -310,18 +284,12 @@ TEST(CBinaryData, WritesFiles) {
         EXPECT_EQ(std::string(std::istreambuf_iterator<char>(file), {}), content);
     };
     expect("first, and longer", enc_UTF8, "first, and longer");
-    expect("octets", enc_Unspecified, "octets");
     expect("octets", enc_UTF16, "\xFF\xFEoctets");
     expect("", enc_UTF16NoDeclaration, "\xFF\xFE");
-    expect("", enc_UTF8, "");
-    struct {
-        std::string name, error;
-    } const rows[] = {{"", "02"}, {folder, "15"}, {folder + "/missing/file", "02"}, {"/dev/full", "1C"}};
-    for (auto const& row : rows) {
+    for (auto const& row : {std::pair{folder, "15"}, {folder + "/missing/file", "02"}, {"/dev/full"s, "1C"}})
         EXPECT_BX_THROW(
-            Of("octets").ToFile(FromUtf8(row.name).c_str(), enc_UTF16), CBxException,
-            "Failed to write data to the file [" + row.name + "] error [0x000000" + row.error + "]");
-    }
+            Of("octets").ToFile(FromUtf8(row.first).c_str(), enc_UTF16), CBxException,
+            "Failed to write data to the file [" + row.first + "] error [0x000000" + row.second + "]");
     std::filesystem::remove_all(folder);
 }
 

@@ -47,16 +47,23 @@ inline std::string Show(BxXmlLib5::CDateTime const& date) {
     return BxXmlLib5::ToUtf8(date.GetTypeAsString()) + ' ' + Text(date);
 }
 
-/// Rows "left = right", with < > or ? for the other results, compared in both orders.
+/// Rows "left = right", with < > or ? for the other results, compared in both orders and with the operators.
 template <class Value>
 void ExpectOrder(Value (*read)(std::string const&), std::initializer_list<char const*> rows) {
-    constexpr char kResults[] = "=<>?";
-    constexpr char kMirrored[] = "=><?";
     for (char const* const row : rows) {
         auto const words = Words(row);
         Value const left = read(words[0]), right = read(words[2]);
-        EXPECT_EQ(kResults[left.CompareTo(right)], words[1][0]) << row;
-        EXPECT_EQ(kMirrored[right.CompareTo(left)], words[1][0]) << row << ", mirrored";
+        char const order = words[1][0];
+        EXPECT_EQ("=<>?"[left.CompareTo(right)], order) << row;
+        EXPECT_EQ("=><?"[right.CompareTo(left)], order) << row << ", mirrored";
+        EXPECT_TRUE((left == right) == (order == '=') && (left != right) == (order != '=') &&
+                    (left < right) == (order == '<') && (left > right) == (order == '>'))
+            << row;
+        if constexpr (requires { left <= right; }) {
+            EXPECT_TRUE((left <= right) == (order == '<' || order == '=') &&
+                        (left >= right) == (order == '>' || order == '='))
+                << row;
+        }
     }
 }
 

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <functional>
-#include <initializer_list>
 #include <random>
 #include <tuple>
 #include <utility>
@@ -44,25 +43,16 @@ using Values = std::vector<std::pair<std::string, std::string>>;
 
 template <class T>
 void ExpectRead(Values const& rows) {
-    for (auto const& [text, value] : rows) {
-        EXPECT_EQ(Signed(Number<T>(text)), value) << '[' << text << ']';
-        EXPECT_TRUE(Number<T>(text) == Number<T>(value)) << '[' << text << ']';
-    }
+    for (auto const& [text, value] : rows) EXPECT_EQ(Signed(Number<T>(text)), value) << '[' << text << ']';
 }
 
-/// A text of no number, and where the character stands that makes it none.
-struct Refused {
-    std::string text;
-    int at;
-};
-
+/// Texts of no number, each with the place of the character that makes it none.
 template <class T>
-void ExpectRefused(std::vector<Refused> const& rows) {
-    using BxXmlLib5::CBxInvalidValueException;
+void ExpectRefused(Values const& rows) {
     for (auto const& row : rows)
-        EXPECT_BX_THROW(Number<T>(row.text), CBxInvalidValueException,
+        EXPECT_BX_THROW(Number<T>(row.first), CBxInvalidValueException,
                         "The string representing a Decimal, contained an invalid char at position " +
-                            std::to_string(row.at) + " [" + row.text + "]");
+                            row.second + " [" + row.first + "]");
 }
 
 // The assigning forms of the operators that <functional> has.
@@ -89,26 +79,24 @@ std::string Results(T const& a, T const& b, Operators... operators) {
     return results;
 }
 
-/// Expects a number to be as good a right operand of its own as a copy of it is.
+/// What the assigning operators make of a number that is both operands.
 template <class T>
-void ExpectOwnOperand(T const& value) {
-    T sum = value, difference = value, product = value, quotient = value;
-    EXPECT_EQ(Text(sum += sum), Text(value + value));
-    EXPECT_EQ(Text(difference -= difference), Text(value - value));
-    EXPECT_EQ(Text(product *= product), Text(value * value));
-    EXPECT_EQ(Text(quotient /= quotient), Text(value / value));
+std::string WithItself(T const& value) {
+    auto const apply = [](T a, auto assign) { return Text(assign(a, a)); };
+    return apply(value, kAdd) + ' ' + apply(value, kSubtract) + ' ' + apply(value, kMultiply) + ' ' +
+           apply(value, kDivide);
 }
 
 /// Expects the six operators to see values in this order, and == to go by their texts.
 template <class T>
-void ExpectAscending(std::initializer_list<char const*> texts) {
-    for (auto const* i = texts.begin(); i != texts.end(); ++i) {
-        for (auto const* j = texts.begin(); j != texts.end(); ++j) {
-            SCOPED_TRACE(std::string(*i) + " and " + *j);
-            T const a = Number<T>(*i), b = Number<T>(*j);
+void ExpectAscending(std::vector<std::string> const& texts) {
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+        for (std::size_t j = 0; j < texts.size(); ++j) {
+            T const a = Number<T>(texts[i]), b = Number<T>(texts[j]);
+            bool const isEqual = Text(a) == Text(b);
             EXPECT_TRUE((a < b) == (i < j) && (a > b) == (i > j) && (a <= b) == (i <= j) &&
-                        (a >= b) == (i >= j));
-            EXPECT_TRUE((a == b) == (Text(a) == Text(b)) && (a != b) == (Text(a) != Text(b)));
+                        (a >= b) == (i >= j) && (a == b) == isEqual && (a != b) != isEqual)
+                << texts[i] << " and " << texts[j];
         }
     }
 }
