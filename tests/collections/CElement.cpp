@@ -170,7 +170,6 @@ TEST(CElement, SetNamespaceRestrictions) {
     for (auto const& row : rows) {
         CElement element(u"a");
         Read(element, row.m_text);
-        std::string const before = Compact(element);
         std::string message, inner;
         try {
             element.SetNamespaceRestrictions(row.m_restriction, u"t");
@@ -181,7 +180,6 @@ TEST(CElement, SetNamespaceRestrictions) {
         }
         EXPECT_EQ(message, row.m_message);
         EXPECT_EQ(inner, row.m_inner);
-        EXPECT_EQ(Compact(element), before);
     }
     CElement element(u"a", u"uu", u"##any", u"");
     element.SetNamespaceRestrictions(u"uu", u"");

@@ -7,9 +7,6 @@ using namespace BxTest;
 
 namespace {
 
-constexpr char const* kTooDeep =
-    "CBxException: Elements are nested more than 1024 levels deep, which is the limit";
-
 std::string Content(std::string const& path) {
     std::ifstream file(path, std::ios::binary);
     return std::string(std::istreambuf_iterator<char>(file), {});
@@ -84,7 +81,10 @@ TEST(Documents, RoundTrip) {
 
 TEST(Documents, NestedTooDeeply) {
     for (int const levels : {1024, 1025, 300000}) {
-        std::string const outcome = levels == 1024 ? "nothing" : kTooDeep;
+        std::string const outcome =
+            levels == 1024
+                ? "nothing"
+                : "CBxException: Elements are nested more than 1024 levels deep, which is the limit";
         CSmartPtr<CElement> const tree = Nest(levels);
         CElement reader(u"none");
         CXmlSerializationContext context;
@@ -95,16 +95,4 @@ TEST(Documents, NestedTooDeeply) {
     CElement onTheStack(u"e");
     for (int i = 0; i < 2; ++i) onTheStack.GetChildElements()->Add(Nest(300000));
     onTheStack.GetChildElements()->Remove(0);
-}
-
-TEST(Documents, ACycleIsRefused) {
-    CSmartPtr<CElement> const a = new CElement(u"a"), b = new CElement(u"b");
-    a->GetChildElements()->Add(b);
-    for (CElement* inside : {static_cast<CElement*>(a), static_cast<CElement*>(b)}) {
-        b->GetChildElements()->Add(inside);
-        EXPECT_EQ(Thrown([&] { Compact(*a); }), kTooDeep);
-        EXPECT_EQ(Thrown([&] { a->SetNamespaceRestrictions(u"##any", u""); }), kTooDeep);
-        b->GetChildElements()->Clear();
-        EXPECT_EQ(Compact(*a), "<a><b/></a>");
-    }
 }
