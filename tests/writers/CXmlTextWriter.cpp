@@ -134,7 +134,9 @@ TEST(CXmlTextWriter, BindsTheXmlNamespaceToItsPrefixAlways) {
 
 TEST(CXmlTextWriter, ChangesTheScopeOfAnOpenElementAlone) {
     ExpectWritten(
-        {{"<N|a +q=N @N|k= <N|b > >", R"(<AA:a xmlns:AA="N" q:k=""><q:b/></q:a>)"},
+        {{"<N|a *N <N|b > >", R"(<AA:a xmlns:AA="N"><b/></a>)"},
+         {"*N <N|a *M <N|b >", R"(<a xmlns="N"><AA:b xmlns:AA="N"/>)"},
+         {"<N|a +q=N @N|k= <N|b > >", R"(<AA:a xmlns:AA="N" q:k=""><q:b/></q:a>)"},
          {"<N|a <N|b +q=N 'x > >", R"(<AA:a xmlns:AA="N"><AA:b>x</q:b></AA:a>)"},
          {"+p=N *N <N|a *M <N|b > <M|c > >", R"(<a xmlns="N" xmlns:p="N"><p:b/><c/></p:a>)"},
          {"<N|a <L|b <c +q=Q <M|d", R"(<AA:a xmlns:AA="N"><AB:b xmlns:AB="L"><c><AC:d xmlns:AC="M")"},

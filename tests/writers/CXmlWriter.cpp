@@ -30,7 +30,9 @@ TEST(CXmlWriter, MakesPrefixesOfTwoLettersThenOfThree) {
     for (int i : {0, 1, 25, 26, 51, 675, 676, 677, 702, 1352, 18251})
         prefixes += ToUtf8(writer.NsIntToString(i)) + " ";
     EXPECT_EQ(prefixes, "AA AB AZ BA BZ ZZ AAA AAB ABA BAA ZZZ ");
-    EXPECT_EQ(writer.GetUniquePrefix({{u"AA", u"p"}, {u"1", u"aa"}, {u"3", u"A"}, {u"4", u"AA "}}), u"AA");
+    EXPECT_EQ(
+        writer.GetUniquePrefix({{u"AA", u"p"}, {u"1", u"aa"}, {u"2", u"AAA"}, {u"3", u"A"}, {u"4", u"AA "}}),
+        u"AA");
     EXPECT_EQ(writer.GetUniquePrefix({{u"1", u"AC"}, {u"2", u"AA"}, {u"3", u"ZZ"}, {u"4", u"AA"}}), u"AB");
     Map used;
     for (int i = 0; i <= 676; ++i) {
