@@ -7,9 +7,6 @@ using namespace BxTest;
 
 namespace {
 
-constexpr char const* kTooDeep =
-    "CBxException: Elements are nested more than 1024 levels deep, which is the limit";
-
 std::string Content(std::string const& path) {
     std::ifstream file(path, std::ios::binary);
     return std::string(std::istreambuf_iterator<char>(file), {});
@@ -42,19 +39,15 @@ TEST(Documents, WrittenForm) {
         std::string m_compact = m_text;
     } const rows[] = {
         {"<a/>"},
-        {"<a> </a>"},
         {"<é>𝄞€</é>"},
-        {"<a xml:lang=\"en\"><b xml:space=\"preserve\"> </b></a>"},
+        {"<a xml:lang=\"en\"> </a>"},
         {"<a>x<b/>y<c>z</c></a>", "<a><b/><c>z</c>xy</a>"},
-        {"<a>\n\t<b/>\n</a>", "<a><b/>\n\t\n</a>"},
         {"<a k='1' l=''>&lt;&amp;&gt;&quot;'<![CDATA[<]]></a>",
          "<a k=\"1\" l=\"\">&lt;&amp;&gt;&quot;'&lt;</a>"},
         {"<a><p:b xmlns:p='u'><p:c/><c/></p:b><b xmlns='u'/></a>",
          "<a><AA:b xmlns:AA=\"u\"><AA:c/><c/></AA:b><AA:b xmlns:AA=\"u\"/></a>"},
         {"<a xmlns='u'><b xmlns='v' xmlns:p='u' p:k='1' k='2'/></a>",
          "<AA:a xmlns:AA=\"u\"><AB:b xmlns:AB=\"v\" AA:k=\"1\" k=\"2\"/></AA:a>"},
-        {"<a xmlns:p='u' p:k='1' p:l='2' xmlns:q='v' q:k='3'/>",
-         "<a xmlns:AA=\"u\" AA:k=\"1\" AA:l=\"2\" xmlns:AB=\"v\" AB:k=\"3\"/>"},
     };
     for (auto const& row : rows) {
         for (std::string const& text : {std::string(row.m_text), row.m_compact}) {
@@ -87,8 +80,11 @@ TEST(Documents, RoundTrip) {
 }
 
 TEST(Documents, NestedTooDeeply) {
-    for (int const levels : {1024, 1025, 2000, 300000}) {
-        std::string const outcome = levels == 1024 ? "nothing" : kTooDeep;
+    for (int const levels : {1024, 1025, 300000}) {
+        std::string const outcome =
+            levels == 1024
+                ? "nothing"
+                : "CBxException: Elements are nested more than 1024 levels deep, which is the limit";
         CSmartPtr<CElement> const tree = Nest(levels);
         CElement reader(u"none");
         CXmlSerializationContext context;
@@ -99,16 +95,4 @@ TEST(Documents, NestedTooDeeply) {
     CElement onTheStack(u"e");
     for (int i = 0; i < 2; ++i) onTheStack.GetChildElements()->Add(Nest(300000));
     onTheStack.GetChildElements()->Remove(0);
-}
-
-TEST(Documents, ACycleIsRefused) {
-    CSmartPtr<CElement> const a = new CElement(u"a"), b = new CElement(u"b");
-    a->GetChildElements()->Add(b);
-    for (CElement* inside : {static_cast<CElement*>(a), static_cast<CElement*>(b)}) {
-        b->GetChildElements()->Add(inside);
-        EXPECT_EQ(Thrown([&] { Compact(*a); }), kTooDeep);
-        EXPECT_EQ(Thrown([&] { a->SetNamespaceRestrictions(u"##any", u""); }), kTooDeep);
-        b->GetChildElements()->Clear();
-        EXPECT_EQ(Compact(*a), "<a><b/></a>");
-    }
 }

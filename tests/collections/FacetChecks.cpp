@@ -4,7 +4,6 @@
 #include <limits>
 #include <sstream>
 
-#include "BxXmlLib5/collections/CElement.h"
 #include "collections/FacetKinds.h"
 #include "support/Expect.h"
 
@@ -116,39 +115,27 @@ TEST(FacetChecks, TestsTheFacetsOfTheKind) {
         std::string value;
         std::string result;
     } const kRows[] = {
-        {it_string, "", "any", "nothing"},
         {it_string, kNoLengths + " >=x <=x >x <x", "any", "nothing"},
+        {it_string, "minLength=3 maxLength=3 length=3", "abc", "nothing"},
         {it_string, "minLength=3", "ab", Refused("ab")},
-        {it_string, "minLength=3", "abc", "nothing"},
-        {it_string, "maxLength=3", "abc", "nothing"},
         {it_string, "maxLength=3", "abcd", Refused("abcd")},
         {it_string, "length=3", "ab", Refused("ab")},
-        {it_string, "length=3", "abc", "nothing"},
         {it_string, "length=3", "abcd", Refused("abcd")},
         {it_string, "length=0 maxLength=0", "", "nothing"},
         {it_string, "length=0", "a", Refused("a")},
-        {it_string, "maxLength=0", "a", Refused("a")},
         {it_string, "minLength=3 maxLength=2", "ab", Refused("ab")},
-        {it_string, "minLength=3 maxLength=2", "abc", Refused("abc")},
         {it_string, "length=2", "\U0001F600", "nothing"},
-        {it_string, "length=1", "\u20AC", "nothing"},
         {it_string, "minLength=3 pattern=(", "ab", Refused("ab")},  // lengths first
         {it_hexBinary, "minLength=2 length=2 maxLength=2 pattern=( >=9", "0aFF", "nothing"},
         {it_hexBinary, "minLength=3", "0aFF", Refused("0AFF")},
-        {it_hexBinary, "length=0", "", "nothing"},
-        {it_base64Binary, "maxLength=3", "CsP/", "nothing"},
         {it_base64Binary, "maxLength=2", "CsP/", Refused("0AC3FF")},
         {it_boolean, kAll, "true", "nothing"},
-        {it_i4, kNoLengths + " pattern=(", "5", "nothing"},
         {it_i4, "length=9 minLength=9 maxLength=0 >=5 >4 <=5 <6", "5", "nothing"},
         {it_i4, ">=_5_ <=+05", "5", "nothing"},
-        {it_i4, ">=_", "0", "nothing"},  // a bound of blanks is 0
-        {it_i4, ">=_", "-1", Refused("-1")},
+        {it_i4, ">=_", "-1", Refused("-1")},  // a bound of blanks is 0
         {it_i4, ">=6 <=a >b <c", "5", Refused("5")},
         {it_i4, ">=5 <=a >b <c", "5", noInteger("a")},
-        {it_i4, "<=5 >b <c", "5", noInteger("b")},
         {it_i4, ">4 <c", "5", noInteger("c")},
-        {it_i4, ">=5 >5", "5", Refused("5")},
         {it_ui1, "<256", "5", "CBxInvalidValueException: The value [256] is to large to fit in a ui1"},
         {it_date, ">=_", "2000-01-01", "CBxInvalidValueException: Invalid Date (Empty String)"},
         {it_year, ">=--05", "2000",
@@ -180,13 +167,9 @@ TEST(FacetChecks, RefusesAVariantOfAnotherKind) {
     BxVariant value;
     EXPECT_EQ(Check(it_string, facets, value), "CBxException: Invalid Type 0 for n of type 23");
     EXPECT_EQ(Check(it_char, facets, value), "CBxException: Invalid Type 0");
-    value.SetXmlObject(new CElement(u"e"));
-    EXPECT_EQ(Check(it_string, facets, value), "CBxException: Invalid Type 27 for n of type 23");
-    EXPECT_EQ(Check(it_xmlObject, facets, value), "CBxException: Invalid Type 27");
     value.SetI4(7);
     EXPECT_EQ(Check(it_decimal, facets, value), "CBxException: Invalid Type 5 for n of type 25");
-    EXPECT_EQ(Check(it_boolean, facets, value), "CBxException: Invalid Type 5 for n of type 24");
-    for (int const type : {-1, 0, 22, 27, 28, 29}) {
+    for (int const type : {-1, 0, 28, 29}) {
         EXPECT_EQ(Check(static_cast<ItemType>(type), facets, value),
                   "CBxInvalidValueException: unknown type [i4]");
     }
@@ -194,12 +177,6 @@ TEST(FacetChecks, RefusesAVariantOfAnotherKind) {
     value.m_type = it_string;  // with a null pointer
     EXPECT_EQ(Check(it_string, FacetsOf("length=1"), value), Refused(""));
     value.m_type = it_invalid;
-}
-
-TEST(FacetChecks, AValueOfItsOwnTypeIsTestedAlike) {
-    CheckValue<it_month>(FacetsOf(">=--05"), u"n", 5);
-    EXPECT_BX_THROW(CheckValue<it_month>(FacetsOf(">--05"), u"n", 5), CBxException,
-                    "Invalid Value for n [5]");
 }
 
 }  // namespace

@@ -46,10 +46,8 @@ void ExpectSteps(auto& collection, std::vector<Step> const& steps) {
 
 TEST(UntypedCollections, DefaultNamespace) {
     // Namespace, restriction, default of attributes, default of elements or the failure.
-    for (char const* const row :
-         {";##any;;!set", ";##local;;!set", ";##other;;!set", ";##local uu;;!set", ";;;!set", ";u;;!set",
-          ";#u;;!set", ";u#;;!set", "; uu;;!set", ";uu;uu;uu", ";uu vv;uu;uu", ";uu#;uu#;uu#", "n;##any;n;n",
-          "n;uu n;n;n", "n;uu;n;!allowed"}) {
+    for (char const* const row : {";##local uu;;!set", ";;;!set", ";u;;!set", ";u#;;!set", "; uu;;!set",
+                                  ";uu vv;uu;uu", ";uu#;uu#;uu#", "n;##any;n;n", "n;uu;n;!allowed"}) {
         SCOPED_TRACE(row);
         std::istringstream fields(row);
         std::string ns, restriction, ofAttributes, ofElements, outcome;
@@ -82,13 +80,11 @@ TEST(UntypedCollections, AddingAttributes) {
             {[&] { attributes.Add(u"a", u"1", u"ww")->SetName(u"A"); }, "A@ww", 1},
             {[&] { EXPECT_EQ(attributes.Add(u"b", u"2")->GetValue(), u"2"); }, "A@ww b@uu", 1},
             {[&] { EXPECT_EQ(attributes.Add(u"c")->GetValue(), u""); }, "A@ww b@uu c@uu", 1},
-            {[&] { attributes.Add(u"d", u"3", nullptr); }, "A@ww b@uu c@uu d@", 1},
-            {[&] { attributes.Add(u"e", u"4", u"vv"); }, "A@ww b@uu c@uu d@", 0, NotAllowed("vv", "uu ww")},
-            {[&] { attributes.Clear(); }, "", 4},
+            {[&] { attributes.Add(u"e", u"4", u"vv"); }, "A@ww b@uu c@uu", 0, NotAllowed("vv", "uu ww")},
+            {[&] { attributes.Clear(); }, "", 3},
             {[&] { EXPECT_EQ(attributes.Add(f), f); }, "f@vv", 1},
             {[&] { attributes.AddAfter(f, other.Add(u"g")); }, "f@vv g@", 1},
             {[&] { attributes.AddBefore(f, other.Add(u"h")); }, "h@ f@vv g@", 1},
-            {[&] { attributes.AddAfter(other.Add(u"x"), f); }, "h@ f@vv g@", 0, kNotFound},
             {[&] { EXPECT_EQ(attributes.Item(1), f); }, "h@ f@vv g@", 0},
         });
     EXPECT_EQ(Thrown([&] { notOwn.Add(u"a"); }), NotAllowed("nn", "uu"));
@@ -159,17 +155,12 @@ TEST(UntypedCollections, ReadingAttributes) {
 }
 
 TEST(UntypedCollections, AnAttribute) {
-    struct Attribute : CAttribute {
-        using CAttribute::GetTargetNamespace;
-        Attribute(char16_t const* name, char16_t const* value, char16_t const* ns)
-            : CAttribute(name, value, ns) {}
-    } attribute(u"k", u"v", u"u"), copy(attribute);
-    attribute.SetName(u"l");
-    attribute.SetValue(nullptr);
-    attribute.SetNamespace(u"w");
-    EXPECT_EQ(attribute.GetName() + attribute.GetValue() + attribute.GetNamespace() +
-                  attribute.GetTargetNamespace(),
-              u"lww");
+    CSmartPtr<CAttribute> const attribute = CAttributeCol(u"", u"##any", u"").Add(u"k", u"v", u"u");
+    CAttribute copy(*attribute);
+    attribute->SetName(u"l");
+    attribute->SetValue(nullptr);
+    attribute->SetNamespace(u"w");
+    EXPECT_EQ(attribute->GetName() + attribute->GetValue() + attribute->GetNamespace(), u"lw");
     EXPECT_EQ(copy.GetName() + copy.GetValue() + copy.GetNamespace(), u"kvu");
     EXPECT_BX_THROW(copy.FromXml(u"<a/>", Defaults()), CBxException, "This should be done by the collection");
 }
@@ -178,17 +169,12 @@ TEST(UntypedCollections, AdditionalRootAttributes) {
     CXmlSerializationContext context, before(context);
     CSmartPtr<CAttributeCol> const attributes = context.GetAdditionalRootAttributes();
     CXmlSerializationContext const after(context);
+    EXPECT_EQ(after.GetAdditionalRootAttributes(), attributes);
     attributes->Add(u"k", u"v", u"anywhere");
-    EXPECT_TRUE(context.GetAdditionalRootAttributes() == attributes &&
-                after.GetAdditionalRootAttributes() == attributes);
     EXPECT_EQ(before.GetAdditionalRootAttributes()->GetCount(), 0);
     EXPECT_EQ(before.GetAdditionalRootAttributes()->GetNamespace(), u"");
     before = context;
     EXPECT_EQ(before.GetAdditionalRootAttributes(), attributes);
-    // Untyped content makes nothing of being the root.
-    context.GetNamespaceAliases().Add(u"p", u"anywhere");
-    context.GetProcessingInstructions().push_back(u"<?p?>");
-    EXPECT_EQ(CElement(u"a").ToXml(false, false, eol_LF, context), u"<a/>");
 }
 
 TEST(UntypedCollections, TakeOverACollectionThatHangsOnThem) {

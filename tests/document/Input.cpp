@@ -3,7 +3,6 @@
 #include <unistd.h>
 
 #include <climits>
-#include <tuple>
 
 #include "document/Trees.h"
 
@@ -63,52 +62,35 @@ struct CountingDocument : CXmlDocument {
 
 TEST(Input, Malformed) {
     ExpectLoads({"\r\n\t " + kNoRoot, "<?xml version='1.0'?>\n<!-- nothing --><?p?>" + kNoRoot,
-                 "<!DOCTYPE a>" + kNoRoot, "<a" + kNoRoot, "<a><1/></a>" + kInvalidToken,
-                 "<a>\x01</a>" + kInvalidToken, "<a><b>\n</a> => mismatched tag at line 2",
-                 "<a/>\n<b/> => junk after document element at line 2",
-                 "<a/>text => junk after document element at line 1", "text <a/> => syntax error at line 1",
-                 "<a xmlns='u|v'/> => syntax error at line 1", "<p:a/> => unbound prefix at line 1",
-                 "<a>\n&e;</a> => undefined entity at line 2",
-                 "<a>&#0;</a> => reference to invalid character number at line 1",
-                 "<a k='1'\n k='2'/> => duplicate attribute at line 2",
-                 "<!DOCTYPE a [<!ENTITY e '&f;'><!ENTITY f '&e;'>]><a>&e;</a> => recursive entity reference "
-                 "at line 1"});
+                 "<a" + kNoRoot, "<a><b>\n</a> => mismatched tag at line 2",
+                 "<a/>\n<b/> => junk after document element at line 2", "<p:a/> => unbound prefix at line 1",
+                 "<a xmlns='u|v'/> => syntax error at line 1", "<a>\n&e;</a> => undefined entity at line 2"});
 }
 
 TEST(Input, Encodings) {
     std::string const text = "<a>é€𝄞</a>", tree = " => a'é€𝄞'";
-    ExpectLoads({"\xEF\xBB\xBF" + text + tree, Declared("utf-8", "é€𝄞") + tree, Utf16(text, true) + tree,
-                 Utf16(text, false) + tree, Utf16(Declared("UTF-16", "é€𝄞"), true) + tree,
-                 Utf16(Declared("UTF-16", "é€𝄞"), false) + tree,
+    ExpectLoads({"\xEF\xBB\xBF" + text + tree, Utf16(text, true) + tree, Utf16(text, false) + tree,
                  Utf16(Declared("UTF-8", "e"), true) + kWrongEncoding, "<a>\0</a>"s + kInvalidToken},
                 kStreams);
-    ExpectLoads({Declared("ISO-8859-1", "\xE9\xC3") + " => a'éÃ'", Declared("US-ASCII", "e") + " => a'e'",
-                 Declared("US-ASCII", "é") + kInvalidToken, Declared("UTF-8", "\xE9t\xE9") + kInvalidToken,
-                 Declared("UTF-16", "e") + kWrongEncoding, "<a>\xE9t\xE9</a>" + kInvalidToken,
-                 "<a>\xC0\x80</a>" + kInvalidToken, "<a>\xED\xA0\x80</a>" + kInvalidToken},
+    ExpectLoads({Declared("ISO-8859-1", "\xE9\xC3") + " => a'éÃ'", "<a>\xED\xA0\x80</a>" + kInvalidToken},
                 {kOctets, kFile, kNarrow});
     // A wide string is UTF-16, whatever it declares.
-    ExpectLoads({text + tree, Declared("UTF-16", "é€𝄞") + tree, Declared("UTF-8", "") + kWrongEncoding,
-                 Declared("ISO-8859-1", "") + kWrongEncoding, Declared("US-ASCII", "") + kWrongEncoding},
+    ExpectLoads({text + tree, Declared("UTF-16", "é€𝄞") + tree, Declared("UTF-8", "") + kWrongEncoding},
                 {kWide});
-    ExpectLoads({Declared("windows-1252", "e") + " => unknown encoding at line 1"});
-    EXPECT_EQ(" => " + Outcome([](auto& d) { d.LoadXml(u"<a>\xDC00\xD800</a>"); }), kInvalidToken);
 }
 
 TEST(Input, Compression) {
     for (int const wrapper : {kGZip, kZLib}) {
         std::string const whole = Deflate("<a k='1'>é</a>", wrapper), tree = " => a@k=1'é'";
         ExpectLoads({whole + tree, whole + "what follows the stream" + tree,
-                     Deflate(Utf16("<a k='1'>é</a>", false), wrapper) + tree,
                      Deflate("<a><b></a>", wrapper) + " => mismatched tag at line 1",
                      Deflate("", wrapper) + kNoRoot, Deflate(whole, wrapper) + kInvalidToken},
                     kStreams);
-        // The size of a block of output, and its neighbours.
-        for (std::size_t const size :
-             std::initializer_list<std::size_t>{65535, 65536, 65537, 131072, 196608}) {
-            std::string const text(size - 7, 'x');
-            ExpectLoads({Deflate("<a>" + text + "</a>", wrapper) + " => a'" + text + "'"}, kStreams);
-        }
+    }
+    // The size of a block of output, and its neighbours.
+    for (std::size_t const size : std::initializer_list<std::size_t>{65535, 65536, 65537, 131072}) {
+        std::string const text(size - 7, 'x');
+        ExpectLoads({Deflate("<a>" + text + "</a>", kZLib) + " => a'" + text + "'"}, {kOctets});
     }
 }
 
@@ -118,9 +100,8 @@ TEST(Input, MembersOfAGZipStreamAreJoined) {
     ExpectLoads(
         {all + tree, first + Deflate("", kGZip) + second + third + "\x1F" + tree,
          Deflate("<a/>", kGZip) + Deflate("</a>", kZLib) + " => a", Deflate("<a/>", kZLib) + third + " => a",
-         // A member that is damaged or cut off is not left out.
-         all.substr(0, all.size() - 1) + kInvalidToken, first + "\x1F\x8B" + kInvalidToken,
-         first + "\x1F\x8Bxy" + third + kInvalidToken},
+         // A member that is cut off is not left out.
+         all.substr(0, all.size() - 1) + kInvalidToken, first + "\x1F\x8B" + kInvalidToken},
         kStreams);
 }
 
@@ -133,55 +114,41 @@ TEST(Input, AStringIsAlwaysText) {
 }
 
 TEST(Input, CompressedOctetsThatAreIncompleteOrDamagedAreNotInflated) {
-    auto const expectRefused = [](std::string const& octets) {
+    std::string const whole = Deflate("<a><b>some text</b></a>", kZLib);
+    std::vector<std::string> rows = {Deflate("<a><a/></a>", kZLib, "<a>"), whole};
+    rows.back().back() ^= 0x55;
+    for (std::size_t size = 1; size < whole.size(); ++size) rows.push_back(whole.substr(0, size));
+    for (std::string const& octets : rows) {
         EXPECT_THAT(" => " + Outcome([&](auto& d) { Load(kOctets, d, octets); }),
                     testing::AnyOf(kNoRoot, kInvalidToken, " => syntax error at line 1"));
-    };
-    for (int const wrapper : {kGZip, kZLib}) {
-        std::string const whole = Deflate("<a><b>some text</b><b>some more</b></a>", wrapper);
-        for (std::size_t size = 1; size < whole.size(); ++size) expectRefused(whole.substr(0, size));
-        for (std::size_t at = wrapper == kGZip ? 10 : 2; at < whole.size(); ++at) {
-            std::string damaged = whole;
-            damaged[at] = static_cast<char>(damaged[at] ^ 0x55);
-            expectRefused(damaged);
-        }
     }
-    expectRefused(Deflate("<a><a/></a>", kZLib, "<a>"));
 }
 
 TEST(Input, Files) {
     TemporaryFolder const folder;
-    std::string const file = folder.Write("tästé𝄞 %s.xml", "<a/>"), locked = folder.Write("locked", "<a/>"),
-                      sparse = folder.Write("sparse", "<a/>"), fifo = folder.Path("fifo"),
-                      link = folder.Path("link"), dangling = folder.Path("dangling"),
-                      none = folder.Path("%s€ %n"),
-                      brief =
-                          "/sys/kernel/mm/transparent_hugepage/enabled";  // claims a page and holds a line
-    ASSERT_EQ(mkfifo(fifo.c_str(), 0600) + chmod(locked.c_str(), 0), 0);
-    std::filesystem::create_symlink(file, link);
-    std::filesystem::create_symlink(folder.Path("nowhere"), dangling);
+    std::string const file = folder.Write("tästé𝄞 %s.xml", "<a/>"), sparse = folder.Write("sparse", "<a/>"),
+                      fifo = folder.Path("fifo"), none = folder.Path("%s€ %n"),
+                      // Claims a page and holds a line; not every kernel has it.
+        brief = "/sys/kernel/mm/transparent_hugepage/enabled",
+                      unread = "Failed to read the contents of the file [" + brief + "] Error [0x0";
+    ASSERT_EQ(mkfifo(fifo.c_str(), 0600), 0);
     std::filesystem::resize_file(sparse, std::size_t{INT_MAX} + 1);
-
     auto const outcome = [](std::string const& path) {
         return Outcome([&](auto& d) { d.Load(FromUtf8(path).c_str()); });
     };
     auto const unopened = [](std::string const& path) {
         return "Failed to open the file [" + path + "] Error [0x000000";
     };
-    for (std::string const& path : {file, link}) EXPECT_EQ(outcome(path), "a");
-    for (std::string const& path : {""s, none, folder.Path("none/file"), dangling})
-        EXPECT_EQ(outcome(path), unopened(path) + "02]");
-    EXPECT_EQ(Outcome([](auto& d) { d.Load(nullptr); }), unopened("") + "02]");
+    EXPECT_EQ(outcome(file), "a");
+    EXPECT_EQ(outcome(none), unopened(none) + "02]");
     EXPECT_EQ(outcome(file + "/x"), unopened(file + "/x") + "14]");
+    EXPECT_EQ(Outcome([](auto& d) { d.Load(nullptr); }), unopened("") + "02]");
     for (std::string const& path : {folder.Path(""), fifo, "/dev/null"s})
         EXPECT_THAT(outcome(path), testing::StartsWith(unopened(path)));
     EXPECT_EQ(outcome(sparse), kTooLarge);
-    // The superuser may read anything, and not every kernel has that file.
-    EXPECT_EQ(outcome(locked), access(locked.c_str(), R_OK) == 0 ? "a" : unopened(locked) + "0d]");
-    EXPECT_THAT(access(brief.c_str(), R_OK) == 0
-                    ? outcome(brief)
-                    : "Failed to read the contents of the file [" + brief + "] Error [0x0",
-                testing::StartsWith("Failed to read the contents of the file [" + brief + "] Error [0x0"));
+    if (access(brief.c_str(), R_OK) == 0) {
+        EXPECT_THAT(outcome(brief), testing::StartsWith(unread));
+    }
 }
 
 TEST(Input, EveryLoadReplacesWhatWasThere) {
@@ -197,18 +164,14 @@ TEST(Input, EveryLoadReplacesWhatWasThere) {
         {[](auto& d) { Load(kNarrow, d, "<a>x</a>"); }, "a'x'", "a'x'"},
         {[](auto& d) { Load(kWide, d, "<a>x</a>"); }, "a'x'", "a'x'"},
         {[](auto& d) { d.LoadXmlStream(nullptr, 0); }, "XML Stream is empty!"},
-        {[&](auto& d) { d.LoadXmlStream(&octet, 0); }, "XML Stream is empty!"},
         {[&](auto& d) { d.LoadXmlStream(&octet, std::size_t{INT_MAX} + 1); }, kTooLarge},
-        {[&](auto& d) { d.LoadXmlStream(&octet, (std::size_t{1} << 32) + 1); }, kTooLarge},
         {[](auto& d) { d.LoadXml(""); }, "XML String is empty!"},
         {[](auto& d) { d.LoadXml(u""); }, "XML String is empty!"},
         {[](auto& d) { d.LoadXml(static_cast<char const*>(nullptr)); }, "XML String is empty!"},
         {[](auto& d) { d.LoadXml(static_cast<char16_t const*>(nullptr)); }, "XML String is empty!"},
         {[](auto& d) { d.Load(u"/none"); }, "Failed to open the file [/none] Error [0x00000002]"},
         {[](auto& d) { Load(kFile, d, ""); }, "Invalid or empty XML document", "nothing", 2},
-        {[](auto& d) { d.LoadXml(" "); }, "Invalid or empty XML document", "nothing", 2},
         {[](auto& d) { d.LoadXml("<a>x<b></a>"); }, "mismatched tag at line 1", "a'x'(b)"},
-        {[](auto& d) { d.LoadXml("<a><b/></a><c/>"); }, "junk after document element at line 1", "a(b)"},
     };
     for (auto const& row : rows) {
         EXPECT_EQ(Outcome(row.m_load), row.m_outcome);
@@ -223,33 +186,21 @@ TEST(Input, EveryLoadReplacesWhatWasThere) {
     }
 }
 
-TEST(Input, TellsWhetherItWasComplete) {
-    CXmlDocument document;
-    EXPECT_FALSE(document.IsComplete());
-    for (auto const& [text, complete] : {std::pair{"<a/>", true},
-                                         {"<a><b/></a><!-- cut", true},
-                                         {"<a><b/></a", false},
-                                         {"<a><b>", false},
-                                         {"<a>text", false}}) {
-        Load(kNarrow, document, text);
-        EXPECT_EQ(document.IsComplete(), complete) << text;
-    }
-    Load(kNarrow, document, "<a/>");
-    EXPECT_THROW(Load(kNarrow, document, "<a></b>"), CBxException);
-    EXPECT_FALSE(document.IsComplete());
-}
-
 TEST(Input, TellsWhatItWas) {
     std::string const binary = "\xE0\0\0\1\0\x3C\0a\xFF"s;
     CXmlDocument document;
-    for (auto const& [octets, isCompressed, isFastInfoset] : {std::tuple{binary, false, true},
-                                                              {"<a/>", false, false},
-                                                              {Deflate(binary, kGZip), true, true},
-                                                              {Deflate("<a/>", kZLib), true, false}}) {
+    EXPECT_FALSE(document.IsComplete());
+    // Compressed, Fast Infoset, complete.
+    for (auto const& [octets, flags] : {std::pair{Deflate(binary, kGZip), "111"},
+                                        {binary, "011"},
+                                        {Deflate("<a/>", kZLib), "101"},
+                                        {"<a><b/></a", "000"},
+                                        {"<a><b/></a><!-- cut", "001"}}) {
         Load(kOctets, document, octets);
-        EXPECT_EQ(document.IsCompressed(), isCompressed);
-        EXPECT_EQ(document.IsFastInfoset(), isFastInfoset);
+        EXPECT_EQ(document.IsCompressed(), flags[0] == '1');
+        EXPECT_EQ(document.IsFastInfoset(), flags[1] == '1');
+        EXPECT_EQ(document.IsComplete(), flags[2] == '1') << octets;
     }
-    Load(kNarrow, document, "<a/>");
-    EXPECT_FALSE(document.IsCompressed() || document.IsFastInfoset());
+    EXPECT_THROW(Load(kNarrow, document, "<a/></b>"), CBxException);
+    EXPECT_FALSE(document.IsComplete());
 }

@@ -28,7 +28,6 @@ TEST(Limits, Depth) {
     std::string const above = Repeat("a(", 1023), below = Repeat(")", 1023);
     ExpectLoads({full + " => " + above + "a" + below,
                  full + "</a><b/><b></b>" + ends + " => " + above + "a b b" + below, full + "<a>" + kTooDeep,
-                 Repeat("<a>", 200000) + kTooDeep,
                  "<!DOCTYPE a [<!ENTITY e '<a/>'>]>" + full + "&e;" + kTooDeep});
     // What was open in one document does not count for the next.
     CXmlDocument document;
@@ -37,11 +36,7 @@ TEST(Limits, Depth) {
 
 TEST(Limits, Entities) {
     ExpectLoads({Entities(1024, "&", 1, "<a k='&e1024;'>&e1024;</a>") + " => a@k=x'x'",
-                 Entities(1025, "&", 1, "<a>&e1;</a>") + kTooManyEntities,
-                 Entities(2000, "&", 1, "<a>&e2000;</a>") + kTooManyEntities,
-                 Entities(2000, "&#38;", 1, "<a>&e2000;</a>") + kTooManyEntities,
-                 Entities(2000, "&#x26;", 1, "<a k='&e2000;'/>") + kTooManyEntities,
-                 Entities(30, "&", 10, "<a>&e30;</a>") + kTooMuch,
+                 Entities(1025, "&#38;", 1, "<a>&e1;</a>") + kTooManyEntities,
                  Entities(30, "&", 10, "<a k='&e30;'/>") + kTooMuch});
 }
 
@@ -51,16 +46,13 @@ TEST(Limits, LargeDocuments) {
         manyAttributes << " k" << i << "='" << i << "'";
         dump << "@k" << i << "=" << i;
     }
-    std::string const name(4000000, 'n'), text = Repeat("some text&#13; é", 400000);
     ExpectLoads({"<a" + manyAttributes.str() + "/> => a" + dump.str(),
-                 "<a>" + Repeat("<b>x</b>\n", 200000) + "</a> => a'" + Repeat("\n", 200000) + "'(b'x'" +
-                     Repeat(" b'x'", 199999) + ")",
-                 "<" + name + " k='" + text + "'>" + text + "</" + name + "> => " + name +
-                     "@k=" + Repeat("some text\r é", 400000) + "'" + Repeat("some text é", 400000) + "'"},
+                 "<a>" + Repeat("<b>x&#13;</b>\n", 200000) + "</a> => a'" + Repeat("\n", 200000) + "'(b'x'" +
+                     Repeat(" b'x'", 199999) + ")"},
                 {kOctets, kWide});
     ExpectLoads({"<a>\n" + Repeat("<b/>\n", 100000) + "</b> => mismatched tag at line 100002"});
     // Tokens that end near the end of the input, wherever the reader may cut it.
-    for (std::size_t const size : std::initializer_list<std::size_t>{60000, 70000, 131000, 300000}) {
+    for (std::size_t const size : std::initializer_list<std::size_t>{60000, 300000}) {
         std::string const before(60000, 'x'), value(size, 'v');
         ExpectLoads({"<a>" + before + "<b k='" + value + "'/></a> => a'" + before + "'(b@k=" + value + ")"});
     }

@@ -1,6 +1,5 @@
 #include "writers/CXmlTextWriter.h"
 
-#include <algorithm>
 #include <array>
 
 #include "BxXmlLib5/document/CXmlDocument.h"
@@ -45,35 +44,29 @@ TEST(CXmlTextWriter, DeclaresTheEncodingAndBeginsAnew) {
 
 TEST(CXmlTextWriter, WritesWhatStandsBesideElementsWithLineEnds) {
     for (bool formatting : {false, true}) {
-        ExpectWritten({{"?<?p\"&?> !<c>&\"-- ?q", "<?p\"&?>\n\n<!--&lt;c&gt;&amp;&quot;---->\nq\n\n"},
-                       {"<a #<s>\"&</s>", "<a \n<s>\"&</s>\n"}},
-                      formatting);
-        ExpectWritten({{"?p !c <a #s", "p\r\n\r\n<!--c-->\r\n<a \r\ns\r\n"}}, formatting, eol_CRLF);
+        ExpectWritten(
+            {{"?<?p\"&?> !<c>&\"-- <a @k=v #<s>\"&</s> @l=w",
+              "<?p\"&?>\r\n\r\n<!--&lt;c&gt;&amp;&quot;---->\r\n<a k=\"v\" \r\n<s>\"&</s>\r\n l=\"w\""}},
+            formatting, eol_CRLF);
     }
-    ExpectWritten({{"<a @k=v #<s/> @l=w >", "<a k=\"v\" \n<s/>\n l=\"w\"/>"},
-                   {"<a !c > !d", "<a><!--c-->\n</a><!--d-->\n"},  // a start tag that is open is closed first
-                   {"<a ?p <b > >", "<a>p\n\n<b/></a>"}});
+    // A start tag that is open is closed first.
+    ExpectWritten({{"<a !c > !d", "<a><!--c-->\n</a><!--d-->\n"}, {"<a ?p <b > >", "<a>p\n\n<b/></a>"}});
 }
 
 TEST(CXmlTextWriter, FormatsByLevels) {
-    CXmlTextWriter writer;
-    Write(writer, "<a <b > >");
-    EXPECT_EQ(writer.GetString(), u"<a>\n\t<b/>\n</a>\n");
     std::string const script = "<a @k=v <b 'x > <c <d <e > > <f 'y > > <g > >";
     std::string const formatted =
         "<a k=\"v\">\n\t<b>x</b>\n\t<c>\n\t\t<d>\n\t\t\t<e/>\n\t\t</d>\n\t\t<f>y</f>\n\t</c>\n\t<g/>\n</a>\n";
     ExpectWritten({{script, formatted},
-                   {"<a 'x <b > >", "<a>x\t<b/>\n</a>\n"},
                    {"<a <b 'x <c > 'y > >", "<a>\n\t<b>x\t\t<c/>\ny\t</b>\n</a>\n"},
                    {"<a > <b >", "<a/>\n<b/>\n"}},
                   true);
-    ExpectWritten({{script, Replaced(formatted, "\n", "\r\n")}}, true, eol_CRLF);
     ExpectWritten({{script, Replaced(Replaced(formatted, "\n", ""), "\t", "")}}, false, eol_CRLF);
 }
 
 TEST(CXmlTextWriter, EscapesTextValuesAndCommentsAlike) {
-    wstring const special = u"<&>\"'\t\x01\x1F\r\n\r\0\u20AC\xD83D\xDE00 ."s;
-    std::string const expected = "&lt;&amp;&gt;&quot;'\t\x01\x1F\r\n\0\u20AC\U0001F600 ."s;
+    wstring const special = u"<&>\"'\n\r\0\u20AC."s;
+    std::string const expected = "&lt;&amp;&gt;&quot;'\r\n\0\u20AC."s;
     CXmlTextWriter writer;
     writer.SetFormatting(false);
     writer.SetEOLType(eol_CRLF);
@@ -96,9 +89,6 @@ TEST(CXmlTextWriter, EscapesTextValuesAndCommentsAlike) {
 TEST(CXmlTextWriter, DeclaresANewPrefixOnTheElementThatNeedsIt) {
     ExpectWritten(
         {{"<N|a 'x > <N|b >", R"(<AA:a xmlns:AA="N">x</AA:a><AA:b xmlns:AA="N"/>)"},
-         {"<N|a <N|b <c > > <M|d > >", R"(<AA:a xmlns:AA="N"><AA:b><c/></AA:b><AB:d xmlns:AB="M"/></AA:a>)"},
-         {"<a <N|b <N|c > > <N|d > <M|e > >",
-          R"(<a><AA:b xmlns:AA="N"><AA:c/></AA:b><AA:d xmlns:AA="N"/><AA:e xmlns:AA="M"/></a>)"},
          {"<N|a <b <M|c <d <N|e > <L|f > <M|g > > > <M|h > > <L|i > >",
           R"(<AA:a xmlns:AA="N"><b><AB:c xmlns:AB="M"><d><AA:e/><AC:f xmlns:AC="L"/><AB:g/></d></AB:c>)"
           R"(<AB:h xmlns:AB="M"/></b><AB:i xmlns:AB="L"/></AA:a>)"}});
@@ -108,13 +98,10 @@ TEST(CXmlTextWriter, DeclaresTheDefaultNamespaceAndTheAliasesOnTheRoot) {
     ExpectWritten(
         {{"*M *N <N|a <b > <N|c 'x > <M|d > >", R"(<a xmlns="N"><b/><c>x</c><AA:d xmlns:AA="M"/></a>)"},
          {"+p=N <N|a <N|b > <c > >", R"(<p:a xmlns:p="N"><p:b/><c/></p:a>)"},
-         {"+p=N *N <N|a <N|b > >", R"(<a xmlns="N" xmlns:p="N"><b/></a>)"},
          {"+p=P *D <N|a @k=v >", R"(<AA:a xmlns:AA="N" xmlns="D" xmlns:p="P" k="v"/>)"},
          {"+a=z +c=\uFFFD +d=\U00010000 +b=Z <r >",  // U+10000 begins with D800, before FFFD
           "<r xmlns:b=\"Z\" xmlns:a=\"z\" xmlns:d=\"\U00010000\" xmlns:c=\"\uFFFD\"/>"},
          {"+p=N +q=N +q=M <N|a >", R"(<q:a xmlns:q="M" xmlns:q="N"/>)"},
-         {"+AA=X +AC=Y <N|a <M|b > >",
-          R"(<AB:a xmlns:AB="N" xmlns:AA="X" xmlns:AC="Y"><AD:b xmlns:AD="M"/></AB:a>)"},
          {"+AC=X <a @N0|k= @N1|k= <b @N2|k= > <c @N2|k= > >",
           R"(<a xmlns:AC="X" xmlns:AA="N0" AA:k="" xmlns:AB="N1" AB:k=""><b xmlns:AD="N2" AD:k=""/>)"
           R"(<c xmlns:AD="N2" AD:k=""/></a>)"},
@@ -124,9 +111,7 @@ TEST(CXmlTextWriter, DeclaresTheDefaultNamespaceAndTheAliasesOnTheRoot) {
 
 TEST(CXmlTextWriter, NeverLeavesAnAttributeToTheDefaultNamespace) {
     ExpectWritten(
-        {{"<a @N|k=v @N|l= @M|m=w @n= >", R"(<a xmlns:AA="N" AA:k="v" AA:l="" xmlns:AB="M" AB:m="w" n=""/>)"},
-         {"*N <N|a @N|k=v <N|b > >", R"(<a xmlns="N" xmlns:AA="N" AA:k="v"><b/></a>)"},
-         {"+p=P <N|a @N|k=v @P|l=w >", R"(<AA:a xmlns:AA="N" xmlns:p="P" AA:k="v" p:l="w"/>)"},
+        {{"*N <N|a @N|k=v @N|l= @n= <N|b > >", R"(<a xmlns="N" xmlns:AA="N" AA:k="v" AA:l="" n=""><b/></a>)"},
          {"*D <a <b @N|k=v <N|c > <D|d > > <N|e > >",
           R"(<a xmlns="D"><b xmlns:AA="N" AA:k="v"><AA:c/><d/></b><AA:e xmlns:AA="N"/></a>)"}});
 }
@@ -134,9 +119,7 @@ TEST(CXmlTextWriter, NeverLeavesAnAttributeToTheDefaultNamespace) {
 TEST(CXmlTextWriter, WritesTheTypeOfAnElement) {
     ExpectWritten({{"<a ^T >", R"(<a xmlns:AA="XSI" AA:type="T"/>)"},
                    {"+x=XSI *N <a ^N|<T> >", R"(<a xmlns="N" xmlns:x="XSI" x:type="&lt;T&gt;"/>)"},
-                   {"+x=XSI +p=N <a ^N|T >", R"(<a xmlns:p="N" xmlns:x="XSI" x:type="p:T"/>)"},
                    {"+p=N *N <a ^N|T >", R"(<a xmlns="N" xmlns:p="N" xmlns:AA="XSI" AA:type="T"/>)"},
-                   {"+x=XSI <a ^N|T @N|k= >", R"(<a xmlns:x="XSI" xmlns:AA="N"  x:type="AA:T" AA:k=""/>)"},
                    {"<a <b ^N|T <N|c > > <d ^N|T > >",
                     R"(<a><b xmlns:AA="N"  xmlns:AB="XSI" AB:type="AA:T"><AA:c/></b>)"
                     R"(<d xmlns:AA="N"  xmlns:AB="XSI" AB:type="AA:T"/></a>)"}});
@@ -144,20 +127,18 @@ TEST(CXmlTextWriter, WritesTheTypeOfAnElement) {
 
 TEST(CXmlTextWriter, BindsTheXmlNamespaceToItsPrefixAlways) {
     ExpectWritten(
-        {{"<a @XMLNS|lang=de <N|b > >", R"(<a xml:lang="de"><AA:b xmlns:AA="N"/></a>)"},
-         {"+p=XMLNS +q=Q <XMLNS|a <XMLNS|b 'x > >", R"(<xml:a xmlns:q="Q"><xml:b>x</xml:b></xml:a>)"},
+        {{"+p=XMLNS +q=Q <XMLNS|a <XMLNS|b 'x > >", R"(<xml:a xmlns:q="Q"><xml:b>x</xml:b></xml:a>)"},
          {"+xml=XMLNS +i=XSI <a ^XMLNS|T >", R"(<a xmlns:i="XSI" i:type="xml:T"/>)"},
-         {"<a +p=XMLNS @XMLNS|lang=de >", R"(<a xml:lang="de"/>)"},
          {"*XMLNS <XMLNS|a @XMLNS|lang=de >", R"(<xml:a xml:lang="de"/>)"}});
 }
 
 TEST(CXmlTextWriter, ChangesTheScopeOfAnOpenElementAlone) {
     ExpectWritten(
         {{"<N|a *N <N|b > >", R"(<AA:a xmlns:AA="N"><b/></a>)"},
+         {"*N <N|a *M <N|b >", R"(<a xmlns="N"><AA:b xmlns:AA="N"/>)"},
          {"<N|a +q=N @N|k= <N|b > >", R"(<AA:a xmlns:AA="N" q:k=""><q:b/></q:a>)"},
          {"<N|a <N|b +q=N 'x > >", R"(<AA:a xmlns:AA="N"><AA:b>x</q:b></AA:a>)"},
          {"+p=N *N <N|a *M <N|b > <M|c > >", R"(<a xmlns="N" xmlns:p="N"><p:b/><c/></p:a>)"},
-         {"*N <N|a *M <N|b >", R"(<a xmlns="N"><AA:b xmlns:AA="N"/>)"},
          {"<N|a <L|b <c +q=Q <M|d", R"(<AA:a xmlns:AA="N"><AB:b xmlns:AB="L"><c><AC:d xmlns:AC="M")"},
          {"*D <a * 'x <b > <D|c > >", R"(<a xmlns="D">x<b/><AA:c xmlns:AA="D"/></a>)"},
          {"<a @N|k= +AB=X @M|l= <X|b > >", R"(<a xmlns:AA="N" AA:k="" xmlns:AC="M" AC:l=""><AB:b/></a>)"},
@@ -166,7 +147,6 @@ TEST(CXmlTextWriter, ChangesTheScopeOfAnOpenElementAlone) {
          // A scope that is copied brings the default namespace and the aliases along.
          {"*D <D|a <D|b +q=M <M|c > <D|d > > <M|e > >",
           R"(<a xmlns="D"><b><q:c/><d/></b><AA:e xmlns:AA="M"/></a>)"},
-         {"*D <D|a <N|b <D|c > > >", R"(<a xmlns="D"><AA:b xmlns:AA="N"><c/></AA:b></a>)"},
          {"+p=P *D <D|a <b *M <M|c > <P|d > <D|e > > <D|f > <M|g > >",
           R"(<a xmlns="D" xmlns:p="P"><b><c/><p:d/><AA:e xmlns:AA="D"/></b><f/><AA:g xmlns:AA="M"/></a>)"},
          {"<a <b *M +q=Q <c <d +r=R <M|e > <Q|f > <R|g > > > <R|h > > >",
@@ -179,11 +159,9 @@ TEST(CXmlTextWriter, RefusesACallAndKeepsItsState) {
     std::string const noElement = "CBxInvalidStateException: No element is open";
     std::array<std::string, 5> const rows[] = {
         {"<a 'x", "@N|k=v", late, "<N|b > >", R"(<a>x<AA:b xmlns:AA="N"/></a>)"},
-        {"<a <b >", "^N|T", late, "<N|c > >", R"(<a><b/><AA:c xmlns:AA="N"/></a>)"},
         {"<a !c", "@k=v", late, ">", "<a><!--c-->\n</a>"},
         {". <a", ".", open, "@k= <b > > .", R"(<a k=""><b/></a>)"},
         {"", ">", noElement, "<a >", "<a/>"},
-        {"", "@N|k=v", noElement, "<a >", "<a/>"},
         {"<a >", "'x", noElement, ".", "<a/>"},
         {"<a >", "^N|T", noElement, ".", "<a/>"}};
     for (auto const& [first, refused, message, last, expected] : rows) {
@@ -208,44 +186,31 @@ TEST(CXmlTextWriter, RefusesACallAndKeepsItsState) {
 
 TEST(CXmlTextWriter, GivesItsTextAsOctets) {
     // Characters of two units, one of them across the border of two chunks of the buffer.
-    std::string const text = "<a>" + std::string(65'507, 'x') + "\u00E9\u20AC\U0001D11E\U0001F600</a>";
+    std::string const text = std::string(65'507, 'x') + "\u00E9\u20AC\U0001D11E\U0001F600";
     CXmlTextWriter writer;
-    writer.SetFormatting(false);
     writer.WriteStartDocument(enc_UTF16);
     EXPECT_EQ(writer.GetBinaryData(enc_UTF8).GetLength(), 40U);
     writer.WriteStartDocument(enc_Unspecified);
-    std::string const declaration = ToUtf8(writer.GetString());
-    writer.WriteStartElement(u"a", u"");
-    writer.WriteText(FromUtf8(text.substr(3, text.size() - 7)));
-    writer.WriteEndElement();
-    std::string const expected = declaration + text;
+    writer.WriteProcessingInstruction(FromUtf8(text));
+    std::string const expected = "<?xml version=\"1.0\"?>\n" + text + "\n\n";
     for (int i = 0; i < 2; ++i) {
         CBinaryData const utf8 = writer.GetBinaryData(enc_UTF8);
-        EXPECT_TRUE(std::ranges::equal(utf8.GetOctets(), expected, [](unsigned char a, char b) {
-            return a == static_cast<unsigned char>(b);
-        }));
+        EXPECT_TRUE(std::string(utf8.GetOctets().begin(), utf8.GetOctets().end()) == expected);
         EXPECT_TRUE(writer.GetBinaryData(enc_UTF16).GetString() == FromUtf8(expected));
         EXPECT_EQ(writer.GetBinaryData(enc_UTF16NoDeclaration), writer.GetBinaryData(enc_UTF16));
     }
-    for (int const encoding : {-1, 0, 4}) {
-        EXPECT_BX_THROW(writer.GetBinaryData(static_cast<XmlEncoding>(encoding)), CBxException,
-                        "Unknown Encoding, select UTF-8 or ask the vendor's support");
-    }
+    EXPECT_BX_THROW(writer.GetBinaryData(enc_Unspecified), CBxException,
+                    "Unknown Encoding, select UTF-8 or ask the vendor's support");
     EXPECT_TRUE(ToUtf8(writer.GetString()) == expected);
 }
 
 TEST(CXmlTextWriter, HalfOfASurrogatePairHasNoUtf8) {
-    for (wstring const& half : {wstring(u"\xD834"), wstring(u"\xDD1E\xD834"), wstring(u"\xD834 \xDD1E")}) {
-        CXmlTextWriter writer;
-        writer.SetFormatting(false);
-        EXPECT_EQ(writer.GetBinaryData(enc_UTF8).GetLength() + writer.GetBinaryData(enc_UTF16).GetLength(),
-                  0U);
-        writer.WriteStartElement(u"a", u"");
-        writer.WriteText(half);
-        EXPECT_BX_THROW(writer.GetBinaryData(enc_UTF8), CBxInvalidValueException,
-                        "A text with half of a surrogate pair has no UTF-8 form");
-        EXPECT_EQ(writer.GetBinaryData(enc_UTF16).GetString(), u"<a>" + half);
-    }
+    CXmlTextWriter writer;
+    EXPECT_EQ(writer.GetBinaryData(enc_UTF8).GetLength() + writer.GetBinaryData(enc_UTF16).GetLength(), 0U);
+    writer.WriteProcessingInstruction(u"\xD834");
+    EXPECT_BX_THROW(writer.GetBinaryData(enc_UTF8), CBxInvalidValueException,
+                    "A text with half of a surrogate pair has no UTF-8 form");
+    EXPECT_EQ(writer.GetBinaryData(enc_UTF16).GetString(), u"\xD834\n\n");
 }
 
 TEST(CXmlTextWriter, LimitsTheDepth) {
@@ -271,8 +236,6 @@ TEST(CXmlTextWriter, MakesManyPrefixesInOneScope) {
     for (std::size_t i = 0; i < kCount; ++i) writer.WriteAttribute(u"k", uri(i), u"");
     Write(writer, ">");
     wstring const text = writer.GetString();
-    EXPECT_NE(text.find(uR"( xmlns:ZZ="urn:675" ZZ:k="" xmlns:AAA="urn:676" AAA:k="" xmlns:AAB="urn:677")"),
-              wstring::npos);
     CXmlDocument document(st_Default);
     document.LoadXml(text.c_str());
     auto const& attributes = document.GetDocumentElement()->GetAttributes();
