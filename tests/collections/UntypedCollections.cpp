@@ -46,8 +46,9 @@ void ExpectSteps(auto& collection, std::vector<Step> const& steps) {
 
 TEST(UntypedCollections, DefaultNamespace) {
     // Namespace, restriction, default of attributes, default of elements or the failure.
-    for (char const* const row : {";##local uu;;!set", ";;;!set", ";u;;!set", ";u#;;!set", "; uu;;!set",
-                                  ";uu vv;uu;uu", ";uu#;uu#;uu#", "n;##any;n;n", "n;uu;n;!allowed"}) {
+    for (char const* const row :
+         {";##local uu;;!set", ";;;!set", ";u;;!set", ";#u;;!set", ";u#;;!set", "; uu;;!set", ";uu vv;uu;uu",
+          ";uu#;uu#;uu#", "n;##any;n;n", "n;uu;n;!allowed"}) {
         SCOPED_TRACE(row);
         std::istringstream fields(row);
         std::string ns, restriction, ofAttributes, ofElements, outcome;
