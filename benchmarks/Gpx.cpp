@@ -32,6 +32,17 @@ void ReadGpx(benchmark::State& state) {
     }
 }
 
+void ReadFastInfosetGpx(benchmark::State& state) {
+    Gpx::CGpx gpx;
+    Read(gpx, Input(state));
+    CBinaryData const input = gpx.ToFastInfosetStream(fi_None, Gpx::CGpx::WritingContext(), cmp_None);
+    for (auto _ : state) {
+        Gpx::CGpx read;
+        read.FromXmlStream(input, CXmlSerializationContext::GetDefaultContext());
+        benchmark::DoNotOptimize(&read);
+    }
+}
+
 void WriteGpx(benchmark::State& state) {
     Gpx::CGpx gpx;
     Read(gpx, Input(state));
@@ -46,10 +57,12 @@ void WriteGpx(benchmark::State& state) {
     BENCHMARK(Function)->Arg(1)->Arg(10)->Arg(50)->Unit(benchmark::kMillisecond)->Repetitions(5)
 
 BX_GPX_BENCHMARK(ReadGpx);
+BX_GPX_BENCHMARK(ReadFastInfosetGpx);
 BX_GPX_BENCHMARK(WriteGpx);
 
 Aims const s_aims({
     {"ReadGpx/10", "Floor/10", 2.2},
+    {"ReadFastInfosetGpx/10", "Floor/10", 0},
     {"WriteGpx/10", "Floor/10", 1.4},
     {"ReadGpx/50", "ReadGpx/1", 0},
     {"WriteGpx/50", "WriteGpx/1", 0},
