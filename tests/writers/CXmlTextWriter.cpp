@@ -144,6 +144,12 @@ TEST(CXmlTextWriter, ChangesTheScopeOfAnOpenElementAlone) {
          {"<a @N|k= +AB=X @M|l= <X|b > >", R"(<a xmlns:AA="N" AA:k="" xmlns:AC="M" AC:l=""><AB:b/></a>)"},
          {"<a @N|k= <b +q=N @M|l= > >", R"(<a xmlns:AA="N" AA:k=""><b xmlns:AA="M" AA:l=""/></a>)"},
          {"+p=P <a +q=Q *D > <D|b >", R"(<a xmlns:p="P"/><AA:b xmlns:AA="D" xmlns:p="P"/>)"},
+         // The record of an element that was closed begins anew.
+         {"<r <a +p=N @N|k= <N|c > > <b @N|k= 'x > >",
+          R"(<r><a p:k=""><p:c/></a><b xmlns:AA="N" AA:k="">x</b></r>)"},
+         {"<r <a *N <N|c > > <b *M <M|d > <N|e > > >",
+          R"(<r><a><c/></a><b><d/><AA:e xmlns:AA="N"/></b></r>)"},
+         {"<r <N|a +q=N 'x > <b 'y > >", R"(<r><AA:a xmlns:AA="N">x</q:a><b>y</b></r>)"},
          // A scope that is copied brings the default namespace and the aliases along.
          {"*D <D|a <D|b +q=M <M|c > <D|d > > <M|e > >",
           R"(<a xmlns="D"><b><q:c/><d/></b><AA:e xmlns:AA="M"/></a>)"},
