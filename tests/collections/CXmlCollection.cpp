@@ -131,8 +131,8 @@ TEST(CXmlCollection, Items) {
 
 TEST(CXmlCollection, ListenersComeAndGo) {
     std::string log;
-    Collection collection("z");
     Object a('a'), b('b'), c('c');
+    Collection collection("z");  // behind its listeners, which must outlive it
     for (Object* each : {&a, &b, &c}) each->m_onEvent = [&log, each](auto*) { log += each->m_letter; };
     auto const logOfChange = [&] {
         log.clear();
