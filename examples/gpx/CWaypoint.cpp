@@ -25,10 +25,6 @@ int StringToFix(char16_t const* text) {
     return static_cast<int>(fix - kFixes);
 }
 
-}  // namespace
-
-namespace {
-
 /// What the library is shown of points without links, an empty collection. A point that reads some takes it.
 thread_local CSmartPtr<CLinkCol> t_spareLinks;
 
