@@ -30,6 +30,8 @@ public:
 
     /// @param code a word in lower case that stands for the kind of trouble: "unresolved"
     void Error(Place const& place, std::string_view code, std::string_view text);
+    /// A file that cannot be read or written, with the code "file".
+    void FileError(Place const& place, std::string_view text);
     void Warning(Place const& place, std::string_view code, std::string_view text);
     /// Says more about the message before it, and is dropped with it.
     void Note(Place const& place, std::string_view text);
@@ -37,6 +39,7 @@ public:
     /// True if the run fails: after an error, or a warning that counts as one.
     bool HasFailed() const { return m_errors > 0 || (m_options.m_warningsAreErrors && m_warnings > 0); }
     bool HasErrors() const { return m_errors > 0; }
+    bool HasFileErrors() const { return m_hasFileErrors; }
     std::size_t Errors() const { return m_errors; }
 
     /// All messages, a line each, and what was counted.
@@ -50,6 +53,7 @@ private:
     std::map<std::string, std::size_t, std::less<>> m_warningsByCode;
     std::size_t m_errors = 0;
     std::size_t m_warnings = 0;
+    bool m_hasFileErrors = false;
     bool m_lastIsKept = false;
 };
 

@@ -4,11 +4,12 @@
 #include <cstdint>
 #include <string_view>
 
+#include "xml/QName.h"
+
 namespace BxGen {
 
 inline constexpr std::string_view kXsdNamespace = "http://www.w3.org/2001/XMLSchema";
 inline constexpr std::string_view kXsiNamespace = "http://www.w3.org/2001/XMLSchema-instance";
-inline constexpr std::string_view kXmlNamespace = "http://www.w3.org/XML/1998/namespace";
 inline constexpr std::string_view kXLinkNamespace = "http://www.w3.org/1999/xlink";
 
 /// The built-in types of XML Schema Part 2: the two that all derive from, the 19 primitive ones, the 25 derived.

@@ -6,6 +6,7 @@
 // that. Pointers and texts live as long as the SchemaSet. Members are in the order in which they are written.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <limits>
 #include <optional>
@@ -59,8 +60,8 @@ struct Occurs {
 struct ValueConstraint {
     std::string_view m_value;  ///< as written, whitespace and all
     bool m_isFixed = false;
-    /// For a type of QName or NOTATION: what the value names, by the prefixes in scope where it stands.
-    QName m_name;
+    NamespaceScope const* m_scope = nullptr;  ///< the prefixes where it stands
+    QName m_name;                             ///< what the value names, if its type is QName or NOTATION
 };
 
 /// Ways of derivation, as bits: in sets of them (block, final), and alone.
@@ -132,8 +133,9 @@ struct Facet : Component {
     std::string_view
         m_value;  ///< as written; without surrounding whitespace where the facet's value is a number
     bool m_isFixed = false;
-    std::uint64_t m_number = 0;  ///< of lengths and digits; the greatest there is if it is more
-    QName m_name;                ///< of an enumeration of QName or NOTATION: what the value names
+    std::uint64_t m_number = 0;               ///< of lengths and digits; the greatest there is if it is more
+    NamespaceScope const* m_scope = nullptr;  ///< the prefixes where it stands; null for what is built in
+    QName m_name;  ///< of an enumeration of QName or NOTATION: what the value names
 };
 
 enum class Variety : std::uint8_t { kAtomic, kList, kUnion };
@@ -161,7 +163,9 @@ struct SimpleType : Type {
     WhiteSpace m_whiteSpace = WhiteSpace::kCollapse;  ///< that holds; not meaningful for a union
     SimpleType const* m_item = nullptr;               ///< of a list, also of a restricted one
     std::vector<SimpleType const*>
-        m_members;  ///< of a union, also of a restricted one; unions within not flattened
+        m_members;                  ///< of a union, also of a restricted one; unions within not flattened
+    bool m_holdsList = false;       ///< a union with a list among its members, however deep
+    std::size_t m_memberCount = 0;  ///< of a union, those of unions within counted each time
     std::vector<Facet const*> m_facets;  ///< of this step, in order; one for each pattern and enumeration
 };
 
@@ -224,7 +228,7 @@ enum class ProcessContents : std::uint8_t { kStrict, kLax, kSkip };
 struct Wildcard : Component {
     enum class Kind : std::uint8_t {
         kAny,    ///< every namespace
-        kOther,  ///< every namespace but m_namespaces[0]; and none
+        kOther,  ///< every namespace but m_namespaces[0] and none; whatever is in a namespace if that is empty
         kList,   ///< those of m_namespaces, the empty one for no namespace
     };
 

@@ -9,6 +9,9 @@
 
 namespace BxGen {
 
+/// What the prefix xml stands for.
+inline constexpr std::string_view kXmlNamespace = "http://www.w3.org/XML/1998/namespace";
+
 /// A name with its namespace, empty for none. The text belongs to the pool of the schema set.
 struct QName {
     std::string_view m_namespace;
@@ -31,7 +34,7 @@ std::string Quoted(QName const& name);
 template <>
 struct std::hash<BxGen::QName> {
     std::size_t operator()(BxGen::QName const& name) const noexcept {
-        std::hash<std::string_view> const hash;
-        return hash(name.m_local) * 31 + hash(name.m_namespace);
+        std::hash<std::string_view> const hashOf;
+        return hashOf(name.m_local) * 31 + hashOf(name.m_namespace);
     }
 };
