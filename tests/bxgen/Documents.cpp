@@ -4,7 +4,6 @@
 
 #include <fstream>
 #include <iterator>
-#include <regex>
 #include <string>
 #include <utility>
 #include <vector>
@@ -30,15 +29,22 @@ struct Row {
     Outcome m_outcome;
 };
 
+/// Places by line alone; all is on the first one here.
+std::string WithoutColumns(std::string text) {
+    for (std::size_t at = text.find(":1:"); at != text.npos; at = text.find(":1:", at + 1)) {
+        std::size_t const column = at + 2;
+        text.erase(column, text.find_first_not_of("0123456789", column + 1) - column);
+    }
+    return text;
+}
+
 void Check(std::initializer_list<Row> rows) {
     for (Row const& row : rows) {
         Folder const folder;
         for (auto const& [name, octets] : row.m_files) folder.Put(name, octets);
         Outcome outcome = folder.Run(row.m_arguments);
-        // Columns are shown elsewhere.
-        std::regex const column("(:[0-9]+):[0-9]+");
-        outcome.m_output = std::regex_replace(outcome.m_output, column, "$1");
-        outcome.m_messages = std::regex_replace(outcome.m_messages, column, "$1");
+        for (std::string* const text : {&outcome.m_output, &outcome.m_messages})
+            *text = WithoutColumns(*text);
         EXPECT_EQ(outcome.m_status, row.m_outcome.m_status) << row.m_files[0].second;
         EXPECT_EQ(outcome.m_output, row.m_outcome.m_output) << row.m_files[0].second;
         EXPECT_EQ(outcome.m_messages, row.m_outcome.m_messages) << row.m_files[0].second;
