@@ -1,10 +1,10 @@
 #include "BxXmlLib5/binding/CAttributeInfo.h"
 
-#include "BxXmlLib5/binding/CBxException.h"
 #include "BxXmlLib5/binding/CXmlGeneratedClass.h"
 #include "BxXmlLib5/binding/CXmlSerializationContext.h"
-#include "BxXmlLib5/binding/FormatString.h"
 #include "BxXmlLib5/collections/CAttributeCol.h"
+#include "BxXmlLib5/core/CBxException.h"
+#include "BxXmlLib5/core/FormatString.h"
 #include "BxXmlLib5/document/CXmlAttribute.h"
 #include "BxXmlLib5/writers/CXmlWriter.h"
 #include "binding/NamespaceRules.h"

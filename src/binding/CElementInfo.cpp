@@ -1,9 +1,9 @@
 #include "BxXmlLib5/binding/CElementInfo.h"
 
-#include "BxXmlLib5/binding/CBxException.h"
 #include "BxXmlLib5/binding/CXmlGeneratedClass.h"
 #include "BxXmlLib5/binding/CXmlSerializationContext.h"
 #include "BxXmlLib5/collections/CElementCol.h"
+#include "BxXmlLib5/core/CBxException.h"
 #include "BxXmlLib5/document/CXmlElement.h"
 #include "BxXmlLib5/writers/CXmlWriter.h"
 #include "binding/PropertyValues.h"

@@ -1,9 +1,9 @@
 #include "BxXmlLib5/binding/CElementInfoAll.h"
 
-#include "BxXmlLib5/binding/CBxException.h"
 #include "BxXmlLib5/binding/CXmlGeneratedClass.h"
-#include "BxXmlLib5/binding/FormatString.h"
 #include "BxXmlLib5/collections/CXmlCollectionBase.h"
+#include "BxXmlLib5/core/CBxException.h"
+#include "BxXmlLib5/core/FormatString.h"
 #include "BxXmlLib5/document/CXmlElement.h"
 
 namespace BxXmlLib5Data {

@@ -1,12 +1,12 @@
 #include "BxXmlLib5/binding/CElementInfoSeq.h"
 
-#include "BxXmlLib5/binding/CBxException.h"
 #include "BxXmlLib5/binding/CXmlGeneratedClass.h"
 #include "BxXmlLib5/binding/CXmlSerializationContext.h"
-#include "BxXmlLib5/binding/FormatString.h"
 #include "BxXmlLib5/collections/CXmlCollectionBase.h"
+#include "BxXmlLib5/core/CBxException.h"
+#include "BxXmlLib5/core/FormatString.h"
 #include "BxXmlLib5/document/CXmlElement.h"
-#include "binding/NestingDepth.h"
+#include "core/NestingDepth.h"
 
 namespace BxXmlLib5Data {
 

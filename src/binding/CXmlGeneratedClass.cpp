@@ -5,11 +5,11 @@
 #include <typeinfo>
 
 #include "BxXmlLib5/binding/CAttributeInfo.h"
-#include "BxXmlLib5/binding/CBxException.h"
 #include "BxXmlLib5/binding/CElementInfo.h"
 #include "BxXmlLib5/binding/CElementInfoChoice.h"
 #include "BxXmlLib5/binding/CXmlSerializationContext.h"
 #include "BxXmlLib5/collections/CXmlCollectionBase.h"
+#include "BxXmlLib5/core/CBxException.h"
 #include "binding/PropertyValues.h"
 #include "platform/TextView.h"
 

@@ -4,14 +4,14 @@
 #include <vector>
 
 #include "BxXmlLib5/binding/CAttributeInfo.h"
-#include "BxXmlLib5/binding/CBxException.h"
 #include "BxXmlLib5/binding/CElementInfo.h"
 #include "BxXmlLib5/binding/CXmlGeneratedClass.h"
 #include "BxXmlLib5/binding/CXmlSerializationContext.h"
-#include "BxXmlLib5/binding/FormatString.h"
+#include "BxXmlLib5/core/CBxException.h"
+#include "BxXmlLib5/core/FormatString.h"
 #include "BxXmlLib5/document/CXmlElement.h"
 #include "BxXmlLib5/values/BxVariant.h"
-#include "binding/NestingDepth.h"
+#include "core/NestingDepth.h"
 
 namespace BxXmlLib5 {
 

@@ -1,14 +1,14 @@
 // How generated classes are written.
 
 #include "BxXmlLib5/binding/CAttributeInfo.h"
-#include "BxXmlLib5/binding/CBxException.h"
 #include "BxXmlLib5/binding/CElementInfo.h"
 #include "BxXmlLib5/binding/CXmlGeneratedClass.h"
 #include "BxXmlLib5/binding/CXmlSerializationContext.h"
 #include "BxXmlLib5/collections/CAttributeCol.h"
+#include "BxXmlLib5/core/CBxException.h"
 #include "BxXmlLib5/writers/CXmlWriter.h"
-#include "binding/NestingDepth.h"
 #include "binding/PropertyValues.h"
+#include "core/NestingDepth.h"
 
 namespace BxXmlLib5 {
 

@@ -1,8 +1,8 @@
 #include "BxXmlLib5/binding/CXmlObjectBase.h"
 
-#include "BxXmlLib5/binding/CBxException.h"
 #include "BxXmlLib5/binding/CXmlSerializationContext.h"
-#include "BxXmlLib5/binding/FormatString.h"
+#include "BxXmlLib5/core/CBxException.h"
+#include "BxXmlLib5/core/FormatString.h"
 #include "BxXmlLib5/document/CXmlElement.h"
 #include "binding/NamespaceRules.h"
 #include "platform/TextView.h"

@@ -1,7 +1,7 @@
 #include "BxXmlLib5/binding/CXmlSerializationContext.h"
 
-#include "BxXmlLib5/binding/CBxException.h"
 #include "BxXmlLib5/collections/CAttributeCol.h"
+#include "BxXmlLib5/core/CBxException.h"
 #include "platform/TextView.h"
 
 namespace BxXmlLib5 {

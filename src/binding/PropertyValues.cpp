@@ -1,8 +1,8 @@
 #include "binding/PropertyValues.h"
 
-#include "BxXmlLib5/binding/CBxException.h"
-#include "BxXmlLib5/binding/FormatString.h"
 #include "BxXmlLib5/collections/CXmlCollectionBase.h"
+#include "BxXmlLib5/core/CBxException.h"
+#include "BxXmlLib5/core/FormatString.h"
 
 namespace BxXmlLib5Data {
 

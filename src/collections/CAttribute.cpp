@@ -1,6 +1,6 @@
 #include "BxXmlLib5/collections/CAttribute.h"
 
-#include "BxXmlLib5/binding/CBxException.h"
+#include "BxXmlLib5/core/CBxException.h"
 #include "BxXmlLib5/writers/CXmlWriter.h"
 #include "platform/TextView.h"
 

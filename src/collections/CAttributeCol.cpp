@@ -2,8 +2,8 @@
 
 #include <utility>
 
-#include "BxXmlLib5/binding/CBxException.h"
-#include "BxXmlLib5/binding/FormatString.h"
+#include "BxXmlLib5/core/CBxException.h"
+#include "BxXmlLib5/core/FormatString.h"
 #include "BxXmlLib5/document/CXmlElement.h"
 #include "binding/NamespaceRules.h"
 #include "collections/Wildcards.h"

@@ -4,18 +4,18 @@
 #include <iterator>
 #include <utility>
 
-#include "BxXmlLib5/binding/CBxException.h"
 #include "BxXmlLib5/binding/CXmlSerializationContext.h"
-#include "BxXmlLib5/binding/FormatString.h"
 #include "BxXmlLib5/collections/CAttributeCol.h"
 #include "BxXmlLib5/collections/CElementCol.h"
+#include "BxXmlLib5/core/CBxException.h"
+#include "BxXmlLib5/core/FormatString.h"
 #include "BxXmlLib5/document/CXmlDocument.h"
 #include "BxXmlLib5/values/CBinaryData.h"
 #include "BxXmlLib5/writers/CXmlWriter.h"
 #include "binding/NamespaceRules.h"
-#include "binding/NestingDepth.h"
 #include "collections/Wildcards.h"
-#include "platform/Limits.h"
+#include "core/Limits.h"
+#include "core/NestingDepth.h"
 #include "platform/TextView.h"
 
 namespace BxXmlLib5 {

@@ -2,8 +2,8 @@
 
 #include <utility>
 
-#include "BxXmlLib5/binding/CBxException.h"
-#include "binding/IndexRange.h"
+#include "BxXmlLib5/core/CBxException.h"
+#include "core/IndexRange.h"
 
 namespace BxXmlLib5 {
 

@@ -10,9 +10,9 @@
 #include <string_view>
 #include <vector>
 
-#include "BxXmlLib5/binding/CBxException.h"
-#include "BxXmlLib5/binding/FormatString.h"
-#include "platform/Limits.h"
+#include "BxXmlLib5/core/CBxException.h"
+#include "BxXmlLib5/core/FormatString.h"
+#include "core/Limits.h"
 #include "platform/Stack.h"
 #include "values/Utf8Conversion.h"
 

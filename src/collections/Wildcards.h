@@ -3,7 +3,7 @@
 
 #include <string_view>
 
-#include "BxXmlLib5/binding/CSharedText.h"
+#include "BxXmlLib5/core/CSharedText.h"
 
 namespace BxXmlLib5 {
 

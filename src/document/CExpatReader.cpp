@@ -12,11 +12,11 @@ extern "C" XML_Bool XMLCALL XML_SetReparseDeferralEnabled(XML_Parser parser, XML
 #include <new>
 #include <type_traits>
 
-#include "BxXmlLib5/binding/CBxException.h"
-#include "BxXmlLib5/binding/FormatString.h"
+#include "BxXmlLib5/core/CBxException.h"
+#include "BxXmlLib5/core/FormatString.h"
 #include "BxXmlLib5/document/CXmlDocument.h"
+#include "core/Limits.h"
 #include "document/InputLimits.h"
-#include "platform/Limits.h"
 #include "platform/TextView.h"
 #include "platform/UnitScan.h"
 #include "platform/Utf.h"

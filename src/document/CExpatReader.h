@@ -5,7 +5,7 @@
 #include <span>
 #include <string_view>
 
-#include "BxXmlLib5/binding/CInstanceMonitor.h"
+#include "BxXmlLib5/core/CInstanceMonitor.h"
 #include "BxXmlLib5/platform/Text.h"
 
 struct XML_ParserStruct;

@@ -3,16 +3,16 @@
 #include <algorithm>
 #include <utility>
 
-#include "BxXmlLib5/binding/CBxException.h"
-#include "BxXmlLib5/binding/FormatString.h"
-#include "binding/NestingDepth.h"
+#include "BxXmlLib5/core/CBxException.h"
+#include "BxXmlLib5/core/FormatString.h"
+#include "core/Limits.h"
+#include "core/NestingDepth.h"
 #include "document/CDocumentNodes.h"
 #include "document/CExpatReader.h"
 #include "document/Inflate.h"
 #include "document/InputLimits.h"
 #include "fastinfoset/CFastInfosetReader.h"
 #include "platform/Files.h"
-#include "platform/Limits.h"
 #include "platform/TextView.h"
 #include "platform/Utf16Octets.h"
 

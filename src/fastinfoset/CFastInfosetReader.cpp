@@ -3,12 +3,12 @@
 #include <algorithm>
 #include <optional>
 
-#include "BxXmlLib5/binding/CBxException.h"
+#include "BxXmlLib5/core/CBxException.h"
 #include "BxXmlLib5/document/CXmlDocument.h"
+#include "core/Limits.h"
 #include "document/CDocumentNodes.h"
 #include "document/InputLimits.h"
 #include "fastinfoset/Format.h"
-#include "platform/Limits.h"
 
 namespace BxXmlLib5 {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "BxXmlLib5/binding/CBxException.h"
+#include "BxXmlLib5/core/CBxException.h"
 #include "BxXmlLib5/values/CDecimal.h"
 #include "BxXmlLib5/values/CWhitespaceUtils.h"
 #include "platform/TextView.h"

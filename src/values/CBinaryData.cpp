@@ -5,8 +5,8 @@
 #include <climits>
 #include <utility>
 
-#include "BxXmlLib5/binding/CBxException.h"
-#include "BxXmlLib5/binding/FormatString.h"
+#include "BxXmlLib5/core/CBxException.h"
+#include "BxXmlLib5/core/FormatString.h"
 #include "platform/Files.h"
 #include "platform/TextView.h"
 #include "values/Base64.h"

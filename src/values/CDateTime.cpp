@@ -2,8 +2,8 @@
 
 #include <concepts>
 
-#include "BxXmlLib5/binding/CBxException.h"
-#include "BxXmlLib5/binding/FormatString.h"
+#include "BxXmlLib5/core/CBxException.h"
+#include "BxXmlLib5/core/FormatString.h"
 #include "values/Calendar.h"
 #include "values/DateTimeFields.h"
 

@@ -1,6 +1,6 @@
 #include <array>
 
-#include "BxXmlLib5/binding/CBxException.h"
+#include "BxXmlLib5/core/CBxException.h"
 #include "BxXmlLib5/values/CDateTime.h"
 #include "values/DateTimeFields.h"
 

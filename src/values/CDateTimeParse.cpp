@@ -1,5 +1,5 @@
-#include "BxXmlLib5/binding/CBxException.h"
-#include "BxXmlLib5/binding/FormatString.h"
+#include "BxXmlLib5/core/CBxException.h"
+#include "BxXmlLib5/core/FormatString.h"
 #include "BxXmlLib5/values/CDateTime.h"
 #include "platform/TextView.h"
 #include "values/DateTimeFields.h"

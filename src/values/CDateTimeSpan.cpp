@@ -4,8 +4,8 @@
 #include <optional>
 #include <span>
 
-#include "BxXmlLib5/binding/CBxException.h"
-#include "BxXmlLib5/binding/FormatString.h"
+#include "BxXmlLib5/core/CBxException.h"
+#include "BxXmlLib5/core/FormatString.h"
 #include "platform/TextView.h"
 #include "values/DigitText.h"
 

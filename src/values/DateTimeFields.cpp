@@ -4,8 +4,8 @@
 #include <iterator>
 #include <limits>
 
-#include "BxXmlLib5/binding/CBxException.h"
-#include "BxXmlLib5/binding/FormatString.h"
+#include "BxXmlLib5/core/CBxException.h"
+#include "BxXmlLib5/core/FormatString.h"
 #include "values/Calendar.h"
 
 namespace BxXmlLib5 {

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "BxXmlLib5/binding/CBxException.h"
-#include "BxXmlLib5/binding/FormatString.h"
+#include "BxXmlLib5/core/CBxException.h"
+#include "BxXmlLib5/core/FormatString.h"
 #include "BxXmlLib5/values/CWhitespaceUtils.h"
 #include "platform/TextView.h"
 

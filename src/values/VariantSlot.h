@@ -25,4 +25,13 @@ T const& ReadSlot(T* const& slot) {
     return slot == nullptr ? empty : *slot;
 }
 
+/// @name References that a variant holds
+/// Defined beside the classes of objects, which are above the values.
+/// @{
+void AddReference(CXmlObjectBase* object);
+void AddReference(CXmlCollectionBase* collection);
+void DropReference(CXmlObjectBase* object);
+void DropReference(CXmlCollectionBase* collection);
+/// @}
+
 }  // namespace BxXmlLib5

@@ -4,7 +4,7 @@
 #include <array>
 #include <utility>
 
-#include "BxXmlLib5/binding/CBxException.h"
+#include "BxXmlLib5/core/CBxException.h"
 
 namespace BxXmlLib5 {
 

@@ -7,8 +7,8 @@
 #include <string_view>
 #include <vector>
 
-#include "BxXmlLib5/binding/CInstanceMonitor.h"
-#include "BxXmlLib5/binding/Enumerations.h"
+#include "BxXmlLib5/core/CInstanceMonitor.h"
+#include "BxXmlLib5/core/Enumerations.h"
 #include "BxXmlLib5/platform/Text.h"
 
 namespace BxXmlLib5 {

@@ -1,6 +1,6 @@
 #include "writers/CXmlTextWriter.h"
 
-#include "BxXmlLib5/binding/CBxException.h"
+#include "BxXmlLib5/core/CBxException.h"
 #include "platform/StandardNamespaces.h"
 #include "platform/TextView.h"
 #include "platform/Utf16Octets.h"

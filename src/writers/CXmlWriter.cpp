@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <utility>
 
-#include "BxXmlLib5/binding/CBxException.h"
-#include "binding/NestingDepth.h"
-#include "platform/Limits.h"
+#include "BxXmlLib5/core/CBxException.h"
+#include "core/Limits.h"
+#include "core/NestingDepth.h"
 #include "writers/CXmlWriterContext.h"
 #include "writers/GeneratedPrefixes.h"
 

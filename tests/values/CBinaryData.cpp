@@ -12,7 +12,7 @@
 #include <utility>
 #include <vector>
 
-#include "BxXmlLib5/binding/FormatString.h"
+#include "BxXmlLib5/core/FormatString.h"
 #include "document/Inflate.h"
 #include "support/Expect.h"
 

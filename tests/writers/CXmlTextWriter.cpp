@@ -3,7 +3,7 @@
 #include <array>
 
 #include "BxXmlLib5/document/CXmlDocument.h"
-#include "platform/Limits.h"
+#include "core/Limits.h"
 #include "support/Expect.h"
 #include "support/WriterScript.h"
 

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "BxXmlLib5/binding/CParentElementInfo.h"
-#include "BxXmlLib5/binding/CSmartPtr.h"
 #include "BxXmlLib5/collections/CPrimitiveRestrictions.h"
+#include "BxXmlLib5/core/CSmartPtr.h"
 #include "BxXmlLib5/platform/Export.h"
 #include "BxXmlLib5/platform/Text.h"
 #include "BxXmlLib5/values/CWhitespaceUtils.h"

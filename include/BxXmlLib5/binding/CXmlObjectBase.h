@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "BxXmlLib5/binding/Enumerations.h"
+#include "BxXmlLib5/core/Enumerations.h"
 #include "BxXmlLib5/platform/Export.h"
 #include "BxXmlLib5/platform/Text.h"
 

@@ -4,8 +4,8 @@
 #include <vector>
 
 #include "BxXmlLib5/binding/CNamespaceAliasMap.h"
-#include "BxXmlLib5/binding/CSmartPtr.h"
-#include "BxXmlLib5/binding/Enumerations.h"
+#include "BxXmlLib5/core/CSmartPtr.h"
+#include "BxXmlLib5/core/Enumerations.h"
 #include "BxXmlLib5/platform/Export.h"
 #include "BxXmlLib5/platform/Text.h"
 

@@ -3,9 +3,9 @@
 
 #include <string_view>
 
-#include "BxXmlLib5/binding/CInstanceMonitor.h"
-#include "BxXmlLib5/binding/CSharedText.h"
 #include "BxXmlLib5/binding/CXmlObjectBase.h"
+#include "BxXmlLib5/core/CInstanceMonitor.h"
+#include "BxXmlLib5/core/CSharedText.h"
 
 namespace BxXmlLib5 {
 

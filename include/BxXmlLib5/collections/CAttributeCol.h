@@ -3,10 +3,10 @@
 
 #include <string_view>
 
-#include "BxXmlLib5/binding/CInstanceMonitor.h"
 #include "BxXmlLib5/collections/CAttribute.h"
 #include "BxXmlLib5/collections/CBxIterator.h"
 #include "BxXmlLib5/collections/CXmlCollection.h"
+#include "BxXmlLib5/core/CInstanceMonitor.h"
 
 namespace BxXmlLib5 {
 

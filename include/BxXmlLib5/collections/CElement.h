@@ -3,10 +3,10 @@
 
 #include <string_view>
 
-#include "BxXmlLib5/binding/CInstanceMonitor.h"
-#include "BxXmlLib5/binding/CSharedText.h"
-#include "BxXmlLib5/binding/CSmartPtr.h"
 #include "BxXmlLib5/binding/CXmlObjectBase.h"
+#include "BxXmlLib5/core/CInstanceMonitor.h"
+#include "BxXmlLib5/core/CSharedText.h"
+#include "BxXmlLib5/core/CSmartPtr.h"
 
 namespace BxXmlLib5 {
 

@@ -1,10 +1,10 @@
 // The elements of untyped content.
 #pragma once
 
-#include "BxXmlLib5/binding/CInstanceMonitor.h"
 #include "BxXmlLib5/collections/CBxIterator.h"
 #include "BxXmlLib5/collections/CElement.h"
 #include "BxXmlLib5/collections/CXmlCollection.h"
+#include "BxXmlLib5/core/CInstanceMonitor.h"
 
 namespace BxXmlLib5Data {
 class CElementInfo;

@@ -3,8 +3,8 @@
 
 #include <vector>
 
-#include "BxXmlLib5/binding/CSharedText.h"
 #include "BxXmlLib5/binding/CXmlObjectBase.h"
+#include "BxXmlLib5/core/CSharedText.h"
 
 namespace BxXmlLib5 {
 

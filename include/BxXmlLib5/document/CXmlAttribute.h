@@ -3,7 +3,7 @@
 
 #include <string_view>
 
-#include "BxXmlLib5/binding/CInstanceMonitor.h"
+#include "BxXmlLib5/core/CInstanceMonitor.h"
 #include "BxXmlLib5/document/CXmlText.h"
 #include "BxXmlLib5/platform/Export.h"
 #include "BxXmlLib5/platform/Text.h"

@@ -5,7 +5,7 @@
 #include <utility>
 #include <vector>
 
-#include "BxXmlLib5/binding/CInstanceMonitor.h"
+#include "BxXmlLib5/core/CInstanceMonitor.h"
 #include "BxXmlLib5/document/CXmlAttribute.h"
 #include "BxXmlLib5/platform/Export.h"
 #include "BxXmlLib5/platform/Text.h"

@@ -7,8 +7,8 @@
 #include <span>
 #include <string_view>
 
-#include "BxXmlLib5/binding/CSmartPtr.h"
-#include "BxXmlLib5/binding/Enumerations.h"
+#include "BxXmlLib5/core/CSmartPtr.h"
+#include "BxXmlLib5/core/Enumerations.h"
 #include "BxXmlLib5/platform/Export.h"
 #include "BxXmlLib5/platform/Text.h"
 

@@ -1,4 +1,4 @@
-#include "BxXmlLib5/binding/CSmartPtr.h"
+#include "BxXmlLib5/core/CSmartPtr.h"
 
 #include "support/Expect.h"
 

@@ -1,4 +1,4 @@
-#include "BxXmlLib5/binding/CSharedText.h"
+#include "BxXmlLib5/core/CSharedText.h"
 
 #include "platform/TextView.h"
 

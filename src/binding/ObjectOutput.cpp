@@ -1,20 +1,23 @@
-// The entry points of CXmlObjectBase that write XML text.
+// The entry points of CXmlObjectBase that write a document.
 
-#include "writers/ObjectOutput.h"
-
-#include "BxXmlLib5/binding/CBxException.h"
 #include "BxXmlLib5/binding/CXmlObjectBase.h"
 #include "BxXmlLib5/binding/CXmlSerializationContext.h"
+#include "BxXmlLib5/core/CBxException.h"
 #include "BxXmlLib5/values/CBinaryData.h"
 #include "values/ByteOrderMark.h"
+#include "writers/CFastInfosetWriter.h"
 #include "writers/CXmlTextWriter.h"
 
 namespace BxXmlLib5 {
+
+namespace {
 
 void ThrowIfNotForFiles(CompressionType compression) {
     if (compression == cmp_ZLib)
         throw CBxException(u"ZLIB Compression only available for To Stream methods.");
 }
+
+}  // namespace
 
 wstring CXmlObjectBase::ToXml(bool includeDeclaration, bool formatted, EOLType eol,
                               CXmlSerializationContext const& context) const {
@@ -60,6 +63,23 @@ void CXmlObjectBase::WriteDocument(CXmlTextWriter& writer, bool includeDeclarati
     if (includeDeclaration) writer.WriteStartDocument(encoding);
     ToXml_Int(&writer, true, GetTargetNamespace().c_str(), context, false);
     if (includeDeclaration) writer.WriteEndDocument();
+}
+
+CBinaryData CXmlObjectBase::ToFastInfosetStream(FInfoDecl declaration,
+                                                CXmlSerializationContext const& context,
+                                                CompressionType compression) const {
+    CFastInfosetWriter writer;
+    writer.WriteStartDocument(declaration);
+    ToXml_Int(&writer, true, GetTargetNamespace().c_str(), context, false);
+    writer.WriteEndDocument();
+    return writer.TakeBinaryData().CompressData(compression);
+}
+
+void CXmlObjectBase::ToFastInfosetFile(char16_t const* fileName, FInfoDecl declaration,
+                                       CXmlSerializationContext const& context,
+                                       CompressionType compression) const {
+    ThrowIfNotForFiles(compression);
+    ToFastInfosetStream(declaration, context, compression).ToFile(fileName, enc_Unspecified);
 }
 
 }  // namespace BxXmlLib5

@@ -1,8 +1,8 @@
-#include "binding/NestingDepth.h"
+#include "core/NestingDepth.h"
 
-#include "BxXmlLib5/binding/CBxException.h"
-#include "BxXmlLib5/binding/FormatString.h"
-#include "platform/Limits.h"
+#include "BxXmlLib5/core/CBxException.h"
+#include "BxXmlLib5/core/FormatString.h"
+#include "core/Limits.h"
 
 namespace BxXmlLib5 {
 

@@ -1,14 +1,14 @@
-#include "fastinfoset/CFastInfosetWriter.h"
+#include "writers/CFastInfosetWriter.h"
 
 #include <array>
 #include <fstream>
 #include <iterator>
 
 #include "BxXmlLib5/document/CXmlDocument.h"
+#include "core/Limits.h"
 #include "fastinfoset/Integers.h"
 #include "fastinfoset/Octets.h"
 #include "fastinfoset/WriteInteger.h"
-#include "platform/Limits.h"
 #include "platform/StandardNamespaces.h"
 #include "support/Expect.h"
 #include "support/WriterScript.h"

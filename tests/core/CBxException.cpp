@@ -1,4 +1,4 @@
-#include "BxXmlLib5/binding/CBxException.h"
+#include "BxXmlLib5/core/CBxException.h"
 
 #include <type_traits>
 

@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <string_view>
 
-#include "BxXmlLib5/binding/CSmartPtr.h"
+#include "BxXmlLib5/core/CSmartPtr.h"
 #include "BxXmlLib5/platform/Export.h"
 #include "BxXmlLib5/platform/Text.h"
 

@@ -1,4 +1,4 @@
-#include "fastinfoset/CFastInfosetWriter.h"
+#include "writers/CFastInfosetWriter.h"
 
 #include <algorithm>
 

@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <string_view>
 
-#include "BxXmlLib5/binding/Enumerations.h"
+#include "BxXmlLib5/core/Enumerations.h"
 #include "BxXmlLib5/values/CBinaryData.h"
 #include "BxXmlLib5/writers/CXmlWriter.h"
 #include "fastinfoset/COctetBuffer.h"

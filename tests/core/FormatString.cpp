@@ -1,4 +1,4 @@
-#include "BxXmlLib5/binding/FormatString.h"
+#include "BxXmlLib5/core/FormatString.h"
 
 #include <cstdint>
 #include <cstdio>
