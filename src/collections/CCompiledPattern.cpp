@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cstdint>
 #include <new>
 #include <optional>
 #include <string_view>
@@ -11,6 +12,7 @@
 #include "BxXmlLib5/core/CBxException.h"
 #include "BxXmlLib5/core/FormatString.h"
 #include "core/Limits.h"
+#include "platform/Stack.h"
 #include "values/Utf8Conversion.h"
 
 namespace BxXmlLib5 {
@@ -44,11 +46,17 @@ std::unique_ptr<T, Free<kFree>> Own(T* object) {
     return std::unique_ptr<T, Free<kFree>>(object);
 }
 
+/// Whether compiling may not go on. It recurses into groups.
+int LacksStack(std::uint32_t, void*) {
+    return StackLeft().value_or(kStackForGroup) < kStackForGroup;
+}
+
 /// @param options besides PCRE2_UTF
 /// @param[out] error PCRE2's number, if the result is null
 pcre2_code* Compile(std::string const& pattern, std::uint32_t options, int& error) {
     auto const context = Own<pcre2_compile_context_free>(pcre2_compile_context_create(nullptr));
     pcre2_set_compile_extra_options(context.get(), PCRE2_EXTRA_ALLOW_LOOKAROUND_BSK);
+    pcre2_set_compile_recursion_guard(context.get(), LacksStack, nullptr);
     PCRE2_SIZE at = 0;
     return pcre2_compile(Octets(pattern), pattern.size(), PCRE2_UTF | PCRE2_NO_UTF_CHECK | options, &error,
                          &at, context.get());

@@ -1,12 +1,10 @@
 #include "collections/PatternFacet.h"
 
-#include <ucontext.h>
-
 #include <thread>
-#include <vector>
 
 #include "BxXmlLib5/collections/CCompiledPattern.h"
 #include "support/Expect.h"
+#include "support/Stacks.h"
 
 namespace {
 
@@ -135,7 +133,6 @@ TEST(PatternFacet, HostileValuesDoNotMatch) {
         {u"(a|b)*", kMany},                // too much memory
         {u"((a*)*)*b?c*b", kLetters},      // too many steps
         {u"(a|aa)+[bc]", kFew},            //
-        {u"(a(?1)?)+[bc]", kLetters},      //
         {u".*\\d+[%&]", kDigits},          // steps that look at all of the value
         {u"(.*)\\1[xy]", kLetters},        // the same where nothing tells of it
         {u"(\\d{50000}[%&]|.)*", kDigits}  //
@@ -143,27 +140,22 @@ TEST(PatternFacet, HostileValuesDoNotMatch) {
     for (auto const& row : kRows) EXPECT_FALSE(Matches(row.pattern, row.value)) << ToUtf8(row.pattern);
 }
 
-/// On a stack that the program made for itself and the system does not know.
-TEST(PatternFacet, ASmallStackSuffices) {
-    static bool matches, refuses;
-    matches = refuses = false;
-    std::vector<char> stack(1024 * 1024);
-    ucontext_t here, there;
-    ASSERT_EQ(getcontext(&there), 0);
-    there.uc_stack.ss_sp = stack.data();
-    there.uc_stack.ss_size = stack.size();
-    there.uc_link = &here;
-    makecontext(
-        &there,
-        [] {
-            wstring const kNested = Repeated(u"(", 250) + u"a|b" + Repeated(u")", 250) + u"*";
-            matches = Matches(u"(a|b)*", wstring(100'000, u'a')) && Matches(kNested, u"abab");
-            refuses = !Matches(u"(a|aa)+[bc]", wstring(100'000, u'a'));
-        },
-        0);
-    ASSERT_EQ(swapcontext(&here, &there), 0);
-    EXPECT_TRUE(matches);
-    EXPECT_TRUE(refuses);
+wstring const kNestedGroups = Repeated(u"(", 250) + u"a|b" + Repeated(u")", 250) + u"*";
+
+TEST(PatternFacet, SmallStacksSuffice) {
+    BxTest::OnSmallStacks([] {
+        EXPECT_TRUE(Matches(u"((a)|b)*", wstring(10'000, u'a')));
+        EXPECT_FALSE(Matches(u"((a)|b)*", wstring(10'000, u'c')));
+    });
+    BxTest::OnOwnStack(1024 * 1024, [] { EXPECT_TRUE(Matches(kNestedGroups, u"abab")); });
+}
+
+TEST(PatternFacet, GroupsNestAsDeepAsTheStackAllows) {
+    BxTest::OnThread(128 * 1024, [] {
+        EXPECT_BX_THROW(Matches(kNestedGroups, u"a"), CBxException,
+                        "Invalid Regular Expression: " + ToUtf8(kNestedGroups) +
+                            " Error: 'parentheses are too deeply nested (stack check)' for 'n'");
+    });
 }
 
 TEST(CompiledPattern, ServesManyThreads) {

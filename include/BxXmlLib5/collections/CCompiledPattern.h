@@ -15,7 +15,8 @@ namespace BxXmlLib5 {
 /// and compiles it for each value. Any number of threads may match with one object at the same time.
 class BXXMLLIB5_API CCompiledPattern {
 public:
-    /// @param pattern taken as it stands, with UTF on and no other option
+    /// @param pattern taken as it stands, with UTF on; groups nest as deep as what is left of the stack allows,
+    ///     250 levels at most
     /// @param asGiven for the message: the text that a schema has in place of the pattern
     /// @param name for the message: of the element, the attribute or the type
     /// @throws CBxException if the pattern is no regular expression
@@ -25,8 +26,8 @@ public:
     ~CCompiledPattern();
 
     /// Whether the first match at the start of a value spans all of it; a longer one is not sought. There is none
-    /// in a value with an unpaired surrogate. A search that takes some hundred million steps or more than 128 MiB
-    /// is given up, and nothing matches then. No search takes more than some thousand octets of stack.
+    /// in a value with an unpaired surrogate. A search that takes about a second or more than 128 MiB of heap is
+    /// given up, and nothing matches then; what is left of the stack makes no difference.
     bool MatchesWhole(wstring const& value) const;
 
 private:
