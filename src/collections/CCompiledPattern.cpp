@@ -104,13 +104,15 @@ Search Run(pcre2_code const& code, std::string const& value, std::size_t steps, 
     return {result, result >= 0 && match[0] == 0 && match[1] == value.size()};
 }
 
-/// The greatest number behind a brace. That often an item may be demanded, and the value be looked at in vain.
+/// The greatest number behind a brace, but for those of \x{...}. That often an item may be demanded, and the value
+/// be looked at in vain.
 std::size_t GreatestRepetition(std::string_view pattern) {
     std::size_t greatest = 0;
     for (std::size_t at = 0; (at = pattern.find('{', at)) != pattern.npos;) {
+        bool const isCharacter = pattern.substr(0, at).ends_with("\\x");
         std::size_t number = 0;
         std::from_chars(pattern.data() + ++at, pattern.data() + pattern.size(), number);
-        greatest = std::max(greatest, number);
+        if (!isCharacter) greatest = std::max(greatest, number);
     }
     return greatest;
 }

@@ -119,6 +119,7 @@ TEST(PatternFacet, LongValuesMatch) {
         {u"([0-9A-Fa-f]{2})*", wstring(100'000, u'F')},
         {u"([+\\-]?\\d+(\\.\\d+)?)( [+\\-]?\\d+(\\.\\d+)?)*", u"1" + Repeated(u" -23.5", 20'000)},
         {u".*,.*", u"," + wstring(1'000'000, u'a')},  // comes back to each place
+        {u"([\\x{90000}b]|a)*,[cd]?.*", wstring(200'000, u'a') + u","},
         {u"(a|b)*", wstring(200'000, u'a')},
     };
     for (auto const& row : kRows) EXPECT_TRUE(Matches(row.pattern, row.value)) << ToUtf8(row.pattern);
