@@ -22,10 +22,6 @@ inline constexpr std::size_t kUnknownStack = 16 * 1024;
 /// Objects of generated classes inside each other, those without a tag included.
 inline constexpr int kMaxObjectDepth = 2 * kMaxElementDepth;
 
-/// Children that a read may look through in vain for the beginnings of groups. Beyond, the time of a read would
-/// grow with the square of their number.
-inline constexpr std::size_t kMaxVainSteps = 50'000'000;
-
 /// Octets of a document, before and after decompression: what one call of Expat takes.
 inline constexpr std::size_t kMaxInputSize = INT_MAX;
 
