@@ -52,6 +52,10 @@ CSmartPtr<CAttribute> CAttributeCol::Add(CAttribute* attribute) {
     return held;
 }
 
+CSmartPtr<CAttribute> CAttributeCol::Add(CXmlAttribute const& attribute) {
+    return AddTested(attribute.GetLocalName(), attribute.GetValueView(), attribute.GetNamespaceURI());
+}
+
 void CAttributeCol::AddAfter(CAttribute const* after, CAttribute* attribute) {
     AddAfterItem(after, attribute);
 }

@@ -2,9 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
-#include <ranges>
 #include <utility>
-#include <vector>
 
 #include "BxXmlLib5/binding/CXmlSerializationContext.h"
 #include "BxXmlLib5/collections/CAttributeCol.h"
@@ -22,14 +20,6 @@
 #include "platform/TextView.h"
 
 namespace BxXmlLib5 {
-
-namespace {
-
-std::ranges::subrange<CBxIterator<CElement const>> ChildrenOf(CElement const& element) {
-    return {element.GetChildElements()->begin(), element.GetChildElements()->end()};
-}
-
-}  // namespace
 
 CElement::CElement(char16_t const* name) : CInstanceMonitor(u"CElement") {
     Init(name, u"", u"##any", u"");
@@ -165,38 +155,29 @@ CElementCol const* CElement::GetChildElements() const {
 
 void CElement::SetNamespaceRestrictions(char16_t const* namespaceRestriction,
                                         char16_t const* targetNamespace) {
-    TestRestriction(namespaceRestriction, targetNamespace);
-    // Where the walk stands in each level of children.
-    std::vector<std::ranges::subrange<CBxIterator<CElement const>>> levels{ChildrenOf(*this)};
-    while (!levels.empty()) {
-        if (levels.back().empty()) {
-            levels.pop_back();
-            continue;
-        }
-        CElement const* const child = *levels.back().begin();
-        levels.back().advance(1);
-        if (child == nullptr) continue;
-        if (levels.size() >= kMaxElementDepth) ThrowNestedTooDeeply();
-        child->TestRestriction(namespaceRestriction, targetNamespace);
-        levels.push_back(ChildrenOf(*child));
-    }
+    TestRestrictions(TextOf(namespaceRestriction), TextOf(targetNamespace), 1);
 }
 
-/// Tests the element itself and its attributes.
-void CElement::TestRestriction(char16_t const* namespaceRestriction, char16_t const* targetNamespace) const {
+void CElement::TestRestrictions(std::u16string_view namespaceRestriction, std::u16string_view targetNamespace,
+                                int depth) const {
+    CNestingLevel const level;
+    if (depth > kMaxElementDepth) ThrowNestedTooDeeply();
     auto const test = [&](CSharedText const& ns) {
-        BxXmlLib5::TestNamespace(ns, TextOf(namespaceRestriction), TextOf(targetNamespace));
+        BxXmlLib5::TestNamespace(ns, namespaceRestriction, targetNamespace);
     };
     try {
         test(m_namespace);
     } catch (CBxException const& failure) {
         throw CBxInvalidNamespaceException(
             FormatString(u"The namespace %s in the class %s is invalid against restriction %s",
-                         m_namespace.c_str(), m_name.c_str(), wstring(TextOf(namespaceRestriction)).c_str()),
+                         m_namespace.c_str(), m_name.c_str(), wstring(namespaceRestriction).c_str()),
             failure);
     }
     for (CAttribute const* const attribute : *GetAttributes()) {
         if (attribute != nullptr) test(attribute->m_namespace);
+    }
+    for (CElement const* const child : *GetChildElements()) {
+        if (child != nullptr) child->TestRestrictions(namespaceRestriction, targetNamespace, depth + 1);
     }
 }
 
@@ -207,8 +188,7 @@ void CElement::CopyXmlElement(CXmlElement* source) {
     if (m_attributes.Get() != nullptr) m_attributes.Get()->Clear();
     if (m_childElements.Get() != nullptr) m_childElements.Get()->Clear();
     for (CXmlAttribute const* attribute : source->GetAttributes()) {
-        Attributes().AddTested(attribute->GetLocalName(), attribute->GetValueView(),
-                               attribute->GetNamespaceURI());
+        Attributes().Add(*attribute);
     }
     CContentReader reader;
     for (CXmlElement* child = source->GetFirstElement(); child != nullptr;
@@ -220,6 +200,7 @@ void CElement::CopyXmlElement(CXmlElement* source) {
 
 void CElement::ToXml_Int(CXmlWriter* writer, bool, char16_t const* namespaceUri,
                          CXmlSerializationContext const& context, bool allowEmptyChoice) const {
+    CNestingLevel const level;
     writer->WriteStartElement(m_name, m_namespace);
     if (CAttributeCol const* const attributes = m_attributes.Get()) {
         CXmlObjectBase::ToXml_Int(attributes, writer, false, namespaceUri, context, false);

@@ -4,35 +4,16 @@
 
 #include "BxXmlLib5/core/CBxException.h"
 #include "core/IndexRange.h"
+#include "core/NestingDepth.h"
 
 namespace BxXmlLib5 {
 
 namespace {
 
-/// A tree dies from the top, one level inside the other. Past this many levels the nodes wait in line
-/// instead, so that the stack stays small however deep the tree is.
-constexpr int kMostLevelsAtOnce = 64;
-
-thread_local int t_levels = 0;
-thread_local CNode* t_waiting = nullptr;
-
-/// The item goes last, and may take a tree with it.
+/// Frees a node that is in no list. Its item goes last, and may take a tree with it.
 void FreeNode(CNode* node) {
     CSmartPtr<CXmlObjectBase> const item = std::move(node->m_item);
     delete node;
-}
-
-/// Frees the nodes of a chain that is in no list.
-void FreeNodes(CNode* first, CNode* last) {
-    if (t_levels == kMostLevelsAtOnce) {
-        last->m_next = std::exchange(t_waiting, first);
-        return;
-    }
-    ++t_levels;
-    last->m_next = nullptr;
-    while (first != nullptr) FreeNode(std::exchange(first, first->m_next));
-    while (t_levels == 1 && t_waiting != nullptr) FreeNode(std::exchange(t_waiting, t_waiting->m_next));
-    --t_levels;
 }
 
 }  // namespace
@@ -69,7 +50,7 @@ CXmlCollection::List::List(List const& other) : List() {
 }
 
 CXmlCollection::List::~List() {
-    if (m_head != nullptr) FreeNodes(m_head, m_tail);
+    while (m_head != nullptr) FreeNode(std::exchange(m_head, m_head->m_next));
 }
 
 void CXmlCollection::List::LinkAhead(CNode* next, CXmlObjectBase* item) {
@@ -100,6 +81,7 @@ void CXmlCollection::Remove(int index) {
 }
 
 void CXmlCollection::AttributesToXml_Int(CXmlWriter* writer, CXmlSerializationContext const& context) const {
+    CNestingLevel const level;
     for (CNode const* node = m_list.m_head; node != nullptr; node = node->m_next) {
         if (node->m_item) CXmlObjectBase::AttributesToXml_Int(node->m_item->GetBase(), writer, context);
     }
@@ -107,6 +89,7 @@ void CXmlCollection::AttributesToXml_Int(CXmlWriter* writer, CXmlSerializationCo
 
 void CXmlCollection::ItemsToXml(CXmlWriter* writer, char16_t const* namespaceUri,
                                 CXmlSerializationContext const& context) const {
+    CNestingLevel const level;
     for (CNode const* node = m_list.m_head; node != nullptr; node = node->m_next) {
         if (node->m_item) ToXml_Int(node->m_item->GetBase(), writer, false, namespaceUri, context, false);
     }
@@ -138,7 +121,7 @@ void CXmlCollection::RemoveNode(CNode* node) {
     (node->m_prev == nullptr ? m_list.m_head : node->m_prev->m_next) = node->m_next;
     (node->m_next == nullptr ? m_list.m_tail : node->m_next->m_prev) = node->m_prev;
     --m_list.m_count;
-    FreeNodes(node, node);
+    FreeNode(node);
 }
 
 CNode* CXmlCollection::GetNodeAtIndex(int index) {

@@ -8,9 +8,14 @@
 #include "BxXmlLib5/collections/CXmlCollection.h"
 #include "BxXmlLib5/core/CInstanceMonitor.h"
 
+namespace BxXmlLib5Data {
+class CAttributeInfoAny;
+}
+
 namespace BxXmlLib5 {
 
 class CSharedNames;
+class CXmlAttribute;
 struct CWildcard;
 
 /// Attributes under the namespace restriction of a schema wildcard. A null text is the empty text.
@@ -56,10 +61,15 @@ protected:
                              CXmlSerializationContext const& context, bool allowEmptyChoice) override;
 
 private:
+    friend class BxXmlLib5Data::CAttributeInfoAny;
     friend class CContentReader;
     friend class CElement;
 
     explicit CAttributeCol(CSmartPtr<CWildcard const> wildcard);
+
+    /// Appends a copy of an attribute.
+    /// @throws CBxInvalidNamespaceException if the restriction does not allow its namespace
+    CSmartPtr<CAttribute> Add(CXmlAttribute const& attribute);
 
     CSmartPtr<CAttribute> AddTested(std::u16string_view name, std::u16string_view value,
                                     std::u16string_view ns);

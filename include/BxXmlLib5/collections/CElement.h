@@ -1,6 +1,8 @@
 // An element of untyped content.
 #pragma once
 
+#include <string_view>
+
 #include "BxXmlLib5/binding/CXmlObjectBase.h"
 #include "BxXmlLib5/core/CInstanceMonitor.h"
 #include "BxXmlLib5/core/CMadeOnce.h"
@@ -110,7 +112,8 @@ private:
     CElementCol& ChildElements() const;
     static void ThrowIfNoName(char16_t const* name);
     void ShareTexts(CElement const& sibling);
-    void TestRestriction(char16_t const* namespaceRestriction, char16_t const* targetNamespace) const;
+    void TestRestrictions(std::u16string_view namespaceRestriction, std::u16string_view targetNamespace,
+                          int depth) const;
 
     CSharedText m_name;
     wstring m_text;
