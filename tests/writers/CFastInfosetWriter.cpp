@@ -267,10 +267,11 @@ TEST(CFastInfosetWriter, AddsNothingToAFullTable) {
         Write(writer, script);
         EXPECT_EQ(Tail(writer, Hex(octets).size() / 3), Hex(octets)) << script;
     };
-    append("@" + ToUtf8(Text(kMaxIndex - 1)) + "=new", "6F DF BE 42'new'");  // the last index of the values
-    append("@k=new @k=new", "78 00'k' EF DF BF 78 00'k' EF DF BF");          // a name without an index
-    append("@k=other @k=other", "78 00'k' 04'other' 78 00'k' 04'other'");
-    append("<k <k > > <N|k >", "F0 3C 00'k' 3C 00'k' FF 3F 01'AA' 00'N' 00'k'");
+    append("@" + ToUtf8(Text(kMaxIndex - 1)) + "=new @k=new @k=new @k=other @k=other ?p",
+           "6F DF BE 42'new'"                     // the last index of the values
+           "78 00'k' EF DF BF 78 00'k' EF DF BF"  // a name without an index
+           "78 00'k' 04'other' 78 00'k' 04'other' F0");
+    append("<k <k > > <N|k >", "3C 00'k' 3C 00'k' FF 3F 01'AA' 00'N' 00'k'");
     append("<N|a > <N|a >", "F0 3F 81 81 80 F0 01");
     for (std::uint32_t i = 0; i < kMaxIndex; ++i) writer.WriteText(Text(i));
     append("'" + ToUtf8(Text(kMaxIndex - 1)) + " 'other 'other", "B8 0B FB EF 82 02'other' 82 02'other'");

@@ -20,7 +20,8 @@ public:
     void WriteProcessingInstruction(wstring const&) override {}
     void WriteInLineSchema(wstring const&) override {}
     void WriteStartElement(wstring const& name, wstring const& ns) override {
-        Start(name, ns).m_prefix = Scopes().TakePrefix(ns).m_alias;
+        Element& element = Start(name, ns);
+        element.m_prefix = Scopes().TakePrefix(ns).m_alias;
     }
     void WriteText(wstring const&) override {}
     void WriteEndElement() override { Context().End(); }

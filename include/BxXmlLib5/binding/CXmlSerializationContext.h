@@ -27,8 +27,6 @@ public:
     ~CXmlSerializationContext();
 
     /// The one instance that callers without settings of their own pass. It can be changed, for all of them.
-    /// A program that writes from several threads with it calls GetAdditionalRootAttributes() on it once
-    /// beforehand.
     static CXmlSerializationContext& GetDefaultContext();
 
     /// Reading skips attributes that fit nowhere.
@@ -86,6 +84,8 @@ public:
     CSmartPtr<CAttributeCol> GetAdditionalRootAttributes() const;
 
 private:
+    friend class CXmlGeneratedClass;  // which writes the additional root attributes if there are any
+
     wstring m_defaultNamespaceUri;
     CNamespaceAliasMap m_namespaceAliases;
     mutable CSmartPtr<CAttributeCol> m_additionalRootAttributes;
