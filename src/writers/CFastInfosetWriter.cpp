@@ -118,6 +118,7 @@ void CFastInfosetWriter::TakeElementPrefix() {
 
 /// Writes the first octet and the namespace attributes, if there are any.
 bool CFastInfosetWriter::WriteNamespaceAttributes(unsigned first) {
+    if (!Context().IsRoot() && m_declarations.empty()) return false;
     std::size_t const start = m_output.Size();
     m_output.Append(first | kNamespaceAttributesFollow.m_octet);
     if (Context().IsRoot()) {

@@ -1,17 +1,11 @@
 #include "writers/CXmlWriterContext.h"
 
 #include "BxXmlLib5/core/CBxException.h"
-#include "core/Limits.h"
-#include "core/NestingDepth.h"
 
 namespace BxXmlLib5 {
 
 CXmlWriter::CXmlWriterContext::CXmlWriterContext() : CInstanceMonitor(u"CXmlWriterContext") {}
 CXmlWriter::CXmlWriterContext::~CXmlWriterContext() = default;
-
-void CXmlWriter::CXmlWriterContext::TestDepth() const {
-    if (m_depth >= kMaxElementDepth) ThrowNestedTooDeeply();
-}
 
 CXmlWriter::CXmlWriterContext::Element& CXmlWriter::CXmlWriterContext::Start(wstring const& name,
                                                                              wstring const& namespaceUri) {
@@ -32,15 +26,12 @@ void CXmlWriter::CXmlWriterContext::End() {
     m_scopes.UndoTo(m_elements[--m_depth].m_changesOutside);
 }
 
-CXmlWriter::CXmlWriterContext::Element& CXmlWriter::CXmlWriterContext::Innermost() {
-    if (m_depth == 0) throw CBxInvalidStateException(u"No element is open");
-    return m_elements[m_depth - 1];
+void CXmlWriter::CXmlWriterContext::ThrowNoElement() {
+    throw CBxInvalidStateException(u"No element is open");
 }
 
-CXmlWriter::CXmlWriterContext::Element& CXmlWriter::CXmlWriterContext::OpenForAttributes() {
-    Element& element = Innermost();
-    if (!element.m_startTagOpen) throw CBxException(u"Attributes must be added before elements");
-    return element;
+void CXmlWriter::CXmlWriterContext::ThrowTagClosed() {
+    throw CBxException(u"Attributes must be added before elements");
 }
 
 }  // namespace BxXmlLib5

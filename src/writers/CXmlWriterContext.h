@@ -6,6 +6,8 @@
 #include <vector>
 
 #include "BxXmlLib5/writers/CXmlWriter.h"
+#include "core/Limits.h"
+#include "core/NestingDepth.h"
 #include "writers/CNamespaceScopes.h"
 
 namespace BxXmlLib5 {
@@ -31,7 +33,9 @@ public:
     std::size_t Depth() const { return m_depth; }
 
     /// @throws CBxException if another element would be nested too deeply
-    void TestDepth() const;
+    void TestDepth() const {
+        if (m_depth >= kMaxElementDepth) ThrowNestedTooDeeply();
+    }
 
     /// The element, and all references to others, last until the next start.
     Element& Start(wstring const& name, wstring const& namespaceUri);
@@ -39,14 +43,24 @@ public:
 
     /// The innermost one.
     /// @throws CBxInvalidStateException if none is open
-    Element& Innermost();
+    Element& Innermost() {
+        if (m_depth == 0) ThrowNoElement();
+        return m_elements[m_depth - 1];
+    }
 
     /// @throws CBxException if the innermost one takes no attributes any more
-    Element& OpenForAttributes();
+    Element& OpenForAttributes() {
+        Element& element = Innermost();
+        if (!element.m_startTagOpen) ThrowTagClosed();
+        return element;
+    }
 
     CNamespaceScopes m_scopes;
 
 private:
+    [[noreturn]] static void ThrowNoElement();
+    [[noreturn]] static void ThrowTagClosed();
+
     std::vector<Element> m_elements;  // the open ones, and behind them others for the memory of their texts
     std::size_t m_depth = 0;
 };

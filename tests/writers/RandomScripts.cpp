@@ -224,7 +224,7 @@ private:
 };
 
 TEST(RandomScripts, GiveTheTextOfTheModel) {
-    for (unsigned seed = 0; seed < 3'000; ++seed) {
+    for (unsigned seed = 0; seed < 1'000; ++seed) {
         Script const script(seed, Format::kText);
         for (bool const formatting : {false, true}) {
             CXmlTextWriter writer;
@@ -239,7 +239,7 @@ TEST(RandomScripts, GiveTheTextOfTheModel) {
 }
 
 TEST(RandomScripts, GiveTheTreeOfTheModelAsFastInfoset) {
-    for (unsigned seed = 0; seed < 3'000; ++seed) {
+    for (unsigned seed = 0; seed < 1'000; ++seed) {
         Script const script(seed, Format::kFastInfoset);
         CFastInfosetWriter writer;
         writer.WriteStartDocument(fi_None);
