@@ -1,6 +1,7 @@
 // A reader of Fast Infoset as strict as the standard lets one be, for what the tests' subjects write.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <map>
@@ -175,11 +176,12 @@ private:
     }
 
     std::string PrintValue(Name const& name, std::string const& value) const {
-        std::size_t const colon = value.find(':');
+        std::size_t const colon = value.find(':'),
+                          start = std::min(value.find_first_not_of(' '), value.size());
         bool const isType = Print(name) == "{http://www.w3.org/2001/XMLSchema-instance}type";
         if (!isType || colon == value.npos) return value;
         for (auto const& [prefix, uri] : m_scopes.back()) {
-            if (prefix != 0 && At(m_prefixes, prefix) == value.substr(0, colon)) {
+            if (prefix != 0 && At(m_prefixes, prefix) == value.substr(start, colon - start)) {
                 return "{" + At(m_namespaces, uri) + "}" + value.substr(colon + 1);
             }
         }
