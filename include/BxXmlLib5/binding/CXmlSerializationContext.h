@@ -12,6 +12,7 @@
 namespace BxXmlLib5 {
 
 class CAttributeCol;
+class CXmlGeneratedClass;
 
 /// What a read tolerates and what the root carries on writing. A new context tolerates nothing and adds
 /// nothing.
@@ -84,7 +85,7 @@ public:
     CSmartPtr<CAttributeCol> GetAdditionalRootAttributes() const;
 
 private:
-    friend class CXmlGeneratedClass;  // which writes the additional root attributes if there are any
+    friend class CXmlGeneratedClass;
 
     wstring m_defaultNamespaceUri;
     CNamespaceAliasMap m_namespaceAliases;
