@@ -99,6 +99,13 @@ TEST(ElementInfo, AsksTheObjectsThemselves) {
     stand->AppendItem(new TestObject(Class(""), u"c"));
     object[u"a"].SetXmlCollection(stand);
     EXPECT_EQ(Written(object), "<r own=\"1\"><b/></r>");
+    struct Adorned : TestObject {
+        using TestObject::TestObject;
+        void AttributesToXml_Int(CXmlWriter* writer, CXmlSerializationContext const&) const override {
+            writer->WriteAttribute(u"own", u"", u"2");
+        }
+    };
+    EXPECT_EQ(Written(Adorned(Class("@k:text?"))), "<r own=\"2\"/>");
     // An item of a collection does not stand in a choice, though the collection may.
     ExpectRows({{"| a:{| x:text?}*", "", "<a/>", "!empty-choice a"}});
 }

@@ -126,6 +126,7 @@ TEST(Driver, DoesWhatTheModelDoes) {
     for (int i = 0; i < 4000 && !HasFailure(); ++i) {
         std::string const description = random.ClassOf(2);
         TestClass const& type = Class(description);
+        CSmartPtr<TestObject> const object = new TestObject(type);
         for (int j = 0; j < 4; ++j) {
             std::string const text = random.DocumentOf(type), settings = random.Settings();
             SCOPED_TRACE(description + "\nunder " + settings + ": " + text);
@@ -136,14 +137,13 @@ TEST(Driver, DoesWhatTheModelDoes) {
             std::string expected, expectedLog;
             Model model(settings);
             try {
-                auto const object = model.New(type, "r");
+                auto const copy = model.New(type, "r");
                 model.m_log.clear();
-                model.Read(*object, root, root->GetFirstElement());
-                expected = model.Write(*object, "");
+                model.Read(*copy, root, root->GetFirstElement());
+                expected = model.Write(*copy, "");
             } catch (std::string const& failure) {
                 expected = failure;
             }
-            CSmartPtr<TestObject> const object = new TestObject(type);
             t_log.clear();
             std::string actual, log;
             std::string const thrown = Thrown([&] {

@@ -1,21 +1,25 @@
 // What the driver and the entries do, told plainly: a model to compare them with.
 #pragma once
 
+#include <algorithm>
+#include <set>
+
 #include "binding/TestBinding.h"
 
 namespace BxTest {
 
 using Node = CXmlElement*;
 
-/// An element in one line, which has no prefixes: {namespace}name[attributes](children)text.
+/// In one line, without prefixes: {namespace}name[attributes](children)text, where an attribute is a blank,
+/// namespace and name, =value.
+inline std::string Line(CXmlAttribute const* attribute) {
+    std::string value = ToUtf8(attribute->GetValue());
+    if (attribute->GetLocalName() == u"type") value.erase(0, value.find(':') + 1);
+    return " " + ToUtf8(attribute->GetNamespaceURI() + attribute->GetLocalName()) + "=" + value;
+}
 inline std::string Line(CXmlElement const* node) {
     std::string attributes, children;
-    for (CXmlAttribute const* const attribute : node->GetAttributes()) {
-        if (attribute->GetNamespaceURI() == u"http://www.w3.org/2000/xmlns/") continue;
-        std::string value = ToUtf8(attribute->GetValue());
-        if (attribute->GetLocalName() == u"type") value.erase(0, value.find(':') + 1);
-        attributes += " " + ToUtf8(attribute->GetNamespaceURI() + attribute->GetLocalName()) + "=" + value;
-    }
+    for (CXmlAttribute const* const attribute : node->GetAttributes()) attributes += Line(attribute);
     for (Node child = node->GetFirstElement(); child != nullptr; child = child->GetNextSiblingElement())
         children += Line(child);
     return "{" + ToUtf8(node->GetNamespaceURI()) + "}" + ToUtf8(node->GetLocalName()) + "[" + attributes +
@@ -82,7 +86,6 @@ public:
     std::string m_log;
 
 private:
-    struct Failed {};
     bool Has(char letter) const { return m_settings.find(letter) != std::string::npos; }
     [[noreturn]] static void Fail(std::string const& failure) { throw Failure("!" + failure); }
 
@@ -140,34 +143,32 @@ private:
     // Reading.
 
     void ReadAttributes(ModelObject& object, Node element) {
-        std::vector<bool> found(object.m_values.size());
+        std::set<int> found;
         for (CXmlAttribute const* const attribute : element->GetAttributes()) {
             if (attribute->IsNamespaceAttribute()) continue;
-            bool isTaken = false;
-            for (Field const& field : object.m_class->m_fields) {
-                bool const isSameName = attribute->GetLocalName() == field.m_name;
-                bool const isSameNamespace = attribute->GetNamespaceURI() == NamespaceOf(field.m_name);
-                bool const ignores = field.m_kind == Kind::Enum && Has('N');
-                if (isTaken || !field.m_isAttribute) continue;
-                if (field.m_kind == Kind::Any) {
-                    Of(object, field).m_text += " " + ToUtf8(attribute->GetNamespaceURI()) +
-                                                ToUtf8(attribute->GetLocalName()) + "=" +
-                                                ToUtf8(attribute->GetValue());
-                } else if (isSameName && (isSameNamespace || ignores)) {
-                    StoreText(object, field, ToUtf8(attribute->GetValue()));
-                } else {
-                    continue;
-                }
-                isTaken = found[static_cast<std::size_t>(field.m_index)] = true;
+            auto const takes = [&](Field const& field) {
+                bool const ignoresNamespace = field.m_kind == Kind::Enum && Has('N');
+                return field.m_isAttribute &&
+                       (field.m_kind == Kind::Any ||
+                        (attribute->GetLocalName() == field.m_name &&
+                         (ignoresNamespace || attribute->GetNamespaceURI() == NamespaceOf(field.m_name))));
+            };
+            auto const field = std::ranges::find_if(object.m_class->m_fields, takes);
+            if (field == object.m_class->m_fields.end()) {
+                if (object.m_class->m_info->GetFromXmlFailIfAttributeUnknown() && !Has('A'))
+                    Fail("unexpected " + ToUtf8(attribute->GetLocalName()));
+                continue;
             }
-            if (!isTaken && object.m_class->m_info->GetFromXmlFailIfAttributeUnknown() && !Has('A'))
-                Fail("unexpected " + ToUtf8(attribute->GetLocalName()));
+            found.insert(field->m_index);
+            if (field->m_kind == Kind::Any)
+                Of(object, *field).m_text += Line(attribute);
+            else
+                StoreText(object, *field, ToUtf8(attribute->GetValue()));
         }
         for (Field const& field : object.m_class->m_fields) {
             bool const isRequired =
                 field.m_isAttribute && field.m_occurrence != '?' && field.m_kind != Kind::Any;
-            if (isRequired && !found[static_cast<std::size_t>(field.m_index)])
-                Fail("no-attribute " + Name(field));
+            if (isRequired && !found.contains(field.m_index)) Fail("no-attribute " + Name(field));
         }
     }
 
@@ -239,84 +240,56 @@ private:
         return End(element, child, hasTag);
     }
 
-    /// The simple part that all families share: a child that is the entry's own.
-    bool TakeText(ModelObject& object, Field const& field, Node& child) {
-        if (!Is(field, child)) return false;
-        StoreText(object, field, ToUtf8(child->GetText()));
-        child = child->GetNextSiblingElement();
-        return true;
-    }
-
-    /// The object in place, in its tag or as a group.
-    bool TakeInPlace(ModelObject& object, Field const& field, Node element, Node& child) {
-        ModelObject& inner = *Of(object, field).m_items.at(0);
+    /// Reads one occurrence of what is no collection. It is stored when it has been read or, in a choice, before.
+    /// @return whether a child was consumed
+    bool TryOne(ModelObject& object, Field const& field, Node element, Node& child) {
+        bool const isChoice = object.m_class->m_info->GetElementGroupType() == egt_Choice;
         Node const first = child;
-        if (IsGroup(field)) {
-            child = Read(inner, element, first);
-        } else if (Is(field, first)) {
-            Read(inner, first, first->GetFirstElement());
+        if (!field.HoldsObject()) {
+            if (!Is(field, first)) return false;
+            StoreText(object, field, ToUtf8(first->GetText()));
+            child = first->GetNextSiblingElement();
+            return true;
+        }
+        bool const isInPlace = field.m_occurrence != '?' && field.m_kind != Kind::Abstract;
+        bool const isHere = field.m_kind == Kind::Any ? first != nullptr
+                            : IsGroup(field)          ? isInPlace || first != nullptr
+                                                      : Is(field, first);
+        if (!isHere) return false;
+        Object const item = isInPlace ? Of(object, field).m_items.at(0) : Create(field, first);
+        if (!item && field.m_kind == Kind::Class) return false;
+        if (!isInPlace && isChoice && field.m_kind != Kind::Any) Store(object, field, item);
+        if (!item) return false;
+        if (field.m_kind != Kind::Any) {
+            child = ReadItem(field, *item, element, first, isChoice && field.m_kind == Kind::Class);
+        } else if (IsAnyName(field) || first->GetLocalName() == field.m_name) {
+            item->m_line = Line(first);
             child = first->GetNextSiblingElement();
         }
-        return child != first;
+        bool const isRead = child != first, isStored = isChoice && field.m_kind != Kind::Any;
+        if (!isInPlace && (isRead ? !isStored : isChoice)) Store(object, field, isRead ? item : nullptr);
+        return isRead;
     }
 
-    /// A new object of a class: stored when it has been read or, in a choice, before.
-    bool TakeNew(ModelObject& object, Field const& field, Node element, Node& child, bool isChoice) {
-        if (IsGroup(field) ? child == nullptr : !Is(field, child)) return false;
-        m_log += "new " + Name(field) + "()";
-        if (field.m_class == nullptr) return false;
-        Object const item = New(*field.m_class, ToUtf8(field.m_name));
-        if (isChoice) Store(object, field, item);
-        Node const first = child;
-        if (IsGroup(field)) {
-            child = Read(*item, element, first);
-        } else {
-            Read(*item, first, first->GetFirstElement(), isChoice);
-            child = first->GetNextSiblingElement();
+    /// @return the first child that was not consumed
+    Node ReadItem(Field const& field, ModelObject& item, Node element, Node child, bool allowEmptyChoice) {
+        if (IsGroup(field)) return Read(item, element, child);
+        Read(item, child, child->GetFirstElement(), allowEmptyChoice);
+        return child->GetNextSiblingElement();
+    }
+
+    /// What a factory makes of a child, null for nothing.
+    Object Create(Field const& field, Node child) {
+        if (field.m_kind == Kind::Any) return std::make_shared<ModelObject>();
+        if (field.m_kind == Kind::Class) {
+            m_log += "new " + Name(field) + "()";
+            return field.m_class == nullptr ? nullptr : New(*field.m_class, ToUtf8(field.m_name));
         }
-        if (child != first && !isChoice) Store(object, field, item);
-        if (child == first && isChoice) Store(object, field, Object());
-        return child != first;
-    }
-
-    Object Substitute(Node child) {
         wstring const name = child->GetLocalName();
         m_log += "new (" + ToUtf8(name) + ")";
         auto const found = g_classesByName.find(name);
         if (found == g_classesByName.end()) return nullptr;
         return New(*g_classes[static_cast<std::size_t>(found->second)], ToUtf8(name));
-    }
-
-    bool TakeAbstract(ModelObject& object, Field const& field, Node& child, bool isChoice) {
-        if (!Is(field, child)) return false;
-        Object const item = Substitute(child);
-        if (isChoice) Store(object, field, item);
-        if (!item) return false;
-        Read(*item, child, child->GetFirstElement());
-        child = child->GetNextSiblingElement();
-        if (!isChoice) Store(object, field, item);
-        return true;
-    }
-
-    /// @return the untyped content, null if the entry does not admit the child
-    static Object Untyped(Field const& field, Node& child) {
-        if (child == nullptr || !(IsAnyName(field) || child->GetLocalName() == field.m_name)) return nullptr;
-        auto const content = std::make_shared<ModelObject>(ModelObject{nullptr, "", Line(child), {}});
-        child = child->GetNextSiblingElement();
-        return content;
-    }
-
-    bool TakeUntypedInPlace(ModelObject& object, Field const& field, Node& child) {
-        Object const content = Untyped(field, child);
-        if (content) Of(object, field).m_items = {content};
-        return content != nullptr;
-    }
-
-    bool TakeUntyped(ModelObject& object, Field const& field, Node& child, bool isChoice) {
-        if (child == nullptr) return false;
-        Object const content = Untyped(field, child);
-        if (content || isChoice) Store(object, field, content);
-        return content != nullptr;
     }
 
     /// The run of a collection. An all group does not look at the name of untyped content.
@@ -333,13 +306,10 @@ private:
             return;
         }
         while (child != nullptr && (IsGroup(field) || Is(field, child))) {
-            Object const item = field.m_kind == Kind::Abstract ? Substitute(child) : New(*field.m_class, "r");
+            Object const item =
+                field.m_kind == Kind::Abstract ? Create(field, child) : New(*field.m_class, "r");
             if (!item) return;
-            Node next = child->GetNextSiblingElement();
-            if (IsGroup(field))
-                next = Read(*item, element, child);
-            else
-                Read(*item, child, child->GetFirstElement());
+            Node const next = ReadItem(field, *item, element, child, false);
             if (next == child) return;
             child = next;
             items.push_back(item);
@@ -358,73 +328,43 @@ private:
     }
 
     bool TakeInSequence(ModelObject& object, Field const& field, Node element, Node& child, bool hasTag) {
-        bool const isText = !field.HoldsObject();
         if (field.IsCollection()) {
             TakeRun(object, field, element, child, false);
             TestCount(object, field, true);
             return true;
         }
-        if (field.m_occurrence == '?') {
-            if (isText) TakeText(object, field, child);
-            if (field.m_kind == Kind::Class) TakeNew(object, field, element, child, false);
-            if (field.m_kind == Kind::Abstract) TakeAbstract(object, field, child, false);
-            if (field.m_kind == Kind::Any) TakeUntyped(object, field, child, false);
-            return true;
-        }
-        if (field.m_kind == Kind::Abstract) {
-            if (TakeAbstract(object, field, child, false)) return true;
-            if (hasTag) Fail("no-substitute " + Name(field));
-            return false;
-        }
-        if (field.m_kind == Kind::Any) {
-            if (child == nullptr) Fail("missing " + Name(field));
-            if (TakeUntypedInPlace(object, field, child)) return true;
-            if (hasTag) Fail("not-from " + Namespace(field));
-            return false;
-        }
-        if (IsGroup(field)) {
-            bool const mustConsume = field.m_occurrence == '!';
-            bool const isRead =
-                !(mustConsume && child == nullptr) && TakeInPlace(object, field, element, child);
-            if (!isRead && mustConsume && hasTag) Fail("missing " + Name(field));
-            return isRead || !(mustConsume || (child != nullptr && Has('E') && hasTag));
-        }
+        if (field.m_occurrence == '?') return TryOne(object, field, element, child), true;
+        bool const isText = !field.HoldsObject(), isAny = field.m_kind == Kind::Any;
+        bool const mustConsume = isAny || (IsGroup(field) && field.m_occurrence == '!');
+        bool const looksFurther = isText || (field.m_kind == Kind::Class && !IsGroup(field));
         for (;; child = child->GetNextSiblingElement()) {
-            if (isText ? TakeText(object, field, child) : TakeInPlace(object, field, element, child))
-                return true;
-            if (hasTag && Has('M')) return true;
-            bool const skips = Has('E') && (hasTag || (isText && field.m_kind != Kind::Enum));
-            if (skips && child != nullptr) continue;
-            if (hasTag) Fail("missing " + Name(field));
-            return false;
+            bool const isOver = mustConsume && child == nullptr;
+            if (!isOver && TryOne(object, field, element, child)) return true;
+            if (IsGroup(field) && !mustConsume && field.m_kind == Kind::Class)
+                return !(child != nullptr && Has('E') && hasTag);
+            if (looksFurther && hasTag && Has('M')) return true;
+            bool const skips = looksFurther && (hasTag || (isText && field.m_kind != Kind::Enum));
+            if (skips && Has('E') && child != nullptr) continue;
+            if (!hasTag && !(isAny && isOver)) return false;
+            Fail(field.m_kind == Kind::Abstract ? "no-substitute " + Name(field)
+                 : isAny && !isOver             ? "not-from " + Namespace(field)
+                                                : "missing " + Name(field));
         }
     }
 
     bool TakeInAll(ModelObject& object, Field const& field, Node element, Node& child) {
-        bool const isOpt = field.m_occurrence == '?';
-        if (field.IsCollection()) {
-            TakeRun(object, field, element, child, true);
-            return false;
-        }
-        if (!field.HoldsObject()) return TakeText(object, field, child);
-        if (field.m_kind == Kind::Abstract && child != nullptr) Fail("unreadable");
-        if (field.m_kind == Kind::Class && isOpt) return TakeNew(object, field, element, child, false);
-        if (field.m_kind == Kind::Class) return TakeInPlace(object, field, element, child);
-        if (field.m_kind == Kind::Any && isOpt) return TakeUntyped(object, field, child, false);
-        return field.m_kind == Kind::Any && TakeUntypedInPlace(object, field, child);
+        if (field.m_kind == Kind::Abstract && !field.IsCollection() && child != nullptr) Fail("unreadable");
+        if (!field.IsCollection()) return TryOne(object, field, element, child);
+        TakeRun(object, field, element, child, true);
+        return false;
     }
 
     bool TakeInChoice(ModelObject& object, Field const& field, Node element, Node& child) {
-        if (field.IsCollection()) {
-            Node const first = child;
-            TakeRun(object, field, element, child, false);
-            if (child != first) TestCount(object, field, true);
-            return child != first;
-        }
-        if (!field.HoldsObject()) return TakeText(object, field, child);
-        if (field.m_kind == Kind::Class) return TakeNew(object, field, element, child, true);
-        if (field.m_kind == Kind::Abstract) return TakeAbstract(object, field, child, true);
-        return TakeUntyped(object, field, child, true);
+        if (!field.IsCollection()) return TryOne(object, field, element, child);
+        Node const first = child;
+        TakeRun(object, field, element, child, false);
+        if (child != first) TestCount(object, field, true);
+        return child != first;
     }
 
     // Writing.
