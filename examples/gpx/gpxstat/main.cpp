@@ -124,8 +124,7 @@ void Print(Gpx::CGpx const& gpx, std::string const& file) {
 }
 
 void Write(Gpx::CGpx const& gpx, std::string const& file) {
-    gpx.ToXmlFile(FromUtf8(file).c_str(), true, true, enc_UTF8, eol_LF, gpx.WritingContext(),
-                  cmp_None);
+    gpx.ToXmlFile(FromUtf8(file).c_str(), true, true, enc_UTF8, eol_LF, gpx.WritingContext(), cmp_None);
 }
 
 bool Run(std::string const& file, std::optional<std::string> const& output) {
