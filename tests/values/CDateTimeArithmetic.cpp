@@ -32,6 +32,13 @@ TEST(CDateTimeArithmetic, MonthsAreAddedFirstAndTheDayIsCut) {
 }
 
 TEST(CDateTimeArithmetic, CarriesGoBothWays) {
+    std::mt19937 random(1);
+    for (int i = 0; i < 3000; ++i) {
+        DateModel model{1500 + static_cast<int>(random() % 700), 1 + static_cast<int>(random() % 12), 28};
+        model = model + CDateTimeSpan(0, random() % 10'000, random() % 100'000) + RandomSpan(random);
+        CDateTimeSpan const span = RandomSpan(random);
+        EXPECT_EQ(Text(model.Date() + span), Text((model + span).Date())) << Text(model.Date()) << Text(span);
+    }
     ExpectSums({"2000-12-31 + P1D = 2001-01-01", "1900-02-28 + P1D = 1900-03-01",
                 "2000-02-28 + P1D = 2000-02-29", "-0400-02-28 + P1D = -0400-02-29",
                 "1970-01-01 - P146098D = 1569-12-31", "2001-05-05 + P1461000D = 6001-06-04",

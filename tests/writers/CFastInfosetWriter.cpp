@@ -98,8 +98,8 @@ TEST(CFastInfosetWriter, SharesTerminators) {
 
 TEST(CFastInfosetWriter, WritesTheDocumentOfTheGuide) {
     ExpectWritten(
-        {{"*urn:tea <urn:tea|shop <urn:tea|tea @kg=5 'Assam > <urn:tea|tea @kg=5 'Ceylon > <urn:tea|tea > > .",
-          "38 CD 06'urn:tea' F0 3F 01'AA' 81 03'shop' 7F 81 81 02'tea' 78 01'kg' 40'5' F0 92 02'Assam'"
+        {{"+t=urn:tea <urn:tea|shop <urn:tea|tea @kg=5 'Assam > <urn:tea|tea @kg=5 'Ceylon > <urn:tea|tea > > .",
+          "38 CF 00't' 06'urn:tea' F0 3F 81 81 03'shop' 7F 81 81 02'tea' 78 01'kg' 40'5' F0 92 02'Assam'"
           "F0 41 00 80 F0 82 03'Ceylon' F0 01 FF F0"}});
 }
 
