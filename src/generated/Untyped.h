@@ -1,0 +1,22 @@
+// Untyped content as properties hold it.
+#pragma once
+
+#include "BxXmlLib5/collections/CElement.h"
+#include "BxXmlLib5/core/CSmartPtr.h"
+
+namespace BxXmlLib5::Generated {
+
+/// A copy of an element with all below it: a copy of CElement shares what is below.
+/// @throws CBxException if elements are nested too deeply
+CSmartPtr<CElement> CloneElement(CElement const& element);
+CSmartPtr<CAttributeCol> CloneAttributes(CAttributeCol& attributes);
+
+/// Names, namespaces, texts, attributes in any order and children.
+bool EqualElements(CElement& a, CElement& b);
+bool EqualAttributes(CAttributeCol& a, CAttributeCol& b);
+
+/// Empties the texts of elements that have children and nothing but whitespace among them: it is layout, which
+/// would come to stand behind the children.
+void DropLayout(CElement& element);
+
+}  // namespace BxXmlLib5::Generated
