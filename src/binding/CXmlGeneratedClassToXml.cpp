@@ -66,6 +66,7 @@ void CXmlGeneratedClass::StartElementToXml(CXmlWriter* writer, bool isRoot, char
 
 void CXmlGeneratedClass::AttributesToXml_Int(CXmlWriter* writer,
                                              CXmlSerializationContext const& context) const {
+    CNestingLevel const level;
     CParentElementInfo const& info = *GetClassInfo();
     if (info.m_hasBaseClasses && m_elementName != info.m_elementName) {
         writer->WriteXsiType(info.m_elementNamespace, info.m_elementName);

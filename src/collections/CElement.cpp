@@ -149,6 +149,7 @@ void CElement::SetNamespaceRestrictions(char16_t const* namespaceRestriction,
 
 void CElement::TestRestrictions(char16_t const* namespaceRestriction, char16_t const* targetNamespace,
                                 int depth) const {
+    CNestingLevel const level;
     if (depth > kMaxElementDepth) ThrowNestedTooDeeply();
     try {
         TestNamespace(m_namespace.Get().c_str(), namespaceRestriction, targetNamespace);
@@ -173,6 +174,7 @@ void CElement::TestRestrictions(char16_t const* namespaceRestriction, char16_t c
 }
 
 void CElement::CopyXmlElement(CXmlElement* source) {
+    CNestingLevel const level;
     m_name = source->GetLocalName();
     ChangeNamespace(source->GetNamespaceURI());
     m_text = source->GetTextView();
@@ -192,6 +194,7 @@ void CElement::CopyXmlElement(CXmlElement* source) {
 
 void CElement::ToXml_Int(CXmlWriter* writer, bool, char16_t const* namespaceUri,
                          CXmlSerializationContext const& context, bool allowEmptyChoice) const {
+    CNestingLevel const level;
     writer->WriteStartElement(m_name, m_namespace.Get());
     if (m_attributes) CXmlObjectBase::ToXml_Int(m_attributes, writer, false, namespaceUri, context, false);
     if (m_childElements) {
@@ -203,6 +206,7 @@ void CElement::ToXml_Int(CXmlWriter* writer, bool, char16_t const* namespaceUri,
 
 CXmlElement* CElement::FromXml_Int(CXmlElement*, CXmlElement* firstChild,
                                    CXmlSerializationContext const& context, bool) {
+    CNestingLevel const level;
     if (firstChild == nullptr ||
         !BxXmlLib5::IsNamespaceValid(firstChild->GetNamespaceURI(), m_namespaceRestriction.Get(),
                                      m_targetNamespace.Get())) {

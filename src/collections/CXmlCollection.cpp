@@ -4,38 +4,16 @@
 
 #include "BxXmlLib5/core/CBxException.h"
 #include "core/IndexRange.h"
+#include "core/NestingDepth.h"
 
 namespace BxXmlLib5 {
 
 namespace {
 
-/// A tree dies from the top, one level inside the other. Past this many levels the nodes wait in line
-/// instead, so that the stack stays small however deep the tree is.
-constexpr int kMostLevelsAtOnce = 64;
-
-thread_local int t_levels = 0;
-thread_local CNode* t_waiting = nullptr;
-
-CNode* TakeWaiting() {
-    return std::exchange(t_waiting, t_waiting->m_next);
-}
-
-/// The item goes last, and may take a tree with it.
-void DeleteNode(CNode* node) {
+/// Frees a node that is in no list. Its item goes last, and may take a tree with it.
+void FreeNode(CNode* node) {
     CSmartPtr<CXmlObjectBase> const item = std::move(node->m_item);
     delete node;
-}
-
-/// Frees a node that is in no list.
-void FreeNode(CNode* node) {
-    if (t_levels == kMostLevelsAtOnce) {
-        node->m_next = std::exchange(t_waiting, node);
-        return;
-    }
-    ++t_levels;
-    DeleteNode(node);
-    while (t_levels == 1 && t_waiting != nullptr) DeleteNode(TakeWaiting());
-    --t_levels;
 }
 
 }  // namespace
@@ -107,6 +85,7 @@ void CXmlCollection::Remove(int index) {
 }
 
 void CXmlCollection::AttributesToXml_Int(CXmlWriter* writer, CXmlSerializationContext const& context) const {
+    CNestingLevel const level;
     for (CNode const* node = m_head; node != nullptr; node = node->m_next) {
         if (node->m_item) CXmlObjectBase::AttributesToXml_Int(node->m_item->GetBase(), writer, context);
     }
@@ -114,6 +93,7 @@ void CXmlCollection::AttributesToXml_Int(CXmlWriter* writer, CXmlSerializationCo
 
 void CXmlCollection::ItemsToXml(CXmlWriter* writer, char16_t const* namespaceUri,
                                 CXmlSerializationContext const& context) const {
+    CNestingLevel const level;
     for (CNode const* node = m_head; node != nullptr; node = node->m_next) {
         if (node->m_item) ToXml_Int(node->m_item->GetBase(), writer, false, namespaceUri, context, false);
     }

@@ -79,7 +79,7 @@ pcre_extra Limits(std::size_t valueSize) {
     pcre_extra limits{};
     limits.flags = PCRE_EXTRA_MATCH_LIMIT | PCRE_EXTRA_MATCH_LIMIT_RECURSION;
     limits.match_limit = std::min(kMaxMatchSteps, kMaxMatchWork / (valueSize + 1));
-    unsigned long const stack = std::min<unsigned long>(kMaxMatchStack, StackLeft() / 2);
+    unsigned long const stack = std::min<unsigned long>(kMaxMatchStack, StackLeft().value_or(0) / 2);
     limits.match_limit_recursion = stack / static_cast<unsigned long>(frame);
     return limits;
 }

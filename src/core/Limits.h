@@ -8,9 +8,16 @@
 
 namespace BxXmlLib5 {
 
-/// Levels of elements in a document. Recursion takes a few hundred octets of stack for a level, some thousand
-/// under a sanitizer, so this is safe on a stack of 8 MiB with a wide margin.
+/// Levels of elements in a document. Recursion takes some hundred octets of stack for a level; on a small stack it
+/// ends before this limit.
 inline constexpr int kMaxElementDepth = 1024;
+
+/// Octets of stack that must be left where another level begins: what a level takes, the functions that it calls,
+/// the application's too, and a failure's way out.
+inline constexpr std::size_t kStackForLevel = 32 * 1024;
+
+/// Octets of stack that recursion may take, besides, where nobody knows what is left.
+inline constexpr std::size_t kUnknownStack = 16 * 1024;
 
 /// Objects of generated classes inside each other, those without a tag included.
 inline constexpr int kMaxObjectDepth = 2 * kMaxElementDepth;
@@ -23,8 +30,9 @@ inline constexpr std::size_t kMaxVainSteps = 50'000'000;
 inline constexpr std::size_t kMaxInputSize = INT_MAX;
 
 /// General entities of a document type that refer to other entities. Expat recurses once for each level of
-/// reference, so their number bounds its stack.
+/// reference, so their number bounds its stack, of which a level takes less than so many octets.
 inline constexpr int kMaxNestingEntities = 1024;
+inline constexpr std::size_t kStackOfEntity = 512;
 
 /// Zeros that the exponent of a decimal's text may add to its digits: a document of short texts must not fill
 /// the memory.

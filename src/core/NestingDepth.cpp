@@ -2,7 +2,6 @@
 
 #include "BxXmlLib5/core/CBxException.h"
 #include "BxXmlLib5/core/FormatString.h"
-#include "core/Limits.h"
 
 namespace BxXmlLib5 {
 
@@ -13,10 +12,29 @@ void ThrowNestedTooDeeply() {
 
 namespace {
 
+/// Where the outermost level stands on a stack of which nobody knows what is left; 0 if there is none.
+constinit thread_local std::uintptr_t t_outermost = 0;
+
 thread_local int t_objects = 0;
 thread_local std::size_t t_vainSteps = 0;
 
 }  // namespace
+
+void CNestingLevel::LookAtStack() {
+    bool const isKnown = StackLeft().has_value();
+    std::uintptr_t const taken =
+        t_outermost - StackAddress();  // more than any stack has if it grew from elsewhere
+    if (!isKnown && (t_outermost == 0 || taken > kUnknownStack + kStackForLevel)) {
+        t_outermost = StackAddress();
+        m_isOutermost = true;
+    } else if (isKnown || taken > kUnknownStack) {
+        throw CBxException(u"Elements or objects are nested too deeply for what is left of the stack");
+    }
+}
+
+void CNestingLevel::Leave() {
+    t_outermost = 0;
+}
 
 CObjectLevel::CObjectLevel() {
     if (t_objects == kMaxObjectDepth) {

@@ -17,6 +17,7 @@ extern "C" XML_Bool XMLCALL XML_SetReparseDeferralEnabled(XML_Parser parser, XML
 #include "BxXmlLib5/document/CXmlDocument.h"
 #include "core/Limits.h"
 #include "document/InputLimits.h"
+#include "platform/Stack.h"
 #include "platform/TextView.h"
 #include "platform/UnitScan.h"
 #include "platform/Utf.h"
@@ -39,6 +40,13 @@ bool IsPlain(std::u16string_view text) {
     return !HasUnit(text, [](std::uint64_t units) {
         return (units & (kEachUnit * 0xFF80)) | UnitsBelow(units ^ (kEachUnit * u'\r'), 1);
     });
+}
+
+/// Expat recurses once for each level of reference, so what is left of the stack counts.
+int MostNestingEntities() {
+    std::size_t const left = StackLeft().value_or(kStackForLevel + kUnknownStack);
+    std::size_t const most = (left - std::min(left, kStackForLevel)) / kStackOfEntity;
+    return static_cast<int>(std::min<std::size_t>(most, kMaxNestingEntities));
 }
 
 /// Some versions of Expat cut a pair in half where it comes to lie on the border of a buffer, or let a lone
@@ -120,6 +128,7 @@ void CExpatReader::Parse(std::span<unsigned char const> input) {
     // never comes.
     if (XML_SetReparseDeferralEnabled != nullptr) XML_SetReparseDeferralEnabled(m_parser, XML_FALSE);
 
+    m_mostNestingEntities = MostNestingEntities();
     m_mostDefaultedUnits = MaxRepeatedUnits(input.size());
     bool const parsed = ParseInSlices(input);
     if (m_failure) std::rethrow_exception(m_failure);
@@ -206,9 +215,9 @@ void CExpatReader::AddText(std::u16string_view text) {
 }
 
 void CExpatReader::DeclareEntity(std::u16string_view value) {
-    if (value.find(u'&') == value.npos || ++m_nestingEntities <= kMaxNestingEntities) return;
+    if (value.find(u'&') == value.npos || ++m_nestingEntities <= m_mostNestingEntities) return;
     throw CBxException(
-        FormatString(u"More than %d entities refer to others, which is the limit", kMaxNestingEntities));
+        FormatString(u"More than %d entities refer to others, which is the limit", m_mostNestingEntities));
 }
 
 }  // namespace BxXmlLib5

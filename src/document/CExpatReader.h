@@ -43,6 +43,7 @@ private:
     XML_ParserStruct* m_parser = nullptr;
     std::u16string_view m_lastNamespace;
     int m_nestingEntities = 0;
+    int m_mostNestingEntities = 0;
     std::size_t m_defaultedUnits = 0;
     std::size_t m_mostDefaultedUnits = 0;
     std::exception_ptr m_failure;

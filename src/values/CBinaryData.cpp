@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <atomic>
-#include <climits>
 #include <utility>
 
 #include "BxXmlLib5/core/CBxException.h"
@@ -234,8 +233,7 @@ bool CBinaryData::operator==(CBinaryData const& other) const {
 
 unsigned char const& CBinaryData::operator[](std::size_t index) const {
     if (index < GetLength()) return GetData()[index];
-    throw CBxException(
-        FormatString(u"Index Out of range [%d]", static_cast<int>(std::min<std::size_t>(index, INT_MAX))));
+    throw CBxException(FormatString(u"Index Out of range [%d]", static_cast<std::int32_t>(index)));
 }
 
 unsigned char& CBinaryData::operator[](std::size_t index) {

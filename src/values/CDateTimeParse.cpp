@@ -33,7 +33,7 @@ bool ReadForm(std::u16string_view form, std::u16string_view text, DateTimeFields
             if (text[i++] != letter) return false;
             continue;
         }
-        int value = 0;
+        std::int64_t value = 0;
         for (; i < form.size() && form[i] == letter; ++i) {
             if (!IsDigit(text[i])) return false;
             value = value * 10 + (text[i] - u'0');
@@ -157,7 +157,7 @@ void CDateTime::SetZone(std::u16string_view text) {
     if (text.size() != kZoneForm.size() + 1 || !ReadForm(kZoneForm, text.substr(1), fields)) {
         Throw(u"Invalid XSD Time Zone [%s]", text);
     }
-    int const hour = fields.hour == 24 ? 0 : fields.hour;
+    std::int64_t const hour = fields.hour == 24 ? 0 : fields.hour;
     SetTimeZone(static_cast<std::int16_t>(isNegative ? -hour : hour),
                 static_cast<std::uint8_t>(fields.minute));
 }

@@ -4,6 +4,7 @@
 #include "platform/Clock.h"
 #include "values/Calendar.h"
 #include "values/DateTimeFields.h"
+#include "values/WideDate.h"
 
 namespace BxXmlLib5 {
 
@@ -13,7 +14,7 @@ constexpr std::int64_t kSecondsOfDay = 86'400;
 
 /// Whether the fields of a record fit the narrower ones of a date.
 bool Fits(DateTimeFields const& fields) {
-    for (int const field : {fields.month, fields.day, fields.hour, fields.minute, fields.second}) {
+    for (std::int64_t const field : {fields.month, fields.day, fields.hour, fields.minute, fields.second}) {
         if (field > UINT8_MAX) return false;
     }
     return fields.year <= INT16_MAX;
@@ -24,13 +25,12 @@ bool Fits(DateTimeFields const& fields) {
 CDateTime const& CDateTime::operator=(std::int64_t const& time) {
     auto const [dayNumber, secondOfDay] = FloorDivide(time, kSecondsOfDay);
     auto const [year, month, day] = DayOf(dayNumber);
-    int const second = static_cast<int>(secondOfDay);
-    SetDateTime(dt_dateTime, {.year = NarrowYear(year),
-                              .month = month,
-                              .day = day,
-                              .hour = second / 3600,
-                              .minute = second / 60 % 60,
-                              .second = second % 60});
+    SetDateTime(dt_dateTime, Narrow({.year = year,
+                                     .month = month,
+                                     .day = day,
+                                     .hour = secondOfDay / 3600,
+                                     .minute = secondOfDay / 60 % 60,
+                                     .second = secondOfDay % 60}));
     return *this;
 }
 
@@ -63,9 +63,9 @@ std::int64_t CDateTime::GetTime() const {
             FormatString(u"Failed to GetTime, Date Status must be dateTime or date. Invalid Date Type: %s.",
                          TypeOf(m_dtType).name));
     }
-    CDateTime const utc = GetNormalized();
-    std::int64_t const days = DayNumber(utc.m_year, utc.m_month, utc.m_day);
-    int const secondOfDay = (utc.m_hour * 60 + utc.m_minute) * 60 + utc.m_second;
+    DateTimeFields const utc = Wide().fields;
+    std::int64_t const days = DayNumber(utc.year, utc.month, utc.day);
+    std::int64_t const secondOfDay = (utc.hour * 60 + utc.minute) * 60 + utc.second;
     return days * kSecondsOfDay + (m_dtType == dt_dateTime ? secondOfDay : 0);
 }
 

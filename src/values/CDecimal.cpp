@@ -21,7 +21,7 @@ constexpr int kGuardPlaces = 2;
 
 }  // namespace
 
-constinit int CDecimal::m_maxDivider = 30;
+constinit std::atomic<int> CDecimal::m_maxDivider = 30;
 
 CDecimal::CDecimal(int value) : m_integerPart(value) {}
 
@@ -49,20 +49,20 @@ CDecimal::CDecimal(CBigInteger integerPart, CBigInteger fractionPart, int divide
       m_fractionalDivider(divider) {}
 
 int CDecimal::GetMaxDecimalPlaces() {
-    return m_maxDivider;
+    return m_maxDivider.load(std::memory_order_relaxed);
 }
 
 void CDecimal::SetMaxDecimalPlaces(int places) {
-    m_maxDivider = places;
+    m_maxDivider.store(places, std::memory_order_relaxed);
 }
 
 int CDecimal::PlacesLimit() {
-    return std::clamp(m_maxDivider, 0, kMaxDecimalPlaces);
+    return std::clamp(m_maxDivider.load(std::memory_order_relaxed), 0, kMaxDecimalPlaces);
 }
 
 /// Reads the form that nearly all texts have: a sign, digits, and more of them behind a point.
 /// @return false if the text has another form or more places than the limit
-bool CDecimal::ParsePlain(std::u16string_view text) {
+bool CDecimal::ParsePlain(std::u16string_view text, int limit) {
     std::size_t at = 0;
     bool const isNegative = TakeSign(text, at);
     std::size_t const point = SkipDigits(text, at);
@@ -71,7 +71,7 @@ bool CDecimal::ParsePlain(std::u16string_view text) {
         if (text[point] != u'.' || SkipDigits(text, point + 1) < text.size()) return false;
         fraction = text.substr(point + 1);
         while (fraction.ends_with(u'0')) fraction.remove_suffix(1);
-        if (std::ssize(fraction) > PlacesLimit()) return false;
+        if (std::ssize(fraction) > limit) return false;
     }
     m_integerPart.m_sign = isNegative ? -1 : 1;
     m_integerPart.m_digits = Magnitude::FromText(text.substr(at, point - at));
@@ -83,15 +83,15 @@ bool CDecimal::ParsePlain(std::u16string_view text) {
 }
 
 void CDecimal::Parse(std::u16string_view text) {
-    if (ParsePlain(text)) return;
+    int const limit = PlacesLimit();
+    if (ParsePlain(text, limit)) return;
     DecimalText source = ScanDecimal(text);
     std::string& digits = source.m_digits;
     std::int64_t const exponent = source.m_exponent.value_or(0);
     bool const divides = source.m_exponent && source.m_exponentNegative;
     auto const point = static_cast<std::int64_t>(source.m_integerDigits) + (divides ? -exponent : exponent);
     if (divides) {
-        auto const kept =
-            std::clamp<std::int64_t>(point + PlacesLimit() + kGuardPlaces, 0, std::ssize(digits));
+        auto const kept = std::clamp<std::int64_t>(point + limit + kGuardPlaces, 0, std::ssize(digits));
         digits.resize(static_cast<std::size_t>(kept));
     }
     auto const integerDigits =
@@ -110,7 +110,7 @@ void CDecimal::Parse(std::u16string_view text) {
             FormatString(u"The exponent of the Decimal [%s] is too large", wstring(text).c_str()));
     Magnitude::ScaleUp(m_integerPart.m_digits, static_cast<std::size_t>(std::max<std::int64_t>(-places, 0)));
     m_fractionalDivider = static_cast<int>(std::max<std::int64_t>(places, 1));
-    Cap();
+    Cap(limit);
 }
 
 void CDecimal::Rationalise() {
@@ -146,10 +146,10 @@ void CDecimal::ChangeFractionalDivider(int divider) {
     }
 }
 
-void CDecimal::Cap() {
+void CDecimal::Cap(int limit) {
     Rationalise();
-    if (m_fractionalDivider <= PlacesLimit()) return;
-    ChangeFractionalDivider(PlacesLimit());
+    if (m_fractionalDivider <= limit) return;
+    ChangeFractionalDivider(limit);
     Rationalise();
 }
 
@@ -258,17 +258,18 @@ CDecimal CDecimal::operator*(CDecimal const& other) const {
     CDecimal product = FromScaled(
         Scaled(m_fractionalDivider) * other.Scaled(other.m_fractionalDivider),
         static_cast<std::size_t>(m_fractionalDivider) + static_cast<std::size_t>(other.m_fractionalDivider));
-    product.Cap();
+    product.Cap(PlacesLimit());
     return product;
 }
 
 CDecimal CDecimal::operator/(CDecimal const& other) const {
     int const places = std::max(m_fractionalDivider, other.m_fractionalDivider);
-    std::size_t const kept = static_cast<std::size_t>(PlacesLimit()) + kGuardPlaces;
+    int const limit = PlacesLimit();
+    std::size_t const kept = static_cast<std::size_t>(limit) + kGuardPlaces;
     CBigInteger dividend = Scaled(places);
     Magnitude::ScaleUp(dividend.m_digits, kept);
     CDecimal quotient = FromScaled(dividend / other.Scaled(places), kept);
-    quotient.Cap();
+    quotient.Cap(limit);
     return quotient;
 }
 

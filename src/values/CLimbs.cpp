@@ -33,14 +33,15 @@ void CLimbs::Resize(std::size_t size) {
 }
 
 void CLimbs::PushBack(std::uint32_t limb) {
-    if (m_size == m_capacity) Reserve(m_size + m_size / 2 + 1);
+    if (m_size == m_capacity) Reserve(size() + size() / 2 + 1);
     data()[m_size++] = limb;
 }
 
 void CLimbs::Append(CLimbs const& other) {
     std::size_t const size = m_size;
-    Resize(size + other.size());
-    std::copy(other.begin(), other.end(), begin() + size);
+    std::size_t const added = other.m_size;  // which grows if the other one is this one
+    Resize(size + added);
+    std::copy_n(other.begin(), added, begin() + size);
 }
 
 void CLimbs::InsertLow(std::size_t count) {

@@ -4,6 +4,7 @@
 #include <limits>
 
 #include "BxXmlLib5/values/CDecimal.h"
+#include "values/Magnitude.h"
 #include "values/Numbers.h"
 
 using namespace BxXmlLib5;
@@ -162,6 +163,14 @@ TEST(CBigInteger, TakesSquareRoots) {
     EXPECT_BX_THROW(Number("-0").SquareRoot(), CBxInvalidValueException, "ERROR: Overflow in operator/!");
     EXPECT_BX_THROW(CBigInteger(-1).SquareRoot(), CBxInvalidValueException,
                     "ERROR: Negative Number in function SquareRoot()!");
+}
+
+TEST(Magnitude, MayBeAppendedToItself) {
+    for (std::size_t size : {1u, 2u, 3u, 100u}) {
+        Magnitude::Limbs limbs(size, 7);
+        limbs.Append(limbs);
+        EXPECT_EQ(limbs, Magnitude::Limbs(2 * size, 7));
+    }
 }
 
 TEST_F(CBigIntegerDigits, AreCalculatedWith) {

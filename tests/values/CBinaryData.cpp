@@ -102,7 +102,9 @@ TEST(CBinaryData, ChangesInPlaceWhatItAloneHolds) {
     EXPECT_EQ(data.CompressData(cmp_None).GetData(), place);
     CBinaryData const copy = data;
     EXPECT_EQ(copy[5], '?');
-    EXPECT_BX_THROW(data[6], CBxException, "Index Out of range [6]");
+    for (auto const& [index, shown] :
+         {std::pair{6ull, "6"}, {0x80000000, "-2147483648"}, {0x1FFFFFFFF, "-1"}})
+        EXPECT_BX_THROW(data[index], CBxException, std::string("Index Out of range [") + shown + "]");
     EXPECT_EQ(data.GetData(), place);
 }
 
@@ -167,10 +169,18 @@ TEST(Hex, GoesBothWays) {
 }
 
 TEST(Hex, RefusesAllButPairsOfDigits) {
-    std::pair<std::u16string_view, std::string> const rows[] = {
-        {u"0G", "G"},     {u"gH", "g"},           {u"0", "?"},     {u"G", "G"},     {u"0 00", " "},
-        {u"0\x130", "İ"}, {u"\xD800\xDC00", "?"}, {u"0\x1F", "?"}, {u"0\x7F", "?"}, {u"\2370", "?"},
-        {u"0\u00E9", "é"}};
+    std::pair<std::u16string_view, std::string> const rows[] = {{u"0G", "G"},
+                                                                {u"gH", "g"},
+                                                                {u"0", "?"},
+                                                                {u"G", "G"},
+                                                                {u"0 00", " "},
+                                                                {u"0\x130", "İ"},
+                                                                {u"\xD800\xDC00", "?"},
+                                                                {u"0\xDFFF", "?"},
+                                                                {u"0\x1F", "\x1F"},
+                                                                {u"0\x7F", "\x7F"},
+                                                                {u"\2370", "\u009F"},
+                                                                {u"0\uE000", "\uE000"}};
     CBinaryData data = Of("stays");
     for (auto const& row : rows)
         EXPECT_BX_THROW(data.SetAsHexString(row.first), CBxException,
@@ -233,7 +243,8 @@ TEST(ByteEncoding, RefusesPartsOfValues) {
                       {be_UUID, "0123456789abcdefA", "[A] for UUID"},
                       // More unused bits than the last octet has
                       {be_Boolean, "Q", "[Q] for BOOLEAN"},
-                      {be_Boolean, "\x80\xFF", "[?] for BOOLEAN"}};
+                      {be_Boolean, "\x80\xFF", "[\u0080] for BOOLEAN"},
+                      {be_Short, std::string(3, 0), "[?] for SHORT"}};
     for (auto const& row : rows)
         EXPECT_BX_THROW(Of(row.octets).GetAsString(row.encoding), CBxException,
                         "Invalid value " + row.place + " byte encoding.");

@@ -16,7 +16,7 @@ constexpr int kUnknown = 9;
 
 /// The fields of a dateTime in the order that makes each fault the first to be found.
 struct {
-    int DateTimeFields::*field;
+    DateTimeField field;
     int below, above;
     std::string name, range;
 } const kFields[] = {

@@ -105,8 +105,8 @@ public:
     /// Two upper-case digits for each octet.
     wstring GetAsHexString() const;
     /// Replaces the content. Digits of both cases are accepted, and nothing else, whitespace included.
-    /// @throws CBxException for any other character, which is shown as "?" if it cannot be printed, and for
-    /// an odd number of digits, as if a unit of value 0 followed; the object stays as it is
+    /// @throws CBxException for any other character, where "?" stands for U+0000 and half a surrogate pair,
+    /// and for an odd number of digits, as if U+0000 followed; the object stays as it is
     void SetAsHexString(char16_t const* text);
     void SetAsHexString(std::u16string_view text);
 
@@ -127,7 +127,8 @@ public:
     /// Two objects without a holder are equal, one without and one with a holder are not.
     bool operator==(CBinaryData const& other) const;
 
-    /// @throws CBxException if there are not so many octets
+    /// @throws CBxException if there are not so many octets, with the low 32 bits of the index as a signed
+    /// number
     unsigned char const& operator[](std::size_t index) const;
     unsigned char& operator[](std::size_t index);
 

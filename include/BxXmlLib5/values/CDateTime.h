@@ -12,6 +12,7 @@ namespace BxXmlLib5 {
 
 class CDateTimeSpan;
 struct DateTimeFields;
+struct WideDate;
 
 /// A value of any of the eight date and time types (XML Schema Part 2, 3.2.7 to 3.2.14). A type field says
 /// which of the eight it is, and so which fields are in use; those that are not are 0. The calendar is the
@@ -86,7 +87,6 @@ public:
     /// of them lacks counts as -1: it is less if the other's field is 0, and the result is dtc_indeterminate
     /// if that is above 0; a year before the common era is compared with the -1. Such a year and one of the
     /// common era are indeterminate too.
-    /// @throws CBxInvalidValueException if a year with an offset leaves 16 bits in UTC
     DTCompareResult CompareTo(CDateTime const& other) const;
 
     /// By CompareTo(). If that is indeterminate, only != is true.
@@ -231,8 +231,8 @@ private:
     DateTimeFields Fields() const;
     void SetFields(DateTimeFields const& fields);
     void RequireOffset() const;
-    CDateTime InZone(std::int16_t hour) const;
-    static DTCompareResult CompareFields(CDateTime const& left, CDateTime const& right);
+    /// Without the offset, if there is one.
+    WideDate Wide() const;
 
     DTType m_dtType = dt_yearZero;
     std::int16_t m_year = 0;

@@ -80,7 +80,7 @@ public:
     void ParseXSDDuration(std::u16string_view text);
 
     /// The partial order of XML Schema Part 2, 3.2.6.2: the results of adding both to each of four instants
-    /// must agree. dtc_indeterminate also if one of them leaves the years of 16 bits.
+    /// must agree.
     CDateTime::DTCompareResult CompareTo(CDateTimeSpan const& other) const;
 
     /// By CompareTo(). If that is indeterminate, only != is true.

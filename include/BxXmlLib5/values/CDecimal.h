@@ -1,6 +1,7 @@
 // Decimal numbers.
 #pragma once
 
+#include <atomic>
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
@@ -60,7 +61,8 @@ public:
     }
 
     /// The limit of decimal places. It is not tested; below 0 it works like 0, for integers, and above
-    /// 5,000,000 like that. Changing it while other threads calculate has no defined effect on their results.
+    /// 5,000,000 like that. It may be changed while other threads calculate: each operation keeps to one
+    /// limit, that before or that after.
     static int GetMaxDecimalPlaces();
     static void SetMaxDecimalPlaces(int places);
 
@@ -123,19 +125,19 @@ private:
     CBigInteger Scaled(int places) const;
     CBigInteger ScaledFraction(int places) const;
 
-    /// The limit of decimal places that is in effect, whatever has been set.
+    /// The limit of decimal places that is in effect, whatever has been set. An operation reads it once.
     static int PlacesLimit();
 
     void Parse(std::u16string_view text);
-    bool ParsePlain(std::u16string_view text);
+    bool ParsePlain(std::u16string_view text, int limit);
     void Rationalise();
     void ChangeFractionalDivider(int divider);
-    /// Rounds to the limit of decimal places.
-    void Cap();
+    /// Rounds to a limit of decimal places.
+    void Cap(int limit);
     /// -1, 0 or 1, as CBigInteger orders the integer parts and then the fractions.
     int Order(CDecimal const& other) const;
 
-    static int m_maxDivider;
+    static std::atomic<int> m_maxDivider;
 
     /// With the sign of the number, so it is -0 for a number between -1 and 0.
     CBigInteger m_integerPart;

@@ -1,0 +1,63 @@
+// Work on small stacks.
+#pragma once
+
+#include <gtest/gtest.h>
+#include <pthread.h>
+#include <ucontext.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <functional>
+#include <vector>
+
+namespace BxTest {
+
+using Work = std::function<void()>;
+
+/// Runs the work on a thread with a stack of so many octets.
+inline void OnThread(std::size_t size, Work const& work) {
+    pthread_attr_t attributes;
+    pthread_attr_init(&attributes);
+    ASSERT_EQ(pthread_attr_setstacksize(&attributes, size), 0);
+    auto const run = [](void* argument) -> void* {
+        (*static_cast<Work const*>(argument))();
+        return nullptr;
+    };
+    pthread_t thread;
+    ASSERT_EQ(pthread_create(&thread, &attributes, run, const_cast<Work*>(&work)), 0);
+    pthread_join(thread, nullptr);
+    pthread_attr_destroy(&attributes);
+}
+
+inline thread_local Work const* t_work = nullptr;
+
+/// Runs the work on a stack of so many octets that no thread knows of, and expects that it kept to it.
+inline void OnOwnStack(std::size_t size, Work const& work) {
+    constexpr std::size_t kBelow = 16 * 1024;
+    constexpr char kUnused = 0x5A;
+    std::vector<char> memory(kBelow + size, kUnused);
+    ucontext_t here, there;
+    getcontext(&there);
+    there.uc_stack.ss_sp = memory.data() + kBelow;
+    there.uc_stack.ss_size = size;
+    there.uc_link = &here;
+    t_work = &work;
+    makecontext(
+        &there, [] { (*t_work)(); }, 0);
+    swapcontext(&here, &there);
+    EXPECT_TRUE(std::all_of(memory.begin(), memory.begin() + kBelow, [](char c) { return c == kUnused; }));
+}
+
+/// Runs the work on stacks of 64 to 512 KiB, of a thread and of the program's own.
+inline void OnSmallStacks(Work const& work) {
+    for (std::size_t const size : {64, 128, 512}) {
+        SCOPED_TRACE(size);
+        OnThread(size * 1024, work);
+        OnOwnStack(size * 1024, work);
+    }
+}
+
+inline constexpr char const* kNoStackLeft =
+    "CBxException: Elements or objects are nested too deeply for what is left of the stack";
+
+}  // namespace BxTest
