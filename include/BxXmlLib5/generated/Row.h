@@ -60,7 +60,7 @@ struct Row {
 /// `Bx::Choice(0, 1)` may be missing. A group that may occur more often is a class of its own, or holds
 /// nothing but rows of one collection.
 struct GroupRow : Row {
-    constexpr explicit GroupRow(Kind kind) : Row{kind} {}
+    constexpr explicit GroupRow(Kind group) : Row{group} {}
     constexpr Row operator()(int minimum, int maximum = 1) const {
         Row row = *this;
         row.min = minimum;
