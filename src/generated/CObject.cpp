@@ -51,6 +51,7 @@ void CObject::ResetContent() {
     for (PropertyModel const& property : Describe().GetModel().properties) {
         property.actions->clear(property.Of(*this));
     }
+    m_isNil = false;
 }
 
 CXmlElement* CObject::FromXml_Int(CXmlElement* element, CXmlElement* firstChild,
@@ -80,6 +81,7 @@ CSmartPtr<CObject> CObject::Clone() const {
     Class const& type = Describe();
     CSmartPtr<CObject> copy = type.GetFacts().make();
     copy->m_elementName = m_elementName;
+    copy->m_isNil = m_isNil;
     for (PropertyModel const& property : type.GetModel().properties) {
         if (property.Count(*this) > 0) property.actions->copy(property.Of(*copy), property.Of(*this));
     }
@@ -88,7 +90,7 @@ CSmartPtr<CObject> CObject::Clone() const {
 
 bool CObject::Equals(CObject const& other) const {
     CObjectLevel const level;
-    if (&Describe() != &other.Describe()) return false;
+    if (&Describe() != &other.Describe() || m_isNil != other.m_isNil) return false;
     for (PropertyModel const& property : Describe().GetModel().properties) {
         if (!property.actions->equals(property.Of(*this), property.Of(other))) return false;
     }
@@ -100,7 +102,7 @@ std::vector<wstring> CObject::Validate() const {
     CXmlSerializationContext const context;
     Writing writing(*this, context, nullptr, &complaints);
     writing.Attributes();
-    writing.Content();
+    writing.Content(Describe().GetModel().isNillable);
     return complaints;
 }
 

@@ -4,8 +4,12 @@
 #include "BxXmlLib5/collections/CAttributeCol.h"
 #include "BxXmlLib5/document/CXmlAttribute.h"
 #include "BxXmlLib5/document/CXmlElement.h"
+#include "BxXmlLib5/generated/Xs.h"
+#include "BxXmlLib5/writers/CXmlWriter.h"
+#include "generated/ObjectAccess.h"
 #include "generated/Reading.h"
 #include "generated/Writing.h"
+#include "platform/StandardNamespaces.h"
 
 namespace BxXmlLib5::Generated {
 
@@ -16,14 +20,16 @@ CContentEntry::CContentEntry(Model const& model)
 
 bool CContentEntry::ElementToXml(CXmlSerializationContext const& context, CXmlGeneratedClass const* owner,
                                  CXmlWriter* writer) const {
-    Writing(static_cast<CObject const&>(*owner), context, writer).Content();
+    auto const& object = static_cast<CObject const&>(*owner);
+    Writing(object, context, writer).Content(ObjectAccess::ModelOf(object).isNillable);
     return true;
 }
 
 bool CContentEntry::ElementFromXml(CXmlSerializationContext const& context, CXmlGeneratedClass* owner,
                                    CXmlElement* element, CXmlElement** child, char16_t const*,
                                    XmlElementType) {
-    Reading(static_cast<CObject&>(*owner), *element, *child, context).Content();
+    auto& object = static_cast<CObject&>(*owner);
+    Reading(object, *element, *child, context).Content(ObjectAccess::ModelOf(object).isNillable);
     *child = nullptr;
     return true;
 }
@@ -61,5 +67,21 @@ bool CAttributeEntry::AttributeFromXml(CXmlSerializationContext const& context, 
 void CAttributeEntry::Validate(CXmlSerializationContext const&, bool found) const {
     ValidateFound(found);
 }
+
+CNilEntry::CNilEntry() : CAttributeInfo(u"nil", wstring(kXsiNamespace).c_str(), 0, true, nullptr) {}
+
+void CNilEntry::AttributeToXml(CXmlSerializationContext const&, CXmlGeneratedClass const* owner,
+                               CXmlWriter* writer) const {
+    if (static_cast<CObject const&>(*owner).IsNil()) writer->WriteAttribute(m_attributeName, m_namespace, u"true");
+}
+
+bool CNilEntry::AttributeFromXml(CXmlSerializationContext const& context, CXmlGeneratedClass* owner,
+                                 CXmlAttribute* attribute) {
+    if (!IsThisAttribute(context, attribute)) return false;
+    static_cast<CObject&>(*owner).SetNil(Xs::boolean::FromText(attribute->GetValueView()));
+    return true;
+}
+
+void CNilEntry::Validate(CXmlSerializationContext const&, bool) const {}
 
 }  // namespace BxXmlLib5::Generated

@@ -38,4 +38,17 @@ private:
     AttributeModel const& m_model;
 };
 
+/// The attribute xsi:nil (XML Schema Part 1, 2.6.2). Whether it may stand there is the reader's to say.
+class CNilEntry : public BxXmlLib5Data::CAttributeInfo {
+public:
+    CNilEntry();
+
+protected:
+    void AttributeToXml(CXmlSerializationContext const& context, CXmlGeneratedClass const* owner,
+                        CXmlWriter* writer) const override;
+    bool AttributeFromXml(CXmlSerializationContext const& context, CXmlGeneratedClass* owner,
+                          CXmlAttribute* attribute) override;
+    void Validate(CXmlSerializationContext const& context, bool found) const override;
+};
+
 }  // namespace BxXmlLib5::Generated

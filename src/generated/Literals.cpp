@@ -332,7 +332,7 @@ T IntegerType<T>::FromText(std::u16string_view text) {
 }
 template <std::integral T>
 wstring IntegerType<T>::ToText(T value) {
-    return IntegerText(value);
+    return IntegerText(+value);
 }
 
 template <std::floating_point T>

@@ -47,12 +47,13 @@ Model::Model(Class const& described)
         Finish(*top[0]);
         content = top[0];
     }
+    for (AttributeModel const& attribute : attributes) {
+        if (!attribute.constraint) attributeTable.push_back(new CAttributeEntry(attribute));
+    }
+    attributeTable.push_back(new CNilEntry);
     // A wildcard takes what no other attribute does.
-    for (bool const isAny : {false, true}) {
-        for (AttributeModel const& attribute : attributes) {
-            if ((attribute.constraint != nullptr) == isAny)
-                attributeTable.push_back(new CAttributeEntry(attribute));
-        }
+    for (AttributeModel const& attribute : attributes) {
+        if (attribute.constraint) attributeTable.push_back(new CAttributeEntry(attribute));
     }
     attributeTable.push_back(nullptr);
     elementTable[0] = new CContentEntry(*this);
@@ -93,6 +94,9 @@ void Model::Add(Class const& described, std::vector<Particle*>& top) {
                 properties[static_cast<std::size_t>(index)].isProhibited = true;
                 break;
             }
+            case Row::Kind::MayBeNil:
+                isNillable = true;
+                break;
             case Row::Kind::End:
                 if (open.empty()) throw CBxException(u"The rows of a class end a group that has not begun");
                 open.pop_back();
@@ -127,6 +131,7 @@ Particle& Model::AddParticle(Row const& row, Class::Facts const& facts) {
     particle.min = row.min;
     particle.max = row.max;
     particle.type = row.type;
+    particle.isNillable = row.isNillable;
     particle.name = OrEmpty(row.name);
     if (row.place != nullptr) particle.model = &Property(row, particle.property);
     if (row.kind == Row::Kind::Any) {

@@ -30,6 +30,11 @@ struct PropertyModel {
     void* Of(CObject& object) const { return place(object); }
     void const* Of(CObject const& object) const { return place(const_cast<CObject&>(object)); }
     int Count(CObject const& object) const { return actions->count(Of(object)); }
+    /// As Count(), but what is demanded and not set is written with its default.
+    int CountToWrite(CObject const& object, int min) const {
+        int const count = Count(object);
+        return count == 0 && min > 0 && actions->defaultText != nullptr ? 1 : count;
+    }
 };
 
 /// An element, a wildcard or a group of the content.
@@ -46,6 +51,7 @@ struct Particle {
     bool canBeEmpty = false;
     /// Two members of a choice are rows of this property, so the object itself says which it is.
     bool isSubstitution = false;
+    bool isNillable = false;
     int property = -1;
     PropertyModel const* model = nullptr;
     Class const* type = nullptr;
@@ -95,6 +101,7 @@ struct Model {
     Particle const* content = nullptr;
     PropertyModel const* text = nullptr;
     bool isTextMandatory = false;
+    bool isNillable = false;  ///< As a root.
 
     /// @name The tables of the contract
     /// @{

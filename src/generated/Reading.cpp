@@ -26,10 +26,10 @@ void ReadValue(CObject& object, PropertyModel const& property, wstring const& na
     }
 }
 
-void ReadElement(CObject& object, CXmlElement& element, CXmlSerializationContext const& context) {
+void ReadElement(CObject& object, CXmlElement& element, bool mayBeNil, CXmlSerializationContext const& context) {
     CObjectLevel const level;
     ObjectAccess::ReadAttributes(object, element, context);
-    Reading(object, element, element.GetFirstElement(), context).Content();
+    Reading(object, element, element.GetFirstElement(), context).Content(mayBeNil);
 }
 
 Reading::Reading(CObject& object, CXmlElement& element, CXmlElement* child,
@@ -47,8 +47,12 @@ Reading::Reading(CObject& object, Reading const& outer)
     m_outer = &outer;
 }
 
-void Reading::Content() {
-    if (m_model.content != nullptr) Read(*m_model.content);
+void Reading::Content(bool mayBeNil) {
+    if (m_object.IsNil() && !mayBeNil) {
+        throw CBxValidationException(FormatString(u"The element [%s] is nil, which it may not be",
+                                                  m_element.GetLocalName().c_str()));
+    }
+    if (m_model.content != nullptr && !m_object.IsNil()) Read(*m_model.content);
     if (m_child != nullptr && !m_skipsUnknown) {
         throw CBxValidationException(FormatString(u"Unexpected element [%s] found in the element [%s]",
                                                   m_child->GetLocalName().c_str(),
@@ -60,8 +64,8 @@ void Reading::Content() {
 void Reading::ReadText() {
     std::u16string_view const text = m_element.GetTextView();
     bool const isSimple = m_model.text != nullptr && m_model.content == nullptr;
-    if (!isSimple && Trimmed(text).empty()) return;
-    if (m_model.text != nullptr) {
+    if ((!isSimple || m_object.IsNil()) && Trimmed(text).empty()) return;
+    if (m_model.text != nullptr && !m_object.IsNil()) {
         ReadValue(m_object, *m_model.text, m_element.GetLocalName(), text);
     } else if (!m_skipsUnknown) {
         throw CBxValidationException(FormatString(u"Unexpected text [%s] found in the element [%s]",
@@ -201,7 +205,7 @@ CSmartPtr<CXmlObjectBase> Reading::ReadObject(Particle const& particle) {
     CSmartPtr<CXmlObjectBase> object = made;
     // The name tells later which of several rows the object belongs to.
     if (particle.isSubstitution) ObjectAccess::SetName(*made, particle.name);
-    ReadElement(*made, *m_child, m_context);
+    ReadElement(*made, *m_child, particle.isNillable, m_context);
     return object;
 }
 

@@ -20,8 +20,9 @@ public:
             CXmlSerializationContext const& context);
 
     /// All content of the object.
-    /// @throws CBxValidationException for what is missing or unexpected
-    void Content();
+    /// @throws CBxValidationException for what is missing or unexpected, and for an element that is nil and may
+    ///         not be
+    void Content(bool mayBeNil);
 
 private:
     Reading(CObject& object, Reading const& outer);
@@ -56,6 +57,6 @@ private:
 };
 
 /// Reads an object from its element.
-void ReadElement(CObject& object, CXmlElement& element, CXmlSerializationContext const& context);
+void ReadElement(CObject& object, CXmlElement& element, bool mayBeNil, CXmlSerializationContext const& context);
 
 }  // namespace BxXmlLib5::Generated

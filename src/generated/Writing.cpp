@@ -27,7 +27,8 @@ Writing::Writing(CObject const& object, Writing const& outer, wstring const& nam
     m_index = index;
 }
 
-void Writing::Content() {
+void Writing::Content(bool mayBeNil) {
+    if (m_object.IsNil()) return NilContent(mayBeNil);
     if (m_model.content != nullptr) Write(*m_model.content);
     for (PropertyModel const& property : m_model.properties) {
         if (property.isProhibited && property.Count(m_object) > 0) {
@@ -35,6 +36,13 @@ void Writing::Content() {
         }
     }
     if (m_model.text != nullptr) WriteText();
+}
+
+void Writing::NilContent(bool mayBeNil) {
+    if (!mayBeNil) Refuse(u"The element must not be nil");
+    bool const isEmpty = (m_model.content == nullptr || !IsSet(*m_model.content)) &&
+                         (m_model.text == nullptr || m_model.text->Count(m_object) == 0);
+    if (!isEmpty) Refuse(u"The element is nil and has content");
 }
 
 void Writing::WriteText() {
@@ -51,29 +59,28 @@ void Writing::Attributes() {
 }
 
 void Writing::Attribute(AttributeModel const& attribute) {
-    void const* const property = attribute.property->Of(m_object);
-    if (attribute.property->actions->count(property) == 0) {
+    if (attribute.constraint) return OpenAttributes(attribute);
+    if (attribute.property->CountToWrite(m_object, attribute.min) == 0) {
         if (attribute.min > 0) Refuse(FormatString(u"The attribute [%s] is not set", attribute.name.c_str()));
         return;
     }
-    if (attribute.constraint) {
-        for (CAttribute const* const one : *static_cast<AnyAttributes const*>(property)) {
-            if (!attribute.constraint->Admits(one->GetNamespace())) {
-                Refuse(FormatString(u"The namespace [%s] of the attribute [%s] is not admitted",
-                                    one->GetNamespace().c_str(), one->GetName().c_str()));
-            } else if (m_writer != nullptr) {
-                m_writer->WriteAttribute(one->GetName(), one->GetNamespace(), one->GetValue());
-            }
+    if (m_writer == nullptr) return;
+    Actions const& actions = *attribute.property->actions;
+    wstring room;
+    wstring const& text = actions.text(attribute.property->Of(m_object), 0, room);
+    bool const isLeftOut = attribute.min == 0 && m_context.GetNoOptionalAttributeDefaultOutput() &&
+                           actions.defaultText != nullptr && text == actions.defaultText();
+    if (!isLeftOut) m_writer->WriteAttribute(attribute.name, attribute.namespaceUri, text);
+}
+
+void Writing::OpenAttributes(AttributeModel const& wildcard) {
+    for (CAttribute const* const one : *static_cast<AnyAttributes const*>(wildcard.property->Of(m_object))) {
+        if (!wildcard.constraint->Admits(one->GetNamespace())) {
+            Refuse(FormatString(u"The namespace [%s] of the attribute [%s] is not admitted",
+                                one->GetNamespace().c_str(), one->GetName().c_str()));
+        } else if (m_writer != nullptr) {
+            m_writer->WriteAttribute(one->GetName(), one->GetNamespace(), one->GetValue());
         }
-    } else if (m_writer != nullptr) {
-        wstring room;
-        wstring const& text = attribute.property->actions->text(property, 0, room);
-        if (attribute.min == 0 && m_context.GetNoOptionalAttributeDefaultOutput() &&
-            attribute.property->actions->defaultText != nullptr &&
-            text == attribute.property->actions->defaultText()) {
-            return;
-        }
-        m_writer->WriteAttribute(attribute.name, attribute.namespaceUri, text);
     }
 }
 
@@ -94,7 +101,7 @@ void Writing::Write(Particle const& particle) {
 }
 
 void Writing::WriteElements(Particle const& particle) {
-    int const count = particle.model->Count(m_object);
+    int const count = particle.model->CountToWrite(m_object, particle.min);
     RefuseCount(particle, count);
     for (int i = 0; i < count; ++i) {
         switch (particle.model->actions->shape) {
@@ -150,7 +157,7 @@ void Writing::WriteObject(Particle const& particle, int index) {
     Writing inner(object, *this, particle.name, particle.max == 1 ? -1 : index);
     if (m_writer == nullptr) {
         inner.Attributes();
-        return inner.Content();
+        return inner.Content(particle.isNillable);
     }
     m_writer->WriteStartElement(particle.name, particle.namespaceUri);
     Class const& type = TypeClass(ObjectAccess::ClassOf(object));
@@ -158,7 +165,7 @@ void Writing::WriteObject(Particle const& particle, int index) {
         m_writer->WriteXsiType(type.GetFacts().namespaceUri, type.GetFacts().name);
     }
     ObjectAccess::WriteAttributes(object, m_writer, m_context);
-    inner.Content();
+    inner.Content(particle.isNillable);
     m_writer->WriteEndElement();
 }
 
@@ -179,7 +186,7 @@ void Writing::WriteItems(Particle const& particle) {
     if (!(particle.canBeEmpty && count < particle.min)) RefuseCount(particle, count);
     for (int i = 0; i < count; ++i) {
         CObjectLevel const level;
-        Writing(static_cast<CObject const&>(*HeldBy(*particle.model, i)), *this, particle.name, i).Content();
+        Writing(static_cast<CObject const&>(*HeldBy(*particle.model, i)), *this, particle.name, i).Content(false);
     }
 }
 
@@ -244,7 +251,7 @@ PropertySet const& Writing::Set() {
 /// Whether the particle can be written with what is set of it.
 bool Writing::IsSatisfied(Particle const& particle) {
     if (!particle.IsGroup()) {
-        int const count = particle.model->Count(m_object);
+        int const count = particle.model->CountToWrite(m_object, particle.min);
         return particle.canBeEmpty && count == 0
                    ? true
                    : count >= particle.min && (particle.max < 0 || count <= particle.max);

@@ -22,7 +22,7 @@ public:
             std::vector<wstring>* complaints = nullptr);
 
     /// @throws CBxValidationException for what is missing or does not fit
-    void Content();
+    void Content(bool mayBeNil);
     void Attribute(AttributeModel const& attribute);
     void Attributes();
 
@@ -34,7 +34,9 @@ private:
     void WriteItems(Particle const& particle);
     void WriteChoice(Particle const& choice);
     void WriteSubstitutes(Particle const& choice);
+    void NilContent(bool mayBeNil);
     void WriteText();
+    void OpenAttributes(AttributeModel const& wildcard);
     void WriteValue(Particle const& particle, int index);
     void WriteObject(Particle const& particle, int index);
     void WriteUntyped(Particle const& particle, int index);

@@ -41,6 +41,7 @@ struct Row {
         Inherit,
         Restrict,
         Prohibited,
+        MayBeNil,
     };
 
     Kind kind;
@@ -54,6 +55,7 @@ struct Row {
     Actions const* actions = nullptr;
     /// The class of the objects; of Inherit and Restrict, the base.
     Class const* type = nullptr;
+    bool isNillable = false;
 };
 
 /// The start of a model group, which goes on to the End that belongs to it. As it stands it occurs once;
@@ -73,6 +75,16 @@ inline constexpr GroupRow Sequence{Row::Kind::Sequence};
 inline constexpr GroupRow Choice{Row::Kind::Choice};
 inline constexpr GroupRow All{Row::Kind::All};
 inline constexpr Row End{Row::Kind::End};
+
+/// Says of the class of a root that its element is nillable.
+inline constexpr Row MayBeNil{Row::Kind::MayBeNil};
+
+/// An element that is nillable: `Bx::Nillable(Bx::Element<&COrder::Due>(u"due"))`. One of simple type is an
+/// Object<CNillable<S>>.
+constexpr Row Nillable(Row row) {
+    row.isNillable = true;
+    return row;
+}
 
 /// @name What stands behind the templates of rows
 /// @{
