@@ -72,7 +72,8 @@ CNilEntry::CNilEntry() : CAttributeInfo(u"nil", wstring(kXsiNamespace).c_str(), 
 
 void CNilEntry::AttributeToXml(CXmlSerializationContext const&, CXmlGeneratedClass const* owner,
                                CXmlWriter* writer) const {
-    if (static_cast<CObject const&>(*owner).IsNil()) writer->WriteAttribute(m_attributeName, m_namespace, u"true");
+    if (static_cast<CObject const&>(*owner).IsNil())
+        writer->WriteAttribute(m_attributeName, m_namespace, u"true");
 }
 
 bool CNilEntry::AttributeFromXml(CXmlSerializationContext const& context, CXmlGeneratedClass* owner,

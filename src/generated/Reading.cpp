@@ -26,7 +26,8 @@ void ReadValue(CObject& object, PropertyModel const& property, wstring const& na
     }
 }
 
-void ReadElement(CObject& object, CXmlElement& element, bool mayBeNil, CXmlSerializationContext const& context) {
+void ReadElement(CObject& object, CXmlElement& element, bool mayBeNil,
+                 CXmlSerializationContext const& context) {
     CObjectLevel const level;
     ObjectAccess::ReadAttributes(object, element, context);
     Reading(object, element, element.GetFirstElement(), context).Content(mayBeNil);
@@ -49,8 +50,8 @@ Reading::Reading(CObject& object, Reading const& outer)
 
 void Reading::Content(bool mayBeNil) {
     if (m_object.IsNil() && !mayBeNil) {
-        throw CBxValidationException(FormatString(u"The element [%s] is nil, which it may not be",
-                                                  m_element.GetLocalName().c_str()));
+        throw CBxValidationException(
+            FormatString(u"The element [%s] is nil, which it may not be", m_element.GetLocalName().c_str()));
     }
     if (m_model.content != nullptr && !m_object.IsNil()) Read(*m_model.content);
     if (m_child != nullptr && !m_skipsUnknown) {
@@ -212,7 +213,7 @@ CSmartPtr<CXmlObjectBase> Reading::ReadObject(Particle const& particle) {
 CSmartPtr<CXmlObjectBase> Reading::ReadUntyped(Particle const&) {
     CSmartPtr<CElement> const element = new CElement(u"", u"", u"##any", u"");
     ObjectAccess::ReadAny(element, &m_element, m_child, m_context);
-    DropLayout(*element);
+    DropLayout(*element, *m_child);
     return element;
 }
 

@@ -57,6 +57,7 @@ private:
 };
 
 /// Reads an object from its element.
-void ReadElement(CObject& object, CXmlElement& element, bool mayBeNil, CXmlSerializationContext const& context);
+void ReadElement(CObject& object, CXmlElement& element, bool mayBeNil,
+                 CXmlSerializationContext const& context);
 
 }  // namespace BxXmlLib5::Generated

@@ -2,6 +2,7 @@
 
 #include "BxXmlLib5/collections/CAttributeCol.h"
 #include "BxXmlLib5/collections/CElementCol.h"
+#include "BxXmlLib5/document/CXmlElement.h"
 #include "BxXmlLib5/generated/SimpleTypes.h"
 #include "core/NestingDepth.h"
 
@@ -63,11 +64,14 @@ bool EqualElements(CElement& a, CElement& b) {
     return true;
 }
 
-void DropLayout(CElement& element) {
-    CElementCol& children = *element.GetChildElements();
-    if (children.GetCount() == 0) return;
-    if (Trimmed(element.GetText()).empty()) element.SetText(u"");
-    for (CElement* const child : children) DropLayout(*child);
+void DropLayout(CElement& element, CXmlElement const& source) {
+    CXmlElement const* child = source.GetFirstElement();
+    if (child == nullptr) return;
+    if (Trimmed(source.GetTextView()).empty()) element.SetText(u"");
+    for (CElement* const copy : *element.GetChildElements()) {
+        DropLayout(*copy, *child);
+        child = child->GetNextSiblingElement();
+    }
 }
 
 }  // namespace BxXmlLib5::Generated

@@ -4,6 +4,11 @@
 #include "BxXmlLib5/collections/CElement.h"
 #include "BxXmlLib5/core/CSmartPtr.h"
 
+namespace BxXmlLib5 {
+class CAttributeCol;
+class CXmlElement;
+}  // namespace BxXmlLib5
+
 namespace BxXmlLib5::Generated {
 
 /// A copy of an element with all below it: a copy of CElement shares what is below.
@@ -17,6 +22,7 @@ bool EqualAttributes(CAttributeCol& a, CAttributeCol& b);
 
 /// Empties the texts of elements that have children and nothing but whitespace among them: it is layout, which
 /// would come to stand behind the children.
-void DropLayout(CElement& element);
+/// @param source what the element was read from
+void DropLayout(CElement& element, CXmlElement const& source);
 
 }  // namespace BxXmlLib5::Generated

@@ -186,7 +186,8 @@ void Writing::WriteItems(Particle const& particle) {
     if (!(particle.canBeEmpty && count < particle.min)) RefuseCount(particle, count);
     for (int i = 0; i < count; ++i) {
         CObjectLevel const level;
-        Writing(static_cast<CObject const&>(*HeldBy(*particle.model, i)), *this, particle.name, i).Content(false);
+        Writing(static_cast<CObject const&>(*HeldBy(*particle.model, i)), *this, particle.name, i)
+            .Content(false);
     }
 }
 

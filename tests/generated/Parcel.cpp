@@ -11,7 +11,10 @@ constexpr Bx::Class const* kTypes[] = {
     &CBook::kClass,    &CToy::kClass,            &CParcelType::kClass,
 };
 
-constexpr Bx::Alias kAliases[] = {{u"p", kNamespace}, {u"e", kExtra}};
+constexpr Bx::Alias kAliases[] = {
+    {u"e", kExtra},
+    {u"xsi", u"http://www.w3.org/2001/XMLSchema-instance"},
+};
 
 constexpr Bx::Row kAddressRows[] = {
     Bx::Sequence,

@@ -30,7 +30,7 @@ inline constexpr Row kNillableRows[] = {Text<&CNillable<S>::Value>()};
 inline constexpr Set kNillableSet{};
 
 template <class S>
-constinit Class const CNillable<S>::kClass =
-    Generated::Describe<CNillable<S>>(kNillableSet, u"nillable", u"", kNillableRows<S>);
+constinit Class const CNillable<S>::kClass = Generated::Describe<CNillable<S>>(kNillableSet, u"nillable", u"",
+                                                                               kNillableRows<S>);
 
 }  // namespace BxXmlLib5::Generated
