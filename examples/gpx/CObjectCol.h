@@ -20,12 +20,15 @@ public:
     CSmartPtr<T> Add() { return Add(new T(m_elementName.c_str())); }
 
     /// Append an object, or insert it so that it has this position, 0 to GetCount().
-    /// @throws CBxInvalidParamException for a null, an element of another name and another position
+    /// @throws CBxInvalidParamException for a null, an element of another name and another position; the
+    ///         object stays the caller's
     CSmartPtr<T> Add(T* item) { return AddAt(GetCount(), item); }
     CSmartPtr<T> AddAt(int index, T* item) {
-        CSmartPtr<T> held = item;
         Throw_IfPropertyIsNull(item, m_elementName.c_str());
         Throw_IfElementNameDiffers(item, m_elementName.c_str());
+        // A listener may remove the object again; a refusal must not delete one that nobody else holds.
+        bool const isRefused = index < 0 || index > GetCount();
+        CSmartPtr<T> held = isRefused ? nullptr : item;
         AddItemAt(index, item);
         return held;
     }

@@ -16,6 +16,7 @@
 #include "BxXmlLib5/collections/CAttribute.h"
 #include "BxXmlLib5/collections/CAttributeCol.h"
 #include "BxXmlLib5/collections/CBxIterator.h"
+#include "BxXmlLib5/collections/CCompiledPattern.h"
 #include "BxXmlLib5/collections/CElement.h"
 #include "BxXmlLib5/collections/CElementCol.h"
 #include "BxXmlLib5/collections/CNode.h"

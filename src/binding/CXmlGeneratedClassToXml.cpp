@@ -54,8 +54,8 @@ void CXmlGeneratedClass::StartElementToXml(CXmlWriter* writer, bool isRoot, char
                                            bool allowEmptyChoice) const {
     if (isRoot) StartRoot(context, writer);
     writer->WriteStartElement(m_elementName, namespaceUri);
-    if (isRoot) {
-        CXmlObjectBase::ToXml_Int(context.GetAdditionalRootAttributes(), writer, false, namespaceUri, context,
+    if (isRoot && context.m_additionalRootAttributes) {
+        CXmlObjectBase::ToXml_Int(context.m_additionalRootAttributes, writer, false, namespaceUri, context,
                                   allowEmptyChoice);
     }
     AttributesToXml_Int(writer, context);

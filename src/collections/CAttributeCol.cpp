@@ -52,6 +52,12 @@ CSmartPtr<CAttribute> CAttributeCol::Add(CAttribute* attribute) {
     return held;
 }
 
+CSmartPtr<CAttribute> CAttributeCol::Add(CXmlAttribute const& attribute) {
+    BxXmlLib5::TestNamespace(attribute.GetNamespaceURI(), m_namespaceRestriction.Get(),
+                             m_targetNamespace.Get());
+    return AddNew(attribute.GetLocalName(), attribute.GetValueView(), attribute.GetNamespaceURI());
+}
+
 void CAttributeCol::AddAfter(CAttribute const* after, CAttribute* attribute) {
     CSmartPtr<CAttribute> const held = attribute;
     AddAfterItem(after, attribute);

@@ -22,10 +22,6 @@ inline constexpr std::size_t kUnknownStack = 16 * 1024;
 /// Objects of generated classes inside each other, those without a tag included.
 inline constexpr int kMaxObjectDepth = 2 * kMaxElementDepth;
 
-/// Children that a read may look through in vain for the beginnings of groups. Beyond, the time of a read would
-/// grow with the square of their number.
-inline constexpr std::size_t kMaxVainSteps = 50'000'000;
-
 /// Octets of a document, before and after decompression: what one call of Expat takes.
 inline constexpr std::size_t kMaxInputSize = INT_MAX;
 
@@ -56,12 +52,21 @@ constexpr std::size_t MaxRepeatedUnits(std::size_t inputSize) {
 inline constexpr std::size_t kUnitsOfDefaultedAttribute = 8;
 inline constexpr std::size_t kUnitsOfJoinedUnit = 2;  // besides the one that an index repeats
 
-/// What the search for a pattern's match in a value may take: octets of stack, which some thousand rounds of
-/// a repeated group fill, and never more than half of what the thread has left; steps, as PCRE counts them; and
-/// steps times octets of the value, of which a step may look at all. A search of the last of these sizes takes
-/// about a second, and some seconds if the pattern is made of classes of Unicode properties.
-inline constexpr unsigned long kMaxMatchStack = 3 * 1024 * 1024;
-inline constexpr unsigned long kMaxMatchSteps = 1'000'000;
-inline constexpr unsigned long kMaxMatchWork = 1'000'000'000;
+/// Octets of stack that must be left where the compilation of a pattern enters another group.
+inline constexpr std::size_t kStackForGroup = 8 * 1024;
+
+/// Octets of heap for the search of a pattern's match in a value: PCRE2 keeps some 150 for each place that it may
+/// come back to, of which a repeated group makes one or two in each round.
+inline constexpr std::size_t kMaxMatchMemory = 128 * 1024 * 1024;
+
+/// What a search may do before its work is counted, which only few need: steps, as PCRE2 counts them, and steps
+/// times octets of the value, of which each step may look at all.
+inline constexpr std::size_t kMaxUncountedSteps = 1'000'000;
+inline constexpr std::size_t kMaxUncountedWork = 25'000'000;
+
+/// Octets of the value that a counted search may look at, a step counting for kWorkOfStep more. It is given up
+/// within about a second, or some seconds if the pattern is made of classes of Unicode properties.
+inline constexpr std::size_t kMaxMatchWork = 250'000'000;
+inline constexpr std::size_t kWorkOfStep = 8;
 
 }  // namespace BxXmlLib5

@@ -16,7 +16,6 @@ namespace {
 constinit thread_local std::uintptr_t t_outermost = 0;
 
 thread_local int t_objects = 0;
-thread_local std::size_t t_vainSteps = 0;
 
 }  // namespace
 
@@ -41,18 +40,11 @@ CObjectLevel::CObjectLevel() {
         throw CBxException(FormatString(u"Objects are nested more than %d levels deep, which is the limit",
                                         kMaxObjectDepth));
     }
-    if (t_objects++ == 0) t_vainSteps = 0;
+    ++t_objects;
 }
 
 CObjectLevel::~CObjectLevel() {
     --t_objects;
-}
-
-void CObjectLevel::CountVainSteps(std::size_t steps) {
-    t_vainSteps += steps;
-    if (t_vainSteps > kMaxVainSteps) {
-        throw CBxException(u"Too many unknown elements stand where a group may begin");
-    }
 }
 
 }  // namespace BxXmlLib5

@@ -1,4 +1,4 @@
-// How deep documents and objects may be nested, and how much a read may search.
+// How deep documents and objects may be nested.
 #pragma once
 
 #include <cstddef>
@@ -46,11 +46,6 @@ public:
     CObjectLevel(CObjectLevel const&) = delete;
     CObjectLevel& operator=(CObjectLevel const&) = delete;
     ~CObjectLevel();
-
-    /// Counts children that were looked through in vain since the outermost object. Where unknown elements
-    /// are skipped, a group may look through all that is left for each of them.
-    /// @throws CBxException if there are more than kMaxVainSteps
-    static void CountVainSteps(std::size_t steps);
 
 private:
     CNestingLevel m_level;

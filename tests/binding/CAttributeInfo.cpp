@@ -20,7 +20,7 @@ TEST(AttributeInfo, ReadsAndWrites) {
         {"s-(@EK?)", "N", "<r K='one'/>", ns},
         {"s-(@Ek!)", "N", "<r xmlns:q='u' q:k='one'/>", "<r k=\"one\"/>"},
         {"s(@Ek!)", "", "<r/>", "!no-attribute k"},
-        {"s(@Ek!)", "", "-", "<r k=\"zero\"/>"},
+        {"s(@Ek!)", "", "-", "!not-set"},
         // Defaults.
         {"s(@Sk?=x @El?=two)", "", "<r k=\"x\" l=\"two\"/>"},
         {"s(@Sk?=x @El?=two)", "D", "<r k=\"x\" l=\"two\"/>", ""},

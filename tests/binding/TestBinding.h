@@ -475,7 +475,7 @@ inline std::string Failure(std::string text) {
          "CBxException: Serialization Data Error : The property should hold a value of type %, it holds %!"},
         {"other-collection",
          "CBxException: Serialization Data Error : The collection should be a %, it was not!"},
-        {"vain", "CBxException: Too many unknown elements stand where a group may begin"},
+        {"not-set", "CBxException: Invalid Type 0 to convert to string"},
         {"objects-too-deep",
          "CBxException: Objects are nested more than 2048 levels deep, which is the limit"},
         {"too-deep", "CBxException: Elements are nested more than 1024 levels deep, which is the limit"},

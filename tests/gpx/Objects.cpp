@@ -71,22 +71,24 @@ TEST(Objects, RefuseWhatDoesNotFit) {
     EXPECT_BX_THROW(CBounds().SetMaxLatitude(91), CBxException, "Invalid Value for maxlat [91]");
     CSmartPtr<CTrack> const track = gpx.GetTracks()->Add();
     EXPECT_BX_THROW(track->SetNumber(-1), CBxException, "Invalid Value for number [-1]");
+    // What is refused stays the caller's: these are on the stack.
+    CMetadata data(u"data");
     EXPECT_BX_THROW(
-        track->GetSegments()->Add()->GetPoints()->Add(new CWaypoint), CBxInvalidParamException,
+        track->GetSegments()->Add()->GetPoints()->Add(&point), CBxInvalidParamException,
         "This property requrires an element with the name trkpt the element being set has the element "
         "name wpt");
-    EXPECT_BX_THROW(gpx.SetMetadata(new CMetadata(u"data")), CBxInvalidParamException,
+    EXPECT_BX_THROW(gpx.SetMetadata(&data), CBxInvalidParamException,
                     "This property requrires an element with the name metadata the element being set has the "
                     "element name data");
     EXPECT_BX_THROW(gpx.GetWaypoints()->Add(nullptr), CBxInvalidParamException,
                     "The Property [wpt] is mandatory, it may node be NULL");
+    EXPECT_BX_THROW(gpx.GetWaypoints()->AddAt(1, &point), CBxInvalidParamException, "Index out of range");
     EXPECT_EQ(gpx.GetWaypoints()->GetCount(), 0);
     // A value that no setter gives is refused on writing.
     gpx.GetWaypoints()->Add()->SetFix(static_cast<Fix>(5));
     EXPECT_BX_THROW(Written(gpx), CBxInvalidValueException, "Invalid Value for fix [5]");
 }
 
-// The collection that points without links share must never reach two of them.
 TEST(Objects, KeepTheirLinksApart) {
     CXmlSerializationContext const context;
     CGpx gpx;

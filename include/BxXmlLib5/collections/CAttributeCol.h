@@ -8,7 +8,13 @@
 #include "BxXmlLib5/collections/CXmlCollection.h"
 #include "BxXmlLib5/core/CInstanceMonitor.h"
 
+namespace BxXmlLib5Data {
+class CAttributeInfoAny;
+}
+
 namespace BxXmlLib5 {
+
+class CXmlAttribute;
 
 /// Attributes under the namespace restriction of a schema wildcard. A null text is the empty text.
 class BXXMLLIB5_API CAttributeCol : public CXmlCollection, public CInstanceMonitor {
@@ -51,9 +57,14 @@ protected:
                              CXmlSerializationContext const& context, bool allowEmptyChoice) override;
 
 private:
+    friend class BxXmlLib5Data::CAttributeInfoAny;
     friend class CElement;
 
     CAttributeCol(CSharedText ns, CSharedText namespaceRestriction, CSharedText targetNamespace);
+
+    /// Appends a copy of an attribute.
+    /// @throws CBxInvalidNamespaceException if the restriction does not allow its namespace
+    CSmartPtr<CAttribute> Add(CXmlAttribute const& attribute);
 
     CSmartPtr<CAttribute> AddNew(std::u16string_view name, std::u16string_view value, std::u16string_view ns);
 
