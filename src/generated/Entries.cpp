@@ -2,6 +2,8 @@
 
 #include "BxXmlLib5/binding/CXmlSerializationContext.h"
 #include "BxXmlLib5/collections/CAttributeCol.h"
+#include "BxXmlLib5/core/CBxException.h"
+#include "BxXmlLib5/core/FormatString.h"
 #include "BxXmlLib5/document/CXmlAttribute.h"
 #include "BxXmlLib5/document/CXmlElement.h"
 #include "BxXmlLib5/generated/Xs.h"
@@ -65,7 +67,9 @@ bool CAttributeEntry::AttributeFromXml(CXmlSerializationContext const& context, 
 }
 
 void CAttributeEntry::Validate(CXmlSerializationContext const&, bool found) const {
-    ValidateFound(found);
+    if (found || m_model.min == 0) return;
+    throw CBxValidationException(
+        FormatString(u"Failed to find the required Attribute [%s]", m_model.name.c_str()));
 }
 
 CNilEntry::CNilEntry() : CAttributeInfo(u"nil", wstring(kXsiNamespace).c_str(), 0, true, nullptr) {}

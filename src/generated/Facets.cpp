@@ -6,10 +6,10 @@
 #include <utility>
 #include <vector>
 
+#include "BxXmlLib5/collections/CCompiledPattern.h"
 #include "BxXmlLib5/core/CBxException.h"
 #include "BxXmlLib5/core/FormatString.h"
 #include "BxXmlLib5/generated/Xs.h"
-#include "collections/PatternFacet.h"
 #include "platform/TextView.h"
 
 namespace BxXmlLib5::Generated {
@@ -25,14 +25,19 @@ void ThrowLength(char16_t const* message, std::size_t length, int facet) {
     throw CBxInvalidValueException(FormatString(message, static_cast<int>(length), facet));
 }
 
+/// A pattern must match all of a literal, so the end is part of what is sought.
+CCompiledPattern const* Compiled(char16_t const* pattern) {
+    if (pattern == nullptr) return nullptr;
+    return new CCompiledPattern(wstring(u"(?:").append(pattern).append(u")\\z"), pattern, u"a simple type");
+}
+
 }  // namespace
 
-LiteralTests::LiteralTests(Facets const& facets)
-    : m_facets(facets), m_pattern(facets.pattern == nullptr ? nullptr : new wstring(facets.pattern)) {}
+LiteralTests::LiteralTests(Facets const& facets) : m_facets(facets), m_pattern(Compiled(facets.pattern)) {}
 
 void LiteralTests::TestPattern(std::u16string_view literal) const {
     if (m_pattern == nullptr) return;
-    if (MatchesPattern(*static_cast<wstring const*>(m_pattern), wstring(literal), u"")) return;
+    if (m_pattern->MatchesWhole(wstring(literal))) return;
     ThrowBreaks(u"The value [%s] does not match the pattern [%s]", wstring(literal), m_facets.pattern);
 }
 

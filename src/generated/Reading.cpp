@@ -43,7 +43,7 @@ Reading::Reading(CObject& object, CXmlElement& element, CXmlElement* child,
       m_ignoreNamespaces(context.GetIgnoreNamespaces()),
       m_skipsUnknown(context.GetIgnoreUnknownElements()) {}
 
-Reading::Reading(CObject& object, Reading const& outer)
+Reading::Reading(CObject& object, Reading& outer)
     : Reading(object, outer.m_element, outer.m_child, outer.m_context) {
     m_outer = &outer;
 }
@@ -230,13 +230,15 @@ void Reading::SkipUnknown() {
 /// @return whether there is one
 bool Reading::SkipTo(Particle const& particle) {
     if (!m_skipsUnknown) return false;
-    std::size_t steps = 0;
-    for (CXmlElement* child = m_child; child != nullptr; child = child->GetNextSiblingElement(), ++steps) {
+    // What was sought in vain once need not be sought again from a later child.
+    std::vector<Particle const*>& vain = Outermost().m_soughtInVain;
+    if (std::ranges::find(vain, &particle) != vain.end()) return false;
+    for (CXmlElement* child = m_child; child != nullptr; child = child->GetNextSiblingElement()) {
         if (particle.Started(child, m_ignoreNamespaces) == nullptr) continue;
         m_child = child;
         return true;
     }
-    CObjectLevel::CountVainSteps(steps);
+    vain.push_back(&particle);
     return false;
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string_view>
+#include <vector>
 
 #include "BxXmlLib5/generated/CObject.h"
 #include "generated/Model.h"
@@ -25,7 +26,7 @@ public:
     void Content(bool mayBeNil);
 
 private:
-    Reading(CObject& object, Reading const& outer);
+    Reading(CObject& object, Reading& outer);
 
     void Read(Particle const& particle);
     void ReadElements(Particle const& particle);
@@ -42,6 +43,7 @@ private:
     bool Matches(Particle const& particle) const;
     Particle const* Started(Particle const& particle) const;
     bool IsKnown(CXmlElement const* child) const;
+    Reading& Outermost() { return m_outer == nullptr ? *this : m_outer->Outermost(); }
     void SkipUnknown();
     bool SkipTo(Particle const& particle);
     [[noreturn]] void ThrowMissing(Particle const& particle) const;
@@ -51,7 +53,8 @@ private:
     CXmlElement* m_child;
     CObject& m_object;
     Model const& m_model;
-    Reading const* m_outer = nullptr;
+    Reading* m_outer = nullptr;
+    std::vector<Particle const*> m_soughtInVain;  ///< Of the outermost one.
     bool const m_ignoreNamespaces;
     bool const m_skipsUnknown;
 };

@@ -21,7 +21,7 @@ struct TopPercentType : Bx::Restriction<PercentType> {
     static constexpr Bx::Facets kFacets{.minExclusive = u"90"};
 };
 struct CodeType : Bx::Restriction<Xs::token> {
-    static constexpr Bx::Facets kFacets{.pattern = u"[A-Z]{2}[0-9]+", .maxLength = 6};
+    static constexpr Bx::Facets kFacets{.pattern = u"A|[A-Z]{2}[0-9]+", .maxLength = 6};
 };
 enum class Speed { Slow, Fast, N2 };
 struct SpeedType : Bx::Enumeration<Speed> {

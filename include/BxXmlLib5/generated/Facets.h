@@ -8,6 +8,10 @@
 #include "BxXmlLib5/platform/Export.h"
 #include "BxXmlLib5/platform/Text.h"
 
+namespace BxXmlLib5 {
+class CCompiledPattern;
+}
+
 namespace BxXmlLib5::Generated {
 
 /// The facets of one step of a derivation, in their order here. Those of the steps below are tested too, by
@@ -30,12 +34,12 @@ struct Facets {
 class BXXMLLIB5_API LiteralTests {
 public:
     /// @param facets must outlive the object
+    /// @throws CBxException if the pattern is no regular expression
     explicit LiteralTests(Facets const& facets);
     LiteralTests(LiteralTests const&) = delete;
     LiteralTests& operator=(LiteralTests const&) = delete;
 
     /// @throws CBxInvalidValueException if the pattern does not match
-    /// @throws CBxException if the pattern is no regular expression
     void TestPattern(std::u16string_view literal) const;
 
     /// @throws CBxInvalidValueException if a value of this length is too short or too long
@@ -50,7 +54,7 @@ protected:
     Facets const& m_facets;
 
 private:
-    void const* m_pattern;  // compiled, and never freed
+    CCompiledPattern const* m_pattern;  // never freed, as the object itself; null for none
 };
 
 /// All tests of the types whose values are V: CDecimal, CBigInteger, CDateTime, CDateTimeSpan, CBinaryData,
