@@ -24,13 +24,13 @@ struct HolderActions {
     static P const& Of(void const* property) { return *static_cast<P const*>(property); }
 
     static int Count(void const* property) {
-        if constexpr (std::same_as<P, ObjectHolder>) {
+        if constexpr (std::same_as<P, ObjectHolder> || std::same_as<P, Nil>) {
             return Of(property) ? 1 : 0;
         } else {
             return Of(property).Count();
         }
     }
-    static void Clear(void* property) { Of(property).Clear(); }
+    static void Clear(void* property) { Of(property) = P(); }
     static void Copy(void* property, void const* source) { Of(property) = P(Of(source)); }
     static bool Equals(void const* a, void const* b) {
         if (Count(a) != Count(b)) return false;
@@ -40,6 +40,8 @@ struct HolderActions {
             for (int i = 0; i < Count(a); ++i) {
                 if (!EqualHeld(Of(a).HeldAt(i), Of(b).HeldAt(i))) return false;
             }
+            return true;
+        } else if constexpr (std::same_as<P, Nil>) {
             return true;
         } else {
             return Count(a) == 0 || EqualAttributes(const_cast<P&>(Of(a)).All(), const_cast<P&>(Of(b)).All());
@@ -58,5 +60,7 @@ constinit Actions const kAnyElementsActions =
     HolderActions<ObjectsHolder>::Table(Actions::Shape::AnyElements);
 constinit Actions const kAnyAttributesActions =
     HolderActions<AnyAttributes>::Table(Actions::Shape::AnyAttributes);
+
+constinit Actions const kNilActions = HolderActions<Nil>::Table(Actions::Shape::Nil);
 
 }  // namespace BxXmlLib5::Generated

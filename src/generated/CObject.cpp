@@ -51,7 +51,6 @@ void CObject::ResetContent() {
     for (PropertyModel const& property : Describe().GetModel().properties) {
         property.actions->clear(property.Of(*this));
     }
-    m_isNil = false;
 }
 
 CXmlElement* CObject::FromXml_Int(CXmlElement* element, CXmlElement* firstChild,
@@ -81,7 +80,6 @@ CSmartPtr<CObject> CObject::Clone() const {
     Class const& type = Describe();
     CSmartPtr<CObject> copy = type.GetFacts().make();
     copy->m_elementName = m_elementName;
-    copy->m_isNil = m_isNil;
     for (PropertyModel const& property : type.GetModel().properties) {
         if (property.Count(*this) > 0) property.actions->copy(property.Of(*copy), property.Of(*this));
     }
@@ -90,7 +88,7 @@ CSmartPtr<CObject> CObject::Clone() const {
 
 bool CObject::Equals(CObject const& other) const {
     CObjectLevel const level;
-    if (&Describe() != &other.Describe() || m_isNil != other.m_isNil) return false;
+    if (&Describe() != &other.Describe()) return false;
     for (PropertyModel const& property : Describe().GetModel().properties) {
         if (!property.actions->equals(property.Of(*this), property.Of(other))) return false;
     }

@@ -72,18 +72,20 @@ void CAttributeEntry::Validate(CXmlSerializationContext const&, bool found) cons
         FormatString(u"Failed to find the required Attribute [%s]", m_model.name.c_str()));
 }
 
-CNilEntry::CNilEntry() : CAttributeInfo(u"nil", wstring(kXsiNamespace).c_str(), 0, true, nullptr) {}
+CNilEntry::CNilEntry(PropertyModel const& property)
+    : CAttributeInfo(u"nil", wstring(kXsiNamespace).c_str(), 0, true, nullptr), m_property(property) {}
 
 void CNilEntry::AttributeToXml(CXmlSerializationContext const&, CXmlGeneratedClass const* owner,
                                CXmlWriter* writer) const {
-    if (static_cast<CObject const&>(*owner).IsNil())
+    if (m_property.Count(static_cast<CObject const&>(*owner)) > 0)
         writer->WriteAttribute(m_attributeName, m_namespace, u"true");
 }
 
 bool CNilEntry::AttributeFromXml(CXmlSerializationContext const& context, CXmlGeneratedClass* owner,
                                  CXmlAttribute* attribute) {
     if (!IsThisAttribute(context, attribute)) return false;
-    static_cast<CObject&>(*owner).SetNil(Xs::boolean::FromText(attribute->GetValueView()));
+    *static_cast<Nil*>(m_property.Of(static_cast<CObject&>(*owner))) =
+        Xs::boolean::FromText(attribute->GetValueView());
     return true;
 }
 

@@ -41,7 +41,7 @@ private:
 /// The attribute xsi:nil (XML Schema Part 1, 2.6.2). Whether it may stand there is the reader's to say.
 class CNilEntry : public BxXmlLib5Data::CAttributeInfo {
 public:
-    CNilEntry();
+    explicit CNilEntry(PropertyModel const& property);
 
 protected:
     void AttributeToXml(CXmlSerializationContext const& context, CXmlGeneratedClass const* owner,
@@ -49,6 +49,9 @@ protected:
     bool AttributeFromXml(CXmlSerializationContext const& context, CXmlGeneratedClass* owner,
                           CXmlAttribute* attribute) override;
     void Validate(CXmlSerializationContext const& context, bool found) const override;
+
+private:
+    PropertyModel const& m_property;
 };
 
 }  // namespace BxXmlLib5::Generated

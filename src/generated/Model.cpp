@@ -50,7 +50,7 @@ Model::Model(Class const& described)
     for (AttributeModel const& attribute : attributes) {
         if (!attribute.constraint) attributeTable.push_back(new CAttributeEntry(attribute));
     }
-    attributeTable.push_back(new CNilEntry);
+    if (nil != nullptr) attributeTable.push_back(new CNilEntry(*nil));
     // A wildcard takes what no other attribute does.
     for (AttributeModel const& attribute : attributes) {
         if (attribute.constraint) attributeTable.push_back(new CAttributeEntry(attribute));
@@ -86,6 +86,11 @@ void Model::Add(Class const& described, std::vector<Particle*>& top) {
                 int index = 0;
                 text = &Property(row, index);
                 isTextMandatory = row.min > 0;
+                break;
+            }
+            case Row::Kind::Nil: {
+                int index = 0;
+                nil = &Property(row, index);
                 break;
             }
             case Row::Kind::Prohibited: {

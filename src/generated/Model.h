@@ -85,6 +85,8 @@ struct Model {
     Model& operator=(Model const&) = delete;
     ~Model();
 
+    bool IsNil(CObject const& object) const { return nil != nullptr && nil->Count(object) > 0; }
+
     /// Whether some row of the class, or of its repeated groups, takes the child.
     bool Knows(CXmlElement const* child, bool ignoreNamespaces) const;
 
@@ -102,6 +104,7 @@ struct Model {
     PropertyModel const* text = nullptr;
     bool isTextMandatory = false;
     bool isNillable = false;  ///< As a root.
+    PropertyModel const* nil = nullptr;
 
     /// @name The tables of the contract
     /// @{

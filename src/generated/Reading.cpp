@@ -49,24 +49,25 @@ Reading::Reading(CObject& object, Reading& outer)
 }
 
 void Reading::Content(bool mayBeNil) {
-    if (m_object.IsNil() && !mayBeNil) {
+    bool const isNil = m_model.IsNil(m_object);
+    if (isNil && !mayBeNil) {
         throw CBxValidationException(
             FormatString(u"The element [%s] is nil, which it may not be", m_element.GetLocalName().c_str()));
     }
-    if (m_model.content != nullptr && !m_object.IsNil()) Read(*m_model.content);
+    if (m_model.content != nullptr && !isNil) Read(*m_model.content);
     if (m_child != nullptr && !m_skipsUnknown) {
         throw CBxValidationException(FormatString(u"Unexpected element [%s] found in the element [%s]",
                                                   m_child->GetLocalName().c_str(),
                                                   m_element.GetLocalName().c_str()));
     }
-    ReadText();
+    ReadText(isNil);
 }
 
-void Reading::ReadText() {
+void Reading::ReadText(bool isNil) {
     std::u16string_view const text = m_element.GetTextView();
     bool const isSimple = m_model.text != nullptr && m_model.content == nullptr;
-    if ((!isSimple || m_object.IsNil()) && Trimmed(text).empty()) return;
-    if (m_model.text != nullptr && !m_object.IsNil()) {
+    if ((!isSimple || isNil) && Trimmed(text).empty()) return;
+    if (m_model.text != nullptr && !isNil) {
         ReadValue(m_object, *m_model.text, m_element.GetLocalName(), text);
     } else if (!m_skipsUnknown) {
         throw CBxValidationException(FormatString(u"Unexpected text [%s] found in the element [%s]",

@@ -38,7 +38,7 @@ private:
     void ReadSimple(Particle const& particle);
     CSmartPtr<CXmlObjectBase> ReadObject(Particle const& particle);
     CSmartPtr<CXmlObjectBase> ReadUntyped(Particle const& particle);
-    void ReadText();
+    void ReadText(bool isNil);
 
     bool Matches(Particle const& particle) const;
     Particle const* Started(Particle const& particle) const;

@@ -28,7 +28,7 @@ Writing::Writing(CObject const& object, Writing const& outer, wstring const& nam
 }
 
 void Writing::Content(bool mayBeNil) {
-    if (m_object.IsNil()) return NilContent(mayBeNil);
+    if (m_model.IsNil(m_object)) return NilContent(mayBeNil);
     if (m_model.content != nullptr) Write(*m_model.content);
     for (PropertyModel const& property : m_model.properties) {
         if (property.isProhibited && property.Count(m_object) > 0) {

@@ -91,6 +91,7 @@ constexpr Bx::Row kNoteTextRows[] = {
         Bx::Element<&CNoteText::B>(u"b"),
     Bx::End,
     Bx::Text<&CNoteText::Text_>(),
+    Bx::NilMark<&CNoteText::Nil>(),
 };
 
 constexpr Bx::Row kPriceRows[] = {

@@ -143,6 +143,7 @@ class CNoteText : public Bx::CObject {
 public:
     Bx::Values<Xs::token> B;
     Bx::Optional<Xs::string> Text_;
+    Bx::Nil Nil;
 
     static Bx::Class const kClass;
 

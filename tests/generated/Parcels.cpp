@@ -129,7 +129,7 @@ TEST(Parcels, AreNotReadWithFaults) {
         {parcel(kTo + days + "<due>2026-05-01</due><due>2026-05-01</due>"),
          "Unexpected element [due] found in the element [parcel]"},
         {parcel(kTo + days + "<x/>"), "Unexpected element [x] found in the element [parcel]"},
-        {parcel("<to xsi:nil='true'/>" + days), "The element [to] is nil, which it may not be"},
+        {parcel(kTo + days + "<note xsi:nil='true'/>"), "The element [note] is nil, which it may not be"},
         {parcel(kTo + days + "<due xsi:nil='1'>2026-05-01</due>"),
          "Unexpected text [2026-05-01] found in the element [due]"},
         {parcel("<to xsi:type='book'><title/></to>" + days),
@@ -225,7 +225,7 @@ TEST(Parcels, AreBuiltAndChecked) {
 
     parcel.Any.Add(u"a", kNamespace);
     parcel.Attributes.Set(u"e", u"f");
-    parcel.Due->SetNil();
+    parcel.Due->Nil = true;
     parcel.To.Make<CPlainAddress>().Kind = "k";
     std::string complaints;
     for (wstring const& one : parcel.Validate()) complaints += ToUtf8(one) + "\n";

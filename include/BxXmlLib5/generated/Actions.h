@@ -22,7 +22,8 @@ struct Actions {
         Objects,
         AnyElement,
         AnyElements,
-        AnyAttributes
+        AnyAttributes,
+        Nil,
     };
 
     Shape shape;
@@ -50,6 +51,7 @@ BXXMLLIB5_API extern Actions const kCollectionActions;
 BXXMLLIB5_API extern Actions const kAnyElementActions;
 BXXMLLIB5_API extern Actions const kAnyElementsActions;
 BXXMLLIB5_API extern Actions const kAnyAttributesActions;
+BXXMLLIB5_API extern Actions const kNilActions;
 
 template <class P>
 concept IsValues = std::derived_from<P, Values<typename P::Type>>;
@@ -120,6 +122,8 @@ constexpr Actions const* ActionsOf() {
         return &kAnyElementsActions;
     } else if constexpr (std::same_as<P, AnyAttributes>) {
         return &kAnyAttributesActions;
+    } else if constexpr (std::same_as<P, Nil>) {
+        return &kNilActions;
     } else if constexpr (std::derived_from<P, ObjectHolder>) {
         return &kObjectActions;
     } else {

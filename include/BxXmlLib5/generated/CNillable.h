@@ -7,12 +7,13 @@
 
 namespace BxXmlLib5::Generated {
 
-/// An element of simple type S that may be there without a value: `order.Due.Make().SetNil();`. It takes a
+/// An element of simple type S that may be there without a value: `order.Due.Make().Nil = true;`. It takes a
 /// value as such: `order.Due = CDateTime(u"2026-05-01");`.
 template <class S>
 class CNillable : public CObject {
 public:
     Required<S> Value;
+    Generated::Nil Nil;
 
     CNillable() = default;
     /// @throws CBxInvalidValueException if the value breaks a facet of S
@@ -25,7 +26,7 @@ protected:
 };
 
 template <class S>
-inline constexpr Row kNillableRows[] = {Text<&CNillable<S>::Value>()};
+inline constexpr Row kNillableRows[] = {Text<&CNillable<S>::Value>(), NilMark<&CNillable<S>::Nil>()};
 
 inline constexpr Set kNillableSet{};
 

@@ -47,10 +47,6 @@ public:
     /// What writing would refuse, a message with the place of each in front. Empty if all is well.
     std::vector<wstring> Validate() const;
 
-    /// An element that is nillable may be there without content, marked by xsi:nil. Its attributes stay.
-    bool IsNil() const { return m_isNil; }
-    void SetNil(bool isNil = true) { m_isNil = isNil; }
-
     CXmlObjectBase* GetBase() override;
     using CXmlObjectBase::GetBase;
     wstring GetNamespace() const override;
@@ -81,8 +77,6 @@ protected:
 
 private:
     friend struct ObjectAccess;
-
-    bool m_isNil = false;
 };
 
 /// A model group that may occur more often than once: an object without an element of its own.

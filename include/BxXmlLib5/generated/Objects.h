@@ -216,6 +216,21 @@ public:
     auto end() const { return ObjectIterator<T const>(Last()); }
 };
 
+/// Whether an element is nil: there without content, but with its attributes.
+///
+///     order.Due.Make().Nil = true;
+class Nil {
+public:
+    explicit operator bool() const { return m_isNil; }
+    Nil& operator=(bool isNil) {
+        m_isNil = isNil;
+        return *this;
+    }
+
+private:
+    bool m_isNil = false;
+};
+
 /// One element that the schema leaves open.
 class BXXMLLIB5_API AnyElement : public ObjectHolder {
 public:

@@ -41,6 +41,7 @@ struct Row {
         Inherit,
         Restrict,
         Prohibited,
+        Nil,
         MayBeNil,
     };
 
@@ -79,8 +80,8 @@ inline constexpr Row End{Row::Kind::End};
 /// Says of the class of a root that its element is nillable.
 inline constexpr Row MayBeNil{Row::Kind::MayBeNil};
 
-/// An element that is nillable: `Bx::Nillable(Bx::Element<&COrder::Due>(u"due"))`. One of simple type is an
-/// Object<CNillable<S>>.
+/// An element that is nillable: `Bx::Nillable(Bx::Element<&COrder::Due>(u"due"))`. Its class has a NilMark; one
+/// of simple type is an Object<CNillable<S>>.
 constexpr Row Nillable(Row row) {
     row.isNillable = true;
     return row;
@@ -203,6 +204,12 @@ constexpr Row Inherit() {
 template <class T>
 constexpr Row Restrict() {
     return {Row::Kind::Restrict, 1, 1, nullptr, nullptr, nullptr, nullptr, &T::kClass};
+}
+
+/// The property that says whether the element is nil, of a class that is the type of a nillable element.
+template <auto kMember>
+constexpr Row NilMark() {
+    return {Row::Kind::Nil, 0, 1, u"nil", nullptr, &PlaceOf<kMember>, kActionsOf<kMember>};
 }
 
 /// A property of a base class that must not be set.
