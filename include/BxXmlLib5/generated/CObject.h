@@ -47,6 +47,11 @@ public:
     /// What writing would refuse, a message with the place of each in front. Empty if all is well.
     std::vector<wstring> Validate() const;
 
+    /// The name of the element that the object is written as. It is needed only where several members of a
+    /// substitution group have one class: the first of them is taken otherwise.
+    using CXmlGeneratedClass::GetElementName;
+    using CXmlGeneratedClass::SetElementName;
+
     CXmlObjectBase* GetBase() override;
     using CXmlObjectBase::GetBase;
     wstring GetNamespace() const override;

@@ -75,4 +75,15 @@ public:
     CXmlSerializationContext WritingContext() const { return RootContext(this->Describe()); }
 };
 
+/// A typed object of untyped content, as a wildcard holds it: `CTrack const track = Bx::Read<CTrack>(gpx.Any[0]);`.
+/// @throws CBxException and CBxValidationException as Root::Parse()
+template <class T>
+T Read(CElement const& element,
+       CXmlSerializationContext const& context = CXmlSerializationContext::GetDefaultContext()) {
+    T object;
+    CXmlSerializationContext own(context);
+    object.FromXmlElement(&element, own);
+    return object;
+}
+
 }  // namespace BxXmlLib5::Generated
