@@ -30,15 +30,17 @@ public:
         bool const isRefused = index < 0 || index > GetCount();
         CSmartPtr<T> held = isRefused ? nullptr : item;
         AddItemAt(index, item);
-        return held;
+        return item;
     }
 
     /// @param index 0 to GetCount() - 1
     /// @throws CBxInvalidParamException for any other index
     CSmartPtr<T> Item(int index) { return *CBxIterator<T>(GetNodeAtIndex(index)); }
 
-    CBxIterator<T> begin() const { return CBxIterator<T>(FirstNode()); }
-    CBxIterator<T> end() const { return CBxIterator<T>(nullptr); }
+    CBxIterator<T> begin() { return CBxIterator<T>(FirstNode()); }
+    CBxIterator<T> end() { return CBxIterator<T>(nullptr); }
+    CBxIterator<T const> begin() const { return CBxIterator<T const>(FirstNode()); }
+    CBxIterator<T const> end() const { return CBxIterator<T const>(nullptr); }
 
 protected:
     void ToXml_Int(CXmlWriter* writer, bool, char16_t const* namespaceUri,
@@ -61,7 +63,7 @@ protected:
 private:
     bool IsItem(CXmlElement const* child, CXmlSerializationContext const& context) const {
         return child != nullptr &&
-               DoesElementNameMatch(context, child, m_elementName.c_str(), m_namespace.Get().c_str());
+               DoesElementNameMatch(context, child, m_elementName.c_str(), m_namespace.c_str());
     }
 };
 

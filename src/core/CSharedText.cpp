@@ -5,12 +5,13 @@
 namespace BxXmlLib5 {
 
 CSharedText::CSharedText(std::u16string_view text) {
-    if (!text.empty()) m_counted = new Counted{wstring(text)};
+    if (!text.empty()) m_text = new Text(text);
 }
 
 wstring const& CSharedText::Get() const {
-    static wstring const s_empty;
-    return m_counted ? m_counted->m_text : s_empty;
+    // Never destroyed, so that a destructor of static storage may use it.
+    static wstring const& s_empty = *new wstring;
+    return m_text ? m_text->m_text : s_empty;
 }
 
 bool CSharedText::Is(std::u16string_view text) const {
