@@ -94,15 +94,15 @@ CAttributeCol& AnyAttributes::All() {
 }
 
 void AnyAttributes::Set(char16_t const* name, char16_t const* value, char16_t const* namespaceUri) {
-    if (CAttribute* const attribute = Find(name, namespaceUri)) {
-        attribute->SetValue(value);
+    if (CAttribute const* const attribute = Find(name, namespaceUri)) {
+        const_cast<CAttribute*>(attribute)->SetValue(value);
     } else {
         All().Add(name, value, namespaceUri);
     }
 }
 
-CAttribute* AnyAttributes::Find(char16_t const* name, char16_t const* namespaceUri) const {
-    for (CAttribute* const attribute : *this) {
+CAttribute const* AnyAttributes::Find(char16_t const* name, char16_t const* namespaceUri) const {
+    for (CAttribute const* const attribute : *this) {
         if (attribute->GetName() == name && attribute->GetNamespace() == namespaceUri) return attribute;
     }
     return nullptr;

@@ -8,32 +8,36 @@
 
 namespace BxXmlLib5::Generated {
 
-CSmartPtr<CAttributeCol> CloneAttributes(CAttributeCol& attributes) {
-    CSmartPtr<CAttributeCol> const copy = new CAttributeCol(u"", u"##any", u"");
-    for (CAttribute const* const attribute : attributes) {
-        copy->Add(attribute->GetName().c_str(), attribute->GetValue().c_str(),
-                  attribute->GetNamespace().c_str());
+namespace {
+
+void AddCopies(CAttributeCol& target, CAttributeCol const& source) {
+    for (CAttribute const* const attribute : source) {
+        target.Add(attribute->GetName().c_str(), attribute->GetValue().c_str(),
+                   attribute->GetNamespace().c_str());
     }
+}
+
+}  // namespace
+
+CSmartPtr<CAttributeCol> CloneAttributes(CAttributeCol const& attributes) {
+    CSmartPtr<CAttributeCol> const copy = new CAttributeCol(u"", u"##any", u"");
+    AddCopies(*copy, attributes);
     return copy;
 }
 
 CSmartPtr<CElement> CloneElement(CElement const& element) {
     CObjectLevel const level;
-    auto& source = const_cast<CElement&>(element);
     CSmartPtr<CElement> copy =
-        new CElement(source.GetName().c_str(), source.GetNamespace().c_str(), u"##any", u"");
-    copy->SetText(source.GetText().c_str());
-    for (CAttribute const* const attribute : *source.GetAttributes()) {
-        copy->GetAttributes()->Add(attribute->GetName().c_str(), attribute->GetValue().c_str(),
-                                   attribute->GetNamespace().c_str());
-    }
-    for (CElement const* const child : *source.GetChildElements()) {
+        new CElement(element.GetName().c_str(), element.GetNamespace().c_str(), u"##any", u"");
+    copy->SetText(element.GetText().c_str());
+    if (element.GetAttributes()->GetCount() > 0) AddCopies(*copy->GetAttributes(), *element.GetAttributes());
+    for (CElement const* const child : *element.GetChildElements()) {
         copy->GetChildElements()->Add(CloneElement(*child));
     }
     return copy;
 }
 
-bool EqualAttributes(CAttributeCol& a, CAttributeCol& b) {
+bool EqualAttributes(CAttributeCol const& a, CAttributeCol const& b) {
     if (a.GetCount() != b.GetCount()) return false;
     for (CAttribute const* const mine : a) {
         bool found = false;
@@ -47,17 +51,16 @@ bool EqualAttributes(CAttributeCol& a, CAttributeCol& b) {
     return true;
 }
 
-bool EqualElements(CElement& a, CElement& b) {
+bool EqualElements(CElement const& a, CElement const& b) {
     CObjectLevel const level;
+    CElementCol const& mine = *a.GetChildElements();
+    CElementCol const& theirs = *b.GetChildElements();
     if (a.GetName() != b.GetName() || a.GetNamespace() != b.GetNamespace() || a.GetText() != b.GetText() ||
-        !EqualAttributes(*a.GetAttributes(), *b.GetAttributes())) {
+        mine.GetCount() != theirs.GetCount() || !EqualAttributes(*a.GetAttributes(), *b.GetAttributes())) {
         return false;
     }
-    CElementCol& mine = *a.GetChildElements();
-    CElementCol& theirs = *b.GetChildElements();
-    if (mine.GetCount() != theirs.GetCount()) return false;
     auto other = theirs.begin();
-    for (CElement* const child : mine) {
+    for (CElement const* const child : mine) {
         if (!EqualElements(*child, **other)) return false;
         ++other;
     }

@@ -14,11 +14,11 @@ namespace BxXmlLib5::Generated {
 /// A copy of an element with all below it: a copy of CElement shares what is below.
 /// @throws CBxException if elements are nested too deeply
 CSmartPtr<CElement> CloneElement(CElement const& element);
-CSmartPtr<CAttributeCol> CloneAttributes(CAttributeCol& attributes);
+CSmartPtr<CAttributeCol> CloneAttributes(CAttributeCol const& attributes);
 
 /// Names, namespaces, texts, attributes in any order and children.
-bool EqualElements(CElement& a, CElement& b);
-bool EqualAttributes(CAttributeCol& a, CAttributeCol& b);
+bool EqualElements(CElement const& a, CElement const& b);
+bool EqualAttributes(CAttributeCol const& a, CAttributeCol const& b);
 
 /// Empties the texts of elements that have children and nothing but whitespace among them: it is layout, which
 /// would come to stand behind the children.

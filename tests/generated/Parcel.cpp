@@ -7,8 +7,8 @@ static_assert(Bx::kVersion == 1);
 namespace {
 
 constexpr Bx::Class const* kTypes[] = {
-    &CAddress::kClass, &CForeignAddress::kClass, &CPlainAddress::kClass, &CThing::kClass,
-    &CBook::kClass,    &CToy::kClass,            &CParcelType::kClass,
+    &CAddress::kClass, &CForeignAddress::kClass, &CPlainAddress::kClass, &CThing::kClass, &CBook::kClass,
+    &CToy::kClass,     &CParcelType::kClass,
 };
 
 constexpr Bx::Alias kAliases[] = {
@@ -16,6 +16,7 @@ constexpr Bx::Alias kAliases[] = {
     {u"xsi", u"http://www.w3.org/2001/XMLSchema-instance"},
 };
 
+// clang-format off
 constexpr Bx::Row kAddressRows[] = {
     Bx::Sequence,
         Bx::Element<&CAddress::City>(u"city"),
@@ -113,47 +114,72 @@ constexpr Bx::Row kLabelRows[] = {
         Bx::Element<&CLabel::Time>(u"time", 2, 3),
     Bx::End,
 };
+// clang-format on
 
 }  // namespace
 
 constinit Bx::Set const kSet{.types = kTypes, .aliases = kAliases};
 
-constinit Bx::Class const CAddress::kClass = Bx::Describe<CAddress>(kSet, u"address", kNamespace, kAddressRows);
-Bx::Class const& CAddress::Describe() const { return kClass; }
+constinit Bx::Class const CAddress::kClass =
+    Bx::Describe<CAddress>(kSet, u"address", kNamespace, kAddressRows);
+Bx::Class const& CAddress::Describe() const {
+    return kClass;
+}
 
 constinit Bx::Class const CForeignAddress::kClass =
     Bx::Describe<CForeignAddress>(kSet, u"foreignAddress", kNamespace, kForeignAddressRows);
-Bx::Class const& CForeignAddress::Describe() const { return kClass; }
+Bx::Class const& CForeignAddress::Describe() const {
+    return kClass;
+}
 
 constinit Bx::Class const CPlainAddress::kClass =
     Bx::Describe<CPlainAddress>(kSet, u"plainAddress", kNamespace, kPlainAddressRows);
-Bx::Class const& CPlainAddress::Describe() const { return kClass; }
+Bx::Class const& CPlainAddress::Describe() const {
+    return kClass;
+}
 
 constinit Bx::Class const CThing::kClass = Bx::Describe<CThing>(kSet, u"thing", kNamespace, kThingRows);
 
 constinit Bx::Class const CBook::kClass = Bx::Describe<CBook>(kSet, u"book", kNamespace, kBookRows);
-Bx::Class const& CBook::Describe() const { return kClass; }
+Bx::Class const& CBook::Describe() const {
+    return kClass;
+}
 
 constinit Bx::Class const CToy::kClass = Bx::Describe<CToy>(kSet, u"toy", kNamespace, kToyRows);
-Bx::Class const& CToy::Describe() const { return kClass; }
+Bx::Class const& CToy::Describe() const {
+    return kClass;
+}
 
 constinit Bx::Class const CParcelType::kClass =
     Bx::Describe<CParcelType>(kSet, u"parcelType", kNamespace, kParcelTypeRows);
-Bx::Class const& CParcelType::Describe() const { return kClass; }
+Bx::Class const& CParcelType::Describe() const {
+    return kClass;
+}
 
 constinit Bx::Class const CParcel::kClass = Bx::Describe<CParcel>(kSet, u"parcel", kNamespace, kParcelRows);
-Bx::Class const& CParcel::Describe() const { return kClass; }
+Bx::Class const& CParcel::Describe() const {
+    return kClass;
+}
 
-constinit Bx::Class const CNoteText::kClass = Bx::Describe<CNoteText>(kSet, u"noteText", kNamespace, kNoteTextRows);
-Bx::Class const& CNoteText::Describe() const { return kClass; }
+constinit Bx::Class const CNoteText::kClass =
+    Bx::Describe<CNoteText>(kSet, u"noteText", kNamespace, kNoteTextRows);
+Bx::Class const& CNoteText::Describe() const {
+    return kClass;
+}
 
 constinit Bx::Class const CPrice::kClass = Bx::Describe<CPrice>(kSet, u"price", kNamespace, kPriceRows);
-Bx::Class const& CPrice::Describe() const { return kClass; }
+Bx::Class const& CPrice::Describe() const {
+    return kClass;
+}
 
 constinit Bx::Class const CBox::kClass = Bx::Describe<CBox>(kSet, u"box", kNamespace, kBoxRows, u"");
-Bx::Class const& CBox::Describe() const { return kClass; }
+Bx::Class const& CBox::Describe() const {
+    return kClass;
+}
 
 constinit Bx::Class const CLabel::kClass = Bx::Describe<CLabel>(kSet, u"label", kNamespace, kLabelRows);
-Bx::Class const& CLabel::Describe() const { return kClass; }
+Bx::Class const& CLabel::Describe() const {
+    return kClass;
+}
 
 }  // namespace Parcels

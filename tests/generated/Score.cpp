@@ -8,6 +8,7 @@ constinit Bx::Set const kSet{};
 
 namespace {
 
+// clang-format off
 constexpr Bx::Row kPitchRows[] = {
     Bx::Sequence,
         Bx::Element<&CPitch::Step>(u"step"),
@@ -90,25 +91,38 @@ constexpr Bx::Row kTextRows[] = {
         Bx::Element<&CText::Word>(u"word"),
     Bx::End,
 };
+// clang-format on
 
 }  // namespace
 
 constinit Bx::Class const CPitch::kClass = Bx::Describe<CPitch>(kSet, u"pitch", kNamespace, kPitchRows);
-Bx::Class const& CPitch::Describe() const { return kClass; }
+Bx::Class const& CPitch::Describe() const {
+    return kClass;
+}
 
 constinit Bx::Class const CEmpty::kClass = Bx::Describe<CEmpty>(kSet, u"empty", kNamespace, kEmptyRows);
-Bx::Class const& CEmpty::Describe() const { return kClass; }
+Bx::Class const& CEmpty::Describe() const {
+    return kClass;
+}
 
 constinit Bx::Class const CNote::kClass = Bx::Describe<CNote>(kSet, u"note", kNamespace, kNoteRows);
-Bx::Class const& CNote::Describe() const { return kClass; }
+Bx::Class const& CNote::Describe() const {
+    return kClass;
+}
 
 constinit Bx::Class const CTie::kClass = Bx::Describe<CTie>(kSet, u"tie", kNamespace, kTieRows);
-Bx::Class const& CTie::Describe() const { return kClass; }
+Bx::Class const& CTie::Describe() const {
+    return kClass;
+}
 
 constinit Bx::Class const CVerse::kClass = Bx::Describe<CVerse>(kSet, u"verse", kNamespace, kVerseRows);
-Bx::Class const& CVerse::Describe() const { return kClass; }
+Bx::Class const& CVerse::Describe() const {
+    return kClass;
+}
 
 constinit Bx::Class const CText::kClass = Bx::Describe<CText>(kSet, u"text", kNamespace, kTextRows);
-Bx::Class const& CText::Describe() const { return kClass; }
+Bx::Class const& CText::Describe() const {
+    return kClass;
+}
 
 }  // namespace Score

@@ -281,17 +281,16 @@ public:
 
     /// Sets the value of an attribute, which is added if there is none of that name.
     void Set(char16_t const* name, char16_t const* value, char16_t const* namespaceUri = u"");
-    /// The value of an attribute, null if there is none of that name. It lasts until the attributes change.
-    CAttribute* Find(char16_t const* name, char16_t const* namespaceUri = u"") const;
+    /// The attribute of a name, null if there is none.
+    CAttribute const* Find(char16_t const* name, char16_t const* namespaceUri = u"") const;
 
-    auto begin() const { return ObjectIteratorOrEnd(false); }
-    auto end() const { return ObjectIteratorOrEnd(true); }
+    /// Walk the attributes as pointers that are not null.
+    auto begin() const {
+        return m_attributes ? std::as_const(*m_attributes).begin() : CBxIterator<CAttribute const>(nullptr);
+    }
+    auto end() const { return CBxIterator<CAttribute const>(nullptr); }
 
 private:
-    CBxIterator<CAttribute> ObjectIteratorOrEnd(bool end) const {
-        return end || !m_attributes ? CBxIterator<CAttribute>(nullptr) : m_attributes->begin();
-    }
-
     CSmartPtr<CAttributeCol> m_attributes;
 };
 
