@@ -100,6 +100,14 @@ constexpr Bx::Row kPriceRows[] = {
     Bx::Attribute<&CPrice::Currency>(u"currency"),
 };
 
+constexpr Bx::Row kWrapRows[] = {
+    Bx::Choice,
+        Bx::Element<&CWrap::Thing, CBook>(u"book", 1, 1),
+        Bx::Element<&CWrap::Thing, CBook>(u"novel", 1, 1),
+        Bx::Element<&CWrap::Thing, CToy>(u"toy", kExtra, 1, 1),
+    Bx::End,
+};
+
 constexpr Bx::Row kBoxRows[] = {
     Bx::All,
         Bx::Element<&CBox::Width>(u"width"),
@@ -169,6 +177,11 @@ Bx::Class const& CNoteText::Describe() const {
 
 constinit Bx::Class const CPrice::kClass = Bx::Describe<CPrice>(kSet, u"price", kNamespace, kPriceRows);
 Bx::Class const& CPrice::Describe() const {
+    return kClass;
+}
+
+constinit Bx::Class const CWrap::kClass = Bx::Describe<CWrap>(kSet, u"wrap", kNamespace, kWrapRows);
+Bx::Class const& CWrap::Describe() const {
     return kClass;
 }
 

@@ -163,6 +163,17 @@ protected:
     Bx::Class const& Describe() const override;
 };
 
+/// One thing under one of several names.
+class CWrap : public Bx::Root<Bx::CObject> {
+public:
+    Bx::Object<CThing> Thing;
+
+    static Bx::Class const kClass;
+
+protected:
+    Bx::Class const& Describe() const override;
+};
+
 /// An all group, whose elements are in no namespace.
 class CBox : public Bx::Root<Bx::CObject> {
 public:

@@ -237,6 +237,30 @@ TEST(Parcels, AreBuiltAndChecked) {
               "/parcel: The element [a] in the namespace [urn:parcel] does not fit [AnyElement]\n");
 }
 
+TEST(Parcels, TakeSubstitutesUnderTheirNames) {
+    std::string const novel = "<wrap xmlns=\"urn:parcel\"><novel><title>a</title></novel></wrap>";
+    CWrap wrap = Read<CWrap>(novel);
+    EXPECT_EQ(Written(wrap), novel);
+    EXPECT_EQ(Written(CWrap(wrap)), novel);
+    EXPECT_EQ(Bx::Utf8(wrap.Thing.Get<CBook>()->Title), "a");
+    wrap.Thing = CSmartPtr<CThing>(new CToy);
+    EXPECT_EQ(Written(wrap), "<wrap xmlns=\"urn:parcel\"><AA:toy xmlns:AA=\"urn:extra\"/></wrap>");
+    wrap.Thing.Make<CBook>().Title = "b";
+    EXPECT_EQ(Written(wrap), "<wrap xmlns=\"urn:parcel\"><book><title>b</title></book></wrap>");
+    wrap.Thing->SetElementName(u"novel");
+    EXPECT_EQ(Written(wrap), "<wrap xmlns=\"urn:parcel\"><novel><title>b</title></novel></wrap>");
+    wrap.Thing.Clear();
+    EXPECT_BX_THROW(Written(wrap), CBxValidationException,
+                    "/wrap: Nothing is set of one of the elements [book] [novel] [toy]");
+    EXPECT_BX_THROW(
+        Read<CWrap>("<wrap xmlns='urn:parcel'><toy/></wrap>"), CBxValidationException,
+        "Failed to find one of the elements [book] [novel] [toy] in the element [wrap], where [toy] stands");
+
+    CParcel parcel = Read<CParcel>(Parcel("", kTo, "<w:price xmlns:w='urn:w'>5</w:price>"));
+    parcel.Any[0].SetNamespace(kNamespace);
+    EXPECT_TRUE(Bx::Read<CPrice>(parcel.Any[0]).Value == CDecimal(5));
+}
+
 TEST(Properties, AreSharedOrCopied) {
     CSmartPtr<CAddress> const address = new CAddress;
     address->City = "x";

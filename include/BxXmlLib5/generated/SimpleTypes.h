@@ -12,7 +12,6 @@
 //     struct FontSize : Bx::Union<Xs::decimal, CssFontSizeType> {};
 #pragma once
 
-#include <algorithm>
 #include <iterator>
 #include <optional>
 #include <string_view>
@@ -114,15 +113,8 @@ BXXMLLIB5_API int FindText(std::span<char16_t const* const> texts, std::u16strin
 template <class S>
 struct StepOf {
     static constexpr bool kHasBase = requires { typename S::Base; };
-    static constexpr bool kHasFacets = [] {
-        if constexpr (!requires { S::kFacets; }) {
-            return false;
-        } else if constexpr (requires { S::Base::kFacets; }) {
-            return &S::kFacets != &S::Base::kFacets;
-        } else {
-            return true;
-        }
-    }();
+    /// Of its own, or those of the base once more.
+    static constexpr bool kHasFacets = requires { S::kFacets; };
 
     /// Made when first asked for and never destroyed, since values may be tested while statics die.
     static auto const& Tests() {
