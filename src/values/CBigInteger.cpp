@@ -40,14 +40,12 @@ std::u16string_view LastDigits(std::u16string_view text) {
 
 CBigInteger::CBigInteger(int sign, CLimbs limbs) : m_sign(sign), m_digits(std::move(limbs)) {}
 
-CBigInteger::CBigInteger(int value) : CBigInteger(static_cast<long long>(value)) {}
-
-CBigInteger::CBigInteger(long value) : CBigInteger(static_cast<long long>(value)) {}
-
 CBigInteger::CBigInteger(long long value)
     : m_sign(value < 0 ? -1 : 1),
       m_digits(Magnitude::FromInteger(value < 0 ? 0 - static_cast<std::uint64_t>(value)
                                                 : static_cast<std::uint64_t>(value))) {}
+
+CBigInteger::CBigInteger(unsigned long long value) : m_digits(Magnitude::FromInteger(value)) {}
 
 CBigInteger::CBigInteger(CDecimal const& value) : CBigInteger(value.ToBigInteger()) {}
 

@@ -23,8 +23,7 @@ using namespace std::string_literals;
 using namespace std::string_view_literals;
 
 CBinaryData Of(std::string_view octets) {
-    return {const_cast<unsigned char*>(reinterpret_cast<unsigned char const*>(octets.data())), octets.size(),
-            false};
+    return CBinaryData(std::span(reinterpret_cast<unsigned char const*>(octets.data()), octets.size()));
 }
 
 std::string TextOf(CBinaryData const& data) {
@@ -68,7 +67,8 @@ TEST(CBinaryData, TellsNoHolderFromNoOctets) {
         EXPECT_EQ(data.GetString() + data.GetAsString(be_Int), u"");
     }
     for (CBinaryData const& data : {CBinaryData(u""), CBinaryData(static_cast<char16_t*>(nullptr)), appended,
-                                    CBinaryData(nullptr, 5, false), CBinaryData(nullptr, 5, true)})
+                                    CBinaryData(nullptr, 5, false), CBinaryData(nullptr, 5, true),
+                                    CBinaryData(std::span<unsigned char const>())})
         EXPECT_TRUE(data == kNoOctets && !(data == CBinaryData()) && !(CBinaryData() == data));
     EXPECT_TRUE(Of("ab") == Of("ab") && Of("ab") != Of("aB") && Of("ab") != Of("abc"));
 }
@@ -99,7 +99,8 @@ TEST(CBinaryData, ChangesInPlaceWhatItAloneHolds) {
     CBinaryData data = Of("octets");
     unsigned char const* const place = data.GetData();
     data[5] = '?';
-    EXPECT_EQ(data.CompressData(cmp_None).GetData(), place);
+    for (int const none : {0, 3, -1})
+        EXPECT_EQ(data.CompressData(static_cast<CompressionType>(none)).GetData(), place);
     CBinaryData const copy = data;
     EXPECT_EQ(copy[5], '?');
     for (auto const& [index, shown] :

@@ -1,6 +1,7 @@
 // Dates and durations from and to text, for the tests of both. Rows are texts of words.
 #pragma once
 
+#include <compare>
 #include <initializer_list>
 #include <iterator>
 #include <sstream>
@@ -56,14 +57,14 @@ void ExpectOrder(Value (*read)(std::string const&), std::initializer_list<char c
         char const order = words[1][0];
         EXPECT_EQ("=<>?"[left.CompareTo(right)], order) << row;
         EXPECT_EQ("=><?"[right.CompareTo(left)], order) << row << ", mirrored";
+        auto const standard = left <=> right;
+        EXPECT_EQ(standard == 0 ? '=' : standard < 0 ? '<' : standard > 0 ? '>' : '?', order) << row;
         EXPECT_TRUE((left == right) == (order == '=') && (left != right) == (order != '=') &&
                     (left < right) == (order == '<') && (left > right) == (order == '>'))
             << row;
-        if constexpr (requires { left <= right; }) {
-            EXPECT_TRUE((left <= right) == (order == '<' || order == '=') &&
-                        (left >= right) == (order == '>' || order == '='))
-                << row;
-        }
+        EXPECT_TRUE((left <= right) == (order == '<' || order == '=') &&
+                    (left >= right) == (order == '>' || order == '='))
+            << row;
     }
 }
 
