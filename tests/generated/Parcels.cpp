@@ -202,6 +202,7 @@ TEST(Parcels, AreBuiltAndChecked) {
     parcel.Code = "AB1";
     EXPECT_EQ(*parcel.Days, 7);
     EXPECT_FALSE(parcel.Days);
+    EXPECT_TRUE(parcel.Days == 7 && parcel.Version == u"1.0" && parcel.Weight != CDecimal(1));
     parcel.To.Make<CForeignAddress>().Country = u8"Öland";
     parcel.To->City = std::string("x");
     EXPECT_EQ(Bx::Utf8(parcel.To.Get<CForeignAddress>()->Country), "Öland");

@@ -193,6 +193,11 @@ public:
 
     Value const& operator*() const { return *this ? Optional<S>::operator*() : ConstantOf<S, kText>(); }
     Value const* operator->() const { return &**this; }
+
+    /// Whether it reads as this value.
+    bool operator==(Value const& value) const { return IsSame(**this, value); }
+    using Optional<S>::operator==;
+
     static constexpr std::u16string_view kDefault = kText.View();
 };
 
