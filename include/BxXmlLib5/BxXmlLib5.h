@@ -12,7 +12,6 @@
 #include "BxXmlLib5/binding/CXmlGeneratedClass.h"
 #include "BxXmlLib5/binding/CXmlObjectBase.h"
 #include "BxXmlLib5/binding/CXmlSerializationContext.h"
-#include "BxXmlLib5/binding/ElementInfoKinds.h"
 #include "BxXmlLib5/collections/CAttribute.h"
 #include "BxXmlLib5/collections/CAttributeCol.h"
 #include "BxXmlLib5/collections/CBxIterator.h"
