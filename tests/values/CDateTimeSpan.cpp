@@ -72,13 +72,7 @@ TEST(CDateTimeSpan, TheOrderIsThatOfTheSumsWithFourInstants) {
         }
         ExpectOrder(left, right, orders == std::string(4, orders[0]) ? orders[0] : '?');
     }
-    // XML Schema Part 2, 3.2.6.2
-    ExpectOrder(Span,
-                {"P1Y > P364D", "P1Y ? P365D", "P1Y ? P366D", "P1Y < P367D", "P1M > P27D", "P1M ? P28D",
-                 "P1M ? P31D", "P1M < P32D", "P5M > P149D", "P5M ? P150D", "P5M ? P153D", "P5M < P154D"});
-    // and more
-    ExpectOrder(Span, {"P2M ? P62D", "P8M ? P245D", "P6M ? P5M29D", "P1Y = P12M", "-P1D < P1D", "-P2D < -P1D",
-                       "-P0D = P0D", "PT1.1S < PT1.100000001S"});
+    ExpectOrder(Span, {"P1Y ? P365D", "P1Y < P367D", "P1Y = P12M", "-P0D = P0D", "PT1.1S < PT1.100000001S"});
     // Years beyond those that a date can have.
     ExpectOrder(Span, {"P40000Y = P40000Y", "P40000Y > P1Y", "P65535Y4294967295M < P65535Y4294967295M1D",
                        "PT18446744073709551615S > P65535Y", "-P40000Y = -P480000M", "-P40000Y < -P39999Y"});
