@@ -512,7 +512,7 @@ inline std::string Failure(std::string text) {
          "CBxException: Serialization Data Error : The collection should be a %, it was not!"},
         {"not-set", "CBxException: Invalid Type 0 to convert to string"},
         {"objects-too-deep",
-         "CBxException: Objects are nested more than 2048 levels deep, which is the limit"},
+         "CBxException: Elements or objects are nested too deeply for what is left of the stack"},
         {"too-deep", "CBxException: Elements are nested more than 1024 levels deep, which is the limit"},
     };
     if (!text.starts_with("!")) return text;
