@@ -9,6 +9,7 @@
 #include "platform/TextView.h"
 #include "values/DecimalText.h"
 #include "values/Magnitude.h"
+#include "values/NumberText.h"
 
 namespace BxXmlLib5 {
 
@@ -30,8 +31,8 @@ bool BeginsWithMinus(std::u16string_view text) {
 std::u16string_view LastDigits(std::u16string_view text) {
     std::size_t const last = text.find_last_of(kDigits);
     if (last == text.npos) return {};
-    std::size_t const sign = text.find_first_of(u"-+", last);
-    if (sign != text.npos) ThrowInvalidDecimal(text, sign);
+    auto const sign = std::find_if(text.begin() + static_cast<std::ptrdiff_t>(last), text.end(), IsSign);
+    if (sign != text.end()) ThrowInvalidDecimal(text, static_cast<std::size_t>(sign - text.begin()));
     std::size_t const first = text.find_last_not_of(kDigits, last) + 1;
     return text.substr(first, last + 1 - first);
 }

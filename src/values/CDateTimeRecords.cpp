@@ -35,8 +35,8 @@ CDateTime const& CDateTime::operator=(std::int64_t const& time) {
 }
 
 void CDateTime::SetInstant(std::chrono::seconds seconds, std::chrono::nanoseconds fraction) {
-    *this = std::int64_t{seconds.count()};
-    auto const nanos = static_cast<std::uint32_t>(fraction.count());
+    auto const [carry, nanos] = FloorDivide(fraction.count(), std::nano::den);
+    *this = std::int64_t{seconds.count()} + carry;
     m_milli = static_cast<std::uint16_t>(nanos / 1'000'000);
     m_micro = static_cast<std::uint16_t>(nanos / 1000 % 1000);
     m_nano = static_cast<std::uint16_t>(nanos % 1000);

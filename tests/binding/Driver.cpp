@@ -134,7 +134,7 @@ TEST(Driver, DoesWhatTheModelDoes) {
             document.LoadXml(text.c_str());
             CXmlElement* const root = document.GetDocumentElement();
 
-            std::string expected, expectedLog;
+            std::string expected;
             Model model(settings);
             try {
                 auto const copy = model.New(type, "r");

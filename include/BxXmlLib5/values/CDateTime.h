@@ -76,7 +76,8 @@ public:
     /// @throws CBxInvalidValueException before the year -9999, in the year 0 and after the year 9999
     template <class Duration>
     explicit CDateTime(std::chrono::sys_time<Duration> const& time) {
-        auto const seconds = std::chrono::floor<std::chrono::seconds>(time);
+        // Toward 0, so that the way back does not leave the range of the duration.
+        auto const seconds = std::chrono::time_point_cast<std::chrono::seconds>(time);
         SetInstant(seconds.time_since_epoch(), std::chrono::floor<std::chrono::nanoseconds>(time - seconds));
     }
 
@@ -260,6 +261,7 @@ private:
     void AddDateTimeSpan(CDateTimeSpan const& span);
     void Clear();
 
+    /// @param fraction between -1 s and 1 s
     void SetInstant(std::chrono::seconds seconds, std::chrono::nanoseconds fraction);
     /// The units of num / den seconds since 1970.
     std::int64_t CountUnits(std::int64_t num, std::int64_t den, std::int64_t least, std::int64_t most) const;
