@@ -2,6 +2,8 @@
 
 #include <benchmark/benchmark.h>
 
+#include <optional>
+
 #include "Content.h"
 #include "ExpatFloor.h"
 #include "GpxDocument.h"
@@ -48,6 +50,17 @@ void ReadElement(benchmark::State& state) {
     }
 }
 
+void DestroyElement(benchmark::State& state) {
+    std::string const& input = Input(state);
+    for (auto _ : state) {
+        state.PauseTiming();
+        std::optional<Content> content(std::in_place);
+        content->Read(input);
+        state.ResumeTiming();
+        content.reset();
+    }
+}
+
 void WriteElement(benchmark::State& state) {
     Content content;
     content.Read(Input(state));
@@ -63,11 +76,14 @@ void WriteElement(benchmark::State& state) {
 BX_DOCUMENT_BENCHMARK(Floor);
 BX_DOCUMENT_BENCHMARK(LoadTree);
 BX_DOCUMENT_BENCHMARK(ReadElement);
+BX_DOCUMENT_BENCHMARK(DestroyElement);
 BX_DOCUMENT_BENCHMARK(WriteElement);
 
 Aims const s_aims({
     {"LoadTree/10", "Floor/10", 1.6},
     {"ReadElement/10", "Floor/10", 4.0},
+    {"DestroyElement/10", "Floor/10", 0},
+    {"DestroyElement/10", "ReadElement/10", 0},
     {"WriteElement/10", "Floor/10", 1.0},
     {"Floor/50", "Floor/1", 0},
     {"LoadTree/50", "LoadTree/1", 0},

@@ -58,12 +58,11 @@ protected:
     }
 
     /// For the setter of an object that may be missing.
-    /// @throws CBxInvalidParamException if its element has another name
+    /// @throws CBxInvalidParamException if its element has another name; the object stays the caller's
     template <class T>
     void StoreObject(CSmartPtr<T>& member, T* object, char16_t const* name) {
-        CSmartPtr<T> const held = object;
         Throw_IfElementNameDiffers(object, name);
-        member = held;
+        member = object;
     }
 
 private:

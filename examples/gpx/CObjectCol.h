@@ -20,22 +20,27 @@ public:
     CSmartPtr<T> Add() { return Add(new T(m_elementName.c_str())); }
 
     /// Append an object, or insert it so that it has this position, 0 to GetCount().
-    /// @throws CBxInvalidParamException for a null, an element of another name and another position
+    /// @throws CBxInvalidParamException for a null, an element of another name and another position; the
+    ///         object stays the caller's
     CSmartPtr<T> Add(T* item) { return AddAt(GetCount(), item); }
     CSmartPtr<T> AddAt(int index, T* item) {
-        CSmartPtr<T> held = item;
         Throw_IfPropertyIsNull(item, m_elementName.c_str());
         Throw_IfElementNameDiffers(item, m_elementName.c_str());
+        // A listener may remove the object again; a refusal must not delete one that nobody else holds.
+        bool const isRefused = index < 0 || index > GetCount();
+        CSmartPtr<T> held = isRefused ? nullptr : item;
         AddItemAt(index, item);
-        return held;
+        return item;
     }
 
     /// @param index 0 to GetCount() - 1
     /// @throws CBxInvalidParamException for any other index
     CSmartPtr<T> Item(int index) { return *CBxIterator<T>(GetNodeAtIndex(index)); }
 
-    CBxIterator<T> begin() const { return CBxIterator<T>(FirstNode()); }
-    CBxIterator<T> end() const { return CBxIterator<T>(nullptr); }
+    CBxIterator<T> begin() { return CBxIterator<T>(FirstNode()); }
+    CBxIterator<T> end() { return CBxIterator<T>(nullptr); }
+    CBxIterator<T const> begin() const { return CBxIterator<T const>(FirstNode()); }
+    CBxIterator<T const> end() const { return CBxIterator<T const>(nullptr); }
 
 protected:
     void ToXml_Int(CXmlWriter* writer, bool, char16_t const* namespaceUri,
@@ -58,7 +63,7 @@ protected:
 private:
     bool IsItem(CXmlElement const* child, CXmlSerializationContext const& context) const {
         return child != nullptr &&
-               DoesElementNameMatch(context, child, m_elementName.c_str(), m_namespace.Get().c_str());
+               DoesElementNameMatch(context, child, m_elementName.c_str(), m_namespace.c_str());
     }
 };
 

@@ -25,14 +25,6 @@ int StringToFix(char16_t const* text) {
     return static_cast<int>(fix - kFixes);
 }
 
-/// What the library is shown of points without links, an empty collection. A point that reads some takes it.
-thread_local CSmartPtr<CLinkCol> t_spareLinks;
-
-CLinkCol* SpareLinks() {
-    if (!t_spareLinks) t_spareLinks = new CLinkCol(u"link");
-    return t_spareLinks;
-}
-
 }  // namespace
 
 CSmartPtr<CLinkCol> CWaypoint::GetLinks() {
@@ -69,17 +61,6 @@ MetaData CWaypoint::Describe() {
             }};
 }
 
-CXmlElement* CWaypoint::FromXml_Int(CXmlElement* element, CXmlElement* firstChild,
-                                    CXmlSerializationContext const& context, bool allowEmptyChoice) {
-    struct TakeOver {
-        ~TakeOver() {
-            if (t_spareLinks && t_spareLinks->GetCount() > 0) m_links = std::exchange(t_spareLinks, nullptr);
-        }
-        CSmartPtr<CLinkCol>& m_links;
-    } const takeOver{m_links};
-    return CGpxClass::FromXml_Int(element, firstChild, context, allowEmptyChoice);
-}
-
 void CWaypoint::AccessProperty(int propertyIndex, bool read, BxVariant& value) {
     switch (propertyIndex) {
         case kElevation:
@@ -99,7 +80,7 @@ void CWaypoint::AccessProperty(int propertyIndex, bool read, BxVariant& value) {
         case kSource:
             return Exchange(read, value, m_source);
         case kLinks:
-            return ExchangeCollection(read, value, m_links ? static_cast<CLinkCol*>(m_links) : SpareLinks());
+            return ExchangeCollection(read, value, GetLinks());
         case kSymbol:
             return Exchange(read, value, m_symbol);
         case kType:

@@ -132,10 +132,6 @@ public:
     static MetaData Describe();
 
 protected:
-    CXmlElement* FromXml_Int(CXmlElement* element, CXmlElement* firstChild,
-                             CXmlSerializationContext const& context, bool allowEmptyChoice) override;
-    using CXmlObjectBase::FromXml_Int;
-
     void AccessProperty(int propertyIndex, bool read, BxVariant& value) override;
     void ResetContent() override;
 

@@ -1,10 +1,10 @@
 #include "BxXmlLib5/binding/CAttributeInfo.h"
 
-#include "BxXmlLib5/binding/CBxException.h"
 #include "BxXmlLib5/binding/CXmlGeneratedClass.h"
 #include "BxXmlLib5/binding/CXmlSerializationContext.h"
-#include "BxXmlLib5/binding/FormatString.h"
 #include "BxXmlLib5/collections/CAttributeCol.h"
+#include "BxXmlLib5/core/CBxException.h"
+#include "BxXmlLib5/core/FormatString.h"
 #include "BxXmlLib5/document/CXmlAttribute.h"
 #include "BxXmlLib5/writers/CXmlWriter.h"
 #include "binding/NamespaceRules.h"
@@ -13,6 +13,22 @@
 #include "platform/TextView.h"
 
 namespace BxXmlLib5Data {
+
+using namespace BxXmlLib5;
+
+namespace {
+
+/// @throws CBxValidationException always, for a required attribute
+[[noreturn]] void ThrowNotFound(wstring const& name) {
+    throw CBxValidationException(FormatString(u"Failed to find the required Attribute [%s]", name.c_str()));
+}
+
+/// Whether an optional attribute of this text is left out as its default.
+bool IsDefault(CXmlSerializationContext const& context, wstring const& text, wstring const& defaultValue) {
+    return !defaultValue.empty() && context.GetNoOptionalAttributeDefaultOutput() && text == defaultValue;
+}
+
+}  // namespace
 
 CAttributeInfo::CAttributeInfo(char16_t const* attributeName, char16_t const* attributeNamespace,
                                int propertyIndex, bool optional, char16_t const* defaultValue)
@@ -52,17 +68,6 @@ void CAttributeInfo::TestNamespace(wstring const& namespaceUri, wstring const& a
     BxXmlLib5::TestNamespace(namespaceUri, allowed, targetNamespace);
 }
 
-bool CAttributeInfo::IsLeftOut(CXmlSerializationContext const& context, wstring const& text) const {
-    return m_optional && !m_defaultValue.empty() && context.GetNoOptionalAttributeDefaultOutput() &&
-           text == m_defaultValue;
-}
-
-void CAttributeInfo::ValidateFound(bool found) const {
-    if (m_optional || found) return;
-    throw CBxValidationException(
-        FormatString(u"Failed to find the required Attribute [%s]", m_attributeName.c_str()));
-}
-
 CAttributeInfoPrimitive::CAttributeInfoPrimitive(char16_t const* attributeName,
                                                  char16_t const* attributeNamespace, int propertyIndex,
                                                  bool optional, ItemType itemType, char16_t const* format,
@@ -85,7 +90,7 @@ void CAttributeInfoPrimitive::AttributeToXml(CXmlSerializationContext const& con
     ReadProperty(owner, value);
     if (m_optional && !value.IsValid()) return;
     wstring const text = value.ToString(m_format);
-    if (IsLeftOut(context, text)) return;
+    if (m_optional && IsDefault(context, text, m_defaultValue)) return;
     CheckRestriction(value);
     writer->WriteAttribute(m_attributeName, m_namespace, text);
 }
@@ -103,12 +108,12 @@ bool CAttributeInfoPrimitive::AttributeFromXml(CXmlSerializationContext const&, 
 }
 
 void CAttributeInfoPrimitive::Validate(CXmlSerializationContext const&, bool found) const {
-    ValidateFound(found);
+    if (!m_optional && !found) ThrowNotFound(m_attributeName);
 }
 
 CAttributeInfoEnum::CAttributeInfoEnum(char16_t const* attributeName, char16_t const* attributeNamespace,
-                                       int propertyIndex, bool optional, EnumToString enumToString,
-                                       StringToEnum stringToEnum, char16_t const* defaultValue)
+                                       int propertyIndex, bool optional, Detail::EnumToString enumToString,
+                                       Detail::StringToEnum stringToEnum, char16_t const* defaultValue)
     : CAttributeInfo(attributeName, attributeNamespace, propertyIndex, optional, defaultValue),
       m_stringToEnum(stringToEnum),
       m_enumToString(enumToString) {}
@@ -118,20 +123,22 @@ void CAttributeInfoEnum::AttributeToXml(CXmlSerializationContext const& context,
     BxVariant value;
     ReadProperty(owner, value);
     if (m_optional && !value.IsValid()) return;
-    wstring const text = EnumText(m_enumToString, value, m_attributeName);
-    if (!IsLeftOut(context, text)) writer->WriteAttribute(m_attributeName, m_namespace, text);
+    wstring const text =
+        value.IsValid() ? EnumText(m_enumToString, value, m_attributeName) : value.ToString(nullptr);
+    if (m_optional && IsDefault(context, text, m_defaultValue)) return;
+    writer->WriteAttribute(m_attributeName, m_namespace, text);
 }
 
 bool CAttributeInfoEnum::AttributeFromXml(CXmlSerializationContext const& context, CXmlGeneratedClass* owner,
                                           CXmlAttribute* attribute) {
     if (!IsThisAttribute(context, attribute)) return false;
-    BxVariant value = EnumValue(m_stringToEnum, attribute->GetValueView());
+    BxVariant value = EnumValue(m_stringToEnum, attribute->GetValueView(), m_attributeName);
     AccessProperty(owner, false, value);
     return true;
 }
 
 void CAttributeInfoEnum::Validate(CXmlSerializationContext const&, bool found) const {
-    ValidateFound(found);
+    if (!m_optional && !found) ThrowNotFound(m_attributeName);
 }
 
 CAttributeInfoAny::CAttributeInfoAny(char16_t const* attributeName, char16_t const* attributeNamespace,
@@ -159,8 +166,7 @@ bool CAttributeInfoAny::AttributeFromXml(CXmlSerializationContext const&, CXmlGe
         throw CBxException(
             u"Serialization Data Error : The collection should be a CAttributeCol, it was not!");
     }
-    attributes->Add(attribute->GetLocalName().c_str(), attribute->GetValue().c_str(),
-                    attribute->GetNamespaceURI().c_str());
+    attributes->Add(*attribute);
     return true;
 }
 

@@ -1,9 +1,9 @@
 #include "BxXmlLib5/binding/CElementInfo.h"
 
-#include "BxXmlLib5/binding/CBxException.h"
 #include "BxXmlLib5/binding/CXmlGeneratedClass.h"
 #include "BxXmlLib5/binding/CXmlSerializationContext.h"
-#include "BxXmlLib5/collections/CElementCol.h"
+#include "BxXmlLib5/collections/CXmlCollectionBase.h"
+#include "BxXmlLib5/core/CBxException.h"
 #include "BxXmlLib5/document/CXmlElement.h"
 #include "BxXmlLib5/writers/CXmlWriter.h"
 #include "binding/PropertyValues.h"
@@ -12,12 +12,7 @@
 
 namespace BxXmlLib5Data {
 
-namespace {
-
-/// The element name of untyped content that may have any.
-constexpr std::u16string_view kAnyElement = u"AnyElement";
-
-}  // namespace
+using namespace BxXmlLib5;
 
 CElementInfo::CElementInfo(char16_t const* elementName, char16_t const* elementNamespace, int propertyIndex)
     : m_elementName(TextOf(elementName)),
@@ -115,7 +110,7 @@ bool CElementInfo::ElementToXmlPrim(CXmlSerializationContext const&, CXmlGenerat
 }
 
 bool CElementInfo::ElementToXmlEnum(CXmlSerializationContext const&, CXmlGeneratedClass const* owner,
-                                    CXmlWriter* writer, EnumToString enumToString) const {
+                                    CXmlWriter* writer, Detail::EnumToString enumToString) const {
     BxVariant value;
     ReadProperty(owner, value);
     if (!value.IsValid()) return false;
@@ -123,100 +118,6 @@ bool CElementInfo::ElementToXmlEnum(CXmlSerializationContext const&, CXmlGenerat
     writer->WriteText(EnumText(enumToString, value, m_elementName));
     writer->WriteEndElement();
     return true;
-}
-
-void CElementInfo::PseudoObjectAttributesToXml(CXmlSerializationContext const& context,
-                                               CXmlGeneratedClass const* owner, CXmlWriter* writer) const {
-    BxVariant value;
-    ReadProperty(owner, value);
-    CXmlObjectBase const* const object = ObjectIn(value);
-    if (object != nullptr) AttributesToXml_Int(object, writer, context);
-}
-
-void CElementInfo::PseudoItemsAttributesToXml(CXmlSerializationContext const& context,
-                                              CXmlGeneratedClass const* owner, CXmlWriter* writer) const {
-    BxVariant value;
-    ReadProperty(owner, value);
-    AttributesToXml_Int(&PresentCollectionIn(value), writer, context);
-}
-
-void CElementInfo::ReadPrim(CXmlGeneratedClass* owner, CXmlElement** child) {
-    BxVariant value;
-    value.FromString((*child)->GetTextView(), m_itemType, m_whitespaceRule);
-    AccessProperty(owner, false, value);
-    *child = (*child)->GetNextSiblingElement();
-}
-
-void CElementInfo::ReadEnum(CXmlGeneratedClass* owner, CXmlElement** child, StringToEnum stringToEnum) {
-    BxVariant value = EnumValue(stringToEnum, (*child)->GetTextView());
-    AccessProperty(owner, false, value);
-    *child = (*child)->GetNextSiblingElement();
-}
-
-void CElementInfo::ReadTag(CXmlObjectBase* object, CXmlElement** child,
-                           CXmlSerializationContext const& context, bool allowEmptyChoice) {
-    FromXml_Int(object, *child, (*child)->GetFirstElement(), context, allowEmptyChoice);
-    *child = (*child)->GetNextSiblingElement();
-}
-
-CXmlElement* CElementInfo::ReadUntyped(CXmlObjectBase* object, CXmlElement* element, CXmlElement* child,
-                                       CXmlSerializationContext const& context) const {
-    if (m_elementName != kAnyElement && child->GetLocalName() != m_elementName) return child;
-    return FromXml_Int(object, element, child, context, false);
-}
-
-CXmlElement* CElementInfo::ReadUntypedRun(CXmlCollectionBase* collection, CXmlElement* element,
-                                          CXmlElement* child, CXmlSerializationContext const& context) const {
-    if (m_elementName == kAnyElement) return FromXml_Int(collection, element, child, context, false);
-    if (child == nullptr || child->GetLocalName() != m_elementName) return child;
-    auto* const untyped = dynamic_cast<CElementCol*>(collection);
-    if (untyped == nullptr) {
-        throw CBxException(u"Serialization Data Error : The collection should be a CElementCol, it was not!");
-    }
-    return untyped->FromXmlLockElementName_Int(m_elementName, child->GetNamespaceURI(), element, child,
-                                               context);
-}
-
-CSmartPtr<CXmlObjectBase> CElementInfo::ObjectInPlace(CXmlGeneratedClass const* owner) const {
-    BxVariant value;
-    ReadProperty(owner, value);
-    CXmlObjectBase* const object = ObjectIn(value);
-    if (object == nullptr) ThrowNothingInPlace();
-    return object;
-}
-
-CSmartPtr<CXmlCollectionBase> CElementInfo::CollectionInPlace(CXmlGeneratedClass const* owner) const {
-    BxVariant value;
-    ReadProperty(owner, value);
-    return &PresentCollectionIn(value);
-}
-
-void CElementInfo::ValidateCount(CXmlCollectionBase const& collection,
-                                 CXmlSerializationContext const& context) {
-    if (!context.GetIgnoreInvalidCollectionCounts()) collection.ValidateCount(context);
-}
-
-void CElementInfo::StoreObject(CXmlGeneratedClass* owner, CXmlObjectBase* object) {
-    BxVariant value;
-    value.SetXmlObject(object);
-    AccessProperty(owner, false, value);
-}
-
-CSmartPtr<CXmlObjectBase> CElementInfo::Create(CreateByClass createByClass, int classId) const {
-    return createByClass(classId, m_elementName.c_str());
-}
-
-CSmartPtr<CXmlObjectBase> CElementInfo::CreateUntyped(wstring const& allowedNamespaces,
-                                                      char16_t const* namespaceUri,
-                                                      wstring const& targetNamespace) const {
-    wstring const ns =
-        GetAnyDefaultNamespace(allowedNamespaces.c_str(), namespaceUri, targetNamespace.c_str());
-    return CSmartPtr<CElement>(
-        new CElement(m_elementName.c_str(), ns.c_str(), allowedNamespaces.c_str(), targetNamespace.c_str()));
-}
-
-void CElementInfo::ThrowIsNeverValidated() {
-    throw CBxException(u"Not implemented, should never be called");
 }
 
 }  // namespace BxXmlLib5Data

@@ -1,35 +1,35 @@
 #include "BxXmlLib5/binding/CElementInfoAll.h"
 
-#include "BxXmlLib5/binding/CBxException.h"
-#include "BxXmlLib5/binding/CXmlGeneratedClass.h"
-#include "BxXmlLib5/binding/FormatString.h"
-#include "BxXmlLib5/collections/CXmlCollectionBase.h"
-#include "BxXmlLib5/document/CXmlElement.h"
+#include "BxXmlLib5/core/CBxException.h"
+#include "BxXmlLib5/core/FormatString.h"
+#include "binding/EntryKinds.h"
 
 namespace BxXmlLib5Data {
 
-bool CElementInfoAll::Missing(bool isElement) const {
+using namespace BxXmlLib5;
+
+namespace {
+
+/// @return false under a pseudo element
+/// @throws CBxValidationException under an owner with a tag
+bool Missing(wstring const& name, bool isElement) {
     if (!isElement) return false;
-    throw CBxValidationException(
-        FormatString(u"Failed to find the mandatory element [%s]", m_elementName.c_str()));
+    throw CBxValidationException(FormatString(u"Failed to find the mandatory element [%s]", name.c_str()));
 }
 
-void CElementInfoAll::ThrowCannotRead() {
-    throw CBxException(
-        u"AllAbsClsMndElm.ProcessXml, has not been implemented fully, contact the vendor's support");
-}
+}  // namespace
 
 CElementInfoAllNonCol::CElementInfoAllNonCol(char16_t const* elementName, char16_t const* elementNamespace,
                                              int propertyIndex)
     : CElementInfoAll(elementName, elementNamespace, propertyIndex) {}
 
-bool CElementInfoAllRequired::Validate(CXmlSerializationContext const&, CXmlGeneratedClass const*, bool found,
-                                       bool isElement) const {
-    return found || Missing(isElement);
+bool Detail::AllRequired::Validate(CXmlSerializationContext const&, CXmlGeneratedClass const*, bool found,
+                                   bool isElement) const {
+    return found || Missing(m_elementName, isElement);
 }
 
-bool CElementInfoAllOptional::Validate(CXmlSerializationContext const&, CXmlGeneratedClass const*, bool,
-                                       bool) const {
+bool Detail::AllOptional::Validate(CXmlSerializationContext const&, CXmlGeneratedClass const*, bool,
+                                   bool) const {
     return true;
 }
 
@@ -45,13 +45,13 @@ bool CElementInfoAllCol::ElementToXml(CXmlSerializationContext const& context,
 bool CElementInfoAllCol::ElementFromXml(CXmlSerializationContext const& context, CXmlGeneratedClass* owner,
                                         CXmlElement* element, CXmlElement** child, char16_t const*,
                                         XmlElementType) {
-    *child = FromXml_Int(CollectionInPlace(owner), element, *child, context, false);
+    *child = FromXml_Int(Steps::CollectionInPlace(*this, owner), element, *child, context, false);
     return false;
 }
 
 bool CElementInfoAllCol::Validate(CXmlSerializationContext const& context, CXmlGeneratedClass const* owner,
                                   bool, bool) const {
-    ValidateCount(*CollectionInPlace(owner), context);
+    Steps::ValidateCount(*Steps::CollectionInPlace(*this, owner), context);
     return true;
 }
 
@@ -60,9 +60,9 @@ bool CElementInfoAllClsMnd::ElementFromXml(CXmlSerializationContext const& conte
                                            XmlElementType) {
     CXmlElement* const first = *child;
     if (m_elementType != et_Element) {
-        *child = FromXml_Int(ObjectInPlace(owner), element, first, context, false);
+        *child = FromXml_Int(Steps::ObjectInPlace(*this, owner), element, first, context, false);
     } else if (IsThisElement(context, first)) {
-        ReadTag(ObjectInPlace(owner), child, context);
+        Steps::ReadTag(Steps::ObjectInPlace(*this, owner), child, context);
     }
     return *child != first;
 }
@@ -71,7 +71,7 @@ bool CElementInfoAllClsMnd::Validate(CXmlSerializationContext const&, CXmlGenera
                                      bool isElement) const {
     if (found) return true;
     if (isElement && m_elementType == et_Element && !m_mustConsume) return true;
-    return Missing(isElement);
+    return Missing(m_elementName, isElement);
 }
 
 bool CElementInfoAllClsOpt::ElementFromXml(CXmlSerializationContext const& context, CXmlGeneratedClass* owner,
@@ -83,7 +83,7 @@ bool CElementInfoAllClsOpt::ElementFromXml(CXmlSerializationContext const& conte
 CElementInfoAllAbsClsMnd::CElementInfoAllAbsClsMnd(char16_t const* elementName,
                                                    char16_t const* elementNamespace, int propertyIndex,
                                                    XmlElementType elementType,
-                                                   CreateFromElement createFromElement, int classId)
+                                                   Detail::CreateFromElement createFromElement, int classId)
     : AllAbsClsEntry(elementName, elementNamespace, propertyIndex, elementType, createFromElement),
       m_classId(classId) {}
 
@@ -92,7 +92,7 @@ bool CElementInfoAllUntpdMnd::ElementFromXml(CXmlSerializationContext const& con
                                              CXmlElement** child, char16_t const*, XmlElementType) {
     CXmlElement* const first = *child;
     if (first == nullptr) return false;
-    *child = ReadUntyped(ObjectInPlace(owner), element, first, context);
+    *child = Steps::ReadUntyped(*this, Steps::ObjectInPlace(*this, owner), element, first, context);
     return *child != first;
 }
 
@@ -102,5 +102,31 @@ bool CElementInfoAllUntpdOpt::ElementFromXml(CXmlSerializationContext const& con
                                              XmlElementType) {
     return ReadNew(context, owner, element, child, namespaceUri);
 }
+
+template <class Family>
+bool Detail::AllAbsClsEntry<Family>::ElementFromXml(CXmlSerializationContext const&, CXmlGeneratedClass*,
+                                                    CXmlElement*, CXmlElement** child, char16_t const*,
+                                                    XmlElementType) {
+    if (*child == nullptr) return false;
+    throw CBxException(
+        u"AllAbsClsMndElm.ProcessXml, has not been implemented fully, contact the vendor's support");
+}
+
+template class Detail::PrimEntry<Detail::AllRequired>;
+template class Detail::PrimEntry<Detail::AllOptional>;
+template class Detail::EnumEntry<Detail::AllRequired>;
+template class Detail::EnumEntry<Detail::AllOptional>;
+template class Detail::ObjectEntry<CElementInfoAll>;
+template class Detail::ObjectEntry<Detail::AllRequired>;
+template class Detail::ObjectEntry<Detail::AllOptional>;
+template class Detail::ClsMndEntry<CElementInfoAll>;
+template class Detail::ClsOptEntry<Detail::AllOptional>;
+template class Detail::AbsClsEntry<Detail::AllRequired>;
+template class Detail::AbsClsEntry<Detail::AllOptional>;
+template class Detail::AllAbsClsEntry<Detail::AllRequired>;
+template class Detail::AllAbsClsEntry<Detail::AllOptional>;
+template class Detail::UntpdEntry<Detail::AllRequired>;
+template class Detail::UntpdEntry<Detail::AllOptional>;
+template class Detail::ClsColEntry<CElementInfoAllCol>;
 
 }  // namespace BxXmlLib5Data

@@ -1,14 +1,14 @@
 #include "BxXmlLib5/binding/CElementInfoChoice.h"
 
-#include "BxXmlLib5/binding/CXmlGeneratedClass.h"
-#include "BxXmlLib5/collections/CXmlCollectionBase.h"
-#include "BxXmlLib5/document/CXmlElement.h"
+#include "binding/EntryKinds.h"
 
 namespace BxXmlLib5Data {
 
+using namespace BxXmlLib5;
+
 bool CElementInfoChoice::Validate(CXmlSerializationContext const&, CXmlGeneratedClass const*, bool,
                                   bool) const {
-    ThrowIsNeverValidated();
+    Steps::ThrowIsNeverValidated();
 }
 
 CElementInfoChoiceCol::CElementInfoChoiceCol(char16_t const* elementName, char16_t const* elementNamespace,
@@ -23,23 +23,17 @@ bool CElementInfoChoiceCol::ElementToXml(CXmlSerializationContext const& context
 bool CElementInfoChoiceCol::ElementFromXml(CXmlSerializationContext const& context, CXmlGeneratedClass* owner,
                                            CXmlElement* element, CXmlElement** child, char16_t const*,
                                            XmlElementType) {
-    CSmartPtr<CXmlCollectionBase> const collection = CollectionInPlace(owner);
-    return Advance(*collection, child, FromXml_Int(collection, element, *child, context, false), context);
-}
-
-bool CElementInfoChoiceCol::Advance(CXmlCollectionBase const& collection, CXmlElement** child,
-                                    CXmlElement* next, CXmlSerializationContext const& context) {
-    if (next == *child) return false;
-    *child = next;
-    ValidateCount(collection, context);
-    return true;
+    CSmartPtr<CXmlCollectionBase> const collection = Steps::CollectionInPlace(*this, owner);
+    CXmlElement* const next = FromXml_Int(collection, element, *child, context, false);
+    return Steps::Advance(*collection, child, next, context);
 }
 
 bool CElementInfoChoiceUntpdCol::ElementFromXml(CXmlSerializationContext const& context,
                                                 CXmlGeneratedClass* owner, CXmlElement* element,
                                                 CXmlElement** child, char16_t const*, XmlElementType) {
-    CSmartPtr<CXmlCollectionBase> const collection = CollectionInPlace(owner);
-    return Advance(*collection, child, ReadUntypedRun(collection, element, *child, context), context);
+    CSmartPtr<CXmlCollectionBase> const collection = Steps::CollectionInPlace(*this, owner);
+    CXmlElement* const next = Steps::ReadUntypedRun(*this, collection, element, *child, context);
+    return Steps::Advance(*collection, child, next, context);
 }
 
 bool CElementInfoChoiceClsOpt::ElementToXml(CXmlSerializationContext const& context,
@@ -50,30 +44,18 @@ bool CElementInfoChoiceClsOpt::ElementToXml(CXmlSerializationContext const& cont
 bool CElementInfoChoiceClsOpt::ElementFromXml(CXmlSerializationContext const& context,
                                               CXmlGeneratedClass* owner, CXmlElement* element,
                                               CXmlElement** child, char16_t const*, XmlElementType) {
-    return m_elementType == et_Element ? TagFromXml(context, owner, child)
-                                       : PseudoFromXml(context, owner, element, child);
-}
-
-bool CElementInfoChoiceClsOpt::TagFromXml(CXmlSerializationContext const& context, CXmlGeneratedClass* owner,
-                                          CXmlElement** child) {
-    if (!IsThisElement(context, *child)) return false;
-    CSmartPtr<CXmlObjectBase> const object = Create();
+    bool const isPseudo = m_elementType != et_Element;
+    if (isPseudo ? *child == nullptr : !IsThisElement(context, *child)) return false;
+    CSmartPtr<CXmlObjectBase> const object = Steps::Create(*this, m_createByClass, m_classId);
     if (!object) return false;
-    StoreObject(owner, object);
-    ReadTag(object, child, context, true);
-    return true;
-}
-
-bool CElementInfoChoiceClsOpt::PseudoFromXml(CXmlSerializationContext const& context,
-                                             CXmlGeneratedClass* owner, CXmlElement* element,
-                                             CXmlElement** child) {
-    if (*child == nullptr) return false;
-    CSmartPtr<CXmlObjectBase> const object = Create();
-    if (!object) return false;
-    StoreObject(owner, object);
+    Steps::StoreObject(*this, owner, object);
+    if (!isPseudo) {
+        Steps::ReadTag(object, child, context, true);
+        return true;
+    }
     CXmlElement* const next = FromXml_Int(object, element, *child, context, false);
     if (next == *child) {
-        StoreObject(owner, nullptr);
+        Steps::StoreObject(*this, owner, nullptr);
         return false;
     }
     *child = next;
@@ -85,9 +67,9 @@ bool CElementInfoChoiceAbsClsOpt::ElementFromXml(CXmlSerializationContext const&
                                                  char16_t const*, XmlElementType) {
     if (!IsThisElement(context, *child)) return false;
     CSmartPtr<CXmlObjectBase> const object = m_createFromElement(*child);
-    StoreObject(owner, object);
+    Steps::StoreObject(*this, owner, object);
     if (!object) return false;
-    ReadTag(object, child, context);
+    Steps::ReadTag(object, child, context);
     return true;
 }
 
@@ -96,12 +78,21 @@ bool CElementInfoChoiceUntpdOpt::ElementFromXml(CXmlSerializationContext const& 
                                                 CXmlElement** child, char16_t const* namespaceUri,
                                                 XmlElementType) {
     if (*child == nullptr) return false;
-    CSmartPtr<CXmlObjectBase> const object = Create(namespaceUri);
-    CXmlElement* const next = ReadUntyped(object, element, *child, context);
+    CSmartPtr<CXmlObjectBase> const object =
+        Steps::CreateUntyped(*this, m_allowedNamespaces, namespaceUri, m_targetNamespace);
+    CXmlElement* const next = Steps::ReadUntyped(*this, object, element, *child, context);
     bool const isRead = next != *child;
-    StoreObject(owner, isRead ? object : nullptr);
+    Steps::StoreObject(*this, owner, isRead ? object : nullptr);
     *child = next;
     return isRead;
 }
+
+template class Detail::PrimEntry<CElementInfoChoice>;
+template class Detail::EnumEntry<CElementInfoChoice>;
+template class Detail::ObjectEntry<CElementInfoChoice>;
+template class Detail::ClsOptEntry<CElementInfoChoice>;
+template class Detail::AbsClsEntry<CElementInfoChoice>;
+template class Detail::UntpdEntry<CElementInfoChoice>;
+template class Detail::ClsColEntry<CElementInfoChoiceCol>;
 
 }  // namespace BxXmlLib5Data

@@ -1,48 +1,60 @@
 #include "BxXmlLib5/binding/CElementInfoSeq.h"
 
-#include "BxXmlLib5/binding/CBxException.h"
-#include "BxXmlLib5/binding/CXmlGeneratedClass.h"
-#include "BxXmlLib5/binding/CXmlSerializationContext.h"
-#include "BxXmlLib5/binding/FormatString.h"
-#include "BxXmlLib5/collections/CXmlCollectionBase.h"
-#include "BxXmlLib5/document/CXmlElement.h"
-#include "binding/NestingDepth.h"
+#include "BxXmlLib5/core/CBxException.h"
+#include "BxXmlLib5/core/FormatString.h"
+#include "binding/EntryKinds.h"
+#include "binding/SiblingSearch.h"
 
 namespace BxXmlLib5Data {
 
+using namespace BxXmlLib5;
+
 bool CElementInfoSeq::Validate(CXmlSerializationContext const&, CXmlGeneratedClass const*, bool, bool) const {
-    ThrowIsNeverValidated();
+    Steps::ThrowIsNeverValidated();
 }
 
-/// Reads the element where it is found.
-/// @param skip which owners may skip unknown elements on the way to it, if the context allows it
-/// @return whether the entry is satisfied
-template <class Read>
-bool CElementInfoSeq::ReadMandatory(CXmlSerializationContext const& context, CXmlElement** child,
-                                    XmlElementType ownerType, Skip skip, Read read) {
-    bool const isElement = ownerType == et_Element;
-    bool const skips = context.GetIgnoreUnknownElements() && (isElement || skip == Skip::Always);
-    for (std::size_t steps = 0;; ++steps, *child = (*child)->GetNextSiblingElement()) {
-        if (IsThisElement(context, *child)) {
-            read();
-            return true;
-        }
-        if (isElement && context.GetIgnoreMissingMandatoryElements()) return true;
-        if (skips && *child != nullptr) continue;
-        CObjectLevel::CountVainSteps(steps);
-        return Missing(ownerType);
-    }
+namespace {
+
+[[noreturn]] void ThrowMissing(wstring const& name) {
+    throw CBxValidationException(FormatString(u"Failed to find a required element [%s]", name.c_str()));
 }
 
-bool CElementInfoSeq::Missing(XmlElementType ownerType) const {
-    if (ownerType == et_Element) ThrowMissing();
+/// @return false under a pseudo element
+/// @throws CBxValidationException under an owner with a tag
+bool Missing(wstring const& name, XmlElementType ownerType) {
+    if (ownerType == et_Element) ThrowMissing(name);
     return false;
 }
 
-void CElementInfoSeq::ThrowMissing() const {
-    throw CBxValidationException(
-        FormatString(u"Failed to find a required element [%s]", m_elementName.c_str()));
+/// Which owners may skip unknown elements.
+enum class Skip { UnderElement, Always };
+
+/// Looks for a mandatory element.
+/// @param child moved on to the element if it is found, and behind what was skipped if the context says so
+/// @param isThisElement tells the element by a child that may be null
+/// @param read reads the element
+/// @return whether the entry is satisfied
+template <class IsThisElement, class Read>
+bool ReadMandatory(CElementInfo const* entry, wstring const& name, CXmlSerializationContext const& context,
+                   CXmlElement** child, XmlElementType ownerType, Skip skip, IsThisElement isThisElement,
+                   Read read) {
+    bool const isElement = ownerType == et_Element;
+    bool const skips = context.GetIgnoreUnknownElements() && (isElement || skip == Skip::Always);
+    CSiblingSearch search(entry, ownerType);
+    while (!isThisElement(*child)) {
+        if (isElement && context.GetIgnoreMissingMandatoryElements()) return true;
+        if (!skips || *child == nullptr) {
+            search.End(nullptr);
+            return Missing(name, ownerType);
+        }
+        *child = search.After(*child);
+    }
+    search.End(*child);
+    read();
+    return true;
 }
+
+}  // namespace
 
 CElementInfoSeqNonCol::CElementInfoSeqNonCol(char16_t const* elementName, char16_t const* elementNamespace,
                                              int propertyIndex)
@@ -60,25 +72,28 @@ bool CElementInfoSeqCol::ElementToXml(CXmlSerializationContext const& context,
 bool CElementInfoSeqCol::ElementFromXml(CXmlSerializationContext const& context, CXmlGeneratedClass* owner,
                                         CXmlElement* element, CXmlElement** child, char16_t const*,
                                         XmlElementType) {
-    CSmartPtr<CXmlCollectionBase> const collection = CollectionInPlace(owner);
+    CSmartPtr<CXmlCollectionBase> const collection = Steps::CollectionInPlace(*this, owner);
     *child = FromXml_Int(collection, element, *child, context, false);
-    ValidateCount(*collection, context);
+    Steps::ValidateCount(*collection, context);
     return true;
 }
 
 bool CElementInfoSeqUntpdCol::ElementFromXml(CXmlSerializationContext const& context,
                                              CXmlGeneratedClass* owner, CXmlElement* element,
                                              CXmlElement** child, char16_t const*, XmlElementType) {
-    CSmartPtr<CXmlCollectionBase> const collection = CollectionInPlace(owner);
-    *child = ReadUntypedRun(collection, element, *child, context);
-    ValidateCount(*collection, context);
+    CSmartPtr<CXmlCollectionBase> const collection = Steps::CollectionInPlace(*this, owner);
+    *child = Steps::ReadUntypedRun(*this, collection, element, *child, context);
+    Steps::ValidateCount(*collection, context);
     return true;
 }
 
 bool CElementInfoSeqPrimMnd::ElementFromXml(CXmlSerializationContext const& context,
                                             CXmlGeneratedClass* owner, CXmlElement*, CXmlElement** child,
                                             char16_t const*, XmlElementType ownerType) {
-    return ReadMandatory(context, child, ownerType, Skip::Always, [&] { ReadPrim(owner, child); });
+    return ReadMandatory(
+        this, m_elementName, context, child, ownerType, Skip::Always,
+        [&](CXmlElement const* candidate) { return IsThisElement(context, candidate); },
+        [&] { Steps::ReadPrim(*this, owner, child); });
 }
 
 bool CElementInfoSeqPrimOpt::ElementFromXml(CXmlSerializationContext const& context,
@@ -92,8 +107,10 @@ bool CElementInfoSeqPrimOpt::ElementFromXml(CXmlSerializationContext const& cont
 bool CElementInfoSeqEnumMnd::ElementFromXml(CXmlSerializationContext const& context,
                                             CXmlGeneratedClass* owner, CXmlElement*, CXmlElement** child,
                                             char16_t const*, XmlElementType ownerType) {
-    return ReadMandatory(context, child, ownerType, Skip::UnderElement,
-                         [&] { ReadEnum(owner, child, m_stringToEnum); });
+    return ReadMandatory(
+        this, m_elementName, context, child, ownerType, Skip::UnderElement,
+        [&](CXmlElement const* candidate) { return IsThisElement(context, candidate); },
+        [&] { Steps::ReadEnum(*this, owner, child, m_stringToEnum); });
 }
 
 bool CElementInfoSeqEnumOpt::ElementFromXml(CXmlSerializationContext const& context,
@@ -107,23 +124,17 @@ bool CElementInfoSeqEnumOpt::ElementFromXml(CXmlSerializationContext const& cont
 bool CElementInfoSeqClsMnd::ElementFromXml(CXmlSerializationContext const& context, CXmlGeneratedClass* owner,
                                            CXmlElement* element, CXmlElement** child, char16_t const*,
                                            XmlElementType ownerType) {
-    return m_elementType == et_Element ? TagFromXml(context, owner, child, ownerType)
-                                       : PseudoFromXml(context, owner, element, child, ownerType);
-}
-
-bool CElementInfoSeqClsMnd::TagFromXml(CXmlSerializationContext const& context, CXmlGeneratedClass* owner,
-                                       CXmlElement** child, XmlElementType ownerType) {
-    return ReadMandatory(context, child, ownerType, Skip::UnderElement,
-                         [&] { ReadTag(ObjectInPlace(owner), child, context); });
-}
-
-bool CElementInfoSeqClsMnd::PseudoFromXml(CXmlSerializationContext const& context, CXmlGeneratedClass* owner,
-                                          CXmlElement* element, CXmlElement** child,
-                                          XmlElementType ownerType) {
-    if (m_mustConsume && *child == nullptr) return Missing(ownerType);
-    CXmlElement* const next = FromXml_Int(ObjectInPlace(owner), element, *child, context, false);
+    if (m_elementType == et_Element) {
+        return ReadMandatory(
+            this, m_elementName, context, child, ownerType, Skip::UnderElement,
+            [&](CXmlElement const* candidate) { return IsThisElement(context, candidate); },
+            [&] { Steps::ReadTag(Steps::ObjectInPlace(*this, owner), child, context); });
+    }
+    if (m_mustConsume && *child == nullptr) return Missing(m_elementName, ownerType);
+    CXmlElement* const next =
+        FromXml_Int(Steps::ObjectInPlace(*this, owner), element, *child, context, false);
     if (next == *child) {
-        if (m_mustConsume) return Missing(ownerType);
+        if (m_mustConsume) return Missing(m_elementName, ownerType);
         // Under this tolerance the driver skips the child and asks again.
         if (*child != nullptr && context.GetIgnoreUnknownElements() && ownerType == et_Element) return false;
     }
@@ -157,8 +168,9 @@ bool CElementInfoSeqAbsClsOpt::ElementFromXml(CXmlSerializationContext const& co
 bool CElementInfoSeqUntpdMnd::ElementFromXml(CXmlSerializationContext const& context,
                                              CXmlGeneratedClass* owner, CXmlElement* element,
                                              CXmlElement** child, char16_t const*, XmlElementType ownerType) {
-    if (*child == nullptr) ThrowMissing();
-    CXmlElement* const next = ReadUntyped(ObjectInPlace(owner), element, *child, context);
+    if (*child == nullptr) ThrowMissing(m_elementName);
+    CXmlElement* const next =
+        Steps::ReadUntyped(*this, Steps::ObjectInPlace(*this, owner), element, *child, context);
     if (next == *child) {
         if (ownerType != et_Element) return false;
         throw CBxValidationException(
@@ -175,5 +187,14 @@ bool CElementInfoSeqUntpdOpt::ElementFromXml(CXmlSerializationContext const& con
     ReadNew(context, owner, element, child, namespaceUri);
     return true;
 }
+
+template class Detail::PrimEntry<CElementInfoSeq>;
+template class Detail::EnumEntry<CElementInfoSeq>;
+template class Detail::ObjectEntry<CElementInfoSeq>;
+template class Detail::ClsMndEntry<CElementInfoSeq>;
+template class Detail::ClsOptEntry<CElementInfoSeq>;
+template class Detail::AbsClsEntry<CElementInfoSeq>;
+template class Detail::UntpdEntry<CElementInfoSeq>;
+template class Detail::ClsColEntry<CElementInfoSeqCol>;
 
 }  // namespace BxXmlLib5Data

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <iterator>
 
-#include "BxXmlLib5/binding/CBxException.h"
-#include "BxXmlLib5/binding/FormatString.h"
-#include "binding/IndexRange.h"
+#include "BxXmlLib5/core/CBxException.h"
+#include "BxXmlLib5/core/FormatString.h"
+#include "core/IndexRange.h"
 #include "platform/TextView.h"
 
 namespace BxXmlLib5 {

@@ -10,8 +10,8 @@ CParentElementInfo::CParentElementInfo(XmlElementGroupType groupType, XmlElement
                                        bool hasBaseClasses)
     : m_groupType(groupType),
       m_elementType(elementType),
-      m_elementName(TextOf(elementName)),
-      m_elementNamespace(TextOf(elementNamespace)),
+      m_elementName(BxXmlLib5::TextOf(elementName)),
+      m_elementNamespace(BxXmlLib5::TextOf(elementNamespace)),
       m_textPropertyIndex(textPropertyIndex),
       m_failIfAttributeUnknown(failIfAttributeUnknown),
       m_hasBaseClasses(hasBaseClasses) {}

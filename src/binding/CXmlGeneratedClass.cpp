@@ -1,15 +1,11 @@
 #include "BxXmlLib5/binding/CXmlGeneratedClass.h"
 
-#include <algorithm>
-#include <iterator>
-#include <typeinfo>
-
 #include "BxXmlLib5/binding/CAttributeInfo.h"
-#include "BxXmlLib5/binding/CBxException.h"
 #include "BxXmlLib5/binding/CElementInfo.h"
 #include "BxXmlLib5/binding/CElementInfoChoice.h"
 #include "BxXmlLib5/binding/CXmlSerializationContext.h"
 #include "BxXmlLib5/collections/CXmlCollectionBase.h"
+#include "BxXmlLib5/core/CBxException.h"
 #include "binding/PropertyValues.h"
 #include "platform/TextView.h"
 
@@ -34,12 +30,20 @@ bool CXmlGeneratedClass::IsElementInList(CXmlSerializationContext const& context
     return false;
 }
 
+namespace {
+
+/// Whether an entry is of one of these classes, or of one derived from them.
+template <class... Classes>
+bool IsOneOf(CElementInfo const* entry) {
+    return ((dynamic_cast<Classes const*>(entry) != nullptr) || ...);
+}
+
+}  // namespace
+
 bool CXmlGeneratedClass::DoesElementContainOptionalElementCollections() const {
     for (CElementInfo** entry = GetClassElementInfo(); *entry != nullptr; ++entry) {
-        std::type_info const& type = typeid(**entry);
-        if (type != typeid(CElementInfoChoicePrimCol) && type != typeid(CElementInfoChoiceClsCol) &&
-            type != typeid(CElementInfoChoiceAbsClsCol) && type != typeid(CElementInfoChoiceEnumCol) &&
-            type != typeid(CElementInfoChoiceUntpdCol)) {
+        if (!IsOneOf<CElementInfoChoicePrimCol, CElementInfoChoiceClsCol, CElementInfoChoiceAbsClsCol,
+                     CElementInfoChoiceEnumCol, CElementInfoChoiceUntpdCol>(*entry)) {
             continue;
         }
         BxVariant value;

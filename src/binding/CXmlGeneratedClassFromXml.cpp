@@ -1,17 +1,19 @@
 // How generated classes are read.
 
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 #include "BxXmlLib5/binding/CAttributeInfo.h"
-#include "BxXmlLib5/binding/CBxException.h"
 #include "BxXmlLib5/binding/CElementInfo.h"
 #include "BxXmlLib5/binding/CXmlGeneratedClass.h"
 #include "BxXmlLib5/binding/CXmlSerializationContext.h"
-#include "BxXmlLib5/binding/FormatString.h"
+#include "BxXmlLib5/core/CBxException.h"
+#include "BxXmlLib5/core/FormatString.h"
 #include "BxXmlLib5/document/CXmlElement.h"
 #include "BxXmlLib5/values/BxVariant.h"
-#include "binding/NestingDepth.h"
+#include "binding/SiblingSearch.h"
+#include "core/NestingDepth.h"
 
 namespace BxXmlLib5 {
 
@@ -63,7 +65,9 @@ CXmlElement* EndOfElement(CXmlElement const* element, CXmlElement* child,
 
 CXmlElement* CXmlGeneratedClass::FromXml_Int(CXmlElement* element, CXmlElement* firstChild,
                                              CXmlSerializationContext const& context, bool allowEmptyChoice) {
-    CObjectLevel const level;
+    CNestingLevel const level;
+    std::optional<CSiblingSearches> searches;
+    if (context.GetIgnoreUnknownElements()) searches.emplace(element, context);
     CParentElementInfo const& info = *GetClassInfo();
     ResetContent();
     if (info.m_elementType == et_Element) m_elementName = element->GetLocalName();
@@ -94,6 +98,9 @@ CXmlElement* CXmlGeneratedClass::FromXml_Int(CXmlElement* element, CXmlElement* 
 void CXmlGeneratedClass::ProcessAttributesFromXml(CXmlSerializationContext const& context,
                                                   CXmlElement* element, bool failIfUnknown) {
     CAttributeInfo** const entries = GetClassAttributeInfo();
+    bool const refuses = failIfUnknown && !context.GetIgnoreUnknownAttributes();
+    // Each of many pseudo elements in one tag looks at all its attributes.
+    if (entries[0] == nullptr && !refuses) return;
     CEntryFlags found;
     for (CXmlAttribute* const attribute : element->GetAttributes()) {
         if (attribute->IsNamespaceAttribute()) continue;
@@ -101,7 +108,7 @@ void CXmlGeneratedClass::ProcessAttributesFromXml(CXmlSerializationContext const
         while (entries[i] != nullptr && !entries[i]->AttributeFromXml(context, this, attribute)) ++i;
         if (entries[i] != nullptr) {
             found.Set(i);
-        } else if (failIfUnknown && !context.GetIgnoreUnknownAttributes()) {
+        } else if (refuses) {
             throw CBxValidationException(
                 FormatString(u"Unexpected Attribute [%s] found.", attribute->GetLocalName().c_str()));
         }
@@ -114,14 +121,19 @@ CXmlElement* CXmlGeneratedClass::ProcessElementSeqFromXml(CXmlSerializationConte
                                                           XmlElementType elementType) {
     CXmlElement* const start = child;
     wstring const ns = GetNamespace();
-    CElementInfo** entry = GetClassElementInfo();
-    while (*entry != nullptr) {
-        if ((*entry)->ElementFromXml(context, this, element, &child, ns.c_str(), elementType)) {
-            ++entry;
-        } else if (!context.GetIgnoreUnknownElements() || child == nullptr) {
-            return start;
-        } else {
-            child = child->GetNextSiblingElement();
+    for (CElementInfo** entry = GetClassElementInfo(); *entry != nullptr; ++entry) {
+        CSiblingSearch search(*entry, elementType);
+        for (;;) {
+            CXmlElement* const candidate = child;
+            if ((*entry)->ElementFromXml(context, this, element, &child, ns.c_str(), elementType)) {
+                search.End(candidate);
+                break;
+            }
+            if (!context.GetIgnoreUnknownElements() || child == nullptr) {
+                search.End(nullptr);
+                return start;
+            }
+            child = search.After(child);
         }
     }
     return elementType == et_Element ? EndOfElement(element, child, context) : child;

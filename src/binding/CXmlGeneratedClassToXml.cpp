@@ -1,14 +1,14 @@
 // How generated classes are written.
 
 #include "BxXmlLib5/binding/CAttributeInfo.h"
-#include "BxXmlLib5/binding/CBxException.h"
 #include "BxXmlLib5/binding/CElementInfo.h"
 #include "BxXmlLib5/binding/CXmlGeneratedClass.h"
 #include "BxXmlLib5/binding/CXmlSerializationContext.h"
 #include "BxXmlLib5/collections/CAttributeCol.h"
+#include "BxXmlLib5/core/CBxException.h"
 #include "BxXmlLib5/writers/CXmlWriter.h"
-#include "binding/NestingDepth.h"
 #include "binding/PropertyValues.h"
+#include "core/NestingDepth.h"
 
 namespace BxXmlLib5 {
 
@@ -16,7 +16,7 @@ using namespace BxXmlLib5Data;
 
 void CXmlGeneratedClass::ToXml_Int(CXmlWriter* writer, bool isRoot, char16_t const* namespaceUri,
                                    CXmlSerializationContext const& context, bool allowEmptyChoice) const {
-    CObjectLevel const level;
+    CNestingLevel const level;
     CParentElementInfo const& info = *GetClassInfo();
     bool const hasTag = info.m_elementType == et_Element;
     if (hasTag) StartElementToXml(writer, isRoot, namespaceUri, context, allowEmptyChoice);
@@ -54,8 +54,8 @@ void CXmlGeneratedClass::StartElementToXml(CXmlWriter* writer, bool isRoot, char
                                            bool allowEmptyChoice) const {
     if (isRoot) StartRoot(context, writer);
     writer->WriteStartElement(m_elementName, namespaceUri);
-    if (isRoot) {
-        CXmlObjectBase::ToXml_Int(context.GetAdditionalRootAttributes(), writer, false, namespaceUri, context,
+    if (isRoot && context.m_additionalRootAttributes) {
+        CXmlObjectBase::ToXml_Int(context.m_additionalRootAttributes, writer, false, namespaceUri, context,
                                   allowEmptyChoice);
     }
     AttributesToXml_Int(writer, context);
@@ -66,6 +66,7 @@ void CXmlGeneratedClass::StartElementToXml(CXmlWriter* writer, bool isRoot, char
 
 void CXmlGeneratedClass::AttributesToXml_Int(CXmlWriter* writer,
                                              CXmlSerializationContext const& context) const {
+    CNestingLevel const level;
     CParentElementInfo const& info = *GetClassInfo();
     if (info.m_hasBaseClasses && m_elementName != info.m_elementName) {
         writer->WriteXsiType(info.m_elementNamespace, info.m_elementName);

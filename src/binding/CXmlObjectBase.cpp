@@ -1,13 +1,28 @@
 #include "BxXmlLib5/binding/CXmlObjectBase.h"
 
-#include "BxXmlLib5/binding/CBxException.h"
+#include <utility>
+
 #include "BxXmlLib5/binding/CXmlSerializationContext.h"
-#include "BxXmlLib5/binding/FormatString.h"
+#include "BxXmlLib5/core/CBxException.h"
+#include "BxXmlLib5/core/FormatString.h"
 #include "BxXmlLib5/document/CXmlElement.h"
 #include "binding/NamespaceRules.h"
+#include "core/NestingDepth.h"
 #include "platform/TextView.h"
 
 namespace BxXmlLib5 {
+
+namespace {
+
+/// What a thread is deleting.
+struct Deletions {
+    bool m_isRunning = false;
+    CXmlObjectBase* m_first = nullptr;  // of those that wait
+};
+
+constinit thread_local Deletions t_deletions;
+
+}  // namespace
 
 CXmlObjectBase::CXmlObjectBase() = default;
 CXmlObjectBase::CXmlObjectBase(CXmlObjectBase const& other) : m_elementName(other.m_elementName) {}
@@ -19,14 +34,37 @@ CXmlObjectBase& CXmlObjectBase::operator=(CXmlObjectBase const& other) {
 }
 
 std::int32_t CXmlObjectBase::AddRef() {
-    return m_refCount.fetch_add(1, std::memory_order_relaxed) + 1;
+    return static_cast<std::int32_t>(m_refCount.fetch_add(1, std::memory_order_relaxed) + 1);
 }
 
 std::int32_t CXmlObjectBase::Release() {
     // What other threads did with the object must be seen by the one that deletes it.
-    std::int32_t const count = m_refCount.fetch_sub(1, std::memory_order_acq_rel) - 1;
-    if (count == 0) delete this;
-    return count;
+    std::intptr_t const count = m_refCount.fetch_sub(1, std::memory_order_acq_rel) - 1;
+    if (count == 0) Delete();
+    return static_cast<std::int32_t>(count);
+}
+
+/// A tree dies from the top, one object inside the other. What finds little stack left waits in line for the
+/// outermost one instead, so that the stack suffices however deep the tree is.
+void CXmlObjectBase::Delete() {
+    Deletions& deletions = t_deletions;
+    if (!deletions.m_isRunning) {
+        deletions.m_isRunning = true;
+        delete this;
+        while (CXmlObjectBase* const first = deletions.m_first) {
+            auto* const next = reinterpret_cast<CXmlObjectBase*>(first->m_refCount.exchange(0));
+            deletions.m_first = next == first ? nullptr : next;
+            delete first;
+        }
+        deletions.m_isRunning = false;
+    } else if (HasStackForLevel()) {
+        delete this;
+    } else {
+        // The last one has itself for the next: a count of 0 would have it deleted twice, should it be
+        // counted.
+        CXmlObjectBase* const next = std::exchange(deletions.m_first, this);
+        m_refCount = reinterpret_cast<std::intptr_t>(next == nullptr ? this : next);
+    }
 }
 
 void CXmlObjectBase::OnEvent(CXmlObjectBase*, MsgType, void*) {}

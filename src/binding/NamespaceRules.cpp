@@ -1,7 +1,7 @@
 #include "binding/NamespaceRules.h"
 
-#include "BxXmlLib5/binding/CBxException.h"
-#include "BxXmlLib5/binding/FormatString.h"
+#include "BxXmlLib5/core/CBxException.h"
+#include "BxXmlLib5/core/FormatString.h"
 #include "platform/TextView.h"
 
 namespace BxXmlLib5 {

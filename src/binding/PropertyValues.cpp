@@ -1,10 +1,11 @@
 #include "binding/PropertyValues.h"
 
-#include "BxXmlLib5/binding/CBxException.h"
-#include "BxXmlLib5/binding/FormatString.h"
-#include "BxXmlLib5/collections/CXmlCollectionBase.h"
+#include "BxXmlLib5/core/CBxException.h"
+#include "BxXmlLib5/core/FormatString.h"
 
 namespace BxXmlLib5Data {
+
+using namespace BxXmlLib5;
 
 void ThrowIfKindDiffers(BxVariant const& value, ItemType kind) {
     if (value.m_type == kind || !value.IsValid()) return;
@@ -34,7 +35,7 @@ CXmlCollectionBase& PresentCollectionIn(BxVariant const& value) {
     return *collection;
 }
 
-wstring EnumText(EnumToString enumToString, BxVariant const& value, wstring const& name) {
+wstring EnumText(Detail::EnumToString enumToString, BxVariant const& value, wstring const& name) {
     ThrowIfKindDiffers(value, it_i4);
     char16_t const* const text = enumToString(value.GetI4());
     if (text == nullptr) {
@@ -44,7 +45,11 @@ wstring EnumText(EnumToString enumToString, BxVariant const& value, wstring cons
     return text;
 }
 
-BxVariant EnumValue(StringToEnum stringToEnum, std::u16string_view text) {
+BxVariant EnumValue(Detail::StringToEnum stringToEnum, std::u16string_view text, wstring const& name) {
+    if (text.find(u'\0') != text.npos) {
+        throw CBxInvalidValueException(
+            FormatString(u"Invalid Value for %s, it has a unit of value 0", name.c_str()));
+    }
     BxVariant value;
     value.SetI4(stringToEnum(wstring(text).c_str()));
     return value;

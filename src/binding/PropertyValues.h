@@ -2,9 +2,12 @@
 #pragma once
 
 #include "BxXmlLib5/binding/CElementInfo.h"
+#include "BxXmlLib5/collections/CXmlCollectionBase.h"
 #include "BxXmlLib5/values/BxVariant.h"
 
 namespace BxXmlLib5Data {
+
+using BxXmlLib5::CXmlCollectionBase;
 
 /// @throws CBxException if the variant holds a value of another kind; none at all is accepted
 void ThrowIfKindDiffers(BxVariant const& value, ItemType kind);
@@ -23,9 +26,10 @@ CXmlCollectionBase& PresentCollectionIn(BxVariant const& value);
 /// The text of the enumerator that a variant holds.
 /// @param name of the element or attribute, for the message
 /// @throws CBxInvalidValueException if it is none of the enumeration
-wstring EnumText(EnumToString enumToString, BxVariant const& value, wstring const& name);
+wstring EnumText(Detail::EnumToString enumToString, BxVariant const& value, wstring const& name);
 
 /// The enumerator that a text stands for.
-BxVariant EnumValue(StringToEnum stringToEnum, std::u16string_view text);
+/// @throws CBxInvalidValueException for a text with a unit of value 0, which generated code would see cut
+BxVariant EnumValue(Detail::StringToEnum stringToEnum, std::u16string_view text, wstring const& name);
 
 }  // namespace BxXmlLib5Data

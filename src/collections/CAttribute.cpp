@@ -1,16 +1,18 @@
 #include "BxXmlLib5/collections/CAttribute.h"
 
-#include "BxXmlLib5/binding/CBxException.h"
+#include <utility>
+
+#include "BxXmlLib5/core/CBxException.h"
 #include "BxXmlLib5/writers/CXmlWriter.h"
 #include "platform/TextView.h"
 
 namespace BxXmlLib5 {
 
 CAttribute::CAttribute(char16_t const* name, char16_t const* value, char16_t const* ns)
-    : CAttribute(TextOf(name), TextOf(value), TextOf(ns)) {}
+    : CAttribute(CSharedText(TextOf(name)), TextOf(value), CSharedText(TextOf(ns))) {}
 
-CAttribute::CAttribute(std::u16string_view name, std::u16string_view value, std::u16string_view ns)
-    : CInstanceMonitor(u"CAttribute"), m_name(name), m_value(value), m_namespace(ns) {}
+CAttribute::CAttribute(CSharedText name, std::u16string_view value, CSharedText ns)
+    : CInstanceMonitor(u"CAttribute"), m_name(std::move(name)), m_value(value), m_namespace(std::move(ns)) {}
 
 CAttribute::~CAttribute() = default;
 
@@ -25,7 +27,7 @@ wstring CAttribute::GetTargetNamespace() const {
 }
 
 void CAttribute::SetName(char16_t const* name) {
-    m_name = TextOf(name);
+    m_name.Set(TextOf(name));
 }
 void CAttribute::SetValue(char16_t const* value) {
     m_value = TextOf(value);
@@ -36,7 +38,7 @@ void CAttribute::SetNamespace(char16_t const* ns) {
 
 void CAttribute::ToXml_Int(CXmlWriter* writer, bool, char16_t const*, CXmlSerializationContext const&,
                            bool) const {
-    writer->WriteAttribute(m_name, m_namespace.Get(), m_value);
+    writer->WriteAttribute(m_name, m_namespace, m_value);
 }
 
 CXmlElement* CAttribute::FromXml_Int(CXmlElement*, CXmlElement*, CXmlSerializationContext const&, bool) {

@@ -2,10 +2,11 @@
 
 #include <utility>
 
-#include "BxXmlLib5/binding/CBxException.h"
-#include "BxXmlLib5/binding/FormatString.h"
+#include "BxXmlLib5/core/CBxException.h"
+#include "BxXmlLib5/core/FormatString.h"
 #include "BxXmlLib5/document/CXmlElement.h"
 #include "binding/NamespaceRules.h"
+#include "collections/CContentReader.h"
 #include "collections/Wildcards.h"
 #include "platform/TextView.h"
 
@@ -13,33 +14,31 @@ namespace BxXmlLib5 {
 
 CAttributeCol::CAttributeCol(char16_t const* ns, char16_t const* namespaceRestriction,
                              char16_t const* targetNamespace)
-    : CAttributeCol(CSharedText(DefaultNamespace(TextOf(ns), TextOf(namespaceRestriction))),
-                    CSharedText(TextOf(namespaceRestriction)), CSharedText(TextOf(targetNamespace))) {}
+    : CAttributeCol(MakeWildcard(CSharedText(DefaultNamespace(TextOf(ns), TextOf(namespaceRestriction))),
+                                 TextOf(namespaceRestriction), TextOf(targetNamespace))) {}
 
-CAttributeCol::CAttributeCol(CSharedText ns, CSharedText namespaceRestriction, CSharedText targetNamespace)
-    : CInstanceMonitor(u"CAttributeCol"),
-      m_namespaceRestriction(std::move(namespaceRestriction)),
-      m_targetNamespace(std::move(targetNamespace)) {
-    m_namespace = std::move(ns);
+CAttributeCol::CAttributeCol(CSmartPtr<CWildcard const> wildcard)
+    : CInstanceMonitor(u"CAttributeCol"), m_wildcard(std::move(wildcard)) {
+    m_namespace = m_wildcard->m_defaultNamespace;
 }
 
+CAttributeCol::CAttributeCol(CAttributeCol const&) = default;
 CAttributeCol::~CAttributeCol() = default;
 
 CAttributeCol& CAttributeCol::operator=(CAttributeCol const& other) {
-    // The items go last: the other collection may hang on one of them.
-    m_namespaceRestriction = other.m_namespaceRestriction;
-    m_targetNamespace = other.m_targetNamespace;
+    // Held, since the other collection may hang on one of the items.
+    CSmartPtr<CWildcard const> wildcard = other.m_wildcard;
     CXmlCollection::operator=(other);
+    m_wildcard = std::move(wildcard);
     return *this;
 }
 
 CSmartPtr<CAttribute> CAttributeCol::Add(char16_t const* name, char16_t const* value, char16_t const* ns) {
-    BxXmlLib5::TestNamespace(TextOf(ns), m_namespaceRestriction.Get(), m_targetNamespace.Get());
-    return AddNew(TextOf(name), TextOf(value), TextOf(ns));
+    return AddTested(TextOf(name), TextOf(value), TextOf(ns));
 }
 
 CSmartPtr<CAttribute> CAttributeCol::Add(char16_t const* name, char16_t const* value) {
-    return Add(name, value, m_namespace.Get().c_str());
+    return AddTested(TextOf(name), TextOf(value), m_namespace);
 }
 
 CSmartPtr<CAttribute> CAttributeCol::Add(char16_t const* name) {
@@ -47,17 +46,20 @@ CSmartPtr<CAttribute> CAttributeCol::Add(char16_t const* name) {
 }
 
 CSmartPtr<CAttribute> CAttributeCol::Add(CAttribute* attribute) {
-    CSmartPtr<CAttribute> held = attribute;
-    AppendItem(attribute);
+    m_list.LinkAhead(nullptr, attribute);
+    CSmartPtr<CAttribute> held = attribute;  // a listener may remove it
+    FireOnCollectionChange();
     return held;
 }
 
+CSmartPtr<CAttribute> CAttributeCol::Add(CXmlAttribute const& attribute) {
+    return AddTested(attribute.GetLocalName(), attribute.GetValueView(), attribute.GetNamespaceURI());
+}
+
 void CAttributeCol::AddAfter(CAttribute const* after, CAttribute* attribute) {
-    CSmartPtr<CAttribute> const held = attribute;
     AddAfterItem(after, attribute);
 }
 void CAttributeCol::AddBefore(CAttribute const* before, CAttribute* attribute) {
-    CSmartPtr<CAttribute> const held = attribute;
     AddBeforeItem(before, attribute);
 }
 
@@ -66,7 +68,7 @@ CSmartPtr<CAttribute> CAttributeCol::Item(int index) {
 }
 
 wstring CAttributeCol::GetTargetNamespace() const {
-    return m_namespace.Get();
+    return m_namespace;
 }
 
 void CAttributeCol::ToXml_Int(CXmlWriter* writer, bool, char16_t const* namespaceUri,
@@ -76,21 +78,35 @@ void CAttributeCol::ToXml_Int(CXmlWriter* writer, bool, char16_t const* namespac
 
 CXmlElement* CAttributeCol::FromXml_Int(CXmlElement* element, CXmlElement* firstChild,
                                         CXmlSerializationContext const&, bool) {
-    for (CXmlAttribute const* attribute : element->GetAttributes()) {
-        if (!BxXmlLib5::IsNamespaceValid(attribute->GetNamespaceURI(), m_namespaceRestriction.Get(),
-                                         m_targetNamespace.Get())) {
-            throw CBxInvalidNamespaceException(
-                FormatString(u"Invalid Attribute [%s]. The attributes namespace is Inappropriate.",
-                             attribute->GetLocalName().c_str()));
-        }
-        AddNew(attribute->GetLocalName(), attribute->GetValueView(), attribute->GetNamespaceURI());
-    }
+    CSharedNames names;
+    Read(*element, names);
     return firstChild;
 }
 
-CSmartPtr<CAttribute> CAttributeCol::AddNew(std::u16string_view name, std::u16string_view value,
-                                            std::u16string_view ns) {
-    return Add(new CAttribute(name, value, ns));
+void CAttributeCol::Read(CXmlElement const& element, CSharedNames& names) {
+    for (CXmlAttribute const* attribute : element.GetAttributes()) {
+        wstring const& name = attribute->GetLocalName();
+        wstring const& ns = attribute->GetNamespaceURI();
+        if (!BxXmlLib5::IsNamespaceValid(ns, m_wildcard->m_namespaceRestriction,
+                                         m_wildcard->m_targetNamespace)) {
+            throw CBxInvalidNamespaceException(FormatString(
+                u"Invalid Attribute [%s]. The attributes namespace is Inappropriate.", name.c_str()));
+        }
+        AddNew(names.Name(name), attribute->GetValueView(), names.Namespace(ns));
+    }
+}
+
+CSmartPtr<CAttribute> CAttributeCol::AddTested(std::u16string_view name, std::u16string_view value,
+                                               std::u16string_view ns) {
+    BxXmlLib5::TestNamespace(ns, m_wildcard->m_namespaceRestriction, m_wildcard->m_targetNamespace);
+    CSharedText sharedNamespace = m_namespace;  // most are in one
+    sharedNamespace.Set(ns);
+    return AddNew(CSharedText(name), value, std::move(sharedNamespace));
+}
+
+CSmartPtr<CAttribute> CAttributeCol::AddNew(CSharedText name, std::u16string_view value, CSharedText ns) {
+    CSmartPtr<CAttribute> const attribute = new CAttribute(std::move(name), value, std::move(ns));
+    return Add(attribute);
 }
 
 }  // namespace BxXmlLib5

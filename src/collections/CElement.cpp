@@ -4,18 +4,20 @@
 #include <iterator>
 #include <utility>
 
-#include "BxXmlLib5/binding/CBxException.h"
 #include "BxXmlLib5/binding/CXmlSerializationContext.h"
-#include "BxXmlLib5/binding/FormatString.h"
 #include "BxXmlLib5/collections/CAttributeCol.h"
 #include "BxXmlLib5/collections/CElementCol.h"
+#include "BxXmlLib5/core/CBxException.h"
+#include "BxXmlLib5/core/FormatString.h"
 #include "BxXmlLib5/document/CXmlDocument.h"
 #include "BxXmlLib5/values/CBinaryData.h"
 #include "BxXmlLib5/writers/CXmlWriter.h"
 #include "binding/NamespaceRules.h"
-#include "binding/NestingDepth.h"
+#include "collections/CContentReader.h"
 #include "collections/Wildcards.h"
-#include "platform/Limits.h"
+#include "core/Limits.h"
+#include "core/NestingDepth.h"
+#include "core/NeverDestroyed.h"
 #include "platform/TextView.h"
 
 namespace BxXmlLib5 {
@@ -47,13 +49,11 @@ CElement::CElement(CXmlObjectBase* object) : CInstanceMonitor(u"CElement") {
     CopyXmlElement(document.GetDocumentElement());
 }
 
-CElement::CElement(std::u16string_view name, CSharedText ns, CSharedText namespaceRestriction,
-                   CSharedText targetNamespace)
+CElement::CElement(CSharedText name, CSharedText ns, CSmartPtr<CWildcard const> wildcard)
     : CInstanceMonitor(u"CElement"),
-      m_name(name),
+      m_name(std::move(name)),
       m_namespace(std::move(ns)),
-      m_namespaceRestriction(std::move(namespaceRestriction)),
-      m_targetNamespace(std::move(targetNamespace)) {}
+      m_wildcard(std::move(wildcard)) {}
 
 CElement::CElement(CElement const& other)
     : CXmlObjectBase(other),
@@ -61,22 +61,20 @@ CElement::CElement(CElement const& other)
       m_name(other.m_name),
       m_text(other.m_text),
       m_namespace(other.m_namespace),
-      m_namespaceRestriction(other.m_namespaceRestriction),
-      m_targetNamespace(other.m_targetNamespace),
-      m_attributes(&other.Attributes()),
-      m_childElements(&other.ChildElements()) {}
+      m_wildcard(other.m_wildcard),
+      m_attributes(other.Attributes()),
+      m_childElements(other.ChildElements()) {}
 
 CElement& CElement::operator=(CElement const& other) {
-    CXmlObjectBase::operator=(other);
     // The other element may hang on this one's children, so those go last.
-    CSmartPtr<CElementCol> const oldChildElements = m_childElements;
-    m_attributes = &other.Attributes();
-    m_childElements = &other.ChildElements();
+    CSmartPtr<CElementCol> const oldChildElements = m_childElements.Get();
+    CXmlObjectBase::operator=(other);
+    m_attributes.Set(&other.Attributes());
+    m_childElements.Set(&other.ChildElements());
     m_name = other.m_name;
     m_text = other.m_text;
     m_namespace = other.m_namespace;
-    m_namespaceRestriction = other.m_namespaceRestriction;
-    m_targetNamespace = other.m_targetNamespace;
+    m_wildcard = other.m_wildcard;
     return *this;
 }
 
@@ -84,27 +82,37 @@ CElement::~CElement() = default;
 
 void CElement::Init(char16_t const* name, char16_t const* ns, char16_t const* namespaceRestriction,
                     char16_t const* targetNamespace) {
-    if (name == nullptr) throw CBxInvalidNamespaceException(u"Element Name must have a value");
+    ThrowIfNoName(name);
     if (namespaceRestriction == nullptr)
         throw CBxInvalidNamespaceException(u"Namespace Restriction must have a value");
     if (targetNamespace == nullptr) throw CBxInvalidNamespaceException(u"Target Namespace must have a value");
     BxXmlLib5::TestNamespace(TextOf(ns), namespaceRestriction, targetNamespace);
-    m_name = name;
+    m_name.Set(name);
     m_namespace.Set(TextOf(ns));
-    m_namespaceRestriction.Set(namespaceRestriction);
-    m_targetNamespace.Set(targetNamespace);
-    m_attributes = nullptr;
-    m_childElements = nullptr;
+    m_wildcard = MakeWildcard(m_namespace, namespaceRestriction, targetNamespace);
+    m_childElements.Set(nullptr);
+    m_attributes.Set(nullptr);
+}
+
+void CElement::ThrowIfNoName(char16_t const* name) {
+    if (name == nullptr) throw CBxInvalidNamespaceException(u"Element Name must have a value");
+}
+
+void CElement::ShareTexts(CElement const& sibling) {
+    auto const share = [](CSharedText& text, CSharedText const& other) {
+        if (text == other) text = other;
+    };
+    share(m_name, sibling.m_name);
+    share(m_namespace, sibling.m_namespace);
+    if (m_wildcard->Equals(*sibling.m_wildcard)) m_wildcard = sibling.m_wildcard;
 }
 
 CAttributeCol& CElement::Attributes() const {
-    if (!m_attributes) m_attributes = new CAttributeCol(m_namespace, AnyNamespace(), m_targetNamespace);
-    return *m_attributes;
+    return m_attributes.GetOrMake([this] { return new CAttributeCol(m_wildcard->OfContent()); });
 }
 
 CElementCol& CElement::ChildElements() const {
-    if (!m_childElements) m_childElements = new CElementCol(m_namespace, m_targetNamespace, 0, -1);
-    return *m_childElements;
+    return m_childElements.GetOrMake([this] { return new CElementCol(m_wildcard->OfContent(), 0, -1); });
 }
 
 CXmlObjectBase* CElement::GetBase() {
@@ -118,21 +126,13 @@ wstring CElement::GetTargetNamespace() const {
 }
 
 void CElement::SetName(char16_t const* name) {
-    m_name = TextOf(name);
+    m_name.Set(TextOf(name));
 }
 void CElement::SetText(char16_t const* text) {
     m_text = TextOf(text);
 }
 void CElement::SetNamespace(char16_t const* ns) {
-    ChangeNamespace(TextOf(ns));
-}
-
-void CElement::ChangeNamespace(std::u16string_view ns) {
-    if (m_namespace.Is(ns)) return;
-    // The collections keep the namespace that the element was made with as their default.
-    Attributes();
-    ChildElements();
-    m_namespace.Set(ns);
+    m_namespace.Set(TextOf(ns));
 }
 
 CSmartPtr<CAttributeCol> CElement::GetAttributes() {
@@ -142,60 +142,71 @@ CSmartPtr<CElementCol> CElement::GetChildElements() {
     return &ChildElements();
 }
 
-void CElement::SetNamespaceRestrictions(char16_t const* namespaceRestriction,
-                                        char16_t const* targetNamespace) {
-    TestRestrictions(namespaceRestriction, targetNamespace, 1);
+CAttributeCol const* CElement::GetAttributes() const {
+    static NeverDestroyed<CAttributeCol> const s_none(u"", u"##any", u"");
+    CAttributeCol const* const attributes = m_attributes.Get();
+    return attributes == nullptr ? &*s_none : attributes;
+}
+CElementCol const* CElement::GetChildElements() const {
+    static NeverDestroyed<CElementCol> const s_none(u"", u"##any", u"", 0, -1);
+    CElementCol const* const childElements = m_childElements.Get();
+    return childElements == nullptr ? &*s_none : childElements;
 }
 
-void CElement::TestRestrictions(char16_t const* namespaceRestriction, char16_t const* targetNamespace,
+void CElement::SetNamespaceRestrictions(char16_t const* namespaceRestriction,
+                                        char16_t const* targetNamespace) {
+    TestRestrictions(TextOf(namespaceRestriction), TextOf(targetNamespace), 1);
+}
+
+void CElement::TestRestrictions(std::u16string_view namespaceRestriction, std::u16string_view targetNamespace,
                                 int depth) const {
+    CNestingLevel const level;
     if (depth > kMaxElementDepth) ThrowNestedTooDeeply();
+    auto const test = [&](CSharedText const& ns) {
+        BxXmlLib5::TestNamespace(ns, namespaceRestriction, targetNamespace);
+    };
     try {
-        TestNamespace(m_namespace.Get().c_str(), namespaceRestriction, targetNamespace);
+        test(m_namespace);
     } catch (CBxException const& failure) {
         throw CBxInvalidNamespaceException(
             FormatString(u"The namespace %s in the class %s is invalid against restriction %s",
-                         m_namespace.Get().c_str(), m_name.c_str(),
-                         wstring(TextOf(namespaceRestriction)).c_str()),
+                         m_namespace.c_str(), m_name.c_str(), wstring(namespaceRestriction).c_str()),
             failure);
     }
-    if (m_attributes) {
-        for (CAttribute const* const attribute : *m_attributes) {
-            if (attribute == nullptr) continue;
-            TestNamespace(attribute->GetNamespace().c_str(), namespaceRestriction, targetNamespace);
-        }
+    for (CAttribute const* const attribute : *GetAttributes()) {
+        if (attribute != nullptr) test(attribute->m_namespace);
     }
-    if (m_childElements) {
-        for (CElement const* const child : *m_childElements) {
-            if (child != nullptr) child->TestRestrictions(namespaceRestriction, targetNamespace, depth + 1);
-        }
+    for (CElement const* const child : *GetChildElements()) {
+        if (child != nullptr) child->TestRestrictions(namespaceRestriction, targetNamespace, depth + 1);
     }
 }
 
 void CElement::CopyXmlElement(CXmlElement* source) {
-    m_name = source->GetLocalName();
-    ChangeNamespace(source->GetNamespaceURI());
+    m_name.Set(source->GetLocalName());
+    m_namespace.Set(source->GetNamespaceURI());
     m_text = source->GetTextView();
-    if (m_attributes) m_attributes->Clear();
-    if (m_childElements) m_childElements->Clear();
+    if (m_attributes.Get() != nullptr) m_attributes.Get()->Clear();
+    if (m_childElements.Get() != nullptr) m_childElements.Get()->Clear();
     for (CXmlAttribute const* attribute : source->GetAttributes()) {
-        Attributes().AddNew(attribute->GetLocalName(), attribute->GetValueView(),
-                            attribute->GetNamespaceURI());
+        Attributes().Add(*attribute);
     }
+    CContentReader reader;
     for (CXmlElement* child = source->GetFirstElement(); child != nullptr;
          child = child->GetNextSiblingElement()) {
-        CSmartPtr<CElement> const copy = new CElement(child->GetLocalName().c_str());
-        copy->CopyXmlElement(child);
-        ChildElements().Add(copy);
+        CSmartPtr<CElement> const copy = reader.Read(*child);
+        ChildElements().Append(copy);
     }
 }
 
 void CElement::ToXml_Int(CXmlWriter* writer, bool, char16_t const* namespaceUri,
                          CXmlSerializationContext const& context, bool allowEmptyChoice) const {
-    writer->WriteStartElement(m_name, m_namespace.Get());
-    if (m_attributes) CXmlObjectBase::ToXml_Int(m_attributes, writer, false, namespaceUri, context, false);
-    if (m_childElements) {
-        CXmlObjectBase::ToXml_Int(m_childElements, writer, false, namespaceUri, context, allowEmptyChoice);
+    CNestingLevel const level;
+    writer->WriteStartElement(m_name, m_namespace);
+    if (CAttributeCol const* const attributes = m_attributes.Get()) {
+        CXmlObjectBase::ToXml_Int(attributes, writer, false, namespaceUri, context, false);
+    }
+    if (CElementCol const* const childElements = m_childElements.Get()) {
+        CXmlObjectBase::ToXml_Int(childElements, writer, false, namespaceUri, context, allowEmptyChoice);
     }
     writer->WriteText(m_text);
     writer->WriteEndElement();
@@ -204,8 +215,8 @@ void CElement::ToXml_Int(CXmlWriter* writer, bool, char16_t const* namespaceUri,
 CXmlElement* CElement::FromXml_Int(CXmlElement*, CXmlElement* firstChild,
                                    CXmlSerializationContext const& context, bool) {
     if (firstChild == nullptr ||
-        !BxXmlLib5::IsNamespaceValid(firstChild->GetNamespaceURI(), m_namespaceRestriction.Get(),
-                                     m_targetNamespace.Get())) {
+        !BxXmlLib5::IsNamespaceValid(firstChild->GetNamespaceURI(), m_wildcard->m_namespaceRestriction,
+                                     m_wildcard->m_targetNamespace)) {
         return firstChild;
     }
     // Held, since a listener may assign to this element meanwhile.
@@ -221,8 +232,8 @@ CXmlElement* CElement::FromXml_Int(CXmlElement*, CXmlElement* firstChild,
         }
     }
     m_text = firstChild->GetTextView();
-    m_name = firstChild->GetLocalName();
-    ChangeNamespace(firstChild->GetNamespaceURI());
+    m_name.Set(firstChild->GetLocalName());
+    m_namespace.Set(firstChild->GetNamespaceURI());
     return firstChild->GetNextSiblingElement();
 }
 

@@ -2,40 +2,18 @@
 
 #include <utility>
 
-#include "BxXmlLib5/binding/CBxException.h"
-#include "binding/IndexRange.h"
+#include "BxXmlLib5/core/CBxException.h"
+#include "core/IndexRange.h"
+#include "core/NestingDepth.h"
 
 namespace BxXmlLib5 {
 
 namespace {
 
-/// A tree dies from the top, one level inside the other. Past this many levels the nodes wait in line
-/// instead, so that the stack stays small however deep the tree is.
-constexpr int kMostLevelsAtOnce = 64;
-
-thread_local int t_levels = 0;
-thread_local CNode* t_waiting = nullptr;
-
-CNode* TakeWaiting() {
-    return std::exchange(t_waiting, t_waiting->m_next);
-}
-
-/// The item goes last, and may take a tree with it.
-void DeleteNode(CNode* node) {
+/// Frees a node that is in no list. Its item goes last, and may take a tree with it.
+void FreeNode(CNode* node) {
     CSmartPtr<CXmlObjectBase> const item = std::move(node->m_item);
     delete node;
-}
-
-/// Frees a node that is in no list.
-void FreeNode(CNode* node) {
-    if (t_levels == kMostLevelsAtOnce) {
-        node->m_next = std::exchange(t_waiting, node);
-        return;
-    }
-    ++t_levels;
-    DeleteNode(node);
-    while (t_levels == 1 && t_waiting != nullptr) DeleteNode(TakeWaiting());
-    --t_levels;
 }
 
 }  // namespace
@@ -45,46 +23,19 @@ CXmlCollection::CXmlCollection() = default;
 CXmlCollection::CXmlCollection(char16_t const* elementName, char16_t const* ns, int minOccurs, int maxOccurs)
     : CXmlCollectionBase(elementName, ns, minOccurs, maxOccurs) {}
 
-CXmlCollection::CXmlCollection(CXmlCollection const& other) : CXmlCollectionBase(other) {
-    CopyItems(other);
-}
-
 CXmlCollection& CXmlCollection::operator=(CXmlCollection const& other) {
-    if (this == &other) return *this;
-    CNode* old = std::exchange(m_head, nullptr);
-    CNode* const oldTail = std::exchange(m_tail, nullptr);
-    int const oldCount = std::exchange(m_count, 0);
-    try {
-        CopyItems(other);
-    } catch (...) {
-        m_head = old;
-        m_tail = oldTail;
-        m_count = oldCount;
-        throw;
-    }
-    CXmlCollectionBase::operator=(other);
     // The old items go last: the other collection may hang on one of them.
-    while (old != nullptr) FreeNode(std::exchange(old, old->m_next));
+    List items(other.m_list);
+    CXmlCollectionBase::operator=(other);
+    m_list.Swap(items);
     return *this;
 }
 
-/// Links the items of another collection into this one, which is empty, or none of them.
-void CXmlCollection::CopyItems(CXmlCollection const& other) {
-    try {
-        for (CNode const* node = other.m_head; node != nullptr; node = node->m_next)
-            LinkAhead(nullptr, node->m_item);
-    } catch (...) {
-        while (m_head != nullptr) FreeNode(std::exchange(m_head, m_head->m_next));
-        m_tail = nullptr;
-        m_count = 0;
-        throw;
-    }
-}
-
 CXmlCollection::~CXmlCollection() {
+    if (!IsListenedTo()) return;
     // A listener may take a counting pointer to the source; dropping it must not delete the collection again.
     AddRef();
-    while (m_count > 0) {
+    while (m_list.m_count > 0) {
         try {
             CXmlCollection::Remove(0);
         } catch (...) {
@@ -93,12 +44,35 @@ CXmlCollection::~CXmlCollection() {
     }
 }
 
+CXmlCollection::List::List(List const& other) : List() {
+    for (CNode const* node = other.m_head; node != nullptr; node = node->m_next)
+        LinkAhead(nullptr, node->m_item);
+}
+
+CXmlCollection::List::~List() {
+    while (m_head != nullptr) FreeNode(std::exchange(m_head, m_head->m_next));
+}
+
+void CXmlCollection::List::LinkAhead(CNode* next, CXmlObjectBase* item) {
+    CNode* const prev = next == nullptr ? m_tail : next->m_prev;
+    CNode* const node = new CNode{item, next, prev};
+    (prev == nullptr ? m_head : prev->m_next) = node;
+    (next == nullptr ? m_tail : next->m_prev) = node;
+    ++m_count;
+}
+
+void CXmlCollection::List::Swap(List& other) noexcept {
+    std::swap(m_head, other.m_head);
+    std::swap(m_tail, other.m_tail);
+    std::swap(m_count, other.m_count);
+}
+
 int CXmlCollection::GetCount() const {
-    return m_count;
+    return m_list.m_count;
 }
 
 void CXmlCollection::Clear() {
-    while (m_count > 0) Remove(0);
+    while (m_list.m_count > 0) Remove(0);
 }
 
 void CXmlCollection::Remove(int index) {
@@ -107,14 +81,16 @@ void CXmlCollection::Remove(int index) {
 }
 
 void CXmlCollection::AttributesToXml_Int(CXmlWriter* writer, CXmlSerializationContext const& context) const {
-    for (CNode const* node = m_head; node != nullptr; node = node->m_next) {
+    CNestingLevel const level;
+    for (CNode const* node = m_list.m_head; node != nullptr; node = node->m_next) {
         if (node->m_item) CXmlObjectBase::AttributesToXml_Int(node->m_item->GetBase(), writer, context);
     }
 }
 
 void CXmlCollection::ItemsToXml(CXmlWriter* writer, char16_t const* namespaceUri,
                                 CXmlSerializationContext const& context) const {
-    for (CNode const* node = m_head; node != nullptr; node = node->m_next) {
+    CNestingLevel const level;
+    for (CNode const* node = m_list.m_head; node != nullptr; node = node->m_next) {
         if (node->m_item) ToXml_Int(node->m_item->GetBase(), writer, false, namespaceUri, context, false);
     }
 }
@@ -123,7 +99,7 @@ void CXmlCollection::AppendItem(CXmlObjectBase* item) {
     InsertAhead(nullptr, item);
 }
 void CXmlCollection::PrependItem(CXmlObjectBase* item) {
-    InsertAhead(m_head, item);
+    InsertAhead(m_list.m_head, item);
 }
 
 void CXmlCollection::AddAfterItem(CXmlObjectBase const* after, CXmlObjectBase* item) {
@@ -137,45 +113,37 @@ void CXmlCollection::AddBeforeItem(CXmlObjectBase const* before, CXmlObjectBase*
 }
 
 void CXmlCollection::AddItemAt(int index, CXmlObjectBase* item) {
-    ThrowIfInsertionIndexOutOfRange(index, m_count);
-    InsertAhead(index == m_count ? nullptr : NodeAt(index), item);
+    ThrowIfInsertionIndexOutOfRange(index, m_list.m_count);
+    InsertAhead(index == m_list.m_count ? nullptr : NodeAt(index), item);
 }
 
 void CXmlCollection::RemoveNode(CNode* node) {
-    (node->m_prev == nullptr ? m_head : node->m_prev->m_next) = node->m_next;
-    (node->m_next == nullptr ? m_tail : node->m_next->m_prev) = node->m_prev;
-    --m_count;
+    (node->m_prev == nullptr ? m_list.m_head : node->m_prev->m_next) = node->m_next;
+    (node->m_next == nullptr ? m_list.m_tail : node->m_next->m_prev) = node->m_prev;
+    --m_list.m_count;
     FreeNode(node);
 }
 
 CNode* CXmlCollection::GetNodeAtIndex(int index) {
     ThrowIfIndexOutOfRange(index, GetCount());
+    ThrowIfIndexOutOfRange(index, m_list.m_count);  // a derived class may count otherwise
     return NodeAt(index);
 }
 
 CNode* CXmlCollection::GetNodeForItem(CXmlObjectBase const* item) {
-    for (CNode* node = m_head; node != nullptr && item != nullptr; node = node->m_next) {
+    for (CNode* node = m_list.m_head; node != nullptr && item != nullptr; node = node->m_next) {
         if (node->m_item && node->m_item->GetBase() == item->GetBase()) return node;
     }
     throw CBxInvalidParamException(u"The object was not found in the collection");
 }
 
 void CXmlCollection::InsertAhead(CNode* next, CXmlObjectBase* item) {
-    LinkAhead(next, item);
+    m_list.LinkAhead(next, item);
     FireOnCollectionChange();
 }
 
-/// @param next null for the end of the list
-void CXmlCollection::LinkAhead(CNode* next, CXmlObjectBase* item) {
-    CNode* const prev = next == nullptr ? m_tail : next->m_prev;
-    CNode* const node = new CNode{item, next, prev};
-    (prev == nullptr ? m_head : prev->m_next) = node;
-    (next == nullptr ? m_tail : next->m_prev) = node;
-    ++m_count;
-}
-
 CNode* CXmlCollection::NodeAt(int index) const {
-    CNode* node = m_head;
+    CNode* node = m_list.m_head;
     for (; index > 0; --index) node = node->m_next;
     return node;
 }

@@ -1,13 +1,29 @@
 #include "BxXmlLib5/collections/CXmlCollectionBase.h"
 
 #include <algorithm>
+#include <utility>
+#include <vector>
 
-#include "BxXmlLib5/binding/CBxException.h"
 #include "BxXmlLib5/binding/CXmlSerializationContext.h"
-#include "BxXmlLib5/binding/FormatString.h"
+#include "BxXmlLib5/core/CBxException.h"
+#include "BxXmlLib5/core/FormatString.h"
 #include "platform/TextView.h"
 
 namespace BxXmlLib5 {
+
+/// The collection holds this, and so does each walk over it.
+struct CXmlCollectionBase::Listeners {
+    void AddRef() { ++m_holders; }
+    void Release() {
+        --m_holders;
+        if (m_holders == 1) std::erase(m_inOrder, nullptr);
+        if (m_holders == 0) delete this;
+    }
+    bool AreBeingTold() const { return m_holders > 1; }
+
+    std::vector<CXmlObjectBase*> m_inOrder;  // null for one that was removed while they were being told
+    int m_holders = 0;
+};
 
 CXmlCollectionBase::CXmlCollectionBase() = default;
 
@@ -17,7 +33,28 @@ CXmlCollectionBase::CXmlCollectionBase(char16_t const* elementName, char16_t con
     m_elementName = TextOf(elementName);
 }
 
-CXmlCollectionBase::~CXmlCollectionBase() = default;
+CXmlCollectionBase::CXmlCollectionBase(CXmlCollectionBase const& other)
+    : CXmlObjectBase(other),
+      m_namespace(other.m_namespace),
+      m_listeners(other.m_listeners ? new Listeners{other.m_listeners->m_inOrder} : nullptr),
+      m_minOccurs(other.m_minOccurs),
+      m_maxOccurs(other.m_maxOccurs) {}
+
+CXmlCollectionBase& CXmlCollectionBase::operator=(CXmlCollectionBase const& other) {
+    std::vector<CXmlObjectBase*> listeners;
+    if (other.m_listeners) listeners = other.m_listeners->m_inOrder;
+    if (!m_listeners && !listeners.empty()) m_listeners = new Listeners;
+    CXmlObjectBase::operator=(other);
+    m_namespace = other.m_namespace;
+    if (m_listeners) m_listeners->m_inOrder = std::move(listeners);
+    m_minOccurs = other.m_minOccurs;
+    m_maxOccurs = other.m_maxOccurs;
+    return *this;
+}
+
+CXmlCollectionBase::~CXmlCollectionBase() {
+    if (m_listeners) m_listeners->m_inOrder.clear();
+}
 
 CXmlObjectBase* CXmlCollectionBase::GetBase() {
     return this;
@@ -47,20 +84,27 @@ void CXmlCollectionBase::ValidateCount(CXmlSerializationContext const& context) 
 }
 
 void CXmlCollectionBase::AddEventListener(CXmlObjectBase* listener) {
-    m_listeners.push_back(listener);
+    if (!m_listeners) m_listeners = new Listeners;
+    m_listeners->m_inOrder.push_back(listener);
 }
 
 void CXmlCollectionBase::RemoveEventListener(CXmlObjectBase* listener) {
-    std::erase(m_listeners, listener);
+    if (!m_listeners) return;
+    std::vector<CXmlObjectBase*>& listeners = m_listeners->m_inOrder;
+    if (m_listeners->AreBeingTold()) {
+        std::replace(listeners.begin(), listeners.end(), listener, static_cast<CXmlObjectBase*>(nullptr));
+    } else {
+        std::erase(listeners, listener);
+    }
 }
 
 void CXmlCollectionBase::FireOnCollectionChange() {
-    if (m_listeners.empty()) return;
-    // Over a copy, since a listener may add and remove listeners; one that is gone by its turn may be dead.
-    std::vector<CXmlObjectBase*> const listeners = m_listeners;
-    for (CXmlObjectBase* const listener : listeners) {
-        if (std::find(m_listeners.begin(), m_listeners.end(), listener) == m_listeners.end()) continue;
-        FireOnCollectionChangeEvent(listener, this);
+    if (!m_listeners) return;
+    CSmartPtr<Listeners> const told = m_listeners;
+    std::vector<CXmlObjectBase*> const& listeners = told->m_inOrder;
+    std::size_t const count = listeners.size();
+    for (std::size_t i = 0; i < count && i < listeners.size(); ++i) {
+        FireOnCollectionChangeEvent(listeners[i], this);
     }
 }
 

@@ -23,7 +23,7 @@ CXmlElement* CXmlTypeCollection::FromXml_Int(CXmlElement*, CXmlElement* firstChi
                                              CXmlSerializationContext const& context, bool) {
     CXmlElement* child = firstChild;
     while (child != nullptr &&
-           DoesElementNameMatch(context, child, m_elementName.c_str(), m_namespace.Get().c_str())) {
+           DoesElementNameMatch(context, child, m_elementName.c_str(), m_namespace.c_str())) {
         AddFromString(wstring(child->GetTextView()));
         child = child->GetNextSiblingElement();
     }

@@ -3,7 +3,7 @@
 #include <array>
 #include <utility>
 
-#include "BxXmlLib5/binding/CBxException.h"
+#include "BxXmlLib5/core/CBxException.h"
 #include "collections/FacetKinds.h"
 
 namespace BxXmlLib5 {

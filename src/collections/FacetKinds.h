@@ -6,8 +6,8 @@
 #include <functional>
 #include <type_traits>
 
-#include "BxXmlLib5/binding/FormatString.h"
 #include "BxXmlLib5/collections/CPrimitiveRestrictions.h"
+#include "BxXmlLib5/core/FormatString.h"
 #include "BxXmlLib5/values/CBigInteger.h"
 #include "BxXmlLib5/values/CBinaryData.h"
 #include "BxXmlLib5/values/CConversions.h"

@@ -6,7 +6,7 @@
 namespace BxXmlLib5 {
 
 /// Whether the first match of a pattern at the start of a value spans all of it. There is none if a limit of
-/// platform/Limits.h stops the search, or if the value has no UTF-8 form.
+/// core/Limits.h stops the search, or if the value has no UTF-8 form.
 /// @param pattern not empty
 /// @param name for the message
 /// @throws CBxException if the pattern is no regular expression

@@ -3,11 +3,11 @@
 #include <type_traits>
 #include <utility>
 
-#include "BxXmlLib5/binding/CBxException.h"
+#include "BxXmlLib5/core/CBxException.h"
 #include "BxXmlLib5/values/CConversions.h"
 #include "BxXmlLib5/writers/CXmlWriter.h"
-#include "binding/IndexRange.h"
 #include "collections/FacetKinds.h"
+#include "core/IndexRange.h"
 #include "values/CleanText.h"
 
 namespace BxXmlLib5 {

@@ -1,8 +1,8 @@
 #include "document/InputLimits.h"
 
-#include "BxXmlLib5/binding/CBxException.h"
-#include "BxXmlLib5/binding/FormatString.h"
-#include "platform/Limits.h"
+#include "BxXmlLib5/core/CBxException.h"
+#include "BxXmlLib5/core/FormatString.h"
+#include "core/Limits.h"
 
 namespace BxXmlLib5 {
 

@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <span>
 
-#include "BxXmlLib5/binding/CBxException.h"
+#include "BxXmlLib5/core/CBxException.h"
 #include "fastinfoset/IntegerForms.h"
 
 namespace BxXmlLib5::FastInfoset {

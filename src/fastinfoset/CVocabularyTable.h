@@ -6,7 +6,7 @@
 #include <initializer_list>
 #include <vector>
 
-#include "BxXmlLib5/binding/CBxException.h"
+#include "BxXmlLib5/core/CBxException.h"
 #include "fastinfoset/IntegerForms.h"
 
 namespace BxXmlLib5::FastInfoset {

@@ -4,7 +4,7 @@
 #include <array>
 #include <string_view>
 
-#include "BxXmlLib5/binding/Enumerations.h"
+#include "BxXmlLib5/core/Enumerations.h"
 #include "platform/StandardNamespaces.h"
 
 namespace BxXmlLib5::FastInfoset {

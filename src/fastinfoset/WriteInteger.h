@@ -1,7 +1,7 @@
 // Integers as the forms of ITU-T X.891 have them.
 #pragma once
 
-#include "BxXmlLib5/binding/CBxException.h"
+#include "BxXmlLib5/core/CBxException.h"
 #include "fastinfoset/COctetBuffer.h"
 #include "fastinfoset/IntegerForms.h"
 

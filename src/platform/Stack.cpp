@@ -2,35 +2,44 @@
 
 #include <pthread.h>
 
-#include <cstdint>
-#include <limits>
+#include <algorithm>
 
 namespace BxXmlLib5 {
 
 namespace {
 
+/// A stack without a limit would let a recursion without an end take all memory.
+constexpr std::uintptr_t kMostStack = 64 * 1024 * 1024;
+
 struct Extent {
     std::uintptr_t lowest = 0;
-    std::size_t size = 0;
+    std::uintptr_t end = 0;
 };
 
-/// Empty if the system does not tell.
+/// Empty, but no longer as it was made, if the system does not tell.
 Extent ExtentOfStack() {
+    constexpr Extent kUnknown{1, 1};
     pthread_attr_t attributes;
-    if (pthread_getattr_np(pthread_self(), &attributes) != 0) return {};
-    void* lowest = nullptr;
+    if (pthread_getattr_np(pthread_self(), &attributes) != 0) return kUnknown;
+    void* start = nullptr;
     std::size_t size = 0;
-    pthread_attr_getstack(&attributes, &lowest, &size);
+    int const failure = pthread_attr_getstack(&attributes, &start, &size);
     pthread_attr_destroy(&attributes);
-    return {reinterpret_cast<std::uintptr_t>(lowest), size};
+    if (failure != 0) return kUnknown;
+    auto const lowest = reinterpret_cast<std::uintptr_t>(start);
+    return {lowest + size - std::min(size, kMostStack), lowest + size};
 }
+
+constinit thread_local Extent t_stack;  // asked for once: for the first thread that is slow
 
 }  // namespace
 
-std::size_t StackLeft() {
-    thread_local Extent const stack = ExtentOfStack();  // asking takes the time of some ten matches
-    std::size_t const left = reinterpret_cast<std::uintptr_t>(__builtin_frame_address(0)) - stack.lowest;
-    return left < stack.size ? left : std::numeric_limits<std::size_t>::max();
+std::optional<std::size_t> StackLeft() {
+    Extent& stack = t_stack;
+    if (stack.end == 0) stack = ExtentOfStack();
+    std::uintptr_t const here = StackAddress();
+    if (here < stack.lowest || here >= stack.end) return std::nullopt;
+    return here - stack.lowest;
 }
 
 }  // namespace BxXmlLib5

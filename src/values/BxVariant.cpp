@@ -5,9 +5,8 @@
 #include <type_traits>
 #include <utility>
 
-#include "BxXmlLib5/binding/CBxException.h"
-#include "BxXmlLib5/binding/FormatString.h"
-#include "BxXmlLib5/collections/CXmlCollectionBase.h"
+#include "BxXmlLib5/core/CBxException.h"
+#include "BxXmlLib5/core/FormatString.h"
 #include "BxXmlLib5/values/CBigInteger.h"
 #include "BxXmlLib5/values/CBinaryData.h"
 #include "BxXmlLib5/values/CConversions.h"
@@ -24,7 +23,7 @@ using Rule = CWhitespaceUtils::WhitespaceRule;
 using Value = BxVariant::Value;
 
 template <class T>
-concept Counted = std::derived_from<T, CXmlObjectBase>;
+concept Counted = std::same_as<T, CXmlObjectBase> || std::same_as<T, CXmlCollectionBase>;
 
 /// What ReadSlot gives, moved out of what the slot points to.
 template <class T>
@@ -49,7 +48,7 @@ struct Pointee {
     static T* Copied(T* source) {
         if (source == nullptr) return nullptr;
         if constexpr (Counted<T>) {
-            source->AddRef();
+            AddReference(source);
             return source;
         } else {
             return new T(*source);
@@ -58,7 +57,7 @@ struct Pointee {
 
     static void Drop(T* value) {
         if constexpr (Counted<T>) {
-            if (value != nullptr) value->Release();
+            if (value != nullptr) DropReference(value);
         } else {
             delete value;
         }
@@ -228,12 +227,6 @@ void BxVariant::Own(ItemType type, T* Value::*member, T&& value) {
     Start(type).*member = owned;
 }
 
-template <class T>
-void BxVariant::Refer(ItemType type, T* Value::*member, T* value) {
-    T* const counted = Pointee<T>::Copied(value);
-    Start(type).*member = counted;
-}
-
 void BxVariant::SetString(wstring value) {
     Own(it_string, &Value::m_string, std::move(value));
 }
@@ -309,19 +302,6 @@ CBigInteger BxVariant::GetInteger() const& {
 }
 CBigInteger BxVariant::GetInteger() && {
     return Taken(m_value.m_integer);
-}
-
-void BxVariant::SetXmlObject(CXmlObjectBase* value) {
-    Refer(it_xmlObject, &Value::m_xmlObject, value);
-}
-void BxVariant::SetXmlCollection(CXmlCollectionBase* value) {
-    Refer(it_xmlCollection, &Value::m_xmlCollection, value);
-}
-CSmartPtr<CXmlObjectBase> BxVariant::GetXmlObject() const {
-    return m_value.m_xmlObject;
-}
-CSmartPtr<CXmlCollectionBase> BxVariant::GetXmlCollection() const {
-    return m_value.m_xmlCollection;
 }
 
 }  // namespace BxXmlLib5

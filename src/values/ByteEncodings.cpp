@@ -4,8 +4,8 @@
 #include <bit>
 #include <iterator>
 
-#include "BxXmlLib5/binding/CBxException.h"
-#include "BxXmlLib5/binding/FormatString.h"
+#include "BxXmlLib5/core/CBxException.h"
+#include "BxXmlLib5/core/FormatString.h"
 #include "BxXmlLib5/values/CConversions.h"
 #include "values/Hex.h"
 #include "values/MessageCharacter.h"

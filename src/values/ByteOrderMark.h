@@ -3,7 +3,7 @@
 
 #include <span>
 
-#include "BxXmlLib5/binding/Enumerations.h"
+#include "BxXmlLib5/core/Enumerations.h"
 #include "platform/Utf16Octets.h"
 
 namespace BxXmlLib5 {

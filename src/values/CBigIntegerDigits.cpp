@@ -5,7 +5,7 @@
 #include <iterator>
 #include <string_view>
 
-#include "BxXmlLib5/binding/CBxException.h"
+#include "BxXmlLib5/core/CBxException.h"
 #include "BxXmlLib5/values/CBigInteger.h"
 #include "platform/TextView.h"
 #include "values/Magnitude.h"

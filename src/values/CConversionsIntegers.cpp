@@ -1,7 +1,7 @@
 #include <utility>
 
-#include "BxXmlLib5/binding/CBxException.h"
-#include "BxXmlLib5/binding/FormatString.h"
+#include "BxXmlLib5/core/CBxException.h"
+#include "BxXmlLib5/core/FormatString.h"
 #include "BxXmlLib5/values/CConversions.h"
 #include "values/CleanText.h"
 #include "values/NumberText.h"

@@ -1,4 +1,4 @@
-#include "BxXmlLib5/binding/FormatString.h"
+#include "BxXmlLib5/core/FormatString.h"
 #include "BxXmlLib5/values/CBigInteger.h"
 #include "BxXmlLib5/values/CBinaryData.h"
 #include "BxXmlLib5/values/CConversions.h"

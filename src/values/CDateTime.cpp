@@ -2,8 +2,8 @@
 
 #include <concepts>
 
-#include "BxXmlLib5/binding/CBxException.h"
-#include "BxXmlLib5/binding/FormatString.h"
+#include "BxXmlLib5/core/CBxException.h"
+#include "BxXmlLib5/core/FormatString.h"
 #include "values/Calendar.h"
 #include "values/DateTimeFields.h"
 
@@ -248,7 +248,7 @@ std::uint8_t CDateTime::GetDayOfWeek() const {
 
 std::uint16_t CDateTime::GetDayOfYear() const {
     RequireUse(m_dtType, kYear | kMonth | kDay, u"Failed to GetDayOfYear. Invalid Date Type: %s.");
-    int dayOfYear = m_day;
+    std::int64_t dayOfYear = m_day;
     for (int month = 1; month < m_month && month <= 12; ++month) dayOfYear += DaysInMonth(m_year, month);
     return static_cast<std::uint16_t>(dayOfYear);
 }

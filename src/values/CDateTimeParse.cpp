@@ -1,9 +1,10 @@
-#include "BxXmlLib5/binding/CBxException.h"
-#include "BxXmlLib5/binding/FormatString.h"
+#include "BxXmlLib5/core/CBxException.h"
+#include "BxXmlLib5/core/FormatString.h"
 #include "BxXmlLib5/values/CDateTime.h"
 #include "platform/TextView.h"
 #include "values/DateTimeFields.h"
 #include "values/DigitText.h"
+#include "values/NumberText.h"
 
 namespace BxXmlLib5 {
 
@@ -33,7 +34,7 @@ bool ReadForm(std::u16string_view form, std::u16string_view text, DateTimeFields
             if (text[i++] != letter) return false;
             continue;
         }
-        int value = 0;
+        std::int64_t value = 0;
         for (; i < form.size() && form[i] == letter; ++i) {
             if (!IsDigit(text[i])) return false;
             value = value * 10 + (text[i] - u'0');
@@ -151,13 +152,13 @@ void CDateTime::SetXSDTime(std::u16string_view text) {
 
 void CDateTime::SetZone(std::u16string_view text) {
     if (text.starts_with(u'Z')) return SetUTC();
-    bool const isNegative = text.starts_with(u'-');
-    if (!isNegative && !text.starts_with(u'+')) return;
+    if (text.empty() || !IsSign(text[0])) return;
+    bool const isNegative = text[0] == u'-';
     DateTimeFields fields;
     if (text.size() != kZoneForm.size() + 1 || !ReadForm(kZoneForm, text.substr(1), fields)) {
         Throw(u"Invalid XSD Time Zone [%s]", text);
     }
-    int const hour = fields.hour == 24 ? 0 : fields.hour;
+    std::int64_t const hour = fields.hour == 24 ? 0 : fields.hour;
     SetTimeZone(static_cast<std::int16_t>(isNegative ? -hour : hour),
                 static_cast<std::uint8_t>(fields.minute));
 }

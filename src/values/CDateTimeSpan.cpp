@@ -4,10 +4,11 @@
 #include <optional>
 #include <span>
 
-#include "BxXmlLib5/binding/CBxException.h"
-#include "BxXmlLib5/binding/FormatString.h"
+#include "BxXmlLib5/core/CBxException.h"
+#include "BxXmlLib5/core/FormatString.h"
 #include "platform/TextView.h"
 #include "values/DigitText.h"
+#include "values/WideDate.h"
 
 namespace BxXmlLib5 {
 
@@ -86,9 +87,13 @@ constexpr Reference kReferences[] = {{1696, 9}, {1697, 2}, {1903, 3}, {1903, 7}}
 
 CDateTime::DTCompareResult CompareAt(Reference const& reference, CDateTimeSpan const& left,
                                      CDateTimeSpan const& right) {
-    CDateTime start(reference.year, reference.month, 1, 0, 0, 0);
-    start.SetUTC();
-    return (start + left).CompareTo(start + right);
+    auto const after = [&reference](CDateTimeSpan const& span) {
+        WideDate date{
+            CDateTime::dt_dateTime, {.year = reference.year, .month = reference.month, .day = 1}, true};
+        date.Add(span);
+        return date;
+    };
+    return Compare(after(left), after(right));
 }
 
 }  // namespace
@@ -210,15 +215,15 @@ void CDateTimeSpan::ReadFraction(std::u16string_view& rest, std::u16string_view 
 }
 
 CDateTime::DTCompareResult CDateTimeSpan::CompareTo(CDateTimeSpan const& other) const {
-    try {
-        CDateTime::DTCompareResult const first = CompareAt(kReferences[0], *this, other);
-        for (Reference const& reference : std::span(kReferences).subspan(1)) {
-            if (CompareAt(reference, *this, other) != first) return CDateTime::dtc_indeterminate;
-        }
-        return first;
-    } catch (CBxInvalidValueException const&) {
-        return CDateTime::dtc_indeterminate;
+    CDateTime::DTCompareResult const first = CompareAt(kReferences[0], *this, other);
+    for (Reference const& reference : std::span(kReferences).subspan(1)) {
+        if (CompareAt(reference, *this, other) != first) return CDateTime::dtc_indeterminate;
     }
+    return first;
+}
+
+std::partial_ordering CDateTimeSpan::Order(CDateTimeSpan const& other) const {
+    return AsOrdering(CompareTo(other));
 }
 
 bool CDateTimeSpan::operator==(CDateTimeSpan const& other) const {

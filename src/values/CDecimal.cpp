@@ -2,11 +2,13 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
+#include <iterator>
 #include <utility>
 
-#include "BxXmlLib5/binding/CBxException.h"
-#include "BxXmlLib5/binding/FormatString.h"
-#include "platform/Limits.h"
+#include "BxXmlLib5/core/CBxException.h"
+#include "BxXmlLib5/core/FormatString.h"
+#include "core/Limits.h"
 #include "platform/TextView.h"
 #include "values/DecimalText.h"
 #include "values/Magnitude.h"
@@ -19,18 +21,48 @@ namespace {
 /// Places behind the limit that a quotient keeps for its rounding.
 constexpr int kGuardPlaces = 2;
 
+/// The places of a double.
+constexpr int kDoublePlaces = 13;
+
+/// The most places of a number that is calculated with in 64 bits.
+constexpr int kShortPlaces = 18;
+
+constexpr std::uint64_t PowerOf10(int places) {
+    return Magnitude::kPowersOf10[static_cast<std::size_t>(places)];
+}
+
+/// The product of a double and 10 to the power of its places, rounded half to even as std::to_chars rounds.
+/// @param value at least 0
+/// @return nothing for a value whose product has more than 63 bits, and for infinity and not-a-number
+std::optional<std::int64_t> ScaledDouble(double value) {
+    __extension__ typedef unsigned __int128 Wide;
+    constexpr int kMantissaBits = 53;
+    if (!(value < 1 << 19)) return std::nullopt;
+    int exponent = 0;
+    double const mantissa = std::ldexp(std::frexp(value, &exponent), kMantissaBits);
+    int const shift = kMantissaBits - exponent;
+    if (shift > 100) return 0;  // far below half a unit
+    Wide const product = Wide{static_cast<std::uint64_t>(mantissa)} * PowerOf10(kDoublePlaces);
+    Wide const half = Wide{1} << (shift - 1);
+    Wide const rest = product % (2 * half);
+    auto const scaled = static_cast<std::int64_t>(product >> shift);
+    return rest > half || (rest == half && scaled % 2 != 0) ? scaled + 1 : scaled;
+}
+
 }  // namespace
 
-constinit int CDecimal::m_maxDivider = 30;
-
-CDecimal::CDecimal(int value) : m_integerPart(value) {}
-
-CDecimal::CDecimal(long value) : m_integerPart(value) {}
-
-CDecimal::CDecimal(long long value) : m_integerPart(value) {}
+constinit std::atomic<int> CDecimal::m_maxDivider = 30;
 
 CDecimal::CDecimal(double value) {
-    Parse(FormatString(u"%.13f\n", value));
+    if (auto const scaled = ScaledDouble(std::fabs(value)); scaled && PlacesLimit() >= kDoublePlaces) {
+        *this = FromShort(*scaled, kDoublePlaces);
+        if (std::signbit(value)) Negate();
+        return;
+    }
+    char digits[400];  // the greatest double has 309 before the point
+    char* const end =
+        std::to_chars(digits, std::end(digits), value, std::chars_format::fixed, kDoublePlaces).ptr;
+    Parse(Widen({digits, end}));
 }
 
 CDecimal::CDecimal(CBigInteger const& value) : m_integerPart(value) {}
@@ -49,20 +81,20 @@ CDecimal::CDecimal(CBigInteger integerPart, CBigInteger fractionPart, int divide
       m_fractionalDivider(divider) {}
 
 int CDecimal::GetMaxDecimalPlaces() {
-    return m_maxDivider;
+    return m_maxDivider.load(std::memory_order_relaxed);
 }
 
 void CDecimal::SetMaxDecimalPlaces(int places) {
-    m_maxDivider = places;
+    m_maxDivider.store(places, std::memory_order_relaxed);
 }
 
 int CDecimal::PlacesLimit() {
-    return std::clamp(m_maxDivider, 0, kMaxDecimalPlaces);
+    return std::clamp(m_maxDivider.load(std::memory_order_relaxed), 0, kMaxDecimalPlaces);
 }
 
 /// Reads the form that nearly all texts have: a sign, digits, and more of them behind a point.
 /// @return false if the text has another form or more places than the limit
-bool CDecimal::ParsePlain(std::u16string_view text) {
+bool CDecimal::ParsePlain(std::u16string_view text, int limit) {
     std::size_t at = 0;
     bool const isNegative = TakeSign(text, at);
     std::size_t const point = SkipDigits(text, at);
@@ -71,7 +103,7 @@ bool CDecimal::ParsePlain(std::u16string_view text) {
         if (text[point] != u'.' || SkipDigits(text, point + 1) < text.size()) return false;
         fraction = text.substr(point + 1);
         while (fraction.ends_with(u'0')) fraction.remove_suffix(1);
-        if (std::ssize(fraction) > PlacesLimit()) return false;
+        if (std::ssize(fraction) > limit) return false;
     }
     m_integerPart.m_sign = isNegative ? -1 : 1;
     m_integerPart.m_digits = Magnitude::FromText(text.substr(at, point - at));
@@ -83,15 +115,15 @@ bool CDecimal::ParsePlain(std::u16string_view text) {
 }
 
 void CDecimal::Parse(std::u16string_view text) {
-    if (ParsePlain(text)) return;
+    int const limit = PlacesLimit();
+    if (ParsePlain(text, limit)) return;
     DecimalText source = ScanDecimal(text);
     std::string& digits = source.m_digits;
     std::int64_t const exponent = source.m_exponent.value_or(0);
     bool const divides = source.m_exponent && source.m_exponentNegative;
     auto const point = static_cast<std::int64_t>(source.m_integerDigits) + (divides ? -exponent : exponent);
     if (divides) {
-        auto const kept =
-            std::clamp<std::int64_t>(point + PlacesLimit() + kGuardPlaces, 0, std::ssize(digits));
+        auto const kept = std::clamp<std::int64_t>(point + limit + kGuardPlaces, 0, std::ssize(digits));
         digits.resize(static_cast<std::size_t>(kept));
     }
     auto const integerDigits =
@@ -110,7 +142,7 @@ void CDecimal::Parse(std::u16string_view text) {
             FormatString(u"The exponent of the Decimal [%s] is too large", wstring(text).c_str()));
     Magnitude::ScaleUp(m_integerPart.m_digits, static_cast<std::size_t>(std::max<std::int64_t>(-places, 0)));
     m_fractionalDivider = static_cast<int>(std::max<std::int64_t>(places, 1));
-    Cap();
+    Cap(limit);
 }
 
 void CDecimal::Rationalise() {
@@ -146,10 +178,10 @@ void CDecimal::ChangeFractionalDivider(int divider) {
     }
 }
 
-void CDecimal::Cap() {
+void CDecimal::Cap(int limit) {
     Rationalise();
-    if (m_fractionalDivider <= PlacesLimit()) return;
-    ChangeFractionalDivider(PlacesLimit());
+    if (m_fractionalDivider <= limit) return;
+    ChangeFractionalDivider(limit);
     Rationalise();
 }
 
@@ -163,6 +195,31 @@ CDecimal CDecimal::FromScaled(CBigInteger const& scaled, std::size_t places) {
     result.m_fractionalDivider = static_cast<int>(places);
     result.Rationalise();
     return result;
+}
+
+CDecimal CDecimal::FromShort(std::int64_t scaled, int places) {
+    int const sign = scaled < 0 ? -1 : 1;
+    auto const bits = static_cast<std::uint64_t>(scaled);
+    std::uint64_t const magnitude = scaled < 0 ? 0 - bits : bits;
+    std::uint64_t const power = PowerOf10(places);
+    CBigInteger integer(sign, Magnitude::FromInteger(magnitude / power));
+    std::uint64_t fraction = magnitude % power;
+    if (fraction == 0) return {std::move(integer), CBigInteger(), 1};
+    for (; fraction % 10 == 0; fraction /= 10) --places;
+    return {std::move(integer), CBigInteger(sign, Magnitude::FromInteger(fraction)), places};
+}
+
+std::optional<std::int64_t> CDecimal::Short(int places) const {
+    constexpr std::size_t kMostLimbs = 2;
+    Magnitude::Limbs const &integer = m_integerPart.m_digits, &fraction = m_fractionPart.m_digits;
+    if (places > kShortPlaces || integer.size() > kMostLimbs || fraction.size() > kMostLimbs)
+        return std::nullopt;
+    std::uint64_t const rest = Magnitude::ToInteger(fraction) * PowerOf10(places - m_fractionalDivider);
+    std::int64_t scaled = 0;
+    if (__builtin_mul_overflow(Magnitude::ToInteger(integer), PowerOf10(places), &scaled) ||
+        __builtin_add_overflow(scaled, rest, &scaled))
+        return std::nullopt;
+    return m_integerPart.m_sign < 0 ? -scaled : scaled;
 }
 
 CBigInteger CDecimal::ScaledFraction(int places) const {
@@ -245,30 +302,46 @@ void CDecimal::Negate() {
     if (!m_fractionPart.IsZero()) m_fractionPart.Negate();
 }
 
-CDecimal CDecimal::operator+(CDecimal const& other) const {
+CDecimal CDecimal::Plus(CDecimal const& other, int otherSign) const {
     int const places = std::max(m_fractionalDivider, other.m_fractionalDivider);
-    return FromScaled(Scaled(places) + other.Scaled(places), static_cast<std::size_t>(places));
+    auto const a = Short(places), b = other.Short(places);
+    std::int64_t sum = 0;
+    if (a && b && !__builtin_add_overflow(*a, otherSign * *b, &sum)) return FromShort(sum, places);
+    CBigInteger addend = other.Scaled(places);
+    if (otherSign < 0) addend.Negate();
+    return FromScaled(Scaled(places) + addend, static_cast<std::size_t>(places));
+}
+
+CDecimal CDecimal::operator+(CDecimal const& other) const {
+    return Plus(other, 1);
 }
 
 CDecimal CDecimal::operator-(CDecimal const& other) const {
-    return *this + other.GetNegative();
+    return Plus(other, -1);
 }
 
 CDecimal CDecimal::operator*(CDecimal const& other) const {
-    CDecimal product = FromScaled(
-        Scaled(m_fractionalDivider) * other.Scaled(other.m_fractionalDivider),
-        static_cast<std::size_t>(m_fractionalDivider) + static_cast<std::size_t>(other.m_fractionalDivider));
-    product.Cap();
+    int const limit = PlacesLimit();
+    int const places = m_fractionalDivider + other.m_fractionalDivider;
+    if (places <= std::min(limit, kShortPlaces)) {
+        auto const a = Short(m_fractionalDivider), b = other.Short(other.m_fractionalDivider);
+        std::int64_t scaled = 0;
+        if (a && b && !__builtin_mul_overflow(*a, *b, &scaled)) return FromShort(scaled, places);
+    }
+    CDecimal product = FromScaled(Scaled(m_fractionalDivider) * other.Scaled(other.m_fractionalDivider),
+                                  static_cast<std::size_t>(places));
+    product.Cap(limit);
     return product;
 }
 
 CDecimal CDecimal::operator/(CDecimal const& other) const {
     int const places = std::max(m_fractionalDivider, other.m_fractionalDivider);
-    std::size_t const kept = static_cast<std::size_t>(PlacesLimit()) + kGuardPlaces;
+    int const limit = PlacesLimit();
+    std::size_t const kept = static_cast<std::size_t>(limit) + kGuardPlaces;
     CBigInteger dividend = Scaled(places);
     Magnitude::ScaleUp(dividend.m_digits, kept);
     CDecimal quotient = FromScaled(dividend / other.Scaled(places), kept);
-    quotient.Cap();
+    quotient.Cap(limit);
     return quotient;
 }
 

@@ -36,13 +36,13 @@ constexpr std::chrono::sys_days DayInCycle(std::int64_t dayNumber) {
 }
 
 /// @param month 1 to 12
-constexpr int DaysInMonth(std::int64_t year, int month) {
+constexpr std::int64_t DaysInMonth(std::int64_t year, std::int64_t month) {
     std::chrono::month const inYear(static_cast<unsigned>(month));
-    return static_cast<int>(unsigned{(YearInCycle(year) / inYear / std::chrono::last).day()});
+    return unsigned{(YearInCycle(year) / inYear / std::chrono::last).day()};
 }
 
 /// Days since 1970-01-01. A month or day outside its range counts on into the neighbours.
-constexpr std::int64_t DayNumber(std::int64_t year, int month, int day) {
+constexpr std::int64_t DayNumber(std::int64_t year, std::int64_t month, std::int64_t day) {
     auto const inCycle = YearInCycle(year) / std::chrono::January + std::chrono::months(month - 1);
     std::chrono::sys_days const first = inCycle / 1;
     return FloorDivide(year, kCycleYears).quotient * kCycleDays + first.time_since_epoch().count() + day - 1;
@@ -50,16 +50,15 @@ constexpr std::int64_t DayNumber(std::int64_t year, int month, int day) {
 
 struct CivilDay {
     std::int64_t year;
-    int month;
-    int day;
+    std::int64_t month;
+    std::int64_t day;
 };
 
 /// The inverse of DayNumber().
 constexpr CivilDay DayOf(std::int64_t dayNumber) {
     std::int64_t const cycles = FloorDivide(dayNumber, kCycleDays).quotient;
     std::chrono::year_month_day const day = DayInCycle(dayNumber);
-    return {cycles * kCycleYears + int{day.year()}, static_cast<int>(unsigned{day.month()}),
-            static_cast<int>(unsigned{day.day()})};
+    return {cycles * kCycleYears + int{day.year()}, unsigned{day.month()}, unsigned{day.day()}};
 }
 
 /// 0 for Sunday to 6 for Saturday.

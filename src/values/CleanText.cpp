@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
-#include "BxXmlLib5/binding/CBxException.h"
+#include "BxXmlLib5/core/CBxException.h"
 
 namespace BxXmlLib5 {
 

@@ -3,9 +3,10 @@
 #include <algorithm>
 #include <iterator>
 #include <limits>
+#include <utility>
 
-#include "BxXmlLib5/binding/CBxException.h"
-#include "BxXmlLib5/binding/FormatString.h"
+#include "BxXmlLib5/core/CBxException.h"
+#include "BxXmlLib5/core/FormatString.h"
 #include "values/Calendar.h"
 
 namespace BxXmlLib5 {
@@ -38,8 +39,8 @@ constexpr bool InOrder() {
 static_assert(InOrder(), "the type is the index");
 
 struct TimeField {
-    int DateTimeFields::*field;
-    int most;
+    DateTimeField field;
+    std::int64_t most;
     char16_t const* outOfRange;
     char16_t const* notInUse;
 };
@@ -58,11 +59,11 @@ constexpr TimeField kTimeFields[] = {
      u"Invalid Nano-Second [%d] for type %s"},
 };
 
-[[noreturn]] void Throw(char16_t const* message, int value, DateTimeType const& type) {
-    throw CBxInvalidValueException(FormatString(message, value, type.name));
+[[noreturn]] void Throw(char16_t const* message, std::int64_t value, DateTimeType const& type) {
+    throw CBxInvalidValueException(FormatString(message, static_cast<int>(value), type.name));
 }
 
-void ValidateYear(DateTimeType const& type, int year) {
+void ValidateYear(DateTimeType const& type, std::int64_t year) {
     if (!type.Uses(kYear)) {
         if (year != 0) Throw(u"Invalid Year [%d] for type %s", year, type);
     } else if (year < kLeastYear || year > kMostYear || year == 0) {
@@ -70,7 +71,7 @@ void ValidateYear(DateTimeType const& type, int year) {
     }
 }
 
-void ValidateMonth(DateTimeType const& type, int month) {
+void ValidateMonth(DateTimeType const& type, std::int64_t month) {
     if (!type.Uses(kMonth)) {
         if (month != 0) Throw(u"Invalid Month [%d] for type %s", month, type);
     } else if (month < 1 || month > 12) {
@@ -80,7 +81,7 @@ void ValidateMonth(DateTimeType const& type, int month) {
 
 /// After year and month, on which the most days depend.
 void ValidateDay(DateTimeType const& type, DateTimeFields const& fields) {
-    int const day = fields.day;
+    std::int64_t const day = fields.day;
     if (!type.Uses(kDay)) {
         if (day != 0) Throw(u"Invalid Day [%d] for type %s", day, type);
     } else if (!type.Uses(kMonth)) {
@@ -96,7 +97,7 @@ void ValidateDay(DateTimeType const& type, DateTimeFields const& fields) {
 void ValidateTime(DateTimeType const& type, DateTimeFields const& fields) {
     bool const inUse = type.Uses(kTime);
     for (TimeField const& row : kTimeFields) {
-        int const value = fields.*row.field;
+        std::int64_t const value = fields.*row.field;
         if (value < 0 || value > (inUse ? row.most : 0))
             Throw(inUse ? row.outOfRange : row.notInUse, value, type);
     }
@@ -128,10 +129,9 @@ void ThrowInvalidYear(std::int64_t year, int least, int most) {
         FormatString(u"Invalid Year [%d] (%d <= year <= %d && year != 0)", shown, least, most));
 }
 
-std::int16_t NarrowYear(std::int64_t year) {
-    using Limits = std::numeric_limits<std::int16_t>;
-    if (year < Limits::min() || year > Limits::max()) ThrowInvalidYear(year, kLeastYear, kMostYear);
-    return static_cast<std::int16_t>(year);
+DateTimeFields Narrow(DateTimeFields const& fields) {
+    if (!std::in_range<std::int16_t>(fields.year)) ThrowInvalidYear(fields.year, kLeastYear, kMostYear);
+    return fields;
 }
 
 }  // namespace BxXmlLib5

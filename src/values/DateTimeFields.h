@@ -9,18 +9,21 @@
 
 namespace BxXmlLib5 {
 
-/// The fields of a date, wide enough for numbers that are no valid ones.
+/// The fields of a date, wide enough for numbers that are no valid ones and for any year that a duration leads
+/// to.
 struct DateTimeFields {
-    int year = 0;
-    int month = 0;
-    int day = 0;
-    int hour = 0;
-    int minute = 0;
-    int second = 0;
-    int milli = 0;
-    int micro = 0;
-    int nano = 0;
+    std::int64_t year = 0;
+    std::int64_t month = 0;
+    std::int64_t day = 0;
+    std::int64_t hour = 0;
+    std::int64_t minute = 0;
+    std::int64_t second = 0;
+    std::int64_t milli = 0;
+    std::int64_t micro = 0;
+    std::int64_t nano = 0;
 };
+
+using DateTimeField = std::int64_t DateTimeFields::*;
 
 /// The fields that a type uses, to be combined. The time of day is used as a whole.
 using FieldSet = std::uint8_t;
@@ -46,7 +49,7 @@ bool IsKnown(CDateTime::DTType type);
 DateTimeType const& TypeOf(CDateTime::DTType type);
 
 /// The field of a letter of a form, null for a letter that stands for itself.
-constexpr int DateTimeFields::*FieldOf(char16_t letter) {
+constexpr DateTimeField FieldOf(char16_t letter) {
     switch (letter) {
         case u'Y':
             return &DateTimeFields::year;
@@ -78,7 +81,8 @@ void ValidateFields(CDateTime::DTType type, DateTimeFields const& fields);
 /// @throws CBxInvalidValueException always, with a year outside of 32 bits cut to them
 [[noreturn]] void ThrowInvalidYear(std::int64_t year, int least, int most);
 
-/// @throws CBxInvalidValueException for a year that does not fit
-std::int16_t NarrowYear(std::int64_t year);
+/// The same fields, with a year that an object can hold.
+/// @throws CBxInvalidValueException for a year that does not fit into 16 bits
+DateTimeFields Narrow(DateTimeFields const& fields);
 
 }  // namespace BxXmlLib5

@@ -6,8 +6,8 @@
 #include <memory>
 #include <new>
 
-#include "BxXmlLib5/binding/CBxException.h"
-#include "BxXmlLib5/binding/FormatString.h"
+#include "BxXmlLib5/core/CBxException.h"
+#include "BxXmlLib5/core/FormatString.h"
 
 namespace BxXmlLib5 {
 

@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <span>
 
-#include "BxXmlLib5/binding/Enumerations.h"
+#include "BxXmlLib5/core/Enumerations.h"
 
 namespace BxXmlLib5 {
 

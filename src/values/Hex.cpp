@@ -3,8 +3,8 @@
 #include <array>
 #include <utility>
 
-#include "BxXmlLib5/binding/CBxException.h"
-#include "BxXmlLib5/binding/FormatString.h"
+#include "BxXmlLib5/core/CBxException.h"
+#include "BxXmlLib5/core/FormatString.h"
 #include "values/MessageCharacter.h"
 
 namespace BxXmlLib5 {

@@ -3,12 +3,11 @@
 
 namespace BxXmlLib5 {
 
-/// The argument of a %c: the character, or "?" for a control character or half a surrogate pair, which cannot
-/// be printed.
+/// The argument of a %c: the character, or "?" for U+0000, which would end the message, and for half a
+/// surrogate pair, which has no UTF-8 form.
 constexpr int MessageCharacter(char16_t c) {
-    bool const isControl = c < 0x20 || (c >= 0x7F && c < 0xA0);
     bool const isSurrogate = c >= 0xD800 && c <= 0xDFFF;
-    return isControl || isSurrogate ? u'?' : c;
+    return c == 0 || isSurrogate ? u'?' : c;
 }
 
 }  // namespace BxXmlLib5

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "BxXmlLib5/binding/CBxException.h"
+#include "BxXmlLib5/core/CBxException.h"
 #include "platform/Utf.h"
 
 namespace BxXmlLib5 {

@@ -1,7 +1,7 @@
 #include "BxXmlLib5/binding/CXmlObjectBase.h"
 
-#include "BxXmlLib5/binding/CSmartPtr.h"
 #include "BxXmlLib5/binding/CXmlSerializationContext.h"
+#include "BxXmlLib5/core/CSmartPtr.h"
 #include "BxXmlLib5/document/CXmlDocument.h"
 #include "BxXmlLib5/writers/CXmlWriter.h"
 #include "support/Expect.h"

@@ -1,5 +1,7 @@
 #include "BxXmlLib5/collections/CElement.h"
 
+#include <algorithm>
+
 #include "collections/Objects.h"
 
 using namespace BxTest;
@@ -94,6 +96,23 @@ TEST(CElement, ACopySharesTheCollections) {
     CElement const& child = *parent.GetChildElements()->Item(0);
     parent = child;
     EXPECT_EQ(Compact(parent), "<child><d/></child>");
+}
+
+TEST(CElement, AConstantOneShowsWhatItHolds) {
+    CElement element(u"a");
+    CElement const& constant = element;
+    EXPECT_EQ(constant.GetAttributes()->GetCount() + constant.GetChildElements()->GetCount(), 0);
+    element.GetAttributes()->Add(u"k", u"1");
+    for (char16_t const* const name : {u"b", u"c"}) element.GetChildElements()->Add(name, u"");
+    wstring names;
+    for (CElement const* const child : *constant.GetChildElements()) names += child->GetName();
+    for (CAttribute const* const attribute : *constant.GetAttributes()) names += attribute->GetName();
+    EXPECT_EQ(names, u"bck");
+    CElementCol const& children = *constant.GetChildElements();
+    auto const isC = [](CElement const* child) { return child->GetName() == u"c"; };
+    EXPECT_EQ(std::find_if(children.begin(), children.end(), isC), std::ranges::find_if(children, isC));
+    EXPECT_EQ(std::ranges::count_if(children, isC), 1);
+    EXPECT_EQ(&children, element.GetChildElements());
 }
 
 TEST(CElement, ReadsTheRootOrItsFirstChild) {

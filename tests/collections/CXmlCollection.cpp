@@ -1,6 +1,8 @@
 #include "BxXmlLib5/collections/CXmlCollection.h"
 
+#include <algorithm>
 #include <map>
+#include <random>
 #include <sstream>
 
 #include "collections/Objects.h"
@@ -61,8 +63,10 @@ struct Collection : CXmlCollection {
         for (int i = 0; i < m_consumes; ++i) AppendItem(nullptr);
         return child;
     }
+    using CXmlCollection::AddAfterItem, CXmlCollection::AddBeforeItem, CXmlCollection::AddItemAt;
     using CXmlCollection::AppendItem, CXmlCollection::AttributesToXml_Int, CXmlCollection::FirstNode,
-        CXmlCollection::GetElementName, CXmlCollection::GetNodeAtIndex, CXmlCollection::GetNodeForItem;
+        CXmlCollection::GetElementName, CXmlCollection::GetNodeAtIndex, CXmlCollection::GetNodeForItem,
+        CXmlCollection::m_namespace;
 
     int m_consumes = 0;  // elements, each time that it reads
 };
@@ -151,6 +155,93 @@ TEST(CXmlCollection, ListenersComeAndGo) {
     };
     EXPECT_EQ(logOfChange(), "b");
     EXPECT_EQ(logOfChange(), std::string(100, 'a'));
+}
+
+TEST(CXmlCollection, ListenersAgainstAModel) {
+    struct Entry {
+        Object* m_listener;
+        bool m_isGone = false;
+    };
+    struct Walk {
+        std::size_t m_next, m_end;
+    };
+    std::mt19937 random(20);
+    for (int round = 0; round < 300; ++round) {
+        Object listeners[4];
+        Collection collection;
+        std::vector<Entry> model;  // all that were ever added
+        std::vector<Walk> walks;   // inside each other
+        auto const skipGone = [&] {
+            Walk& walk = walks.back();
+            while (walk.m_next < walk.m_end && model[walk.m_next].m_isGone) ++walk.m_next;
+        };
+        auto const change = [&] {
+            walks.push_back({0, model.size()});
+            collection.AppendItem(nullptr);
+            skipGone();
+            EXPECT_EQ(walks.back().m_next, walks.back().m_end);
+            walks.pop_back();
+        };
+        auto const comeOrGo = [&] {
+            Object* const listener = &listeners[random() % 4];
+            if (random() % 2 == 0) {
+                collection.AddEventListener(listener);
+                model.push_back({listener});
+            } else {
+                collection.RemoveEventListener(listener);
+                for (Entry& entry : model) entry.m_isGone |= entry.m_listener == listener;
+            }
+        };
+        for (Object& listener : listeners) {
+            listener.m_onEvent = [&](CXmlObjectBase* source) {
+                EXPECT_EQ(source, &collection);
+                skipGone();
+                ASSERT_LT(walks.back().m_next, walks.back().m_end);
+                EXPECT_EQ(model[walks.back().m_next++].m_listener, &listener);
+                if (random() % 2 == 0) comeOrGo();
+                if (walks.size() < 3 && random() % 4 == 0) change();
+            };
+        }
+        for (int i = 0; i < 8; ++i) comeOrGo();
+        for (int i = 0; i < 4; ++i) change();
+        for (Object& listener : listeners) collection.RemoveEventListener(&listener);
+    }
+}
+
+TEST(CXmlCollection, AListenerMayDropTheCollection) {
+    Object listener, second;
+    CSmartPtr<Collection> collection = new Collection("a");
+    int events = 0;
+    listener.m_onEvent = [&](auto*) { collection = nullptr; };
+    second.m_onEvent = [&](auto*) { ++events; };
+    // The one that drops it hears of the items that go with it, the second one of nothing but those.
+    collection->AddEventListener(&listener);
+    collection->AddEventListener(&second);
+    Collection* const dropped = collection;
+    dropped->AppendItem(nullptr);
+    EXPECT_EQ(events, 2);
+}
+
+TEST(CXmlCollection, ARefusedItemIsAsItWas) {
+    Collection collection("ab");
+    Object onTheStack('s'), absent('x');
+    EXPECT_NE(Thrown([&] { collection.AddAfterItem(&absent, &onTheStack); }), "nothing");
+    EXPECT_NE(Thrown([&] { collection.AddBeforeItem(&absent, &onTheStack); }), "nothing");
+    EXPECT_NE(Thrown([&] { collection.AddItemAt(3, &onTheStack); }), "nothing");
+    EXPECT_EQ(onTheStack.AddRef(), 1);
+}
+
+TEST(CXmlCollection, AnOverriddenCountMayBeWrong) {
+    struct Counting : Collection {
+        using Collection::Collection;
+        int GetCount() const override { return m_says; }
+        int m_says = 3;
+    } collection("ab");
+    EXPECT_EQ(Thrown([&] { collection.Remove(2); }),
+              "CBxInvalidParamException: Index 2 is out of range, use 0 - 1");
+    collection.m_says = 1;
+    EXPECT_EQ(Thrown([&] { collection.Remove(1); }),
+              "CBxInvalidParamException: Index 1 is out of range, use 0 - 0");
 }
 
 TEST(CXmlCollection, TellsItsListenersWhileItIsDestroyed) {
@@ -252,14 +343,37 @@ TEST(CXmlCollection, ChoiceReadsItOnce) {
     }
 }
 
+TEST(CXmlCollection, ItsNamespaceWorksAsAText) {
+    Collection collection;
+    CSharedText& ns = collection.m_namespace;
+    wstring const text = ns, assigned(ns);
+    EXPECT_EQ(text, u"urn:items");
+    EXPECT_TRUE(ns == text && ns == u"urn:items" && assigned == ns && ns != u"urn:item");
+    EXPECT_EQ((ns + u"/a") + (u"b:" + ns) + (ns + ns) + (text + ns) + ns.c_str(),
+              u"urn:items/ab:urn:itemsurn:itemsurn:itemsurn:itemsurn:itemsurn:items");
+    EXPECT_EQ(std::u16string_view(ns).size(), ns.size());
+    EXPECT_FALSE(ns.empty());
+    CSharedText const copy = ns;
+    ns = u"other";
+    EXPECT_EQ(collection.GetNamespace(), u"other");
+    EXPECT_EQ(copy, text);
+    ns = wstring();
+    EXPECT_TRUE(ns.empty() && ns == u"" && ns == CSharedText());
+}
+
 TEST(CBxIterator, WalksAndCompares) {
     using Iterator = CBxIterator<Object>;
+    static_assert(std::forward_iterator<Iterator> && std::forward_iterator<CBxIterator<Object const>>);
+    static_assert(std::ranges::forward_range<CElementCol> && std::ranges::forward_range<CAttributeCol const>);
+    static_assert(std::is_same_v<std::iter_value_t<CBxIterator<Object const>>, Object const*>);
     Collection collection("ab-a");
     std::string letters;
-    for (Iterator at(collection.FirstNode()); at != Iterator(nullptr); ++at)
-        letters += *at ? at->m_letter : '-';
+    for (Iterator at(collection.FirstNode()); at != Iterator(); at++) letters += *at ? at->m_letter : '-';
     EXPECT_EQ(letters, "ab-a");
     auto const at = [&](int index) { return Iterator(collection.GetNodeAtIndex(index)); };
     EXPECT_TRUE(at(0) == at(3) && at(0) != at(1) && at(2) != at(1));
     EXPECT_EQ(*CBxIterator<CElement>(collection.GetNodeAtIndex(0)), nullptr);
+    CBxIterator<Object const> const b =
+        std::find_if(at(0), Iterator(), [](Object const* object) { return object->m_letter == 'b'; });
+    EXPECT_EQ(b, at(1));
 }

@@ -2,6 +2,7 @@
 #include <iterator>
 
 #include "collections/Objects.h"
+#include "support/Stacks.h"
 
 using namespace BxTest;
 
@@ -95,4 +96,28 @@ TEST(Documents, NestedTooDeeply) {
     CElement onTheStack(u"e");
     for (int i = 0; i < 2; ++i) onTheStack.GetChildElements()->Add(Nest(300000));
     onTheStack.GetChildElements()->Remove(0);
+}
+
+TEST(Documents, SmallStacks) {
+    OnSmallStacks([] {
+        for (int const levels : {4, 1000, 100'000}) {
+            auto const expect = [levels](Work const& work) {
+                std::string const outcome = Thrown(work);
+                bool const passed = outcome == "nothing";
+                EXPECT_TRUE(levels == 1000 || passed == (levels == 4)) << outcome;
+            };
+            CSmartPtr<CElement> const tree = Nest(levels);
+            CElement reader(u"none");
+            Element copy(u"none");
+            expect([&] { Compact(*tree); });
+            expect([&] { tree->SetNamespaceRestrictions(u"##any", u""); });
+            if (levels > 1024) continue;
+            std::string text = "<e/>";
+            for (int i = 1; i < levels; ++i) text = "<e>" + text + "</e>";
+            expect([&] { Read(reader, text); });
+            CXmlDocument document;
+            document.LoadXml(text.c_str());
+            expect([&] { copy.CopyXmlElement(document.GetDocumentElement()); });
+        }
+    });
 }

@@ -114,6 +114,34 @@ TEST(UntypedCollections, AddingElements) {
     EXPECT_EQ(added->GetName(), u"f");
 }
 
+TEST(UntypedCollections, ARefusedItemIsAsItWas) {
+    CElement element(u"e");
+    CAttribute attribute(*CAttributeCol(u"", u"##any", u"").Add(u"k"));
+    CElementCol elements(u"", u"##any", u"", 0, -1);
+    CAttributeCol attributes(u"", u"##any", u"");
+    for (auto const& add : std::vector<std::function<void()>>{
+             [&] { elements.AddAfter(&element, &element); }, [&] { elements.AddBefore(&element, &element); },
+             [&] { attributes.AddAfter(&attribute, &attribute); },
+             [&] { attributes.AddBefore(&attribute, &attribute); }}) {
+        EXPECT_EQ(Thrown(add), kNotFound);
+    }
+    EXPECT_EQ(element.AddRef() + attribute.AddRef(), 2);
+}
+
+TEST(UntypedCollections, GiveBackWhatAListenerRemoved) {
+    CElementCol elements(u"u", u"##any", u"", 0, -1);
+    CAttributeCol attributes(u"", u"##any", u"");
+    Object clearing;
+    clearing.m_onEvent = [&](CXmlObjectBase* source) { static_cast<CXmlCollection*>(source)->Clear(); };
+    elements.AddEventListener(&clearing);
+    attributes.AddEventListener(&clearing);
+    EXPECT_EQ(elements.Add(u"a")->GetName() + elements.Add(new CElement(u"b"))->GetName(), u"ab");
+    EXPECT_EQ(attributes.Add(u"c")->GetName(), u"c");
+    EXPECT_EQ(elements.GetCount() + attributes.GetCount(), 0);
+    elements.RemoveEventListener(&clearing);
+    attributes.RemoveEventListener(&clearing);
+}
+
 TEST(UntypedCollections, ReadingElements) {
     CXmlDocument document;
     document.LoadXml("<r><b k='1'/><b>x</b><c/><b xmlns='uu'/></r>");

@@ -194,7 +194,7 @@ TEST(CFastInfosetReader, EncodedStrings) {
         {"30 88 07", "8C 22 0D", "00 11 22 33 44 55 66 77 88 99 AA BB CC DD EE FF",
          "00112233445566778899AABBCCDDEEFF"},
         {"30 91", "8C 25", "C3 A9", "é"},
-        {"30 20", "8C 08", "01", "Invalid value [?] for SHORT byte encoding."},
+        {"30 20", "8C 08", "01", "Invalid value [\x01] for SHORT byte encoding."},
         {"30 A0", "8C 28", "01", "! Invalid NonEmptyOctetEncryptedString."},
         {"3F F0", "8F FC", "01", "! Invalid NonEmptyOctetEncryptedString."},
     };

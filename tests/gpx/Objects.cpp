@@ -11,8 +11,11 @@ namespace {
 using namespace BxXmlLib5;
 using namespace Gpx;
 
+std::string const kStart =
+    "<gpx xmlns=\"http://www.topografix.com/GPX/1/1\" xmlns:gpx=\"http://www.topografix.com/GPX/1/1\"";
+
 std::string Written(CGpx const& gpx) {
-    return ToUtf8(gpx.ToXml(false, false, eol_LF, CGpx::WritingContext()));
+    return ToUtf8(gpx.ToXml(false, false, eol_LF, gpx.WritingContext()));
 }
 
 TEST(Objects, AreBuiltAndWritten) {
@@ -38,10 +41,11 @@ TEST(Objects, AreBuiltAndWritten) {
     gpx.SetExtensions(extensions);
     EXPECT_EQ(
         Written(gpx),
-        "<gpx xmlns=\"http://www.topografix.com/GPX/1/1\" version=\"1.1\" creator=\"test\"><metadata><author>"
-        "<name>Z</name></author><link href=\"h\"/></metadata><trk><trkseg><trkpt lat=\"0\" lon=\"0\">"
-        "<sat>5</sat></trkpt><trkpt lat=\"47.5\" lon=\"9\"><ele>100</ele><link href=\"p\"/><fix>3d</fix>"
-        "<dgpsid>3</dgpsid></trkpt></trkseg></trk><extensions><AA:e xmlns:AA=\"urn:e\"/></extensions></gpx>");
+        kStart +
+            " xmlns:ns1=\"urn:e\" version=\"1.1\" creator=\"test\"><metadata><author>"
+            "<name>Z</name></author><link href=\"h\"/></metadata><trk><trkseg><trkpt lat=\"0\" lon=\"0\">"
+            "<sat>5</sat></trkpt><trkpt lat=\"47.5\" lon=\"9\"><ele>100</ele><link href=\"p\"/><fix>3d</fix>"
+            "<dgpsid>3</dgpsid></trkpt></trkseg></trk><extensions><ns1:e/></extensions></gpx>");
 
     point->ClearElevation();
     point->ClearFix();
@@ -50,10 +54,9 @@ TEST(Objects, AreBuiltAndWritten) {
     gpx.SetMetadata(nullptr);
     gpx.SetExtensions(nullptr);
     segment->GetPoints()->Remove(0);
-    EXPECT_EQ(
-        Written(gpx),
-        "<gpx xmlns=\"http://www.topografix.com/GPX/1/1\" version=\"1.1\" creator=\"test\"><trk><trkseg>"
-        "<trkpt lat=\"47.5\" lon=\"9\"/></trkseg></trk></gpx>");
+    EXPECT_EQ(Written(gpx), kStart +
+                                " version=\"1.1\" creator=\"test\"><trk><trkseg>"
+                                "<trkpt lat=\"47.5\" lon=\"9\"/></trkseg></trk></gpx>");
     EXPECT_FALSE(point->HasElevation());
     EXPECT_EQ(point->GetElevation(), CDecimal());
 }
@@ -71,22 +74,24 @@ TEST(Objects, RefuseWhatDoesNotFit) {
     EXPECT_BX_THROW(CBounds().SetMaxLatitude(91), CBxException, "Invalid Value for maxlat [91]");
     CSmartPtr<CTrack> const track = gpx.GetTracks()->Add();
     EXPECT_BX_THROW(track->SetNumber(-1), CBxException, "Invalid Value for number [-1]");
+    // What is refused stays the caller's: these are on the stack.
+    CMetadata data(u"data");
     EXPECT_BX_THROW(
-        track->GetSegments()->Add()->GetPoints()->Add(new CWaypoint), CBxInvalidParamException,
+        track->GetSegments()->Add()->GetPoints()->Add(&point), CBxInvalidParamException,
         "This property requrires an element with the name trkpt the element being set has the element "
         "name wpt");
-    EXPECT_BX_THROW(gpx.SetMetadata(new CMetadata(u"data")), CBxInvalidParamException,
+    EXPECT_BX_THROW(gpx.SetMetadata(&data), CBxInvalidParamException,
                     "This property requrires an element with the name metadata the element being set has the "
                     "element name data");
     EXPECT_BX_THROW(gpx.GetWaypoints()->Add(nullptr), CBxInvalidParamException,
                     "The Property [wpt] is mandatory, it may node be NULL");
+    EXPECT_BX_THROW(gpx.GetWaypoints()->AddAt(1, &point), CBxInvalidParamException, "Index out of range");
     EXPECT_EQ(gpx.GetWaypoints()->GetCount(), 0);
     // A value that no setter gives is refused on writing.
     gpx.GetWaypoints()->Add()->SetFix(static_cast<Fix>(5));
     EXPECT_BX_THROW(Written(gpx), CBxInvalidValueException, "Invalid Value for fix [5]");
 }
 
-// The collection that points without links share must never reach two of them.
 TEST(Objects, KeepTheirLinksApart) {
     CXmlSerializationContext const context;
     CGpx gpx;

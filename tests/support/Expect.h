@@ -8,7 +8,7 @@
 #include <string>
 #include <typeinfo>
 
-#include "BxXmlLib5/binding/CBxException.h"
+#include "BxXmlLib5/core/CBxException.h"
 #include "BxXmlLib5/platform/Text.h"
 
 // UTF-16 in failure messages, as a text instead of a list of numbers.

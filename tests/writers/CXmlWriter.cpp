@@ -1,27 +1,37 @@
 #include "BxXmlLib5/writers/CXmlWriter.h"
 
-#include "support/Expect.h"
-#include "writers/CXmlWriterContext.h"
+#include <array>
 
+#include "core/Limits.h"
+#include "support/Expect.h"
+#include "support/StrictFastInfoset.h"
+#include "support/WriterScript.h"
+#include "writers/CFastInfosetWriter.h"
+#include "writers/CXmlTextWriter.h"
+
+using namespace BxTest;
 using namespace BxXmlLib5;
 using Map = std::map<wstring, wstring>;
 
 namespace {
 
-/// A writer that writes nothing.
-class Writer : public CXmlWriter {
+/// What all writers have in common.
+class Writer : public CElementWriter {
 public:
-    Writer() : CXmlWriter(u"Writer") {}
+    Writer() : CElementWriter(u"Writer") {}
     void WriteComment(wstring const&) override {}
     void WriteProcessingInstruction(wstring const&) override {}
     void WriteInLineSchema(wstring const&) override {}
-    void WriteStartElement(wstring const& name, wstring const& ns) override { Push(NewRecord(name, ns)); }
+    void WriteStartElement(wstring const& name, wstring const& ns) override {
+        Element& element = Start(name, ns);
+        element.m_prefix = Scopes().TakePrefix(ns).m_alias;
+    }
     void WriteText(wstring const&) override {}
-    void WriteEndElement() override { Pop(); }
+    void WriteEndElement() override { Context().End(); }
     void WriteAttribute(wstring const&, wstring const&, wstring const&) override {}
-    void WriteXsiType(wstring const&, wstring const&) override {}
-    using CXmlWriter::Current, CXmlWriter::GetUniquePrefix, CXmlWriter::NsIntToString;
-    using CXmlWriter::RootDefaultNamespace, CXmlWriter::RootNamespaces;
+    wstring DeclaredPrefix(wstring const&) override { return {}; }
+    using CXmlWriter::GetUniquePrefix, CXmlWriter::NsIntToString;
+    wstring InnermostPrefix() { return Context().Innermost().m_prefix; }
 };
 
 TEST(CXmlWriter, MakesPrefixesOfTwoLettersThenOfThree) {
@@ -42,24 +52,75 @@ TEST(CXmlWriter, MakesPrefixesOfTwoLettersThenOfThree) {
     }
 }
 
-TEST(CXmlWriter, CopiesTheNamespacesAndNoOpenElement) {
-    Writer source;
-    source.AddNamespace(u"p", u"P");
-    source.SetDefaultNamespace(u"D");
-    source.WriteStartElement(u"a", u"");
+TEST(CXmlWriter, TakesTheNamespacesOfAnotherAndNoOpenElement) {
+    Writer source, assigned;
+    Write(source, "+p=P *D <P|a");
+    Write(assigned, "+gone=P <P|a <P|b");
     Writer copy = source;
-    Writer assigned;
-    assigned.AddNamespace(u"gone", u"G");
     assigned = source;
+    assigned = *&assigned;
     for (Writer* writer : {&copy, &assigned}) {
-        EXPECT_EQ(writer->RootNamespaces(), (Map{{u"P", u"p"}}));
-        EXPECT_EQ(writer->RootDefaultNamespace(), u"D");
-        EXPECT_EQ(writer->Current(), nullptr);
-        writer->AddNamespace(u"q", u"Q");
-        writer->WriteStartElement(u"b", u"");
+        Write(*writer, ".");  // nothing is open
+        Write(*writer, "+q=Q <Q|b");
+        EXPECT_EQ(writer->InnermostPrefix(), u"q");
+        Write(*writer, "<P|c");
+        EXPECT_EQ(writer->InnermostPrefix(), u"p");
     }
-    EXPECT_EQ(source.RootNamespaces(), (Map{{u"P", u"p"}}));
-    EXPECT_EQ(source.Current()->m_name, u"a");
+    Write(source, "<Q|b");
+    EXPECT_EQ(source.InnermostPrefix(), u"AA");
+    Write(source, "> > .");
+}
+
+/// An assignment sees the base of a writer alone, whatever it is in the midst of.
+TEST(CXmlWriter, BeginsAnewWhenAssignedToWithAnElementOpen) {
+    CXmlTextWriter source, text;
+    text.SetFormatting(false);
+    CFastInfosetWriter infoset;
+    Write(source, "+p=P *D");
+    infoset.WriteStartDocument(fi_None);
+    for (CXmlWriter* writer : {static_cast<CXmlWriter*>(&text), static_cast<CXmlWriter*>(&infoset)}) {
+        Write(*writer, "+gone=P <P|a @k=v ^N|T");
+        *writer = source;
+        Write(*writer, "<P|b > .");
+    }
+    EXPECT_TRUE(text.GetString().ends_with(u"<p:b xmlns=\"D\" xmlns:p=\"P\"/>"));
+    EXPECT_EQ(CStrictFastInfoset::Read(infoset.GetBinaryData().GetOctets()), "<{P}b></>");
+}
+
+/// Expects a call to be refused and to change nothing.
+template <class AnyWriter>
+void ExpectRefused(std::array<std::string, 4> const& row, auto const& output) {
+    auto const& [before, refused, message, after] = row;
+    AnyWriter writer, expected;
+    Write(writer, before);
+    EXPECT_EQ(Thrown([&writer, &call = refused] { Write(writer, call); }), message)
+        << before << " " << refused;
+    Write(writer, after);
+    Write(expected, before + " " + after);
+    EXPECT_EQ(output(writer), output(expected)) << before << " " << refused;
+}
+
+TEST(CXmlWriter, RefusesACallAndKeepsItsState) {
+    std::string const late = "CBxException: Attributes must be added before elements";
+    std::string const open = "CBxException: An Element has not been closed.";
+    std::string const noElement = "CBxInvalidStateException: No element is open";
+    std::string const deep =
+        "CBxException: Elements are nested more than 1024 levels deep, which is the limit";
+    std::string starts, ends;
+    for (int i = 0; i < kMaxElementDepth; ++i) starts += "<b ", ends += " >";
+    std::array<std::string, 4> const rows[] = {{"<a 'x", "@N|k=v", late, "<N|b > > ."},
+                                               {"<a ?p", "@k=v", late, ">"},
+                                               {"<a <b >", "^N|T", late, ">"},
+                                               {"<a", ".", open, "@k= > ."},
+                                               {"", ">", noElement, "<a >"},
+                                               {"<a >", "@k=v", noElement, "."},
+                                               {"<a >", "'x", noElement, "."},
+                                               {"<a >", "^N|T", noElement, "."},
+                                               {starts, "<c", deep, "'x" + ends + " ."}};
+    for (auto const& row : rows) {
+        ExpectRefused<CXmlTextWriter>(row, [](auto& writer) { return writer.GetString(); });
+        ExpectRefused<CFastInfosetWriter>(row, [](auto& writer) { return writer.GetBinaryData(); });
+    }
 }
 
 }  // namespace

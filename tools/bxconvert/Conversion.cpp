@@ -5,8 +5,8 @@
 #include <stdexcept>
 #include <utility>
 
-#include "BxXmlLib5/binding/CBxException.h"
 #include "BxXmlLib5/binding/CXmlSerializationContext.h"
+#include "BxXmlLib5/core/CBxException.h"
 #include "CUntypedDocument.h"
 #include "Input.h"
 #include "Octets.h"

@@ -5,7 +5,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "BxXmlLib5/binding/Enumerations.h"
+#include "BxXmlLib5/core/Enumerations.h"
 
 namespace BxConvert {
 

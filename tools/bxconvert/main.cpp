@@ -7,7 +7,7 @@
 #include <string>
 #include <system_error>
 
-#include "BxXmlLib5/binding/CBxException.h"
+#include "BxXmlLib5/core/CBxException.h"
 #include "Conversion.h"
 #include "Octets.h"
 #include "OneLine.h"

@@ -9,6 +9,8 @@ class CXmlAttribute;
 
 namespace BxXmlLib5Data {
 
+using BxXmlLib5::CXmlAttribute;
+
 /// An entry of the table of attributes of a generated class: it writes one property, and reads it from an
 /// attribute of an element.
 ///
@@ -58,12 +60,6 @@ protected:
     static void TestNamespace(wstring const& namespaceUri, wstring const& allowed,
                               wstring const& targetNamespace);
 
-    /// Whether an optional attribute of this text is left out as its default.
-    bool IsLeftOut(CXmlSerializationContext const& context, wstring const& text) const;
-
-    /// @throws CBxValidationException if the attribute is required and was not found
-    void ValidateFound(bool found) const;
-
     wstring m_attributeName;
     wstring m_namespace;
     int m_propertyIndex;
@@ -104,7 +100,7 @@ protected:
 class BXXMLLIB5_API CAttributeInfoEnum : public CAttributeInfo {
 public:
     CAttributeInfoEnum(char16_t const* attributeName, char16_t const* attributeNamespace, int propertyIndex,
-                       bool optional, EnumToString enumToString, StringToEnum stringToEnum,
+                       bool optional, Detail::EnumToString enumToString, Detail::StringToEnum stringToEnum,
                        char16_t const* defaultValue);
 
 protected:
@@ -114,8 +110,8 @@ protected:
                           CXmlAttribute* attribute) override;
     void Validate(CXmlSerializationContext const& context, bool found) const override;
 
-    StringToEnum m_stringToEnum;
-    EnumToString m_enumToString;
+    Detail::StringToEnum m_stringToEnum;
+    Detail::EnumToString m_enumToString;
 };
 
 /// The anyAttribute wildcard of XML Schema: it takes every attribute that it is offered into a CAttributeCol,

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "BxXmlLib5/binding/CParentElementInfo.h"
-#include "BxXmlLib5/binding/CSmartPtr.h"
 #include "BxXmlLib5/collections/CPrimitiveRestrictions.h"
+#include "BxXmlLib5/core/CSmartPtr.h"
 #include "BxXmlLib5/platform/Export.h"
 #include "BxXmlLib5/platform/Text.h"
 #include "BxXmlLib5/values/CWhitespaceUtils.h"
@@ -11,14 +11,26 @@
 
 namespace BxXmlLib5 {
 struct BxVariant;
-class CXmlCollectionBase;
 class CXmlElement;
+class CXmlGeneratedClass;
 class CXmlObjectBase;
 class CXmlSerializationContext;
 class CXmlWriter;
 }  // namespace BxXmlLib5
 
 namespace BxXmlLib5Data {
+
+using BxXmlLib5::BxVariant;
+using BxXmlLib5::CPrimitiveRestrictions;
+using BxXmlLib5::CWhitespaceUtils;
+using BxXmlLib5::CXmlElement;
+using BxXmlLib5::CXmlGeneratedClass;
+using BxXmlLib5::CXmlObjectBase;
+using BxXmlLib5::CXmlSerializationContext;
+using BxXmlLib5::CXmlWriter;
+using BxXmlLib5::ItemType;
+
+namespace Detail {
 
 /// Creates an object of a class that generated code has numbered, for an element of this name. A null result
 /// means that the element is not the entry's.
@@ -32,6 +44,8 @@ using CreateFromElement = CSmartPtr<CXmlObjectBase> (*)(CXmlElement* element);
 /// null text says that the value is none of the enumeration.
 using StringToEnum = int (*)(char16_t const* text);
 using EnumToString = char16_t const* (*)(int value);
+
+}  // namespace Detail
 
 /// An entry of the table of elements of a generated class: it writes one property, and reads it from the
 /// children of an element.
@@ -141,55 +155,21 @@ protected:
         return ElementToXmlPrim(context, owner, writer);
     }
     bool ElementToXmlEnum(CXmlSerializationContext const& context, CXmlGeneratedClass const* owner,
-                          CXmlWriter* writer, EnumToString enumToString) const;
+                          CXmlWriter* writer, Detail::EnumToString enumToString) const;
     bool ElementToXmlEnumOpt(CXmlSerializationContext const& context, CXmlGeneratedClass const* owner,
-                             CXmlWriter* writer, EnumToString enumToString) const {
+                             CXmlWriter* writer, Detail::EnumToString enumToString) const {
         return ElementToXmlEnum(context, owner, writer, enumToString);
     }
-    void PseudoObjectAttributesToXml(CXmlSerializationContext const& context, CXmlGeneratedClass const* owner,
-                                     CXmlWriter* writer) const;
-    void PseudoItemsAttributesToXml(CXmlSerializationContext const& context, CXmlGeneratedClass const* owner,
-                                    CXmlWriter* writer) const;
     /// @}
 
-    /// @name Reading, one step for each kind
-    ///
-    /// The operations that read a child which the entry takes move on to its next sibling.
-    /// @{
-    void ReadPrim(CXmlGeneratedClass* owner, CXmlElement** child);
-    void ReadEnum(CXmlGeneratedClass* owner, CXmlElement** child, StringToEnum stringToEnum);
-    static void ReadTag(CXmlObjectBase* object, CXmlElement** child, CXmlSerializationContext const& context,
-                        bool allowEmptyChoice = false);
-
-    /// The untyped element or the collection of them reads the child if the entry admits its name.
-    /// @return the first child that was not consumed
-    CXmlElement* ReadUntyped(CXmlObjectBase* object, CXmlElement* element, CXmlElement* child,
-                             CXmlSerializationContext const& context) const;
-    CXmlElement* ReadUntypedRun(CXmlCollectionBase* collection, CXmlElement* element, CXmlElement* child,
-                                CXmlSerializationContext const& context) const;
-
-    /// What the property holds, as the owner's ResetContent() has put it there.
-    /// @throws CBxException if it holds nothing
-    CSmartPtr<CXmlObjectBase> ObjectInPlace(CXmlGeneratedClass const* owner) const;
-    CSmartPtr<CXmlCollectionBase> CollectionInPlace(CXmlGeneratedClass const* owner) const;
-
-    /// @throws CBxValidationException if a bound is broken that the context does not ignore
-    static void ValidateCount(CXmlCollectionBase const& collection, CXmlSerializationContext const& context);
-
-    void StoreObject(CXmlGeneratedClass* owner, CXmlObjectBase* object);
-    CSmartPtr<CXmlObjectBase> Create(CreateByClass createByClass, int classId) const;
-    CSmartPtr<CXmlObjectBase> CreateUntyped(wstring const& allowedNamespaces, char16_t const* namespaceUri,
-                                            wstring const& targetNamespace) const;
-    /// @}
-
-    /// @throws CBxException always
-    [[noreturn]] static void ThrowIsNeverValidated();
+    /// What the entries of the library share.
+    struct Steps;
 
     wstring m_elementName;
     wstring m_namespace;
     int m_propertyIndex;
     CPrimitiveRestrictions m_restrictions;
-    ItemType m_itemType = it_invalid;
+    ItemType m_itemType = BxXmlLib5::it_invalid;
     char16_t const* m_format = nullptr;
     CWhitespaceUtils::WhitespaceRule m_whitespaceRule = CWhitespaceUtils::ws_Preserve;
     bool m_isPrimitive = false;

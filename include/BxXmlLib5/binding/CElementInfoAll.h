@@ -11,13 +11,6 @@ namespace BxXmlLib5Data {
 class BXXMLLIB5_API CElementInfoAll : public CElementInfo {
 protected:
     using CElementInfo::CElementInfo;
-
-    /// @return false under a pseudo element
-    /// @throws CBxValidationException under an owner with a tag
-    bool Missing(bool isElement) const;
-
-    /// @throws CBxException always, for an element of an abstract class
-    [[noreturn]] static void ThrowCannotRead();
 };
 
 /// For entries that occur once at most; no entry of the library needs it.
@@ -26,8 +19,10 @@ public:
     CElementInfoAllNonCol(char16_t const* elementName, char16_t const* elementNamespace, int propertyIndex);
 };
 
+namespace Detail {
+
 /// What must have been found.
-class BXXMLLIB5_API CElementInfoAllRequired : public CElementInfoAll {
+class BXXMLLIB5_API AllRequired : public CElementInfoAll {
 protected:
     using CElementInfoAll::CElementInfoAll;
     bool Validate(CXmlSerializationContext const& context, CXmlGeneratedClass const* owner, bool found,
@@ -35,12 +30,27 @@ protected:
 };
 
 /// What need not have been found.
-class BXXMLLIB5_API CElementInfoAllOptional : public CElementInfoAll {
+class BXXMLLIB5_API AllOptional : public CElementInfoAll {
 protected:
     using CElementInfoAll::CElementInfoAll;
     bool Validate(CXmlSerializationContext const& context, CXmlGeneratedClass const* owner, bool found,
                   bool isElement) const override;
 };
+
+/// An object whose class the document picks. It can be written; reading it is not available.
+template <class Family>
+class BXXMLLIB5_API AllAbsClsEntry : public AbsClsEntry<Family> {
+public:
+    using AbsClsEntry<Family>::AbsClsEntry;
+
+protected:
+    /// @throws CBxException for every child
+    bool ElementFromXml(CXmlSerializationContext const& context, CXmlGeneratedClass* owner,
+                        CXmlElement* element, CXmlElement** child, char16_t const* namespaceUri,
+                        XmlElementType ownerType) override;
+};
+
+}  // namespace Detail
 
 /// A collection. It is asked about each child again, so its elements may stand apart; its count is tested at
 /// the end.
@@ -74,37 +84,37 @@ public:
     using CElementInfoAllCol::CElementInfoAllCol;
 };
 
-class BXXMLLIB5_API CElementInfoAllClsCol : public ClsColEntry<CElementInfoAllCol> {
+class BXXMLLIB5_API CElementInfoAllClsCol : public Detail::ClsColEntry<CElementInfoAllCol> {
 public:
     using ClsColEntry::ClsColEntry;
 };
 
-class BXXMLLIB5_API CElementInfoAllAbsClsCol : public ClsColEntry<CElementInfoAllCol> {
+class BXXMLLIB5_API CElementInfoAllAbsClsCol : public Detail::ClsColEntry<CElementInfoAllCol> {
 public:
     using ClsColEntry::ClsColEntry;
 };
 
-class BXXMLLIB5_API CElementInfoAllPrimMnd : public PrimEntry<CElementInfoAllRequired> {
+class BXXMLLIB5_API CElementInfoAllPrimMnd : public Detail::PrimEntry<Detail::AllRequired> {
 public:
     using PrimEntry::PrimEntry;
 };
 
-class BXXMLLIB5_API CElementInfoAllPrimOpt : public PrimEntry<CElementInfoAllOptional> {
+class BXXMLLIB5_API CElementInfoAllPrimOpt : public Detail::PrimEntry<Detail::AllOptional> {
 public:
     using PrimEntry::PrimEntry;
 };
 
-class BXXMLLIB5_API CElementInfoAllEnumMnd : public EnumEntry<CElementInfoAllRequired> {
+class BXXMLLIB5_API CElementInfoAllEnumMnd : public Detail::EnumEntry<Detail::AllRequired> {
 public:
     using EnumEntry::EnumEntry;
 };
 
-class BXXMLLIB5_API CElementInfoAllEnumOpt : public EnumEntry<CElementInfoAllOptional> {
+class BXXMLLIB5_API CElementInfoAllEnumOpt : public Detail::EnumEntry<Detail::AllOptional> {
 public:
     using EnumEntry::EnumEntry;
 };
 
-class BXXMLLIB5_API CElementInfoAllClsMnd : public ClsMndEntry<CElementInfoAll> {
+class BXXMLLIB5_API CElementInfoAllClsMnd : public Detail::ClsMndEntry<CElementInfoAll> {
 public:
     using ClsMndEntry::ClsMndEntry;
 
@@ -116,7 +126,7 @@ protected:
                   bool isElement) const override;
 };
 
-class BXXMLLIB5_API CElementInfoAllClsOpt : public ClsOptEntry<CElementInfoAllOptional> {
+class BXXMLLIB5_API CElementInfoAllClsOpt : public Detail::ClsOptEntry<Detail::AllOptional> {
 public:
     using ClsOptEntry::ClsOptEntry;
 
@@ -126,37 +136,23 @@ protected:
                         XmlElementType ownerType) override;
 };
 
-/// An object whose class the document picks. It can be written; reading it is not available.
-template <class Family>
-class AllAbsClsEntry : public AbsClsEntry<Family> {
-public:
-    using AbsClsEntry<Family>::AbsClsEntry;
-
-protected:
-    /// @throws CBxException for every child
-    bool ElementFromXml(CXmlSerializationContext const&, CXmlGeneratedClass*, CXmlElement*,
-                        CXmlElement** child, char16_t const*, XmlElementType) override {
-        if (*child != nullptr) this->ThrowCannotRead();
-        return false;
-    }
-};
-
-class BXXMLLIB5_API CElementInfoAllAbsClsMnd : public AllAbsClsEntry<CElementInfoAllRequired> {
+class BXXMLLIB5_API CElementInfoAllAbsClsMnd : public Detail::AllAbsClsEntry<Detail::AllRequired> {
 public:
     /// @param classId kept, not used
     CElementInfoAllAbsClsMnd(char16_t const* elementName, char16_t const* elementNamespace, int propertyIndex,
-                             XmlElementType elementType, CreateFromElement createFromElement, int classId);
+                             XmlElementType elementType, Detail::CreateFromElement createFromElement,
+                             int classId);
 
 protected:
     int m_classId;
 };
 
-class BXXMLLIB5_API CElementInfoAllAbsClsOpt : public AllAbsClsEntry<CElementInfoAllOptional> {
+class BXXMLLIB5_API CElementInfoAllAbsClsOpt : public Detail::AllAbsClsEntry<Detail::AllOptional> {
 public:
     using AllAbsClsEntry::AllAbsClsEntry;
 };
 
-class BXXMLLIB5_API CElementInfoAllUntpdMnd : public UntpdEntry<CElementInfoAllRequired> {
+class BXXMLLIB5_API CElementInfoAllUntpdMnd : public Detail::UntpdEntry<Detail::AllRequired> {
 public:
     using UntpdEntry::UntpdEntry;
 
@@ -166,7 +162,7 @@ protected:
                         XmlElementType ownerType) override;
 };
 
-class BXXMLLIB5_API CElementInfoAllUntpdOpt : public UntpdEntry<CElementInfoAllOptional> {
+class BXXMLLIB5_API CElementInfoAllUntpdOpt : public Detail::UntpdEntry<Detail::AllOptional> {
 public:
     using UntpdEntry::UntpdEntry;
 

@@ -29,12 +29,6 @@ protected:
     bool ElementFromXml(CXmlSerializationContext const& context, CXmlGeneratedClass* owner,
                         CXmlElement* element, CXmlElement** child, char16_t const* namespaceUri,
                         XmlElementType ownerType) override;
-
-    /// Takes note of what the collection has read.
-    /// @param next the first child that it did not consume
-    /// @return whether it consumed any
-    static bool Advance(CXmlCollectionBase const& collection, CXmlElement** child, CXmlElement* next,
-                        CXmlSerializationContext const& context);
 };
 
 class BXXMLLIB5_API CElementInfoChoicePrimCol : public CElementInfoChoiceCol {
@@ -47,12 +41,12 @@ public:
     using CElementInfoChoiceCol::CElementInfoChoiceCol;
 };
 
-class BXXMLLIB5_API CElementInfoChoiceClsCol : public ClsColEntry<CElementInfoChoiceCol> {
+class BXXMLLIB5_API CElementInfoChoiceClsCol : public Detail::ClsColEntry<CElementInfoChoiceCol> {
 public:
     using ClsColEntry::ClsColEntry;
 };
 
-class BXXMLLIB5_API CElementInfoChoiceAbsClsCol : public ClsColEntry<CElementInfoChoiceCol> {
+class BXXMLLIB5_API CElementInfoChoiceAbsClsCol : public Detail::ClsColEntry<CElementInfoChoiceCol> {
 public:
     using ClsColEntry::ClsColEntry;
 };
@@ -69,18 +63,18 @@ protected:
                         XmlElementType ownerType) override;
 };
 
-class BXXMLLIB5_API CElementInfoChoicePrimOpt : public PrimEntry<CElementInfoChoice> {
+class BXXMLLIB5_API CElementInfoChoicePrimOpt : public Detail::PrimEntry<CElementInfoChoice> {
 public:
     using PrimEntry::PrimEntry;
 };
 
-class BXXMLLIB5_API CElementInfoChoiceEnumOpt : public EnumEntry<CElementInfoChoice> {
+class BXXMLLIB5_API CElementInfoChoiceEnumOpt : public Detail::EnumEntry<CElementInfoChoice> {
 public:
     using EnumEntry::EnumEntry;
 };
 
 /// An object, which is stored before it is read: its owner has the member selected meanwhile.
-class BXXMLLIB5_API CElementInfoChoiceClsOpt : public ClsOptEntry<CElementInfoChoice> {
+class BXXMLLIB5_API CElementInfoChoiceClsOpt : public Detail::ClsOptEntry<CElementInfoChoice> {
 public:
     using ClsOptEntry::ClsOptEntry;
 
@@ -90,15 +84,10 @@ protected:
     bool ElementFromXml(CXmlSerializationContext const& context, CXmlGeneratedClass* owner,
                         CXmlElement* element, CXmlElement** child, char16_t const* namespaceUri,
                         XmlElementType ownerType) override;
-
-private:
-    bool TagFromXml(CXmlSerializationContext const& context, CXmlGeneratedClass* owner, CXmlElement** child);
-    bool PseudoFromXml(CXmlSerializationContext const& context, CXmlGeneratedClass* owner,
-                       CXmlElement* element, CXmlElement** child);
 };
 
 /// An object, which is stored before it is read.
-class BXXMLLIB5_API CElementInfoChoiceAbsClsOpt : public AbsClsEntry<CElementInfoChoice> {
+class BXXMLLIB5_API CElementInfoChoiceAbsClsOpt : public Detail::AbsClsEntry<CElementInfoChoice> {
 public:
     using AbsClsEntry::AbsClsEntry;
 
@@ -108,7 +97,7 @@ protected:
                         XmlElementType ownerType) override;
 };
 
-class BXXMLLIB5_API CElementInfoChoiceUntpdOpt : public UntpdEntry<CElementInfoChoice> {
+class BXXMLLIB5_API CElementInfoChoiceUntpdOpt : public Detail::UntpdEntry<CElementInfoChoice> {
 public:
     using UntpdEntry::UntpdEntry;
 

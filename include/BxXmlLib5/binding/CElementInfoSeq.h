@@ -15,18 +15,6 @@ protected:
     /// @throws CBxException always: the entries of a sequence raise while they read
     bool Validate(CXmlSerializationContext const& context, CXmlGeneratedClass const* owner, bool found,
                   bool isElement) const override;
-
-    /// Which owners may skip unknown elements.
-    enum class Skip { UnderElement, Always };
-
-    template <class Read>
-    bool ReadMandatory(CXmlSerializationContext const& context, CXmlElement** child, XmlElementType ownerType,
-                       Skip skip, Read read);
-
-    /// @return false under a pseudo element
-    /// @throws CBxValidationException under an owner with a tag
-    bool Missing(XmlElementType ownerType) const;
-    [[noreturn]] void ThrowMissing() const;
 };
 
 /// For entries that occur once at most; no entry of the library needs it.
@@ -58,12 +46,12 @@ public:
     using CElementInfoSeqCol::CElementInfoSeqCol;
 };
 
-class BXXMLLIB5_API CElementInfoSeqClsCol : public ClsColEntry<CElementInfoSeqCol> {
+class BXXMLLIB5_API CElementInfoSeqClsCol : public Detail::ClsColEntry<CElementInfoSeqCol> {
 public:
     using ClsColEntry::ClsColEntry;
 };
 
-class BXXMLLIB5_API CElementInfoSeqAbsClsCol : public ClsColEntry<CElementInfoSeqCol> {
+class BXXMLLIB5_API CElementInfoSeqAbsClsCol : public Detail::ClsColEntry<CElementInfoSeqCol> {
 public:
     using ClsColEntry::ClsColEntry;
 };
@@ -80,7 +68,7 @@ protected:
                         XmlElementType ownerType) override;
 };
 
-class BXXMLLIB5_API CElementInfoSeqPrimMnd : public PrimEntry<CElementInfoSeq> {
+class BXXMLLIB5_API CElementInfoSeqPrimMnd : public Detail::PrimEntry<CElementInfoSeq> {
 public:
     using PrimEntry::PrimEntry;
 
@@ -90,7 +78,7 @@ protected:
                         XmlElementType ownerType) override;
 };
 
-class BXXMLLIB5_API CElementInfoSeqPrimOpt : public PrimEntry<CElementInfoSeq> {
+class BXXMLLIB5_API CElementInfoSeqPrimOpt : public Detail::PrimEntry<CElementInfoSeq> {
 public:
     using PrimEntry::PrimEntry;
 
@@ -100,7 +88,7 @@ protected:
                         XmlElementType ownerType) override;
 };
 
-class BXXMLLIB5_API CElementInfoSeqEnumMnd : public EnumEntry<CElementInfoSeq> {
+class BXXMLLIB5_API CElementInfoSeqEnumMnd : public Detail::EnumEntry<CElementInfoSeq> {
 public:
     using EnumEntry::EnumEntry;
 
@@ -110,7 +98,7 @@ protected:
                         XmlElementType ownerType) override;
 };
 
-class BXXMLLIB5_API CElementInfoSeqEnumOpt : public EnumEntry<CElementInfoSeq> {
+class BXXMLLIB5_API CElementInfoSeqEnumOpt : public Detail::EnumEntry<CElementInfoSeq> {
 public:
     using EnumEntry::EnumEntry;
 
@@ -120,7 +108,7 @@ protected:
                         XmlElementType ownerType) override;
 };
 
-class BXXMLLIB5_API CElementInfoSeqClsMnd : public ClsMndEntry<CElementInfoSeq> {
+class BXXMLLIB5_API CElementInfoSeqClsMnd : public Detail::ClsMndEntry<CElementInfoSeq> {
 public:
     using ClsMndEntry::ClsMndEntry;
 
@@ -128,15 +116,9 @@ protected:
     bool ElementFromXml(CXmlSerializationContext const& context, CXmlGeneratedClass* owner,
                         CXmlElement* element, CXmlElement** child, char16_t const* namespaceUri,
                         XmlElementType ownerType) override;
-
-private:
-    bool TagFromXml(CXmlSerializationContext const& context, CXmlGeneratedClass* owner, CXmlElement** child,
-                    XmlElementType ownerType);
-    bool PseudoFromXml(CXmlSerializationContext const& context, CXmlGeneratedClass* owner,
-                       CXmlElement* element, CXmlElement** child, XmlElementType ownerType);
 };
 
-class BXXMLLIB5_API CElementInfoSeqClsOpt : public ClsOptEntry<CElementInfoSeq> {
+class BXXMLLIB5_API CElementInfoSeqClsOpt : public Detail::ClsOptEntry<CElementInfoSeq> {
 public:
     using ClsOptEntry::ClsOptEntry;
 
@@ -146,7 +128,7 @@ protected:
                         XmlElementType ownerType) override;
 };
 
-class BXXMLLIB5_API CElementInfoSeqAbsClsMnd : public AbsClsEntry<CElementInfoSeq> {
+class BXXMLLIB5_API CElementInfoSeqAbsClsMnd : public Detail::AbsClsEntry<CElementInfoSeq> {
 public:
     using AbsClsEntry::AbsClsEntry;
 
@@ -156,7 +138,7 @@ protected:
                         XmlElementType ownerType) override;
 };
 
-class BXXMLLIB5_API CElementInfoSeqAbsClsOpt : public AbsClsEntry<CElementInfoSeq> {
+class BXXMLLIB5_API CElementInfoSeqAbsClsOpt : public Detail::AbsClsEntry<CElementInfoSeq> {
 public:
     using AbsClsEntry::AbsClsEntry;
 
@@ -166,7 +148,7 @@ protected:
                         XmlElementType ownerType) override;
 };
 
-class BXXMLLIB5_API CElementInfoSeqUntpdMnd : public UntpdEntry<CElementInfoSeq> {
+class BXXMLLIB5_API CElementInfoSeqUntpdMnd : public Detail::UntpdEntry<CElementInfoSeq> {
 public:
     using UntpdEntry::UntpdEntry;
 
@@ -176,7 +158,7 @@ protected:
                         XmlElementType ownerType) override;
 };
 
-class BXXMLLIB5_API CElementInfoSeqUntpdOpt : public UntpdEntry<CElementInfoSeq> {
+class BXXMLLIB5_API CElementInfoSeqUntpdOpt : public Detail::UntpdEntry<CElementInfoSeq> {
 public:
     using UntpdEntry::UntpdEntry;
 

@@ -12,7 +12,7 @@ class CXmlGeneratedClass;
 
 namespace BxXmlLib5Data {
 
-using namespace BxXmlLib5;
+using BxXmlLib5::wstring;
 
 /// Whether a class has a tag. Generated code passes it as a number, so the values are fixed.
 enum XmlElementType : std::int32_t {

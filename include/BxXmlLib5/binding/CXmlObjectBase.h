@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "BxXmlLib5/binding/Enumerations.h"
+#include "BxXmlLib5/core/Enumerations.h"
 #include "BxXmlLib5/platform/Export.h"
 #include "BxXmlLib5/platform/Text.h"
 
@@ -229,8 +229,10 @@ private:
     void WriteDocument(CXmlTextWriter& writer, bool includeDeclaration, bool formatted, XmlEncoding encoding,
                        EOLType eol, CXmlSerializationContext const& context) const;
     void FromDocument(CXmlDocument const& document, CXmlSerializationContext const& context);
+    void Delete();
 
-    std::atomic<std::int32_t> m_refCount = 0;
+    std::atomic<std::intptr_t> m_refCount =
+        0;  // of an object that waits to be deleted, the next one that does
 };
 
 }  // namespace BxXmlLib5

@@ -4,14 +4,15 @@
 #include <vector>
 
 #include "BxXmlLib5/binding/CNamespaceAliasMap.h"
-#include "BxXmlLib5/binding/CSmartPtr.h"
-#include "BxXmlLib5/binding/Enumerations.h"
+#include "BxXmlLib5/core/CSmartPtr.h"
+#include "BxXmlLib5/core/Enumerations.h"
 #include "BxXmlLib5/platform/Export.h"
 #include "BxXmlLib5/platform/Text.h"
 
 namespace BxXmlLib5 {
 
 class CAttributeCol;
+class CXmlGeneratedClass;
 
 /// What a read tolerates and what the root carries on writing. A new context tolerates nothing and adds
 /// nothing.
@@ -27,8 +28,6 @@ public:
     ~CXmlSerializationContext();
 
     /// The one instance that callers without settings of their own pass. It can be changed, for all of them.
-    /// A program that writes from several threads with it calls GetAdditionalRootAttributes() on it once
-    /// beforehand.
     static CXmlSerializationContext& GetDefaultContext();
 
     /// Reading skips attributes that fit nowhere.
@@ -86,6 +85,8 @@ public:
     CSmartPtr<CAttributeCol> GetAdditionalRootAttributes() const;
 
 private:
+    friend class CXmlGeneratedClass;
+
     wstring m_defaultNamespaceUri;
     CNamespaceAliasMap m_namespaceAliases;
     mutable CSmartPtr<CAttributeCol> m_additionalRootAttributes;

@@ -3,9 +3,9 @@
 
 #include <string_view>
 
-#include "BxXmlLib5/binding/CInstanceMonitor.h"
-#include "BxXmlLib5/binding/CSharedText.h"
 #include "BxXmlLib5/binding/CXmlObjectBase.h"
+#include "BxXmlLib5/core/CInstanceMonitor.h"
+#include "BxXmlLib5/core/CSharedText.h"
 
 namespace BxXmlLib5 {
 
@@ -21,7 +21,7 @@ public:
     using CXmlObjectBase::GetBase;
     wstring GetNamespace() const override;
 
-    wstring GetName() const { return m_name; }
+    wstring GetName() const { return m_name.Get(); }
     void SetName(char16_t const* name);
     wstring GetValue() const { return m_value; }
     void SetValue(char16_t const* value);
@@ -42,10 +42,11 @@ protected:
 
 private:
     friend class CAttributeCol;
+    friend class CElement;
 
-    CAttribute(std::u16string_view name, std::u16string_view value, std::u16string_view ns);
+    CAttribute(CSharedText name, std::u16string_view value, CSharedText ns);
 
-    wstring m_name;
+    CSharedText m_name;
     wstring m_value;
     CSharedText m_namespace;
 };

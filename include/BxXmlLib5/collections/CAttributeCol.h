@@ -3,12 +3,20 @@
 
 #include <string_view>
 
-#include "BxXmlLib5/binding/CInstanceMonitor.h"
 #include "BxXmlLib5/collections/CAttribute.h"
 #include "BxXmlLib5/collections/CBxIterator.h"
 #include "BxXmlLib5/collections/CXmlCollection.h"
+#include "BxXmlLib5/core/CInstanceMonitor.h"
+
+namespace BxXmlLib5Data {
+class CAttributeInfoAny;
+}
 
 namespace BxXmlLib5 {
+
+class CSharedNames;
+class CXmlAttribute;
+struct CWildcard;
 
 /// Attributes under the namespace restriction of a schema wildcard. A null text is the empty text.
 class BXXMLLIB5_API CAttributeCol : public CXmlCollection, public CInstanceMonitor {
@@ -17,11 +25,11 @@ public:
     ///        of the restriction is a concrete namespace, that is taken.
     /// @param namespaceRestriction as for CXmlObjectBase::IsNamespaceValid
     CAttributeCol(char16_t const* ns, char16_t const* namespaceRestriction, char16_t const* targetNamespace);
-    CAttributeCol(CAttributeCol const&) = default;
+    CAttributeCol(CAttributeCol const& other);
     CAttributeCol& operator=(CAttributeCol const& other);
     ~CAttributeCol() override;
 
-    /// Appends a new attribute.
+    /// Appends a new attribute. What is refused changes nothing.
     /// @throws CBxInvalidNamespaceException if the restriction does not allow the namespace
     CSmartPtr<CAttribute> Add(char16_t const* name, char16_t const* value, char16_t const* ns);
     CSmartPtr<CAttribute> Add(char16_t const* name, char16_t const* value);
@@ -30,7 +38,7 @@ public:
     /// Appends an attribute; its namespace is not tested.
     CSmartPtr<CAttribute> Add(CAttribute* attribute);
 
-    /// Insert an attribute beside another, at the front and at the end if that is null; its namespace is not
+    /// Inserts an attribute beside another, at the front and at the end if that is null; its namespace is not
     /// tested.
     /// @throws CBxInvalidParamException if the other one is not in the collection
     void AddAfter(CAttribute const* after, CAttribute* attribute);
@@ -42,6 +50,8 @@ public:
 
     CBxIterator<CAttribute> begin() { return CBxIterator<CAttribute>(FirstNode()); }
     CBxIterator<CAttribute> end() { return CBxIterator<CAttribute>(nullptr); }
+    CBxIterator<CAttribute const> begin() const { return CBxIterator<CAttribute const>(FirstNode()); }
+    CBxIterator<CAttribute const> end() const { return CBxIterator<CAttribute const>(nullptr); }
 
 protected:
     wstring GetTargetNamespace() const override;
@@ -51,14 +61,22 @@ protected:
                              CXmlSerializationContext const& context, bool allowEmptyChoice) override;
 
 private:
+    friend class BxXmlLib5Data::CAttributeInfoAny;
+    friend class CContentReader;
     friend class CElement;
 
-    CAttributeCol(CSharedText ns, CSharedText namespaceRestriction, CSharedText targetNamespace);
+    explicit CAttributeCol(CSmartPtr<CWildcard const> wildcard);
 
-    CSmartPtr<CAttribute> AddNew(std::u16string_view name, std::u16string_view value, std::u16string_view ns);
+    /// Appends a copy of an attribute.
+    /// @throws CBxInvalidNamespaceException if the restriction does not allow its namespace
+    CSmartPtr<CAttribute> Add(CXmlAttribute const& attribute);
 
-    CSharedText m_namespaceRestriction;
-    CSharedText m_targetNamespace;
+    CSmartPtr<CAttribute> AddTested(std::u16string_view name, std::u16string_view value,
+                                    std::u16string_view ns);
+    CSmartPtr<CAttribute> AddNew(CSharedText name, std::u16string_view value, CSharedText ns);
+    void Read(CXmlElement const& element, CSharedNames& names);
+
+    CSmartPtr<CWildcard const> m_wildcard;
 };
 
 }  // namespace BxXmlLib5

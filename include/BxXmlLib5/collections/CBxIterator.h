@@ -1,15 +1,31 @@
 // The forward iterator of a collection of objects.
 #pragma once
 
+#include <cstddef>
+#include <iterator>
+#include <type_traits>
+
 #include "BxXmlLib5/collections/CNode.h"
 
 namespace BxXmlLib5 {
 
-/// Walks a CXmlCollection whose items are T. It is valid as long as its node is in the list.
+/// Walks a CXmlCollection whose items are T, which may be const. It is valid as long as its node is in the
+/// list.
 template <class T>
 class CBxIterator {
 public:
+    using iterator_category = std::forward_iterator_tag;
+    using value_type = T*;
+    using difference_type = std::ptrdiff_t;
+    using pointer = T*;
+    using reference = T*;
+
+    CBxIterator() = default;
     explicit CBxIterator(CNode* node) : m_node(node) {}
+
+    operator CBxIterator<T const>() const requires(!std::is_const_v<T>) {
+        return CBxIterator<T const>(m_node);
+    }
 
     /// Whether the positions differ. Two nodes that hold the same object count as one position.
     bool operator!=(CBxIterator const& other) const {
@@ -22,13 +38,18 @@ public:
         m_node = m_node->m_next;
         return *this;
     }
+    CBxIterator operator++(int) {
+        CBxIterator const before = *this;
+        ++*this;
+        return before;
+    }
 
     /// The item; null if the node holds none, or none of class T.
     T* operator*() const { return dynamic_cast<T*>(static_cast<CXmlObjectBase*>(m_node->m_item)); }
     T* operator->() const { return **this; }
 
 private:
-    CNode* m_node;
+    CNode* m_node = nullptr;
 };
 
 }  // namespace BxXmlLib5

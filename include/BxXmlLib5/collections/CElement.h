@@ -3,22 +3,25 @@
 
 #include <string_view>
 
-#include "BxXmlLib5/binding/CInstanceMonitor.h"
-#include "BxXmlLib5/binding/CSharedText.h"
-#include "BxXmlLib5/binding/CSmartPtr.h"
 #include "BxXmlLib5/binding/CXmlObjectBase.h"
+#include "BxXmlLib5/core/CInstanceMonitor.h"
+#include "BxXmlLib5/core/CMadeOnce.h"
+#include "BxXmlLib5/core/CSharedText.h"
+#include "BxXmlLib5/core/CSmartPtr.h"
 
 namespace BxXmlLib5 {
 
 class CAttributeCol;
 class CElementCol;
+struct CWildcard;
 
 /// One element that no generated class describes: name, namespace, text, attributes, children. It reads and
 /// writes any document; its text stands behind its children.
 ///
 /// The namespace restriction of a schema wildcard applies to the element alone: its attributes and children
-/// may be in any namespace. A copy shares the attributes and the children with its source. A null text is the
-/// empty text, except where a constructor refuses it.
+/// may be in any namespace. A copy shares the attributes and the children with its source, and several threads
+/// may copy one element that none of them changes. A null text is the empty text, except where a constructor
+/// refuses it.
 class BXXMLLIB5_API CElement : public CXmlObjectBase, public CInstanceMonitor {
 public:
     /// An element in no namespace.
@@ -49,7 +52,7 @@ public:
     using CXmlObjectBase::GetBase;
     wstring GetNamespace() const override;
 
-    wstring GetName() const { return m_name; }
+    wstring GetName() const { return m_name.Get(); }
     void SetName(char16_t const* name);
     wstring GetText() const { return m_text; }
     void SetText(char16_t const* text);
@@ -59,6 +62,11 @@ public:
     /// The collections themselves, never null.
     CSmartPtr<CAttributeCol> GetAttributes();
     CSmartPtr<CElementCol> GetChildElements();
+
+    /// The same for an element that is not to be changed. Where nobody has asked for the collection itself,
+    /// it is an empty one that such elements share.
+    CAttributeCol const* GetAttributes() const;
+    CElementCol const* GetChildElements() const;
 
     /// Tests the element, its attributes and all below against a restriction; stores nothing.
     /// @throws CBxInvalidNamespaceException at the first offence
@@ -95,24 +103,24 @@ protected:
     void FireOnChangeText(char16_t const* text);
 
 private:
+    friend class CContentReader;
     friend class CElementCol;
 
-    CElement(std::u16string_view name, CSharedText ns, CSharedText namespaceRestriction,
-             CSharedText targetNamespace);
+    CElement(CSharedText name, CSharedText ns, CSmartPtr<CWildcard const> wildcard);
 
     CAttributeCol& Attributes() const;
     CElementCol& ChildElements() const;
-    void ChangeNamespace(std::u16string_view ns);
-    void TestRestrictions(char16_t const* namespaceRestriction, char16_t const* targetNamespace,
+    static void ThrowIfNoName(char16_t const* name);
+    void ShareTexts(CElement const& sibling);
+    void TestRestrictions(std::u16string_view namespaceRestriction, std::u16string_view targetNamespace,
                           int depth) const;
 
-    wstring m_name;
+    CSharedText m_name;
     wstring m_text;
     CSharedText m_namespace;
-    CSharedText m_namespaceRestriction;
-    CSharedText m_targetNamespace;
-    mutable CSmartPtr<CAttributeCol> m_attributes;   // made when first asked for
-    mutable CSmartPtr<CElementCol> m_childElements;  // made when first asked for
+    CSmartPtr<CWildcard const> m_wildcard;
+    CMadeOnce<CAttributeCol> m_attributes;
+    CMadeOnce<CElementCol> m_childElements;
 };
 
 }  // namespace BxXmlLib5

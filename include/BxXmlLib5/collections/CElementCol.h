@@ -1,10 +1,12 @@
 // The elements of untyped content.
 #pragma once
 
-#include "BxXmlLib5/binding/CInstanceMonitor.h"
+#include <string_view>
+
 #include "BxXmlLib5/collections/CBxIterator.h"
 #include "BxXmlLib5/collections/CElement.h"
 #include "BxXmlLib5/collections/CXmlCollection.h"
+#include "BxXmlLib5/core/CInstanceMonitor.h"
 
 namespace BxXmlLib5Data {
 class CElementInfo;
@@ -22,7 +24,7 @@ public:
     /// @throws CBxInvalidNamespaceException if the restriction does not allow ns
     CElementCol(char16_t const* ns, char16_t const* namespaceRestriction, char16_t const* targetNamespace,
                 int minOccurs, int maxOccurs);
-    CElementCol(CElementCol const&) = default;
+    CElementCol(CElementCol const& other);
     CElementCol& operator=(CElementCol const& other);
     ~CElementCol() override;
 
@@ -36,7 +38,7 @@ public:
     /// Appends an element.
     CSmartPtr<CElement> Add(CElement* element);
 
-    /// Insert an element beside another, at the front and at the end if that is null.
+    /// Inserts an element beside another, at the front and at the end if that is null.
     /// @throws CBxInvalidParamException if the other one is not in the collection
     void AddAfter(CElement const* after, CElement* element);
     void AddBefore(CElement const* before, CElement* element);
@@ -47,6 +49,8 @@ public:
 
     CBxIterator<CElement> begin() { return CBxIterator<CElement>(FirstNode()); }
     CBxIterator<CElement> end() { return CBxIterator<CElement>(nullptr); }
+    CBxIterator<CElement const> begin() const { return CBxIterator<CElement const>(FirstNode()); }
+    CBxIterator<CElement const> end() const { return CBxIterator<CElement const>(nullptr); }
 
 protected:
     wstring GetTargetNamespace() const override;
@@ -65,17 +69,20 @@ protected:
 
 private:
     friend class BxXmlLib5Data::CElementInfo;
+    friend class CContentReader;
     friend class CElement;
 
-    CElementCol(CSharedText defaultNamespace, CSharedText targetNamespace, int minOccurs, int maxOccurs);
+    CElementCol(CSmartPtr<CWildcard const> wildcard, int minOccurs, int maxOccurs);
+
+    CSmartPtr<CElement> AddNew(std::u16string_view name, std::u16string_view ns);
+    void Append(CElement* element);
+    void TellTwice();
+    CElement const* LastElement() const;
 
     template <class Accepts>
-    CXmlElement* ReadWhile(Accepts accepts, CXmlElement* element, CXmlElement* firstChild,
-                           CXmlSerializationContext const& context);
+    CXmlElement* ReadWhile(Accepts accepts, CXmlElement* firstChild);
 
-    CSharedText m_namespaceRestriction;
-    CSharedText m_defaultNamespace;
-    CSharedText m_targetNamespace;
+    CSmartPtr<CWildcard const> m_wildcard;
 };
 
 }  // namespace BxXmlLib5

@@ -1,8 +1,8 @@
 // An entry of a collection of objects.
 #pragma once
 
-#include "BxXmlLib5/binding/CSmartPtr.h"
 #include "BxXmlLib5/binding/CXmlObjectBase.h"
+#include "BxXmlLib5/core/CSmartPtr.h"
 
 namespace BxXmlLib5 {
 

@@ -4,8 +4,8 @@
 #include <type_traits>
 #include <vector>
 
-#include "BxXmlLib5/binding/CInstanceMonitor.h"
 #include "BxXmlLib5/collections/CXmlTypeCollection.h"
+#include "BxXmlLib5/core/CInstanceMonitor.h"
 
 namespace BxXmlLib5 {
 

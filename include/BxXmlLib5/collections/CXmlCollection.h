@@ -12,12 +12,13 @@ namespace BxXmlLib5 {
 ///
 /// Insertions and removals tell the listeners once for each item, after the list has its new state; so does
 /// the destructor. At the ends they take constant time; positions are found by walking. Items die without
-/// recursion on the stack, however deep the tree below them is.
+/// recursion on the stack, however deep the tree below them is. What fails takes no reference and drops none:
+/// an item that was refused is as it was.
 ///
 /// A copy has a list of its own that shares the items; copying tells nobody.
 class BXXMLLIB5_API CXmlCollection : public CXmlCollectionBase {
 public:
-    CXmlCollection(CXmlCollection const& other);
+    CXmlCollection(CXmlCollection const&) = default;
     CXmlCollection& operator=(CXmlCollection const& other);
 
     int GetCount() const override;
@@ -64,17 +65,31 @@ protected:
     /// @throws CBxInvalidParamException if there is none
     CNode* GetNodeForItem(CXmlObjectBase const* item);
 
-    CNode* FirstNode() const { return m_head; }
+    CNode* FirstNode() const { return m_list.m_head; }
 
 private:
+    friend class CAttributeCol;
+    friend class CElementCol;
+
+    struct List {
+        List() = default;
+        List(List const& other);
+        List& operator=(List const&) = delete;
+        ~List();
+
+        /// @param next null for the end of the list
+        void LinkAhead(CNode* next, CXmlObjectBase* item);
+        void Swap(List& other) noexcept;
+
+        CNode* m_head = nullptr;
+        CNode* m_tail = nullptr;
+        int m_count = 0;
+    };
+
     void InsertAhead(CNode* next, CXmlObjectBase* item);
-    void CopyItems(CXmlCollection const& other);
-    void LinkAhead(CNode* next, CXmlObjectBase* item);
     CNode* NodeAt(int index) const;
 
-    CNode* m_head = nullptr;
-    CNode* m_tail = nullptr;
-    int m_count = 0;
+    List m_list;
 };
 
 }  // namespace BxXmlLib5

@@ -1,10 +1,9 @@
 // What all collections have in common: bounds, and listeners.
 #pragma once
 
-#include <vector>
-
-#include "BxXmlLib5/binding/CSharedText.h"
 #include "BxXmlLib5/binding/CXmlObjectBase.h"
+#include "BxXmlLib5/core/CSharedText.h"
+#include "BxXmlLib5/core/CSmartPtr.h"
 
 namespace BxXmlLib5 {
 
@@ -42,8 +41,8 @@ public:
     /// @throws CBxValidationException if a bound is broken
     virtual void ValidateCount(CXmlSerializationContext const& context) const;
 
-    CXmlCollectionBase(CXmlCollectionBase const&) = default;
-    CXmlCollectionBase& operator=(CXmlCollectionBase const&) = default;
+    CXmlCollectionBase(CXmlCollectionBase const& other);
+    CXmlCollectionBase& operator=(CXmlCollectionBase const& other);
 
     /// 0 for no minimum.
     int GetMinOccurs() const { return m_minOccurs; }
@@ -52,7 +51,8 @@ public:
 
     /// The listener hears of each change through OnEvent, once for each time it was added. It is not owned
     /// and must be removed before it dies. Listeners may come and go during OnEvent: one that is removed
-    /// hears no more, one that is added hears the next change.
+    /// hears no more, one that is added hears the next change. One may even drop the last reference on the
+    /// collection.
     void AddEventListener(CXmlObjectBase* listener);
     /// Removes every entry of the listener.
     void RemoveEventListener(CXmlObjectBase* listener);
@@ -67,7 +67,12 @@ protected:
     CSharedText m_namespace;
 
 private:
-    std::vector<CXmlObjectBase*> m_listeners;
+    friend class CXmlCollection;
+    struct Listeners;
+
+    bool IsListenedTo() const { return m_listeners; }
+
+    CSmartPtr<Listeners> m_listeners;  // null as long as there was none
     int m_minOccurs = 0;
     int m_maxOccurs = -1;
 };

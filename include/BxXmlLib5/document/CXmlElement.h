@@ -1,11 +1,11 @@
 // An element of the in-memory tree.
 #pragma once
 
+#include <memory>
 #include <string_view>
-#include <utility>
 #include <vector>
 
-#include "BxXmlLib5/binding/CInstanceMonitor.h"
+#include "BxXmlLib5/core/CInstanceMonitor.h"
 #include "BxXmlLib5/document/CXmlAttribute.h"
 #include "BxXmlLib5/platform/Export.h"
 #include "BxXmlLib5/platform/Text.h"
@@ -29,9 +29,9 @@ public:
 
     /// All character data directly inside the element, joined in document order, whitespace included, CR left
     /// out.
-    wstring const& GetText() const { return m_text.GetString(); }
+    wstring const& GetText() const;
     /// The text without making a string of it.
-    std::u16string_view GetTextView() const { return m_text.GetView(); }
+    std::u16string_view GetTextView() const { return m_text; }
 
     /// Null if there is none.
     CXmlElement* GetFirstElement() const { return m_firstChild; }
@@ -45,24 +45,20 @@ public:
     /// The value of the first attribute with these names, the empty text if there is none.
     wstring const& GetAttribute(wstring const& localName, wstring const& namespaceUri) const;
 
-protected:
-    /// @param name the document's, which outlives the element
-    CXmlElement(CXmlDocument const* document, CXmlName const& name);
-
-    void ReserveAttributes(std::size_t count) { m_attributes.reserve(count); }
-    void SetText(CXmlText text) { m_text = std::move(text); }
-    void AddAttribute(CXmlAttribute* attribute) { m_attributes.push_back(attribute); }
-
 private:
-    friend class CXmlDocument;
+    friend class CDocumentBuilder;
     template <class T>
     friend class CNodePool;
+
+    /// @param name the document's, which outlives the element
+    CXmlElement(CXmlDocument const* document, CXmlName const& name);
 
     CXmlDocument const* m_document;
     CXmlElement* m_nextSibling = nullptr;
     CXmlElement* m_firstChild = nullptr;
     std::vector<CXmlAttribute*> m_attributes;
-    CXmlText m_text;
+    std::u16string_view m_text;
+    mutable std::unique_ptr<wstring> m_textString;  // made when first asked for
     CXmlName const* m_name;
 };
 

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <string_view>
 
-#include "BxXmlLib5/binding/CSmartPtr.h"
+#include "BxXmlLib5/core/CSmartPtr.h"
 #include "BxXmlLib5/platform/Export.h"
 #include "BxXmlLib5/platform/Text.h"
 #include "BxXmlLib5/values/CWhitespaceUtils.h"
@@ -186,8 +186,6 @@ private:
 
     template <class T>
     void Own(ItemType type, T* Value::*member, T&& value);
-    template <class T>
-    void Refer(ItemType type, T* Value::*member, T* value);
 };
 
 }  // namespace BxXmlLib5

@@ -7,8 +7,8 @@
 #include <span>
 #include <string_view>
 
-#include "BxXmlLib5/binding/CSmartPtr.h"
-#include "BxXmlLib5/binding/Enumerations.h"
+#include "BxXmlLib5/core/CSmartPtr.h"
+#include "BxXmlLib5/core/Enumerations.h"
 #include "BxXmlLib5/platform/Export.h"
 #include "BxXmlLib5/platform/Text.h"
 
@@ -62,6 +62,9 @@ public:
     /// Takes over a buffer without copying it.
     CBinaryData(std::unique_ptr<unsigned char[]> data, std::size_t length);
 
+    /// As SetBuffer(octets).
+    explicit CBinaryData(std::span<unsigned char const> octets);
+
     /// As SetBuffer(text).
     CBinaryData(char16_t const* text);
 
@@ -78,6 +81,7 @@ public:
     /// Replaces the content by a copy of the octets, or of the text's 16-bit units in the byte order of the
     /// platform, without the terminator.
     void SetBuffer(unsigned char const* data, std::size_t length);
+    void SetBuffer(std::span<unsigned char const> octets);
     void SetBuffer(char16_t const* text);
 
     /// Adds octets at the end, of a text those that SetBuffer would take.
@@ -105,8 +109,8 @@ public:
     /// Two upper-case digits for each octet.
     wstring GetAsHexString() const;
     /// Replaces the content. Digits of both cases are accepted, and nothing else, whitespace included.
-    /// @throws CBxException for any other character, which is shown as "?" if it cannot be printed, and for
-    /// an odd number of digits, as if a unit of value 0 followed; the object stays as it is
+    /// @throws CBxException for any other character, where "?" stands for U+0000 and half a surrogate pair,
+    /// and for an odd number of digits, as if U+0000 followed; the object stays as it is
     void SetAsHexString(char16_t const* text);
     void SetAsHexString(std::u16string_view text);
 
@@ -127,7 +131,8 @@ public:
     /// Two objects without a holder are equal, one without and one with a holder are not.
     bool operator==(CBinaryData const& other) const;
 
-    /// @throws CBxException if there are not so many octets
+    /// @throws CBxException if there are not so many octets, with the low 32 bits of the index as a signed
+    /// number
     unsigned char const& operator[](std::size_t index) const;
     unsigned char& operator[](std::size_t index);
 

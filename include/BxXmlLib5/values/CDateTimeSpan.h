@@ -1,6 +1,8 @@
 // The duration of XML Schema.
 #pragma once
 
+#include <compare>
+#include <concepts>
 #include <cstdint>
 #include <string_view>
 
@@ -80,7 +82,7 @@ public:
     void ParseXSDDuration(std::u16string_view text);
 
     /// The partial order of XML Schema Part 2, 3.2.6.2: the results of adding both to each of four instants
-    /// must agree. dtc_indeterminate also if one of them leaves the years of 16 bits.
+    /// must agree.
     CDateTime::DTCompareResult CompareTo(CDateTimeSpan const& other) const;
 
     /// By CompareTo(). If that is indeterminate, only != is true.
@@ -88,9 +90,15 @@ public:
     bool operator!=(CDateTimeSpan const& other) const;
     bool operator<(CDateTimeSpan const& other) const;
     bool operator>(CDateTimeSpan const& other) const;
+    /// The same as a standard result, unordered for dtc_indeterminate.
+    template <std::same_as<CDateTimeSpan> T>
+    friend std::partial_ordering operator<=>(T const& left, T const& right) {
+        return left.Order(right);
+    }
 
 private:
     void Clear();
+    std::partial_ordering Order(CDateTimeSpan const& other) const;
     void ReadFraction(std::u16string_view& rest, std::u16string_view text);
 
     std::uint16_t m_years = 0;

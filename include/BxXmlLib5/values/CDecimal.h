@@ -1,8 +1,12 @@
 // Decimal numbers.
 #pragma once
 
+#include <atomic>
+#include <compare>
+#include <concepts>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string_view>
 #include <utility>
 
@@ -24,9 +28,13 @@ class BXXMLLIB5_API CDecimal {
 public:
     /// Zero.
     CDecimal() = default;
-    CDecimal(int value);
-    CDecimal(long value);
-    CDecimal(long long value);
+    /// Any integer of a native type.
+    CDecimal(int value) : m_integerPart(value) {}
+    CDecimal(long value) : m_integerPart(value) {}
+    CDecimal(long long value) : m_integerPart(value) {}
+    CDecimal(unsigned value) : m_integerPart(value) {}
+    CDecimal(unsigned long value) : m_integerPart(value) {}
+    CDecimal(unsigned long long value) : m_integerPart(value) {}
     /// The double to 13 decimal places.
     /// @throws CBxInvalidValueException for infinity and not-a-number
     CDecimal(double value);
@@ -60,7 +68,8 @@ public:
     }
 
     /// The limit of decimal places. It is not tested; below 0 it works like 0, for integers, and above
-    /// 5,000,000 like that. Changing it while other threads calculate has no defined effect on their results.
+    /// 5,000,000 like that. It may be changed while other threads calculate: each operation keeps to one
+    /// limit, that before or that after.
     static int GetMaxDecimalPlaces();
     static void SetMaxDecimalPlaces(int places);
 
@@ -113,6 +122,11 @@ public:
     bool operator>(CDecimal const& other) const;
     bool operator<=(CDecimal const& other) const;
     bool operator>=(CDecimal const& other) const;
+    /// The order of `<`, so that -0 comes before 0, although == takes them for equal. Converts neither operand.
+    template <std::same_as<CDecimal> T>
+    friend std::strong_ordering operator<=>(T const& a, T const& b) {
+        return a.Order(b) <=> 0;
+    }
 
 private:
     CDecimal(CBigInteger integerPart, CBigInteger fractionPart, int divider);
@@ -121,21 +135,26 @@ private:
     static CDecimal FromScaled(CBigInteger const& scaled, std::size_t places);
     /// The value times 10 to a power that leaves no fraction.
     CBigInteger Scaled(int places) const;
+    /// The same for numbers that are short enough, as nearly all are.
+    static CDecimal FromShort(std::int64_t scaled, int places);
+    std::optional<std::int64_t> Short(int places) const;
     CBigInteger ScaledFraction(int places) const;
 
-    /// The limit of decimal places that is in effect, whatever has been set.
+    /// The limit of decimal places that is in effect, whatever has been set. An operation reads it once.
     static int PlacesLimit();
 
     void Parse(std::u16string_view text);
-    bool ParsePlain(std::u16string_view text);
+    CDecimal Plus(CDecimal const& other, int otherSign) const;
+
+    bool ParsePlain(std::u16string_view text, int limit);
     void Rationalise();
     void ChangeFractionalDivider(int divider);
-    /// Rounds to the limit of decimal places.
-    void Cap();
+    /// Rounds to a limit of decimal places.
+    void Cap(int limit);
     /// -1, 0 or 1, as CBigInteger orders the integer parts and then the fractions.
     int Order(CDecimal const& other) const;
 
-    static int m_maxDivider;
+    static std::atomic<int> m_maxDivider;
 
     /// With the sign of the number, so it is -0 for a number between -1 and 0.
     CBigInteger m_integerPart;

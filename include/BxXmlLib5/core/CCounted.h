@@ -1,0 +1,27 @@
+// The count of references of an object that CSmartPtr holds.
+#pragma once
+
+#include <atomic>
+#include <cstdint>
+
+namespace BxXmlLib5 {
+
+/// The base of a class T whose objects delete themselves with their last reference. The count is atomic, and
+/// a copy starts with none.
+template <class T>
+class CCounted {
+public:
+    CCounted() = default;
+    CCounted(CCounted const&) {}
+    CCounted& operator=(CCounted const&) { return *this; }
+
+    void AddRef() const { m_refCount.fetch_add(1, std::memory_order_relaxed); }
+    void Release() const {
+        if (m_refCount.fetch_sub(1, std::memory_order_acq_rel) == 1) delete static_cast<T const*>(this);
+    }
+
+private:
+    mutable std::atomic<std::int32_t> m_refCount = 0;
+};
+
+}  // namespace BxXmlLib5

@@ -1,0 +1,45 @@
+// A counted object that is made when it is first asked for.
+#pragma once
+
+#include <atomic>
+
+#include "BxXmlLib5/core/CSmartPtr.h"
+
+namespace BxXmlLib5 {
+
+/// Holds one reference on an object, or none as long as nobody asked for it. Several threads may ask at once.
+template <class T>
+class CMadeOnce {
+public:
+    CMadeOnce() = default;
+    explicit CMadeOnce(T& object) { Set(&object); }
+    CMadeOnce(CMadeOnce const&) = delete;
+    CMadeOnce& operator=(CMadeOnce const&) = delete;
+    ~CMadeOnce() { Set(nullptr); }
+
+    /// Null if it was not made.
+    T* Get() const { return m_object.load(std::memory_order_acquire); }
+
+    /// @param make gives a new object
+    template <class Make>
+    T& GetOrMake(Make make) const {
+        if (T* const known = Get()) return *known;
+        CSmartPtr<T> const made = make();
+        made->AddRef();
+        T* known = nullptr;
+        if (m_object.compare_exchange_strong(known, made, std::memory_order_acq_rel)) return *made;
+        made->Release();
+        return *known;
+    }
+
+    /// Takes another object, or none.
+    void Set(T* object) {
+        if (object != nullptr) object->AddRef();
+        if (T* const old = m_object.exchange(object, std::memory_order_acq_rel)) old->Release();
+    }
+
+private:
+    mutable std::atomic<T*> m_object = nullptr;
+};
+
+}  // namespace BxXmlLib5

@@ -1,0 +1,85 @@
+// The entry points of CXmlObjectBase that write a document.
+
+#include "BxXmlLib5/binding/CXmlObjectBase.h"
+#include "BxXmlLib5/binding/CXmlSerializationContext.h"
+#include "BxXmlLib5/core/CBxException.h"
+#include "BxXmlLib5/values/CBinaryData.h"
+#include "values/ByteOrderMark.h"
+#include "writers/CFastInfosetWriter.h"
+#include "writers/CXmlTextWriter.h"
+
+namespace BxXmlLib5 {
+
+namespace {
+
+void ThrowIfNotForFiles(CompressionType compression) {
+    if (compression == cmp_ZLib)
+        throw CBxException(u"ZLIB Compression only available for To Stream methods.");
+}
+
+}  // namespace
+
+wstring CXmlObjectBase::ToXml(bool includeDeclaration, bool formatted, EOLType eol,
+                              CXmlSerializationContext const& context) const {
+    CXmlTextWriter writer;
+    WriteDocument(writer, includeDeclaration, formatted, enc_Unspecified, eol, context);
+    return writer.TakeString();
+}
+
+CBinaryData CXmlObjectBase::ToXmlStream(bool includeDeclaration, bool formatted, XmlEncoding encoding,
+                                        EOLType eol, CXmlSerializationContext const& context,
+                                        CompressionType compression) const {
+    CBinaryData data;
+    {
+        CXmlTextWriter writer;
+        WriteDocument(writer, includeDeclaration, formatted, encoding, eol, context);
+        data = writer.GetBinaryData(encoding);
+    }
+    return data.CompressData(compression);
+}
+
+void CXmlObjectBase::ToXmlFile(char16_t const* fileName, bool includeDeclaration, bool formatted,
+                               XmlEncoding encoding, EOLType eol, CXmlSerializationContext const& context,
+                               CompressionType compression) const {
+    ThrowIfNotForFiles(compression);
+    auto const mark = ByteOrderMark(encoding);
+    if (compression != cmp_GZip || mark.empty()) {
+        CBinaryData const data =
+            ToXmlStream(includeDeclaration, formatted, encoding, eol, context, compression);
+        return data.ToFile(fileName, encoding);
+    }
+    // The mark goes inside, so that the file is a gzip stream from its first octet.
+    CBinaryData data;
+    data.Append(mark);
+    data.Append(ToXmlStream(includeDeclaration, formatted, encoding, eol, context, cmp_None));
+    data.CompressData(compression).ToFile(fileName, enc_Unspecified);
+}
+
+void CXmlObjectBase::WriteDocument(CXmlTextWriter& writer, bool includeDeclaration, bool formatted,
+                                   XmlEncoding encoding, EOLType eol,
+                                   CXmlSerializationContext const& context) const {
+    writer.SetFormatting(formatted);
+    writer.SetEOLType(eol);
+    if (includeDeclaration) writer.WriteStartDocument(encoding);
+    ToXml_Int(&writer, true, GetTargetNamespace().c_str(), context, false);
+    if (includeDeclaration) writer.WriteEndDocument();
+}
+
+CBinaryData CXmlObjectBase::ToFastInfosetStream(FInfoDecl declaration,
+                                                CXmlSerializationContext const& context,
+                                                CompressionType compression) const {
+    CFastInfosetWriter writer;
+    writer.WriteStartDocument(declaration);
+    ToXml_Int(&writer, true, GetTargetNamespace().c_str(), context, false);
+    writer.WriteEndDocument();
+    return writer.TakeBinaryData().CompressData(compression);
+}
+
+void CXmlObjectBase::ToFastInfosetFile(char16_t const* fileName, FInfoDecl declaration,
+                                       CXmlSerializationContext const& context,
+                                       CompressionType compression) const {
+    ThrowIfNotForFiles(compression);
+    ToFastInfosetStream(declaration, context, compression).ToFile(fileName, enc_Unspecified);
+}
+
+}  // namespace BxXmlLib5

@@ -1,0 +1,246 @@
+#include "writers/CFastInfosetWriter.h"
+
+#include <algorithm>
+#include <span>
+
+#include "fastinfoset/WriteInteger.h"
+#include "values/Utf8Conversion.h"
+
+namespace BxXmlLib5 {
+
+using namespace FastInfoset;
+
+namespace {
+
+/// Shorter values and chunks, in units, get an index: short ones repeat often, long ones seldom.
+constexpr std::size_t kIndexedBelow = 6;
+static_assert(kIndexedBelow == ShortText::kMaxSize + 1);
+
+/// Appends octets that are known when the library is built.
+void AppendOctets(COctetBuffer& output, auto const& octets) {
+    std::transform(octets.begin(), octets.end(), output.Extend(octets.size()),
+                   [](auto octet) { return static_cast<unsigned char>(octet); });
+}
+
+}  // namespace
+
+CFastInfosetWriter::CFastInfosetWriter() : CElementWriter(u"CFastInfosetWriter") {
+    m_prefixes.Add(kBuiltInPrefix);
+    m_namespaceNames.Add(kBuiltInNamespace);
+}
+
+CFastInfosetWriter::~CFastInfosetWriter() = default;
+
+CBinaryData CFastInfosetWriter::GetBinaryData() const {
+    CBinaryData document;
+    if (m_output.Size() > 0) document.Append(m_output.Octets());
+    return document;
+}
+
+// C.2: documents.
+
+void CFastInfosetWriter::WriteStartDocument(FInfoDecl declaration) {
+    m_output.Truncate(0);
+    auto const index = static_cast<std::size_t>(declaration);
+    if (index < kDeclarations.size()) AppendOctets(m_output, kDeclarations[index]);
+    AppendOctets(m_output, kIdentification);
+    m_output.Append(kNoOptionalComponents);
+}
+
+void CFastInfosetWriter::WriteEndDocument() {
+    CXmlWriter::WriteEndDocument();
+    m_output.Append(m_pendingTerminator ? kTwoTerminators : kTerminator);
+    m_pendingTerminator = false;
+}
+
+void CFastInfosetWriter::WriteComment(wstring const&) {}
+
+void CFastInfosetWriter::WriteProcessingInstruction(wstring const&) {
+    CloseStartTag();
+}
+
+void CFastInfosetWriter::WriteInLineSchema(wstring const&) {}
+
+// C.3: elements. What comes first says whether attributes follow and what they need to have declared, so a
+// start tag waits until it closes.
+
+void CFastInfosetWriter::WriteStartElement(wstring const& name, wstring const& namespaceUri) {
+    Context().TestDepth();
+    CloseStartTag();
+    PadTerminator();
+    Start(name, namespaceUri);
+    m_hasElementPrefix = false;
+    m_attributeCount = 0;
+    m_declarations.clear();
+}
+
+void CFastInfosetWriter::WriteText(wstring const& text) {
+    if (text.empty() && !Context().IsOpen()) return;
+    Context().Innermost();
+    CloseStartTag();
+    PadTerminator();
+    if (!text.empty()) WriteChunk(text);
+}
+
+void CFastInfosetWriter::WriteEndElement() {
+    Context().Innermost();
+    CloseStartTag();
+    if (m_pendingTerminator) m_output.Append(kTwoTerminators);
+    m_pendingTerminator = !m_pendingTerminator;
+    Context().End();
+}
+
+/// Closes and writes the start tag of the innermost open element, if there is one.
+void CFastInfosetWriter::CloseStartTag() {
+    if (!Context().IsOpen() || !Context().Innermost().m_startTagOpen) return;
+    TakeElementPrefix();
+    Element& element = Context().Innermost();
+    element.m_startTagOpen = false;
+    unsigned const first = m_attributeCount > 0 ? kHasAttributes : 0U;
+    bool const declares = WriteNamespaceAttributes(first);
+    WriteName(m_elementNames, kLiteralElementName, declares ? 0U : first, kIndexOnThirdBit,
+              {element.m_prefix, element.m_namespace, element.m_name});
+    for (Attribute const& attribute : std::span(m_attributes).first(m_attributeCount)) {
+        WriteName(m_attributeNames, kLiteralAttributeName, 0, kIndexOnSecondBit,
+                  {attribute.m_prefix, attribute.m_namespace, attribute.m_name});
+        WriteValue(attribute.m_value);
+    }
+    if (m_attributeCount > 0) m_output.Append(kTerminator);
+}
+
+/// The open element takes its prefix before its attributes take theirs.
+void CFastInfosetWriter::TakeElementPrefix() {
+    if (m_hasElementPrefix) return;
+    m_hasElementPrefix = true;
+    Element& element = Context().Innermost();
+    if (!element.m_namespace.empty()) element.m_prefix = Scopes().TakePrefix(element.m_namespace).m_alias;
+}
+
+/// Writes the first octet and the namespace attributes, if there are any.
+bool CFastInfosetWriter::WriteNamespaceAttributes(unsigned first) {
+    if (!Context().IsRoot() && m_declarations.empty()) return false;
+    std::size_t const start = m_output.Size();
+    m_output.Append(first | kNamespaceAttributesFollow.m_octet);
+    if (Context().IsRoot()) {
+        ForEachRootDeclaration([this](auto const& alias, auto const& namespaceUri) {
+            m_output.Append(kNamespaceAttribute.m_octet | (alias.empty() ? 0U : kHasPrefix) | kHasNamespace);
+            if (!alias.empty()) WriteLiteral(m_prefixes, alias);
+            WriteLiteral(m_namespaceNames, namespaceUri);
+        });
+    }
+    for (auto const& [alias, namespaceUri] : m_declarations) {
+        m_output.Append(kNamespaceAttribute.m_octet | kHasPrefix | kHasNamespace);
+        WriteIdentifyingString(m_prefixes, alias);
+        WriteIdentifyingString(m_namespaceNames, namespaceUri);
+    }
+    bool const any = m_output.Size() > start + 1;
+    if (any) {
+        m_output.Append(kTerminator);
+    } else {
+        m_output.Truncate(start);
+    }
+    return any;
+}
+
+/// Writes a terminator that waits, since none follows it.
+void CFastInfosetWriter::PadTerminator() {
+    if (m_pendingTerminator) m_output.Append(kTerminator);
+    m_pendingTerminator = false;
+}
+
+// C.4: attributes. The default namespace plays no part in the prefixes of names.
+
+void CFastInfosetWriter::WriteAttribute(wstring const& name, wstring const& namespaceUri,
+                                        wstring const& value) {
+    Context().OpenForAttributes();
+    TakeElementPrefix();
+    if (m_attributeCount == m_attributes.size()) m_attributes.emplace_back();
+    Attribute& attribute = m_attributes[m_attributeCount];
+    attribute.m_prefix.clear();
+    if (!namespaceUri.empty()) attribute.m_prefix = Scopes().TakePrefix(namespaceUri).m_alias;
+    attribute.m_namespace = namespaceUri;
+    attribute.m_name = name;
+    attribute.m_value = value;
+    ++m_attributeCount;
+}
+
+wstring CFastInfosetWriter::DeclaredPrefix(wstring const& namespaceUri) {
+    TakeElementPrefix();
+    bool const isNew = Scopes().Declare(namespaceUri);
+    wstring const alias = Scopes().TakePrefix(namespaceUri).m_alias;
+    if (isNew) m_declarations.emplace_back(alias, namespaceUri);
+    return alias;
+}
+
+// C.17, C.18: names. The indices of its parts tell a name, so what has a part that is new is new as well.
+
+template <class IndexForms>
+void CFastInfosetWriter::WriteName(CNameIndex& names, OctetPattern const& literal, unsigned first,
+                                   IndexForms const& indexForms, Name const& parts) {
+    auto const& [prefix, namespaceUri, localName] = parts;
+    bool const hasPrefix = !prefix.empty();
+    bool const hasNamespace = !namespaceUri.empty();
+    NameSurrogate name;
+    if (hasPrefix) name.m_prefix = m_prefixes.Find(prefix);
+    if (hasNamespace) name.m_namespace = m_namespaceNames.Find(namespaceUri);
+    name.m_localName = m_localNames.Find(localName);
+    if (std::uint32_t const index = names.Find(name)) return WriteInteger(m_output, first, indexForms, index);
+    m_output.Append(first | literal.m_octet | (hasPrefix ? kHasPrefix : 0U) |
+                    (hasNamespace ? kHasNamespace : 0U));
+    if (hasPrefix) name.m_prefix = WriteIdentifyingString(m_prefixes, prefix);
+    if (hasNamespace) name.m_namespace = WriteIdentifyingString(m_namespaceNames, namespaceUri);
+    name.m_localName = WriteIdentifyingString(m_localNames, localName);
+    if (name.IsComplete()) names.Add(name);
+}
+
+// C.13 to C.15, C.19, C.20, C.22: strings.
+
+std::uint32_t CFastInfosetWriter::WriteIdentifyingString(CTextIndex& table, std::u16string_view text) {
+    std::uint32_t const index = table.Find(text);
+    if (index == 0) return WriteLiteral(table, text);
+    WriteInteger(m_output, kIndexOnFirstBit, kIndexOnSecondBit, index);
+    return index;
+}
+
+std::uint32_t CFastInfosetWriter::WriteLiteral(CTextIndex& table, std::u16string_view text) {
+    if (text.empty()) {
+        m_output.Append(kEmptyString);
+    } else {
+        WriteUtf8String(0, kLengthOnSecondBit, text, CheckedUtf8Size(text));
+    }
+    return table.Add(text);
+}
+
+void CFastInfosetWriter::WriteValue(std::u16string_view value) {
+    bool const isIndexed = value.size() < kIndexedBelow;
+    if (std::uint32_t const index = isIndexed ? m_attributeValues.Find(ShortText(value)) : 0) {
+        return WriteInteger(m_output, kIndexOnFirstBit, kIndexOnSecondBit, index);
+    }
+    std::size_t const size = Utf8Size(value);
+    if (size == 0) return m_output.Append(kEmptyString);
+    bool const isAdded = isIndexed && m_attributeValues.Add(ShortText(value)) != 0;
+    WriteUtf8String(isAdded ? kAddToTableOnFirstBit : 0U, kLengthOnFifthBit, value, size);
+}
+
+void CFastInfosetWriter::WriteChunk(std::u16string_view text) {
+    bool const isIndexed = text.size() < kIndexedBelow;
+    if (std::uint32_t const index = isIndexed ? m_characterChunks.Find(ShortText(text)) : 0) {
+        return WriteInteger(m_output, kCharacterChunk.m_octet | kIndexOnThirdBitFollows, kIndexOnFourthBit,
+                            index);
+    }
+    std::size_t const size = CheckedUtf8Size(text);
+    bool const isAdded = isIndexed && m_characterChunks.Add(ShortText(text)) != 0;
+    WriteUtf8String(kCharacterChunk.m_octet | (isAdded ? kAddToTableOnThirdBit : 0U), kLengthOnSeventhBit,
+                    text, size);
+}
+
+/// The bits that tell the encoding of a string are 0 for UTF-8.
+template <class LengthForms>
+void CFastInfosetWriter::WriteUtf8String(unsigned first, LengthForms const& lengthForms,
+                                         std::u16string_view text, std::size_t size) {
+    static_assert(se_Utf8 == 0);
+    WriteInteger(m_output, first, lengthForms, size);
+    WriteUtf8(text, {m_output.Extend(size), size});
+}
+
+}  // namespace BxXmlLib5

@@ -1,0 +1,102 @@
+// The writer of Fast Infoset.
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "BxXmlLib5/core/Enumerations.h"
+#include "BxXmlLib5/values/CBinaryData.h"
+#include "fastinfoset/COctetBuffer.h"
+#include "fastinfoset/CVocabularyIndex.h"
+#include "fastinfoset/Format.h"
+#include "writers/CElementWriter.h"
+
+namespace BxXmlLib5 {
+
+/// Writes one document of ITU-T X.891: elements, attributes and text, all strings in UTF-8. Comments and the
+/// in-line schema are left out, an instruction too, but it closes a start tag that is open. So does any text,
+/// even the empty one.
+///
+/// Namespace attributes declare what the root declares; elsewhere a prefix stands in names alone. The one that
+/// WriteXsiType() puts into a value is declared too, on its element.
+///
+/// A name, alias or namespace with an unpaired surrogate, which has no UTF-8 form, throws
+/// CBxInvalidValueException, and so does text; an attribute value with one is written as the empty value.
+/// After a throw for what was half written the document is of no use.
+class CFastInfosetWriter : public CElementWriter {
+public:
+    CFastInfosetWriter();
+    ~CFastInfosetWriter() override;
+
+    /// Begins the document; one that was written before is dropped.
+    /// @param declaration the XML declaration ahead of it, none for a value outside the enumeration
+    void WriteStartDocument(FInfoDecl declaration);
+
+    /// The document so far, up to the last start tag that is closed.
+    CBinaryData GetBinaryData() const;
+
+    /// The document so far, which is gone from the writer.
+    CBinaryData TakeBinaryData() { return m_output.Take(); }
+
+    void WriteEndDocument() override;
+    void WriteComment(wstring const& text) override;
+    void WriteProcessingInstruction(wstring const& text) override;
+    void WriteInLineSchema(wstring const& text) override;
+    void WriteStartElement(wstring const& name, wstring const& namespaceUri) override;
+    void WriteText(wstring const& text) override;
+    void WriteEndElement() override;
+    void WriteAttribute(wstring const& name, wstring const& namespaceUri, wstring const& value) override;
+
+private:
+    struct Attribute {
+        wstring m_prefix;
+        wstring m_namespace;
+        wstring m_name;
+        wstring m_value;
+    };
+
+    /// The parts of a name; the first two may be empty.
+    struct Name {
+        std::u16string_view m_prefix;
+        std::u16string_view m_namespace;
+        std::u16string_view m_localName;
+    };
+
+    wstring DeclaredPrefix(wstring const& namespaceUri) override;
+    void CloseStartTag();
+    void TakeElementPrefix();
+    bool WriteNamespaceAttributes(unsigned first);
+    void PadTerminator();
+
+    template <class IndexForms>
+    void WriteName(FastInfoset::CNameIndex& names, FastInfoset::OctetPattern const& literal, unsigned first,
+                   IndexForms const& indexForms, Name const& parts);
+    std::uint32_t WriteIdentifyingString(FastInfoset::CTextIndex& table, std::u16string_view text);
+    std::uint32_t WriteLiteral(FastInfoset::CTextIndex& table, std::u16string_view text);
+    void WriteValue(std::u16string_view value);
+    void WriteChunk(std::u16string_view text);
+    template <class LengthForms>
+    void WriteUtf8String(unsigned first, LengthForms const& lengthForms, std::u16string_view text,
+                         std::size_t size);
+
+    COctetBuffer m_output;
+    bool m_pendingTerminator = false;  // a terminator waits for another one to share its octet
+
+    // Of the start tag that is open.
+    bool m_hasElementPrefix = false;
+    std::size_t m_attributeCount = 0;
+    std::vector<Attribute> m_attributes;  // more than there are, for the memory of their texts
+    std::vector<std::pair<wstring, wstring>> m_declarations;  // alias and URI, beside those of the root
+
+    FastInfoset::CNameIndex m_attributeNames;
+    FastInfoset::CShortTextIndex m_attributeValues;
+    FastInfoset::CShortTextIndex m_characterChunks;
+    FastInfoset::CNameIndex m_elementNames;
+    FastInfoset::CTextIndex m_localNames;
+    FastInfoset::CTextIndex m_namespaceNames;
+    FastInfoset::CTextIndex m_prefixes;
+};
+
+}  // namespace BxXmlLib5

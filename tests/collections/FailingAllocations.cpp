@@ -1,0 +1,118 @@
+// What is left when memory runs out in the middle of an operation.
+#include <cstdlib>
+#include <new>
+
+#include "collections/Objects.h"
+
+using namespace BxTest;
+
+namespace {
+
+int s_allocationsLeft = -1;  // below 0 for any number
+
+/// Calls test with operations that fail at their first allocation, at their second and so on, until one
+/// succeeds. The operation tells whether it failed.
+void FailAtEach(std::function<void(std::function<bool(std::function<void()>)>)> const& test) {
+    bool hasFailed = true;
+    for (int allocations = 0; hasFailed; ++allocations) {
+        test([&](std::function<void()> const& operation) {
+            s_allocationsLeft = allocations;
+            try {
+                operation();
+                hasFailed = false;
+            } catch (std::bad_alloc const&) {
+                hasFailed = true;
+            }
+            s_allocationsLeft = -1;
+            return hasFailed;
+        });
+        ASSERT_LT(allocations, 1000);
+    }
+}
+
+struct Items : CXmlCollection {
+    explicit Items(std::string_view letters) : CXmlCollection(u"a name of some length", u"urn:items", 0, -1) {
+        for (char const letter : letters) AppendItem(new Object(letter));
+    }
+    std::string Letters() const {
+        std::string letters;
+        for (CBxIterator<Object> at(FirstNode()); at != CBxIterator<Object>(); ++at) letters += at->m_letter;
+        return letters;
+    }
+    void ToXml_Int(CXmlWriter*, bool, char16_t const*, CXmlSerializationContext const&, bool) const override {
+    }
+    CXmlElement* FromXml_Int(CXmlElement*, CXmlElement* child, CXmlSerializationContext const&,
+                             bool) override {
+        return child;
+    }
+    using CXmlCollection::AppendItem;
+};
+
+}  // namespace
+
+void* operator new(std::size_t size) {
+    if (s_allocationsLeft == 0) throw std::bad_alloc();
+    if (s_allocationsLeft > 0) --s_allocationsLeft;
+    if (void* const memory = std::malloc(size == 0 ? 1 : size)) return memory;
+    throw std::bad_alloc();
+}
+void operator delete(void* memory) noexcept {
+    std::free(memory);
+}
+void operator delete(void* memory, std::size_t) noexcept {
+    std::free(memory);
+}
+
+TEST(FailingAllocations, AnAssignmentKeepsTheOldItems) {
+    FailAtEach([](auto const& run) {
+        {
+            Object listener('l');
+            Items source("abc"), target("xy");
+            source.AddEventListener(&listener);
+            bool const failed = run([&] { target = source; });
+            EXPECT_EQ(target.Letters(), failed ? "xy" : "abc");
+            EXPECT_EQ(source.Letters(), "abc");
+            for (Items* each : {&source, &target}) each->RemoveEventListener(&listener);
+        }
+        EXPECT_EQ(Object::s_alive, 0);
+    });
+}
+
+TEST(FailingAllocations, ARefusedItemIsAsItWas) {
+    FailAtEach([](auto const& run) {
+        CSmartPtr<Object> const object = new Object('o');
+        Items items("ab");
+        bool const failed = run([&] { items.AppendItem(object); });
+        EXPECT_EQ(object->AddRef(), failed ? 2 : 3);
+        object->Release();
+        EXPECT_EQ(items.Letters(), failed ? "ab" : "abo");
+    });
+    FailAtEach([](auto const& run) {
+        CElement* const element = new CElement(u"e");
+        CElementCol elements(u"", u"##any", u"", 0, -1);
+        if (run([&] { elements.Add(element); })) CSmartPtr<CElement>{element};
+    });
+}
+
+TEST(FailingAllocations, ATreeIsCopiedOrNot) {
+    CXmlDocument document;
+    document.LoadXml(
+        "<r xmlns='urn:n' k='a value'><some-name l='1'><a/>some longer text</some-name><b/></r>");
+    CXmlElement* const root = document.GetDocumentElement();
+    FailAtEach([&](auto const& run) {
+        Element element(u"none");
+        if (!run([&] { element.FromXml_Int(root, root, Defaults(), false); })) {
+            EXPECT_EQ(element.GetChildElements()->GetCount(), 2);
+        }
+    });
+    FailAtEach([&](auto const& run) {
+        Element element(u"none");
+        if (!run([&] { element.CopyXmlElement(root); })) {
+            EXPECT_EQ(element.GetChildElements()->Item(0)->GetText(), u"some longer text");
+        }
+    });
+    FailAtEach([](auto const& run) {
+        CElement const source(u"a name of some length", u"urn:n");
+        run([&] { CElement const copy(source); });
+    });
+}
