@@ -35,7 +35,7 @@ void ReadGpx(benchmark::State& state) {
 void ReadFastInfosetGpx(benchmark::State& state) {
     Gpx::CGpx gpx;
     Read(gpx, Input(state));
-    CBinaryData const input = gpx.ToFastInfosetStream(fi_None, Gpx::CGpx::WritingContext(), cmp_None);
+    CBinaryData const input = gpx.ToFastInfosetStream(fi_None, gpx.WritingContext(), cmp_None);
     for (auto _ : state) {
         Gpx::CGpx read;
         read.FromXmlStream(input, CXmlSerializationContext::GetDefaultContext());
@@ -46,7 +46,7 @@ void ReadFastInfosetGpx(benchmark::State& state) {
 void WriteGpx(benchmark::State& state) {
     Gpx::CGpx gpx;
     Read(gpx, Input(state));
-    CXmlSerializationContext const context = Gpx::CGpx::WritingContext();
+    CXmlSerializationContext const context = gpx.WritingContext();
     for (auto _ : state) {
         wstring const text = gpx.ToXml(true, false, eol_LF, context);
         benchmark::DoNotOptimize(text.data());

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -79,6 +80,50 @@ void DecimalFromText(benchmark::State& state) {
     Each(state, Wide(kDecimals), [](wstring const& text) { return CDecimal(text.c_str()); });
 }
 
+/// Two operands for each step: a number and the next one.
+template <class T, class Operator>
+void Combine(benchmark::State& state, std::array<T, 4> const& values, Operator apply) {
+    std::array<int, 4> const places{0, 1, 2, 3};
+    Each(state, places, [&](int place) {
+        auto const index = static_cast<std::size_t>(place);
+        return apply(values[index], values[(index + 1) % values.size()]);
+    });
+}
+
+template <class T>
+std::array<T, 4> Numbers() {
+    std::array<T, 4> numbers;
+    std::ranges::transform(kDecimals, numbers.begin(),
+                           [](std::string const& text) { return T(FromUtf8(text).c_str()); });
+    return numbers;
+}
+
+void BigIntegerSum(benchmark::State& state) {
+    Combine(state, Numbers<CBigInteger>(), std::plus());
+}
+void DecimalSum(benchmark::State& state) {
+    Combine(state, Numbers<CDecimal>(), std::plus());
+}
+void DecimalDifference(benchmark::State& state) {
+    Combine(state, Numbers<CDecimal>(), std::minus());
+}
+void DecimalProduct(benchmark::State& state) {
+    Combine(state, Numbers<CDecimal>(), std::multiplies());
+}
+
+std::array<double, 4> const kCoordinates{47.6445480, -122.326897, 4321.09, 0.000123};
+
+void ThirteenPlacesToChars(benchmark::State& state) {
+    Each(state, kCoordinates, [](double value) {
+        std::array<char, 32> text;
+        std::to_chars(text.begin(), text.end(), value, std::chars_format::fixed, 13);
+        return text;
+    });
+}
+void DecimalFromDouble(benchmark::State& state) {
+    Each(state, kCoordinates, [](double value) { return CDecimal(value); });
+}
+
 std::array<wstring, 1> const kDateTime{u"2026-11-22T10:20:30Z"};
 
 /// The text copied to the heap, and its six fields read by std::from_chars.
@@ -147,6 +192,15 @@ void Base64Decode(benchmark::State& state) {
     Megabyte(state, [&] { return data.SetAsBase64(text.c_str()), data.GetLength(); });
 }
 
+void OctetsCompared(benchmark::State& state) {
+    CBinaryData const data = MegabyteOfOctets(), other(data.GetOctets());
+    Megabyte(state, [&] { return data == other; });
+}
+void SharedOctetsCompared(benchmark::State& state) {
+    CBinaryData const data = MegabyteOfOctets(), copy = data;
+    Megabyte(state, [&] { return data == copy; });
+}
+
 void WideningLoop(benchmark::State& state) {
     std::string const octets(kOctets, 'x');
     Megabyte(state, [&octets] {
@@ -175,6 +229,12 @@ BX_VALUE_BENCHMARK(DoubleFromChars);
 BX_VALUE_BENCHMARK(DoubleFromString);
 BX_VALUE_BENCHMARK(TenDigitsFromChars);
 BX_VALUE_BENCHMARK(DecimalFromText);
+BX_VALUE_BENCHMARK(BigIntegerSum);
+BX_VALUE_BENCHMARK(DecimalSum);
+BX_VALUE_BENCHMARK(DecimalDifference);
+BX_VALUE_BENCHMARK(DecimalProduct);
+BX_VALUE_BENCHMARK(ThirteenPlacesToChars);
+BX_VALUE_BENCHMARK(DecimalFromDouble);
 BX_VALUE_BENCHMARK(DateTimeCopyAndScan);
 BX_VALUE_BENCHMARK(DateTimeParse);
 BX_VALUE_BENCHMARK(HexTableLoop);
@@ -182,6 +242,8 @@ BX_VALUE_BENCHMARK(HexEncode);
 BX_VALUE_BENCHMARK(HexDecode);
 BX_VALUE_BENCHMARK(Base64Encode);
 BX_VALUE_BENCHMARK(Base64Decode);
+BX_VALUE_BENCHMARK(OctetsCompared);
+BX_VALUE_BENCHMARK(SharedOctetsCompared);
 BX_VALUE_BENCHMARK(WideningLoop);
 BX_VALUE_BENCHMARK(Utf8ToWideAscii);
 BX_VALUE_BENCHMARK(WideToUtf8Ascii);
@@ -191,6 +253,11 @@ Aims const s_aims({
     {"IntegerToString", "IntegerToChars", 3},
     {"DoubleFromString", "DoubleFromChars", 3},
     {"DecimalFromText", "TenDigitsFromChars", 12},
+    {"DecimalSum", "BigIntegerSum", 3},
+    {"DecimalDifference", "BigIntegerSum", 3},
+    {"DecimalProduct", "BigIntegerSum", 3},
+    {"DecimalFromDouble", "ThirteenPlacesToChars", 1},
+    {"SharedOctetsCompared", "OctetsCompared", 0.01},
     {"DateTimeParse", "DateTimeCopyAndScan", 4},
     {"HexEncode", "HexTableLoop", 0},
     {"HexDecode", "HexTableLoop", 0},

@@ -1,5 +1,8 @@
 #include "CGpx.h"
 
+#include <set>
+#include <string>
+
 #include "CGpxFactory.h"
 
 namespace Gpx {
@@ -7,6 +10,33 @@ namespace Gpx {
 namespace {
 
 constexpr char16_t kRoot[] = u"gpx";
+constexpr char16_t kXmlNamespace[] = u"http://www.w3.org/XML/1998/namespace";
+
+/// Writes nothing, and finds out which namespaces a document has.
+class CNamespaceSurvey : public CXmlWriter {
+public:
+    CNamespaceSurvey() : CXmlWriter(u"CNamespaceSurvey") {}
+
+    void WriteStartElement(wstring const&, wstring const& ns) override {
+        m_hasElementWithoutNamespace |= ns.empty();
+        Enter(ns);
+    }
+    void WriteAttribute(wstring const&, wstring const& ns, wstring const&) override { Enter(ns); }
+    void WriteXsiType(wstring const& ns, wstring const&) override { Enter(ns); }
+    void WriteText(wstring const&) override {}
+    void WriteEndElement() override {}
+    void WriteComment(wstring const&) override {}
+    void WriteProcessingInstruction(wstring const&) override {}
+    void WriteInLineSchema(wstring const&) override {}
+
+    bool m_hasElementWithoutNamespace = false;
+    std::set<wstring> m_foreign;  // neither that of GPX nor that of XML
+
+private:
+    void Enter(wstring const& ns) {
+        if (!ns.empty() && ns != kNamespace && ns != kXmlNamespace) m_foreign.insert(ns);
+    }
+};
 
 /// The one version of GPX that the schema admits.
 constexpr char16_t kVersion[] = u"1.1";
@@ -17,9 +47,17 @@ CGpx::CGpx() : CGpxClass(kRoot) {
     CGpx::ResetContent();
 }
 
-CXmlSerializationContext CGpx::WritingContext() {
+CXmlSerializationContext CGpx::WritingContext() const {
+    CNamespaceSurvey survey;
     CXmlSerializationContext context;
-    context.SetDefaultNamespaceURI(kNamespace);
+    ToXml_Int(&survey, true, kNamespace, context, false);
+    if (!survey.m_hasElementWithoutNamespace) context.SetDefaultNamespaceURI(kNamespace);
+    CNamespaceAliasMap& aliases = context.GetNamespaceAliases();
+    aliases.Add(kRoot, kNamespace);
+    for (wstring const& ns : survey.m_foreign) {
+        std::string const number = std::to_string(aliases.GetNamespaceCount());
+        aliases.Add(FromUtf8("ns" + number).c_str(), ns.c_str());
+    }
     return context;
 }
 

@@ -15,16 +15,18 @@ namespace Gpx {
 ///     Gpx::CGpx gpx;
 ///     gpx.FromXmlFile(u"track.gpx", CXmlSerializationContext::GetDefaultContext());
 ///     for (Gpx::CTrack* track : *gpx.GetTracks()) ...
-///     gpx.ToXmlFile(u"out.gpx", true, true, enc_UTF8, eol_LF, Gpx::CGpx::WritingContext(), cmp_None);
+///     gpx.ToXmlFile(u"out.gpx", true, true, enc_UTF8, eol_LF, gpx.WritingContext(), cmp_None);
 ///
 /// What breaks the schema is refused on reading, with a CBxException that says what it is.
 class CGpx : public CGpxClass<CGpx> {
 public:
     CGpx();
 
-    /// A context for writing, which makes the namespace of GPX the default one. Extensions that have elements
-    /// in no namespace must be written without it, since such elements have no prefix to tell them from GPX.
-    static CXmlSerializationContext WritingContext();
+    /// A context for writing the document as it is now, which takes a walk over it. The namespace of GPX is the
+    /// default one, unless an extension has an element in no namespace, which has no prefix to tell it from GPX.
+    /// Each namespace has an alias too, as readers of Fast Infoset want it.
+    /// @throws CBxException for what cannot be written
+    CXmlSerializationContext WritingContext() const;
 
     /// The program that made the document.
     wstring const& GetCreator() const { return m_creator; }

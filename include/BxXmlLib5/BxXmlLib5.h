@@ -49,7 +49,6 @@
 #include "BxXmlLib5/values/CDateTime.h"
 #include "BxXmlLib5/values/CDateTimeSpan.h"
 #include "BxXmlLib5/values/CDecimal.h"
-#include "BxXmlLib5/values/CLimbs.h"
 #include "BxXmlLib5/values/CWhitespaceUtils.h"
 #include "BxXmlLib5/values/ItemType.h"
 #include "BxXmlLib5/writers/CXmlWriter.h"

@@ -98,7 +98,9 @@ private:
         }
         if (Contains(kPlainLetters, letter) || Contains(plainLettersHere, letter)) {
             m_rest.remove_prefix(1);
+            m_out += u"\\Q";  // apart from an escape by number before it
             Take(1);
+            m_out += u"\\E";
             return false;
         }
         Take(2);
@@ -114,6 +116,7 @@ private:
     void TakeClass() {
         Take(1);
         if (m_rest.starts_with(u'^')) Take(1);
+        while (m_rest.starts_with(u"\\E")) Take(2);
         if (m_rest.starts_with(u']')) Take(1);
         while (!m_rest.empty() && m_rest.front() != u']') {
             bool isSet = false;

@@ -41,15 +41,16 @@ inline constexpr int kMaxDecimalPlaces = 5'000'000;
 inline constexpr std::size_t kMaxNamespaceLength = 4096;
 
 /// Units that a document may have beyond those that it spells out: attribute values that a document type adds
-/// to elements, each value counting some more for itself, and what the indices of Fast Infoset repeat, where
-/// text that is joined from chunks counts more, since joining copies it. A short document must not grow
-/// without measure.
+/// to elements, each value counting some more for itself, and what the indices of Fast Infoset repeat of texts,
+/// values and very long names, where text that is joined from chunks counts more, since joining copies it. A short
+/// document must not grow without measure.
 constexpr std::size_t MaxRepeatedUnits(std::size_t inputSize) {
     constexpr std::size_t kAlways = 8 * 1024 * 1024;
     constexpr std::size_t kForEachOctet = 100;
     return std::max(kAlways, inputSize * kForEachOctet);
 }
 inline constexpr std::size_t kUnitsOfDefaultedAttribute = 8;
+inline constexpr std::size_t kUnitsOfName = 128;      // of a local name count for nothing: an element takes more
 inline constexpr std::size_t kUnitsOfJoinedUnit = 2;  // besides the one that an index repeats
 
 /// Octets of stack that must be left where the compilation of a pattern enters another group.

@@ -1,6 +1,8 @@
 // What the tree of a document is made of.
 #pragma once
 
+#include <map>
+
 #include "BxXmlLib5/document/CXmlAttribute.h"
 #include "BxXmlLib5/document/CXmlElement.h"
 #include "document/CNameTable.h"
@@ -15,6 +17,7 @@ public:
     void Clear() {
         m_elements.Clear();
         m_attributes.Clear();
+        m_namespaceAliases.clear();
         m_names.Clear();
         m_texts.Clear();
     }
@@ -23,6 +26,7 @@ public:
     CTextStore m_texts;
     CNodePool<CXmlElement> m_elements;
     CNodePool<CXmlAttribute> m_attributes;
+    std::map<wstring const*, wstring const*> m_namespaceAliases;  // alias to URI, both of the name table
 };
 
 }  // namespace BxXmlLib5

@@ -14,8 +14,8 @@ extern "C" XML_Bool XMLCALL XML_SetReparseDeferralEnabled(XML_Parser parser, XML
 
 #include "BxXmlLib5/core/CBxException.h"
 #include "BxXmlLib5/core/FormatString.h"
-#include "BxXmlLib5/document/CXmlDocument.h"
 #include "core/Limits.h"
+#include "document/CDocumentBuilder.h"
 #include "document/InputLimits.h"
 #include "platform/Stack.h"
 #include "platform/TextView.h"
@@ -49,12 +49,17 @@ int MostNestingEntities() {
     return static_cast<int>(std::min<std::size_t>(most, kMaxNestingEntities));
 }
 
-/// Some versions of Expat cut a pair in half where it comes to lie on the border of a buffer, or let a lone
-/// half pass.
-void ThrowIfUnpairedSurrogate(std::u16string_view text) {
+bool HasSurrogate(std::u16string_view text) {
     bool hasSurrogate = false;
     for (char16_t const unit : text) hasSurrogate |= (unit & 0xF800) == 0xD800;
-    for (std::size_t at = 0; hasSurrogate && at < text.size();) {
+    return hasSurrogate;
+}
+
+/// Expat takes whatever unit follows the first half of a pair in UTF-16 for the second.
+/// @param text whole: Expat hands a long one over in pieces, between which it may cut a pair
+void ThrowIfUnpairedSurrogate(std::u16string_view text) {
+    if (!HasSurrogate(text)) return;
+    for (std::size_t at = 0; at < text.size();) {
         if (Utf::Next(text, at) == Utf::kMalformed)
             throw CBxException(u"A text has half of a surrogate pair");
     }
@@ -108,14 +113,13 @@ struct CExpatReader::Callbacks {
     }
 };
 
-CExpatReader::CExpatReader(CXmlDocument* document)
-    : CInstanceMonitor(u"CExpatReader"), m_document(document) {}
+CExpatReader::CExpatReader(CDocumentBuilder& builder, SchemaType schemaType)
+    : CInstanceMonitor(u"CExpatReader"), m_builder(builder), m_schemaType(schemaType) {}
 CExpatReader::~CExpatReader() = default;
 
 void CExpatReader::Parse(std::span<unsigned char const> input) {
     std::unique_ptr<XML_ParserStruct, void (*)(XML_Parser)> const parser(
-        m_document->m_schemaType == st_NoNamespaces ? XML_ParserCreate(nullptr)
-                                                    : XML_ParserCreateNS(nullptr, kSeparator),
+        m_schemaType == st_NoNamespaces ? XML_ParserCreate(nullptr) : XML_ParserCreateNS(nullptr, kSeparator),
         XML_ParserFree);
     if (!parser) throw std::bad_alloc();
     m_parser = parser.get();
@@ -137,6 +141,8 @@ void CExpatReader::Parse(std::span<unsigned char const> input) {
                                         FromUtf8(XML_ErrorString(XML_GetErrorCode(m_parser))).c_str(),
                                         static_cast<int>(XML_GetCurrentLineNumber(m_parser))));
     }
+    // Of elements that the input breaks off in.
+    if (m_hasSurrogates) ThrowIfUnpairedSurrogate(m_builder.AllOpenText());
 }
 
 /// Expat copies what it is given, so it gets the input in slices. It scans a token that is not complete anew
@@ -165,25 +171,25 @@ CXmlName const& CExpatReader::SplitName(std::u16string_view expanded) {
     bool const sameNamespace = separator < expanded.size() && expanded[separator] == kSeparator &&
                                Equal(expanded.substr(0, separator), m_lastNamespace);
     if (!sameNamespace) separator = expanded.find(kSeparator);
-    if (separator == expanded.npos) return m_document->InternName({}, expanded);
+    if (separator == expanded.npos) return m_builder.Names().Intern({}, expanded);
     CXmlName const& name =
-        m_document->InternName(expanded.substr(0, separator), expanded.substr(separator + 1));
+        m_builder.Names().Intern(expanded.substr(0, separator), expanded.substr(separator + 1));
     m_lastNamespace = name.m_namespaceUri;
     return name;
 }
 
 void CExpatReader::StartElement(char16_t const* name, char16_t const* const* attributes) {
     CXmlName const& elementName = SplitName(name);
-    CXmlElement* const element = m_document->AddElement(elementName);
+    CXmlElement* const element = m_builder.AddElement(elementName);
     std::size_t count = 0;
     while (attributes[2 * count] != nullptr) ++count;
-    CXmlDocument::ReserveElementAttributes(element, count);
+    CDocumentBuilder::ReserveElementAttributes(element, count);
     auto const specified = static_cast<std::size_t>(XML_GetSpecifiedAttributeCount(m_parser)) / 2;
     for (std::size_t i = 0; i < count; ++i) {
         std::u16string_view const value = attributes[2 * i + 1];
         if (!IsPlain(value)) ThrowIfUnpairedSurrogate(value);
         if (i >= specified) CountDefaulted(value);
-        m_document->AddElementAttribute(element, SplitName(attributes[2 * i]), m_document->StoreText(value));
+        m_builder.AddElementAttribute(element, SplitName(attributes[2 * i]), m_builder.Texts().Add(value));
     }
 }
 
@@ -195,23 +201,26 @@ void CExpatReader::CountDefaulted(std::u16string_view value) {
 }
 
 void CExpatReader::EndElement() {
-    if (!m_document->m_elementStack.empty()) m_document->CloseElement();
+    if (!m_builder.HasOpenElement()) return;
+    if (m_hasSurrogates) ThrowIfUnpairedSurrogate(m_builder.OpenText());
+    m_builder.CloseElement();
 }
 
 void CExpatReader::DeclareNamespace(char16_t const* prefix, char16_t const* namespaceUri) {
     ThrowIfNamespaceTooLong(TextOf(namespaceUri));
     // No prefix is the default namespace; no URI is xmlns="".
-    m_document->m_namespaceAliases.insert_or_assign(wstring(TextOf(prefix)), wstring(TextOf(namespaceUri)));
+    CNameTable& names = m_builder.Names();
+    m_builder.DeclareNamespace(names.InternText(TextOf(prefix)), names.InternText(TextOf(namespaceUri)));
 }
 
 void CExpatReader::AddText(std::u16string_view text) {
-    if (text.empty() || m_document->m_elementStack.empty()) return;
+    if (text.empty() || !m_builder.HasOpenElement()) return;
     if (IsPlain(text)) {
-        m_document->m_openText.append(text);
+        m_builder.AppendText(text);
         return;
     }
-    ThrowIfUnpairedSurrogate(text);
-    m_document->AppendTextExcludingCR(text);
+    m_hasSurrogates |= HasSurrogate(text);
+    m_builder.AppendTextExcludingCR(text);
 }
 
 void CExpatReader::DeclareEntity(std::u16string_view value) {

@@ -6,20 +6,21 @@
 #include <string_view>
 
 #include "BxXmlLib5/core/CInstanceMonitor.h"
+#include "BxXmlLib5/core/Enumerations.h"
 #include "BxXmlLib5/platform/Text.h"
 
 struct XML_ParserStruct;
 
 namespace BxXmlLib5 {
 
-class CXmlDocument;
+class CDocumentBuilder;
 struct CXmlName;
 
-/// Parses one text into a document. The callbacks run inside Expat, whose frames no exception may cross: a
+/// Parses one text into a tree. The callbacks run inside Expat, whose frames no exception may cross: a
 /// failure in one stops the parser, further callbacks do nothing, and Parse() throws it on.
 class CExpatReader : public CInstanceMonitor {
 public:
-    explicit CExpatReader(CXmlDocument* document);
+    CExpatReader(CDocumentBuilder& builder, SchemaType schemaType);
     virtual ~CExpatReader();
 
     /// An input that ends inside an element, or has none, is no failure here.
@@ -39,11 +40,13 @@ private:
     void AddText(std::u16string_view text);
     void DeclareEntity(std::u16string_view value);
 
-    CXmlDocument* m_document;
+    CDocumentBuilder& m_builder;
+    SchemaType m_schemaType;
     XML_ParserStruct* m_parser = nullptr;
     std::u16string_view m_lastNamespace;
     int m_nestingEntities = 0;
     int m_mostNestingEntities = 0;
+    bool m_hasSurrogates = false;  // a text of the document has
     std::size_t m_defaultedUnits = 0;
     std::size_t m_mostDefaultedUnits = 0;
     std::exception_ptr m_failure;

@@ -11,28 +11,31 @@ std::size_t Slot(std::u16string_view name) {
 
 }  // namespace
 
-CXmlName const& CNameTable::Intern(std::u16string_view namespaceUri, std::u16string_view localName) {
-    wstring const& known = InternNamespace(namespaceUri);
-    CXmlName const*& recent = m_recent[Slot(localName) % m_recent.size()];
-    if (recent == nullptr || &recent->m_namespaceUri != &known || !Equal(recent->m_localName, localName)) {
-        recent = &Find(known, localName);
-    }
-    return *recent;
+wstring const& CNameTable::InternText(std::u16string_view text) {
+    auto const known = m_texts.find(text);
+    return known != m_texts.end() ? *known : *m_texts.emplace(text).first;
 }
 
-wstring const& CNameTable::InternNamespace(std::u16string_view namespaceUri) {
-    if (namespaceUri.empty()) return m_noNamespace;
+wstring const* CNameTable::FindText(std::u16string_view text) const {
+    auto const known = m_texts.find(text);
+    return known != m_texts.end() ? &*known : nullptr;
+}
+
+CXmlName const& CNameTable::Intern(std::u16string_view namespaceUri, std::u16string_view localName) {
     // A name is mostly in the namespace of the one before it.
     if (m_lastNamespace == nullptr || !Equal(*m_lastNamespace, namespaceUri)) {
         m_lastNamespace = &InternText(namespaceUri);
     }
-    return *m_lastNamespace;
+    CXmlName const*& recent = m_recent[Slot(localName) % m_recent.size()];
+    if (recent == nullptr || &recent->m_namespaceUri != m_lastNamespace ||
+        !Equal(recent->m_localName, localName)) {
+        recent = &Intern(*m_lastNamespace, InternText(localName));
+    }
+    return *recent;
 }
 
-CXmlName const& CNameTable::Find(wstring const& namespaceUri, std::u16string_view localName) {
-    auto const known = m_names.find(Key{namespaceUri, localName});
-    return known != m_names.end() ? *known
-                                  : *m_names.insert(CXmlName{namespaceUri, InternText(localName)}).first;
+CXmlName const& CNameTable::Intern(wstring const& namespaceUri, wstring const& localName) {
+    return *m_names.insert(CXmlName{namespaceUri, localName}).first;
 }
 
 void CNameTable::Clear() {
@@ -40,11 +43,6 @@ void CNameTable::Clear() {
     m_recent.fill(nullptr);
     m_names.clear();
     m_texts.clear();
-}
-
-wstring const& CNameTable::InternText(std::u16string_view text) {
-    auto const known = m_texts.find(text);
-    return known != m_texts.end() ? *known : *m_texts.emplace(text).first;
 }
 
 }  // namespace BxXmlLib5

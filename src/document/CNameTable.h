@@ -11,41 +11,35 @@
 
 namespace BxXmlLib5 {
 
-/// Names repeat, and so do their namespaces: a table of a document takes as much memory as the distinct ones,
-/// however namespaces and local names combine. What it gives lives as long as it does.
+/// Names repeat, and so do their parts: a table of a document takes as much memory as the distinct ones, however
+/// namespaces and local names combine. What it gives lives as long as it does.
 class CNameTable {
 public:
+    /// The text, which is the same object for equal texts.
+    wstring const& InternText(std::u16string_view text);
+    /// The same, null if there is none.
+    wstring const* FindText(std::u16string_view text) const;
+
     CXmlName const& Intern(std::u16string_view namespaceUri, std::u16string_view localName);
+    /// Takes the same time for parts of any length.
+    /// @param namespaceUri,localName of this table
+    CXmlName const& Intern(wstring const& namespaceUri, wstring const& localName);
+
     void Clear();
 
 private:
-    struct Key {
-        wstring const& m_namespaceUri;  // of this table
-        std::u16string_view m_localName;
-    };
-
-    /// By local name; a namespace is told by its address.
-    struct Less {
-        using is_transparent = void;
-
-        template <class A, class B>
-        bool operator()(A const& a, B const& b) const {
-            std::u16string_view const aName = a.m_localName;
-            std::u16string_view const bName = b.m_localName;
-            if (aName.size() != bName.size()) return aName.size() < bName.size();
-            int const order = LessBySize::Compare(aName, bName);
-            return order != 0 ? order < 0 : std::less<>()(&a.m_namespaceUri, &b.m_namespaceUri);
+    /// Texts of the table are told by their addresses.
+    struct ByAddresses {
+        bool operator()(CXmlName const& a, CXmlName const& b) const {
+            std::less<> const less;
+            return &a.m_localName == &b.m_localName ? less(&a.m_namespaceUri, &b.m_namespaceUri)
+                                                    : less(&a.m_localName, &b.m_localName);
         }
     };
 
-    wstring const& InternNamespace(std::u16string_view namespaceUri);
-    wstring const& InternText(std::u16string_view text);
-    CXmlName const& Find(wstring const& namespaceUri, std::u16string_view localName);
-
     std::set<wstring, LessBySize> m_texts;
-    std::set<CXmlName, Less> m_names;
-    wstring const m_noNamespace;
-    wstring const* m_lastNamespace = nullptr;    // that is not empty
+    std::set<CXmlName, ByAddresses> m_names;
+    wstring const* m_lastNamespace = nullptr;
     std::array<CXmlName const*, 64> m_recent{};  // by a number made of the local name, to be looked at first
 };
 

@@ -1,13 +1,10 @@
 #include "BxXmlLib5/document/CXmlDocument.h"
 
 #include <algorithm>
-#include <utility>
 
 #include "BxXmlLib5/core/CBxException.h"
 #include "BxXmlLib5/core/FormatString.h"
-#include "core/Limits.h"
-#include "core/NestingDepth.h"
-#include "document/CDocumentNodes.h"
+#include "document/CDocumentBuilder.h"
 #include "document/CExpatReader.h"
 #include "document/Inflate.h"
 #include "document/InputLimits.h"
@@ -65,9 +62,6 @@ void CXmlDocument::Cleanup() {
     m_isComplete = false;
     m_isCompressed = false;
     m_isFastInfoset = false;
-    m_elementStack.clear();
-    m_namespaceAliases.clear();
-    m_openText = wstring();
     m_nodes->Clear();
 }
 
@@ -102,106 +96,29 @@ void CXmlDocument::LoadXml(char16_t const* text) {
 }
 
 wstring CXmlDocument::LookupNamespaceFromAlias(char16_t const* alias) const {
-    auto const entry = m_namespaceAliases.find(TextOf(alias));
-    return entry == m_namespaceAliases.end() ? wstring() : entry->second;
+    auto const entry = m_nodes->m_namespaceAliases.find(m_nodes->m_names.FindText(TextOf(alias)));
+    return entry == m_nodes->m_namespaceAliases.end() ? wstring() : *entry->second;
 }
 
 void CXmlDocument::Parse(std::span<unsigned char const> input, bool isText) {
     ThrowIfInputTooLarge(input.size());
     auto const inflated = isText ? std::nullopt : Inflate(input);
+    auto const octets = inflated ? std::span<unsigned char const>(*inflated) : input;
+    m_isCompressed = inflated.has_value();
+    CDocumentBuilder builder(*this, *m_nodes);
     try {
-        auto const octets = inflated ? std::span<unsigned char const>(*inflated) : input;
-        m_isCompressed = inflated.has_value();
-        m_isFastInfoset = !isText && CFastInfosetReader(this).Parse(octets);
-        if (!m_isFastInfoset) CExpatReader(this).Parse(octets);
+        m_isFastInfoset = !isText && CFastInfosetReader(builder).Parse(octets);
+        if (!m_isFastInfoset) CExpatReader(builder, m_schemaType).Parse(octets);
     } catch (...) {
-        CloseAllElements();
+        m_documentElement = builder.CloseAllElements();
         throw;
     }
-    m_isComplete = m_elementStack.empty();
-    CloseAllElements();
+    m_isComplete = !builder.HasOpenElement();
+    m_documentElement = builder.CloseAllElements();
     if (m_documentElement == nullptr) {
         Cleanup();
         throw CBxException(u"Invalid or empty XML document");
     }
-}
-
-CXmlName const& CXmlDocument::InternName(std::u16string_view namespaceUri, std::u16string_view localName) {
-    return m_nodes->m_names.Intern(namespaceUri, localName);
-}
-
-std::u16string_view CXmlDocument::StoreText(std::u16string_view text) {
-    return m_nodes->m_texts.Add(text);
-}
-
-CXmlElement* CXmlDocument::AddElement(CXmlName const& name) {
-    if (m_elementStack.size() == kMaxElementDepth) ThrowNestedTooDeeply();
-    return m_documentElement == nullptr ? AddDocElement(name) : AddChildElement(name);
-}
-
-CXmlElement* CXmlDocument::AddDocElement(CXmlName const& name) {
-    return m_documentElement = Open(m_nodes->m_elements.Create(this, name));
-}
-
-CXmlElement* CXmlDocument::AddChildElement(CXmlName const& name) {
-    CXmlElement* const child = m_nodes->m_elements.Create(this, name);
-    OpenElement& parent = m_elementStack.back();
-    (parent.m_lastChild == nullptr ? parent.m_element->m_firstChild : parent.m_lastChild->m_nextSibling) =
-        child;
-    parent.m_lastChild = child;
-    return Open(child);
-}
-
-CXmlElement* CXmlDocument::Open(CXmlElement* element) {
-    m_elementStack.push_back({element, nullptr, m_openText.size(), {}});
-    return element;
-}
-
-void CXmlDocument::CloseElement() {
-    OpenElement const closed = m_elementStack.back();
-    m_elementStack.pop_back();
-    if (m_openText.size() == closed.m_textStart) {
-        closed.m_element->SetText(CXmlText(closed.m_storedText));
-        return;
-    }
-    closed.m_element->SetText(
-        CXmlText(StoreText(std::u16string_view(m_openText).substr(closed.m_textStart))));
-    m_openText.resize(closed.m_textStart);
-}
-
-void CXmlDocument::CloseAllElements() {
-    while (!m_elementStack.empty()) CloseElement();
-    m_openText = wstring();
-}
-
-void CXmlDocument::ReserveElementAttributes(CXmlElement* element, std::size_t count) {
-    element->ReserveAttributes(count);
-}
-
-void CXmlDocument::AddElementAttribute(CXmlElement* element, CXmlName const& name,
-                                       std::u16string_view value) {
-    element->AddAttribute(m_nodes->m_attributes.Create(name, CXmlText(value)));
-}
-
-void CXmlDocument::AppendTextExcludingCR(std::u16string_view text) {
-    // In runs between the CRs, which only come from character references: Expat normalises line ends.
-    for (;;) {
-        std::size_t const cr = text.find(u'\r');
-        m_openText.append(text.substr(0, cr));
-        if (cr == text.npos) return;
-        text.remove_prefix(cr + 1);
-    }
-}
-
-std::size_t CXmlDocument::AppendStoredText(std::u16string_view text) {
-    OpenElement& open = m_elementStack.back();
-    std::size_t const former = m_openText.size();
-    if (open.m_storedText.empty() && former == open.m_textStart) {
-        open.m_storedText = text;
-        return 0;
-    }
-    m_openText.append(std::exchange(open.m_storedText, {})).append(text);
-    return m_openText.size() - former;
 }
 
 }  // namespace BxXmlLib5

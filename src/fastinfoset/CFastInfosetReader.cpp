@@ -4,9 +4,8 @@
 #include <optional>
 
 #include "BxXmlLib5/core/CBxException.h"
-#include "BxXmlLib5/document/CXmlDocument.h"
 #include "core/Limits.h"
-#include "document/CDocumentNodes.h"
+#include "document/CDocumentBuilder.h"
 #include "document/InputLimits.h"
 #include "fastinfoset/Format.h"
 
@@ -57,11 +56,8 @@ constexpr unsigned kHasPublicIdentifier = 0x01;
 
 }  // namespace
 
-CFastInfosetReader::CFastInfosetReader(CXmlDocument* document)
-    : CInstanceMonitor(u"CFastInfosetReader"),
-      m_document(document),
-      m_texts(document->m_nodes->m_texts),
-      m_input(m_texts) {}
+CFastInfosetReader::CFastInfosetReader(CDocumentBuilder& builder)
+    : CInstanceMonitor(u"CFastInfosetReader"), m_builder(builder), m_input(builder.Texts()) {}
 CFastInfosetReader::~CFastInfosetReader() = default;
 
 bool CFastInfosetReader::Parse(Octets input) {
@@ -69,6 +65,8 @@ bool CFastInfosetReader::Parse(Octets input) {
     if (!components) return false;
     m_input.Start(*components);
     m_repeatableUnits = MaxRepeatedUnits(input.size());
+    m_namespaceNames.Add(&m_builder.Names().InternText(kBuiltInNamespace));
+    m_prefixes.Add(&m_builder.Names().InternText(kBuiltInPrefix));
     SkipOptionalComponents();
     ReadDocumentChild();
     return true;
@@ -187,7 +185,7 @@ void CFastInfosetReader::ReadDocumentChild() {
     unsigned char const first = m_input.ReadOctet();
     if (kElement.Matches(first)) {
         ReadElement(first);
-        while (!m_document->m_elementStack.empty()) ReadItem(m_input.ReadOctet());
+        while (m_builder.HasOpenElement()) ReadItem(m_input.ReadOctet());
     } else if (kProcessingInstruction.Matches(first)) {
         SkipProcessingInstruction();
     } else if (kComment.Matches(first)) {
@@ -204,10 +202,10 @@ void CFastInfosetReader::ReadItem(unsigned char first) {
     } else if (kCharacterChunk.Matches(first)) {
         ReadCharacterChunk(first);
     } else if (first == kTerminator) {
-        m_document->CloseElement();
+        m_builder.CloseElement();
     } else if (first == kTwoTerminators) {
-        m_document->CloseElement();
-        if (!m_document->m_elementStack.empty()) m_document->CloseElement();
+        m_builder.CloseElement();
+        if (m_builder.HasOpenElement()) m_builder.CloseElement();
     } else if (kProcessingInstruction.Matches(first)) {
         SkipProcessingInstruction();
     } else if (kComment.Matches(first)) {
@@ -231,18 +229,18 @@ void CFastInfosetReader::ReadElement(unsigned char first) {
     CXmlName const& name = kLiteralElementName.Matches(nameStart)
                                ? ReadLiteralName(nameStart, m_elementNames)
                                : FindName(m_elementNames, m_input.ReadIndexOnThirdBit(nameStart));
-    CXmlElement* const element = m_document->AddElement(name);
+    CXmlElement* const element = m_builder.AddElement(name);
     if ((first & kHasAttributes) != 0) ReadAttributes(element);
 }
 
 void CFastInfosetReader::ReadAttributes(CXmlElement* element) {
     constexpr std::size_t kMostlyEnough = 3;  // take no more memory than one
-    CXmlDocument::ReserveElementAttributes(element, kMostlyEnough);
+    CDocumentBuilder::ReserveElementAttributes(element, kMostlyEnough);
     unsigned char next = m_input.ReadOctet();
     for (; kAttribute.Matches(next); next = m_input.ReadOctet()) ReadAttribute(element, next);
     // Here the second terminator is the element's own.
     if (next == kTwoTerminators) {
-        m_document->CloseElement();
+        m_builder.CloseElement();
     } else if (next != kTerminator) {
         ThrowInvalidElement();
     }
@@ -255,22 +253,22 @@ void CFastInfosetReader::ReadAttribute(CXmlElement* element, unsigned char first
                                : FindName(m_attributeNames, m_input.ReadIndexOnSecondBit(first));
     StringOrIndex const value = m_input.ReadNonIdentifyingStringOrIndexOnFirstBit();
     bool const isEmpty = value.m_isIndex && value.m_index == 0;
-    m_document->AddElementAttribute(element, name,
-                                    isEmpty ? std::u16string_view() : Resolve(value, m_attributeValues));
+    m_builder.AddElementAttribute(element, name,
+                                  isEmpty ? std::u16string_view() : Resolve(value, m_attributeValues));
 }
 
 // C.12
 void CFastInfosetReader::ReadNamespaceAttribute(unsigned char first) {
-    NamePart const prefix = (first & kHasPrefix) != 0 ? ReadNamePart(m_prefixes) : NamePart();
-    NamePart const namespaceUri = (first & kHasNamespace) != 0 ? ReadNamespaceName() : NamePart();
-    m_document->m_namespaceAliases.insert_or_assign(wstring(prefix.m_text), wstring(namespaceUri.m_text));
+    NamePart const prefix = (first & kHasPrefix) != 0 ? ReadNamePart(m_prefixes) : NoNamePart();
+    NamePart const namespaceUri = (first & kHasNamespace) != 0 ? ReadNamespaceName() : NoNamePart();
+    m_builder.DeclareNamespace(prefix.m_text, namespaceUri.m_text);
 }
 
 // C.7
 void CFastInfosetReader::ReadCharacterChunk(unsigned char first) {
     StringOrIndex chunk = m_input.ReadNonIdentifyingStringOrIndexOnThirdBit(first);
     chunk.m_string = ExcludingCR(chunk.m_string);
-    std::size_t const copied = m_document->AppendStoredText(Resolve(chunk, m_characterChunks));
+    std::size_t const copied = m_builder.AppendStoredText(Resolve(chunk, m_characterChunks));
     CountRepeated(copied * kUnitsOfJoinedUnit);
 }
 
@@ -281,24 +279,38 @@ CXmlName const& CFastInfosetReader::ReadLiteralName(unsigned char first, Names& 
     if (hasPrefix && !hasNamespace) {
         throw CBxException(u"Failed to parse FastInfoset. Invalid QName type Prefix without Namespace.");
     }
-    NamePart const prefix = hasPrefix ? ReadNamePart(m_prefixes) : NamePart();
-    NamePart const namespaceUri = hasNamespace ? ReadNamespaceName() : NamePart();
+    NamePart const prefix = hasPrefix ? ReadNamePart(m_prefixes) : NoNamePart();
+    NamePart const namespaceUri = hasNamespace ? ReadNamespaceName() : NoNamePart();
     NamePart const localName = ReadNamePart(m_localNames);
-    CXmlName const& name = m_document->InternName(namespaceUri.m_text, localName.m_text);
+    CXmlName const& name = m_builder.Names().Intern(namespaceUri.m_text, localName.m_text);
+    CountName(name);
     if (prefix.m_hasIndex && namespaceUri.m_hasIndex && localName.m_hasIndex) names.Add(&name);
     return name;
 }
 
 CXmlName const& CFastInfosetReader::FindName(Names const& names, std::uint64_t index) {
     CXmlName const& name = *names.At(index);
-    CountRepeated(name.m_namespaceUri.size() + name.m_localName.size());
+    CountName(name);
     return name;
 }
 
-CFastInfosetReader::NamePart CFastInfosetReader::ReadNamePart(Strings& table) {
+/// The tree holds a name once, but what is read from the tree holds the local one for each element.
+void CFastInfosetReader::CountName(CXmlName const& name) {
+    std::size_t const units = name.m_localName.size();
+    if (units > kUnitsOfName) CountRepeated(units - kUnitsOfName);
+}
+
+CFastInfosetReader::NamePart CFastInfosetReader::NoNamePart() const {
+    return {m_builder.Names().InternText({})};
+}
+
+CFastInfosetReader::NamePart CFastInfosetReader::ReadNamePart(NameParts& table) {
     StringOrIndex const part = m_input.ReadIdentifyingStringOrIndex();
-    bool const hasIndex = part.m_isIndex || !table.IsFull();
-    return {Resolve(part, table), hasIndex};
+    if (part.m_isIndex) return {*table.At(part.m_index)};
+    wstring const& text = m_builder.Names().InternText({part.m_string.data(), part.m_string.size()});
+    NamePart const name{text, !table.IsFull()};
+    table.Add(&text);
+    return name;
 }
 
 CFastInfosetReader::NamePart CFastInfosetReader::ReadNamespaceName() {
@@ -313,7 +325,7 @@ std::u16string_view CFastInfosetReader::Resolve(StringOrIndex const& string, Str
         CountRepeated(known.size());
         return known;
     }
-    std::u16string_view const kept = m_texts.Keep(string.m_string.size());
+    std::u16string_view const kept = m_builder.Texts().Keep(string.m_string.size());
     if (string.m_addToTable) table.Add(kept);
     return kept;
 }

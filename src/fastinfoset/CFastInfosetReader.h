@@ -11,18 +11,17 @@
 
 namespace BxXmlLib5 {
 
-class CTextStore;
-class CXmlDocument;
+class CDocumentBuilder;
 class CXmlElement;
 struct CXmlName;
 
-/// Parses one input into a document. Elements, attributes, texts and the aliases of namespace attributes are
+/// Parses one input into a tree. Elements, attributes, texts and the aliases of namespace attributes are
 /// kept; everything else, an initial vocabulary included, is read and dropped.
 ///
 /// Where the octet with which an item begins has been read already, it is the argument.
 class CFastInfosetReader : public CInstanceMonitor {
 public:
-    explicit CFastInfosetReader(CXmlDocument* document);
+    explicit CFastInfosetReader(CDocumentBuilder& builder);
     virtual ~CFastInfosetReader();
 
     /// What follows the root is not looked at. A document whose first item is another has no root.
@@ -32,10 +31,12 @@ public:
 
 private:
     using Strings = FastInfoset::CVocabularyTable<std::u16string_view>;
+    using NameParts = FastInfoset::CVocabularyTable<wstring const*>;
     using Names = FastInfoset::CVocabularyTable<CXmlName const*>;
 
+    /// A prefix, a namespace or a local name, of the name table.
     struct NamePart {
-        std::u16string_view m_text{};
+        wstring const& m_text;
         bool m_hasIndex = true;
     };
 
@@ -63,24 +64,25 @@ private:
 
     CXmlName const& ReadLiteralName(unsigned char first, Names& names);
     CXmlName const& FindName(Names const& names, std::uint64_t index);
-    NamePart ReadNamePart(Strings& table);
+    NamePart ReadNamePart(NameParts& table);
     NamePart ReadNamespaceName();
+    NamePart NoNamePart() const;
 
     /// The string that is meant; a new one is kept, in the table too if it says so.
     std::u16string_view Resolve(FastInfoset::StringOrIndex const& string, Strings& table);
+    void CountName(CXmlName const& name);
     void CountRepeated(std::size_t units);
 
-    CXmlDocument* m_document;
-    CTextStore& m_texts;  // the document's
+    CDocumentBuilder& m_builder;
     FastInfoset::CStringReader m_input;
     std::size_t m_repeatableUnits = 0;
     Names m_attributeNames;
     Strings m_attributeValues;
     Strings m_characterChunks;
     Names m_elementNames;
-    Strings m_localNames;
-    Strings m_namespaceNames{FastInfoset::kBuiltInNamespace};
-    Strings m_prefixes{FastInfoset::kBuiltInPrefix};
+    NameParts m_localNames;
+    NameParts m_namespaceNames;
+    NameParts m_prefixes;
 };
 
 }  // namespace BxXmlLib5

@@ -89,6 +89,10 @@ CBinaryData::CBinaryData(Buffer data, std::size_t length) {
     m_holder = new BinaryDataHolder(std::move(data), known);
 }
 
+CBinaryData::CBinaryData(std::span<unsigned char const> octets) {
+    SetBuffer(octets);
+}
+
 CBinaryData::CBinaryData(char16_t const* text) {
     SetBuffer(text);
 }
@@ -110,11 +114,15 @@ std::span<unsigned char const> CBinaryData::GetOctets() const {
 }
 
 void CBinaryData::SetBuffer(unsigned char const* data, std::size_t length) {
-    m_holder = new BinaryDataHolder(OctetsAt(data, length));
+    SetBuffer(OctetsAt(data, length));
+}
+
+void CBinaryData::SetBuffer(std::span<unsigned char const> octets) {
+    m_holder = new BinaryDataHolder(octets);
 }
 
 void CBinaryData::SetBuffer(char16_t const* text) {
-    m_holder = new BinaryDataHolder(OctetsOf(text));
+    SetBuffer(OctetsOf(text));
 }
 
 void CBinaryData::Append(unsigned char octet) {
@@ -227,8 +235,9 @@ wstring CBinaryData::GetAsString(ByteEncoding encoding) const {
 }
 
 bool CBinaryData::operator==(CBinaryData const& other) const {
-    if (m_holder == nullptr || other.m_holder == nullptr) return m_holder == other.m_holder;
-    return std::ranges::equal(GetOctets(), other.GetOctets());
+    if (m_holder == other.m_holder) return true;
+    return m_holder != nullptr && other.m_holder != nullptr &&
+           std::ranges::equal(GetOctets(), other.GetOctets());
 }
 
 unsigned char const& CBinaryData::operator[](std::size_t index) const {

@@ -5,6 +5,7 @@
 #include "BxXmlLib5/core/CBxException.h"
 #include "BxXmlLib5/core/FormatString.h"
 #include "BxXmlLib5/values/CConversions.h"
+#include "core/FormatSpec.h"
 #include "values/CleanText.h"
 #include "values/NumberText.h"
 
@@ -12,37 +13,22 @@ namespace BxXmlLib5 {
 
 namespace {
 
-/// Moves past the units of a set at the front.
-void SkipAll(std::u16string_view& text, std::u16string_view set) {
-    text.remove_prefix(std::min(text.find_first_not_of(set), text.size()));
-}
-
-bool Skip(std::u16string_view& text, char16_t wanted) {
-    bool const found = text.starts_with(wanted);
-    if (found) text.remove_prefix(1);
-    return found;
-}
-
-/// Moves past the digits of a width or a precision; false if it is one that nobody means.
-bool SkipNumber(std::u16string_view& text) {
-    constexpr std::size_t kMostDigits = 4;
-    std::size_t const before = text.size();
-    SkipAll(text, u"0123456789");
-    return before - text.size() <= kMostDigits;
-}
-
-/// Whether a format takes one double and nothing else.
+/// Whether a format takes one double and nothing else, and has no width or precision that nobody means.
 bool IsFloatFormat(std::u16string_view format) {
+    constexpr int kMost = 9999;
     int conversions = 0;
     for (;;) {
         format.remove_prefix(std::min(format.find(u'%'), format.size()));
-        if (!Skip(format, u'%')) return conversions == 1;
-        if (Skip(format, u'%')) continue;
-        SkipAll(format, u"-+ #0");
-        if (!SkipNumber(format) || (Skip(format, u'.') && !SkipNumber(format))) return false;
-        Skip(format, u'l');
-        if (format.empty() || std::u16string_view(u"eEfgG").find(format[0]) == format.npos) return false;
+        if (format.empty()) return conversions == 1;
         format.remove_prefix(1);
+        if (format.starts_with(u'%')) {
+            format.remove_prefix(1);
+            continue;
+        }
+        FormatSpec const spec = TakeFormatSpec(format);
+        bool const isDouble = spec.size == FormatSpec::Size::Plain || spec.size == FormatSpec::Size::Long;
+        bool const isFloat = std::u16string_view(u"eEfgG").find(spec.letter) != format.npos;
+        if (!isDouble || !isFloat || spec.width > kMost || spec.precision > kMost) return false;
         ++conversions;
     }
 }

@@ -4,6 +4,7 @@
 #include "platform/TextView.h"
 #include "values/DateTimeFields.h"
 #include "values/DigitText.h"
+#include "values/NumberText.h"
 
 namespace BxXmlLib5 {
 
@@ -151,8 +152,8 @@ void CDateTime::SetXSDTime(std::u16string_view text) {
 
 void CDateTime::SetZone(std::u16string_view text) {
     if (text.starts_with(u'Z')) return SetUTC();
-    bool const isNegative = text.starts_with(u'-');
-    if (!isNegative && !text.starts_with(u'+')) return;
+    if (text.empty() || !IsSign(text[0])) return;
+    bool const isNegative = text[0] == u'-';
     DateTimeFields fields;
     if (text.size() != kZoneForm.size() + 1 || !ReadForm(kZoneForm, text.substr(1), fields)) {
         Throw(u"Invalid XSD Time Zone [%s]", text);

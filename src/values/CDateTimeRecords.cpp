@@ -34,6 +34,34 @@ CDateTime const& CDateTime::operator=(std::int64_t const& time) {
     return *this;
 }
 
+void CDateTime::SetInstant(std::chrono::seconds seconds, std::chrono::nanoseconds fraction) {
+    auto const [carry, nanos] = FloorDivide(fraction.count(), std::nano::den);
+    *this = std::int64_t{seconds.count()} + carry;
+    m_milli = static_cast<std::uint16_t>(nanos / 1'000'000);
+    m_micro = static_cast<std::uint16_t>(nanos / 1000 % 1000);
+    m_nano = static_cast<std::uint16_t>(nanos % 1000);
+    SetUTC();
+}
+
+std::int64_t CDateTime::CountUnits(std::int64_t num, std::int64_t den, std::int64_t least,
+                                   std::int64_t most) const {
+    std::int64_t seconds = GetTime();
+    std::int64_t const nanos = m_dtType == dt_dateTime ? (m_milli * 1000 + m_micro) * 1000 + m_nano : 0;
+    std::int64_t fraction = nanos / (std::nano::den / den);
+    if (seconds < 0 && fraction != 0) {
+        // Both negative, so that the product is no further from 0 than the sum.
+        ++seconds;
+        fraction -= den;
+    }
+    std::int64_t count = FloorDivide(seconds, num).quotient;
+    bool const fits =
+        !__builtin_mul_overflow(count, den, &count) && !__builtin_add_overflow(count, fraction, &count);
+    if (!fits || count < least || count > most) {
+        throw CBxOverFlowException(u"The date is too far from 1970 to be counted in units of this size");
+    }
+    return count;
+}
+
 CDateTime const& CDateTime::operator=(_SYSTEMTIME const& time) {
     DateTimeFields const fields{.year = time.wYear,
                                 .month = time.wMonth,

@@ -222,6 +222,10 @@ CDateTime::DTCompareResult CDateTimeSpan::CompareTo(CDateTimeSpan const& other) 
     return first;
 }
 
+std::partial_ordering CDateTimeSpan::Order(CDateTimeSpan const& other) const {
+    return AsOrdering(CompareTo(other));
+}
+
 bool CDateTimeSpan::operator==(CDateTimeSpan const& other) const {
     return CompareTo(other) == CDateTime::dtc_equal;
 }

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
+#include <iterator>
 #include <utility>
 
 #include "BxXmlLib5/core/CBxException.h"
@@ -19,18 +21,48 @@ namespace {
 /// Places behind the limit that a quotient keeps for its rounding.
 constexpr int kGuardPlaces = 2;
 
+/// The places of a double.
+constexpr int kDoublePlaces = 13;
+
+/// The most places of a number that is calculated with in 64 bits.
+constexpr int kShortPlaces = 18;
+
+constexpr std::uint64_t PowerOf10(int places) {
+    return Magnitude::kPowersOf10[static_cast<std::size_t>(places)];
+}
+
+/// The product of a double and 10 to the power of its places, rounded half to even as std::to_chars rounds.
+/// @param value at least 0
+/// @return nothing for a value whose product has more than 63 bits, and for infinity and not-a-number
+std::optional<std::int64_t> ScaledDouble(double value) {
+    __extension__ typedef unsigned __int128 Wide;
+    constexpr int kMantissaBits = 53;
+    if (!(value < 1 << 19)) return std::nullopt;
+    int exponent = 0;
+    double const mantissa = std::ldexp(std::frexp(value, &exponent), kMantissaBits);
+    int const shift = kMantissaBits - exponent;
+    if (shift > 100) return 0;  // far below half a unit
+    Wide const product = Wide{static_cast<std::uint64_t>(mantissa)} * PowerOf10(kDoublePlaces);
+    Wide const half = Wide{1} << (shift - 1);
+    Wide const rest = product % (2 * half);
+    auto const scaled = static_cast<std::int64_t>(product >> shift);
+    return rest > half || (rest == half && scaled % 2 != 0) ? scaled + 1 : scaled;
+}
+
 }  // namespace
 
 constinit std::atomic<int> CDecimal::m_maxDivider = 30;
 
-CDecimal::CDecimal(int value) : m_integerPart(value) {}
-
-CDecimal::CDecimal(long value) : m_integerPart(value) {}
-
-CDecimal::CDecimal(long long value) : m_integerPart(value) {}
-
 CDecimal::CDecimal(double value) {
-    Parse(FormatString(u"%.13f\n", value));
+    if (auto const scaled = ScaledDouble(std::fabs(value)); scaled && PlacesLimit() >= kDoublePlaces) {
+        *this = FromShort(*scaled, kDoublePlaces);
+        if (std::signbit(value)) Negate();
+        return;
+    }
+    char digits[400];  // the greatest double has 309 before the point
+    char* const end =
+        std::to_chars(digits, std::end(digits), value, std::chars_format::fixed, kDoublePlaces).ptr;
+    Parse(Widen({digits, end}));
 }
 
 CDecimal::CDecimal(CBigInteger const& value) : m_integerPart(value) {}
@@ -165,6 +197,31 @@ CDecimal CDecimal::FromScaled(CBigInteger const& scaled, std::size_t places) {
     return result;
 }
 
+CDecimal CDecimal::FromShort(std::int64_t scaled, int places) {
+    int const sign = scaled < 0 ? -1 : 1;
+    auto const bits = static_cast<std::uint64_t>(scaled);
+    std::uint64_t const magnitude = scaled < 0 ? 0 - bits : bits;
+    std::uint64_t const power = PowerOf10(places);
+    CBigInteger integer(sign, Magnitude::FromInteger(magnitude / power));
+    std::uint64_t fraction = magnitude % power;
+    if (fraction == 0) return {std::move(integer), CBigInteger(), 1};
+    for (; fraction % 10 == 0; fraction /= 10) --places;
+    return {std::move(integer), CBigInteger(sign, Magnitude::FromInteger(fraction)), places};
+}
+
+std::optional<std::int64_t> CDecimal::Short(int places) const {
+    constexpr std::size_t kMostLimbs = 2;
+    Magnitude::Limbs const &integer = m_integerPart.m_digits, &fraction = m_fractionPart.m_digits;
+    if (places > kShortPlaces || integer.size() > kMostLimbs || fraction.size() > kMostLimbs)
+        return std::nullopt;
+    std::uint64_t const rest = Magnitude::ToInteger(fraction) * PowerOf10(places - m_fractionalDivider);
+    std::int64_t scaled = 0;
+    if (__builtin_mul_overflow(Magnitude::ToInteger(integer), PowerOf10(places), &scaled) ||
+        __builtin_add_overflow(scaled, rest, &scaled))
+        return std::nullopt;
+    return m_integerPart.m_sign < 0 ? -scaled : scaled;
+}
+
 CBigInteger CDecimal::ScaledFraction(int places) const {
     CBigInteger fraction = m_fractionPart;
     Magnitude::ScaleUp(fraction.m_digits, static_cast<std::size_t>(places - m_fractionalDivider));
@@ -245,20 +302,35 @@ void CDecimal::Negate() {
     if (!m_fractionPart.IsZero()) m_fractionPart.Negate();
 }
 
-CDecimal CDecimal::operator+(CDecimal const& other) const {
+CDecimal CDecimal::Plus(CDecimal const& other, int otherSign) const {
     int const places = std::max(m_fractionalDivider, other.m_fractionalDivider);
-    return FromScaled(Scaled(places) + other.Scaled(places), static_cast<std::size_t>(places));
+    auto const a = Short(places), b = other.Short(places);
+    std::int64_t sum = 0;
+    if (a && b && !__builtin_add_overflow(*a, otherSign * *b, &sum)) return FromShort(sum, places);
+    CBigInteger addend = other.Scaled(places);
+    if (otherSign < 0) addend.Negate();
+    return FromScaled(Scaled(places) + addend, static_cast<std::size_t>(places));
+}
+
+CDecimal CDecimal::operator+(CDecimal const& other) const {
+    return Plus(other, 1);
 }
 
 CDecimal CDecimal::operator-(CDecimal const& other) const {
-    return *this + other.GetNegative();
+    return Plus(other, -1);
 }
 
 CDecimal CDecimal::operator*(CDecimal const& other) const {
-    CDecimal product = FromScaled(
-        Scaled(m_fractionalDivider) * other.Scaled(other.m_fractionalDivider),
-        static_cast<std::size_t>(m_fractionalDivider) + static_cast<std::size_t>(other.m_fractionalDivider));
-    product.Cap(PlacesLimit());
+    int const limit = PlacesLimit();
+    int const places = m_fractionalDivider + other.m_fractionalDivider;
+    if (places <= std::min(limit, kShortPlaces)) {
+        auto const a = Short(m_fractionalDivider), b = other.Short(other.m_fractionalDivider);
+        std::int64_t scaled = 0;
+        if (a && b && !__builtin_mul_overflow(*a, *b, &scaled)) return FromShort(scaled, places);
+    }
+    CDecimal product = FromScaled(Scaled(m_fractionalDivider) * other.Scaled(other.m_fractionalDivider),
+                                  static_cast<std::size_t>(places));
+    product.Cap(limit);
     return product;
 }
 

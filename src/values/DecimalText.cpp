@@ -6,6 +6,7 @@
 #include "BxXmlLib5/core/FormatString.h"
 #include "BxXmlLib5/values/CWhitespaceUtils.h"
 #include "platform/TextView.h"
+#include "values/NumberText.h"
 
 namespace BxXmlLib5 {
 
@@ -68,10 +69,9 @@ private:
     }
 
     bool TakeSign(bool& negative) const {
-        char16_t const c = m_text[m_at];
-        if (!IsSign(c)) return false;
-        negative = c == u'-';
-        return true;
+        bool const isSign = IsSign(m_text[m_at]);
+        if (isSign) negative = m_text[m_at] == u'-';
+        return isSign;
     }
 
     std::u16string_view m_text;

@@ -18,10 +18,6 @@ struct DecimalText {
     bool m_exponentNegative = false;
 };
 
-inline bool IsSign(char16_t c) {
-    return c == u'-' || c == u'+';
-}
-
 /// Reads a whole text.
 /// @throws CBxInvalidValueException
 DecimalText ScanDecimal(std::u16string_view text);

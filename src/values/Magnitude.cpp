@@ -9,11 +9,6 @@ namespace BxXmlLib5::Magnitude {
 
 namespace {
 
-constexpr std::uint64_t kBase = 1'000'000'000;
-constexpr std::uint64_t kPowersOf10[kLimbDigits] = {
-    1, 10, 100, 1'000, 10'000, 100'000, 1'000'000, 10'000'000, 100'000'000,
-};
-
 /// Numbers of fewer limbs are multiplied and divided limb by limb; longer ones are split.
 constexpr std::size_t kSplitSize = 40;
 
@@ -27,7 +22,7 @@ constexpr std::uint32_t Limb(std::uint64_t value) {
 template <class Char>
 Limbs LimbsOf(std::basic_string_view<Char> digits) {
     digits.remove_prefix(std::min(digits.find_first_not_of(Char('0')), digits.size()));
-    Limbs limbs((digits.size() + kLimbDigits - 1) / kLimbDigits, 0);
+    Limbs limbs = Limbs::Zeros((digits.size() + kLimbDigits - 1) / kLimbDigits);
     for (std::uint32_t& limb : limbs) {
         std::size_t const count = std::min(digits.size(), kLimbDigits);
         limb = LimbOf(digits.substr(digits.size() - count));
@@ -126,7 +121,7 @@ std::uint32_t TakeQuotientLimb(std::uint32_t* part, Limbs const& divisor) {
 }
 
 Limbs MultiplyByLimbs(Limbs const& a, Limbs const& b) {
-    Limbs product(a.size() + b.size(), 0);
+    Limbs product = Limbs::Zeros(a.size() + b.size());
     for (std::size_t i = 0; i < b.size(); ++i) product[i + a.size()] = AddMultipleTo(&product[i], a, b[i]);
     Trim(product);
     return product;
@@ -144,7 +139,7 @@ Division DivideByLimbs(Limbs const& dividend, Limbs const& divisor) {
     MultiplyBy(scaled, scale);
     MultiplyBy(rest, scale);
     rest.Resize(dividend.size() + 1);
-    Limbs quotient(rest.size() - scaled.size(), 0);
+    Limbs quotient = Limbs::Zeros(rest.size() - scaled.size());
     for (std::size_t i = quotient.size(); i-- > 0;) quotient[i] = TakeQuotientLimb(&rest[i], scaled);
     Trim(quotient);
     DivideBy(rest, scale);
@@ -197,18 +192,6 @@ Limbs FromLongText(std::string_view digits) {
     return LimbsOf(digits);
 }
 
-Limbs FromInteger(std::uint64_t value) {
-    Limbs limbs;
-    for (; value != 0; value /= kBase) limbs.PushBack(Limb(value % kBase));
-    return limbs;
-}
-
-std::uint64_t ToInteger(Limbs const& limbs) {
-    std::uint64_t value = 0;
-    for (std::size_t i = limbs.size(); i-- > 0;) value = value * kBase + limbs[i];
-    return value;
-}
-
 void AppendText(wstring& text, Limbs const& limbs, std::size_t width) {
     text.append(std::max(CountDigits(limbs), width), u'0');
     for (std::size_t i = 0; i < limbs.size(); ++i) {
@@ -226,8 +209,8 @@ void Trim(Limbs& limbs) {
 
 std::size_t CountDigits(Limbs const& limbs) {
     if (limbs.empty()) return 0;
-    auto const top = std::upper_bound(std::begin(kPowersOf10), std::end(kPowersOf10), limbs.back());
-    return (limbs.size() - 1) * kLimbDigits + static_cast<std::size_t>(top - kPowersOf10);
+    auto const top = std::upper_bound(kPowersOf10.begin(), kPowersOf10.end(), limbs.back());
+    return (limbs.size() - 1) * kLimbDigits + static_cast<std::size_t>(top - kPowersOf10.begin());
 }
 
 std::size_t CountTrailingZeros(Limbs const& limbs) {

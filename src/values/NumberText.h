@@ -34,10 +34,14 @@ inline std::size_t SkipDigits(std::u16string_view text, std::size_t at) {
     return at;
 }
 
+constexpr bool IsSign(char16_t c) {
+    return c == u'-' || c == u'+';
+}
+
 /// Moves past a sign.
 /// @return it is a minus
 inline bool TakeSign(std::u16string_view text, std::size_t& at) {
-    if (at == text.size() || (text[at] != u'-' && text[at] != u'+')) return false;
+    if (at == text.size() || !IsSign(text[at])) return false;
     return text[at++] == u'-';
 }
 

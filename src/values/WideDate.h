@@ -1,6 +1,7 @@
 // Dates on the way from one to another, where a year may be of any size.
 #pragma once
 
+#include <compare>
 #include <cstdint>
 
 #include "BxXmlLib5/values/CDateTime.h"
@@ -20,5 +21,7 @@ struct WideDate {
 
 /// The partial order of XML Schema Part 2, 3.2.7.4.
 CDateTime::DTCompareResult Compare(WideDate const& left, WideDate const& right);
+
+std::partial_ordering AsOrdering(CDateTime::DTCompareResult result);
 
 }  // namespace BxXmlLib5

@@ -1,12 +1,10 @@
 #include "writers/CFastInfosetWriter.h"
 
 #include <algorithm>
+#include <span>
 
 #include "fastinfoset/WriteInteger.h"
-#include "platform/StandardNamespaces.h"
-#include "platform/TextView.h"
 #include "values/Utf8Conversion.h"
-#include "writers/CXmlWriterContext.h"
 
 namespace BxXmlLib5 {
 
@@ -26,7 +24,7 @@ void AppendOctets(COctetBuffer& output, auto const& octets) {
 
 }  // namespace
 
-CFastInfosetWriter::CFastInfosetWriter() : CXmlWriter(u"CFastInfosetWriter") {
+CFastInfosetWriter::CFastInfosetWriter() : CElementWriter(u"CFastInfosetWriter") {
     m_prefixes.Add(kBuiltInPrefix);
     m_namespaceNames.Add(kBuiltInNamespace);
 }
@@ -63,55 +61,77 @@ void CFastInfosetWriter::WriteProcessingInstruction(wstring const&) {
 
 void CFastInfosetWriter::WriteInLineSchema(wstring const&) {}
 
-// C.3: elements. The first octet says whether attributes follow, so it waits for the next call.
+// C.3: elements. What comes first says whether attributes follow and what they need to have declared, so a
+// start tag waits until it closes.
 
 void CFastInfosetWriter::WriteStartElement(wstring const& name, wstring const& namespaceUri) {
+    Context().TestDepth();
     CloseStartTag();
     PadTerminator();
-    auto element = NewRecord(name, namespaceUri);
-    if (Current() != nullptr) ++Current()->m_childCount;
-    Push(std::move(element));
-    m_pendingElement = true;
+    Start(name, namespaceUri);
+    m_hasElementPrefix = false;
+    m_attributeCount = 0;
+    m_declarations.clear();
 }
 
 void CFastInfosetWriter::WriteText(wstring const& text) {
-    InnermostElement();
+    if (text.empty() && !Context().IsOpen()) return;
+    Context().Innermost();
     CloseStartTag();
     PadTerminator();
     if (!text.empty()) WriteChunk(text);
 }
 
 void CFastInfosetWriter::WriteEndElement() {
-    InnermostElement();
+    Context().Innermost();
     CloseStartTag();
     if (m_pendingTerminator) m_output.Append(kTwoTerminators);
     m_pendingTerminator = !m_pendingTerminator;
-    Pop();
+    Context().End();
 }
 
-/// Writes the start of an element that waits for it.
-/// @param ofType the declaration that the value of its xsi:type needs, null for none
-void CFastInfosetWriter::Flush(bool hasAttributes, Declaration const* ofType) {
-    if (!m_pendingElement) return;
-    m_pendingElement = false;
-    CXmlWriterContext& element = *Current();
-    element.m_hasAttributes = hasAttributes;
-    unsigned const first = hasAttributes ? kHasAttributes : 0U;
-    bool const declares = WriteNamespaceAttributes(first, element.m_depth == 0, ofType);
+/// Closes and writes the start tag of the innermost open element, if there is one.
+void CFastInfosetWriter::CloseStartTag() {
+    if (!Context().IsOpen() || !Context().Innermost().m_startTagOpen) return;
+    TakeElementPrefix();
+    Element& element = Context().Innermost();
+    element.m_startTagOpen = false;
+    unsigned const first = m_attributeCount > 0 ? kHasAttributes : 0U;
+    bool const declares = WriteNamespaceAttributes(first);
     WriteName(m_elementNames, kLiteralElementName, declares ? 0U : first, kIndexOnThirdBit,
-              PrefixOf(element, element.m_namespace), element.m_namespace, element.m_name);
+              {element.m_prefix, element.m_namespace, element.m_name});
+    for (Attribute const& attribute : std::span(m_attributes).first(m_attributeCount)) {
+        WriteName(m_attributeNames, kLiteralAttributeName, 0, kIndexOnSecondBit,
+                  {attribute.m_prefix, attribute.m_namespace, attribute.m_name});
+        WriteValue(attribute.m_value);
+    }
+    if (m_attributeCount > 0) m_output.Append(kTerminator);
+}
+
+/// The open element takes its prefix before its attributes take theirs.
+void CFastInfosetWriter::TakeElementPrefix() {
+    if (m_hasElementPrefix) return;
+    m_hasElementPrefix = true;
+    Element& element = Context().Innermost();
+    if (!element.m_namespace.empty()) element.m_prefix = Scopes().TakePrefix(element.m_namespace).m_alias;
 }
 
 /// Writes the first octet and the namespace attributes, if there are any.
-bool CFastInfosetWriter::WriteNamespaceAttributes(unsigned first, bool isRoot, Declaration const* ofType) {
-    if (!isRoot && ofType == nullptr) return false;
+bool CFastInfosetWriter::WriteNamespaceAttributes(unsigned first) {
+    if (!Context().IsRoot() && m_declarations.empty()) return false;
     std::size_t const start = m_output.Size();
     m_output.Append(first | kNamespaceAttributesFollow.m_octet);
-    if (isRoot) WriteRootNamespaces();
-    if (ofType != nullptr) {
+    if (Context().IsRoot()) {
+        ForEachRootDeclaration([this](auto const& alias, auto const& namespaceUri) {
+            m_output.Append(kNamespaceAttribute.m_octet | (alias.empty() ? 0U : kHasPrefix) | kHasNamespace);
+            if (!alias.empty()) WriteLiteral(m_prefixes, alias);
+            WriteLiteral(m_namespaceNames, namespaceUri);
+        });
+    }
+    for (auto const& [alias, namespaceUri] : m_declarations) {
         m_output.Append(kNamespaceAttribute.m_octet | kHasPrefix | kHasNamespace);
-        WriteIdentifyingString(m_prefixes, ofType->m_alias);
-        WriteIdentifyingString(m_namespaceNames, ofType->m_namespace);
+        WriteIdentifyingString(m_prefixes, alias);
+        WriteIdentifyingString(m_namespaceNames, namespaceUri);
     }
     bool const any = m_output.Size() > start + 1;
     if (any) {
@@ -122,76 +142,42 @@ bool CFastInfosetWriter::WriteNamespaceAttributes(unsigned first, bool isRoot, D
     return any;
 }
 
-void CFastInfosetWriter::WriteRootNamespaces() {
-    if (!RootDefaultNamespace().empty() && !Equal(RootDefaultNamespace(), kXmlNamespace)) {
-        m_output.Append(kNamespaceAttribute.m_octet | kHasNamespace);
-        WriteLiteral(m_namespaceNames, RootDefaultNamespace());
-    }
-    for (auto const& [namespaceUri, alias] : RootNamespaces()) {
-        if (alias.empty() || Equal(namespaceUri, kXmlNamespace)) continue;
-        m_output.Append(kNamespaceAttribute.m_octet | kHasPrefix | kHasNamespace);
-        WriteLiteral(m_prefixes, alias);
-        WriteLiteral(m_namespaceNames, namespaceUri);
-    }
-}
-
-/// Closes the start tag of the innermost open element, if there is one.
-void CFastInfosetWriter::CloseStartTag() {
-    Flush(false);
-    CXmlWriterContext* const element = Current();
-    if (element == nullptr || !element->m_startTagOpen) return;
-    element->m_startTagOpen = false;
-    if (element->m_hasAttributes) m_output.Append(kTerminator);
-}
-
 /// Writes a terminator that waits, since none follows it.
 void CFastInfosetWriter::PadTerminator() {
     if (m_pendingTerminator) m_output.Append(kTerminator);
     m_pendingTerminator = false;
 }
 
-// C.4: attributes.
+// C.4: attributes. The default namespace plays no part in the prefixes of names.
 
 void CFastInfosetWriter::WriteAttribute(wstring const& name, wstring const& namespaceUri,
                                         wstring const& value) {
-    CXmlWriterContext& element = ElementOpenForAttributes();
-    Flush(true);
-    WriteName(m_attributeNames, kLiteralAttributeName, 0, kIndexOnSecondBit, PrefixOf(element, namespaceUri),
-              namespaceUri, name);
-    WriteValue(value);
+    Context().OpenForAttributes();
+    TakeElementPrefix();
+    if (m_attributeCount == m_attributes.size()) m_attributes.emplace_back();
+    Attribute& attribute = m_attributes[m_attributeCount];
+    attribute.m_prefix.clear();
+    if (!namespaceUri.empty()) attribute.m_prefix = Scopes().TakePrefix(namespaceUri).m_alias;
+    attribute.m_namespace = namespaceUri;
+    attribute.m_name = name;
+    attribute.m_value = value;
+    ++m_attributeCount;
 }
 
-void CFastInfosetWriter::WriteXsiType(wstring const& namespaceUri, wstring const& typeName) {
-    // Never destroyed, so that a destructor of static storage may write.
-    static wstring const& s_name = *new wstring(u"type");
-    static wstring const& s_xsiNamespace = *new wstring(kXsiNamespace);
-    CXmlWriterContext& element = ElementOpenForAttributes();
-    if (element.IsDefault(namespaceUri)) return WriteAttribute(s_name, s_xsiNamespace, typeName);
-    PrefixOf(element, element.m_namespace);  // it comes before that of the type
-    Declaration const ofType{PrefixOf(element, namespaceUri), namespaceUri};
-    Flush(true, IsUndeclared(ofType) ? &ofType : nullptr);
-    WriteAttribute(s_name, s_xsiNamespace, wstring(ofType.m_alias) + u':' + typeName);
-}
-
-/// What a name in a namespace stands with. The default namespace plays no part here.
-wstring const& CFastInfosetWriter::PrefixOf(CXmlWriterContext& element, wstring const& namespaceUri) {
-    static wstring const& s_none = *new wstring;  // never destroyed, as above
-    return namespaceUri.empty() ? s_none : element.TakePrefix(namespaceUri).m_alias;
-}
-
-/// Whether no namespace attribute of the root binds a prefix, so that names alone would tell it.
-bool CFastInfosetWriter::IsUndeclared(Declaration const& declaration) const {
-    if (Equal(declaration.m_namespace, kXmlNamespace)) return false;
-    auto const known = RootNamespaces().find(declaration.m_namespace);
-    return known == RootNamespaces().end() || !Equal(known->second, declaration.m_alias);
+wstring CFastInfosetWriter::DeclaredPrefix(wstring const& namespaceUri) {
+    TakeElementPrefix();
+    bool const isNew = Scopes().Declare(namespaceUri);
+    wstring const alias = Scopes().TakePrefix(namespaceUri).m_alias;
+    if (isNew) m_declarations.emplace_back(alias, namespaceUri);
+    return alias;
 }
 
 // C.17, C.18: names. The indices of its parts tell a name, so what has a part that is new is new as well.
 
 template <class IndexForms>
 void CFastInfosetWriter::WriteName(CNameIndex& names, OctetPattern const& literal, unsigned first,
-                                   IndexForms const& indexForms, std::u16string_view prefix,
-                                   std::u16string_view namespaceUri, std::u16string_view localName) {
+                                   IndexForms const& indexForms, Name const& parts) {
+    auto const& [prefix, namespaceUri, localName] = parts;
     bool const hasPrefix = !prefix.empty();
     bool const hasNamespace = !namespaceUri.empty();
     NameSurrogate name;

@@ -3,13 +3,15 @@
 
 #include <cstddef>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 #include "BxXmlLib5/core/Enumerations.h"
 #include "BxXmlLib5/values/CBinaryData.h"
-#include "BxXmlLib5/writers/CXmlWriter.h"
 #include "fastinfoset/COctetBuffer.h"
 #include "fastinfoset/CVocabularyIndex.h"
 #include "fastinfoset/Format.h"
+#include "writers/CElementWriter.h"
 
 namespace BxXmlLib5 {
 
@@ -18,12 +20,12 @@ namespace BxXmlLib5 {
 /// even the empty one.
 ///
 /// Namespace attributes declare what the root declares; elsewhere a prefix stands in names alone. The one that
-/// WriteXsiType() puts into a value is declared too, if nothing was written into the element before.
+/// WriteXsiType() puts into a value is declared too, on its element.
 ///
 /// A name, alias or namespace with an unpaired surrogate, which has no UTF-8 form, throws
 /// CBxInvalidValueException, and so does text; an attribute value with one is written as the empty value.
 /// After a throw for what was half written the document is of no use.
-class CFastInfosetWriter : public CXmlWriter {
+class CFastInfosetWriter : public CElementWriter {
 public:
     CFastInfosetWriter();
     ~CFastInfosetWriter() override;
@@ -32,7 +34,7 @@ public:
     /// @param declaration the XML declaration ahead of it, none for a value outside the enumeration
     void WriteStartDocument(FInfoDecl declaration);
 
-    /// The document so far.
+    /// The document so far, up to the last start tag that is closed.
     CBinaryData GetBinaryData() const;
 
     /// The document so far, which is gone from the writer.
@@ -46,26 +48,31 @@ public:
     void WriteText(wstring const& text) override;
     void WriteEndElement() override;
     void WriteAttribute(wstring const& name, wstring const& namespaceUri, wstring const& value) override;
-    void WriteXsiType(wstring const& namespaceUri, wstring const& typeName) override;
 
 private:
-    struct Declaration {
-        wstring const& m_alias;
-        wstring const& m_namespace;
+    struct Attribute {
+        wstring m_prefix;
+        wstring m_namespace;
+        wstring m_name;
+        wstring m_value;
     };
 
-    void Flush(bool hasAttributes, Declaration const* ofType = nullptr);
-    bool WriteNamespaceAttributes(unsigned first, bool isRoot, Declaration const* ofType);
-    void WriteRootNamespaces();
-    static wstring const& PrefixOf(CXmlWriterContext& element, wstring const& namespaceUri);
-    bool IsUndeclared(Declaration const& declaration) const;
+    /// The parts of a name; the first two may be empty.
+    struct Name {
+        std::u16string_view m_prefix;
+        std::u16string_view m_namespace;
+        std::u16string_view m_localName;
+    };
+
+    wstring DeclaredPrefix(wstring const& namespaceUri) override;
     void CloseStartTag();
+    void TakeElementPrefix();
+    bool WriteNamespaceAttributes(unsigned first);
     void PadTerminator();
 
     template <class IndexForms>
     void WriteName(FastInfoset::CNameIndex& names, FastInfoset::OctetPattern const& literal, unsigned first,
-                   IndexForms const& indexForms, std::u16string_view prefix, std::u16string_view namespaceUri,
-                   std::u16string_view localName);
+                   IndexForms const& indexForms, Name const& parts);
     std::uint32_t WriteIdentifyingString(FastInfoset::CTextIndex& table, std::u16string_view text);
     std::uint32_t WriteLiteral(FastInfoset::CTextIndex& table, std::u16string_view text);
     void WriteValue(std::u16string_view value);
@@ -75,8 +82,14 @@ private:
                          std::size_t size);
 
     COctetBuffer m_output;
-    bool m_pendingElement = false;     // the current element's first octets wait for the next call
     bool m_pendingTerminator = false;  // a terminator waits for another one to share its octet
+
+    // Of the start tag that is open.
+    bool m_hasElementPrefix = false;
+    std::size_t m_attributeCount = 0;
+    std::vector<Attribute> m_attributes;  // more than there are, for the memory of their texts
+    std::vector<std::pair<wstring, wstring>> m_declarations;  // alias and URI, beside those of the root
+
     FastInfoset::CNameIndex m_attributeNames;
     FastInfoset::CShortTextIndex m_attributeValues;
     FastInfoset::CShortTextIndex m_characterChunks;

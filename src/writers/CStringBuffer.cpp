@@ -82,35 +82,34 @@ void CStringBuffer::AppendAcrossChunks(std::u16string_view text) {
 }
 
 void CStringBuffer::StartChunk() {
-    Adopt(std::make_unique_for_overwrite<char16_t[]>(kChunkSize), kChunkSize, 0);
+    Adopt({std::make_unique_for_overwrite<char16_t[]>(kChunkSize), kChunkSize}, 0);
 }
 
-void CStringBuffer::Adopt(std::unique_ptr<char16_t[]> chunk, std::size_t capacity, std::size_t used) {
-    m_chunkLengths.push_back(capacity);
-    m_chunks.push_back(std::move(chunk));
-    m_current = m_chunks.back().get();
-    m_capacity = capacity;
+void CStringBuffer::Adopt(Chunk chunk, std::size_t used) {
+    Chunk const& last = m_chunks.emplace_back(std::move(chunk));
+    m_current = last.m_units.get();
+    m_capacity = last.m_capacity;
     m_used = used;
 }
 
 void CStringBuffer::Clear() {
     m_chunks.clear();
-    m_chunkLengths.clear();
     m_used = 0;
     m_capacity = 0;
     m_current = nullptr;
 }
 
 std::size_t CStringBuffer::Size() const {
-    std::size_t size = m_used;
-    for (std::size_t i = 0; i + 1 < m_chunks.size(); ++i) size += m_chunkLengths[i];
-    return size;
+    std::size_t size = 0;
+    for (Chunk const& chunk : m_chunks) size += chunk.m_capacity;
+    return size - (m_capacity - m_used);
 }
 
 template <class Out>
 void CStringBuffer::CopyChunks(Out out) const {
-    for (std::size_t i = 0; i < m_chunks.size(); ++i) {
-        out(std::u16string_view(m_chunks[i].get(), i + 1 < m_chunks.size() ? m_chunkLengths[i] : m_used));
+    for (Chunk const& chunk : m_chunks) {
+        bool const isLast = &chunk == &m_chunks.back();
+        out(std::u16string_view(chunk.m_units.get(), isLast ? m_used : chunk.m_capacity));
     }
 }
 
@@ -122,7 +121,7 @@ std::u16string_view CStringBuffer::View() {
             at = std::copy(chunk.begin(), chunk.end(), at);
         });
         Clear();
-        Adopt(std::move(joined), size, size);
+        Adopt({std::move(joined), size}, size);
     }
     return {m_current, m_used};
 }

@@ -49,15 +49,19 @@ public:
     std::size_t ChunkCount() const { return m_chunks.size(); }
 
 private:
+    struct Chunk {
+        std::unique_ptr<char16_t[]> m_units;
+        std::size_t m_capacity;  // all of it is used, but in the last chunk
+    };
+
     void AppendAcrossChunks(std::u16string_view text);
     void StartChunk();
-    void Adopt(std::unique_ptr<char16_t[]> chunk, std::size_t capacity, std::size_t used);
+    void Adopt(Chunk chunk, std::size_t used);
     std::size_t Size() const;
     template <class Out>
     void CopyChunks(Out out) const;
 
-    std::vector<std::unique_ptr<char16_t[]>> m_chunks;
-    std::vector<std::size_t> m_chunkLengths;  // as capacity; the last chunk holds m_used
+    std::vector<Chunk> m_chunks;
     std::size_t m_used = 0;
     std::size_t m_capacity = 0;
     char16_t* m_current = nullptr;

@@ -1,11 +1,8 @@
 #include "writers/CXmlTextWriter.h"
 
 #include "BxXmlLib5/core/CBxException.h"
-#include "platform/StandardNamespaces.h"
-#include "platform/TextView.h"
 #include "platform/Utf16Octets.h"
 #include "values/Utf8Conversion.h"
-#include "writers/CXmlWriterContext.h"
 
 namespace BxXmlLib5 {
 
@@ -26,7 +23,7 @@ CBinaryData ToUtf16Octets(std::u16string_view text) {
 
 }  // namespace
 
-CXmlTextWriter::CXmlTextWriter() : CXmlWriter(u"CXmlTextWriter") {}
+CXmlTextWriter::CXmlTextWriter() : CElementWriter(u"CXmlTextWriter") {}
 CXmlTextWriter::~CXmlTextWriter() = default;
 
 void CXmlTextWriter::SetEOLType(EOLType eolType) {
@@ -79,55 +76,52 @@ void CXmlTextWriter::WriteInLineSchema(wstring const& text) {
 }
 
 void CXmlTextWriter::WriteStartElement(wstring const& name, wstring const& namespaceUri) {
-    auto element = NewRecord(name, namespaceUri);
-    bool const isRoot = Current() == nullptr;
-    if (!isRoot) {
-        CloseStartTag();
-        ++Current()->m_childCount;
-    }
-    AppendIndentation(*element);
+    Context().TestDepth();
+    CloseStartTag();
+    Element& element = Start(name, namespaceUri);
+    AppendIndentation();
     m_buffer.Append(u'<');
-    bool const declares = element->TakeElementPrefix(Current());
-    AppendElementName(*element);
-    if (declares) AppendDeclaration(element->ElementPrefix(), namespaceUri);
-    if (isRoot) AppendRootDeclarations();
-    Push(std::move(element));
+    bool declares = false;
+    if (!Scopes().IsDefault(namespaceUri)) {
+        auto const prefix = Scopes().TakePrefix(namespaceUri);
+        element.m_prefix = prefix.m_alias;
+        declares = prefix.m_isNew;
+    }
+    AppendName(element.m_prefix, name);
+    if (declares) AppendDeclaration(element.m_prefix, namespaceUri);
+    if (Context().IsRoot()) {
+        ForEachRootDeclaration([this](auto const& alias, auto const& uri) { AppendDeclaration(alias, uri); });
+    }
 }
 
 void CXmlTextWriter::WriteAttribute(wstring const& name, wstring const& namespaceUri, wstring const& value) {
-    CXmlWriterContext& element = ElementOpenForAttributes();
-    if (!namespaceUri.empty()) {
-        auto const prefix = element.TakePrefix(namespaceUri);
+    Context().OpenForAttributes();
+    if (namespaceUri.empty()) {
+        m_buffer.Append(u' ');
+        m_buffer.Append(name);
+    } else {
+        auto const prefix = Scopes().TakePrefix(namespaceUri);
         if (prefix.m_isNew) AppendDeclaration(prefix.m_alias, namespaceUri);
         m_buffer.Append(u' ');
-        m_buffer.Append(prefix.m_alias);
-        m_buffer.Append(u':');
-    } else {
-        m_buffer.Append(u' ');
+        AppendName(prefix.m_alias, name);
     }
-    m_buffer.Append(name);
     m_buffer.Append(u"=\"");
     m_buffer.AppendEscaped(value, m_eolType);
     m_buffer.Append(u'"');
 }
 
-void CXmlTextWriter::WriteXsiType(wstring const& namespaceUri, wstring const& typeName) {
-    // Never destroyed, so that a destructor of static storage may write.
-    static wstring const& s_name = *new wstring(u"type");
-    static wstring const& s_xsiNamespace = *new wstring(kXsiNamespace);
-    CXmlWriterContext& element = ElementOpenForAttributes();
-    if (element.IsDefault(namespaceUri)) return WriteAttribute(s_name, s_xsiNamespace, typeName);
-    auto const prefix = element.TakePrefix(namespaceUri);
+wstring CXmlTextWriter::DeclaredPrefix(wstring const& namespaceUri) {
+    auto const prefix = Scopes().TakePrefix(namespaceUri);
     if (prefix.m_isNew) {
         AppendDeclaration(prefix.m_alias, namespaceUri);
         m_buffer.Append(u' ');
     }
-    WriteAttribute(s_name, s_xsiNamespace, prefix.m_alias + u':' + typeName);
+    return prefix.m_alias;
 }
 
 void CXmlTextWriter::WriteText(wstring const& text) {
-    CXmlWriterContext& element = InnermostElement();
     if (text.empty()) return;
+    Element& element = Context().Innermost();
     if (element.m_startTagOpen) {
         element.m_startTagOpen = false;
         m_buffer.Append(u'>');
@@ -136,25 +130,24 @@ void CXmlTextWriter::WriteText(wstring const& text) {
 }
 
 void CXmlTextWriter::WriteEndElement() {
-    CXmlWriterContext const& element = InnermostElement();
+    Element const& element = Context().Innermost();
     if (element.m_startTagOpen) {
         m_buffer.Append(u"/>");
     } else {
-        if (element.m_childCount > 0) AppendIndentation(element);
+        if (element.m_childCount > 0) AppendIndentation();
         m_buffer.Append(u"</");
-        AppendElementName(element);
+        AppendName(element.m_prefix, element.m_name);
         m_buffer.Append(u'>');
     }
     BreakLine();
-    Pop();
+    Context().End();
 }
 
 /// Closes the start tag of the innermost open element, if there is one, for what is to stand on lines of its
 /// own.
 void CXmlTextWriter::CloseStartTag() {
-    CXmlWriterContext* const element = Current();
-    if (element == nullptr || !element->m_startTagOpen) return;
-    element->m_startTagOpen = false;
+    if (!Context().IsOpen() || !Context().Innermost().m_startTagOpen) return;
+    Context().Innermost().m_startTagOpen = false;
     m_buffer.Append(u'>');
     BreakLine();
 }
@@ -163,36 +156,26 @@ void CXmlTextWriter::BreakLine() {
     if (m_formatting) m_buffer.Append(m_eol);
 }
 
-void CXmlTextWriter::AppendIndentation(CXmlWriterContext const& element) {
-    if (m_formatting) m_buffer.Append(element.m_depth, u'\t');
+/// For a tag of the innermost open element.
+void CXmlTextWriter::AppendIndentation() {
+    if (m_formatting) m_buffer.Append(Context().Depth() - 1, u'\t');
 }
 
-void CXmlTextWriter::AppendElementName(CXmlWriterContext const& element) {
-    wstring const& prefix = element.ElementPrefix();
+void CXmlTextWriter::AppendName(std::u16string_view prefix, std::u16string_view name) {
     if (!prefix.empty()) {
         m_buffer.Append(prefix);
         m_buffer.Append(u':');
     }
-    m_buffer.Append(element.m_name);
+    m_buffer.Append(name);
 }
 
+/// @param prefix empty for the default namespace
 void CXmlTextWriter::AppendDeclaration(std::u16string_view prefix, std::u16string_view namespaceUri) {
-    m_buffer.Append(u" xmlns:");
+    m_buffer.Append(prefix.empty() ? u" xmlns" : u" xmlns:");
     m_buffer.Append(prefix);
     m_buffer.Append(u"=\"");
     m_buffer.Append(namespaceUri);
     m_buffer.Append(u'"');
-}
-
-void CXmlTextWriter::AppendRootDeclarations() {
-    if (!RootDefaultNamespace().empty() && !Equal(RootDefaultNamespace(), kXmlNamespace)) {
-        m_buffer.Append(u" xmlns=\"");
-        m_buffer.Append(RootDefaultNamespace());
-        m_buffer.Append(u'"');
-    }
-    for (auto const& [namespaceUri, alias] : RootNamespaces()) {
-        if (!alias.empty() && !Equal(namespaceUri, kXmlNamespace)) AppendDeclaration(alias, namespaceUri);
-    }
 }
 
 }  // namespace BxXmlLib5

@@ -5,7 +5,7 @@
 
 #include "BxXmlLib5/core/Enumerations.h"
 #include "BxXmlLib5/values/CBinaryData.h"
-#include "BxXmlLib5/writers/CXmlWriter.h"
+#include "writers/CElementWriter.h"
 #include "writers/CStringBuffer.h"
 
 namespace BxXmlLib5 {
@@ -13,7 +13,7 @@ namespace BxXmlLib5 {
 /// Writes XML 1.0 text. Formatting breaks lines and indents by one tab for each level; it adds nothing after
 /// text. Names, namespaces and aliases are written as they are; text, attribute values and comments are
 /// escaped alike. A comment or an instruction closes a start tag that is open.
-class CXmlTextWriter : public CXmlWriter {
+class CXmlTextWriter : public CElementWriter {
 public:
     CXmlTextWriter();
     ~CXmlTextWriter() override;
@@ -46,15 +46,14 @@ public:
     void WriteText(wstring const& text) override;
     void WriteEndElement() override;
     void WriteAttribute(wstring const& name, wstring const& namespaceUri, wstring const& value) override;
-    void WriteXsiType(wstring const& namespaceUri, wstring const& typeName) override;
 
 private:
+    wstring DeclaredPrefix(wstring const& namespaceUri) override;
     void CloseStartTag();
     void BreakLine();
-    void AppendIndentation(CXmlWriterContext const& element);
-    void AppendElementName(CXmlWriterContext const& element);
+    void AppendIndentation();
+    void AppendName(std::u16string_view prefix, std::u16string_view name);
     void AppendDeclaration(std::u16string_view prefix, std::u16string_view namespaceUri);
-    void AppendRootDeclarations();
 
     CStringBuffer m_buffer;
     std::u16string_view m_eol = u"\n";

@@ -41,19 +41,22 @@ wstring GeneratedPrefix(std::size_t index) {
     return prefix;
 }
 
-CPrefixSource::CPrefixSource(std::map<wstring, wstring> const& aliases) {
-    std::vector<std::size_t> used;
-    for (auto const& [namespaceUri, alias] : aliases) {
-        if (auto const index = IndexOf(alias)) used.push_back(*index);
-    }
-    std::sort(used.begin(), used.end());
-    used.erase(std::unique(used.begin(), used.end()), used.end());
-    m_used = std::make_shared<std::vector<std::size_t> const>(std::move(used));
+void CPrefixesInUse::Hold(std::u16string_view alias) {
+    if (auto const index = IndexOf(alias)) ++m_counts[*index];
 }
 
-wstring CPrefixSource::Next() {
-    for (; m_usedBelow < m_used->size() && (*m_used)[m_usedBelow] == m_next; ++m_usedBelow) ++m_next;
-    return GeneratedPrefix(m_next++);
+void CPrefixesInUse::Drop(std::u16string_view alias) {
+    auto const index = IndexOf(alias);
+    if (!index) return;
+    auto const count = m_counts.find(*index);
+    if (--count->second > 0) return;
+    m_counts.erase(count);
+    m_allBelow = std::min(m_allBelow, *index);
+}
+
+wstring CPrefixesInUse::FirstFree() {
+    while (m_counts.contains(m_allBelow)) ++m_allBelow;
+    return GeneratedPrefix(m_allBelow);
 }
 
 }  // namespace BxXmlLib5

@@ -3,8 +3,7 @@
 
 #include <cstddef>
 #include <map>
-#include <memory>
-#include <vector>
+#include <string_view>
 
 #include "BxXmlLib5/platform/Text.h"
 
@@ -14,18 +13,18 @@ namespace BxXmlLib5 {
 /// forth.
 wstring GeneratedPrefix(std::size_t index);
 
-/// Gives the generated prefixes that are no aliases of one scope, lowest first, each once. Only making a
-/// source walks over the scope; a copy goes on where its original stands.
-class CPrefixSource {
+/// Tells the first generated prefix that is no alias of a scope.
+class CPrefixesInUse {
 public:
-    explicit CPrefixSource(std::map<wstring, wstring> const& aliases);
+    /// An alias may be held more than once, and is in use until each is dropped.
+    void Hold(std::u16string_view alias);
+    void Drop(std::u16string_view alias);
 
-    wstring Next();
+    wstring FirstFree();
 
 private:
-    std::shared_ptr<std::vector<std::size_t> const> m_used;  // indexes, ascending, each once
-    std::size_t m_usedBelow = 0;                             // how many of them are below m_next
-    std::size_t m_next = 0;
+    std::map<std::size_t, unsigned> m_counts;  // of the generated ones, by index
+    std::size_t m_allBelow = 0;                // all below this one are in use
 };
 
 }  // namespace BxXmlLib5

@@ -59,11 +59,13 @@ TEST(CXmlSerializationContext, RefusesBothTolerancesAtOnce) {
     EXPECT_BX_THROW(
         (context.SetIgnoreUnknownElements(true), 0), CBxInvalidStateException,
         text + "IgnoreMissingMandatoryElements to false before setting IgnoreUnknownElements to true");
+    EXPECT_FALSE(context.GetIgnoreUnknownElements());
     context.SetIgnoreMissingMandatoryElements(false);
     context.SetIgnoreUnknownElements(true);
     EXPECT_BX_THROW(
         (context.SetIgnoreMissingMandatoryElements(true), 0), CBxInvalidStateException,
         text + "IgnoreUnknownElements to false before setting IgnoreMissingMandatoryElements to true");
+    EXPECT_FALSE(context.GetIgnoreMissingMandatoryElements());
 }
 
 TEST(CXmlSerializationContext, CopiesAllButTheAdditionalRootAttributesByValue) {

@@ -26,7 +26,7 @@ std::string NestedText(int levels) {
 }
 
 TEST(Stacks, TypedObjectsEndInTime) {
-    for (char const* const description : {"s(Ca?^)", "c(Ca?^)", "a(Ca?^)", "s(Ca*^)"}) {
+    for (char const* const description : {"a:self?", "| a:self?", "& a:self?", "a:self*"}) {
         SCOPED_TRACE(description);
         TestClass const& type = Class(description);
         OnSmallStacks([&] {
@@ -41,7 +41,7 @@ TEST(Stacks, TypedObjectsEndInTime) {
 
 TEST(Stacks, DeepObjectsAreWrittenAndDestroyedInTime) {
     // The attributes of pseudo elements are written at the tag of their owner, ahead of everything else.
-    for (char const* const description : {"s(Ca?^)", "s(Ca?~s(@Pk? Ca?~^))"}) {
+    for (char const* const description : {"a:self?", "a:(@k:number?, a:self?)?"}) {
         SCOPED_TRACE(description);
         TestClass const& type = Class(description);
         OnSmallStacks([&] {

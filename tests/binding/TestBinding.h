@@ -27,21 +27,34 @@ using namespace BxXmlLib5Data;
 
 struct TestClass;
 
-/// What the objects note on this thread: x= for a value stored in x, x=0 for a null, {} for the read of an
-/// object, new T(x) for the call of a factory, [n] for the write of a collection in a namespace, # for
-/// the test of its count.
+/// What the objects note on this thread: (x) for the reset of an object with the name x, x= for a value stored
+/// in x, x=0 for a null, new T(x) for the call of a factory, [n] for the write of a collection in a namespace, #
+/// for the test of its count.
 inline thread_local std::string t_log;
+
+/// What a property is.
+enum class Kind {
+    Number,    ///< it_r8 with two places
+    Text,      ///< it_string, whitespace collapsed
+    Short,     ///< the same of at most two characters
+    Enum,      ///< zero, one or two
+    Class,     ///< a class of its own
+    Abstract,  ///< an object whose class the document picks
+    Any,       ///< untyped content, a wildcard
+    Items,     ///< a collection behind the base of the entries of collections
+    Own,       ///< the text of the element itself
+};
 
 /// A property: an element, an attribute or the text.
 struct Field {
-    int m_index;
+    int m_index = 0;
     bool m_isAttribute = false;
-    char m_kind = 0;
+    Kind m_kind = Kind::Own;
     wstring m_name = u"";
-    char m_occurrence = 0;
+    char m_occurrence = '!';  ///< ! one, ~ one that need not be there, ? at most one, * a collection
     int m_minOccurs = 0;
     int m_maxOccurs = -1;
-    char m_defect = 0;
+    std::string m_defect = "";
     wstring m_allowed = u"##any";
     wstring m_target = u"";
     wstring m_default = u"";
@@ -49,8 +62,9 @@ struct Field {
     int m_classId = -1;
     XmlElementType m_elementType = et_Element;
 
+    bool IsCollection() const { return m_occurrence == '*' || (m_isAttribute && m_kind == Kind::Any); }
     bool HoldsObject() const {
-        return !m_isAttribute && m_occurrence != '*' && std::strchr("ACU", m_kind) != nullptr;
+        return !IsCollection() && (m_kind == Kind::Class || m_kind == Kind::Abstract || m_kind == Kind::Any);
     }
 };
 
@@ -58,25 +72,27 @@ inline wstring NamespaceOf(wstring const& name) {
     return !name.empty() && name[0] >= u'A' && name[0] <= u'Z' ? u"n" : u"";
 }
 
-/// The metadata of a class.
+/// The metadata of a class, described much as a schema's content model is:
 ///
-///     class       [~] group [-] [=Name] ( fields )
-///     group       s sequence, c choice, a all, x none of them; ~ makes the class a pseudo element, - an unknown
-///                 attribute an error, =Name a class that has base classes, found by its name if abstract
-///     field       kind name occurrence [defect] [class]
-///     kind        P double with two places, S string with whitespace collapsed, F string of at most two
-///                 characters, E enumeration of zero, one and two, C class, A abstract class (~ for a pseudo
-///                 one), U untyped, B the base of the collections; behind @ an attribute; # the text, unnamed
-///     name        a capital is in the namespace n, _ stands for AnyElement
-///     occurrence  ! one, . one that need not be there, ? at most one, * or *1-2 a collection
-///     defect      % holds nothing, $ holds a value of another kind, & holds another kind of collection,
-///                 - keeps nothing
-///     class       of C: a description, ^ or ~^ for the class that has the field, 0 for one that the factory refuses;
-///                 of U: [allowed|target]; of an attribute: =default
+///     a:text, b:number?, c:{x:enum}*     a sequence
+///     a:text | p:(b:text, c:text)?       a choice of a and a group, a class without a tag
+///     & a:text                           an all group, as a sign ahead of the first field says too
 ///
+/// | of a field | |
+/// |---|---|
+/// | name | a capital is in the namespace n; _ stands for AnyElement; @ an attribute; # alone the text |
+/// | kind | as in Kind; {...} a class, (...) a group; self the class itself, none one that the factory refuses |
+/// | occurrence | ~ one that need not be there, ? at most one, * or *1-2 a collection; else exactly one |
+/// | [allowed;target] | of any |
+/// | =default | of an attribute |
+/// | <defect> | <nothing> holds nothing, <other> a value of another kind, <list> another kind of collection, <forgets> keeps nothing |
+///
+/// Ahead of the fields: strict for a class that refuses unknown attributes, =Name for one that has base classes
+/// and that abstract ones find by its name, unknown for a group of no known type.
 /// All entries of the tables are copies, whose originals are gone.
 struct TestClass {
-    TestClass(char const*& description, int id);
+    /// @param end what closes the description: } or ) or the end
+    TestClass(char const*& at, int id, char end);
     ~TestClass();
 
     std::vector<Field> m_fields;
@@ -85,23 +101,24 @@ struct TestClass {
     CAttributeInfo** m_attributes = nullptr;
 
 private:
-    Field NextField(char const*& at, int id);
+    Field NextField(char const*& at, int id, XmlElementType elementType);
 };
 
 /// All classes, which live until the end, and those of a name.
 inline std::vector<std::unique_ptr<TestClass>> g_classes;
 inline std::map<wstring, int> g_classesByName;
 
-inline TestClass& ParseClass(char const*& description) {
+inline TestClass& ParseClass(char const*& at, char end) {
     std::size_t const id = g_classes.size();
     g_classes.emplace_back();
-    auto type = std::make_unique<TestClass>(description, static_cast<int>(id));
+    auto type = std::make_unique<TestClass>(at, static_cast<int>(id), end);
     return *(g_classes[id] = std::move(type));
 }
 
+/// @param description as TestClass has it; a group stands in parentheses
 inline TestClass& Class(std::string const& description) {
     char const* at = description.c_str();
-    return ParseClass(at);
+    return *at == '(' ? ParseClass(++at, ')') : ParseClass(at, '\0');
 }
 
 struct Factory : CClassfactoryBase {
@@ -158,6 +175,7 @@ public:
         CXmlGeneratedClass::IsElementInList, CXmlGeneratedClass::ToXml_Int;
 
     void ResetContent() override {
+        t_log += "(" + ToUtf8(m_elementName) + ")";
         m_selected.clear();
         m_values.clear();
         for (Field const& field : m_class.m_fields) m_values.push_back(Initial(field));
@@ -167,23 +185,15 @@ public:
         auto const index = static_cast<std::size_t>(propertyIndex);
         Field const& field = m_class.m_fields.at(index);
         if (read) {
-            value = field.m_defect == '-' ? Initial(field) : m_values[index];
+            value = field.m_defect == "forgets" ? Initial(field) : m_values[index];
             return;
         }
         bool const isNull = value.m_type == it_xmlObject && value.GetXmlObject() == nullptr;
         t_log += ToUtf8(field.m_name) + (isNull ? "=0" : "=");
-        if (m_class.m_info->GetElementGroupType() == egt_Choice) Select(field, value);
-        if (field.m_defect != '-') m_values[index] = std::move(value);
+        bool const isMember = !field.m_isAttribute && field.m_kind != Kind::Own;
+        if (isMember && m_class.m_info->GetElementGroupType() == egt_Choice) Select(field, value);
+        if (field.m_defect != "forgets") m_values[index] = std::move(value);
         value.Clear();
-    }
-
-    CXmlElement* FromXml_Int(CXmlElement* element, CXmlElement* firstChild,
-                             CXmlSerializationContext const& context, bool allowEmptyChoice) override {
-        t_log += "{";
-        CXmlElement* const next =
-            CXmlGeneratedClass::FromXml_Int(element, firstChild, context, allowEmptyChoice);
-        t_log += "}";
-        return next;
     }
 
     /// What a property holds, past the setter.
@@ -213,19 +223,19 @@ private:
 
 inline BxVariant TestObject::Initial(Field const& field) {
     BxVariant value;
-    bool const isCollection = field.m_occurrence == '*' || (field.m_isAttribute && field.m_kind == 'U');
-    if (field.m_defect == '%') {
-    } else if (field.m_defect == '$') {
-        field.m_kind == 'E' ? value.SetString(u"x") : value.SetI4(7);
-    } else if (isCollection && (field.m_kind != 'U' || field.m_defect == '&')) {
+    bool const isAny = field.m_kind == Kind::Any;
+    if (field.m_defect == "nothing") return value;
+    if (field.m_defect == "other") {
+        field.m_kind == Kind::Enum ? value.SetString(u"x") : value.SetI4(7);
+    } else if (field.IsCollection() && (!isAny || field.m_defect == "list")) {
         value.SetXmlCollection(new TestCol(field));
-    } else if (isCollection && field.m_isAttribute) {
+    } else if (isAny && field.m_isAttribute) {
         value.SetXmlCollection(new CAttributeCol(u"", u"##any", u""));
-    } else if (isCollection) {
+    } else if (isAny && field.m_occurrence == '*') {
         value.SetXmlCollection(new CElementCol(u"", u"##any", u"", field.m_minOccurs, field.m_maxOccurs));
-    } else if (field.HoldsObject() && (field.m_occurrence == '?' || field.m_kind == 'A')) {
+    } else if (field.HoldsObject() && (field.m_occurrence == '?' || field.m_kind == Kind::Abstract)) {
         value.SetXmlObject(nullptr);
-    } else if (field.HoldsObject() && field.m_kind == 'U') {
+    } else if (isAny) {
         value.SetXmlObject(new CElement(u"new", u"", field.m_allowed.c_str(), field.m_target.c_str()));
     } else if (field.HoldsObject()) {
         value.SetXmlObject(new TestObject(*field.m_class, field.m_name.c_str()));
@@ -239,8 +249,9 @@ inline CXmlElement* TestCol::FromXml_Int(CXmlElement* element, CXmlElement* chil
     wstring const& name = m_field.m_name;
     while (child != nullptr &&
            (!hasTag || DoesElementNameMatch(context, child, name.c_str(), NamespaceOf(name).c_str()))) {
-        auto const item = m_field.m_kind == 'A' ? Factory::FromElement(child)
-                                                : CSmartPtr<CXmlObjectBase>(new TestObject(*m_field.m_class));
+        auto const item = m_field.m_kind == Kind::Abstract
+                              ? Factory::FromElement(child)
+                              : CSmartPtr<CXmlObjectBase>(new TestObject(*m_field.m_class));
         if (!item) break;
         CXmlElement* const next =
             hasTag ? (CXmlObjectBase::FromXml_Int(item, child, child->GetFirstElement(), context),
@@ -290,72 +301,74 @@ Base* New(Field const& field, More const&... more) {
 }
 
 #define BX_NEW_MANDATORY(Kind, ...) \
-    (group == 'a' ? New<CElementInfoAll##Kind>(__VA_ARGS__) : New<CElementInfoSeq##Kind>(__VA_ARGS__))
+    (group == '&' ? New<CElementInfoAll##Kind>(__VA_ARGS__) : New<CElementInfoSeq##Kind>(__VA_ARGS__))
 #define BX_NEW(Kind, ...) \
-    (group == 'c' ? New<CElementInfoChoice##Kind>(__VA_ARGS__) : BX_NEW_MANDATORY(Kind, __VA_ARGS__))
+    (group == '|' ? New<CElementInfoChoice##Kind>(__VA_ARGS__) : BX_NEW_MANDATORY(Kind, __VA_ARGS__))
 
 inline ItemType TypeOf(Field const& field) {
-    return field.m_kind == 'P' ? it_r8 : it_string;
+    return field.m_kind == Kind::Number ? it_r8 : it_string;
 }
 
 inline char16_t const* FormatOf(Field const& field) {
-    return field.m_kind == 'P' ? u"%.2f" : nullptr;
+    return field.m_kind == Kind::Number ? u"%.2f" : nullptr;
 }
 
 inline CPrimitiveRestrictions FacetsOf(Field const& field) {
     CPrimitiveRestrictions facets;
-    if (field.m_kind == 'F') facets.m_maxLength = 2;
+    if (field.m_kind == Kind::Short) facets.m_maxLength = 2;
     return facets;
 }
 
+/// @param group as a content model writes it: , | &
 inline CElementInfo* NewElement(char group, Field const& f) {
-    char const kind = f.m_kind;
     auto const rule = CWhitespaceUtils::ws_Collapse;
     wstring const allowed = f.m_allowed, target = f.m_target;
-    if (f.m_occurrence == '*') {
-        if (kind == 'A') return BX_NEW(AbsClsCol, f, f.m_elementType);
-        if (kind == 'B') return BX_NEW(Col, f);
-        if (kind == 'C') return BX_NEW(ClsCol, f, f.m_elementType);
-        if (kind == 'E') return BX_NEW(EnumCol, f);
-        if (kind == 'U') return BX_NEW(UntpdCol, f);
-        return BX_NEW(PrimCol, f);
+    bool const isCol = f.m_occurrence == '*', isOpt = f.m_occurrence == '?';
+    switch (f.m_kind) {
+        case Kind::Abstract:
+            if (isCol) return BX_NEW(AbsClsCol, f, f.m_elementType);
+            if (isOpt) return BX_NEW(AbsClsOpt, f, f.m_elementType, Factory::FromElement);
+            if (group == ',') return New<CElementInfoSeqAbsClsMnd>(f, f.m_elementType, Factory::FromElement);
+            return New<CElementInfoAllAbsClsMnd>(f, f.m_elementType, Factory::FromElement, f.m_classId);
+        case Kind::Class:
+            if (isCol) return BX_NEW(ClsCol, f, f.m_elementType);
+            if (isOpt) return BX_NEW(ClsOpt, f, f.m_elementType, Factory::ById, f.m_classId);
+            return BX_NEW_MANDATORY(ClsMnd, f, f.m_elementType, Factory::ById, f.m_classId,
+                                    f.m_occurrence == '!');
+        case Kind::Enum:
+            if (isCol) return BX_NEW(EnumCol, f);
+            if (isOpt) return BX_NEW(EnumOpt, f, EnumToText, TextToEnum);
+            return BX_NEW_MANDATORY(EnumMnd, f, EnumToText, TextToEnum);
+        case Kind::Any:
+            if (isCol) return BX_NEW(UntpdCol, f);
+            if (isOpt) return BX_NEW(UntpdOpt, f, allowed.c_str(), target.c_str());
+            return BX_NEW_MANDATORY(UntpdMnd, f, allowed.c_str(), target.c_str());
+        case Kind::Items:
+            return BX_NEW(Col, f);
+        default:
+            if (isCol) return BX_NEW(PrimCol, f);
+            if (isOpt) return BX_NEW(PrimOpt, f, TypeOf(f), FormatOf(f), rule, FacetsOf(f));
+            return BX_NEW_MANDATORY(PrimMnd, f, TypeOf(f), FormatOf(f), rule, FacetsOf(f));
     }
-    if (f.m_occurrence == '?') {
-        if (kind == 'A') return BX_NEW(AbsClsOpt, f, f.m_elementType, Factory::FromElement);
-        if (kind == 'C') return BX_NEW(ClsOpt, f, f.m_elementType, Factory::ById, f.m_classId);
-        if (kind == 'E') return BX_NEW(EnumOpt, f, EnumToText, TextToEnum);
-        if (kind == 'U') return BX_NEW(UntpdOpt, f, allowed.c_str(), target.c_str());
-        return BX_NEW(PrimOpt, f, TypeOf(f), FormatOf(f), rule, FacetsOf(f));
-    }
-    bool const mustConsume = f.m_occurrence == '!';
-    if (kind == 'C') {
-        return BX_NEW_MANDATORY(ClsMnd, f, f.m_elementType, Factory::ById, f.m_classId, mustConsume);
-    }
-    if (kind == 'E') return BX_NEW_MANDATORY(EnumMnd, f, EnumToText, TextToEnum);
-    if (kind == 'U') return BX_NEW_MANDATORY(UntpdMnd, f, allowed.c_str(), target.c_str());
-    if (kind != 'A') return BX_NEW_MANDATORY(PrimMnd, f, TypeOf(f), FormatOf(f), rule, FacetsOf(f));
-    if (group == 's') return New<CElementInfoSeqAbsClsMnd>(f, f.m_elementType, Factory::FromElement);
-    return New<CElementInfoAllAbsClsMnd>(f, f.m_elementType, Factory::FromElement, f.m_classId);
 }
-
-#undef BX_NEW
-#undef BX_NEW_MANDATORY
 
 inline CAttributeInfo* NewAttribute(Field const& f) {
     bool const optional = f.m_occurrence == '?';
     wstring const allowed = f.m_allowed, target = f.m_target, text = f.m_default;
-    if (f.m_kind == 'E') {
+    if (f.m_kind == Kind::Enum) {
         return New<CAttributeInfoEnum, CAttributeInfo>(f, optional, EnumToText, TextToEnum, text.c_str());
     }
-    if (f.m_kind != 'U') {
-        return New<CAttributeInfoPrimitive, CAttributeInfo>(
-            f, optional, TypeOf(f), FormatOf(f), CWhitespaceUtils::ws_Collapse, FacetsOf(f), text.c_str());
+    if (f.m_kind == Kind::Any) {
+        return New<CAttributeInfoAny, CAttributeInfo>(f, optional, allowed.c_str(), target.c_str(), nullptr);
     }
-    return New<CAttributeInfoAny, CAttributeInfo>(f, optional, allowed.c_str(), target.c_str(), nullptr);
+    return New<CAttributeInfoPrimitive, CAttributeInfo>(
+        f, optional, TypeOf(f), FormatOf(f), CWhitespaceUtils::ws_Collapse, FacetsOf(f), text.c_str());
 }
 
-inline bool Take(char const*& at, char expected) {
-    return *at == expected && ++at != nullptr;
+inline bool Take(char const*& at, std::string_view expected) {
+    if (!std::string_view(at).starts_with(expected)) return false;
+    at += expected.size();
+    return true;
 }
 
 /// The characters ahead of any of these.
@@ -365,15 +378,22 @@ inline wstring TakeUntil(char const*& at, char const* ends) {
     return FromUtf8(std::string_view(at - length, length));
 }
 
-inline TestClass::TestClass(char const*& at, int id) {
-    auto const elementType = Take(at, '~') ? et_PseudoElement : et_Element;
-    char const group = *at++;
-    auto const groupType = static_cast<XmlElementGroupType>(std::strchr("scax", group) - "scax");
-    bool const failIfAttributeUnknown = Take(at, '-');
-    bool const hasBaseClasses = Take(at, '=');
-    wstring const name = TakeUntil(at, "(");
+inline TestClass::TestClass(char const*& at, int id, char end) {
+    auto const elementType = end == ')' ? et_PseudoElement : et_Element;
+    bool const failIfAttributeUnknown = Take(at, "strict");
+    Take(at, " ");
+    bool const hasBaseClasses = Take(at, "=");
+    wstring const name = hasBaseClasses ? TakeUntil(at, " )}") : u"";
     if (hasBaseClasses) g_classesByName[name] = id;
-    for (++at; !Take(at, ')');) m_fields.push_back(NextField(at, id));
+    bool const isUnknown = Take(at, "unknown");
+    char group = ',';
+    while (*at != end) {
+        if (std::strchr(",|&", *at) != nullptr)
+            group = *at++;
+        else if (!Take(at, " "))
+            m_fields.push_back(NextField(at, id, elementType));
+    }
+    if (end != '\0') ++at;
 
     m_elements = new CElementInfo* [m_fields.size() + 1] {};
     m_attributes = new CAttributeInfo* [m_fields.size() + 1] {};
@@ -381,46 +401,65 @@ inline TestClass::TestClass(char const*& at, int id) {
     CAttributeInfo** attribute = m_attributes;
     int text = -1;
     for (Field const& field : m_fields) {
-        if (field.m_kind == '#')
+        if (field.m_kind == Kind::Own)
             text = field.m_index;
         else if (field.m_isAttribute)
             *attribute++ = NewAttribute(field);
         else
             *element++ = NewElement(group, field);
     }
-    CParentElementInfo const info(groupType, elementType, name.c_str(), NamespaceOf(name).c_str(), text,
-                                  failIfAttributeUnknown, hasBaseClasses);
+    auto const groupType = isUnknown ? 3 : group == ',' ? egt_Sequence : group == '|' ? egt_Choice : egt_All;
+    CParentElementInfo const info(static_cast<XmlElementGroupType>(groupType), elementType, name.c_str(),
+                                  NamespaceOf(name).c_str(), text, failIfAttributeUnknown, hasBaseClasses);
     m_info = new CParentElementInfo(info);
     *m_info = info;
 }
 
-inline Field TestClass::NextField(char const*& at, int id) {
-    while (Take(at, ' ')) {
+inline Field TestClass::NextField(char const*& at, int id, XmlElementType elementType) {
+    Field field;
+    field.m_index = static_cast<int>(m_fields.size());
+    if (Take(at, "#")) {
+        if (Take(at, "<")) field.m_defect = ToUtf8(TakeUntil(at, ">")), ++at;
+        return field;
     }
-    Field field = {static_cast<int>(m_fields.size()), Take(at, '@'), *at++};
-    if (field.m_kind != '#') {
-        field.m_name = TakeUntil(at, "!.?*");
-        field.m_occurrence = *at++;
+    field.m_isAttribute = Take(at, "@");
+    field.m_name = TakeUntil(at, ":");
+    ++at;
+    static std::pair<char const*, Kind> const s_kinds[] = {{"number", Kind::Number}, {"text", Kind::Text},
+                                                           {"short", Kind::Short},   {"enum", Kind::Enum},
+                                                           {"any", Kind::Any},       {"items", Kind::Items}};
+    for (auto const& [word, kind] : s_kinds) {
+        if (Take(at, word)) field.m_kind = kind;
     }
+    if (field.m_kind == Kind::Own) {
+        field.m_kind = Kind::Class;
+        bool const isGroup = *at == '(';
+        if (Take(at, "abstract") || Take(at, "(abstract)")) {
+            field.m_kind = Kind::Abstract;
+        } else if (Take(at, "self")) {
+            field.m_class = this;
+            field.m_classId = id;
+        } else if (!Take(at, "none") && !Take(at, "(none)")) {
+            field.m_classId = static_cast<int>(g_classes.size());
+            field.m_class = &ParseClass(++at, isGroup ? ')' : '}');
+        }
+        field.m_elementType =
+            isGroup || (field.m_class == this && elementType != et_Element) ? et_PseudoElement : et_Element;
+    }
+    if (*at != '\0' && std::strchr("~?*", *at) != nullptr) field.m_occurrence = *at++;
     if (field.m_occurrence == '*' && *at >= '0' && *at <= '9') {
         field.m_minOccurs = *at - '0';
         field.m_maxOccurs = at[2] - '0';
         at += 3;
     }
-    if (std::strchr("%$&-", *at) != nullptr) field.m_defect = *at++;
-    if (field.m_isAttribute && Take(at, '=')) field.m_default = TakeUntil(at, " )");
-    if (Take(at, '[')) {
-        field.m_allowed = TakeUntil(at, "|");
+    if (field.m_isAttribute && Take(at, "=")) field.m_default = TakeUntil(at, " ,<)}");
+    if (Take(at, "[")) {
+        field.m_allowed = TakeUntil(at, ";");
         field.m_target = TakeUntil(++at, "]");
         ++at;
     }
-    if (field.m_occurrence == '*') field.m_class = &Class("s(#)");
-    if (field.m_kind != 'A' && field.m_kind != 'C') return field;
-    if (*at == '~') field.m_elementType = et_PseudoElement;
-    if (field.m_kind == 'A' || at[1] == '0' || at[1] == '^') Take(at, '~');
-    if (field.m_kind == 'A' || Take(at, '0')) return field;
-    field.m_classId = *at == '^' ? id : static_cast<int>(g_classes.size());
-    field.m_class = Take(at, '^') ? this : &ParseClass(at);
+    if (Take(at, "<")) field.m_defect = ToUtf8(TakeUntil(at, ">")), ++at;
+    if (field.m_occurrence == '*' && field.m_class == nullptr) field.m_class = &Class("#");
     return field;
 }
 
@@ -485,7 +524,7 @@ inline std::string Failure(std::string text) {
     std::string result = s_texts.at(ToUtf8(TakeUntil(at, " ")));
     if (!result.starts_with("CBx")) result = "CBxValidationException: " + result;
     for (std::size_t hole = 0; (hole = result.find('%', hole)) != result.npos;) {
-        Take(at, ' ');
+        Take(at, " ");
         result.replace(hole, 1, ToUtf8(TakeUntil(at, " ")));
     }
     return result;

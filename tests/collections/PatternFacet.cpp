@@ -72,7 +72,7 @@ TEST(PatternFacet, TakesWhatTheClassicPcreTook) {
         {u"[\\A\\B\\G\\K\\R\\X\\Z\\k\\z\\F\\q]*", u"ABGKRXZkzFq"},
         {u"[\\w-.]+@[\\d-z]+", u"a-b.c@1-z"},
         {u"[^]\\p{Lu}-a][\\pN-.][[:alpha:]-.]", u"x--"},
-        {u"[\\d-]", u"-"},
+        {u"[\\d-][\\E]\\c+]\\x\\F", wstring(u"-+\0F", 4)},
         {u"[--/\\d-+]*", u"-./1+"},
         {u"a{,2}{ 1}{x}{", u"a{,2}{ 1}{x}{"},
         {u"a{1,2}b{2}c{0,}\\x{41}", u"aabbA"},

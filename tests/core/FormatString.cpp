@@ -35,9 +35,9 @@ void ExpectLikePrintf(std::initializer_list<char const*> conversions, std::initi
 
 TEST(FormatString, PrintsNumbersLikePrintf) {
     using Double = std::numeric_limits<double>;
-    ExpectLikePrintf({"d", "i", "u", "o", "x", "X", "hd", "hu", "hx"},
+    ExpectLikePrintf({"d", "i", "u", "x", "X", "hd", "hu", "hx"},
                      {0, 1, -1, 70000, 40000, INT32_MIN, INT32_MAX});
-    ExpectLikePrintf({"ld", "lu", "lx", "lld", "llo"}, {0L, 7L, -1L, INT64_MIN, INT64_MAX});
+    ExpectLikePrintf({"ld", "lu", "lx", "lld", "llX"}, {0L, 7L, -1L, INT64_MIN, INT64_MAX});
     ExpectLikePrintf(
         {"f", "e", "E", "g", "G", "lf"},
         {0.0, -0.0, 0.5, -2.5, 9.9999996, 0.0001, 0.00001, 123456.0, 1234567.0, -1e100, Double::denorm_min(),
@@ -50,8 +50,7 @@ TEST(FormatString, UnderstandsEachSizePrefix) {
               "-9223372036854775808|9223372036854775807|18446744073709551615|ffffffffffffffff|+"
               "0000001099511627776");
     EXPECT_EQ(Formatted(u"%Fd %Nd %Fs %Ns %Lf", 7, 8, u"f", u"n", 1.5L), "7 8 f n 1.500000");
-    EXPECT_EQ(Formatted(u"%ls|%hs|%5hs|%.3hs", u"w\u00E4", "n\u00E4", "\u20AC", "abcd"),
-              "w\u00E4|n\u00E4|    \u20AC|abc");
+    EXPECT_EQ(Formatted(u"%ls|%5hs", u"w\u00E4", u"\u20AC"), "w\u00E4|    \u20AC");
 }
 
 TEST(FormatString, PrintsTexts) {
@@ -60,19 +59,15 @@ TEST(FormatString, PrintsTexts) {
     char16_t const* const ab = u"ab";
     EXPECT_EQ(Formatted(u"%s|%5s|%-5s|%05s|%.1s|%.0s|%6.1s|%1s", ab, ab, ab, ab, ab, ab, ab, ab),
               "ab|   ab|ab   |000ab|a||     a|ab");
-    EXPECT_EQ(Formatted(u"%s|%hs|%s|%.2s", null, static_cast<char const*>(nullptr), u"", unterminated),
-              "(null)|(null)||ab");
+    EXPECT_EQ(Formatted(u"%s|%.2s|%s|%.2s", null, null, u"", unterminated), "(null)|(n||ab");
     EXPECT_EQ(Formatted(u"%c%c|%3c|%-3c|%%", u'x', u'\u20AC', u'y', 'z'), "x\u20AC|  y|z  |%");
     EXPECT_EQ(FormatString(u"a%cb%d", u'\0', 1), u"a");
     EXPECT_EQ(FormatString(nullptr) + FormatString(u""), u"");
 }
 
 TEST(FormatString, TakesItsArgumentsInOrder) {
-    EXPECT_EQ(Formatted(u"%*s|%*s|%0*d|%.*s|%.*s|%.*d|%*.*f|%-*.*f|", 4, u"a", -4, u"a", 4, 7, 1, u"ab", -1,
-                        u"ab", 3, 7, 8, 2, 1.5, 8, -1, 0.5),
-              "   a|a   |0007|a|ab|007|    1.50|0.500000|");
-    EXPECT_EQ(Formatted(u"%d%s%I64d%hs%c%u%x%.0f%.0f%.0f%.0f%.0f%.0f%.0f%.0f%.0f%d%s", 1, u"s", INT64_C(2),
-                        "n", u'c', 3U, 10, 1.0, 2.0, 3.0, 4.0, 5.0, 6.0, 7.0, 8.0, 9.0, 10, u"z"),
+    EXPECT_EQ(Formatted(u"%d%s%I64d%s%c%u%x%.0f%.0f%.0f%.0f%.0f%.0f%.0f%.0f%.0f%d%s", 1, u"s", INT64_C(2),
+                        u"n", u'c', 3U, 10, 1.0, 2.0, 3.0, 4.0, 5.0, 6.0, 7.0, 8.0, 9.0, 10, u"z"),
               "1s2nc3a12345678910z");
 }
 
@@ -86,7 +81,7 @@ TEST(FormatString, HasNoLimitOfLength) {
 
 TEST(FormatString, PrintsAnUnknownConversionAsItStands) {
     int written = -1;
-    EXPECT_EQ(Formatted(u"%n%5y", &written) + Formatted(u"a%-5.2l"), "%n%5ya%-5.2l");
+    EXPECT_EQ(Formatted(u"%n%5y%p%*d", &written) + Formatted(u"a%-5.2l"), "%n%5y%p%*da%-5.2l");
     EXPECT_EQ(written, -1);
 }
 

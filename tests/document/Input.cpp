@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <climits>
+#include <random>
 
 #include "document/Trees.h"
 
@@ -77,6 +78,19 @@ TEST(Input, Encodings) {
     // A wide string is UTF-16, whatever it declares.
     ExpectLoads({text + tree, Declared("UTF-16", "é€𝄞") + tree, Declared("UTF-8", "") + kWrongEncoding},
                 {kWide});
+}
+
+TEST(Input, PairsInLongTexts) {
+    std::mt19937 random(1);
+    char const* const pieces[] = {"x", "é", "€", "𝄞", "\U0001F600"};
+    for (int i = 0; i < 100; ++i) {
+        std::string text(i < 50 ? 1000 + 2 * static_cast<std::size_t>(random() % 50) : random() % 3000, 'x');
+        for (auto n = random() % 3000; n > 0; --n) text += pieces[random() % std::size(pieces)];
+        std::string const document = "<a k='" + text + "'>" + text + "<b><![CDATA[" + text + "]]></b></a>";
+        std::string const tree = "a@k=" + text + "'" + text + "'(b'" + text + "')";
+        for (std::string const& octets : {document, Utf16(document, true), Utf16(document, false)})
+            EXPECT_TRUE(Outcome([&](auto& d) { Load(kOctets, d, octets); }) == tree) << i;
+    }
 }
 
 TEST(Input, Compression) {

@@ -84,7 +84,8 @@ TEST(Limits, Namespaces) {
 
 TEST(Limits, HalvesOfSurrogatePairs) {
     CXmlDocument loaded;
-    for (wstring const text : {u"<a>\xD800 </a>", u"<a k='\xD83D\xD83D'/>", u"<a>\xDC00</a>"}) {
+    for (wstring const text : {u"<a>\xD800 </a>", u"<a k='\xD83D\xD83D'/>", u"<a>\xDC00</a>",
+                               u"<a>\xD83D\xDE00<b>\xD800 ", u"<a>\xD83D\xDE00<b/>\xD83D\xD83D</a>"}) {
         EXPECT_THROW(loaded.LoadXml(text.c_str()), CBxException) << ToUtf8(text);
     }
 }

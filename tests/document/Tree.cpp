@@ -1,16 +1,8 @@
 #include <set>
 
-#include "document/Trees.h"
+#include "fastinfoset/Reading.h"
 
 using namespace BxTest;
-
-namespace {
-
-struct Attribute : CXmlAttribute {
-    Attribute(CXmlName const& name, std::u16string_view value) : CXmlAttribute(name, CXmlText(value)) {}
-};
-
-}  // namespace
 
 TEST(Tree, Shape) {
     ExpectLoads({"<a><b/><c><d/><e/></c><f/></a> => a(b c(d e) f)",
@@ -62,9 +54,15 @@ TEST(Tree, IsNamespaceAttribute) {
     for (wstring const ns : {u"http://www.w3.org/2001/XMLSchema-instance", u"http://www.w3.org/2000/xmlns/",
                              u"http://www.w3.org/XML/1998/namespace", u""}) {
         for (wstring const name :
-             {u"xmlns", u"type", u"schemaLocation", u"noNamespaceSchemaLocation", u"nil", u"typ"})
-            EXPECT_EQ(Attribute(CXmlName{ns, name}, u"v").IsNamespaceAttribute(),
+             {u"xmlns", u"type", u"schemaLocation", u"noNamespaceSchemaLocation", u"nil", u"typ"}) {
+            // Not from XML text, in which xmlns is no namespace of attributes.
+            std::string const start = ns.empty() ? "78 " : "79 " + LiteralOf(ns);
+            CXmlDocument document;
+            Load(kOctets, document,
+                 OctetsOf("E0 00 00 01 00 7C 00 'a' " + start + LiteralOf(name) + " FF F0 FF"));
+            EXPECT_EQ(document.GetDocumentElement()->GetAttributes().front()->IsNamespaceAttribute(),
                       namespaces.contains(ns) && marks.contains(name))
                 << Name(ns, name);
+        }
     }
 }

@@ -67,14 +67,12 @@ TEST(HostileInput, WhatIndicesRepeat) {
         std::string m_once, m_often;
         int m_most = 2048;
     } const rows[] = {
-        {"3C 00 'a' " + onSeventhBit, "00 A0 F0", 2047},
+        {"3C 00 'a' " + onSeventhBit, "00 A0 F0"},
         {"3C 00 'a' " + onSeventhBit, "A0", 682},  // joined text counts three times, the first chunk twice
-        {"3C " + onSecondBit, "00 F0"},
+        {"3C " + onSecondBit, "00 F0", 2113},      // 128 units of a name count for nothing
         {"7C 00 'a' 78 00 'k' " + onFifthBit, "78 00 'k' 80"},
-        {"7C 00 'a' 78 " + onSecondBit + "FF", "00 FF"},
-        {"3C 00 'a' 3D " + onSecondBit + "00 'b' F0", "3D 81 00 'b' F0"},
-        {"3C 00 'a' 38 CE " + onSecondBit, "CE 81"},
-        {"3C 00 'a' 38 CD " + onSecondBit, "CD 81"},
+        {"7C 00 'a' 78 " + onSecondBit + "FF", "00 FF", 2113},
+        {"3C 00 'a' 3C " + onSecondBit + "F0", "3C 81 F0", 2113},
     };
     for (auto const& row : rows) {
         std::string const most = OctetsOf(kHeader + row.m_once) + Repeat(OctetsOf(row.m_often), row.m_most);
@@ -86,6 +84,23 @@ TEST(HostileInput, WhatIndicesRepeat) {
         OctetsOf(kHeader + "3C 00 'a' 93 00 01 85 9D '" + std::string(100000, 'x') + "'");
     EXPECT_EQ(Read(longer + std::string(32, '\xA0')), "! Unexpected End of File.");
     EXPECT_EQ(Read(longer + std::string(33, '\xA0')), kTooMuch);
+}
+
+TEST(HostileInput, NamesMayRepeat) {
+    std::string const uri = "40 C7 '" + std::string(264, 'u') + "' ", long60 = LiteralOf(wstring(60, u'k'));
+    struct {
+        std::string m_once, m_often;
+    } const rows[] = {
+        {"3D " + uri + "00 'a' 3F 00 'p' 81 " + long60 + "F0 ", "01 F0"},                // an element
+        {"3D " + uri + "00 'a' 7C 80 79 81 " + long60 + "FF FF ", "40 00 FF FF"},        // an attribute
+        {"3D " + uri + "00 'a' ", "3D 81 80 F0"},                                        // parts of a name
+        {"3C 00 'a' 38 CF 00 'p' " + uri + "F0 3C 00 'b' F0 ", "38 CF 81 81 F0 01 F0"},  // a declaration
+    };
+    for (auto const& row : rows) {
+        EXPECT_EQ(Read(OctetsOf(kHeader + row.m_once) + Repeat(OctetsOf(row.m_often), 100'000)),
+                  "! Unexpected End of File.")
+            << row.m_often;
+    }
 }
 
 TEST(HostileInput, WhatIndicesRepeatIsStoredOnce) {

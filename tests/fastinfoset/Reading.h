@@ -11,6 +11,12 @@ inline std::string OctetsOf(std::string const& notation) {
     return {octets.begin(), octets.end()};
 }
 
+/// A text of at most 64 octets behind its length.
+inline std::string LiteralOf(BxXmlLib5::wstring const& text) {
+    std::string const octets = ToUtf8(text);
+    return ToHex(std::string(1, static_cast<char>(octets.size() - 1))) + "'" + octets + "' ";
+}
+
 inline std::string const kHeader = "E0 00 00 01 00 ";
 
 /// The message without what all of them begin with, or the tree.

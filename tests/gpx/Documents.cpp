@@ -6,6 +6,7 @@
 
 #include "CGpx.h"
 #include "support/Expect.h"
+#include "support/StrictFastInfoset.h"
 
 namespace {
 
@@ -15,7 +16,7 @@ using Gpx::CGpx;
 CXmlSerializationContext const kContext;
 
 std::string Written(CGpx const& gpx, bool formatted) {
-    return ToUtf8(gpx.ToXml(false, formatted, eol_LF, CGpx::WritingContext()));
+    return ToUtf8(gpx.ToXml(false, formatted, eol_LF, gpx.WritingContext()));
 }
 
 std::string Rewritten(std::string const& document, bool formatted = false) {
@@ -24,9 +25,9 @@ std::string Rewritten(std::string const& document, bool formatted = false) {
     return Written(gpx, formatted);
 }
 
-std::string Document(std::string const& content) {
-    return "<gpx xmlns=\"http://www.topografix.com/GPX/1/1\" version=\"1.1\" creator=\"c\">" + content +
-           "</gpx>";
+std::string Document(std::string const& content, std::string const& aliases = {}) {
+    return "<gpx xmlns=\"http://www.topografix.com/GPX/1/1\" xmlns:gpx=\"http://www.topografix.com/GPX/1/1\"" +
+           aliases + " version=\"1.1\" creator=\"c\">" + content + "</gpx>";
 }
 
 std::string Point(std::string const& content) {
@@ -35,8 +36,7 @@ std::string Point(std::string const& content) {
 
 /// A document with every element and attribute of the schema, twice where they repeat.
 std::string Everything() {
-    std::string const extensions =
-        "<extensions><AA:a xmlns:AA=\"urn:x\" b=\"1\"><AA:c>2</AA:c></AA:a><AA:d xmlns:AA=\"urn:y\"/></extensions>";
+    std::string const extensions = "<extensions><ns1:a b=\"1\"><ns1:c>2</ns1:c></ns1:a><ns2:d/></extensions>";
     std::string const links =
         "<link href=\"http://example.org/1\"><text>one</text><type>text/html</type></link><link href=\"2\"/>";
     std::string const texts = "<name>n</name><cmt>c</cmt><desc>d</desc><src>s</src>" + links;
@@ -51,12 +51,13 @@ std::string Everything() {
     return Document(
         "<metadata><name>n</name><desc>d</desc><author><name>a</name><email id=\"i\" domain=\"d.org\"/>"
         "<link href=\"h\"/></author><copyright author=\"a\"><year>1999</year><license>l</license></copyright>" +
-        links + "<time>2024-01-01T00:00:00+01:00</time><keywords>k</keywords>" +
-        "<bounds minlat=\"-90\" minlon=\"-180\" maxlat=\"90\" maxlon=\"179.9999999999999999999999999999\"/>" +
-        extensions + "</metadata>" + point("wpt", "none") + point("wpt", "2d") + "<rte>" + path +
-        point("rtept", "3d") + point("rtept", "dgps") + "</rte><rte/><trk>" + path + "<trkseg>" +
-        point("trkpt", "pps") + point("trkpt", "2d") + extensions + "</trkseg><trkseg/></trk><trk/>" +
-        extensions);
+            links + "<time>2024-01-01T00:00:00+01:00</time><keywords>k</keywords>" +
+            "<bounds minlat=\"-90\" minlon=\"-180\" maxlat=\"90\" maxlon=\"179.9999999999999999999999999999\"/>" +
+            extensions + "</metadata>" + point("wpt", "none") + point("wpt", "2d") + "<rte>" + path +
+            point("rtept", "3d") + point("rtept", "dgps") + "</rte><rte/><trk>" + path + "<trkseg>" +
+            point("trkpt", "pps") + point("trkpt", "2d") + extensions + "</trkseg><trkseg/></trk><trk/>" +
+            extensions,
+        " xmlns:ns1=\"urn:x\" xmlns:ns2=\"urn:y\"");
 }
 
 TEST(Documents, RoundTrip) {
@@ -64,7 +65,10 @@ TEST(Documents, RoundTrip) {
     EXPECT_EQ(Rewritten(Rewritten(Everything(), true), true), Rewritten(Everything(), true));
     CGpx gpx;
     gpx.FromXml(Everything().c_str(), kContext);
-    gpx.FromXmlStream(gpx.ToFastInfosetStream(fi_None, CGpx::WritingContext(), cmp_GZip), kContext);
+    CBinaryData const infoset = gpx.ToFastInfosetStream(fi_None, gpx.WritingContext(), cmp_None);
+    EXPECT_EQ(BxTest::CStrictFastInfoset::Read(infoset.GetOctets()).substr(0, 44),
+              "<{http://www.topografix.com/GPX/1/1}gpx vers");
+    gpx.FromXmlStream(infoset, kContext);
     EXPECT_EQ(Written(gpx, false), Everything());
 
     std::ifstream file(BX_TRACK, std::ios::binary);
@@ -72,13 +76,14 @@ TEST(Documents, RoundTrip) {
     std::string const formatted = Rewritten(track, true);
     EXPECT_EQ(Rewritten(formatted, true), formatted);
     EXPECT_NE(formatted.find("<trkpt lat=\"47.40931\" lon=\"10.278273\">"), std::string::npos);
-    EXPECT_NE(formatted.find("<AA:temperature unit=\"C\">19.3</AA:temperature>"), std::string::npos);
+    EXPECT_NE(formatted.find("<ns1:temperature unit=\"C\">19.3</ns1:temperature>"), std::string::npos);
 }
 
 TEST(Documents, AreReadAs) {
     struct Row {
         std::string m_input;
         std::string m_output;
+        std::string m_aliases{};
     };
     Row const rows[] = {
         // Values have one form each; strings stay as they are.
@@ -93,12 +98,22 @@ TEST(Documents, AreReadAs) {
          "<trk><trkseg/></trk>"},
         // Whitespace beside the children of extensions goes; other text stays, behind them.
         {"<extensions> <a xmlns='urn:x'>\n <b>\t</b>\n</a> <c xmlns='urn:x'>m<d/>n</c></extensions>",
-         "<extensions><AA:a xmlns:AA=\"urn:x\"><AA:b>\t</AA:b></AA:a>"
-         "<AA:c xmlns:AA=\"urn:x\"><AA:d/>mn</AA:c></extensions>"},
+         "<extensions><ns1:a><ns1:b>\t</ns1:b></ns1:a><ns1:c><ns1:d/>mn</ns1:c></extensions>",
+         " xmlns:ns1=\"urn:x\""},
     };
     for (auto const& row : rows) {
-        EXPECT_EQ(Rewritten(Document(row.m_input)), Document(row.m_output)) << row.m_input;
+        EXPECT_EQ(Rewritten(Document(row.m_input)), Document(row.m_output, row.m_aliases)) << row.m_input;
     }
+    // Elements without a namespace stay without one.
+    CGpx gpx;
+    gpx.FromXml(Document("<extensions><a xmlns=''/></extensions>").c_str(), kContext);
+    EXPECT_EQ(Written(gpx, false),
+              "<gpx:gpx xmlns:gpx=\"http://www.topografix.com/GPX/1/1\" version=\"1.1\" creator=\"c\">"
+              "<gpx:extensions><a/></gpx:extensions></gpx:gpx>");
+    CBinaryData const infoset = gpx.ToFastInfosetStream(fi_None, gpx.WritingContext(), cmp_None);
+    EXPECT_EQ(BxTest::CStrictFastInfoset::Read(infoset.GetOctets()),
+              "<{http://www.topografix.com/GPX/1/1}gpx version=1.1 creator=c>"
+              "<{http://www.topografix.com/GPX/1/1}extensions><a></></></>");
 }
 
 TEST(Documents, AreRefused) {

@@ -88,11 +88,13 @@ TEST_F(GpxStat, WritesWhatItReads) {
     EXPECT_EQ(
         Run("G --write out.gpx track.gpx >first; G out.gpx --write again.gpx | sed s/out/track/ >second\n"
             "cmp out.gpx again.gpx && cmp first second && head -n 2 out.gpx && wc -l <out.gpx"),
-        (Outcome{0,
-                 "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<gpx "
-                 "xmlns=\"http://www.topografix.com/GPX/1/1\" version=\"1.1\" creator=\"Example Logger 2\">\n"
-                 "2598\n",
-                 ""}));
+        (Outcome{
+            0,
+            "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<gpx "
+            "xmlns=\"http://www.topografix.com/GPX/1/1\" xmlns:gpx=\"http://www.topografix.com/GPX/1/1\" "
+            "xmlns:ns1=\"urn:example:sensor\" version=\"1.1\" creator=\"Example Logger 2\">\n"
+            "2598\n",
+            ""}));
 }
 
 TEST_F(GpxStat, Failures) {

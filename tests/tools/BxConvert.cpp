@@ -11,6 +11,8 @@
 #include <tuple>
 #include <utility>
 
+#include "support/StrictFastInfoset.h"
+
 namespace {
 
 namespace fs = std::filesystem;
@@ -102,10 +104,12 @@ TEST(Convert, WritesWhatItReads) {
         {"--compact", "<a xmlns:i='" + kXsi + "' xmlns:xsi='u' i:nil='1'/>", kDeclaration + "<a xmlns:AA=\"" + kXsi + "\" AA:nil=\"1\"/>", ""},
         {"--compact", "<a xmlns='u?1&amp;2'><b xmlns='&lt;&quot;&#10;&#9;&#13;' xmlns:p='u?1&amp;2' p:x='1'/></a>",
             kDeclaration + "<a xmlns=\"u?1&amp;2\"><AA:b xmlns:AA=\"&lt;&quot;&#10;&#9;&#13;\" xmlns:AB=\"u?1&amp;2\" AB:x=\"1\"/></a>", ""},
+        {"--compact", "<a xmlns:t='u&amp;' xmlns:xsi='" + kXsi + "'><b xsi:type=' t:T'/></a>",
+            kDeclaration + "<a xmlns:xsi=\"" + kXsi + "\" xmlns:t=\"u&amp;\"><b xsi:type=\" t:T\"/></a>", ""},
         {"--compact", "<a xmlns:p='u&amp;' p:x='1'/>", kDeclaration + "<a xmlns:AA=\"u&amp;\" AA:x=\"1\"/>", ""},
         {"--compact --no-namespaces", "<p:a xmlns:p='u?1&amp;2' p:x='1'> <b xmlns='v'/> <undeclared:c/></p:a>",
             kDeclaration + "<p:a xmlns:p=\"u?1&amp;2\" p:x=\"1\"><b xmlns=\"v\"/><undeclared:c/></p:a>", ""},
-        {"--to finf", "<a xmlns='u&amp;'/>", "\xE0\0\0\1\0\x38\xCD\1u&\xF0\x3F\1AA\x81\0a\xFF"s, ""},
+        {"--to finf", "<a xmlns='u&amp;'/>", "\xE0\0\0\1\0\x38\xCF\2ns1\1u&\xF0\x3F\x81\x81\0a\xFF"s, ""},
         // Facts instead of the document
         {"--info", "<p:a xmlns:p='u&#10;v' x='1' p:y='2'> <b/>m<b><c/></b></p:a>",
             "form: XML text\nroot: a\nnamespace: u v\nelements: 4\nattributes: 2\ndepth: 3\noctets: 60\n", ""},
@@ -117,6 +121,33 @@ TEST(Convert, WritesWhatItReads) {
         EXPECT_EQ(folder.Run("bxconvert " + row.m_options + " -", row.m_input),
                   (Outcome{0, row.m_output, row.m_warning}))
             << row.m_options << ' ' << row.m_input.substr(0, 100);
+    }
+}
+
+TEST(Convert, WritesFastInfosetThatAStrictReaderTakes) {
+    std::string const xsi = " xmlns:xsi='" + kXsi + "' ", type = " {" + kXsi + "}type=";
+    std::pair<std::string, std::string> const rows[] = {
+        {"<a xmlns='u' xmlns:p='v' p:k='1' l='2'><p:b xml:lang='en'/><c xmlns='w'>t</c><d/></a>",
+         "<{u}a {v}k=1 l=2><{v}b {http://www.w3.org/XML/1998/namespace}lang=en></><{w}c>t</><{u}d></></>"},
+        {"<a xmlns='u'><b xmlns=''/></a>", "<{u}a><b></></>"},
+        {"<a><b xmlns='u'><c xmlns=''/></b></a>", "<a><{u}b><c></></></>"},
+        {"<a xmlns='&lt;&amp;'/>", "<{<&}a></>"},
+        // What a type says stays what it means, and no alias is used twice.
+        {"<a" + xsi + "xmlns:ns1='u'><b xsi:type=' ns1:T' xmlns='v'/></a>",
+         "<a><{v}b" + type + "{u}T></></>"},
+        {"<a" + xsi + "xmlns='u' xsi:type='T'/>", "<{u}a" + type + "T></>"},
+        {"<a" + xsi + "xsi:type='unbound:T'/>", "! a type whose prefix is not in scope at octet 76"},
+    };
+    Folder const folder;
+    auto const read = [&folder](std::string const& name, std::string const& input = {}) {
+        auto const [status, out, errors] = folder.Run("bxconvert --to finf " + name, input);
+        return BxTest::CStrictFastInfoset::Read(
+            {reinterpret_cast<unsigned char const*>(out.data()), out.size()});
+    };
+    for (auto const& [input, expected] : rows) EXPECT_EQ(read("-", input), expected) << input;
+    for (std::string const file :
+         {BX_TRACK, BX_TEST_DATA "/drawing.xml", BX_TEST_DATA "/envelope.xml", BX_TEST_DATA "/feed.xml"}) {
+        EXPECT_EQ(read(file).substr(0, 2), "<{") << file << read(file);
     }
 }
 

@@ -80,6 +80,7 @@ static_assert(std::size(kKinds) == it_integer);
 TEST(BxVariant, EveryKindIsReadPrintedCopiedAndMoved) {
     for (auto const& kind : kKinds) {
         SCOPED_TRACE(kind.name);
+        EXPECT_EQ(kind.type, &kind - kKinds + 1);
         BxVariant source = Parsed(u"\n " + kind.text + u" ", kind.type);
         for (int const rule : {-1, 3})
             EXPECT_BX_THROW(source.FromString(u"1", kind.type, CWhitespaceUtils::WhitespaceRule(rule)),

@@ -29,7 +29,6 @@ template <class Native>
 void ExpectLimits(CBigInteger const& least, CBigInteger const& most) {
     EXPECT_EQ(static_cast<Native>(least), std::numeric_limits<Native>::min());
     EXPECT_EQ(static_cast<Native>(most), std::numeric_limits<Native>::max());
-    EXPECT_EQ(CBigInteger(std::numeric_limits<Native>::min()), least);
     for (CBigInteger const& beyond : {least - CBigInteger(1), most + CBigInteger(1)})
         EXPECT_BX_THROW(static_cast<Native>(beyond), CBxInvalidValueException,
                         "ERROR: Domain in operator int()!");
@@ -63,6 +62,8 @@ TEST(CBigInteger, RefusesTextWithThePositionOfItsCharacter) {
 }
 
 TEST(CBigInteger, TakesNativeNumbers) {
+    ExpectTakesIntegers<CBigInteger, bool, char, signed char, short, unsigned short, int, unsigned, long,
+                        unsigned long, long long, unsigned long long>();
     std::pair<double, std::string> const rows[] = {{0.0, "0"},
                                                    {-0.3, "-0"},
                                                    {0.49999999999999994, "0"},
@@ -87,22 +88,27 @@ TEST(CBigInteger, HasTheLimitsOfTheNativeTypes) {
 }
 
 TEST(CBigInteger, CalculatesWithSigns) {
-    std::tuple<std::string, std::string, std::string> const rows[] = {
-        {"7", "2", "9 5 14 3 1"},      {"-7", "2", "-5 -9 -14 -3 -1"}, {"7", "-2", "5 9 -14 -3 !"},
-        {"-7", "-2", "-9 -5 14 3 !"},  {"2", "-7", "-5 9 -14 -0 !"},   {"5", "-5", "0 10 -25 -1 !"},
-        {"-4", "2", "-2 -6 -8 -2 -0"}, {"-5", "0", "-5 -5 -0 ! !"},    {"-0", "0", "0 -0 -0 ! !"},
-        {"-0", "-0", "-0 0 0 ! !"},    {"-0", "3", "3 -3 -0 0 0"}};
-    auto const remain = [](CBigInteger& a, CBigInteger const& b) { return a %= b; };
-    for (auto const& [left, right, results] : rows) {
-        SCOPED_TRACE(left + " and " + right);
-        CBigInteger const a = Number(left), b = Number(right);
-        std::string const quotients = Results(a, b, std::divides(), std::modulus());
-        EXPECT_EQ(Results(a, b, std::plus(), std::minus(), std::multiplies()) + ' ' + quotients, results);
-        EXPECT_EQ(Results(a, b, kAdd, kSubtract, kMultiply) + ' ' + quotients, results);
-        EXPECT_EQ(Results(a, b, kDivide, remain), b > CBigInteger(0) ? quotients : "! !");
+    std::mt19937 random(3);
+    for (int i = 0; i < 3000; ++i) {
+        Model a = Model::Random(random, 9), b = Model::Random(random, 9);
+        a.places = b.places = 0;
+        if (i % 8 == 0) b.units = a.units;
+        CBigInteger const x = Number(a.Text()), y = Number(b.Text());
+        SCOPED_TRACE(Signed(x) + " and " + Signed(y));
+        auto const expect = [&](auto apply, auto assign, Model const& result) {
+            ExpectResult(x, y, apply, assign, result.Text(), result.Text());
+        };
+        expect(BX_APPLY(+), Sum(a, b));
+        expect(BX_APPLY(-), Sum(a, Negative(b)));
+        expect(BX_APPLY(*), Product(a, b));
+        std::string const quotient = b.units == 0 ? "!" : Quotient(a, b, 0).Text();
+        ExpectResult(x, y, BX_APPLY(/), quotient, b.minus ? "!" : quotient);
+        bool const remains = b.units != 0 && !b.minus;
+        std::string const rest = remains ? Model{a.minus && a.units != 0, a.units % b.units}.Text() : "!";
+        ExpectResult(x, y, BX_APPLY(%), rest, rest);
+        ExpectOrder(x, y, a <=> b);
     }
     EXPECT_EQ(Text(CBigInteger(999999999) + CBigInteger(1)), "1000000000");
-    EXPECT_EQ(WithItself(CBigInteger(1111111111)), "2222222222 0 1234567900987654321 1");
 }
 
 TEST(CBigInteger, RefusesDivisorsThatAreNotPositive) {
@@ -120,10 +126,6 @@ TEST(CBigInteger, ChangesItsSign) {
     EXPECT_EQ(Text(a) + Text(a.GetAbs()) + Text(a.GetNegative()) + Text(a), "-777-7");
     a.Abs();
     EXPECT_EQ(Text(a), "7");
-}
-
-TEST(CBigInteger, OrdersBySignThenMagnitude) {
-    ExpectAscending<CBigInteger>({"-1e19", "-10", "-9", "-0", "0", "9", "10", "1e9", "1.1e9", "2e9", "1e18"});
 }
 
 TEST(CBigInteger, KeepsTheLawsOfArithmetic) {
@@ -167,9 +169,11 @@ TEST(CBigInteger, TakesSquareRoots) {
 
 TEST(Magnitude, MayBeAppendedToItself) {
     for (std::size_t size : {1u, 2u, 3u, 100u}) {
-        Magnitude::Limbs limbs(size, 7);
+        Magnitude::Limbs limbs = Magnitude::Limbs::Zeros(size);
+        limbs[size - 1] = 7;
         limbs.Append(limbs);
-        EXPECT_EQ(limbs, Magnitude::Limbs(2 * size, 7));
+        EXPECT_EQ(limbs.size(), 2 * size);
+        EXPECT_EQ(limbs[size - 1] + limbs.back(), 14u);
     }
 }
 

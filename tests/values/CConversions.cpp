@@ -177,6 +177,10 @@ TEST(CConversions, AUnitOfValue0IsNoEndOfAText) {
         EXPECT_EQ(Read(type, text, kPreserve).find(kInvalid), 0u) << testing::PrintToString(text);
 }
 
+TEST(CConversions, YearsMonthsAndDaysAreNumbers) {
+    EXPECT_EQ(C::yearToString(5) + C::monthToString(5) + C::dayToString(7), u"5--05---07");
+}
+
 TEST(CConversions, TheFormatOfADecimalCountsDigits) {
     CDecimal const value(u"12.625");
     EXPECT_EQ(C::decimalToString(value, u" \t+2x"), u"12.63");

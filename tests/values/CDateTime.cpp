@@ -114,23 +114,29 @@ TEST(CDateTime, GettersKnowWhichFieldsATypeUses) {
         char const* types;  // by number: 1 if the type has the field
     } const getters[] = {
 #define GETTER(Name) "Get" #Name, [](auto& d) -> double { return d.Get##Name(); }
-        {GETTER(Year), 2004, "011110000"},       {GETTER(Month), 12, "011100011"},
-        {GETTER(Day), 30, "011000101"},          {GETTER(Hour), 4, "010001000"},
-        {GETTER(Minute), 5, "010001000"},        {GETTER(Second), 6, "010001000"},
-        {GETTER(RealSecond), 6.25, "010001000"}, {GETTER(MilliSecond), 250, "010001000"},
-        {GETTER(MicroSecond), 0, "010001000"},   {GETTER(NanoSecond), 0, "010001000"},
-        {GETTER(DayOfWeek), 5, "011000000"},     {GETTER(DayOfYear), 365, "011000000"},
+        {GETTER(Year), 2004, "011110000"},
+        {GETTER(Month), 12, "011100011"},
+        {GETTER(Day), 30, "011000101"},
+        {GETTER(Hour), 4, "010001000"},
+        {GETTER(Minute), 5, "010001000"},
+        {GETTER(Second), 6, "010001000"},
+        {GETTER(RealSecond), 6.250125031, "010001000"},
+        {GETTER(MilliSecond), 250, "010001000"},
+        {GETTER(MicroSecond), 125, "010001000"},
+        {GETTER(NanoSecond), 31, "010001000"},
+        {GETTER(DayOfWeek), 5, "011000000"},
+        {GETTER(DayOfYear), 365, "011000000"},
 #undef GETTER
     };
     char const* const names[] = {"yearZero", "dateTime", "date",   "gYearMonth", "gYear",
                                  "time",     "gDay",     "gMonth", "gMonthDay",  ""};
     for (int type = 0; type <= kUnknown; ++type) {
         CDateTime date;
-        date.SetDateTime(CDateTime(2004, 12, 30, 4, 5, 6, 250, 0, 0), static_cast<Type>(type));
+        date.SetDateTime(CDateTime(2004, 12, 30, 4, 5, 6, 250, 125, 31), static_cast<Type>(type));
         EXPECT_EQ(ToUtf8(date.GetTypeAsString()), names[type]);
         for (auto const& row : getters) {
             if (type < kUnknown && row.types[type] == '1') {
-                EXPECT_EQ(row.get(date), row.value) << row.name;
+                EXPECT_DOUBLE_EQ(row.get(date), row.value) << row.name;
             } else {
                 EXPECT_BX_THROW(row.get(date), CBxInvalidStateException,
                                 "Failed to " + row.name + ". Invalid Date Type: " + names[type] + ".");

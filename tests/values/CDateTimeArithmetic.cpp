@@ -21,24 +21,21 @@ void ExpectSums(std::initializer_list<char const*> rows) {
 
 }  // namespace
 
-TEST(CDateTimeArithmetic, MonthsAreAddedFirstAndTheDayIsCut) {
-    // XML Schema Part 2, appendix E, and more of the kind. A minus goes back whatever the sign.
+TEST(CDateTimeArithmetic, AddsMonthsThenDaysThenTheRest) {
+    std::mt19937 random(1);
+    for (int i = 0; i < 3000; ++i) {
+        DateModel model{1500 + static_cast<int>(random() % 700), 1 + static_cast<int>(random() % 12), 28};
+        model = model + CDateTimeSpan(0, random() % 10'000, random() % 100'000) + RandomSpan(random);
+        CDateTimeSpan const span = RandomSpan(random);
+        EXPECT_EQ(Text(model.Date() + span), Text((model + span).Date())) << Text(model.Date()) << Text(span);
+    }
+    // A minus goes back whatever the sign. Type and zone stay.
     ExpectSums({"2000-01-12T12:13:14Z + P1Y3M5DT7H10M3.3S = 2001-04-17T19:23:17.3Z",
-                "2000-01 + -P3M = 1999-10", "2000-01-12 + PT33H = 2000-01-13",
-                "2000-03-31 + P1M = 2000-04-30", "2001-03-31 - P1M = 2001-02-28",
-                "2000-02-29 + P4Y = 2004-02-29", "2001-01-31 + P1M1D = 2001-03-01", "2000-12 + P1M = 2001-01",
-                "2000-12 + P12M = 2001-12", "2000-01 - P25M = 1997-12", "2001-03-31 - -P1D = 2001-03-30"});
-    EXPECT_EQ(Text(CDateTime(2001, 3, 31) - CDateTime(2000, 1, 1)), "P");
-}
-
-TEST(CDateTimeArithmetic, CarriesGoBothWays) {
-    ExpectSums({"2000-12-31 + P1D = 2001-01-01", "1900-02-28 + P1D = 1900-03-01",
-                "2000-02-28 + P1D = 2000-02-29", "-0400-02-28 + P1D = -0400-02-29",
+                "2000-01 + -P3M = 1999-10", "2001-03-31 - P1M = 2001-02-28", "2001-03-31 - -P1D = 2001-03-30",
+                "2000-12 + P12M = 2001-12", "-0400-02-28 + P1D = -0400-02-29",
                 "1970-01-01 - P146098D = 1569-12-31", "2001-05-05 + P1461000D = 6001-06-04",
-                "2000-12-31T23:59:59.999999999 + PT0.000000001S = 2001-01-01T00:00:00",
-                "2001-01-01T00:00:00 - PT0.000000001S = 2000-12-31T23:59:59.999999999",
-                "2001-01-01T00:00:30+02:00 + PT90M30S = 2001-01-01T01:31:00+02:00",
-                "2001-01-01T12:00:00 - PT36H1M = 2000-12-30T23:59:00"});
+                "2001-01-01T00:00:30+02:00 + PT90M30S = 2001-01-01T01:31:00+02:00"});
+    EXPECT_EQ(Text(CDateTime(2001, 3, 31) - CDateTime(2000, 1, 1)), "P");
 }
 
 TEST(CDateTimeArithmetic, FieldsThatATypeLacksCountAsTheirLeastValue) {

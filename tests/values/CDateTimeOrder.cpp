@@ -1,14 +1,14 @@
+#include <chrono>
+#include <cstdlib>
+
 #include "values/Dates.h"
 
 using namespace BxXmlLib5;
 using namespace BxTest;
 
 TEST(CDateTimeOrder, GoesFromTheYearToTheFraction) {
-    ExpectOrder(Date, {"2000-12-31T23:59:59 < 2001-01-01T00:00:00", "2000-01-31 < 2000-02-01",
-                       "---30 < ---31", "2000-01-01T23:59:59 < 2000-01-02T00:00:00", "10:59:59 < 11:00:00",
-                       "10:10:59 < 10:11:00", "10:10:10.9 < 10:10:11", "10:10:10.5 = 10:10:10.500",
-                       "10:10:10.123456788 < 10:10:10.123456789", "10:10:10.001 > 10:10:10.000999999",
-                       "-0005 < -0003", "-0001 ? 0001"});
+    ExpectOrder(Date, {"2000-01-31 < 2000-02-01", "---30 < ---31", "10:10:10.123456788 < 10:10:10.123456789",
+                       "10:10:10.001 > 10:10:10.000999999", "-0005 < -0003", "-0001 ? 0001"});
 }
 
 TEST(CDateTimeOrder, ZonesAreTakenToUtc) {
@@ -20,14 +20,39 @@ TEST(CDateTimeOrder, ZonesAreTakenToUtc) {
                        "--03-01+01:00 = --02-29Z", "---01+01:00 = ---31Z"});
 }
 
+TEST(CDateTimeOrder, IsThatOfTheInstants) {
+    using namespace std::chrono;
+    std::mt19937 random(6);
+    auto const any = [&random](int most) { return static_cast<int>(random() % (2 * most + 1)) - most; };
+    auto const made = [&](sys_time<nanoseconds> instant, int zone) {
+        int const hours = zone < 2 ? 0 : any(23), minutes = zone < 2 || hours == 0 ? 0 : std::abs(any(59));
+        CDateTime const utc(instant + hours * 1h + (hours < 0 ? -1 : 1) * minutes * 1min);
+        CDateTime date;
+        date.SetDateTime(utc.GetYear(), utc.GetMonth(), utc.GetDay(), utc.GetHour(), utc.GetMinute(),
+                         utc.GetSecond(), utc.GetMilliSecond(), utc.GetMicroSecond(), utc.GetNanoSecond());
+        if (zone == 1) date.SetUTC();
+        if (zone > 1) date.SetTimeZone(static_cast<std::int16_t>(hours), static_cast<std::uint8_t>(minutes));
+        return date;
+    };
+    for (int i = 0; i < 3000; ++i) {
+        sys_time<nanoseconds> const left = sys_days(2000y / 2 / 28) + nanoseconds(random()) + any(100) * 1h;
+        nanoseconds const ahead = i % 3 == 0 ? nanoseconds(any(1)) : any(15) * 1h + any(2) * 1ns;
+        int const zone = any(2) + 2, other = any(2) + 2;
+        bool const isUnsure = (zone == 0) != (other == 0) && abs(ahead) <= 14h;
+        ExpectOrder(made(left, zone), made(left + ahead, other),
+                    isUnsure       ? '?'
+                    : ahead == 0ns ? '='
+                    : ahead > 0ns  ? '<'
+                                   : '>');
+    }
+}
+
 TEST(CDateTimeOrder, WithoutAZoneWithin14HoursIsIndeterminate) {
     // A time without a zone is between 06:00 and 10:00 of a day, whichever day that is.
-    ExpectOrder(
-        Date, {"2000-01-16T12:00:00Z ? 2000-01-17T02:00:00", "2000-01-16T12:00:00Z < 2000-01-17T02:00:01",
-               "2000-01-16T12:00:00Z ? 2000-01-15T22:00:00", "2000-01-16T12:00:00Z > 2000-01-15T21:59:59",
-               "2000-01-16T17:00:00+05:00 > 2000-01-15T21:59:59", "2000-01-16 ? 2000-01-15Z",
-               "2000-01-16 > 2000-01-14Z", "2000-01-16 < 2000-01-17Z", "2000 ? 2000Z", "20:00:00 > 05:59:59Z",
-               "20:00:00 ? 06:00:00Z", "20:00:00 ? 10:00:00Z", "20:00:00 < 10:00:01Z"});
+    ExpectOrder(Date, {"2000-01-16 ? 2000-01-15Z", "2000-01-16 > 2000-01-14Z", "2000-01-16 < 2000-01-17Z",
+                       "2000 ? 2000Z", "2000-02 ? 2000-02Z", "--02 ? --02Z", "--02-03 ? --02-03Z",
+                       "---15 ? ---15Z", "20:00:00 > 05:59:59Z", "20:00:00 ? 06:00:00Z",
+                       "20:00:00 ? 10:00:00Z", "20:00:00 < 10:00:01Z"});
 }
 
 TEST(CDateTimeOrder, TheFirstFieldThatOneLacksDecides) {

@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 #include <ctime>
+#include <random>
 #include <tuple>
 
 #include "values/Dates.h"
@@ -49,6 +50,40 @@ TEST(CDateTimeRecords, GetTimeCountsInUtcWhateverTheZoneOfTheProcess) {
     date.SetDateTime(CDateTime(1970, 1, 2, 10, 0, 0), CDateTime::dt_date);
     EXPECT_EQ(date.GetTime(), 86'400) << "an hour out of reach does not count";
     EXPECT_BX_THROW(Date("00:00:00").GetTime(), CBxInvalidValueException,
+                    "Failed to GetTime, Date Status must be dateTime or date. Invalid Date Type: time.");
+}
+
+TEST(CDateTimeRecords, InstantsOfTheStandardAreInUtc) {
+    using namespace std::chrono;
+    std::mt19937_64 random(4);
+    auto const expect = [](auto time, std::string const& text) {
+        CDateTime const date(time);
+        EXPECT_EQ(Show(date), "dateTime " + text);
+        EXPECT_TRUE(date.GetSysTime<typename decltype(time)::duration>() == time) << text;
+    };
+    for (int i = 0; i < 2000; ++i) {
+        nanoseconds const time(static_cast<std::int64_t>(random()) >> (random() % 40));
+        EXPECT_TRUE(CDateTime(sys_time<nanoseconds>(time)).GetSysTime().time_since_epoch() == time);
+    }
+    sys_days const day = 2026y / 11 / 23;
+    expect(day, "2026-11-23T00:00:00Z");
+    expect(sys_time<minutes>(day + 61min), "2026-11-23T01:01:00Z");
+    expect(sys_time<milliseconds>(sys_days(1969y / 12 / 31) + 1ms), "1969-12-31T00:00:00.001Z");
+    expect(sys_time<microseconds>(sys_days(-9999y / 1 / 1) + 20us), "-9999-01-01T00:00:00.00002Z");
+    expect(sys_time<nanoseconds>::min(), "1677-09-21T00:12:43.145224192Z");
+    expect(sys_time<nanoseconds>::max(), "2262-04-11T23:47:16.854775807Z");
+    EXPECT_TRUE(Date("1969-12-31T23:30:00.9-01:00").GetSysTime<seconds>() == sys_seconds(1800s));
+    EXPECT_TRUE(Date("1969-12-31T23:59:59.9").GetSysTime<days>() == sys_days(1969y / 12 / 31));
+    EXPECT_TRUE(Date("1970-01-02").GetSysTime<hours>() == sys_time<hours>(24h));
+    std::string const tooFar = "The date is too far from 1970 to be counted in units of this size";
+    for (char const* const text : {"2262-04-11T23:47:16.854775808", "1677-09-21T00:12:43.145224191"})
+        EXPECT_BX_THROW(Date(text).GetSysTime(), CBxOverFlowException, tooFar);
+    using Short = duration<std::int16_t, days::period>;
+    EXPECT_BX_THROW(Date("2059-09-20").GetSysTime<Short>(), CBxOverFlowException, tooFar);
+    EXPECT_EQ(Date("2059-09-18").GetSysTime<Short>().time_since_epoch().count(), INT16_MAX);
+    EXPECT_BX_THROW(CDateTime(sys_days(10000y / 1 / 1)), CBxInvalidValueException,
+                    "Invalid Year [10000] " + kYears);
+    EXPECT_BX_THROW(Date("10:00:00").GetSysTime(), CBxInvalidValueException,
                     "Failed to GetTime, Date Status must be dateTime or date. Invalid Date Type: time.");
 }
 

@@ -1,9 +1,48 @@
 #include "writers/CStringBuffer.h"
 
+#include <cstdlib>
+#include <new>
+#include <random>
+
 #include "support/Expect.h"
 
 using namespace BxXmlLib5;
-using namespace std::string_literals;
+
+namespace {
+
+/// How many allocations succeed before one fails; none fails below 0.
+thread_local int g_allocationsLeft = -1;
+
+void* Allocate(std::size_t size) {
+    if (g_allocationsLeft == 0) {
+        g_allocationsLeft = -1;
+        throw std::bad_alloc();
+    }
+    if (g_allocationsLeft > 0) --g_allocationsLeft;
+    if (void* const memory = std::malloc(size > 0 ? size : 1)) return memory;
+    throw std::bad_alloc();
+}
+
+}  // namespace
+
+void* operator new(std::size_t size) {
+    return Allocate(size);
+}
+void* operator new[](std::size_t size) {
+    return Allocate(size);
+}
+void operator delete(void* memory) noexcept {
+    std::free(memory);
+}
+void operator delete[](void* memory) noexcept {
+    std::free(memory);
+}
+void operator delete(void* memory, std::size_t) noexcept {
+    std::free(memory);
+}
+void operator delete[](void* memory, std::size_t) noexcept {
+    std::free(memory);
+}
 
 namespace {
 
@@ -17,50 +56,88 @@ wstring Sample(std::size_t size) {
     return text;
 }
 
-TEST(CStringBuffer, StartsAChunkWhenTheLastIsFull) {
-    for (std::size_t size : {std::size_t{0}, kChunk, kChunk + 1, 2 * kChunk + 1}) {
-        wstring const text = Sample(size);
-        CStringBuffer whole, units, escaped, run;
-        whole.Append(text);
-        for (char16_t const unit : text) units.Append(unit);
-        escaped.AppendEscaped(text, eol_LF);
-        run.Append(size, u'\t');
-        for (CStringBuffer* buffer : {&whole, &units, &escaped, &run}) {
-            EXPECT_EQ(buffer->ChunkCount(), (size + kChunk - 1) / kChunk) << size;
-            EXPECT_TRUE(buffer->ToString() == (buffer == &run ? wstring(size, u'\t') : text)) << size;
-            EXPECT_TRUE(buffer->TakeString() == (buffer == &run ? wstring(size, u'\t') : text)) << size;
-            EXPECT_EQ(buffer->ChunkCount(), 0U);
-        }
+/// Appends in one of the ways that there are, to the buffer and to what it should hold.
+void AppendByChance(std::mt19937& random, CStringBuffer& buffer, wstring& expected) {
+    // Mostly up to the border of a chunk, or a little beside it.
+    std::size_t const space = kChunk - expected.size() % kChunk;
+    wstring const text =
+        Sample(random() % 3 == 0 ? random() % 9 : space - std::min<std::size_t>(space, random() % 9));
+    wstring const both = expected + text;
+    switch (random() % 4) {
+        case 0:
+            buffer.Append(text);
+            break;
+        case 1:
+            buffer.AppendEscaped(text, eol_LF);
+            break;
+        case 2:
+            for (char16_t const unit : text) buffer.Append(unit);
+            break;
+        case 3:
+            buffer.AppendEscaped(u"&<\n\r>\"x", eol_CRLF);
+            buffer.Append(3, u'\t');
+            expected += u"&amp;&lt;\r\n&gt;&quot;x\t\t\t";
+            return;
     }
+    expected = both;
 }
 
-TEST(CStringBuffer, CarriesAnyAppendAcrossAChunkBorder) {
-    for (std::size_t before = kChunk - 40; before <= kChunk; ++before) {
-        wstring const head = Sample(before);
+TEST(CStringBuffer, HoldsWhatWasAppended) {
+    for (unsigned seed = 0; seed < 40; ++seed) {
+        std::mt19937 random(seed);
         CStringBuffer buffer;
-        buffer.Append(head);
-        buffer.Append(u"plain");
-        buffer.AppendEscaped(u"&<\n\r>\"&x", eol_CRLF);
-        buffer.Append(3, u'\t');
-        EXPECT_TRUE(buffer.ToString() == head + u"plain&amp;&lt;\r\n&gt;&quot;&amp;x\t\t\t") << before;
+        wstring expected;
+        for (int i = 0; i < 30; ++i) {
+            AppendByChance(random, buffer, expected);
+            std::size_t const what = random() % 12;
+            if (what == 0) {
+                EXPECT_TRUE(buffer.TakeString() == expected) << seed;
+            } else if (what == 1) {
+                buffer.Clear();
+            } else if (what < 5) {
+                EXPECT_TRUE(buffer.ToString() == expected) << seed;
+                EXPECT_LE(buffer.ChunkCount(), 1U);  // they are joined
+            }
+            if (what > 1) continue;
+            EXPECT_EQ(buffer.ChunkCount(), 0U);
+            expected.clear();
+        }
+        EXPECT_TRUE(buffer.ToString() == expected) << seed;
     }
 }
 
-TEST(CStringBuffer, JoinsItsChunksOnceAndGoesOn) {
-    wstring expected = Sample(2 * kChunk + 100);
+TEST(CStringBuffer, StartsAChunkWhenTheLastIsFull) {
     CStringBuffer buffer;
-    buffer.Append(expected);
-    for (wstring const& more : {Sample(5), Sample(kChunk), wstring()}) {
-        EXPECT_TRUE(buffer.ToString() == expected && buffer.ToString() == expected);
-        EXPECT_EQ(buffer.ChunkCount(), 1U);
-        buffer.AppendEscaped(more, eol_LF);
-        expected += more;
-        EXPECT_EQ(buffer.ChunkCount(), more.empty() ? 1U : 2U);
+    for (std::size_t chunks = 0; chunks < 4; ++chunks) {
+        EXPECT_EQ(buffer.ChunkCount(), chunks);
+        buffer.Append(u"");
+        EXPECT_EQ(buffer.ChunkCount(), chunks);
+        buffer.Append(Sample(1));
+        buffer.Append(Sample(kChunk - 1));
     }
-    buffer.Clear();
-    EXPECT_EQ(buffer.ChunkCount(), 0U);
-    buffer.Append(u"again");
-    EXPECT_EQ(buffer.ToString(), u"again");
+}
+
+TEST(CStringBuffer, HoldsABeginningIfMemoryRunsOut) {
+    wstring const expected = Sample(6 * kChunk + 7);
+    bool isComplete = false;
+    for (int allocations = 0; !isComplete; ++allocations) {
+        CStringBuffer buffer;
+        g_allocationsLeft = allocations;
+        try {
+            buffer.Append(std::u16string_view(expected).substr(0, 2 * kChunk));
+            buffer.View();
+            buffer.Append(std::u16string_view(expected).substr(2 * kChunk));
+            buffer.View();
+            isComplete = true;
+        } catch (std::bad_alloc const&) {
+        }
+        g_allocationsLeft = -1;
+        wstring const held = buffer.ToString();
+        EXPECT_TRUE(expected.starts_with(held)) << allocations;
+        buffer.Append(std::u16string_view(expected).substr(held.size()));
+        EXPECT_TRUE(buffer.TakeString() == expected) << allocations;
+        ASSERT_LT(allocations, 30);
+    }
 }
 
 TEST(CStringBuffer, EscapesMarkupAndConvertsLineEnds) {

@@ -1,27 +1,34 @@
 #include "BxXmlLib5/writers/CXmlWriter.h"
 
 #include "support/Expect.h"
-#include "writers/CXmlWriterContext.h"
+#include "support/StrictFastInfoset.h"
+#include "support/WriterScript.h"
+#include "writers/CFastInfosetWriter.h"
+#include "writers/CXmlTextWriter.h"
 
+using namespace BxTest;
 using namespace BxXmlLib5;
 using Map = std::map<wstring, wstring>;
 
 namespace {
 
-/// A writer that writes nothing.
-class Writer : public CXmlWriter {
+/// What all writers have in common.
+class Writer : public CElementWriter {
 public:
-    Writer() : CXmlWriter(u"Writer") {}
+    Writer() : CElementWriter(u"Writer") {}
     void WriteComment(wstring const&) override {}
     void WriteProcessingInstruction(wstring const&) override {}
     void WriteInLineSchema(wstring const&) override {}
-    void WriteStartElement(wstring const& name, wstring const& ns) override { Push(NewRecord(name, ns)); }
+    void WriteStartElement(wstring const& name, wstring const& ns) override {
+        Element& element = Start(name, ns);
+        element.m_prefix = Scopes().TakePrefix(ns).m_alias;
+    }
     void WriteText(wstring const&) override {}
-    void WriteEndElement() override { Pop(); }
+    void WriteEndElement() override { Context().End(); }
     void WriteAttribute(wstring const&, wstring const&, wstring const&) override {}
-    void WriteXsiType(wstring const&, wstring const&) override {}
-    using CXmlWriter::Current, CXmlWriter::GetUniquePrefix, CXmlWriter::NsIntToString;
-    using CXmlWriter::RootDefaultNamespace, CXmlWriter::RootNamespaces;
+    wstring DeclaredPrefix(wstring const&) override { return {}; }
+    using CXmlWriter::GetUniquePrefix, CXmlWriter::NsIntToString;
+    wstring InnermostPrefix() { return Context().Innermost().m_prefix; }
 };
 
 TEST(CXmlWriter, MakesPrefixesOfTwoLettersThenOfThree) {
@@ -42,24 +49,39 @@ TEST(CXmlWriter, MakesPrefixesOfTwoLettersThenOfThree) {
     }
 }
 
-TEST(CXmlWriter, CopiesTheNamespacesAndNoOpenElement) {
-    Writer source;
-    source.AddNamespace(u"p", u"P");
-    source.SetDefaultNamespace(u"D");
-    source.WriteStartElement(u"a", u"");
+TEST(CXmlWriter, TakesTheNamespacesOfAnotherAndNoOpenElement) {
+    Writer source, assigned;
+    Write(source, "+p=P *D <P|a");
+    Write(assigned, "+gone=P <P|a <P|b");
     Writer copy = source;
-    Writer assigned;
-    assigned.AddNamespace(u"gone", u"G");
     assigned = source;
+    assigned = *&assigned;
     for (Writer* writer : {&copy, &assigned}) {
-        EXPECT_EQ(writer->RootNamespaces(), (Map{{u"P", u"p"}}));
-        EXPECT_EQ(writer->RootDefaultNamespace(), u"D");
-        EXPECT_EQ(writer->Current(), nullptr);
-        writer->AddNamespace(u"q", u"Q");
-        writer->WriteStartElement(u"b", u"");
+        Write(*writer, ".");  // nothing is open
+        Write(*writer, "+q=Q <Q|b");
+        EXPECT_EQ(writer->InnermostPrefix(), u"q");
+        Write(*writer, "<P|c");
+        EXPECT_EQ(writer->InnermostPrefix(), u"p");
     }
-    EXPECT_EQ(source.RootNamespaces(), (Map{{u"P", u"p"}}));
-    EXPECT_EQ(source.Current()->m_name, u"a");
+    Write(source, "<Q|b");
+    EXPECT_EQ(source.InnermostPrefix(), u"AA");
+    Write(source, "> > .");
+}
+
+/// An assignment sees the base of a writer alone, whatever it is in the midst of.
+TEST(CXmlWriter, BeginsAnewWhenAssignedToWithAnElementOpen) {
+    CXmlTextWriter source, text;
+    text.SetFormatting(false);
+    CFastInfosetWriter infoset;
+    Write(source, "+p=P *D");
+    infoset.WriteStartDocument(fi_None);
+    for (CXmlWriter* writer : {static_cast<CXmlWriter*>(&text), static_cast<CXmlWriter*>(&infoset)}) {
+        Write(*writer, "+gone=P <P|a @k=v ^N|T");
+        *writer = source;
+        Write(*writer, "<P|b > .");
+    }
+    EXPECT_TRUE(text.GetString().ends_with(u"<p:b xmlns=\"D\" xmlns:p=\"P\"/>"));
+    EXPECT_EQ(CStrictFastInfoset::Read(infoset.GetBinaryData().GetOctets()), "<{P}b></>");
 }
 
 }  // namespace

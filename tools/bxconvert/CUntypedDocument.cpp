@@ -1,5 +1,8 @@
 #include "CUntypedDocument.h"
 
+#include <set>
+#include <string>
+
 #include "BxXmlLib5/binding/CXmlSerializationContext.h"
 #include "BxXmlLib5/collections/CAttributeCol.h"
 #include "BxXmlLib5/collections/CElementCol.h"
@@ -37,14 +40,35 @@ void EscapeNamespaces(CElement& element) {
     for (CElement* const child : *children) EscapeNamespaces(*child);
 }
 
+std::map<wstring, wstring> Aliases(CXmlDocument const& document, Statistics const& statistics, Form form) {
+    std::map<wstring, wstring> aliases;
+    std::set<wstring> used = statistics.m_typePrefixes;
+    if (statistics.m_hasXsiAttribute && document.LookupNamespaceFromAlias(u"xsi") == kXsiNamespace) {
+        used.insert(u"xsi");
+    }
+    for (wstring const& prefix : used) {
+        wstring const ns = document.LookupNamespaceFromAlias(prefix.c_str());
+        if (!prefix.empty() && !ns.empty()) aliases[form == Form::kXml ? Escaped(ns) : ns] = prefix;
+    }
+    if (form == Form::kXml) return aliases;
+    std::size_t number = 0;
+    for (wstring const& ns : statistics.m_namespaces) {
+        auto const [alias, isNew] = aliases.try_emplace(ns);
+        while (isNew && !used.insert(alias->second = FromUtf8("ns" + std::to_string(++number))).second) {
+        }
+    }
+    return aliases;
+}
+
 }  // namespace
 
 CUntypedDocument::CUntypedDocument(CXmlDocument const& document, Statistics const& statistics,
                                    Options const& options)
     : CElement(u""),
-      m_declaresDefaultNamespace(!statistics.m_hasElementWithoutNamespace),
-      m_declaresXsi(statistics.m_hasXsiAttribute &&
-                    document.LookupNamespaceFromAlias(u"xsi") == kXsiNamespace) {
+      // An element without a namespace is written without a prefix, so a default namespace would take it in.
+      m_declaresDefaultNamespace(!statistics.m_hasElementWithoutNamespace &&
+                                 (options.m_form == Form::kXml || statistics.m_typePrefixes.contains(u""))),
+      m_aliases(Aliases(document, statistics, options.m_form)) {
     CXmlElement* const root = document.GetDocumentElement();
     FromXml_Int(root, root, CXmlSerializationContext::GetDefaultContext(), false);
     if (!options.m_keepWhitespace) DropWhitespace(*root, *this);
@@ -53,9 +77,10 @@ CUntypedDocument::CUntypedDocument(CXmlDocument const& document, Statistics cons
 
 void CUntypedDocument::ToXml_Int(CXmlWriter* writer, bool isRoot, char16_t const* namespaceUri,
                                  CXmlSerializationContext const& context, bool allowEmptyChoice) const {
-    // An element without a namespace is written without a prefix, so a default namespace would take it in.
     if (isRoot && m_declaresDefaultNamespace) writer->SetDefaultNamespace(GetNamespace());
-    if (isRoot && m_declaresXsi) writer->AddNamespace(u"xsi", kXsiNamespace);
+    if (isRoot) {
+        for (auto const& [ns, alias] : m_aliases) writer->AddNamespace(alias, ns);
+    }
     CElement::ToXml_Int(writer, isRoot, namespaceUri, context, allowEmptyChoice);
 }
 

@@ -1,6 +1,8 @@
 // The document that bxconvert writes.
 #pragma once
 
+#include <map>
+
 #include "BxXmlLib5/collections/CElement.h"
 #include "BxXmlLib5/document/CXmlDocument.h"
 #include "Options.h"
@@ -8,9 +10,10 @@
 
 namespace BxConvert {
 
-/// A whole document as untyped content. Unlike its base, it reads the root, and it writes the namespaces as a
-/// person would: that of the root as the default namespace, if nothing stands in its way, and that of XML
-/// Schema instance under its usual prefix.
+/// A whole document as untyped content. Unlike its base, it reads the root, and its root declares namespaces. In
+/// text it does so as a person would: that of the root as the default namespace, if no element is without one. In
+/// Fast Infoset it declares each of the document, with an alias, since other readers want that; a default namespace
+/// only where the value of an xsi:type needs it. The prefixes of such values, and xsi, stay what they were.
 class CUntypedDocument : public BxXmlLib5::CElement {
 public:
     /// @param statistics those of the document
@@ -23,7 +26,7 @@ protected:
 
 private:
     bool m_declaresDefaultNamespace;
-    bool m_declaresXsi;
+    std::map<BxXmlLib5::wstring, BxXmlLib5::wstring> m_aliases;  // by namespace
 };
 
 }  // namespace BxConvert

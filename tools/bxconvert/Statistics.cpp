@@ -14,19 +14,45 @@ using namespace BxXmlLib5;
 
 namespace {
 
-void Visit(CXmlElement const& element, std::size_t depth, Statistics& found) {
+constexpr std::u16string_view kWhitespace = u" \t\r\n";  // XML 1.0, 2.3
+
+/// @param outside the namespace of the parent, which most names are in as well
+void EnterNamespace(wstring const& ns, wstring const& outside, Statistics& found) {
+    constexpr std::u16string_view kXmlNamespace = u"http://www.w3.org/XML/1998/namespace";
+    if (!ns.empty() && ns != outside && ns != kXmlNamespace) found.m_namespaces.insert(ns);
+}
+
+/// The prefix of a qualified name.
+wstring PrefixOf(std::u16string_view name) {
+    std::size_t const start = std::min(name.find_first_not_of(kWhitespace), name.size());
+    std::size_t const colon = name.find(u':', start);
+    return colon == name.npos ? wstring() : wstring(name.substr(start, colon - start));
+}
+
+void EnterAttribute(CXmlAttribute const& attribute, CXmlElement const& owner, Statistics& found) {
+    ++found.m_attributes;
+    wstring const& ns = attribute.GetNamespaceURI();
+    EnterNamespace(ns, owner.GetNamespaceURI(), found);
+    found.m_hasNamespaceToEscape |= NeedsEscape(ns);
+    if (ns != kXsiNamespace) return;
+    found.m_hasXsiAttribute = true;
+    if (attribute.GetLocalName() == u"type") found.m_typePrefixes.insert(PrefixOf(attribute.GetValueView()));
+}
+
+void Visit(CXmlElement const& element, wstring const& outside, std::size_t depth, Statistics& found) {
     ++found.m_elements;
-    found.m_attributes += element.GetAttributes().size();
     found.m_depth = std::max(found.m_depth, depth);
     found.m_hasElementWithoutNamespace |= element.GetNamespaceURI().empty();
     found.m_hasNamespaceToEscape |= NeedsEscape(element.GetNamespaceURI());
+    EnterNamespace(element.GetNamespaceURI(), outside, found);
     for (CXmlAttribute const* const attribute : element.GetAttributes()) {
-        found.m_hasXsiAttribute |= attribute->GetNamespaceURI() == kXsiNamespace;
-        found.m_hasNamespaceToEscape |= NeedsEscape(attribute->GetNamespaceURI());
+        EnterAttribute(*attribute, element, found);
     }
     CXmlElement const* child = element.GetFirstElement();
     if (child != nullptr && !IsWhitespace(element.GetTextView())) ++found.m_mixed;
-    for (; child != nullptr; child = child->GetNextSiblingElement()) Visit(*child, depth + 1, found);
+    for (; child != nullptr; child = child->GetNextSiblingElement()) {
+        Visit(*child, element.GetNamespaceURI(), depth + 1, found);
+    }
 }
 
 std::string FormOf(CXmlDocument const& document) {
@@ -41,7 +67,7 @@ std::string ValueOrNone(wstring const& value) {
 }  // namespace
 
 bool IsWhitespace(std::u16string_view text) {
-    return text.find_first_not_of(u" \t\r\n") == text.npos;
+    return text.find_first_not_of(kWhitespace) == text.npos;
 }
 
 std::string InElements(std::size_t count) {
@@ -50,7 +76,7 @@ std::string InElements(std::size_t count) {
 
 Statistics Survey(CXmlElement const& root) {
     Statistics found;
-    Visit(root, 1, found);
+    Visit(root, {}, 1, found);
     return found;
 }
 

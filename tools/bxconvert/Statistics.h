@@ -3,10 +3,12 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <set>
 #include <string>
 #include <string_view>
 
 #include "BxXmlLib5/document/CXmlElement.h"
+#include "BxXmlLib5/platform/Text.h"
 
 namespace BxConvert {
 
@@ -18,6 +20,8 @@ struct Statistics {
     bool m_hasElementWithoutNamespace = false;
     bool m_hasXsiAttribute = false;
     bool m_hasNamespaceToEscape = false;
+    std::set<BxXmlLib5::wstring> m_namespaces;    // of elements and attributes, but that of XML
+    std::set<BxXmlLib5::wstring> m_typePrefixes;  // of the values of xsi:type, the empty one for none
 };
 
 /// The namespace of XML Schema instance (XML Schema Part 1, 2.6).

@@ -38,7 +38,7 @@ constexpr char kHelp[] =
     "ascent is the sum of all differences upward, noise of the device included.\n"
     "\n"
     "What OUT loses: comments, the prefixes of extensions, and in extensions the place\n"
-    "of text among elements. Elements there without a namespace get that of GPX.\n"
+    "of text among elements.\n"
     "\n"
     "Exit status: 0 for success, 1 if a file cannot be read or written, 2 for a wrong\n"
     "command line.\n";
@@ -124,8 +124,7 @@ void Print(Gpx::CGpx const& gpx, std::string const& file) {
 }
 
 void Write(Gpx::CGpx const& gpx, std::string const& file) {
-    gpx.ToXmlFile(FromUtf8(file).c_str(), true, true, enc_UTF8, eol_LF, Gpx::CGpx::WritingContext(),
-                  cmp_None);
+    gpx.ToXmlFile(FromUtf8(file).c_str(), true, true, enc_UTF8, eol_LF, gpx.WritingContext(), cmp_None);
 }
 
 bool Run(std::string const& file, std::optional<std::string> const& output) {

@@ -7,11 +7,10 @@ namespace BxXmlLib5 {
 
 /// Formats as swprintf does for wide characters, into a text as long as it needs to be, whatever the locale.
 ///
-/// Conversions: d i u o x X, c, s, p, e E f g G, and %%, with the flags `-+ #0`, width and precision, either
-/// of them a `*`. `%s` is a zero-terminated UTF-16 text, `%hs` and `%S` a zero-terminated UTF-8 one, and a
-/// null prints "(null)"; the flag 0 fills any conversion, texts too, with zeros. Size prefixes: `h`
-/// (converted to short), `l` (C++ long), `ll` and `I64` (64 bits), `L` (long double, printed as a double),
-/// and `F` and `N`, which change nothing.
+/// Conversions: d i u x X, c, s, e E f g G, and %%, with the flags `-+ #0`, width and precision in digits.
+/// `%s` is a zero-terminated UTF-16 text, whatever its size prefix, and a null prints "(null)"; the flag 0
+/// fills any conversion, texts too, with zeros. Size prefixes: `h` (converted to short), `l` (C++ long), `ll`
+/// and `I64` (64 bits), `L` (long double, printed as a double), and `F` and `N`, which change nothing.
 ///
 /// An unknown conversion is printed as it stands. The result ends at its first unit of value 0.
 ///

@@ -37,13 +37,12 @@ public:
     /// of xmlns, and its local name is xmlns, type, schemaLocation or noNamespaceSchemaLocation.
     bool IsNamespaceAttribute() const;
 
-protected:
-    /// @param name the document's, which outlives the attribute
-    CXmlAttribute(CXmlName const& name, CXmlText value);
-
 private:
     template <class T>
     friend class CNodePool;
+
+    /// @param name the document's, which outlives the attribute
+    CXmlAttribute(CXmlName const& name, CXmlText value);
 
     CXmlName const* m_name;
     CXmlText m_value;

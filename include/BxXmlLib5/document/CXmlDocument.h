@@ -2,12 +2,8 @@
 #pragma once
 
 #include <cstddef>
-#include <functional>
-#include <map>
 #include <memory>
 #include <span>
-#include <string_view>
-#include <vector>
 
 #include "BxXmlLib5/core/CInstanceMonitor.h"
 #include "BxXmlLib5/core/Enumerations.h"
@@ -79,50 +75,9 @@ protected:
     virtual void Cleanup();
 
 private:
-    friend class CExpatReader;
-    friend class CFastInfosetReader;
-
     void Parse(std::span<unsigned char const> input, bool isText);
 
-    /// The document's copy of a name; it lives as long as the tree.
-    CXmlName const& InternName(std::u16string_view namespaceUri, std::u16string_view localName);
-
-    /// The document's copy of a text; it lives as long as the tree.
-    std::u16string_view StoreText(std::u16string_view text);
-
-    /// The root, or a child of the innermost open element.
-    /// @throws CBxException if elements are nested too deeply
-    CXmlElement* AddElement(CXmlName const& name);
-    CXmlElement* AddDocElement(CXmlName const& name);
-    CXmlElement* AddChildElement(CXmlName const& name);
-    /// Makes room for attributes that are about to be added.
-    static void ReserveElementAttributes(CXmlElement* element, std::size_t count);
-    /// @param value in the document's store
-    void AddElementAttribute(CXmlElement* element, CXmlName const& name, std::u16string_view value);
-    /// Adds to the text of the innermost open element.
-    void AppendTextExcludingCR(std::u16string_view text);
-    /// The same for a text in the document's store, without CR. If nothing joins it, it is not copied.
-    /// @return how many units were copied
-    std::size_t AppendStoredText(std::u16string_view text);
-    void CloseElement();
-    void CloseAllElements();
-    CXmlElement* Open(CXmlElement* element);
-
-    /// An element that the parser is inside of. Its text so far stands in m_openText, from m_textStart to
-    /// that of the element inside it: children give theirs away when they close, so every text is allocated
-    /// once, at its size. A text that was in the store from the beginning stays there as long as it is the
-    /// only one.
-    struct OpenElement {
-        CXmlElement* m_element;
-        CXmlElement* m_lastChild;
-        std::size_t m_textStart;
-        std::u16string_view m_storedText;
-    };
-
     CXmlElement* m_documentElement = nullptr;
-    std::vector<OpenElement> m_elementStack;
-    wstring m_openText;
-    std::map<wstring, wstring, std::less<>> m_namespaceAliases;
     SchemaType m_schemaType;
     bool m_isComplete = false;
     bool m_isCompressed = false;

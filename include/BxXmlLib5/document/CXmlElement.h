@@ -2,7 +2,6 @@
 #pragma once
 
 #include <string_view>
-#include <utility>
 #include <vector>
 
 #include "BxXmlLib5/core/CInstanceMonitor.h"
@@ -45,18 +44,13 @@ public:
     /// The value of the first attribute with these names, the empty text if there is none.
     wstring const& GetAttribute(wstring const& localName, wstring const& namespaceUri) const;
 
-protected:
-    /// @param name the document's, which outlives the element
-    CXmlElement(CXmlDocument const* document, CXmlName const& name);
-
-    void ReserveAttributes(std::size_t count) { m_attributes.reserve(count); }
-    void SetText(CXmlText text) { m_text = std::move(text); }
-    void AddAttribute(CXmlAttribute* attribute) { m_attributes.push_back(attribute); }
-
 private:
-    friend class CXmlDocument;
+    friend class CDocumentBuilder;
     template <class T>
     friend class CNodePool;
+
+    /// @param name the document's, which outlives the element
+    CXmlElement(CXmlDocument const* document, CXmlName const& name);
 
     CXmlDocument const* m_document;
     CXmlElement* m_nextSibling = nullptr;

@@ -62,6 +62,9 @@ public:
     /// Takes over a buffer without copying it.
     CBinaryData(std::unique_ptr<unsigned char[]> data, std::size_t length);
 
+    /// As SetBuffer(octets).
+    explicit CBinaryData(std::span<unsigned char const> octets);
+
     /// As SetBuffer(text).
     CBinaryData(char16_t const* text);
 
@@ -78,6 +81,7 @@ public:
     /// Replaces the content by a copy of the octets, or of the text's 16-bit units in the byte order of the
     /// platform, without the terminator.
     void SetBuffer(unsigned char const* data, std::size_t length);
+    void SetBuffer(std::span<unsigned char const> octets);
     void SetBuffer(char16_t const* text);
 
     /// Adds octets at the end, of a text those that SetBuffer would take.

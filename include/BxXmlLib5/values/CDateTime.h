@@ -1,7 +1,12 @@
 // The date and time types of XML Schema.
 #pragma once
 
+#include <chrono>
+#include <compare>
+#include <concepts>
 #include <cstdint>
+#include <limits>
+#include <ratio>
 #include <string_view>
 
 #include "BxXmlLib5/platform/Export.h"
@@ -67,6 +72,15 @@ public:
     CDateTime(std::int16_t year, std::uint8_t month, std::uint8_t day, std::uint8_t hour, std::uint8_t minute,
               std::uint8_t second, std::uint16_t milli, std::uint16_t micro, std::uint16_t nano);
 
+    /// The instant as dt_dateTime in UTC, cut to nanoseconds.
+    /// @throws CBxInvalidValueException before the year -9999, in the year 0 and after the year 9999
+    template <class Duration>
+    explicit CDateTime(std::chrono::sys_time<Duration> const& time) {
+        // Toward 0, so that the way back does not leave the range of the duration.
+        auto const seconds = std::chrono::time_point_cast<std::chrono::seconds>(time);
+        SetInstant(seconds.time_since_epoch(), std::chrono::floor<std::chrono::nanoseconds>(time - seconds));
+    }
+
     CDateTime(CDateTime const&) = default;
     CDateTime& operator=(CDateTime const&) = default;
 
@@ -96,6 +110,11 @@ public:
     bool operator<=(CDateTime const& other) const;
     bool operator>(CDateTime const& other) const;
     bool operator>=(CDateTime const& other) const;
+    /// The same as a standard result, unordered for dtc_indeterminate. Converts neither operand.
+    template <std::same_as<CDateTime> T>
+    friend std::partial_ordering operator<=>(T const& left, T const& right) {
+        return left.Order(right);
+    }
 
     /// Adds a duration as XML Schema Part 2, appendix E, does: first the months and years, with the day cut
     /// to the length of the month, then the rest. Type and zone stay. Fields that the type does not use count
@@ -152,6 +171,20 @@ public:
     /// without a zone the fields are taken as UTC. Fractions are dropped, earlier dates are negative.
     /// @throws CBxInvalidValueException for another type
     std::int64_t GetTime() const;
+
+    /// The instant of GetTime() with the fraction of a dt_dateTime, cut to whole units.
+    /// @tparam Duration of whole seconds or of a part of one down to nanoseconds, counted by a signed integer
+    /// @throws CBxInvalidValueException as GetTime(), CBxOverFlowException if the count does not fit
+    template <class Duration = std::chrono::nanoseconds>
+    std::chrono::sys_time<Duration> GetSysTime() const {
+        using Count = typename Duration::rep;
+        using Period = typename Duration::period;
+        static_assert(std::signed_integral<Count>);
+        static_assert(Period::den == 1 || (Period::num == 1 && std::nano::den % Period::den == 0));
+        using Limits = std::numeric_limits<Count>;
+        std::int64_t const count = CountUnits(Period::num, Period::den, Limits::min(), Limits::max());
+        return std::chrono::sys_time<Duration>(Duration(static_cast<Count>(count)));
+    }
 
     /// The fields of a dt_dateTime as they are.
     /// @throws CBxInvalidValueException for another type or a negative year
@@ -228,11 +261,17 @@ private:
     void AddDateTimeSpan(CDateTimeSpan const& span);
     void Clear();
 
+    /// @param fraction between -1 s and 1 s
+    void SetInstant(std::chrono::seconds seconds, std::chrono::nanoseconds fraction);
+    /// The units of num / den seconds since 1970.
+    std::int64_t CountUnits(std::int64_t num, std::int64_t den, std::int64_t least, std::int64_t most) const;
+
     DateTimeFields Fields() const;
     void SetFields(DateTimeFields const& fields);
     void RequireOffset() const;
     /// Without the offset, if there is one.
     WideDate Wide() const;
+    std::partial_ordering Order(CDateTime const& other) const;
 
     DTType m_dtType = dt_yearZero;
     std::int16_t m_year = 0;

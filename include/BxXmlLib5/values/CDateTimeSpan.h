@@ -1,6 +1,8 @@
 // The duration of XML Schema.
 #pragma once
 
+#include <compare>
+#include <concepts>
 #include <cstdint>
 #include <string_view>
 
@@ -88,9 +90,15 @@ public:
     bool operator!=(CDateTimeSpan const& other) const;
     bool operator<(CDateTimeSpan const& other) const;
     bool operator>(CDateTimeSpan const& other) const;
+    /// The same as a standard result, unordered for dtc_indeterminate.
+    template <std::same_as<CDateTimeSpan> T>
+    friend std::partial_ordering operator<=>(T const& left, T const& right) {
+        return left.Order(right);
+    }
 
 private:
     void Clear();
+    std::partial_ordering Order(CDateTimeSpan const& other) const;
     void ReadFraction(std::u16string_view& rest, std::u16string_view text);
 
     std::uint16_t m_years = 0;

@@ -2,8 +2,11 @@
 #pragma once
 
 #include <atomic>
+#include <compare>
+#include <concepts>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string_view>
 #include <utility>
 
@@ -25,9 +28,13 @@ class BXXMLLIB5_API CDecimal {
 public:
     /// Zero.
     CDecimal() = default;
-    CDecimal(int value);
-    CDecimal(long value);
-    CDecimal(long long value);
+    /// Any integer of a native type.
+    CDecimal(int value) : m_integerPart(value) {}
+    CDecimal(long value) : m_integerPart(value) {}
+    CDecimal(long long value) : m_integerPart(value) {}
+    CDecimal(unsigned value) : m_integerPart(value) {}
+    CDecimal(unsigned long value) : m_integerPart(value) {}
+    CDecimal(unsigned long long value) : m_integerPart(value) {}
     /// The double to 13 decimal places.
     /// @throws CBxInvalidValueException for infinity and not-a-number
     CDecimal(double value);
@@ -115,6 +122,11 @@ public:
     bool operator>(CDecimal const& other) const;
     bool operator<=(CDecimal const& other) const;
     bool operator>=(CDecimal const& other) const;
+    /// The order of `<`, so that -0 comes before 0, although == takes them for equal. Converts neither operand.
+    template <std::same_as<CDecimal> T>
+    friend std::strong_ordering operator<=>(T const& a, T const& b) {
+        return a.Order(b) <=> 0;
+    }
 
 private:
     CDecimal(CBigInteger integerPart, CBigInteger fractionPart, int divider);
@@ -123,12 +135,17 @@ private:
     static CDecimal FromScaled(CBigInteger const& scaled, std::size_t places);
     /// The value times 10 to a power that leaves no fraction.
     CBigInteger Scaled(int places) const;
+    /// The same for numbers that are short enough, as nearly all are.
+    static CDecimal FromShort(std::int64_t scaled, int places);
+    std::optional<std::int64_t> Short(int places) const;
     CBigInteger ScaledFraction(int places) const;
 
     /// The limit of decimal places that is in effect, whatever has been set. An operation reads it once.
     static int PlacesLimit();
 
     void Parse(std::u16string_view text);
+    CDecimal Plus(CDecimal const& other, int otherSign) const;
+
     bool ParsePlain(std::u16string_view text, int limit);
     void Rationalise();
     void ChangeFractionalDivider(int divider);

@@ -3,7 +3,6 @@
 
 #include <map>
 #include <memory>
-#include <string_view>
 
 #include "BxXmlLib5/core/CInstanceMonitor.h"
 #include "BxXmlLib5/platform/Export.h"
@@ -23,6 +22,7 @@ public:
     explicit CXmlWriter(char16_t const* className);
     /// A copy takes the namespaces for the root, and no open element.
     CXmlWriter(CXmlWriter const& other);
+    /// As the copy does; elements that are open here are forgotten.
     CXmlWriter& operator=(CXmlWriter const& other);
     virtual ~CXmlWriter();
 
@@ -32,7 +32,8 @@ public:
 
     /// Before the root: an alias that the root declares. Later: an alias of the open element's scope, which
     /// is not declared. An alias already held for the namespace is replaced. The empty alias is none: it is
-    /// not declared, and a prefix is generated where one is needed.
+    /// not declared, and a prefix is generated where one is needed. The open element's own tags keep the
+    /// prefix that they have.
     virtual void AddNamespace(wstring const& alias, wstring const& namespaceUri);
 
     /// @throws CBxException if an element is open
@@ -46,6 +47,7 @@ public:
 
     /// @throws CBxException if elements are nested too deeply
     virtual void WriteStartElement(wstring const& name, wstring const& namespaceUri) = 0;
+    /// @param text the empty text needs no open element
     virtual void WriteText(wstring const& text) = 0;
     virtual void WriteEndElement() = 0;
 
@@ -57,8 +59,6 @@ public:
     virtual void WriteXsiType(wstring const& namespaceUri, wstring const& typeName) = 0;
 
 protected:
-    class CXmlWriterContext;
-
     /// The first generated prefix that is not an alias of this map.
     wstring GetUniquePrefix(std::map<wstring, wstring> const& aliases);
 
@@ -66,30 +66,13 @@ protected:
     /// @param index 0 or more
     wstring NsIntToString(int index);
 
-    /// The record of the innermost open element, null if none is open.
-    CXmlWriterContext* Current() const { return m_context.get(); }
-
-    /// The record of the innermost open element.
-    /// @throws CBxInvalidStateException if none is open
-    CXmlWriterContext& InnermostElement() const;
-
-    /// @throws CBxException if the innermost open element takes no attributes any more
-    CXmlWriterContext& ElementOpenForAttributes() const;
-
-    /// A record for a new element below the current one; it becomes current by Push().
-    /// @throws CBxException if elements are nested too deeply
-    std::unique_ptr<CXmlWriterContext> NewRecord(wstring const& name, wstring const& namespaceUri);
-    void Push(std::unique_ptr<CXmlWriterContext> record);
-    void Pop();
-
-    wstring const& RootDefaultNamespace() const { return m_defaultNamespace; }
-    std::map<wstring, wstring> const& RootNamespaces() const { return m_namespaces; }
-
 private:
+    class CXmlWriterContext;
+    friend class CElementWriter;
+
     wstring m_defaultNamespace;
-    std::unique_ptr<CXmlWriterContext> m_context;
+    std::unique_ptr<CXmlWriterContext> m_context;  // the open elements
     std::map<wstring, wstring> m_namespaces;
-    std::unique_ptr<CXmlWriterContext> m_spare;  // records of closed elements, for the next ones
 };
 
 }  // namespace BxXmlLib5

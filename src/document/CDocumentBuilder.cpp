@@ -1,0 +1,77 @@
+#include "document/CDocumentBuilder.h"
+
+#include <utility>
+
+#include "core/Limits.h"
+#include "core/NestingDepth.h"
+
+namespace BxXmlLib5 {
+
+CXmlElement* CDocumentBuilder::AddElement(CXmlName const& name) {
+    if (m_elementStack.size() == kMaxElementDepth) ThrowNestedTooDeeply();
+    CXmlElement* const element = m_documentElement == nullptr ? AddDocElement(name) : AddChildElement(name);
+    m_elementStack.push_back({.m_element = element, .m_textStart = m_openText.size()});
+    return element;
+}
+
+CXmlElement* CDocumentBuilder::AddDocElement(CXmlName const& name) {
+    return m_documentElement = m_nodes.m_elements.Create(&m_document, name);
+}
+
+CXmlElement* CDocumentBuilder::AddChildElement(CXmlName const& name) {
+    CXmlElement* const child = m_nodes.m_elements.Create(&m_document, name);
+    OpenElement& parent = m_elementStack.back();
+    (parent.m_lastChild == nullptr ? parent.m_element->m_firstChild : parent.m_lastChild->m_nextSibling) =
+        child;
+    parent.m_lastChild = child;
+    return child;
+}
+
+void CDocumentBuilder::ReserveElementAttributes(CXmlElement* element, std::size_t count) {
+    element->m_attributes.reserve(count);
+}
+
+void CDocumentBuilder::AddElementAttribute(CXmlElement* element, CXmlName const& name,
+                                           std::u16string_view value) {
+    element->m_attributes.push_back(m_nodes.m_attributes.Create(name, CXmlText(value)));
+}
+
+void CDocumentBuilder::DeclareNamespace(wstring const& alias, wstring const& namespaceUri) {
+    m_nodes.m_namespaceAliases.insert_or_assign(&alias, &namespaceUri);
+}
+
+void CDocumentBuilder::AppendTextExcludingCR(std::u16string_view text) {
+    // In runs between the CRs, which only come from character references: Expat normalises line ends.
+    for (;;) {
+        std::size_t const cr = text.find(u'\r');
+        AppendText(text.substr(0, cr));
+        if (cr == text.npos) return;
+        text.remove_prefix(cr + 1);
+    }
+}
+
+std::size_t CDocumentBuilder::AppendStoredText(std::u16string_view text) {
+    OpenElement& open = m_elementStack.back();
+    std::size_t const former = m_openText.size();
+    if (open.m_storedText.empty() && former == open.m_textStart) {
+        open.m_storedText = text;
+        return 0;
+    }
+    m_openText.append(std::exchange(open.m_storedText, {})).append(text);
+    return m_openText.size() - former;
+}
+
+void CDocumentBuilder::CloseElement() {
+    OpenElement const closed = m_elementStack.back();
+    std::u16string_view const text = OpenText();
+    closed.m_element->m_text = CXmlText(text.empty() ? closed.m_storedText : Texts().Add(text));
+    m_openText.resize(closed.m_textStart);
+    m_elementStack.pop_back();
+}
+
+CXmlElement* CDocumentBuilder::CloseAllElements() {
+    while (HasOpenElement()) CloseElement();
+    return m_documentElement;
+}
+
+}  // namespace BxXmlLib5

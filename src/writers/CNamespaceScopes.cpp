@@ -1,0 +1,70 @@
+#include "writers/CNamespaceScopes.h"
+
+#include <utility>
+
+#include "platform/StandardNamespaces.h"
+
+namespace BxXmlLib5 {
+
+void CNamespaceScopes::UndoTo(std::size_t changes) {
+    for (; m_changes.size() > changes; m_changes.pop_back()) {
+        Change& change = m_changes.back();
+        if (change.m_bindings == nullptr) {
+            m_defaultNamespace = std::move(change.m_formerDefault);
+            continue;
+        }
+        Bindings& bindings = *change.m_bindings;
+        m_prefixes.Drop(bindings.back().m_alias);
+        bindings.pop_back();
+        if (!bindings.empty()) m_prefixes.Hold(bindings.back().m_alias);
+    }
+}
+
+void CNamespaceScopes::SetDefaultNamespace(std::u16string_view namespaceUri) {
+    m_changes.push_back({nullptr, m_defaultNamespace});
+    m_defaultNamespace = namespaceUri;
+}
+
+void CNamespaceScopes::AddNamespace(std::u16string_view alias, std::u16string_view namespaceUri,
+                                    bool isDeclared) {
+    Bind(namespaceUri, {wstring(alias), isDeclared});
+}
+
+bool CNamespaceScopes::IsDefault(std::u16string_view namespaceUri) const {
+    return namespaceUri.empty() ||
+           (Equal(namespaceUri, m_defaultNamespace) && !Equal(namespaceUri, kXmlNamespace));
+}
+
+CNamespaceScopes::Prefix CNamespaceScopes::TakePrefix(std::u16string_view namespaceUri) {
+    if (Binding const* const known = Find(namespaceUri)) return {known->m_alias, false};
+    return {Bind(namespaceUri, {m_prefixes.FirstFree(), false}).m_alias, true};
+}
+
+bool CNamespaceScopes::Declare(std::u16string_view namespaceUri) {
+    Prefix const prefix = TakePrefix(namespaceUri);
+    if (Find(namespaceUri)->m_isDeclared) return false;
+    AddNamespace(wstring(prefix.m_alias), namespaceUri, true);
+    return true;
+}
+
+CNamespaceScopes::Binding const* CNamespaceScopes::Find(std::u16string_view namespaceUri) const {
+    // Never destroyed, so that a destructor of static storage may write.
+    static Binding const& s_xml = *new Binding{u"xml", true};
+    if (Equal(namespaceUri, kXmlNamespace)) return &s_xml;
+    auto const known = m_namespaces.find(namespaceUri);
+    if (known == m_namespaces.end() || known->second.empty()) return nullptr;
+    Binding const& binding = known->second.back();
+    return binding.m_alias.empty() ? nullptr : &binding;
+}
+
+CNamespaceScopes::Binding const& CNamespaceScopes::Bind(std::u16string_view namespaceUri, Binding binding) {
+    auto known = m_namespaces.find(namespaceUri);
+    if (known == m_namespaces.end()) known = m_namespaces.emplace(namespaceUri, Bindings()).first;
+    Bindings& bindings = known->second;
+    m_changes.push_back({&bindings, {}});
+    if (!bindings.empty()) m_prefixes.Drop(bindings.back().m_alias);
+    m_prefixes.Hold(binding.m_alias);
+    return bindings.emplace_back(std::move(binding));
+}
+
+}  // namespace BxXmlLib5

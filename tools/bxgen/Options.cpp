@@ -1,0 +1,189 @@
+#include "Options.h"
+
+#include <algorithm>
+#include <charconv>
+#include <iterator>
+#include <string_view>
+
+namespace BxGen {
+
+namespace {
+
+struct Option {
+    std::string_view m_name;
+    std::string_view m_value;  ///< what --help calls its value; empty if it takes none
+    std::string_view m_help;
+    /// False if the value is none that the option takes.
+    bool (*m_apply)(Options& options, std::string_view value);
+};
+
+template <auto Member, bool value>
+bool Set(Options& options, std::string_view) {
+    options.*Member = value;
+    return true;
+}
+
+template <bool Diagnostics::Options::*Member>
+bool SetMessages(Options& options, std::string_view) {
+    options.m_diagnostics.*Member = true;
+    return true;
+}
+
+template <auto Member>
+bool Put(Options& options, std::string_view value) {
+    options.*Member = std::string(value);
+    return !value.empty();
+}
+
+template <auto Member>
+bool PutAny(Options& options, std::string_view value) {
+    options.*Member = std::string(value);
+    return true;
+}
+
+template <auto Member>
+bool Append(Options& options, std::string_view value) {
+    (options.*Member).emplace_back(value);
+    return !value.empty();
+}
+
+/// KEY=VALUE; the last sign of equality divides, as URIs may have some.
+template <auto Member>
+bool AppendPair(Options& options, std::string_view value) {
+    std::size_t const equals = value.rfind('=');
+    if (equals == value.npos || equals + 1 == value.size()) return false;
+    (options.*Member).emplace_back(value.substr(0, equals), value.substr(equals + 1));
+    return true;
+}
+
+bool SetSources(Options& options, std::string_view value) {
+    constexpr std::size_t kMost = 1000;
+    auto const result = std::from_chars(value.data(), value.data() + value.size(), options.m_sources);
+    bool const isNumber = result.ec == std::errc() && result.ptr == value.data() + value.size();
+    return isNumber && options.m_sources >= 1 && options.m_sources <= kMost;
+}
+
+// clang-format off
+constexpr Option kOptions[] = {
+    {"-o",              "DIR",       "where files go (default .)",                                    Put<&Options::m_folder>},
+    {"--out-dir",       "DIR",       "the same",                                                      Put<&Options::m_folder>},
+    {"-n",              "NAME",      "C++ namespace and file name of what is not mapped (default: from the first schema)", Put<&Options::m_name>},
+    {"--name",          "NAME",      "the same",                                                      Put<&Options::m_name>},
+    {"--namespace-map", "URI=NS",    "C++ namespace of an XML namespace, NS may be A::B; repeatable", AppendPair<&Options::m_namespaces>},
+    {"--root-element",  "NAME",      "{uri}name of a root, or all, or none; repeatable (default: those not referred to)", Append<&Options::m_roots>},
+    {"--prefix",        "TEXT",      "ahead of names of classes (default C)",                         PutAny<&Options::m_prefix>},
+    {"--strip-suffix",  "TEXT",      "taken off names of types, such as Type",                        Put<&Options::m_strippedSuffix>},
+    {"--names",         "FILE",      "names to use instead, one a line",                              Put<&Options::m_namesFile>},
+    {"--catalog",       "FILE",      "OASIS XML catalog for locations and namespaces; repeatable",    Append<&Options::m_catalogs>},
+    {"--location",      "URI=FILE",  "one entry of a catalog; repeatable",                            AppendPair<&Options::m_locations>},
+    {"--sources",       "N",         "source files for each C++ namespace (default 1)",               SetSources},
+    {"--doc-element",   "{uri}NAME", "element within documentation that holds the text",              Put<&Options::m_docElement>},
+    {"--no-docs",       "",          "leave documentation out",                                       Set<&Options::m_withDocs, false>},
+    {"--no-aliases",    "",          "a class also for types that add nothing to their base",         Set<&Options::m_withAliases, false>},
+    {"--ascii",         "",          "spell letters beyond ASCII in names",                           Set<&Options::m_ascii, true>},
+    {"--program",       "",          "add a program that reads and writes documents",                 Set<&Options::m_program, true>},
+    {"--depfile",       "FILE",      "write what was read as a rule for make",                        Put<&Options::m_depfile>},
+    {"--dump",          "",          "print the components of the schemas, write nothing",            Set<&Options::m_dump, true>},
+    {"--list",          "",          "print names of files, and what was renamed; write nothing",     Set<&Options::m_list, true>},
+    {"--dry-run",       "",          "the same with all checks",                                      Set<&Options::m_dryRun, true>},
+    {"--werror",        "",          "a warning makes the run fail",                                  SetMessages<&Diagnostics::Options::m_warningsAreErrors>},
+    {"--all-warnings",  "",          "show every warning, not one of each kind",                      SetMessages<&Diagnostics::Options::m_allWarnings>},
+    {"-q",              "",          "show errors only",                                              SetMessages<&Diagnostics::Options::m_quiet>},
+    {"--version",       "",          "print the version",                                             Set<&Options::m_version, true>},
+    {"--help",          "",          "print this text",                                               Set<&Options::m_help, true>},
+};
+// clang-format on
+
+constexpr char kIntroduction[] =
+    "Usage: bxgen [options] SCHEMA...\n"
+    "\n"
+    "Makes C++ classes from XML schemas. Nothing is fetched from the net: a location that\n"
+    "is no file must be in a catalog.\n"
+    "\n";
+
+constexpr char kNotes[] =
+    "\n"
+    "Exit status: 0 for success, 1 for a wrong command line, 2 for something wrong with a\n"
+    "schema, 3 for a file that cannot be read or written.\n";
+
+Option const& FindOption(std::string_view name) {
+    auto const* const option = std::ranges::find(kOptions, name, &Option::m_name);
+    if (option == std::end(kOptions)) throw UsageError("unknown option '" + std::string(name) + "'");
+    return *option;
+}
+
+/// Walks the command line.
+class Parser {
+public:
+    explicit Parser(std::span<char const* const> arguments) : m_arguments(arguments) {}
+
+    Options Parse() {
+        bool onlyOperands = false;
+        while (!m_arguments.empty()) {
+            std::string_view const argument = Next();
+            if (onlyOperands || !argument.starts_with('-')) {
+                if (argument.empty()) throw UsageError("SCHEMA is empty");
+                m_options.m_schemas.emplace_back(argument);
+            } else if (argument == "--") {
+                onlyOperands = true;
+            } else {
+                TakeOption(argument);
+            }
+        }
+        bool const needsSchema = !m_options.m_help && !m_options.m_version;
+        if (needsSchema && m_options.m_schemas.empty()) throw UsageError("SCHEMA is missing");
+        return m_options;
+    }
+
+private:
+    std::string_view Next() {
+        std::string_view const argument = m_arguments.front();
+        m_arguments = m_arguments.subspan(1);
+        return argument;
+    }
+
+    void TakeOption(std::string_view argument) {
+        std::size_t const equals = argument.starts_with("--") ? argument.find('=') : argument.npos;
+        Option const& option = FindOption(argument.substr(0, equals));
+        std::string const name(option.m_name);
+        std::optional<std::string_view> value;
+        if (equals != argument.npos) value = argument.substr(equals + 1);
+        bool const takesValue = !option.m_value.empty();
+        if (!takesValue && value) throw UsageError("option '" + name + "' takes no value");
+        if (takesValue && !value) {
+            if (m_arguments.empty()) throw UsageError("option '" + name + "' needs a value");
+            value = Next();
+        }
+        if (!option.m_apply(m_options, value.value_or(""))) {
+            throw UsageError("'" + std::string(*value) + "' is no value of option '" + name +
+                             "', which takes " + std::string(option.m_value));
+        }
+    }
+
+    std::span<char const* const> m_arguments;
+    Options m_options;
+};
+
+}  // namespace
+
+Options ParseOptions(std::span<char const* const> arguments) {
+    return Parser(arguments).Parse();
+}
+
+std::string HelpText() {
+    constexpr std::size_t kColumn = 29;
+    std::string text = kIntroduction;
+    for (Option const& option : kOptions) {
+        std::string line = "  " + std::string(option.m_name);
+        if (!option.m_value.empty()) line += ' ' + std::string(option.m_value);
+        if (line.size() >= kColumn) {
+            text += line + '\n';
+            line.clear();
+        }
+        line.resize(kColumn, ' ');
+        text += line + std::string(option.m_help) + '\n';
+    }
+    return text + kNotes;
+}
+
+}  // namespace BxGen
