@@ -1,0 +1,95 @@
+// What a generated class tells of itself.
+#pragma once
+
+#include <atomic>
+#include <cstddef>
+#include <span>
+#include <type_traits>
+
+#include "BxXmlLib5/generated/Row.h"
+#include "BxXmlLib5/platform/Export.h"
+
+namespace BxXmlLib5::Generated {
+
+class CGroup;
+class CObject;
+class RootTag;
+
+/// A prefix that documents declare for a namespace.
+struct Alias {
+    char16_t const* prefix;
+    char16_t const* namespaceUri;
+};
+
+/// What the classes that were generated together have in common. It is a constant:
+///
+///     constinit Bx::Set const kSet{.types = kTypes, .aliases = kAliases};
+struct Set {
+    /// The classes of all named types, to find the one that an xsi:type names.
+    std::span<Class const* const> types = {};
+    std::span<Alias const> aliases = {};
+    /// The namespace of the root is declared as the default one, so elements have no prefix. False where
+    /// elements of the set are in no namespace.
+    bool hasDefaultNamespace = true;
+};
+
+struct Model;
+
+/// The description of a class: a constant, which the library prepares for use when it is first needed.
+class BXXMLLIB5_API Class {
+public:
+    struct Facts {
+        Set const* set;
+        char16_t const* name;
+        char16_t const* namespaceUri;
+        std::span<Row const> rows;
+        char16_t const* elementNamespace;
+        CObject* (*make)();  ///< Null for an abstract class.
+        bool isRoot;
+        bool isGroup;
+    };
+
+    constexpr explicit Class(Facts const& facts) : m_facts(facts) {}
+    Class(Class const&) = delete;
+    Class& operator=(Class const&) = delete;
+    constexpr ~Class() = default;
+
+    Facts const& GetFacts() const { return m_facts; }
+
+    /// The rows prepared for use; made by the first thread that comes by, and never freed.
+    Model const& GetModel() const {
+        Model const* const model = m_model.load(std::memory_order_acquire);
+        return model != nullptr ? *model : MakeModel();
+    }
+
+private:
+    Model const& MakeModel() const;
+
+    Facts m_facts;
+    mutable std::atomic<Model const*> m_model = nullptr;
+};
+
+template <class T>
+CObject* New() {
+    return new T;
+}
+
+/// The description of class T.
+/// @param name of its type or, for a root, of its element
+/// @param namespaceUri of its type or, for a root, of its element
+/// @param elementNamespace of the elements whose rows name none
+template <class T, std::size_t kRows>
+constexpr Class Describe(Set const& set, char16_t const* name, char16_t const* namespaceUri,
+                         Row const (&rows)[kRows], char16_t const* elementNamespace) {
+    CObject* (*make)() = nullptr;
+    if constexpr (!std::is_abstract_v<T>) make = &New<T>;
+    return Class({&set, name, namespaceUri, rows, elementNamespace, make, std::is_base_of_v<RootTag, T>,
+                  std::is_base_of_v<CGroup, T>});
+}
+template <class T, std::size_t kRows>
+constexpr Class Describe(Set const& set, char16_t const* name, char16_t const* namespaceUri,
+                         Row const (&rows)[kRows]) {
+    return Describe<T>(set, name, namespaceUri, rows, namespaceUri);
+}
+
+}  // namespace BxXmlLib5::Generated

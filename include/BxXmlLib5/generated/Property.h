@@ -1,0 +1,315 @@
+// Properties of simple type.
+#pragma once
+
+#include <concepts>
+#include <initializer_list>
+#include <memory>
+#include <string_view>
+#include <type_traits>
+#include <utility>
+#include <vector>
+
+#include "BxXmlLib5/generated/SimpleTypes.h"
+#include "BxXmlLib5/platform/Export.h"
+#include "BxXmlLib5/platform/Text.h"
+
+namespace BxXmlLib5::Generated {
+
+/// @throws CBxInvalidStateException always, for a property that is read and not set
+[[noreturn]] BXXMLLIB5_API void ThrowNotSet();
+/// @throws CBxInvalidParamException always, for an index that is none of a property's
+[[noreturn]] BXXMLLIB5_API void ThrowNoIndex(int index);
+/// @throws CBxInvalidValueException always, for another value than the one that the schema fixes
+[[noreturn]] BXXMLLIB5_API void ThrowNotFixed(std::u16string_view fixed, std::u16string_view text);
+
+/// A simple type whose values are text.
+template <class S>
+concept HasText = std::same_as<typename S::Value, wstring>;
+
+/// What is taken for text: UTF-16, and UTF-8 as char or char8_t.
+template <class T>
+concept IsText = std::convertible_to<T, std::u16string_view> || std::convertible_to<T, std::string_view> ||
+    std::convertible_to<T, std::u8string_view>;
+
+/// Any text as the library's. One that is a wstring and given up is moved.
+template <IsText T>
+wstring Wide(T&& text) {
+    if constexpr (std::same_as<std::remove_cvref_t<T>, wstring>) {
+        return std::forward<T>(text);
+    } else if constexpr (std::convertible_to<T, std::u16string_view>) {
+        return wstring(std::u16string_view(text));
+    } else if constexpr (std::convertible_to<T, std::string_view>) {
+        return FromUtf8(std::string_view(text));
+    } else {
+        std::u8string_view const octets(text);
+        return FromUtf8({reinterpret_cast<char const*>(octets.data()), octets.size()});
+    }
+}
+
+/// Room for a value in the object itself.
+template <class V>
+class RoomInside {
+public:
+    bool Has() const { return m_has; }
+    V const& Get() const { return m_value; }
+    void Set(V value) {
+        m_value = std::move(value);
+        m_has = true;
+    }
+    void Clear() {
+        m_value = V();
+        m_has = false;
+    }
+
+private:
+    V m_value{};
+    bool m_has = false;
+};
+
+/// Room for a value on the heap: nothing but a pointer as long as there is none.
+template <class V>
+class RoomOutside {
+public:
+    RoomOutside() = default;
+    RoomOutside(RoomOutside const& other)
+        : m_value(other.m_value ? std::make_unique<V>(*other.m_value) : nullptr) {}
+    RoomOutside(RoomOutside&&) noexcept = default;
+    RoomOutside& operator=(RoomOutside other) noexcept {
+        m_value.swap(other.m_value);
+        return *this;
+    }
+    ~RoomOutside() = default;
+
+    bool Has() const { return m_value != nullptr; }
+    V const& Get() const { return *m_value; }
+    void Set(V value) {
+        if (m_value) {
+            *m_value = std::move(value);
+        } else {
+            m_value = std::make_unique<V>(std::move(value));
+        }
+    }
+    void Clear() { m_value.reset(); }
+
+private:
+    std::unique_ptr<V> m_value;
+};
+
+/// A property of simple type S: a value, or none. Every value that comes in is tested against the facets of
+/// S. It reads like a pointer: `if (note.Duration) Use(*note.Duration);`.
+template <class S, class Room>
+class Property {
+public:
+    using Type = S;
+    using Value = typename S::Value;
+
+    /// Whether there is a value.
+    explicit operator bool() const { return m_room.Has(); }
+
+    /// @throws CBxInvalidStateException if there is none
+    Value const& operator*() const {
+        if (!m_room.Has()) ThrowNotSet();
+        return m_room.Get();
+    }
+    Value const* operator->() const { return &**this; }
+
+    /// Whether there is this value.
+    bool operator==(Value const& value) const { return m_room.Has() && IsSame(m_room.Get(), value); }
+    bool operator==(Property const& other) const {
+        return m_room.Has() == other.m_room.Has() && (!m_room.Has() || *this == other.m_room.Get());
+    }
+
+    /// @throws CBxInvalidValueException if the value breaks a facet of S; the property keeps what it has
+    void Set(Value value) {
+        Test<S>(value);
+        m_room.Set(std::move(value));
+    }
+    /// As Set(), with the value of a literal.
+    void SetText(std::u16string_view text) { m_room.Set(ValueOf<S>(text)); }
+
+    void Clear() { m_room.Clear(); }
+
+private:
+    Room m_room;
+};
+
+/// A property that must have a value when the object is written.
+template <class S>
+class Required : public Property<S, RoomInside<typename S::Value>> {
+public:
+    Required& operator=(typename S::Value value) requires(!HasText<S>) {
+        this->Set(std::move(value));
+        return *this;
+    }
+    template <IsText T>
+    requires HasText<S> Required& operator=(T&& text) {
+        this->Set(Wide(std::forward<T>(text)));
+        return *this;
+    }
+};
+
+/// A property that may have a value.
+template <class S>
+class Optional
+    : public Property<S, std::conditional_t<(sizeof(typename S::Value) <= 16), RoomInside<typename S::Value>,
+                                            RoomOutside<typename S::Value>>> {
+public:
+    Optional& operator=(typename S::Value value) requires(!HasText<S>) {
+        this->Set(std::move(value));
+        return *this;
+    }
+    template <IsText T>
+    requires HasText<S> Optional& operator=(T&& text) {
+        this->Set(Wide(std::forward<T>(text)));
+        return *this;
+    }
+};
+
+/// A text as an argument of a template.
+template <std::size_t kSize>
+struct Literal {
+    char16_t m_text[kSize]{};
+
+    consteval Literal(char16_t const (&text)[kSize]) {
+        for (std::size_t i = 0; i < kSize; ++i) m_text[i] = text[i];
+    }
+    constexpr std::u16string_view View() const { return {m_text, kSize - 1}; }
+};
+
+/// The value of a literal of type S; made when first asked for and never destroyed.
+template <class S, Literal kText>
+typename S::Value const& ConstantOf() {
+    static typename S::Value const& s_value = *new typename S::Value(ValueOf<S>(kText.View()));
+    return s_value;
+}
+
+/// A property with a default value: it reads as that if it has none of its own. An element that is there and
+/// empty has the default.
+template <class S, Literal kText>
+class WithDefault : public Optional<S> {
+public:
+    using Value = typename S::Value;
+    using Optional<S>::operator=;
+
+    Value const& operator*() const { return *this ? Optional<S>::operator*() : ConstantOf<S, kText>(); }
+    Value const* operator->() const { return &**this; }
+
+    /// Whether it reads as this value.
+    bool operator==(Value const& value) const { return IsSame(**this, value); }
+    using Optional<S>::operator==;
+
+    static constexpr std::u16string_view kDefault = kText.View();
+};
+
+/// A property with one value that the schema fixes. It reads as that, set or not.
+template <class S, Literal kText>
+class Fixed : public WithDefault<S, kText> {
+public:
+    using Value = typename S::Value;
+
+    /// @throws CBxInvalidValueException for any other value
+    void Set(Value value) {
+        if (!IsSame(value, ConstantOf<S, kText>())) ThrowNotFixed(kText.View(), TextOf<S>(value));
+        Optional<S>::Set(std::move(value));
+    }
+    void SetText(std::u16string_view text) { Set(ValueOf<S>(text)); }
+
+    Fixed& operator=(typename S::Value value) requires(!HasText<S>) {
+        this->Set(std::move(value));
+        return *this;
+    }
+    template <IsText T>
+    requires HasText<S> Fixed& operator=(T&& text) {
+        this->Set(Wide(std::forward<T>(text)));
+        return *this;
+    }
+};
+
+/// A repeated element of simple type S. It takes the room of a pointer as long as it is empty.
+template <class S>
+class Values {
+public:
+    using Type = S;
+    using Value = typename S::Value;
+
+    Values() = default;
+    Values(Values const& other)
+        : m_values(other.m_values ? std::make_unique<Vector>(*other.m_values) : nullptr) {}
+    Values(Values&&) noexcept = default;
+    Values& operator=(Values other) noexcept {
+        m_values.swap(other.m_values);
+        return *this;
+    }
+    ~Values() = default;
+
+    /// Replaces all values.
+    /// @throws CBxInvalidValueException if one of them breaks a facet of S; the property keeps what it has
+    Values& operator=(std::initializer_list<Value> values) {
+        Values other;
+        for (Value const& value : values) other.AddTested(value);
+        m_values.swap(other.m_values);
+        return *this;
+    }
+
+    bool IsEmpty() const { return Count() == 0; }
+    int Count() const { return m_values ? static_cast<int>(m_values->size()) : 0; }
+    /// @throws CBxInvalidParamException unless index is 0 to Count() - 1
+    decltype(auto) operator[](int index) const { return (*m_values)[Index(index)]; }
+
+    auto begin() const { return All().begin(); }
+    auto end() const { return All().end(); }
+
+    /// @throws CBxInvalidValueException if the value breaks a facet of S
+    void Add(Value value) requires(!HasText<S>) { AddTested(std::move(value)); }
+    template <IsText T>
+    requires HasText<S>
+    void Add(T&& text) { AddTested(Wide(std::forward<T>(text))); }
+    /// As Add(), with the value of a literal.
+    void AddText(std::u16string_view text) { Append(ValueOf<S>(text)); }
+
+    /// Replaces one value.
+    /// @throws CBxInvalidParamException unless index is 0 to Count() - 1
+    /// @throws CBxInvalidValueException if the value breaks a facet of S
+    void Set(int index, Value value) {
+        std::size_t const at = Index(index);
+        Test<S>(value);
+        (*m_values)[at] = std::move(value);
+    }
+    /// @throws CBxInvalidParamException unless index is 0 to Count() - 1
+    void Remove(int index) { m_values->erase(m_values->begin() + static_cast<std::ptrdiff_t>(Index(index))); }
+    void Clear() { m_values.reset(); }
+
+    bool operator==(Values const& other) const {
+        if (Count() != other.Count()) return false;
+        for (int i = 0; i < Count(); ++i) {
+            Value const& mine = (*this)[i];
+            Value const& theirs = other[i];
+            if (!IsSame(mine, theirs)) return false;
+        }
+        return true;
+    }
+
+private:
+    using Vector = std::vector<Value>;
+
+    Vector const& All() const {
+        static Vector const& s_none = *new Vector;
+        return m_values ? *m_values : s_none;
+    }
+    std::size_t Index(int index) const {
+        if (index < 0 || index >= Count()) ThrowNoIndex(index);
+        return static_cast<std::size_t>(index);
+    }
+    void AddTested(Value value) {
+        Test<S>(value);
+        Append(std::move(value));
+    }
+    void Append(Value value) {
+        if (!m_values) m_values = std::make_unique<Vector>();
+        m_values->push_back(std::move(value));
+    }
+
+    std::unique_ptr<Vector> m_values;
+};
+
+}  // namespace BxXmlLib5::Generated

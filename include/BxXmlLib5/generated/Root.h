@@ -1,0 +1,89 @@
+// Classes that are the root of a document.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "BxXmlLib5/binding/CXmlSerializationContext.h"
+#include "BxXmlLib5/generated/CObject.h"
+#include "BxXmlLib5/platform/Export.h"
+
+namespace BxXmlLib5::Generated {
+
+/// How a document is laid out. Line breaks would change the text of mixed content.
+enum class Layout {
+    Compact,
+    Indented,
+};
+
+/// Marks the classes of roots.
+class RootTag {};
+
+/// @name What stands behind Root
+/// @{
+BXXMLLIB5_API void LoadRoot(CObject& root, std::string_view path, CXmlSerializationContext const& context);
+BXXMLLIB5_API void ParseRoot(CObject& root, std::string_view document,
+                             CXmlSerializationContext const& context);
+BXXMLLIB5_API void SaveRoot(CObject const& root, std::string_view path, Layout layout,
+                            CXmlSerializationContext const& context);
+BXXMLLIB5_API std::string RootText(CObject const& root, Layout layout,
+                                   CXmlSerializationContext const& context);
+BXXMLLIB5_API CXmlSerializationContext RootContext(Class const& root);
+/// @}
+
+/// The class of a global element, over T, the class of its type, or over CObject if the type has no name.
+template <class T>
+class Root : public T, public RootTag {
+public:
+    /// Reads a file: XML text in any encoding that CXmlDocument reads, or Fast Infoset, either as such or
+    /// compressed.
+    /// @param path in UTF-8
+    /// @throws CBxException if the file cannot be read, is not well-formed or ends early
+    /// @throws CBxValidationException if its root is another element, or its content does not fit
+    void Load(std::string_view path,
+              CXmlSerializationContext const& context = CXmlSerializationContext::GetDefaultContext()) {
+        LoadRoot(*this, path, context);
+    }
+
+    /// Reads a document in memory, as Load() does.
+    void Parse(std::string_view document,
+               CXmlSerializationContext const& context = CXmlSerializationContext::GetDefaultContext()) {
+        ParseRoot(*this, document, context);
+    }
+
+    /// Writes a file of XML text in UTF-8. One of that name is replaced, but only when all is written.
+    /// @param path in UTF-8
+    /// @throws CBxValidationException for what Validate() tells
+    /// @throws CBxException if the file cannot be written
+    void Save(std::string_view path, Layout layout = Layout::Compact) const {
+        SaveRoot(*this, path, layout, WritingContext());
+    }
+    void Save(std::string_view path, Layout layout, CXmlSerializationContext const& context) const {
+        SaveRoot(*this, path, layout, context);
+    }
+
+    /// The document as text in UTF-8.
+    /// @throws CBxValidationException for what Validate() tells
+    std::string ToText(Layout layout = Layout::Compact) const {
+        return RootText(*this, layout, WritingContext());
+    }
+    std::string ToText(Layout layout, CXmlSerializationContext const& context) const {
+        return RootText(*this, layout, context);
+    }
+
+    /// A context that declares the namespaces of the schema under its prefixes, for all ways of writing.
+    CXmlSerializationContext WritingContext() const { return RootContext(this->Describe()); }
+};
+
+/// A typed object of untyped content, as a wildcard holds it: `CTrack const track = Bx::Read<CTrack>(gpx.Any[0]);`.
+/// @throws CBxException and CBxValidationException as Root::Parse()
+template <class T>
+T Read(CElement const& element,
+       CXmlSerializationContext const& context = CXmlSerializationContext::GetDefaultContext()) {
+    T object;
+    CXmlSerializationContext own(context);
+    object.FromXmlElement(&element, own);
+    return object;
+}
+
+}  // namespace BxXmlLib5::Generated

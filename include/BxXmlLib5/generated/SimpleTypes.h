@@ -1,0 +1,285 @@
+// What a simple type is to the kit, and how a schema's own are made.
+//
+// A simple type is a struct with static members alone:
+//
+//     struct Latitude : Bx::Restriction<Xs::decimal> {
+//         static constexpr Bx::Facets kFacets{.minInclusive = u"-90.0", .maxInclusive = u"90.0"};
+//     };
+//     struct FixType : Bx::Enumeration<Fix> {
+//         static constexpr char16_t const* kTexts[] = {u"none", u"2d", u"3d", u"dgps", u"pps"};
+//     };
+//     struct Sizes : Bx::List<Xs::decimal> {};
+//     struct FontSize : Bx::Union<Xs::decimal, CssFontSizeType> {};
+#pragma once
+
+#include <iterator>
+#include <optional>
+#include <string_view>
+#include <tuple>
+#include <type_traits>
+#include <utility>
+#include <variant>
+#include <vector>
+
+#include "BxXmlLib5/core/CBxException.h"
+#include "BxXmlLib5/generated/Facets.h"
+#include "BxXmlLib5/platform/Export.h"
+#include "BxXmlLib5/platform/Text.h"
+
+namespace BxXmlLib5::Generated {
+
+/// A step of derivation. The derived struct may give kFacets; all else is that of the base.
+template <class S>
+struct Restriction : S {
+    using Base = S;
+};
+
+/// A type whose values are the enumerators of E, numbered from 0. The derived struct gives kTexts, the text of
+/// each enumerator in their order.
+template <class E>
+struct Enumeration {
+    using Value = E;
+};
+
+/// A type whose values are lists of values of S, in one text.
+template <class S>
+struct List {
+    using Item = S;
+    using Value = std::vector<typename S::Value>;
+};
+
+/// A type whose values are those of its members: a std::variant of their values in order. A text has the
+/// value that it has in the first member that takes it.
+template <class... S>
+struct Union {
+    using Members = std::tuple<S...>;
+    using Value = std::variant<typename S::Value...>;
+};
+
+template <class S>
+concept IsEnumeration = std::is_enum_v<typename S::Value>;
+template <class S>
+concept IsList = requires {
+    typename S::Item;
+};
+template <class S>
+concept IsUnion = requires {
+    typename S::Members;
+};
+/// A type with a class of the library or a number for its value.
+template <class S>
+concept IsAtomic = !IsEnumeration<S> && !IsList<S> && !IsUnion<S>;
+
+/// The value of a literal by type S, which is tested against all facets of S.
+/// @throws CBxInvalidValueException if there is none
+template <class S>
+typename S::Value ValueOf(std::u16string_view text);
+
+/// The literal of a value of type S.
+template <class S>
+wstring TextOf(typename S::Value const& value);
+
+/// Tests a value against all facets of S.
+/// @throws CBxInvalidValueException if it breaks one
+template <class S>
+void Test(typename S::Value const& value);
+
+/// Whether two values are the same: not-a-number is the same as itself.
+template <class V>
+bool IsSame(V const& a, V const& b) {
+    if constexpr (std::is_floating_point_v<V>) {
+        return a == b || (a != a && b != b);
+    } else {
+        return a == b;
+    }
+}
+
+/// @name What stands behind the templates
+/// @{
+
+/// A text without XML whitespace at its ends.
+BXXMLLIB5_API std::u16string_view Trimmed(std::u16string_view text);
+
+/// The first item of a list, which is taken from its front; none at its end.
+BXXMLLIB5_API std::optional<std::u16string_view> TakeItem(std::u16string_view& list);
+
+/// The index of a literal among the texts of an enumeration, -1 if it is none of them.
+BXXMLLIB5_API int FindText(std::span<char16_t const* const> texts, std::u16string_view literal);
+
+[[noreturn]] BXXMLLIB5_API void ThrowNoEnumerator(std::u16string_view literal);
+[[noreturn]] BXXMLLIB5_API void ThrowNoEnumerator(int value);
+[[noreturn]] BXXMLLIB5_API void ThrowNoMember(std::u16string_view literal);
+
+template <class S>
+struct StepOf {
+    static constexpr bool kHasBase = requires { typename S::Base; };
+    /// Of its own, or those of the base once more.
+    static constexpr bool kHasFacets = requires { S::kFacets; };
+
+    /// Made when first asked for and never destroyed, since values may be tested while statics die.
+    static auto const& Tests() {
+        if constexpr (IsAtomic<S>) {
+            static auto const& s_tests = *new FacetTests<typename S::Value>(S::kFacets, &S::FromText);
+            return s_tests;
+        } else {
+            struct Made : LiteralTests {
+                using LiteralTests::LiteralTests;
+            };
+            static auto const& s_tests = *new Made(S::kFacets);
+            return s_tests;
+        }
+    }
+};
+
+/// All but the patterns.
+template <class S>
+void TestValue(typename S::Value const& value) {
+    using Step = StepOf<S>;
+    if constexpr (Step::kHasBase) {
+        TestValue<typename S::Base>(value);
+    } else if constexpr (requires { S::TestForm(value); }) {
+        S::TestForm(value);
+    }
+    if constexpr (!Step::kHasFacets) {
+        return;
+    } else if constexpr (IsAtomic<S>) {
+        Step::Tests().Test(value);
+    } else {
+        if constexpr (IsList<S>) Step::Tests().TestLength(value.size());
+        if constexpr (!S::kFacets.values.empty()) Step::Tests().TestValues(TextOf<S>(value));
+    }
+}
+
+template <class S>
+void TestPattern(std::u16string_view literal) {
+    using Step = StepOf<S>;
+    if constexpr (Step::kHasBase) TestPattern<typename S::Base>(literal);
+    if constexpr (Step::kHasFacets) {
+        if constexpr (S::kFacets.pattern != nullptr) Step::Tests().TestPattern(literal);
+    }
+}
+
+template <class S>
+constexpr bool HasPattern() {
+    if constexpr (StepOf<S>::kHasFacets) {
+        if (S::kFacets.pattern != nullptr) return true;
+    }
+    if constexpr (StepOf<S>::kHasBase) {
+        return HasPattern<typename S::Base>();
+    } else {
+        return false;
+    }
+}
+
+/// The value of a literal that nothing is tested of but its form.
+template <class S>
+typename S::Value Converted(std::u16string_view text);
+
+template <class S, std::size_t kIndex = 0>
+typename S::Value ConvertedMember(std::u16string_view text) {
+    if constexpr (kIndex == std::tuple_size_v<typename S::Members>) {
+        ThrowNoMember(text);
+    } else {
+        using Member = std::tuple_element_t<kIndex, typename S::Members>;
+        using V = typename S::Value;
+        if constexpr (IsEnumeration<Member>) {
+            // The usual case of a member that does not take the text goes without an exception.
+            if (FindText(Member::kTexts, Trimmed(text)) < 0) return ConvertedMember<S, kIndex + 1>(text);
+        }
+        try {
+            return V(std::in_place_index<kIndex>, ValueOf<Member>(text));
+        } catch (CBxInvalidValueException const&) {
+            // The next one may take it.
+        }
+        return ConvertedMember<S, kIndex + 1>(text);
+    }
+}
+
+template <class S>
+typename S::Value Converted(std::u16string_view text) {
+    if constexpr (IsEnumeration<S>) {
+        int const index = FindText(S::kTexts, Trimmed(text));
+        if (index < 0) ThrowNoEnumerator(Trimmed(text));
+        return static_cast<typename S::Value>(index);
+    } else if constexpr (IsList<S>) {
+        typename S::Value items;
+        while (auto const item = TakeItem(text)) items.push_back(ValueOf<typename S::Item>(*item));
+        return items;
+    } else if constexpr (IsUnion<S>) {
+        return ConvertedMember<S>(text);
+    } else {
+        return S::FromText(text);
+    }
+}
+/// @}
+
+template <class S>
+typename S::Value ValueOf(std::u16string_view text) {
+    typename S::Value value = Converted<S>(text);
+    if constexpr (HasPattern<S>()) {
+        if constexpr (std::is_same_v<typename S::Value, wstring>) {
+            TestPattern<S>(value);
+        } else {
+            TestPattern<S>(Trimmed(text));
+        }
+    }
+    TestValue<S>(value);
+    return value;
+}
+
+template <class S>
+wstring TextOf(typename S::Value const& value) {
+    if constexpr (IsEnumeration<S>) {
+        auto const index = static_cast<std::size_t>(value);
+        if (index >= std::size(S::kTexts)) ThrowNoEnumerator(static_cast<int>(value));
+        return S::kTexts[index];
+    } else if constexpr (IsList<S>) {
+        wstring text;
+        for (auto const& item : value) {
+            if (!text.empty()) text += u' ';
+            text += TextOf<typename S::Item>(item);
+        }
+        return text;
+    } else if constexpr (IsUnion<S>) {
+        return [&]<std::size_t... kIndexes>(std::index_sequence<kIndexes...>) {
+            wstring text;
+            (void)((value.index() == kIndexes &&
+                    (text = TextOf<std::tuple_element_t<kIndexes, typename S::Members>>(
+                         *std::get_if<kIndexes>(&value)),
+                     true)) ||
+                   ...);
+            return text;
+        }
+        (std::make_index_sequence<std::tuple_size_v<typename S::Members>>());
+    } else {
+        return S::ToText(value);
+    }
+}
+
+template <class S>
+void Test(typename S::Value const& value) {
+    if constexpr (IsList<S>) {
+        for (auto const& item : value) Test<typename S::Item>(item);
+    } else if constexpr (IsUnion<S>) {
+        [&]<std::size_t... kIndexes>(std::index_sequence<kIndexes...>) {
+            (void)((value.index() == kIndexes && (Test<std::tuple_element_t<kIndexes, typename S::Members>>(
+                                                      *std::get_if<kIndexes>(&value)),
+                                                  true)) ||
+                   ...);
+        }
+        (std::make_index_sequence<std::tuple_size_v<typename S::Members>>());
+    } else if constexpr (IsEnumeration<S>) {
+        if (static_cast<std::size_t>(value) >= std::size(S::kTexts))
+            ThrowNoEnumerator(static_cast<int>(value));
+    }
+    if constexpr (HasPattern<S>()) {
+        if constexpr (std::is_same_v<typename S::Value, wstring>) {
+            TestPattern<S>(value);
+        } else {
+            TestPattern<S>(TextOf<S>(value));
+        }
+    }
+    TestValue<S>(value);
+}
+
+}  // namespace BxXmlLib5::Generated

@@ -1,0 +1,107 @@
+#include "BxXmlLib5/generated/CObject.h"
+
+#include "BxXmlLib5/binding/CXmlSerializationContext.h"
+#include "BxXmlLib5/core/CBxException.h"
+#include "BxXmlLib5/core/FormatString.h"
+#include "BxXmlLib5/document/CXmlElement.h"
+#include "core/NestingDepth.h"
+#include "generated/Model.h"
+#include "generated/Writing.h"
+#include "platform/TextView.h"
+
+namespace BxXmlLib5::Generated {
+
+using namespace BxXmlLib5Data;
+
+CObject::CObject() = default;
+CObject::CObject(CObject const& other) = default;
+CObject& CObject::operator=(CObject const& other) = default;
+CObject::~CObject() = default;
+
+CGroup::CGroup() = default;
+CGroup::CGroup(CGroup const& other) = default;
+CGroup& CGroup::operator=(CGroup const& other) = default;
+CGroup::~CGroup() = default;
+
+CXmlObjectBase* CObject::GetBase() {
+    return this;
+}
+wstring CObject::GetNamespace() const {
+    return Describe().GetModel().namespaceUri;
+}
+wstring CObject::GetTargetNamespace() const {
+    return Describe().GetModel().namespaceUri;
+}
+CParentElementInfo* CObject::GetClassInfo() const {
+    return Describe().GetModel().info.get();
+}
+CElementInfo** CObject::GetClassElementInfo() const {
+    return const_cast<CElementInfo**>(Describe().GetModel().elementTable);
+}
+CAttributeInfo** CObject::GetClassAttributeInfo() const {
+    return const_cast<CAttributeInfo**>(Describe().GetModel().attributeTable.data());
+}
+
+void CObject::AccessProperty(int, bool, BxVariant&) {
+    // The entries of these classes have the properties themselves, so nothing crosses in a variant.
+    throw CBxException(u"The properties of a generated class have no indexes");
+}
+
+void CObject::ResetContent() {
+    for (PropertyModel const& property : Describe().GetModel().properties) {
+        property.actions->clear(property.Of(*this));
+    }
+}
+
+CXmlElement* CObject::FromXml_Int(CXmlElement* element, CXmlElement* firstChild,
+                                  CXmlSerializationContext const& context, bool allowEmptyChoice) {
+    Model const& model = Describe().GetModel();
+    bool const isExpected =
+        !model.type.GetFacts().isRoot ||
+        (BxXmlLib5::Equal(element->GetLocalName(), model.name) &&
+         (context.GetIgnoreNamespaces() || BxXmlLib5::Equal(element->GetNamespaceURI(), model.namespaceUri)));
+    if (!isExpected) {
+        throw CBxValidationException(
+            FormatString(u"The root is the element [%s] in the namespace [%s], it must be [%s] in [%s]",
+                         element->GetLocalName().c_str(), element->GetNamespaceURI().c_str(),
+                         model.name.c_str(), model.namespaceUri.c_str()));
+    }
+    return CXmlGeneratedClass::FromXml_Int(element, firstChild, context, allowEmptyChoice);
+}
+
+void CObject::ToXml_Int(CXmlWriter* writer, bool isRoot, char16_t const* namespaceUri,
+                        CXmlSerializationContext const& context, bool allowEmptyChoice) const {
+    if (m_elementName.empty()) const_cast<CObject*>(this)->m_elementName = Describe().GetModel().name;
+    CXmlGeneratedClass::ToXml_Int(writer, isRoot, namespaceUri, context, allowEmptyChoice);
+}
+
+CSmartPtr<CObject> CObject::Clone() const {
+    CObjectLevel const level;
+    Class const& type = Describe();
+    CSmartPtr<CObject> copy = type.GetFacts().make();
+    copy->m_elementName = m_elementName;
+    for (PropertyModel const& property : type.GetModel().properties) {
+        if (property.Count(*this) > 0) property.actions->copy(property.Of(*copy), property.Of(*this));
+    }
+    return copy;
+}
+
+bool CObject::Equals(CObject const& other) const {
+    CObjectLevel const level;
+    if (&Describe() != &other.Describe()) return false;
+    for (PropertyModel const& property : Describe().GetModel().properties) {
+        if (!property.actions->equals(property.Of(*this), property.Of(other))) return false;
+    }
+    return true;
+}
+
+std::vector<wstring> CObject::Validate() const {
+    std::vector<wstring> complaints;
+    CXmlSerializationContext const context;
+    Writing writing(*this, context, nullptr, &complaints);
+    writing.Attributes();
+    writing.Content(Describe().GetModel().isNillable);
+    return complaints;
+}
+
+}  // namespace BxXmlLib5::Generated

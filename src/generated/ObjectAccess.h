@@ -1,0 +1,37 @@
+// The operations of objects that are no business of programs.
+#pragma once
+
+#include "BxXmlLib5/generated/CObject.h"
+
+namespace BxXmlLib5::Generated {
+
+struct ObjectAccess {
+    static Class const& ClassOf(CObject const& object) { return object.Describe(); }
+    static Model const& ModelOf(CObject const& object) { return object.Describe().GetModel(); }
+
+    static void ReadAttributes(CObject& object, CXmlElement& element,
+                               CXmlSerializationContext const& context) {
+        object.ProcessAttributesFromXml(context, &element, true);
+    }
+    static void WriteAttributes(CObject const& object, CXmlWriter* writer,
+                                CXmlSerializationContext const& context) {
+        object.AttributesToXml_Int(writer, context);
+    }
+
+    static wstring const& NameOf(CObject const& object) { return object.m_elementName; }
+    static void SetName(CObject& object, wstring const& name) { object.m_elementName = name; }
+
+    /// @name Untyped elements
+    /// @{
+    static void ReadAny(CXmlObjectBase* object, CXmlElement* parent, CXmlElement* child,
+                        CXmlSerializationContext const& context) {
+        CObject::FromXml_Int(object, parent, child, context);
+    }
+    static void WriteAny(CXmlObjectBase const* object, CXmlWriter* writer, wstring const& namespaceUri,
+                         CXmlSerializationContext const& context) {
+        CObject::ToXml_Int(object, writer, false, namespaceUri.c_str(), context, false);
+    }
+    /// @}
+};
+
+}  // namespace BxXmlLib5::Generated

@@ -1,0 +1,66 @@
+// How generated classes read their content.
+#pragma once
+
+#include <string_view>
+#include <vector>
+
+#include "BxXmlLib5/generated/CObject.h"
+#include "generated/Model.h"
+
+namespace BxXmlLib5::Generated {
+
+/// Sets or adds the value of a literal.
+/// @throws CBxInvalidValueException if it is none, with the name of the element or attribute
+void ReadValue(CObject& object, PropertyModel const& property, wstring const& name, std::u16string_view text);
+
+/// Reads the children of one element into one object. The content models of a schema tell from the next child
+/// what is to be read, so nothing is ever read in vain and taken back.
+class Reading {
+public:
+    Reading(CObject& object, CXmlElement& element, CXmlElement* child,
+            CXmlSerializationContext const& context);
+
+    /// All content of the object.
+    /// @throws CBxValidationException for what is missing or unexpected, and for an element that is nil and may
+    ///         not be
+    void Content(bool mayBeNil);
+
+private:
+    Reading(CObject& object, Reading& outer);
+
+    void Read(Particle const& particle);
+    void ReadElements(Particle const& particle);
+    void ReadItems(Particle const& particle);
+    void ReadSequence(Particle const& sequence);
+    void ReadChoice(Particle const& choice);
+    void ReadAll(Particle const& all);
+    void ReadChild(Particle const& particle);
+    void ReadSimple(Particle const& particle);
+    CSmartPtr<CXmlObjectBase> ReadObject(Particle const& particle);
+    CSmartPtr<CXmlObjectBase> ReadUntyped(Particle const& particle);
+    void ReadText(bool isNil);
+
+    bool Matches(Particle const& particle) const;
+    Particle const* Started(Particle const& particle) const;
+    bool IsKnown(CXmlElement const* child) const;
+    Reading& Outermost() { return m_outer == nullptr ? *this : m_outer->Outermost(); }
+    void SkipUnknown();
+    bool SkipTo(Particle const& particle);
+    [[noreturn]] void ThrowMissing(Particle const& particle) const;
+
+    CXmlSerializationContext const& m_context;
+    CXmlElement& m_element;
+    CXmlElement* m_child;
+    CObject& m_object;
+    Model const& m_model;
+    Reading* m_outer = nullptr;
+    std::vector<Particle const*> m_soughtInVain;  ///< Of the outermost one.
+    bool const m_ignoreNamespaces;
+    bool const m_skipsUnknown;
+};
+
+/// Reads an object from its element.
+void ReadElement(CObject& object, CXmlElement& element, bool mayBeNil,
+                 CXmlSerializationContext const& context);
+
+}  // namespace BxXmlLib5::Generated

@@ -1,0 +1,56 @@
+#include "BxXmlLib5/generated/SimpleTypes.h"
+
+#include "BxXmlLib5/core/FormatString.h"
+#include "BxXmlLib5/generated/Property.h"
+#include "BxXmlLib5/values/CWhitespaceUtils.h"
+#include "platform/TextView.h"
+
+namespace BxXmlLib5::Generated {
+
+std::u16string_view Trimmed(std::u16string_view text) {
+    while (!text.empty() && CWhitespaceUtils::IsWhiteSpace(text.front())) text.remove_prefix(1);
+    while (!text.empty() && CWhitespaceUtils::IsWhiteSpace(text.back())) text.remove_suffix(1);
+    return text;
+}
+
+std::optional<std::u16string_view> TakeItem(std::u16string_view& list) {
+    list = Trimmed(list);
+    if (list.empty()) return std::nullopt;
+    std::size_t end = 0;
+    while (end < list.size() && !CWhitespaceUtils::IsWhiteSpace(list[end])) ++end;
+    std::u16string_view const item = list.substr(0, end);
+    list.remove_prefix(end);
+    return item;
+}
+
+int FindText(std::span<char16_t const* const> texts, std::u16string_view literal) {
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+        if (Equal(texts[i], literal)) return static_cast<int>(i);
+    }
+    return -1;
+}
+
+void ThrowNoEnumerator(std::u16string_view literal) {
+    throw CBxInvalidValueException(
+        FormatString(u"The value [%s] is none of the enumeration", wstring(literal).c_str()));
+}
+void ThrowNoEnumerator(int value) {
+    throw CBxInvalidValueException(FormatString(u"The enumerator %d is none of the enumeration", value));
+}
+void ThrowNoMember(std::u16string_view literal) {
+    throw CBxInvalidValueException(
+        FormatString(u"The value [%s] is one of no member of the union", wstring(literal).c_str()));
+}
+
+void ThrowNotSet() {
+    throw CBxInvalidStateException(u"The property is not set");
+}
+void ThrowNoIndex(int index) {
+    throw CBxInvalidParamException(FormatString(u"There is nothing at the index %d", index));
+}
+void ThrowNotFixed(std::u16string_view fixed, std::u16string_view text) {
+    throw CBxInvalidValueException(FormatString(u"The value [%s] is not the fixed one, [%s]",
+                                                wstring(text).c_str(), wstring(fixed).c_str()));
+}
+
+}  // namespace BxXmlLib5::Generated

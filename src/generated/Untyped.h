@@ -1,0 +1,28 @@
+// Untyped content as properties hold it.
+#pragma once
+
+#include "BxXmlLib5/collections/CElement.h"
+#include "BxXmlLib5/core/CSmartPtr.h"
+
+namespace BxXmlLib5 {
+class CAttributeCol;
+class CXmlElement;
+}  // namespace BxXmlLib5
+
+namespace BxXmlLib5::Generated {
+
+/// A copy of an element with all below it: a copy of CElement shares what is below.
+/// @throws CBxException if elements are nested too deeply
+CSmartPtr<CElement> CloneElement(CElement const& element);
+CSmartPtr<CAttributeCol> CloneAttributes(CAttributeCol const& attributes);
+
+/// Names, namespaces, texts, attributes in any order and children.
+bool EqualElements(CElement const& a, CElement const& b);
+bool EqualAttributes(CAttributeCol const& a, CAttributeCol const& b);
+
+/// Empties the texts of elements that have children and nothing but whitespace among them: it is layout, which
+/// would come to stand behind the children.
+/// @param source what the element was read from
+void DropLayout(CElement& element, CXmlElement const& source);
+
+}  // namespace BxXmlLib5::Generated

@@ -1,0 +1,307 @@
+#include "generated/Writing.h"
+
+#include "BxXmlLib5/binding/CXmlSerializationContext.h"
+#include "BxXmlLib5/core/CBxException.h"
+#include "BxXmlLib5/core/FormatString.h"
+#include "BxXmlLib5/writers/CXmlWriter.h"
+#include "core/NestingDepth.h"
+#include "generated/Expected.h"
+#include "generated/ObjectAccess.h"
+#include "generated/TypeOfElement.h"
+#include "values/NumberText.h"
+
+namespace BxXmlLib5::Generated {
+
+Writing::Writing(CObject const& object, CXmlSerializationContext const& context, CXmlWriter* writer,
+                 std::vector<wstring>* complaints)
+    : m_object(object),
+      m_model(ObjectAccess::ModelOf(object)),
+      m_context(context),
+      m_writer(writer),
+      m_complaints(complaints) {}
+
+Writing::Writing(CObject const& object, Writing const& outer, wstring const& name, int index)
+    : Writing(object, outer.m_context, outer.m_writer, outer.m_complaints) {
+    m_outer = &outer;
+    m_name = &name;
+    m_index = index;
+}
+
+void Writing::Content(bool mayBeNil) {
+    if (m_model.IsNil(m_object)) return NilContent(mayBeNil);
+    if (m_model.content != nullptr) Write(*m_model.content);
+    for (PropertyModel const& property : m_model.properties) {
+        if (property.isProhibited && property.Count(m_object) > 0) {
+            Refuse(FormatString(u"[%s] must not be set", property.name));
+        }
+    }
+    if (m_model.text != nullptr) WriteText();
+}
+
+void Writing::NilContent(bool mayBeNil) {
+    if (!mayBeNil) Refuse(u"The element must not be nil");
+    bool const isEmpty = (m_model.content == nullptr || !IsSet(*m_model.content)) &&
+                         (m_model.text == nullptr || m_model.text->Count(m_object) == 0);
+    if (!isEmpty) Refuse(u"The element is nil and has content");
+}
+
+void Writing::WriteText() {
+    if (m_model.text->Count(m_object) == 0) {
+        if (m_model.isTextMandatory) Refuse(u"The text of the element is not set");
+    } else if (m_writer != nullptr) {
+        wstring room;
+        m_writer->WriteText(m_model.text->actions->text(m_model.text->Of(m_object), 0, room));
+    }
+}
+
+void Writing::Attributes() {
+    for (AttributeModel const& attribute : m_model.attributes) Attribute(attribute);
+}
+
+void Writing::Attribute(AttributeModel const& attribute) {
+    if (attribute.constraint) return OpenAttributes(attribute);
+    if (attribute.property->CountToWrite(m_object, attribute.min) == 0) {
+        if (attribute.min > 0) Refuse(FormatString(u"The attribute [%s] is not set", attribute.name.c_str()));
+        return;
+    }
+    if (m_writer == nullptr) return;
+    Actions const& actions = *attribute.property->actions;
+    wstring room;
+    wstring const& text = actions.text(attribute.property->Of(m_object), 0, room);
+    bool const isLeftOut = attribute.min == 0 && m_context.GetNoOptionalAttributeDefaultOutput() &&
+                           actions.defaultText != nullptr && text == actions.defaultText();
+    if (!isLeftOut) m_writer->WriteAttribute(attribute.name, attribute.namespaceUri, text);
+}
+
+void Writing::OpenAttributes(AttributeModel const& wildcard) {
+    for (CAttribute const* const one : *static_cast<AnyAttributes const*>(wildcard.property->Of(m_object))) {
+        if (!wildcard.constraint->Admits(one->GetNamespace())) {
+            Refuse(FormatString(u"The namespace [%s] of the attribute [%s] is not admitted",
+                                one->GetNamespace().c_str(), one->GetName().c_str()));
+        } else if (m_writer != nullptr) {
+            m_writer->WriteAttribute(one->GetName(), one->GetNamespace(), one->GetValue());
+        }
+    }
+}
+
+void Writing::Write(Particle const& particle) {
+    switch (particle.kind) {
+        case Row::Kind::Choice:
+            return WriteChoice(particle);
+        case Row::Kind::Sequence:
+        case Row::Kind::All:
+            if (particle.min == 0 && !IsSet(particle)) return;
+            for (Particle const* const member : particle.members) Write(*member);
+            return;
+        case Row::Kind::Items:
+            return WriteItems(particle);
+        default:
+            return WriteElements(particle);
+    }
+}
+
+void Writing::WriteElements(Particle const& particle) {
+    int const count = particle.model->CountToWrite(m_object, particle.min);
+    RefuseCount(particle, count);
+    for (int i = 0; i < count; ++i) {
+        switch (particle.model->actions->shape) {
+            case Actions::Shape::Object:
+            case Actions::Shape::Objects:
+                WriteObject(particle, i);
+                break;
+            case Actions::Shape::AnyElement:
+            case Actions::Shape::AnyElements:
+                WriteUntyped(particle, i);
+                break;
+            default:
+                WriteValue(particle, i);
+        }
+    }
+}
+
+void Writing::RefuseCount(Particle const& particle, int count) {
+    bool const isRepeated = IsRepeated(particle);
+    if (count < particle.min) {
+        if (isRepeated ? m_context.GetIgnoreInvalidCollectionCounts()
+                       : m_context.GetIgnoreMissingMandatoryElements())
+            return;
+        if (!isRepeated) return Refuse(FormatString(u"The element [%s] is not set", particle.name.c_str()));
+        Refuse(FormatString(u"There are %d of [%s], there must be at least %d", count, particle.model->name,
+                            particle.min));
+    } else if (particle.max >= 0 && count > particle.max && !m_context.GetIgnoreInvalidCollectionCounts()) {
+        Refuse(FormatString(u"There are %d of [%s], there must be at most %d", count, particle.model->name,
+                            particle.max));
+    }
+}
+
+void Writing::WriteValue(Particle const& particle, int index) {
+    if (m_writer == nullptr) return;
+    wstring room;
+    m_writer->WriteStartElement(particle.name, particle.namespaceUri);
+    m_writer->WriteText(particle.model->actions->text(particle.model->Of(m_object), index, room));
+    m_writer->WriteEndElement();
+}
+
+CXmlObjectBase* Writing::HeldBy(PropertyModel const& property, int index) const {
+    void const* const place = property.Of(m_object);
+    Actions::Shape const shape = property.actions->shape;
+    if (shape == Actions::Shape::Object || shape == Actions::Shape::AnyElement) {
+        return static_cast<ObjectHolder const*>(place)->Held();
+    }
+    return static_cast<ObjectsHolder const*>(place)->HeldAt(index);
+}
+
+void Writing::WriteObject(Particle const& particle, int index) {
+    CObjectLevel const level;
+    auto const& object = static_cast<CObject const&>(*HeldBy(*particle.model, index));
+    Writing inner(object, *this, particle.name, particle.max == 1 ? -1 : index);
+    if (m_writer == nullptr) {
+        inner.Attributes();
+        return inner.Content(particle.isNillable);
+    }
+    m_writer->WriteStartElement(particle.name, particle.namespaceUri);
+    Class const& type = TypeClass(ObjectAccess::ClassOf(object));
+    if (&type != particle.type && &type != &TypeClass(*particle.type)) {
+        m_writer->WriteXsiType(type.GetFacts().namespaceUri, type.GetFacts().name);
+    }
+    ObjectAccess::WriteAttributes(object, m_writer, m_context);
+    inner.Content(particle.isNillable);
+    m_writer->WriteEndElement();
+}
+
+void Writing::WriteUntyped(Particle const& particle, int index) {
+    auto& element = static_cast<CElement&>(*HeldBy(*particle.model, index));
+    if (particle.constraint
+            ? !particle.constraint->Admits(element.GetNamespace())
+            : element.GetName() != particle.name || element.GetNamespace() != particle.namespaceUri) {
+        return Refuse(FormatString(u"The element [%s] in the namespace [%s] does not fit [%s]",
+                                   element.GetName().c_str(), element.GetNamespace().c_str(),
+                                   particle.name.c_str()));
+    }
+    if (m_writer != nullptr) ObjectAccess::WriteAny(&element, m_writer, particle.namespaceUri, m_context);
+}
+
+void Writing::WriteItems(Particle const& particle) {
+    int const count = particle.model->Count(m_object);
+    if (!(particle.canBeEmpty && count < particle.min)) RefuseCount(particle, count);
+    for (int i = 0; i < count; ++i) {
+        CObjectLevel const level;
+        Writing(static_cast<CObject const&>(*HeldBy(*particle.model, i)), *this, particle.name, i)
+            .Content(false);
+    }
+}
+
+void Writing::WriteChoice(Particle const& choice) {
+    if (!choice.members.empty() && choice.members[0]->isSubstitution && choice.max != 1)
+        return WriteSubstitutes(choice);
+    if (!IsSet(choice)) {
+        if (choice.canBeEmpty || m_context.GetIgnoreMissingChoice()) return;
+        return Refuse(FormatString(u"Nothing is set of %s", Expected(choice).c_str()));
+    }
+    if (Particle const* const member = Chosen(choice)) return Write(*member);
+    wstring names;
+    for (std::size_t i = 0; i < m_model.properties.size(); ++i) {
+        if (choice.properties.Has(i) && Set().Has(i))
+            names += wstring(u" [") + m_model.properties[i].name + u"]";
+    }
+    Refuse(FormatString(u"No member of the choice has all that is set:%s", names.c_str()));
+}
+
+/// The objects of one collection, each under the name of its member.
+void Writing::WriteSubstitutes(Particle const& choice) {
+    Particle const& first = *choice.members[0];
+    int const count = first.model->Count(m_object);
+    if (count < choice.min || (choice.max >= 0 && count > choice.max)) {
+        if (!m_context.GetIgnoreInvalidCollectionCounts()) {
+            Refuse(FormatString(u"There are %d of [%s], which is out of bounds", count, first.model->name));
+        }
+    }
+    for (int i = 0; i < count; ++i) {
+        auto const& object = static_cast<CObject const&>(*HeldBy(*first.model, i));
+        if (Particle const* const member = MemberFor(choice, object)) {
+            WriteObject(*member, i);
+        } else {
+            Refuse(FormatString(u"An object of the type [%s] fits no member of [%s]",
+                                ObjectAccess::ModelOf(object).name.c_str(), first.model->name));
+        }
+    }
+}
+
+/// The member of a choice that an object belongs to: the one whose name it has, or the first of its class.
+Particle const* Writing::MemberFor(Particle const& choice, CObject const& object) const {
+    Particle const* byClass = nullptr;
+    Class const& type = ObjectAccess::ClassOf(object);
+    for (Particle const* const member : choice.members) {
+        if (!member->isSubstitution || !type.GetModel().Is(*member->type)) continue;
+        if (ObjectAccess::NameOf(object) == member->name) return member;
+        bool const isBetter = byClass == nullptr || member->type->GetModel().Is(*byClass->type);
+        if (isBetter && (byClass == nullptr || byClass->type != member->type)) byClass = member;
+    }
+    return byClass;
+}
+
+PropertySet const& Writing::Set() {
+    if (m_set) return *m_set;
+    m_set.emplace();
+    for (std::size_t i = 0; i < m_model.properties.size(); ++i) {
+        if (m_model.properties[i].Count(m_object) > 0) m_set->Add(i);
+    }
+    return *m_set;
+}
+
+/// Whether the particle can be written with what is set of it.
+bool Writing::IsSatisfied(Particle const& particle) {
+    if (!particle.IsGroup()) {
+        int const count = particle.model->CountToWrite(m_object, particle.min);
+        return particle.canBeEmpty && count == 0
+                   ? true
+                   : count >= particle.min && (particle.max < 0 || count <= particle.max);
+    }
+    if (!IsSet(particle)) return particle.canBeEmpty;
+    if (particle.kind == Row::Kind::Choice) {
+        for (Particle const* const member : particle.members) {
+            if (Covers(*member, particle) && IsSatisfied(*member)) return true;
+        }
+        return false;
+    }
+    for (Particle const* const member : particle.members) {
+        if (!IsSatisfied(*member)) return false;
+    }
+    return true;
+}
+
+/// Whether a member has all that is set of its choice.
+bool Writing::Covers(Particle const& member, Particle const& choice) {
+    if (!Set().SharesOnly(choice.properties, member.properties)) return false;
+    if (!member.isSubstitution) return true;
+    return MemberFor(choice, static_cast<CObject const&>(*HeldBy(*member.model, 0))) == &member;
+}
+
+/// The first member that has all that is set and misses nothing; else the first that has it, whose own rows
+/// say what is missing. Null if none has.
+Particle const* Writing::Chosen(Particle const& choice) {
+    Particle const* covering = nullptr;
+    for (Particle const* const member : choice.members) {
+        if (!Covers(*member, choice)) continue;
+        if (IsSatisfied(*member)) return member;
+        if (covering == nullptr) covering = member;
+    }
+    return covering;
+}
+
+wstring Writing::Path() const {
+    wstring path = m_outer == nullptr ? wstring() : m_outer->Path();
+    if (m_outer != nullptr && m_name->empty()) return path;
+    path += u'/';
+    path += m_outer == nullptr ? m_model.name : *m_name;
+    if (m_index >= 0) path += u'[' + IntegerText(m_index + 1) + u']';
+    return path;
+}
+
+void Writing::Refuse(wstring message) {
+    message = Path() + u": " + message;
+    if (m_complaints == nullptr) throw CBxValidationException(std::move(message));
+    m_complaints->push_back(std::move(message));
+}
+
+}  // namespace BxXmlLib5::Generated

@@ -1,0 +1,67 @@
+// How generated classes write their content, and tell what would be refused.
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include "BxXmlLib5/generated/CObject.h"
+#include "generated/Model.h"
+
+namespace BxXmlLib5 {
+class CXmlWriter;
+}
+
+namespace BxXmlLib5::Generated {
+
+/// Writes one object. Without a writer nothing is written; what is wrong is either thrown or listed.
+class Writing {
+public:
+    /// @param writer null to test only
+    /// @param complaints takes a message for all that is wrong; null to throw the first
+    Writing(CObject const& object, CXmlSerializationContext const& context, CXmlWriter* writer,
+            std::vector<wstring>* complaints = nullptr);
+
+    /// @throws CBxValidationException for what is missing or does not fit
+    void Content(bool mayBeNil);
+    void Attribute(AttributeModel const& attribute);
+    void Attributes();
+
+private:
+    Writing(CObject const& object, Writing const& outer, wstring const& name, int index);
+
+    void Write(Particle const& particle);
+    void WriteElements(Particle const& particle);
+    void WriteItems(Particle const& particle);
+    void WriteChoice(Particle const& choice);
+    void WriteSubstitutes(Particle const& choice);
+    void NilContent(bool mayBeNil);
+    void WriteText();
+    void OpenAttributes(AttributeModel const& wildcard);
+    void WriteValue(Particle const& particle, int index);
+    void WriteObject(Particle const& particle, int index);
+    void WriteUntyped(Particle const& particle, int index);
+
+    PropertySet const& Set();
+    bool IsSet(Particle const& particle) { return Set().Meets(particle.properties); }
+    bool IsSatisfied(Particle const& particle);
+    bool Covers(Particle const& member, Particle const& choice);
+    Particle const* Chosen(Particle const& choice);
+    Particle const* MemberFor(Particle const& choice, CObject const& object) const;
+    CXmlObjectBase* HeldBy(PropertyModel const& property, int index) const;
+
+    void Refuse(wstring message);
+    void RefuseCount(Particle const& particle, int count);
+    wstring Path() const;
+
+    CObject const& m_object;
+    Model const& m_model;
+    CXmlSerializationContext const& m_context;
+    CXmlWriter* m_writer;
+    std::vector<wstring>* m_complaints;
+    Writing const* m_outer = nullptr;
+    wstring const* m_name = nullptr;
+    int m_index = -1;
+    std::optional<PropertySet> m_set;
+};
+
+}  // namespace BxXmlLib5::Generated

@@ -1,0 +1,294 @@
+// What reading takes and refuses, and what comes out again, by one family of classes with each construct.
+
+#include <string>
+
+#include "BxXmlLib5/collections/CAttributeCol.h"
+#include "BxXmlLib5/collections/CElementCol.h"
+#include "Parcel.h"
+#include "support/Expect.h"
+
+namespace {
+
+using namespace Parcels;
+
+std::string const kHead = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
+std::string const kXsi = " xmlns:xsi=\"http://www.w3.org/2001/XMLSchema-instance\"";
+
+template <class T>
+T Read(std::string const& document, CXmlSerializationContext const& context = {}) {
+    T object;
+    object.Parse(document, context);
+    return object;
+}
+
+/// The document that an object makes, without what WritingContext() adds.
+template <class T>
+std::string Written(T const& object, char16_t const* defaultNamespace = kNamespace) {
+    CXmlSerializationContext context;
+    context.SetDefaultNamespaceURI(defaultNamespace);
+    return object.ToText(Bx::Layout::Compact, context).substr(kHead.size());
+}
+
+std::string Parcel(std::string const& attributes, std::string const& ahead, std::string const& behind) {
+    return "<parcel xmlns=\"urn:parcel\" code=\"AB1\"" + attributes + " version=\"1.0\"" + ">" + ahead +
+           "<filled>1</filled><filled>100</filled><days>7</days>" + behind + "</parcel>";
+}
+std::string const kTo = "<to><city>x</city></to>";
+
+TEST(Parcels, RoundTrip) {
+    std::string const xmlLang = " xml:lang=\"en-GB\"";
+    std::string const rows[] = {
+        Parcel("", kTo, ""),
+        Parcel(" speed=\"2\"", "<from kind=\"a\"><city/></from>" + kTo, ""),
+        // The union: the first member that takes the text.
+        Parcel("", kTo + "<weight>1.5</weight>", ""),
+        Parcel("", kTo + "<weight>fast</weight>", ""),
+        Parcel("", kTo + "<weight>AB123</weight>", ""),
+        // Substitutes keep their order, and each its namespace.
+        Parcel("", kTo,
+               "<book count=\"1\"><title>a</title></book><AA:toy xmlns:AA=\"urn:extra\"><age>3</age></AA:toy>"
+               "<book><title>b</title></book>"),
+        Parcel("", kTo, "<note><b>1</b><b>2</b>text</note>"),
+        Parcel("", kTo, "<due>2026-05-01</due>"),
+        Parcel(
+            "", kTo,
+            "<open a=\"1\"><c>d</c></open><AA:x xmlns:AA=\"urn:extra\"><AA:y/></AA:x><AA:z xmlns:AA=\"urn:z\"/>"),
+    };
+    for (std::string const& row : rows) {
+        CParcel const parcel = Read<CParcel>(row);
+        EXPECT_EQ(Written(parcel), row);
+        EXPECT_TRUE(parcel.Validate().empty()) << row;
+        CParcel const copy = parcel;
+        EXPECT_TRUE(copy.Equals(parcel) && parcel.Clone()->Equals(copy)) << row;
+        EXPECT_EQ(Written(copy), row);
+    }
+}
+
+TEST(Parcels, AreReadAs) {
+    std::string const root = "<parcel xmlns='urn:parcel'" + kXsi;
+    struct Row {
+        std::string input;
+        std::string output;
+    };
+    Row const rows[] = {
+        // Defaults stand for empty elements; what is fixed may be written in another form of the same value.
+        {root + " code=' AB1 ' version='1.0'>" + kTo +
+             "<filled> +001.00 </filled><filled>100</filled><days/></parcel>",
+         Parcel("", kTo, "")},
+        // Layout of open content goes.
+        {Parcel("", kTo, "<x xmlns='urn:x'>\n <y>\n</y>\n</x>"),
+         Parcel("", kTo, "<AA:x xmlns:AA=\"urn:x\"><AA:y>\n</AA:y></AA:x>")},
+        // A type is named by any prefix of its namespace, or without one.
+        {root + " xmlns:q='urn:parcel' code='AB1' version='1.0'>"
+                "<to xsi:type='q:foreignAddress' overseas='1'><city>x</city><country>y</country></to>"
+                "<filled>1</filled><filled>100</filled><days>7</days></parcel>",
+         Parcel(
+             "",
+             "<to xmlns:AA=\"http://www.w3.org/2001/XMLSchema-instance\" AA:type=\"foreignAddress\" overseas=\"true\">"
+             "<city>x</city><country>y</country></to>",
+             "")},
+        {root + " code='AB1' version='1.0'><to xsi:type='address'><city>x</city></to>"
+                "<filled>1</filled><filled>100</filled><days>7</days></parcel>",
+         Parcel("", kTo, "")},
+        {root + " code='AB1' version='1.0'>" + kTo +
+             "<filled>1</filled><filled>100</filled><days>7</days>"
+             "<due xsi:nil='true'/></parcel>",
+         Parcel("", kTo, "<due xmlns:AA=\"http://www.w3.org/2001/XMLSchema-instance\" AA:nil=\"true\"/>")},
+    };
+    for (Row const& row : rows) EXPECT_EQ(Written(Read<CParcel>(row.input)), row.output) << row.input;
+    EXPECT_EQ(
+        Written(
+            Read<CBox>(
+                "<p:box xmlns:p='urn:parcel'><height>INF</height><owner><city xmlns='urn:parcel'/></owner>"
+                "<width>1e3</width></p:box>"),
+            u""),
+        "<AA:box xmlns:AA=\"urn:parcel\"><width>1000</width><height>INF</height><owner><AA:city/></owner></AA:box>");
+    EXPECT_EQ(Written(Read<CPrice>("<price xmlns='urn:parcel' currency=' a  b '> 1.50 </price>")),
+              "<price xmlns=\"urn:parcel\" currency=\"a b\">1.5</price>");
+    EXPECT_EQ(Written(Read<CLabel>("<label xmlns='urn:parcel'> </label>")), "<label xmlns=\"urn:parcel\"/>");
+}
+
+TEST(Parcels, AreNotReadWithFaults) {
+    std::string const days = "<filled>1</filled><filled>100</filled><days>7</days>";
+    auto const parcel = [](std::string const& content) {
+        return "<parcel xmlns='urn:parcel'" + kXsi + " code='AB1' version='1.0'>" + content + "</parcel>";
+    };
+    struct Row {
+        std::string document;
+        std::string message;
+    };
+    Row const rows[] = {
+        {"<parcel/>",
+         "The root is the element [parcel] in the namespace [], it must be [parcel] in [urn:parcel]"},
+        {"<box xmlns='urn:parcel'/>",
+         "The root is the element [box] in the namespace [urn:parcel], it must be [parcel] in [urn:parcel]"},
+        {parcel(""), "Failed to find the element [to] in the element [parcel]"},
+        {parcel("<to><city/></to><filled>1</filled><days>7</days>"),
+         "Failed to find the element [filled] in the element [parcel], where [days] stands"},
+        {parcel(kTo + days + "text"), "Unexpected text [text] found in the element [parcel]"},
+        {parcel(kTo + days + "<due>2026-05-01</due><due>2026-05-01</due>"),
+         "Unexpected element [due] found in the element [parcel]"},
+        {parcel(kTo + days + "<x/>"), "Unexpected element [x] found in the element [parcel]"},
+        {parcel(kTo + days + "<note xsi:nil='true'/>"), "The element [note] is nil, which it may not be"},
+        {parcel(kTo + days + "<due xsi:nil='1'>2026-05-01</due>"),
+         "Unexpected text [2026-05-01] found in the element [due]"},
+        {parcel("<to xsi:type='book'><title/></to>" + days),
+         "The type [book] of the element [to] is none that may stand there"},
+        {parcel(kTo + days + "<thing/>"), "The type [thing] of the element [thing] is abstract"},
+        {parcel("<to a='1'><city/></to>" + days), "Unexpected Attribute [a] found."},
+        {parcel("<to><city a='1'/></to>" + days), "Unexpected Attribute [a] found."},
+        {parcel("<to><city><x/></city></to>" + days), "Unexpected element [x] found in the element [city]"},
+        {"<parcel xmlns='urn:parcel' version='1.0'/>", "Failed to find the required Attribute [code]"},
+    };
+    for (Row const& row : rows) {
+        EXPECT_BX_THROW(Read<CParcel>(row.document), CBxValidationException, row.message) << row.document;
+    }
+    EXPECT_BX_THROW(Read<CBox>("<p:box xmlns:p='urn:parcel'><width>1</width><width>2</width></p:box>"),
+                    CBxValidationException,
+                    "Failed to find the element [owner] in the element [box], where [width] stands");
+    EXPECT_BX_THROW(Read<CLabel>("<label xmlns='urn:parcel'><time>2026-05-01T00:00:00</time></label>"),
+                    CBxValidationException, "Failed to find the element [time] in the element [label]");
+    EXPECT_BX_THROW(Read<CParcel>("<parcel xmlns='urn:parcel'><to>"), CBxException,
+                    "The document ends before its root does");
+}
+
+TEST(Parcels, SayWhichValueIsNone) {
+    try {
+        Read<CParcel>("<parcel xmlns='urn:parcel' code='ab1'/>");
+        FAIL();
+    } catch (CBxInvalidValueException const& failure) {
+        EXPECT_EQ(
+            failure.GetFullMessage(),
+            u"Invalid Value for code [ab1]\nThe value [ab1] does not match the pattern [A|[A-Z]{2}[0-9]+]");
+    }
+    EXPECT_BX_THROW(Read<CParcel>("<parcel xmlns='urn:parcel' code='AB1' version='2'/>"),
+                    CBxInvalidValueException, "Invalid Value for version [2]");
+    EXPECT_BX_THROW(Read<CPrice>("<price xmlns='urn:parcel'/>"), CBxInvalidValueException,
+                    "Invalid Value for price []");
+}
+
+TEST(Parcels, AreReadWithTheTolerancesOfTheContext) {
+    std::string const missing =
+        "<parcel xmlns=\"urn:parcel\" code=\"AB1\" version=\"1.0\"><to/><days>7</days></parcel>";
+    CXmlSerializationContext context;
+    context.SetIgnoreMissingMandatoryElements(true);
+    context.SetIgnoreInvalidCollectionCounts(true);
+    CParcel const parcel = Read<CParcel>(missing, context);
+    context.SetDefaultNamespaceURI(kNamespace);
+    EXPECT_EQ(parcel.ToText(Bx::Layout::Compact, context), kHead + missing);
+
+    CXmlSerializationContext unknown;
+    unknown.SetIgnoreUnknownElements(true);
+    unknown.SetIgnoreUnknownAttributes(true);
+    std::string const document =
+        "<parcel xmlns='urn:parcel' code='AB1' version='1.0' new='1'>text<new/><to new='1'><new/><city>x<new/></city></to>"
+        "<weight><new/>1</weight><filled>1</filled><new/><filled>100</filled><to/><days>7</days><new/>"
+        "<book><title>a</title></book><new/><book><title>b</title></book></parcel>";
+    EXPECT_EQ(
+        Written(Read<CParcel>(document, unknown)),
+        Parcel("", kTo + "<weight>1</weight>", "<book><title>a</title></book><book><title>b</title></book>"));
+
+    CXmlSerializationContext namespaces;
+    namespaces.SetIgnoreNamespaces(true);
+    EXPECT_EQ(
+        Written(Read<CParcel>("<parcel code='AB1' version='1.0'><x:to xmlns:x='urn:x'><city>x</city></x:to>"
+                              "<filled>1</filled><filled>100</filled><days>7</days></parcel>",
+                              namespaces)),
+        Parcel("", kTo, ""));
+}
+
+TEST(Parcels, AreBuiltAndChecked) {
+    CParcel parcel;
+    parcel.Code = "AB1";
+    EXPECT_EQ(*parcel.Days, 7);
+    EXPECT_FALSE(parcel.Days);
+    EXPECT_TRUE(parcel.Days == 7 && parcel.Version == u"1.0" && parcel.Weight != CDecimal(1));
+    parcel.To.Make<CForeignAddress>().Country = u8"Öland";
+    parcel.To->City = std::string("x");
+    EXPECT_EQ(Bx::Utf8(parcel.To.Get<CForeignAddress>()->Country), "Öland");
+    EXPECT_EQ(parcel.To.Get<CPlainAddress>(), nullptr);
+    parcel.Filled = {CDecimal(1), CDecimal(2)};
+    parcel.Weight = Speed::N2;
+    EXPECT_EQ(Bx::Utf8(parcel.Weight), "2");
+    parcel.Thing.Add<CToy>().Age = 3;
+    parcel.Due = CDateTime(2026, 5, 1);
+    EXPECT_BX_THROW(parcel.Due = CDateTime(u"2026-05-01T00:00:00"), CBxInvalidValueException,
+                    "The value [2026-05-01T00:00:00] has not the form of its type");
+    parcel.Any.Add(u"a", kExtra).SetText(u"b");
+    parcel.Attributes.Set(u"c", u"d", kExtra);
+    EXPECT_EQ(
+        parcel.ToText(Bx::Layout::Compact).substr(kHead.size()),
+        "<parcel xmlns=\"urn:parcel\" xmlns:xsi=\"http://www.w3.org/2001/XMLSchema-instance\" xmlns:e=\"urn:extra\""
+        " code=\"AB1\" version=\"1.0\""
+        " e:c=\"d\"><to xsi:type=\"foreignAddress\">"
+        "<city>x</city><country>Öland</country></to><weight>2</weight><filled>1</filled><filled>2</filled>"
+        "<days>7</days><e:toy><age>3</age></e:toy><due>2026-05-01</due><e:a>b</e:a></parcel>");
+
+    parcel.Any.Add(u"a", kNamespace);
+    parcel.Attributes.Set(u"e", u"f");
+    parcel.Due->Nil = true;
+    parcel.To.Make<CPlainAddress>().Kind = "k";
+    std::string complaints;
+    for (wstring const& one : parcel.Validate()) complaints += ToUtf8(one) + "\n";
+    EXPECT_EQ(complaints,
+              "/parcel: The namespace [] of the attribute [e] is not admitted\n"
+              "/parcel/to: The element [city] is not set\n"
+              "/parcel/to: [kind] must not be set\n"
+              "/parcel/due: The element is nil and has content\n"
+              "/parcel: The element [a] in the namespace [urn:parcel] does not fit [AnyElement]\n");
+}
+
+TEST(Parcels, TakeSubstitutesUnderTheirNames) {
+    std::string const novel = "<wrap xmlns=\"urn:parcel\"><novel><title>a</title></novel></wrap>";
+    CWrap wrap = Read<CWrap>(novel);
+    EXPECT_EQ(Written(wrap), novel);
+    EXPECT_EQ(Written(CWrap(wrap)), novel);
+    EXPECT_EQ(Bx::Utf8(wrap.Thing.Get<CBook>()->Title), "a");
+    wrap.Thing = CSmartPtr<CThing>(new CToy);
+    EXPECT_EQ(Written(wrap), "<wrap xmlns=\"urn:parcel\"><AA:toy xmlns:AA=\"urn:extra\"/></wrap>");
+    wrap.Thing.Make<CBook>().Title = "b";
+    EXPECT_EQ(Written(wrap), "<wrap xmlns=\"urn:parcel\"><book><title>b</title></book></wrap>");
+    wrap.Thing->SetElementName(u"novel");
+    EXPECT_EQ(Written(wrap), "<wrap xmlns=\"urn:parcel\"><novel><title>b</title></novel></wrap>");
+    wrap.Thing.Clear();
+    EXPECT_BX_THROW(Written(wrap), CBxValidationException,
+                    "/wrap: Nothing is set of one of the elements [book] [novel] [toy]");
+    EXPECT_BX_THROW(
+        Read<CWrap>("<wrap xmlns='urn:parcel'><toy/></wrap>"), CBxValidationException,
+        "Failed to find one of the elements [book] [novel] [toy] in the element [wrap], where [toy] stands");
+
+    CParcel parcel = Read<CParcel>(Parcel("", kTo, "<w:price xmlns:w='urn:w'>5</w:price>"));
+    parcel.Any[0].SetNamespace(kNamespace);
+    EXPECT_TRUE(Bx::Read<CPrice>(parcel.Any[0]).Value == CDecimal(5));
+}
+
+TEST(Properties, AreSharedOrCopied) {
+    CSmartPtr<CAddress> const address = new CAddress;
+    address->City = "x";
+    CParcel parcel;
+    parcel.From = address;
+    parcel.To = *address;
+    address->City = "y";
+    EXPECT_TRUE(parcel.From->City == u"y" && parcel.To->City == u"x");
+    CParcel const copy = parcel;
+    parcel.From->City = "z";
+    EXPECT_TRUE(copy.From->City == u"y");
+    EXPECT_FALSE(copy.Equals(parcel));
+    parcel.From = nullptr;
+    EXPECT_FALSE(parcel.From);
+    EXPECT_BX_THROW(parcel.From->City, CBxInvalidStateException, "The property is not set");
+    EXPECT_BX_THROW(*parcel.Code, CBxInvalidStateException, "The property is not set");
+    EXPECT_BX_THROW(parcel.Thing[0], CBxInvalidParamException, "There is nothing at the index 0");
+    EXPECT_BX_THROW(parcel.Filled.Remove(0), CBxInvalidParamException, "There is nothing at the index 0");
+    EXPECT_BX_THROW(parcel.Thing.Add(CSmartPtr<CThing>()), CBxInvalidParamException,
+                    "A null cannot be added to a collection");
+
+    parcel.Filled = {CDecimal(1)};
+    EXPECT_BX_THROW((parcel.Filled = {CDecimal(2), CDecimal(-1)}), CBxInvalidValueException,
+                    "The value [-1] is less than [0]");
+    EXPECT_EQ(parcel.Filled.Count(), 1);
+    parcel.Filled.Set(0, CDecimal(5));
+    EXPECT_EQ(parcel.Filled[0], CDecimal(5));
+}
+
+}  // namespace
