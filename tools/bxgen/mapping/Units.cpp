@@ -85,7 +85,8 @@ void Units::NameConstants() {
             prefix = wanted + std::to_string(number);
         Unit& unit = Of(uri);
         bool const isFirst = named.insert(&unit).second && uri != kXmlNamespace && uri != kXsiNamespace;
-        std::string const constant = isFirst ? "kNamespace" : 'k' + Camel(prefix, true);
+        if (uri == kXmlNamespace) prefix.clear();  // declared by itself
+        std::string const constant = isFirst ? "kNamespace" : 'k' + Camel(wanted, true);
         m_mapping.m_plan.m_namespaces.push_back({uri, unit.m_scope.Take(constant), prefix, &unit});
     }
 }
