@@ -54,7 +54,6 @@ ClassFacts& ClassMapper::NewFacts(ClassPlan& plan, ClassFacts* base) {
     }
     if (base != nullptr) {
         plan.m_baseClass = base->m_plan;
-        facts->m_hasItems = base->m_hasItems;
         facts->m_isMixed = base->m_isMixed;
     }
     m_units.Need(plan.m_xmlNamespace);
@@ -210,14 +209,19 @@ void ClassMapper::AddAttribute(AttributeUse const& use, ClassFacts& facts) {
     plan.m_documentation = DocumentationOf(
         m_mapping.m_options, {&use.m_annotation, &attribute.m_annotation, &attribute.m_type->m_annotation}, "",
         use.m_place);
+    AddAttributeRow(use, property, facts);
+    AddProperty(facts, {Kind::kAttribute, attribute.m_name, nullptr, 0}, std::move(property), std::move(plan));
+}
+
+void ClassMapper::AddAttributeRow(AttributeUse const& use, PropertyFacts const& property, ClassFacts& facts) {
+    QName const& name = use.m_declaration->m_name;
     RowPlan& row = AddRow(facts, "Attribute", property.m_name);
-    row.m_arguments.emplace_back(std::string(attribute.m_name.m_local));
-    std::string_view const uri = attribute.m_name.m_namespace;
-    bool const needsMinimum = isRequired && use.m_value;
+    row.m_arguments.emplace_back(std::string(name.m_local));
+    std::string_view const uri = name.m_namespace;
+    bool const needsMinimum = use.m_use == Use::kRequired && !property.m_isRequired;
     if (!uri.empty() || needsMinimum) row.m_arguments.emplace_back(NamespaceArgument{std::string(uri)});
     if (needsMinimum) row.m_arguments.emplace_back(1);
     m_units.Need(uri);
-    AddProperty(facts, {Kind::kAttribute, attribute.m_name, nullptr, 0}, std::move(property), std::move(plan));
 }
 
 void ClassMapper::AddAnyAttribute(Wildcard const& wildcard, ClassFacts& facts) {
@@ -360,8 +364,69 @@ ClassFacts& ClassMapper::Items(ContentNode const& node) {
     return *alias;
 }
 
-bool ClassMapper::Restrict(ComplexType const&, ClassFacts&, ClassFacts&) {
-    return false;
+bool ClassMapper::Restrict(ComplexType const& type, ClassFacts& base, ClassFacts& facts) {
+    std::set<PropertyFacts const*> used;
+    bool isNarrower = false;
+    AddRow(facts, "Restrict").m_class = base.m_plan;
+    std::optional<ContentNode> node;
+    if (type.m_particle != nullptr) node = Normalised(*type.m_particle, m_mapping.m_diagnostics);
+    if (node && !ContentMapper(*this, facts).AddRestricted(std::move(*node), used, isNarrower)) {
+        facts.m_plan->m_rows.clear();
+        return false;
+    }
+    if (type.m_content == ContentKind::kSimple || type.m_content == ContentKind::kMixed) {
+        PropertyFacts const* const text = base.Find({Kind::kText, {}, nullptr, 0});
+        if (text == nullptr) {
+            facts.m_plan->m_rows.clear();
+            return false;
+        }
+        used.insert(text);
+        AddRow(facts, "Text", text->m_name);
+        if (type.m_content == ContentKind::kSimple && text->m_type != type.m_simpleContent) isNarrower = true;
+    }
+    for (AttributeUse const* const use : type.m_attributes) RestrictAttribute(*use, facts, used, isNarrower);
+    PropertyFacts const* const nil = base.Find({Kind::kNil, {}, nullptr, 0});
+    if (nil != nullptr) {
+        used.insert(nil);
+        AddRow(facts, "NilMark", nil->m_name);
+    } else if (m_names.NeedsNil(type)) {
+        AddNil(facts);
+    }
+    if (type.m_wildcard != nullptr) {
+        AddAnyAttribute(*type.m_wildcard, facts);
+        used.insert(facts.Find({Kind::kAnyAttribute, {}, nullptr, 0}));
+    }
+    Prohibit(base, used, facts);
+    if (isNarrower) {
+        m_mapping.m_diagnostics.Warning(type.m_place, "restriction",
+                                        Quoted(facts.m_plan->m_xmlName) + " restricts values of " +
+                                            Quoted(base.m_plan->m_xmlName) +
+                                            ", whose properties take what that takes; test the difference in your "
+                                            "program");
+    }
+    return true;
+}
+
+void ClassMapper::RestrictAttribute(AttributeUse const& use, ClassFacts& facts, std::set<PropertyFacts const*>& used,
+                                    bool& isNarrower) {
+    AttributeDeclaration const& attribute = *use.m_declaration;
+    PropertyFacts const* const property = facts.Find({Kind::kAttribute, attribute.m_name, nullptr, 0});
+    // What a wildcard of the base let in.
+    if (property == nullptr) return AddAttribute(use, facts);
+    used.insert(property);
+    bool const isFixed = use.m_value && use.m_value->m_isFixed;
+    if (property->m_type != attribute.m_type || (isFixed && !property->m_isConstrained)) isNarrower = true;
+    AddAttributeRow(use, *property, facts);
+}
+
+void ClassMapper::Prohibit(ClassFacts const& base, std::set<PropertyFacts const*> const& used, ClassFacts& facts) {
+    for (ClassFacts const* one = &base; one != nullptr; one = one->m_base) {
+        for (auto const& [key, property] : one->m_properties) {
+            if (used.contains(&property)) continue;
+            std::string const name = key.m_name.IsEmpty() ? property.m_name : std::string(key.m_name.m_local);
+            AddRow(facts, "Prohibited", property.m_name).m_arguments.emplace_back(name);
+        }
+    }
 }
 
 }  // namespace BxGen

@@ -53,7 +53,7 @@ std::string NamespacesOf(Wildcard const& wildcard, std::string_view target) {
     return list;
 }
 
-void ContentMapper::Add(ContentNode node) {
+void ContentMapper::Prepare(ContentNode& node) {
     if (!node.IsGroup() || node.IsRepeatedGroup()) {
         // A group of the class itself has one occurrence.
         static ModelGroup const s_sequence;
@@ -76,8 +76,69 @@ void ContentMapper::Add(ContentNode node) {
         }
     }
     m_facts.m_plan->m_elementNamespace = std::string(best);
+}
+
+void ContentMapper::Add(ContentNode node) {
+    Prepare(node);
     for (Draft const& draft : m_drafts) MakeProperty(draft);
     AddRows(node, 0, false);
+}
+
+bool ContentMapper::AddRestricted(ContentNode node, std::set<PropertyFacts const*>& used, bool& isNarrower) {
+    m_isRestriction = true;
+    Prepare(node);
+    for (Draft const& draft : m_drafts) {
+        PropertyFacts const* const property = FindRestricted(draft, isNarrower);
+        if (property == nullptr) return false;
+        m_properties.push_back(property);
+    }
+    used.insert(m_properties.begin(), m_properties.end());
+    AddRows(node, 0, false);
+    return true;
+}
+
+namespace {
+
+/// The property of a substitution group, in a class or its bases, that an element is a member of.
+PropertyFacts const* FindHead(ClassFacts const* facts, ElementDeclaration const& element) {
+    for (; facts != nullptr; facts = facts->m_base) {
+        for (auto const& [key, property] : facts->m_properties) {
+            if (key.m_kind != Kind::kElement || property.m_element->m_substitutes.empty()) continue;
+            for (ElementDeclaration const* head = element.m_head; head != nullptr; head = head->m_head) {
+                if (head == property.m_element) return &property;
+            }
+        }
+    }
+    return nullptr;
+}
+
+bool IsClass(ElementDeclaration const& element) {
+    return element.m_type->AsComplex() != nullptr && !element.m_type->IsAnyType();
+}
+
+}  // namespace
+
+PropertyFacts const* ContentMapper::FindRestricted(Draft const& draft, bool& isNarrower) const {
+    ContentNode const& first = *draft.m_nodes[0];
+    ElementDeclaration const* const element = first.Element();
+    PropertyFacts const* property = m_facts.m_base->Find(draft.m_key);
+    if (property == nullptr && element != nullptr && draft.m_key.m_number == 0)
+        property = FindHead(m_facts.m_base, *element);
+    if (property == nullptr) return nullptr;
+    bool const isRepeated =
+        std::ranges::any_of(draft.m_nodes, [](ContentNode const* node) { return node->m_occurs.m_max > 1; });
+    if (isRepeated && !IsRepeated(property->m_shape)) return nullptr;
+    if (element == nullptr) return property;
+    bool const isObject = property->m_shape == Shape::kObject || property->m_shape == Shape::kCollection;
+    bool const isAny = property->m_shape == Shape::kAnyElement || property->m_shape == Shape::kAnyElements;
+    bool const holdsNillable = isObject && property->m_isNillable && property->m_class == nullptr;
+    bool const hasClass = IsClass(*element);
+    if (isObject ? hasClass == holdsNillable : !isAny && hasClass) return nullptr;
+    if (isObject && property->m_class != nullptr && !hasClass) return nullptr;
+    if (!hasClass && element->m_type != property->m_type) isNarrower = true;
+    bool const isFixed = element->m_value && element->m_value->m_isFixed;
+    if (isFixed && !property->m_isConstrained) isNarrower = true;
+    return property;
 }
 
 void ContentMapper::ChooseNamespace(ContentNode const& node, std::map<std::string_view, int>& counts) const {
@@ -117,7 +178,11 @@ PropertyKey ContentMapper::KeyOf(ContentNode const& node) const {
 
 void ContentMapper::AssignLeaf(ContentNode& node, bool isMandatory, ContentNode const* choice) {
     PropertyKey key = KeyOf(node);
-    int& used = m_used[key];
+    auto const [known, isFirst] = m_used.try_emplace(key, 0);
+    int& used = known->second;
+    for (PropertyKey inBase = key; isFirst && !m_isRestriction && m_facts.m_base != nullptr; inBase.m_number = ++used) {
+        if (m_facts.m_base->Find(inBase) == nullptr) break;
+    }
     m_changes.emplace_back(key, used);
     key.m_number = used++;
     auto const [found, isNew] = m_draftByKey.try_emplace(key, m_drafts.size());
@@ -145,7 +210,6 @@ void ContentMapper::MakeProperty(Draft const& draft) {
         wanted = first.m_named != nullptr ? Camel(first.m_named->m_name.m_local, options.m_ascii) : "Items";
         from = first.m_named != nullptr ? first.m_named->m_name.m_local : wanted;
         plan.m_documentation = DocumentationOf(options, {&first.m_particle->m_annotation}, "", first.m_particle->m_place);
-        m_facts.m_hasItems = true;
     } else if (first.AsWildcard() != nullptr) {
         property.m_shape = isRepeated ? Shape::kAnyElements : Shape::kAnyElement;
         plan.m_type.m_text = isRepeated ? "Bx::AnyElements" : "Bx::AnyElement";
@@ -164,7 +228,7 @@ void ContentMapper::MakeProperty(Draft const& draft) {
     if (wanted.empty()) wanted = "Element";
     plan.m_name = m_facts.m_names.Take(wanted);
     property.m_name = plan.m_name;
-    bool const isTwice = draft.m_key.m_number > 0 || m_facts.Find(draft.m_key) != nullptr;
+    bool const isTwice = draft.m_key.m_number > 0;
     if (isTwice) {
         m_classes.m_mapping.m_diagnostics.Warning(
             first.m_particle->m_place, "twice",
@@ -174,9 +238,7 @@ void ContentMapper::MakeProperty(Draft const& draft) {
     }
     m_classes.m_names.Note(first.m_particle->m_place, from, wanted, plan.m_name, isTwice);
     plan.m_occurrence = OccurrenceOf(draft);
-    PropertyKey key = draft.m_key;
-    while (m_facts.m_properties.contains(key)) ++key.m_number;
-    m_properties.push_back(&m_facts.m_properties.emplace(key, std::move(property)).first->second);
+    m_properties.push_back(&m_facts.m_properties.emplace(draft.m_key, std::move(property)).first->second);
     m_facts.m_plan->m_properties.push_back(std::move(plan));
 }
 
@@ -359,10 +421,6 @@ void ContentMapper::AddElementRow(ElementDeclaration const& element, PropertyFac
     row.m_isNillable = element.m_isNillable && isObject;
     bool const isRepeated = IsRepeated(property.m_shape);
     AddBounds(row, occurs, property.m_isRequired ? 1 : 0, isRepeated ? kMany : 1);
-}
-
-bool ContentMapper::AddRestricted(ContentNode, std::vector<PropertyFacts const*>&) {
-    return false;
 }
 
 }  // namespace BxGen

@@ -44,7 +44,6 @@ struct ClassFacts {
     NameScope m_names;
     std::map<PropertyKey, PropertyFacts> m_properties;  ///< its own
     bool m_isDone = false;
-    bool m_hasItems = false;  ///< or a base has
     bool m_isMixed = false;   ///< has a text property, or a base has
 
     /// Also in the bases; null if there is none.
