@@ -150,10 +150,12 @@ void ContentMapper::ChooseNamespace(ContentNode const& node, std::map<std::strin
 void ContentMapper::Assign(ContentNode& node, bool isMandatory, ContentNode const* choice) {
     if (!node.IsGroup() || node.IsRepeatedGroup()) return AssignLeaf(node, isMandatory, choice);
     if (!node.IsChoice()) {
-        for (ContentNode& child : node.m_children) Assign(child, isMandatory && node.m_occurs.m_min > 0, nullptr);
+        for (ContentNode& child : node.m_children)
+            Assign(child, isMandatory && node.m_occurs.m_min > 0, nullptr);
         return;
     }
-    // Each member begins from what is used so far; what is used after the choice is the most that one of them uses.
+    // Each member begins from what is used so far; what is used after the choice is the most that one of them
+    // uses.
     std::map<PropertyKey, int> most;
     std::size_t const start = m_changes.size();
     for (ContentNode& child : node.m_children) {
@@ -180,7 +182,8 @@ void ContentMapper::AssignLeaf(ContentNode& node, bool isMandatory, ContentNode 
     PropertyKey key = KeyOf(node);
     auto const [known, isFirst] = m_used.try_emplace(key, 0);
     int& used = known->second;
-    for (PropertyKey inBase = key; isFirst && !m_isRestriction && m_facts.m_base != nullptr; inBase.m_number = ++used) {
+    for (PropertyKey inBase = key; isFirst && !m_isRestriction && m_facts.m_base != nullptr;
+         inBase.m_number = ++used) {
         if (m_facts.m_base->Find(inBase) == nullptr) break;
     }
     m_changes.emplace_back(key, used);
@@ -209,21 +212,23 @@ void ContentMapper::MakeProperty(Draft const& draft) {
         plan.m_type = {"Bx::Collection", nullptr, {{{}, items.m_plan, {}, {}}}, {}};
         wanted = first.m_named != nullptr ? Camel(first.m_named->m_name.m_local, options.m_ascii) : "Items";
         from = first.m_named != nullptr ? first.m_named->m_name.m_local : wanted;
-        plan.m_documentation = DocumentationOf(options, {&first.m_particle->m_annotation}, "", first.m_particle->m_place);
+        plan.m_documentation =
+            DocumentationOf(options, {&first.m_particle->m_annotation}, "", first.m_particle->m_place);
     } else if (first.AsWildcard() != nullptr) {
         property.m_shape = isRepeated ? Shape::kAnyElements : Shape::kAnyElement;
         plan.m_type.m_text = isRepeated ? "Bx::AnyElements" : "Bx::AnyElement";
         wanted = "Any";
         from = wanted;
-        plan.m_documentation = DocumentationOf(options, {&first.m_particle->m_annotation}, "", first.m_particle->m_place);
+        plan.m_documentation =
+            DocumentationOf(options, {&first.m_particle->m_annotation}, "", first.m_particle->m_place);
     } else {
         ElementDeclaration const& element = *first.Element();
         MakeElement(draft, property, plan.m_type);
         wanted = Camel(element.m_name.m_local, options.m_ascii);
         from = element.m_name.m_local;
         plan.m_documentation = DocumentationOf(
-            options, {&first.m_particle->m_annotation, &element.m_annotation, &element.m_type->m_annotation}, "",
-            first.m_particle->m_place);
+            options, {&first.m_particle->m_annotation, &element.m_annotation, &element.m_type->m_annotation},
+            "", first.m_particle->m_place);
     }
     if (wanted.empty()) wanted = "Element";
     plan.m_name = m_facts.m_names.Take(wanted);
@@ -248,10 +253,12 @@ std::string ContentMapper::OccurrenceOf(Draft const& draft) const {
         std::uint64_t const least = first.m_occurs.m_min, most = first.m_occurs.m_max;
         if (most == Occurs::kUnbounded) return least > 0 ? "at least " + std::to_string(least) : "";
         if (least == most) return "exactly " + std::to_string(most);
-        return least > 0 ? std::to_string(least) + " to " + std::to_string(most) : "up to " + std::to_string(most);
+        return least > 0 ? std::to_string(least) + " to " + std::to_string(most)
+                         : "up to " + std::to_string(most);
     }
     constexpr std::size_t kMostNamed = 6;
-    if (draft.m_choice == nullptr || draft.m_nodes.size() > 1 || draft.m_choice->m_children.size() > kMostNamed)
+    if (draft.m_choice == nullptr || draft.m_nodes.size() > 1 ||
+        draft.m_choice->m_children.size() > kMostNamed)
         return {};
     std::string names;
     for (ContentNode const& member : draft.m_choice->m_children) {
@@ -301,15 +308,16 @@ void ContentMapper::MakeObject(std::vector<ElementDeclaration const*> const& alt
     type = {isRepeated ? "Bx::Collection" : "Bx::Object", nullptr, {std::move(held)}, {}};
 }
 
-void ContentMapper::MakeValue(Draft const& draft, SimpleType const& simple, bool isRepeated, PropertyFacts& property,
-                              TypeExpression& type) {
+void ContentMapper::MakeValue(Draft const& draft, SimpleType const& simple, bool isRepeated,
+                              PropertyFacts& property, TypeExpression& type) {
     ElementDeclaration const& element = *draft.m_nodes[0]->Element();
     TypeExpression const& value = m_classes.m_simples.Expression(simple);
     m_classes.m_simples.CheckValues(simple, *draft.m_nodes[0]->m_particle, element.m_name.m_local);
     bool const isAlike = std::ranges::all_of(draft.m_nodes, [&](ContentNode const* node) {
         auto const& other = node->Element()->m_value;
         return other.has_value() == element.m_value.has_value() &&
-               (!other || (other->m_value == element.m_value->m_value && other->m_isFixed == element.m_value->m_isFixed));
+               (!other || (other->m_value == element.m_value->m_value &&
+                           other->m_isFixed == element.m_value->m_isFixed));
     });
     bool const isConstrained = element.m_value && isAlike && !isRepeated && !property.m_isNillable;
     bool const isLost = std::ranges::any_of(
@@ -334,7 +342,9 @@ void ContentMapper::MakeValue(Draft const& draft, SimpleType const& simple, bool
     if (isRepeated) {
         type = {"Bx::Values", nullptr, {value}, {}};
     } else if (isConstrained) {
-        type = {element.m_value->m_isFixed ? "Bx::Fixed" : "Bx::WithDefault", nullptr, {value},
+        type = {element.m_value->m_isFixed ? "Bx::Fixed" : "Bx::WithDefault",
+                nullptr,
+                {value},
                 std::string(element.m_value->m_value)};
     } else {
         property.m_isRequired = draft.m_isMandatory;

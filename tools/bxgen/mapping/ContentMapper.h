@@ -52,7 +52,9 @@ private:
                        int depth);
     void AddWildcardRow(ContentNode const& node, PropertyFacts const& property, int depth);
     RowPlan& AddRow(int depth, std::string kind, std::string property = {});
-    PropertyFacts const& PropertyOf(ContentNode const& node) const { return *m_properties[static_cast<std::size_t>(node.m_property)]; }
+    PropertyFacts const& PropertyOf(ContentNode const& node) const {
+        return *m_properties[static_cast<std::size_t>(node.m_property)];
+    }
 
     ClassMapper& m_classes;
     ClassFacts& m_facts;

@@ -50,7 +50,8 @@ Names::Names(Mapping const& mapping, Units& units, std::vector<ElementDeclaratio
     ReadNamesFile();
     SchemaSet const& set = mapping.m_set;
     if (mapping.m_plan.m_units.size() > 1) {
-        for (Unit const& unit : mapping.m_plan.m_units) m_typeScope.Add(unit.m_name.substr(0, unit.m_name.find(':')));
+        for (Unit const& unit : mapping.m_plan.m_units)
+            m_typeScope.Add(unit.m_name.substr(0, unit.m_name.find(':')));
     }
     NameRoots(roots);
     std::vector<std::pair<Type const*, std::string_view>> types;
@@ -72,7 +73,8 @@ Names::Names(Mapping const& mapping, Units& units, std::vector<ElementDeclaratio
     for (ElementDeclaration const* const element : set.Elements()) VisitElement(*element, "");
     for (auto const& [type, suffix] : types) {
         if (auto const* const complex = type->AsComplex()) VisitComplex(*complex, m_suggestions[type]);
-        if (auto const* const simple = type->AsSimple()) VisitSimple(*simple, StrippedCamelOf(type->m_name.m_local));
+        if (auto const* const simple = type->AsSimple())
+            VisitSimple(*simple, StrippedCamelOf(type->m_name.m_local));
     }
     for (NamedGroup const* named : set.Groups()) {
         for (; named != nullptr; named = named->m_redefined) {
@@ -103,8 +105,9 @@ void Names::ReadNamesFile() {
         std::vector<std::string_view> const items = Items(line);
         if (items.empty() || items[0].starts_with('#')) continue;
         if (items.size() != 3 || (items[0] != "type" && items[0] != "element" && items[0] != "group")) {
-            m_mapping.m_diagnostics.Error({*m_mapping.m_options.m_namesFile, static_cast<std::uint32_t>(number), 1},
-                                          "names", "a line must be: type|element|group {namespace}name NAME");
+            m_mapping.m_diagnostics.Error(
+                {*m_mapping.m_options.m_namesFile, static_cast<std::uint32_t>(number), 1}, "names",
+                "a line must be: type|element|group {namespace}name NAME");
             continue;
         }
         m_given[std::string(items[0]) + ' ' + std::string(items[1])] = items[2];
@@ -123,17 +126,19 @@ std::string Names::CamelOf(std::string_view name) const {
 
 std::string Names::StrippedCamelOf(std::string_view name) const {
     std::string_view const suffix = m_mapping.m_options.m_strippedSuffix;
-    if (!suffix.empty() && name.size() > suffix.size() && name.ends_with(suffix)) name.remove_suffix(suffix.size());
+    if (!suffix.empty() && name.size() > suffix.size() && name.ends_with(suffix))
+        name.remove_suffix(suffix.size());
     return CamelOf(name);
 }
 
-void Names::Note(Place const& place, std::string_view from, std::string const& wanted, std::string const& taken,
-                 bool isTold) {
+void Names::Note(Place const& place, std::string_view from, std::string const& wanted,
+                 std::string const& taken, bool isTold) {
     if (wanted == taken) return;
     m_mapping.m_plan.m_renamed.push_back({place, std::string(from), taken});
     if (isTold || IsExpected(wanted, taken)) return;
     m_mapping.m_diagnostics.Warning(place, "renamed",
-                                    Quoted(from) + " is " + Quoted(taken) + " in C++, since " + Quoted(wanted) +
+                                    Quoted(from) + " is " + Quoted(taken) + " in C++, since " +
+                                        Quoted(wanted) +
                                         " is another name there; --names gives it one of your choice");
 }
 
@@ -208,9 +213,9 @@ void Names::NameType(Type const& type, std::string_view suffix) {
 
 void Names::VisitElement(ElementDeclaration const& element, std::string const& owner) {
     for (IdentityConstraint const* const identity : element.m_identities) {
-        m_mapping.m_diagnostics.Warning(identity->m_place, "identity",
-                                        Quoted(identity->m_name.m_local) +
-                                            " is not enforced; test the values in your program");
+        m_mapping.m_diagnostics.Warning(
+            identity->m_place, "identity",
+            Quoted(identity->m_name.m_local) + " is not enforced; test the values in your program");
     }
     std::string const name = owner + CamelOf(element.m_name.m_local);
     m_propertyNames.insert(CamelOf(element.m_name.m_local));

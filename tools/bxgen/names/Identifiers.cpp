@@ -156,8 +156,9 @@ NameScope const& NamesOfObjects() {
 }
 
 NameScope const& NamesOfNamespaces() {
-    static NameScope const s_names = MakeScope({"Bx", "Xs", "BxXmlLib5", "kSet", "kTypes", "kAliases",
-                                                "kValues", "kFacets", "kTexts", "CObject", "CGroup"});
+    static NameScope const s_names =
+        MakeScope({"Bx", "Xs", "BxXmlLib5", "kSet", "kTypes", "kAliases", "kTypeNames", "kValues", "kFacets",
+                   "kTexts", "CObject", "CGroup"});
     return s_names;
 }
 
