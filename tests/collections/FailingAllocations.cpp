@@ -50,6 +50,7 @@ struct Items : CXmlCollection {
 
 }  // namespace
 
+// Not inlined: the compiler would find a free() for what came from new.
 [[gnu::noinline]] void* operator new(std::size_t size) {
     if (s_allocationsLeft == 0) throw std::bad_alloc();
     if (s_allocationsLeft > 0) --s_allocationsLeft;
