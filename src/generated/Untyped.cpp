@@ -68,6 +68,7 @@ bool EqualElements(CElement const& a, CElement const& b) {
 }
 
 void DropLayout(CElement& element, CXmlElement const& source) {
+    CNestingLevel const level;
     CXmlElement const* child = source.GetFirstElement();
     if (child == nullptr) return;
     if (Trimmed(source.GetTextView()).empty()) element.SetText(u"");

@@ -290,11 +290,16 @@ Particle const* Writing::Chosen(Particle const& choice) {
 }
 
 wstring Writing::Path() const {
-    wstring path = m_outer == nullptr ? wstring() : m_outer->Path();
-    if (m_outer != nullptr && m_name->empty()) return path;
-    path += u'/';
-    path += m_outer == nullptr ? m_model.name : *m_name;
-    if (m_index >= 0) path += u'[' + IntegerText(m_index + 1) + u']';
+    std::vector<Writing const*> steps;
+    for (Writing const* step = this; step != nullptr; step = step->m_outer) steps.push_back(step);
+    wstring path = u"/" + steps.back()->m_model.name;
+    for (auto step = steps.rbegin() + 1; step != steps.rend(); ++step) {
+        // Groups have no name.
+        if ((*step)->m_name->empty()) continue;
+        path += u'/';
+        path += *(*step)->m_name;
+        if ((*step)->m_index >= 0) path += u'[' + IntegerText((*step)->m_index + 1) + u']';
+    }
     return path;
 }
 
