@@ -65,8 +65,8 @@ TEST(Objects, RefuseWhatDoesNotFit) {
     EXPECT_THROW(point.Dgpsid = 1024, CBxInvalidValueException);
     EXPECT_THROW(gpx.Version = "1.0", CBxInvalidValueException);
     EXPECT_THROW(*point.Ele, CBxInvalidStateException);
-    std::vector<wstring> const complaints = {u"/gpx/@creator: The mandatory attribute is not set",
-                                             u"/gpx/wpt[1]/@lon: The mandatory attribute is not set"};
+    std::vector<wstring> const complaints = {u"/gpx: The attribute [creator] is not set",
+                                             u"/gpx/wpt[1]: The attribute [lon] is not set"};
     EXPECT_EQ(gpx.Validate(), complaints);
     EXPECT_THROW(gpx.ToText(), CBxValidationException);
 }
