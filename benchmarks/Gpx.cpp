@@ -1,6 +1,6 @@
-// Typed objects: the classes of GPX 1.1.
+// Typed objects: the generated classes of GPX 1.1.
 
-#include "CGpx.h"
+#include "Gpx.h"
 
 #include <benchmark/benchmark.h>
 
@@ -22,8 +22,7 @@ std::string const& Input(benchmark::State const& state) {
 }
 
 void Read(Gpx::CGpx& gpx, std::string const& input) {
-    gpx.FromXmlStream(reinterpret_cast<unsigned char const*>(input.data()), input.size(),
-                      CXmlSerializationContext::GetDefaultContext());
+    gpx.Parse(input);
 }
 
 void ReadGpx(benchmark::State& state) {
@@ -38,7 +37,7 @@ void ReadGpx(benchmark::State& state) {
 void ReadFastInfosetGpx(benchmark::State& state) {
     Gpx::CGpx gpx;
     Read(gpx, Input(state));
-    CBinaryData const input = gpx.ToFastInfosetStream(fi_None, gpx.WritingContext(), cmp_None);
+    CBinaryData const input = gpx.ToFastInfosetStream(fi_None, gpx.FastInfosetContext(), cmp_None);
     for (auto _ : state) {
         Gpx::CGpx read;
         read.FromXmlStream(input, CXmlSerializationContext::GetDefaultContext());

@@ -79,8 +79,8 @@ Class const& RootOf(CXmlElement const& element, std::span<Class const* const> ro
                                  u"', which is none that this program knows");
 }
 
-CBinaryData Written(CObject const& root, Class const& type, Wish const& wish) {
-    CXmlSerializationContext const context = RootContext(type);
+CBinaryData Written(CObject const& root, Wish const& wish) {
+    auto const context = RootContext(root, wish.m_isFastInfoset ? RootForm::FastInfoset : RootForm::Text);
     if (wish.m_isFastInfoset) return root.ToFastInfosetStream(fi_None, context, cmp_None);
     return root.ToXmlStream(true, !wish.m_isCompact, enc_UTF8, eol_LF, context, cmp_None);
 }
@@ -94,7 +94,7 @@ Status Convert(Wish const& wish, std::span<Class const* const> roots) {
     CXmlSerializationContext context;
     root->FromXmlElement(document.GetDocumentElement(), context);
     if (wish.m_onlyCheck) return kSuccess;
-    CBinaryData const octets = Written(*root, type, wish);
+    CBinaryData const octets = Written(*root, wish);
     if (!wish.m_output.empty()) {
         octets.ToFile(FromUtf8(wish.m_output).c_str(), enc_Unspecified);
         return kSuccess;

@@ -1,9 +1,11 @@
 #include "BxXmlLib5/generated/Root.h"
 
+#include <set>
+
 #include "BxXmlLib5/core/CBxException.h"
 #include "BxXmlLib5/document/CXmlDocument.h"
 #include "BxXmlLib5/values/CBinaryData.h"
-#include "generated/Model.h"
+#include "generated/ForeignNamespaces.h"
 #include "generated/ObjectAccess.h"
 
 namespace BxXmlLib5::Generated {
@@ -42,12 +44,39 @@ std::string RootText(CObject const& root, Layout layout, CXmlSerializationContex
     return {reinterpret_cast<char const*>(octets.GetData()), octets.GetLength()};
 }
 
-CXmlSerializationContext RootContext(Class const& root) {
-    Class::Facts const& facts = root.GetFacts();
+namespace {
+
+/// Prefixes for the namespaces of untyped content that have none yet.
+void AddForeign(CNamespaceAliasMap& aliases, std::set<wstring> const& namespaces) {
+    int number = 0;
+    for (wstring const& foreign : namespaces) {
+        if (aliases.DoesNamespaceExist(foreign.c_str())) continue;
+        wstring alias;
+        do {
+            alias = FromUtf8("ns" + std::to_string(++number));
+        } while (aliases.DoesAliasExist(alias.c_str()));
+        aliases.Add(alias.c_str(), foreign.c_str());
+    }
+}
+
+}  // namespace
+
+CXmlSerializationContext RootContext(CObject const& root, RootForm form) {
+    Class::Facts const& facts = ObjectAccess::ClassOf(root).GetFacts();
+    ForeignNamespaces foreign = FindForeignNamespaces(root);
     CXmlSerializationContext context;
-    if (facts.set->hasDefaultNamespace) context.SetDefaultNamespaceURI(facts.namespaceUri);
-    for (Alias const& alias : facts.set->aliases)
-        context.GetNamespaceAliases().Add(alias.prefix, alias.namespaceUri);
+    CNamespaceAliasMap& aliases = context.GetNamespaceAliases();
+    for (Alias const& alias : facts.set->aliases) aliases.Add(alias.prefix, alias.namespaceUri);
+    wstring const own = facts.namespaceUri;
+    if (form == RootForm::FastInfoset) {
+        if (!own.empty()) foreign.m_namespaces.insert(own);
+    } else {
+        foreign.m_namespaces.erase(own);
+        if (facts.set->hasDefaultNamespace && !foreign.m_hasElementInNone) {
+            context.SetDefaultNamespaceURI(own.c_str());
+        }
+    }
+    AddForeign(aliases, foreign.m_namespaces);
     return context;
 }
 

@@ -10,7 +10,7 @@
 namespace GpxStat {
 
 using namespace BxXmlLib5;
-using Gpx::CWaypoint;
+using Gpx::CWpt;
 
 namespace {
 
@@ -21,35 +21,33 @@ double Radians(CDecimal const& degrees) {
 }
 
 /// The metres along a great circle, by the haversine formula.
-double Distance(CWaypoint const& from, CWaypoint const& to) {
-    double const latitude1 = Radians(from.GetLatitude());
-    double const latitude2 = Radians(to.GetLatitude());
+double Distance(CWpt const& from, CWpt const& to) {
+    double const latitude1 = Radians(*from.Lat);
+    double const latitude2 = Radians(*to.Lat);
     double const upward = std::sin((latitude2 - latitude1) / 2);
-    double const sideways = std::sin((Radians(to.GetLongitude()) - Radians(from.GetLongitude())) / 2);
+    double const sideways = std::sin((Radians(*to.Lon) - Radians(*from.Lon)) / 2);
     double const haversine =
         upward * upward + std::cos(latitude1) * std::cos(latitude2) * sideways * sideways;
     return 2 * kEarthRadius * std::asin(std::min(1.0, std::sqrt(haversine)));
 }
 
-void IncludePoint(TrackStatistics& statistics, CWaypoint const& point) {
+void IncludePoint(TrackStatistics& statistics, CWpt const& point) {
     ++statistics.m_points;
-    statistics.m_latitudes.Include(point.GetLatitude());
-    statistics.m_longitudes.Include(point.GetLongitude());
-    if (point.HasTime()) statistics.m_seconds.Include(point.GetTime().GetTime());
+    statistics.m_latitudes.Include(*point.Lat);
+    statistics.m_longitudes.Include(*point.Lon);
+    if (point.Time) statistics.m_seconds.Include(point.Time->GetTime());
 }
 
-void IncludeSegment(TrackStatistics& statistics, Gpx::CTrackSegment const& segment) {
-    CWaypoint const* before = nullptr;
-    CWaypoint const* lower = nullptr;  // the last point with an elevation
-    for (CWaypoint const* const point : *segment.GetPoints()) {
-        IncludePoint(statistics, *point);
-        if (before != nullptr) statistics.m_metres += Distance(*before, *point);
-        before = point;
-        if (!point->HasElevation()) continue;
-        if (lower != nullptr && point->GetElevation() > lower->GetElevation()) {
-            statistics.m_ascent += point->GetElevation() - lower->GetElevation();
-        }
-        lower = point;
+void IncludeSegment(TrackStatistics& statistics, Gpx::CTrkseg const& segment) {
+    CWpt const* before = nullptr;
+    CWpt const* lower = nullptr;  // the last point with an elevation
+    for (CWpt const& point : segment.Trkpt) {
+        IncludePoint(statistics, point);
+        if (before != nullptr) statistics.m_metres += Distance(*before, point);
+        before = &point;
+        if (!point.Ele) continue;
+        if (lower != nullptr && *point.Ele > *lower->Ele) statistics.m_ascent += *point.Ele - *lower->Ele;
+        lower = &point;
     }
 }
 
@@ -78,9 +76,9 @@ std::string BoundsText(TrackStatistics const& statistics) {
 
 }  // namespace
 
-TrackStatistics Survey(Gpx::CTrack const& track) {
+TrackStatistics Survey(Gpx::CTrk const& track) {
     TrackStatistics statistics;
-    for (Gpx::CTrackSegment const* const segment : *track.GetSegments()) IncludeSegment(statistics, *segment);
+    for (Gpx::CTrkseg const& segment : track.Trkseg) IncludeSegment(statistics, segment);
     return statistics;
 }
 

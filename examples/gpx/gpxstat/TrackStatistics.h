@@ -5,7 +5,7 @@
 #include <optional>
 #include <string>
 
-#include "CTrack.h"
+#include "Gpx.h"
 
 namespace GpxStat {
 
@@ -35,7 +35,7 @@ struct TrackStatistics {
     Range<BxXmlLib5::CDecimal> m_longitudes;
 };
 
-TrackStatistics Survey(Gpx::CTrack const& track);
+TrackStatistics Survey(Gpx::CTrk const& track);
 
 /// The lines that gpxstat prints, indented.
 std::string Text(TrackStatistics const& statistics);

@@ -12,7 +12,7 @@
 #include <string_view>
 #include <vector>
 
-#include "CGpx.h"
+#include "Gpx.h"
 #include "TrackStatistics.h"
 
 namespace GpxStat {
@@ -99,41 +99,27 @@ bool Try(std::string const& file, Step step) {
         Report(file + ": " + ToUtf8(failure.GetFullMessage()));
     } catch (std::bad_alloc const&) {
         Report(file + ": not enough memory");
-    } catch (std::runtime_error const& failure) {
-        Report(file + ": " + failure.what());
     }
     return false;
 }
 
-void Read(Gpx::CGpx& gpx, std::string const& file) {
-    CXmlSerializationContext context;
-    CXmlDocument document(context.GetSchemaType());
-    document.Load(FromUtf8(file).c_str());
-    if (!document.IsComplete()) throw std::runtime_error("the document ends inside an element");
-    gpx.FromXmlElement(document.GetDocumentElement(), context);
-}
-
 void Print(Gpx::CGpx const& gpx, std::string const& file) {
-    if (gpx.GetTracks()->GetCount() == 0) std::printf("%s: no tracks\n", OneLine(file).c_str());
+    if (gpx.Trk.IsEmpty()) std::printf("%s: no tracks\n", OneLine(file).c_str());
     int number = 0;
-    for (Gpx::CTrack const* const track : *gpx.GetTracks()) {
+    for (Gpx::CTrk const& track : gpx.Trk) {
         std::string heading = file + ": track " + std::to_string(++number);
-        if (track->HasName()) heading += ": " + ToUtf8(track->GetName());
-        std::printf("%s\n%s", OneLine(heading).c_str(), Text(Survey(*track)).c_str());
+        if (track.Name) heading += ": " + Gpx::Bx::Utf8(track.Name);
+        std::printf("%s\n%s", OneLine(heading).c_str(), Text(Survey(track)).c_str());
     }
-}
-
-void Write(Gpx::CGpx const& gpx, std::string const& file) {
-    gpx.ToXmlFile(FromUtf8(file).c_str(), true, true, enc_UTF8, eol_LF, gpx.WritingContext(), cmp_None);
 }
 
 bool Run(std::string const& file, std::optional<std::string> const& output) {
     Gpx::CGpx gpx;
     bool const isRead = Try(file, [&] {
-        Read(gpx, file);
+        gpx.Load(file);
         Print(gpx, file);
     });
-    return isRead && (!output || Try(*output, [&] { Write(gpx, *output); }));
+    return isRead && (!output || Try(*output, [&] { gpx.Save(*output, Gpx::Bx::Layout::Indented); }));
 }
 
 ExitStatus Run(Options const& options) {

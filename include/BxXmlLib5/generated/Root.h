@@ -28,7 +28,8 @@ BXXMLLIB5_API void SaveRoot(CObject const& root, std::string_view path, Layout l
                             CXmlSerializationContext const& context);
 BXXMLLIB5_API std::string RootText(CObject const& root, Layout layout,
                                    CXmlSerializationContext const& context);
-BXXMLLIB5_API CXmlSerializationContext RootContext(Class const& root);
+enum class RootForm { Text, FastInfoset };
+BXXMLLIB5_API CXmlSerializationContext RootContext(CObject const& root, RootForm form);
 /// @}
 
 /// The class of a global element, over T, the class of its type, or over CObject if the type has no name.
@@ -71,8 +72,13 @@ public:
         return RootText(*this, layout, context);
     }
 
-    /// A context that declares the namespaces of the schema under its prefixes, for all ways of writing.
-    CXmlSerializationContext WritingContext() const { return RootContext(this->Describe()); }
+    /// A context for writing the document as XML text as it is now. The root's namespace is the default one, unless
+    /// untyped content has an element in no namespace, which nothing would tell from it. All others have prefixes:
+    /// those of the schema, and made-up ones where only untyped content has them.
+    CXmlSerializationContext WritingContext() const { return RootContext(*this, RootForm::Text); }
+
+    /// The same for Fast Infoset, where every namespace has a prefix, as its readers want it.
+    CXmlSerializationContext FastInfosetContext() const { return RootContext(*this, RootForm::FastInfoset); }
 };
 
 /// A typed object of untyped content, as a wildcard holds it: `CTrack const track = Bx::Read<CTrack>(gpx.Any[0]);`.

@@ -147,6 +147,7 @@ NameScope const& NamesOfObjects() {
                                                 "Save",
                                                 "ToText",
                                                 "WritingContext",
+                                                "FastInfosetContext",
                                                 "CObject",
                                                 "CGroup",
                                                 "Root",
