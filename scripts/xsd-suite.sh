@@ -81,9 +81,9 @@ mkdir -p "$work/batches"
 generate() {
     local group=${*: -2:1} schemas=${*: -1} status=0 source
     local folder=$work/$group
-    mkdir -p "$folder"
+    mkdir -p "$folder/suite"
     # shellcheck disable=SC2086 # several schemas
-    (cd "$suite" && timeout 20 "$bxgen" --program --root-element all --all-warnings -n "$group" -o "$folder" \
+    (cd "$suite" && exec timeout 20 "$bxgen" --program --root-element all --all-warnings -n "$group" -o "$folder" \
         "${@:1:$#-2}" $schemas) >"$folder/bxgen.log" 2>&1 || status=$?
     awk -v group="$group" -v status="$status" '
         match($0, / warning: .*\[[a-z-]+\]$/) {
@@ -108,7 +108,7 @@ generate() {
         printf '#include "Suite.h"\nstatic Suite::Group const suite_%s("%s", {\n' "$group" "$group"
         sed -n 's/^ *\(&.*::kClass,\)$/    \1/p' "$folder"/*Main.cpp
         echo '});'
-    } >"$folder/group.cpp"
+    } >"$folder/suite/group.cpp"
 }
 
 # culprits LOG: the groups that a compiler's messages tell of, each with its first error. Messages about the headers
@@ -117,7 +117,10 @@ culprits() {
     awk '
         match($0, /T[0-9]+\/[^:]*\.(h|cpp):/) { group = substr($0, RSTART); sub(/\/.*/, "", group) }
         match($0, /error: /) && group != "" {
-            if (!(group in seen)) print group "\t" substr($0, RSTART + RLENGTH)
+            if (!(group in seen)) {
+                sub(/^[^:]*\//, "")
+                print group "\t" $0
+            }
             seen[group]
             group = ""
         }' "$1"
@@ -127,7 +130,7 @@ culprits() {
 compile() {
     local batch=$1 groups half
     while mapfile -t groups <"$batch" && ((${#groups[@]} > 0)); do
-        printf '#include "%s/group.cpp"\n' "${groups[@]}" >"$batch.cpp"
+        printf '#include "%s/suite/group.cpp"\n' "${groups[@]}" >"$batch.cpp"
         ! $compiler -c "$batch.cpp" -o "$batch.o" 2>"$batch.log" || return 0
         culprits "$batch.log" >"$batch.culprits"
         if [[ -s $batch.culprits ]]; then
