@@ -58,6 +58,12 @@ public:
     std::string Text() const {
         return Bx::RootText(*m_object, Bx::Layout::Compact, Bx::RootContext(m_class));
     }
+    /// What is wrong with an object that was read, as the object itself tells it; empty for nothing.
+    std::string Complaint() const {
+        std::vector<wstring> const wrong = m_object->Validate();
+        if (!wrong.empty()) return "validating: " + ToUtf8(wrong.front());
+        return m_object->Clone()->Equals(*m_object) ? "" : "the copy differs";
+    }
 
 private:
     Bx::Class const& m_class;
@@ -74,6 +80,8 @@ Outcome Compare(Bx::Class const& root, std::string const& path, CXmlElement cons
     }
     char const* stage = "writing: ";
     try {
+        std::string const complaint = object.Complaint();
+        if (!complaint.empty()) return {"unequal", complaint};
         std::string const text = object.Text();
         stage = "reading what was written: ";
         std::string const difference = Suite::Difference(original, ParsedDocument(text).Root());

@@ -26,6 +26,10 @@ std::string NameOf(Node const& node) {
     return Name(node.GetNamespaceURI(), node.GetLocalName());
 }
 
+bool IsNil(CXmlElement const& element) {
+    return AreEqualValues(element.GetAttribute(u"nil", wstring(kInstance)), u"true");
+}
+
 CXmlAttribute const* Find(CXmlElement const& element, CXmlAttribute const& wanted) {
     for (CXmlAttribute const* attribute : element.GetAttributes())
         if (attribute->GetLocalName() == wanted.GetLocalName() &&
@@ -39,6 +43,7 @@ std::string Became(std::u16string_view original, std::u16string_view written) {
 }
 
 std::string AttributeDifference(CXmlElement const& original, CXmlElement const& written) {
+    if (IsNil(original) != IsNil(written)) return IsNil(original) ? " is nil no more" : " became nil";
     for (CXmlAttribute const* attribute : original.GetAttributes()) {
         if (attribute->GetNamespaceURI() == kInstance) continue;
         CXmlAttribute const* const other = Find(written, *attribute);
