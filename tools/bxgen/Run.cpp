@@ -1,13 +1,10 @@
 #include "Run.h"
 
-#include <cerrno>
-#include <cstdio>
-#include <memory>
-#include <system_error>
-
 #include "Depfile.h"
 #include "Diagnostics.h"
 #include "Options.h"
+#include "emit/Emit.h"
+#include "mapping/MakePlan.h"
 #include "schema/Dump.h"
 #include "schema/LoadSchemas.h"
 #include "xml/Catalog.h"
@@ -23,12 +20,29 @@ Catalog MakeCatalog(Options const& options, Diagnostics& diagnostics) {
     return catalog;
 }
 
-void WriteFile(std::string const& path, std::string const& octets, Diagnostics& diagnostics) {
-    std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path.c_str(), "wb"), std::fclose);
-    bool const isWritten = file && std::fwrite(octets.data(), 1, octets.size(), file.get()) == octets.size();
-    bool const isClosed = file && std::fclose(file.release()) == 0;
-    if (isWritten && isClosed) return;
-    diagnostics.FileError({}, Quoted(path) + " cannot be written: " + std::generic_category().message(errno));
+/// What --list prints: the files, then what could not keep its name.
+std::string ListText(std::vector<OutputFile> const& files, Plan const& plan) {
+    std::string text;
+    for (OutputFile const& file : files) text += file.m_path + '\n';
+    for (Renamed const& renamed : plan.m_renamed)
+        text += ToString(renamed.m_place) + ": " + renamed.m_from + " -> " + renamed.m_to + '\n';
+    return text;
+}
+
+void Generate(SchemaSet const& set, Options const& options, std::string& output, Diagnostics& diagnostics) {
+    Plan const plan = MakePlan(set, options, diagnostics);
+    if (diagnostics.HasFailed()) return;
+    std::vector<OutputFile> files = Emit(plan, options);
+    if (options.m_list || options.m_dryRun) {
+        output = ListText(files, plan);
+        return;
+    }
+    if (options.m_depfile) {
+        std::vector<std::string> targets;
+        for (OutputFile const& file : files) targets.push_back(file.m_path);
+        files.push_back({*options.m_depfile, DepfileText(targets, set.Files())});
+    }
+    WriteFiles(files, diagnostics);
 }
 
 void Work(Options const& options, std::string& output, Diagnostics& diagnostics) {
@@ -36,9 +50,11 @@ void Work(Options const& options, std::string& output, Diagnostics& diagnostics)
     if (diagnostics.HasErrors()) return;
     SchemaSet const set = LoadSchemas(options.m_schemas, catalog, diagnostics);
     if (diagnostics.HasFailed()) return;
-    if (options.m_dump) output = Dump(set);
-    if (options.m_depfile)
-        WriteFile(*options.m_depfile, DepfileText({*options.m_depfile}, set.Files()), diagnostics);
+    if (options.m_dump) {
+        output = Dump(set);
+    } else {
+        Generate(set, options, output, diagnostics);
+    }
 }
 
 }  // namespace

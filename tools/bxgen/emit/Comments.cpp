@@ -1,0 +1,72 @@
+#include "emit/Comments.h"
+
+#include "schema/Text.h"
+
+namespace BxGen {
+
+namespace {
+
+constexpr std::size_t kColumns = 110;
+
+/// Text that leaves the comment as it is: one line, no end of a comment, no backslash at the end of a line, no command
+/// of Doxygen.
+std::string Defused(std::string_view text) {
+    std::string defused;
+    for (char const c : text) {
+        if (c == '/' && defused.ends_with('*')) defused += ' ';
+        if (c == '\\' || c == '@') {
+            defused += c == '\\' ? "&#92;" : "&#64;";
+        } else if (static_cast<unsigned char>(c) < 0x20 || c == 0x7F) {
+            defused += ' ';
+        } else {
+            defused += c;
+        }
+    }
+    return defused;
+}
+
+std::string NameOfFile(std::string_view path) {
+    return std::string(path.substr(path.find_last_of('/') + 1));
+}
+
+std::string Origin(Documentation const& documentation) {
+    std::string origin = Defused(documentation.m_name);
+    if (!documentation.m_place.m_file.empty()) {
+        if (!origin.empty()) origin += ", ";
+        origin += Defused(NameOfFile(documentation.m_place.m_file));
+        if (documentation.m_place.m_line > 0) origin += ':' + std::to_string(documentation.m_place.m_line);
+    }
+    return origin.empty() ? origin : '(' + origin + ')';
+}
+
+std::string Wrapped(std::string const& text, std::string_view indent) {
+    std::string lines;
+    std::string line;
+    auto const flush = [&] {
+        if (!line.empty()) lines += std::string(indent) + "///" + line + '\n';
+        line.clear();
+    };
+    for (std::string_view const word : Items(text)) {
+        if (indent.size() + 3 + line.size() + 1 + word.size() > kColumns) flush();
+        line += ' ';
+        line += word;
+    }
+    flush();
+    return lines;
+}
+
+}  // namespace
+
+std::string Comment(Documentation const& documentation, std::string_view indent) {
+    return Wrapped(Defused(documentation.m_text) + ' ' + Origin(documentation), indent);
+}
+
+std::string MemberComment(Documentation const& documentation, std::string_view indent) {
+    return documentation.m_text.empty() ? "" : Wrapped(Defused(documentation.m_text), indent);
+}
+
+std::string TrailingComment(std::string_view text) {
+    return text.empty() ? "" : "  ///< " + Defused(text);
+}
+
+}  // namespace BxGen

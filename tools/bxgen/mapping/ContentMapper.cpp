@@ -1,0 +1,368 @@
+#include "mapping/ContentMapper.h"
+
+#include <algorithm>
+#include <climits>
+#include <utility>
+
+#include "mapping/Comments.h"
+
+namespace BxGen {
+
+namespace {
+
+using Shape = PropertyFacts::Shape;
+using Kind = PropertyKey::Kind;
+
+int Bound(std::uint64_t number) {
+    if (number == Occurs::kUnbounded) return kMany;
+    return number > INT_MAX ? (kMany) : static_cast<int>(number);
+}
+
+int LeastOf(Occurs const& occurs) {
+    return static_cast<int>(std::min<std::uint64_t>(occurs.m_min, INT_MAX));
+}
+
+bool IsRepeated(Shape shape) {
+    return shape == Shape::kValues || shape == Shape::kCollection || shape == Shape::kAnyElements;
+}
+
+/// States bounds that the kind of property does not have by itself.
+void AddBounds(RowPlan& row, Occurs const& occurs, int leastOfKind, int mostOfKind) {
+    int const least = LeastOf(occurs);
+    int const most = Bound(occurs.m_max);
+    if (least == leastOfKind && most == mostOfKind) return;
+    row.m_arguments.emplace_back(least);
+    row.m_arguments.emplace_back(most);
+}
+
+ClassPlan const* Resolved(ClassPlan const* plan) {
+    while (plan != nullptr && plan->m_isAlias) plan = plan->m_baseClass;
+    return plan;
+}
+
+}  // namespace
+
+std::string NamespacesOf(Wildcard const& wildcard, std::string_view target) {
+    if (wildcard.m_kind == Wildcard::Kind::kAny) return "##any";
+    if (wildcard.m_kind == Wildcard::Kind::kOther) return "##other";
+    std::string list;
+    for (std::string_view const uri : wildcard.m_namespaces) {
+        if (!list.empty()) list += ' ';
+        list += uri.empty() ? "##local" : uri == target ? "##targetNamespace" : uri;
+    }
+    return list;
+}
+
+void ContentMapper::Add(ContentNode node) {
+    if (!node.IsGroup() || node.IsRepeatedGroup()) {
+        // A group of the class itself has one occurrence.
+        static ModelGroup const s_sequence;
+        ContentNode whole;
+        whole.m_particle = node.m_particle;
+        whole.m_group = &s_sequence;
+        whole.m_children.push_back(std::move(node));
+        node = std::move(whole);
+    }
+    Assign(node, true, nullptr);
+    std::map<std::string_view, int> counts;
+    ChooseNamespace(node, counts);
+    std::string_view const target = m_facts.m_plan->m_xmlNamespace;
+    int most = counts[target];
+    std::string_view best = target;
+    for (auto const& [uri, count] : counts) {
+        if (count > most) {
+            most = count;
+            best = uri;
+        }
+    }
+    m_facts.m_plan->m_elementNamespace = std::string(best);
+    for (Draft const& draft : m_drafts) MakeProperty(draft);
+    AddRows(node, 0, false);
+}
+
+void ContentMapper::ChooseNamespace(ContentNode const& node, std::map<std::string_view, int>& counts) const {
+    if (node.Element() != nullptr) ++counts[node.Element()->m_name.m_namespace];
+    if (node.IsRepeatedGroup()) return;
+    for (ContentNode const& child : node.m_children) ChooseNamespace(child, counts);
+}
+
+void ContentMapper::Assign(ContentNode& node, bool isMandatory, ContentNode const* choice) {
+    if (!node.IsGroup() || node.IsRepeatedGroup()) return AssignLeaf(node, isMandatory, choice);
+    if (!node.IsChoice()) {
+        for (ContentNode& child : node.m_children) Assign(child, isMandatory && node.m_occurs.m_min > 0, nullptr);
+        return;
+    }
+    // Each member begins from what is used so far; what is used after the choice is the most that one of them uses.
+    std::map<PropertyKey, int> most;
+    std::size_t const start = m_changes.size();
+    for (ContentNode& child : node.m_children) {
+        Assign(child, false, &node);
+        for (std::size_t i = start; i < m_changes.size(); ++i) {
+            int& highest = most[m_changes[i].first];
+            highest = std::max(highest, m_used[m_changes[i].first]);
+        }
+        while (m_changes.size() > start) {
+            m_used[m_changes.back().first] = m_changes.back().second;
+            m_changes.pop_back();
+        }
+    }
+    for (auto const& [key, count] : most) m_changes.emplace_back(key, std::exchange(m_used[key], count));
+}
+
+PropertyKey ContentMapper::KeyOf(ContentNode const& node) const {
+    if (node.IsGroup()) return {Kind::kItems, {}, node.m_group, 0};
+    if (node.Element() != nullptr) return {Kind::kElement, node.Element()->m_name, nullptr, 0};
+    return {Kind::kAny, {}, nullptr, 0};
+}
+
+void ContentMapper::AssignLeaf(ContentNode& node, bool isMandatory, ContentNode const* choice) {
+    PropertyKey key = KeyOf(node);
+    int& used = m_used[key];
+    m_changes.emplace_back(key, used);
+    key.m_number = used++;
+    auto const [found, isNew] = m_draftByKey.try_emplace(key, m_drafts.size());
+    if (isNew) m_drafts.push_back({key, {}, isMandatory && node.m_occurs.m_min > 0, choice});
+    Draft& draft = m_drafts[found->second];
+    draft.m_nodes.push_back(&node);
+    if (!isNew) draft.m_isMandatory = false;
+    node.m_property = static_cast<int>(found->second);
+}
+
+void ContentMapper::MakeProperty(Draft const& draft) {
+    ContentNode const& first = *draft.m_nodes[0];
+    bool const isRepeated =
+        std::ranges::any_of(draft.m_nodes, [](ContentNode const* node) { return node->m_occurs.m_max > 1; });
+    PropertyFacts property;
+    PropertyPlan plan;
+    std::string wanted;
+    std::string_view from;
+    Options const& options = m_classes.m_mapping.m_options;
+    if (first.IsGroup()) {
+        ClassFacts& items = m_classes.Items(first);
+        property.m_shape = Shape::kCollection;
+        property.m_class = items.m_plan;
+        plan.m_type = {"Bx::Collection", nullptr, {{{}, items.m_plan, {}, {}}}, {}};
+        wanted = first.m_named != nullptr ? Camel(first.m_named->m_name.m_local, options.m_ascii) : "Items";
+        from = first.m_named != nullptr ? first.m_named->m_name.m_local : wanted;
+        plan.m_documentation = DocumentationOf(options, {&first.m_particle->m_annotation}, "", first.m_particle->m_place);
+        m_facts.m_hasItems = true;
+    } else if (first.AsWildcard() != nullptr) {
+        property.m_shape = isRepeated ? Shape::kAnyElements : Shape::kAnyElement;
+        plan.m_type.m_text = isRepeated ? "Bx::AnyElements" : "Bx::AnyElement";
+        wanted = "Any";
+        from = wanted;
+        plan.m_documentation = DocumentationOf(options, {&first.m_particle->m_annotation}, "", first.m_particle->m_place);
+    } else {
+        ElementDeclaration const& element = *first.Element();
+        MakeElement(draft, property, plan.m_type);
+        wanted = Camel(element.m_name.m_local, options.m_ascii);
+        from = element.m_name.m_local;
+        plan.m_documentation = DocumentationOf(
+            options, {&first.m_particle->m_annotation, &element.m_annotation, &element.m_type->m_annotation}, "",
+            first.m_particle->m_place);
+    }
+    if (wanted.empty()) wanted = "Element";
+    plan.m_name = m_facts.m_names.Take(wanted);
+    property.m_name = plan.m_name;
+    bool const isTwice = draft.m_key.m_number > 0 || m_facts.Find(draft.m_key) != nullptr;
+    if (isTwice) {
+        m_classes.m_mapping.m_diagnostics.Warning(
+            first.m_particle->m_place, "twice",
+            (draft.m_key.m_kind == Kind::kElement ? "element " + Quoted(from) : Quoted(from)) +
+                " stands several times in one content: this one is " + Quoted(plan.m_name) +
+                "; documents keep the order");
+    }
+    m_classes.m_names.Note(first.m_particle->m_place, from, wanted, plan.m_name, isTwice);
+    plan.m_occurrence = OccurrenceOf(draft);
+    PropertyKey key = draft.m_key;
+    while (m_facts.m_properties.contains(key)) ++key.m_number;
+    m_properties.push_back(&m_facts.m_properties.emplace(key, std::move(property)).first->second);
+    m_facts.m_plan->m_properties.push_back(std::move(plan));
+}
+
+std::string ContentMapper::OccurrenceOf(Draft const& draft) const {
+    ContentNode const& first = *draft.m_nodes[0];
+    if (draft.m_nodes.size() == 1 && first.m_occurs.m_max > 1) {
+        std::uint64_t const least = first.m_occurs.m_min, most = first.m_occurs.m_max;
+        if (most == Occurs::kUnbounded) return least > 0 ? "at least " + std::to_string(least) : "";
+        if (least == most) return "exactly " + std::to_string(most);
+        return least > 0 ? std::to_string(least) + " to " + std::to_string(most) : "up to " + std::to_string(most);
+    }
+    constexpr std::size_t kMostNamed = 6;
+    if (draft.m_choice == nullptr || draft.m_nodes.size() > 1 || draft.m_choice->m_children.size() > kMostNamed)
+        return {};
+    std::string names;
+    for (ContentNode const& member : draft.m_choice->m_children) {
+        if (member.Element() == nullptr) return {};
+        if (!names.empty()) names += ", ";
+        names += Camel(member.Element()->m_name.m_local, m_classes.m_mapping.m_options.m_ascii);
+    }
+    return "one of " + names;
+}
+
+void ContentMapper::MakeElement(Draft const& draft, PropertyFacts& property, TypeExpression& type) {
+    ContentNode const& first = *draft.m_nodes[0];
+    ElementDeclaration const& element = *first.Element();
+    bool const isRepeated =
+        std::ranges::any_of(draft.m_nodes, [](ContentNode const* node) { return node->m_occurs.m_max > 1; });
+    property.m_type = element.m_type;
+    property.m_element = &element;
+    property.m_isNillable = std::ranges::any_of(
+        draft.m_nodes, [](ContentNode const* node) { return node->Element()->m_isNillable; });
+    std::vector<ElementDeclaration const*> const alternatives = AlternativesOf(*first.m_particle);
+    if (alternatives.size() > 1 || alternatives[0] != &element)
+        return MakeObject(alternatives, isRepeated, property, type);
+    if (element.m_type->IsAnyType()) {
+        property.m_isNillable = false;
+        property.m_shape = isRepeated ? Shape::kAnyElements : Shape::kAnyElement;
+        type.m_text = isRepeated ? "Bx::AnyElements" : "Bx::AnyElement";
+    } else if (auto const* const complex = element.m_type->AsComplex()) {
+        property.m_class = &m_classes.m_names.ClassOf(*complex);
+        property.m_shape = isRepeated ? Shape::kCollection : Shape::kObject;
+        type = {isRepeated ? "Bx::Collection" : "Bx::Object", nullptr, {{{}, property.m_class, {}, {}}}, {}};
+    } else {
+        MakeValue(draft, *element.m_type->AsSimple(), isRepeated, property, type);
+    }
+}
+
+void ContentMapper::MakeObject(std::vector<ElementDeclaration const*> const& alternatives, bool isRepeated,
+                               PropertyFacts& property, TypeExpression& type) {
+    property.m_shape = isRepeated ? Shape::kCollection : Shape::kObject;
+    property.m_isNillable = false;
+    auto const* const complex = property.m_element->m_type->AsComplex();
+    TypeExpression held{"Bx::CObject", nullptr, {}, {}};
+    if (complex != nullptr && !complex->IsAnyType()) {
+        property.m_class = &m_classes.m_names.ClassOf(*complex);
+        held = {{}, property.m_class, {}, {}};
+    }
+    (void)alternatives;
+    type = {isRepeated ? "Bx::Collection" : "Bx::Object", nullptr, {std::move(held)}, {}};
+}
+
+void ContentMapper::MakeValue(Draft const& draft, SimpleType const& simple, bool isRepeated, PropertyFacts& property,
+                              TypeExpression& type) {
+    ElementDeclaration const& element = *draft.m_nodes[0]->Element();
+    TypeExpression const& value = m_classes.m_simples.Expression(simple);
+    m_classes.m_simples.CheckValues(simple, *draft.m_nodes[0]->m_particle, element.m_name.m_local);
+    bool const isAlike = std::ranges::all_of(draft.m_nodes, [&](ContentNode const* node) {
+        auto const& other = node->Element()->m_value;
+        return other.has_value() == element.m_value.has_value() &&
+               (!other || (other->m_value == element.m_value->m_value && other->m_isFixed == element.m_value->m_isFixed));
+    });
+    bool const isConstrained = element.m_value && isAlike && !isRepeated && !property.m_isNillable;
+    bool const isLost = std::ranges::any_of(
+        draft.m_nodes, [](ContentNode const* node) { return node->Element()->m_value.has_value(); });
+    if (isLost && !isConstrained) {
+        m_classes.m_mapping.m_diagnostics.Warning(
+            draft.m_nodes[0]->m_particle->m_place, "default",
+            "the default or fixed value of " + Quoted(element.m_name.m_local) +
+                " is not used, since the element is repeated, may be nil or has others elsewhere; set it in your "
+                "program");
+    }
+    if (property.m_isNillable) {
+        property.m_shape = isRepeated ? Shape::kCollection : Shape::kObject;
+        type = {isRepeated ? "Bx::Collection" : "Bx::Object",
+                nullptr,
+                {{"Bx::CNillable", nullptr, {value}, {}}},
+                {}};
+        return;
+    }
+    property.m_shape = isRepeated ? Shape::kValues : Shape::kValue;
+    property.m_isConstrained = isConstrained;
+    if (isRepeated) {
+        type = {"Bx::Values", nullptr, {value}, {}};
+    } else if (isConstrained) {
+        type = {element.m_value->m_isFixed ? "Bx::Fixed" : "Bx::WithDefault", nullptr, {value},
+                std::string(element.m_value->m_value)};
+    } else {
+        property.m_isRequired = draft.m_isMandatory;
+        type = {property.m_isRequired ? "Bx::Required" : "Bx::Optional", nullptr, {value}, {}};
+    }
+}
+
+RowPlan& ContentMapper::AddRow(int depth, std::string kind, std::string property) {
+    RowPlan& row = m_facts.m_plan->m_rows.emplace_back();
+    row.m_depth = depth;
+    row.m_kind = std::move(kind);
+    row.m_property = std::move(property);
+    return row;
+}
+
+void ContentMapper::AddRows(ContentNode const& node, int depth, bool isInChoice) {
+    if (node.IsRepeatedGroup()) {
+        AddBounds(AddRow(depth, "Items", PropertyOf(node).m_name), node.m_occurs, 0, kMany);
+    } else if (node.IsGroup()) {
+        static constexpr char const* kKinds[] = {"Sequence", "Choice", "All"};
+        RowPlan& row = AddRow(depth, kKinds[static_cast<int>(node.m_group->m_compositor)]);
+        if (node.m_occurs.m_min == 0) row.m_arguments.emplace_back(0);
+        for (ContentNode const& child : node.m_children) AddRows(child, depth + 1, node.IsChoice());
+        AddRow(depth, "End");
+    } else if (node.AsWildcard() != nullptr) {
+        AddWildcardRow(node, PropertyOf(node), depth);
+    } else {
+        AddElementRows(node, depth, isInChoice);
+    }
+}
+
+void ContentMapper::AddWildcardRow(ContentNode const& node, PropertyFacts const& property, int depth) {
+    Wildcard const& wildcard = *node.AsWildcard();
+    if (wildcard.m_processContents != ProcessContents::kSkip) {
+        m_classes.m_mapping.m_diagnostics.Warning(
+            node.m_particle->m_place, "lax",
+            "what stands for this wildcard is not validated; read it with Bx::Read into a class of its own");
+    }
+    RowPlan& row = AddRow(depth, "Any", property.m_name);
+    std::string namespaces = NamespacesOf(wildcard, m_facts.m_plan->m_xmlNamespace);
+    bool const isPlain = namespaces == "##any" && LeastOf(node.m_occurs) == 0 &&
+                         Bound(node.m_occurs.m_max) == (IsRepeated(property.m_shape) ? kMany : 1);
+    if (isPlain) return;
+    row.m_arguments.emplace_back(std::move(namespaces));
+    AddBounds(row, node.m_occurs, 0, IsRepeated(property.m_shape) ? kMany : 1);
+}
+
+void ContentMapper::AddElementRows(ContentNode const& node, int depth, bool isInChoice) {
+    PropertyFacts const& property = PropertyOf(node);
+    std::vector<ElementDeclaration const*> const alternatives = AlternativesOf(*node.m_particle);
+    if (alternatives.size() == 1) return AddElementRow(*alternatives[0], property, node.m_occurs, depth);
+    bool const needsChoice = !isInChoice || node.m_occurs != Occurs{1, 1};
+    if (needsChoice) {
+        RowPlan& row = AddRow(depth, "Choice");
+        if (node.m_occurs.m_max > 1) {
+            row.m_arguments.emplace_back(LeastOf(node.m_occurs));
+            row.m_arguments.emplace_back(Bound(node.m_occurs.m_max));
+        } else if (node.m_occurs.m_min == 0) {
+            row.m_arguments.emplace_back(0);
+        }
+    }
+    for (ElementDeclaration const* const element : alternatives)
+        AddElementRow(*element, property, {1, 1}, depth + (needsChoice ? 1 : 0));
+    if (needsChoice) AddRow(depth, "End");
+}
+
+void ContentMapper::AddElementRow(ElementDeclaration const& element, PropertyFacts const& property,
+                                  Occurs const& occurs, int depth) {
+    RowPlan& row = AddRow(depth, "Element", property.m_name);
+    bool const isObject = property.m_shape == Shape::kObject || property.m_shape == Shape::kCollection;
+    if (isObject && !(property.m_class == nullptr && property.m_isNillable)) {
+        auto const* const complex = element.m_type->AsComplex();
+        bool const hasClass = complex != nullptr && !complex->IsAnyType();
+        ClassPlan const* const plan =
+            hasClass ? &m_classes.m_names.ClassOf(*complex) : m_classes.Wrapper(element).m_plan;
+        if (Resolved(plan) != Resolved(property.m_class)) row.m_class = plan;
+    }
+    row.m_arguments.emplace_back(std::string(element.m_name.m_local));
+    if (element.m_name.m_namespace != m_facts.m_plan->m_elementNamespace) {
+        row.m_arguments.emplace_back(NamespaceArgument{std::string(element.m_name.m_namespace)});
+        m_classes.m_units.Need(element.m_name.m_namespace);
+    }
+    if (element.m_name.m_namespace.empty()) m_classes.m_mapping.m_plan.m_hasDefaultNamespace = false;
+    row.m_isNillable = element.m_isNillable && isObject;
+    bool const isRepeated = IsRepeated(property.m_shape);
+    AddBounds(row, occurs, property.m_isRequired ? 1 : 0, isRepeated ? kMany : 1);
+}
+
+bool ContentMapper::AddRestricted(ContentNode, std::vector<PropertyFacts const*>&) {
+    return false;
+}
+
+}  // namespace BxGen

@@ -1,0 +1,23 @@
+// What all parts of the mapping work on.
+#pragma once
+
+#include "Diagnostics.h"
+#include "Options.h"
+#include "mapping/Plan.h"
+#include "schema/SchemaSet.h"
+
+namespace BxGen {
+
+struct Mapping {
+    SchemaSet const& m_set;
+    Options const& m_options;
+    Diagnostics& m_diagnostics;
+    Plan& m_plan;
+};
+
+/// The namespace that a component's schema is for.
+inline std::string_view TargetNamespaceOf(Component const& component) {
+    return component.m_document != nullptr ? component.m_document->m_targetNamespace : std::string_view();
+}
+
+}  // namespace BxGen

@@ -1,0 +1,227 @@
+#include "mapping/SimpleTypeMapper.h"
+
+#include <algorithm>
+#include <climits>
+#include <set>
+
+#include "mapping/Comments.h"
+#include "mapping/Patterns.h"
+#include "schema/Text.h"
+#include "schema/XmlNames.h"
+
+namespace BxGen {
+
+namespace {
+
+/// In the order in which the kit's facets are declared. The enumeration is not among them.
+constexpr FacetKind kOrder[] = {
+    FacetKind::kPattern,      FacetKind::kLength,       FacetKind::kMinLength,    FacetKind::kMaxLength,
+    FacetKind::kMinInclusive, FacetKind::kMaxInclusive, FacetKind::kMinExclusive, FacetKind::kMaxExclusive,
+    FacetKind::kTotalDigits,  FacetKind::kFractionDigits,
+};
+
+bool IsLength(FacetKind kind) {
+    return kind == FacetKind::kLength || kind == FacetKind::kMinLength || kind == FacetKind::kMaxLength;
+}
+
+bool HasPrefixes(SimpleType const& type) {
+    return type.m_primitive == BuiltIn::kQName || type.m_primitive == BuiltIn::kNotation;
+}
+
+bool Has(SimpleType const& type, FacetKind kind) {
+    return std::ranges::find(type.m_facets, kind, &Facet::m_kind) != type.m_facets.end();
+}
+
+/// A type that takes whitespace away that its base keeps.
+bool ChangesWhiteSpace(SimpleType const& type) {
+    SimpleType const* const base = type.RestrictedType();
+    return type.m_variety == Variety::kAtomic && type.m_builtIn == BuiltIn::kNone && base != nullptr &&
+           base->m_whiteSpace != type.m_whiteSpace;
+}
+
+
+std::string PatternsOf(SimpleType const& step) {
+    std::vector<std::string_view> patterns;
+    for (Facet const* const facet : step.m_facets) {
+        if (facet->m_kind == FacetKind::kPattern) patterns.push_back(facet->m_value);
+    }
+    return patterns.empty() ? std::string() : TranslatePatterns(patterns);
+}
+
+/// The patterns of a step and of all below, as one.
+std::string AllPatternsOf(SimpleType const& type) {
+    std::string joined;
+    for (SimpleType const* step = &type; step != nullptr && step->m_builtIn == BuiltIn::kNone;
+         step = step->RestrictedType()) {
+        std::string const pattern = PatternsOf(*step);
+        if (pattern.empty()) continue;
+        joined = joined.empty() ? pattern : "(?=(?:" + pattern + ")\\z)(?:" + joined + ')';
+    }
+    return joined;
+}
+
+std::string BuiltInText(SimpleType const& type) {
+    std::string name = "Xs::" + std::string(type.m_name.m_local);
+    for (BuiltIn const keyword : {BuiltIn::kLong, BuiltIn::kInt, BuiltIn::kShort, BuiltIn::kFloat, BuiltIn::kDouble}) {
+        if (type.m_builtIn == keyword) name += '_';
+    }
+    return name;
+}
+
+/// The text of an enumeration's value under the type's whitespace rule.
+std::string ValueText(SimpleType const& type, std::string_view value) {
+    bool const isAsWritten = type.m_variety == Variety::kAtomic && type.m_whiteSpace == WhiteSpace::kPreserve;
+    return isAsWritten ? std::string(value) : Collapsed(value);
+}
+
+int Clamped(std::uint64_t number) {
+    return static_cast<int>(std::min<std::uint64_t>(number, INT_MAX));
+}
+
+std::size_t CountCharacters(std::string_view text) {
+    std::size_t count = 0;
+    for (; !text.empty(); ++count) TakeCharacter(text);
+    return count;
+}
+
+}  // namespace
+
+TypeExpression const& SimpleTypeMapper::Expression(SimpleType const& type) {
+    auto const found = m_expressions.find(&type);
+    if (found != m_expressions.end()) return found->second;
+    TypeExpression made = Make(type);
+    return m_expressions.emplace(&type, std::move(made)).first->second;
+}
+
+TypeExpression SimpleTypeMapper::Make(SimpleType const& type) {
+    if (type.m_builtIn != BuiltIn::kNone) return {BuiltInText(type), nullptr, {}, {}};
+    if (m_names.SimpleOf(type) == nullptr && type.IsAnonymous() && type.m_facets.empty()) return BaseOf(type);
+    return MakeStruct(type);
+}
+
+TypeExpression SimpleTypeMapper::BaseOf(SimpleType const& type) {
+    TypeExpression base;
+    if (type.m_derivation == kList) {
+        base.m_text = "Bx::List";
+        base.m_arguments.push_back(Expression(*type.m_item));
+    } else if (type.m_derivation == kUnion) {
+        base.m_text = "Bx::Union";
+        for (SimpleType const* const member : type.m_members) base.m_arguments.push_back(Expression(*member));
+    } else {
+        base = Expression(*type.RestrictedType());
+    }
+    return base;
+}
+
+TypeExpression SimpleTypeMapper::MakeStruct(SimpleType const& type) {
+    SimplePlan* plan = m_names.SimpleOf(type);
+    if (plan == nullptr) plan = &m_names.MakeSimple(type, m_names.SuggestionFor(&type));
+    plan->m_documentation =
+        DocumentationOf(m_mapping.m_options, {&type.m_annotation}, type.m_name.m_local, type.m_place);
+    if (IsTextEnumeration(type)) {
+        AddEnumerators(type, *plan);
+    } else if (type.m_derivation == kList || type.m_derivation == kUnion) {
+        plan->m_base = BaseOf(type);
+    } else {
+        AddFacets(type, *plan);
+    }
+    const_cast<Unit*>(plan->m_unit)->m_simples.push_back(plan);
+    return {{}, plan, {}, {}};
+}
+
+void SimpleTypeMapper::AddEnumerators(SimpleType const& type, SimplePlan& plan) {
+    plan.m_base = {"Bx::Enumeration", nullptr, {{plan.m_enum, nullptr, {}, {}}}, {}};
+    NameScope scope;
+    std::set<std::string> texts;
+    for (Facet const* const facet : type.m_facets) {
+        if (facet->m_kind != FacetKind::kEnumeration) continue;
+        std::string text = ValueText(type, facet->m_value);
+        if (!texts.insert(text).second) continue;
+        std::string name = Camel(text, m_mapping.m_options.m_ascii);
+        if (name.empty()) name = text.empty() ? "Empty" : "Value" + std::to_string(plan.m_enumerators.size() + 1);
+        plan.m_enumerators.push_back(
+            {scope.Take(name), std::move(text),
+             DocumentationOf(m_mapping.m_options, {&facet->m_annotation}, "", facet->m_place)});
+        m_names.Note(facet->m_place, facet->m_value, name, plan.m_enumerators.back().m_name, true);
+    }
+}
+
+void SimpleTypeMapper::AddFacets(SimpleType const& type, SimplePlan& plan) {
+    SimpleType const& restricted = *type.RestrictedType();
+    SimpleType const* const enumeration = type.EnumerationStep();
+    bool const isOverEnum = enumeration != nullptr && enumeration != &type && IsTextEnumeration(*enumeration);
+    bool const isWhole = ChangesWhiteSpace(type) && !isOverEnum;
+    if (isWhole) {
+        // Another base: all steps below are repeated.
+        bool const collapses = type.m_whiteSpace == WhiteSpace::kCollapse;
+        plan.m_base.m_text = collapses ? "Xs::token" : "Xs::normalizedString";
+        std::string pattern = AllPatternsOf(type);
+        if (!pattern.empty()) plan.m_facets.push_back({"pattern", std::move(pattern), false});
+        for (FacetKind const kind : kOrder) {
+            Facet const* const facet = kind == FacetKind::kPattern ? nullptr : type.Find(kind);
+            if (facet != nullptr) AddFacet(type, *facet, plan);
+        }
+        if (enumeration != nullptr) AddValues(*enumeration, plan);
+    } else {
+        plan.m_base = Expression(restricted);
+        for (FacetKind const kind : kOrder) {
+            if (!Has(type, kind)) continue;
+            if (kind == FacetKind::kPattern) {
+                plan.m_facets.push_back({"pattern", PatternsOf(type), false});
+            } else {
+                AddFacet(type, *type.Find(kind), plan);
+            }
+        }
+        if (enumeration == &type) AddValues(type, plan);
+        if (isOverEnum && enumeration != &type) KeepLengths(type, plan);
+    }
+    if (plan.m_facets.empty() && plan.m_values.empty()) {
+        plan.m_isAlias = true;
+    } else {
+        plan.m_base = {"Bx::Restriction", nullptr, {plan.m_base}, {}};
+    }
+}
+
+void SimpleTypeMapper::AddFacet(SimpleType const& type, Facet const& facet, SimplePlan& plan) {
+    bool const isNumber = IsLength(facet.m_kind) || facet.m_kind == FacetKind::kTotalDigits ||
+                          facet.m_kind == FacetKind::kFractionDigits;
+    // Names have no length, whatever a schema says of it.
+    if (IsLength(facet.m_kind) && HasPrefixes(type)) return;
+    std::string value = isNumber ? std::to_string(Clamped(facet.m_number)) : Collapsed(facet.m_value);
+    plan.m_facets.push_back({std::string(NameOf(facet.m_kind)), std::move(value), isNumber});
+}
+
+void SimpleTypeMapper::AddValues(SimpleType const& step, SimplePlan& plan) {
+    for (Facet const* const facet : step.m_facets) {
+        if (facet->m_kind == FacetKind::kEnumeration) plan.m_values.push_back(ValueText(step, facet->m_value));
+    }
+}
+
+/// The kit tests no lengths of enumerators, so those of other lengths are left out of the values.
+void SimpleTypeMapper::KeepLengths(SimpleType const& type, SimplePlan& plan) {
+    auto const removed = std::ranges::remove_if(plan.m_facets, [](FacetPlan const& facet) {
+        return facet.m_name == "length" || facet.m_name == "minLength" || facet.m_name == "maxLength";
+    });
+    if (removed.empty()) return;
+    plan.m_facets.erase(removed.begin(), removed.end());
+    if (plan.m_values.empty()) AddValues(*type.EnumerationStep(), plan);
+    std::erase_if(plan.m_values, [&](std::string const& value) {
+        auto const length = static_cast<std::uint64_t>(CountCharacters(value));
+        Facet const* const exact = type.Find(FacetKind::kLength);
+        Facet const* const least = type.Find(FacetKind::kMinLength);
+        Facet const* const most = type.Find(FacetKind::kMaxLength);
+        return (exact != nullptr && length != exact->m_number) || (least != nullptr && length < least->m_number) ||
+               (most != nullptr && length > most->m_number);
+    });
+}
+
+void SimpleTypeMapper::CheckValues(SimpleType const& type, Component const& user, std::string_view name) {
+    bool const isList = type.m_variety == Variety::kList && type.m_item != nullptr && HasPrefixes(*type.m_item);
+    if (!HasPrefixes(type) && !isList) return;
+    m_mapping.m_diagnostics.Warning(user.m_place, "qname",
+                                    "values of " + Quoted(name) +
+                                        " are text as it stands: what their prefixes stand for is lost; write them "
+                                        "with the prefixes of the schema, which documents declare");
+}
+
+}  // namespace BxGen
