@@ -42,11 +42,25 @@ TEST(SuiteValues, Equal) {
         {u"12:00:00", u"12:00:00Z", false},
         {u"2026-05-01T12:00:00-00:00", u"2026-05-01T12:00:00.0Z", true},
         {u"x:a.0", u"x:a", false},
+        {u"P1Y", u"P12M", true},
+        {u"P1DT1H", u"PT25H0.0S", true},
+        {u"P1M", u"PT1M", false},
+        {u"PT0.5S", u"PT0S", false},
+        {u"-P1D", u"P1D", false},
+        {u"P", u"P0D", false},
+        {u"P1", u"P1D", false},
     };
     for (Row const& row : rows) {
         EXPECT_EQ(Suite::AreEqualValues(row.a, row.b), row.areEqual) << std::u16string(row.a).size();
         EXPECT_EQ(Suite::AreEqualValues(row.b, row.a), row.areEqual) << std::u16string(row.b).size();
     }
+}
+
+TEST(SuiteValues, Nearest) {
+    EXPECT_TRUE(Suite::AreEqualValues(u"1267.43233E12", u"1.2674324e+15"));
+    EXPECT_TRUE(Suite::AreEqualValues(u"3.14159265358979323846", u"3.141592653589793"));
+    EXPECT_FALSE(Suite::AreEqualValues(u"3.14159265358979323846", u"3.14159265358979"));
+    EXPECT_FALSE(Suite::AreEqualValues(u"3.141592653589793", u"3.14159265358979323846"));
 }
 
 TEST(SuiteTrees, Difference) {

@@ -103,16 +103,71 @@ std::string Canonical(std::string word) {
     return word;
 }
 
-bool IsEqualWord(std::string const& a, std::string const& b) {
-    if (a == b || Canonical(a) == Canonical(b)) return true;
-    auto const number = ParseNumber(a);
-    return number && number == ParseNumber(b);
+/// Whether a number is the nearest one of a binary type to another, in the fewest digits that tell it.
+template <class Real>
+bool IsNearest(std::string const& written, std::string const& original) {
+    Real value = 0;
+    auto const result = std::from_chars(original.data(), original.data() + original.size(), value);
+    if (result.ec != std::errc() || result.ptr != original.data() + original.size()) return false;
+    char buffer[64];
+    auto const end = std::to_chars(buffer, buffer + sizeof buffer, value);
+    return ParseNumber(written) == ParseNumber({buffer, end.ptr});
+}
+
+/// Months and seconds of a duration, the seconds with their fraction.
+std::optional<std::pair<long, Number>> ParseDuration(std::string_view text) {
+    bool const isNegative = text.starts_with('-');
+    if (isNegative) text.remove_prefix(1);
+    if (!TakeCharacter(text, "P") || text.empty()) return {};
+    long months = 0;
+    long seconds = 0;
+    std::string fraction;
+    bool isTime = false;
+    while (!text.empty()) {
+        if (TakeCharacter(text, "T")) isTime = true;
+        std::string const digits = TakeDigits(text);
+        if (TakeCharacter(text, ".")) fraction = TakeDigits(text);
+        if (digits.empty() || digits.size() > 9 || text.empty()) return {};
+        long const count = std::stol(digits);
+        switch (text.front()) {
+            case 'Y':
+                months += 12 * count;
+                break;
+            case 'D':
+                seconds += 86400 * count;
+                break;
+            case 'H':
+                seconds += 3600 * count;
+                break;
+            case 'M':
+                (isTime ? seconds : months) += (isTime ? 60 : 1) * count;
+                break;
+            case 'S':
+                seconds += count;
+                break;
+            default:
+                return {};
+        }
+        text.remove_prefix(1);
+    }
+    std::string const sign = isNegative ? "-" : "";
+    return {{isNegative ? -months : months, *ParseNumber(sign + std::to_string(seconds) + '.' + fraction)}};
+}
+
+bool IsEqualWord(std::string const& original, std::string const& written) {
+    if (original == written || Canonical(original) == Canonical(written)) return true;
+    if (auto const number = ParseNumber(original)) {
+        return number == ParseNumber(written) || IsNearest<float>(written, original) ||
+               IsNearest<double>(written, original);
+    }
+    auto const duration = ParseDuration(original);
+    return duration && duration == ParseDuration(written);
 }
 
 }  // namespace
 
-bool AreEqualValues(std::u16string_view a, std::u16string_view b) {
-    return a == b || std::ranges::equal(Words(a), Words(b), IsEqualWord);
+bool AreEqualValues(std::u16string_view original, std::u16string_view written) {
+    return original == written || std::ranges::equal(Words(original), Words(written), IsEqualWord);
 }
 
 }  // namespace Suite

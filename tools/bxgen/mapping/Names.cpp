@@ -54,8 +54,12 @@ Names::Names(Mapping const& mapping, Units& units, std::vector<ElementDeclaratio
     }
     NameRoots(roots);
     for (Type const* const type : set.Types()) NameType(*type, "Type");
-    for (Type const* const type : set.AnonymousTypes()) {
-        if (!type->IsAnonymous()) NameType(*type, "Base");
+    std::vector<Type const*> types = set.Types();
+    for (Type const* const type : set.Types()) {
+        for (Type const* base = type->m_redefined; base != nullptr; base = base->m_redefined) {
+            NameType(*base, "Base");
+            types.push_back(base);
+        }
     }
     for (ElementDeclaration const* const element : set.Elements()) {
         ComplexType const* const type = element->m_type->AsComplex();
@@ -66,12 +70,7 @@ Names::Names(Mapping const& mapping, Units& units, std::vector<ElementDeclaratio
         }
     }
     for (ElementDeclaration const* const element : set.Elements()) VisitElement(*element, "");
-    for (Type const* const type : set.Types()) {
-        if (auto const* const complex = type->AsComplex()) VisitComplex(*complex, m_suggestions[type]);
-        if (auto const* const simple = type->AsSimple()) VisitSimple(*simple, m_suggestions[type]);
-    }
-    for (Type const* const type : set.AnonymousTypes()) {
-        if (type->IsAnonymous()) continue;
+    for (Type const* const type : types) {
         if (auto const* const complex = type->AsComplex()) VisitComplex(*complex, m_suggestions[type]);
         if (auto const* const simple = type->AsSimple()) VisitSimple(*simple, m_suggestions[type]);
     }
