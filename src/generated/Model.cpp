@@ -190,10 +190,12 @@ void Model::Finish(Particle& particle) {
     for (Particle const* const constMember : particle.members) {
         auto& member = const_cast<Particle&>(*constMember);
         Finish(member);
-        if (isChoice && member.property >= 0 &&
-            particle.properties.Has(static_cast<std::size_t>(member.property))) {
+        if (isChoice && member.property >= 0) {
             for (Particle const* const other : particle.members) {
-                if (other->property == member.property) const_cast<Particle*>(other)->isSubstitution = true;
+                if (other == constMember) break;
+                if (other->property != member.property) continue;
+                const_cast<Particle*>(other)->isSubstitution = true;
+                member.isSubstitution = true;
             }
         }
         particle.properties.Add(member.properties);

@@ -31,13 +31,20 @@ bool IsNamed(Class const& type, std::u16string_view name) {
 /// document knows one namespace for each prefix only.
 Class const* Find(Set const& set, std::u16string_view name, std::u16string_view namespaceUri) {
     Class const* byName = nullptr;
+    Class const* exact = nullptr;
     int named = 0;
-    for (Class const* const type : set.types) {
-        if (!IsNamed(*type, name)) continue;
-        if (BxXmlLib5::Equal(type->GetFacts().namespaceUri, namespaceUri)) return type;
-        byName = type;
+    auto const look = [&](Class const& type, char16_t const* typeNamespace) {
+        if (exact == nullptr && BxXmlLib5::Equal(typeNamespace, namespaceUri)) exact = &type;
+        byName = &type;
         ++named;
+    };
+    for (Class const* const type : set.types) {
+        if (IsNamed(*type, name)) look(*type, type->GetFacts().namespaceUri);
     }
+    for (TypeName const& other : set.typeNames) {
+        if (BxXmlLib5::Equal(other.name, name)) look(*other.type, other.namespaceUri);
+    }
+    if (exact != nullptr) return exact;
     return named == 1 ? byName : nullptr;
 }
 

@@ -21,12 +21,20 @@ struct Alias {
     char16_t const* namespaceUri;
 };
 
+/// Another name of a class: that of a type which adds nothing to the one that the class is for.
+struct TypeName {
+    char16_t const* name;
+    char16_t const* namespaceUri;
+    Class const* type;
+};
+
 /// What the classes that were generated together have in common. It is a constant:
 ///
 ///     constinit Bx::Set const kSet{.types = kTypes, .aliases = kAliases};
 struct Set {
     /// The classes of all named types, to find the one that an xsi:type names.
     std::span<Class const* const> types = {};
+    std::span<TypeName const> typeNames = {};
     std::span<Alias const> aliases = {};
     /// The namespace of the root is declared as the default one, so elements have no prefix. False where
     /// elements of the set are in no namespace.

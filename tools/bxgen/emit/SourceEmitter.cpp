@@ -58,6 +58,12 @@ std::string SourceEmitter::SetOfClasses() {
     std::string types;
     for (ClassPlan const& plan : m_plan.m_classes)
         if (plan.m_isNamedType && !plan.m_isAlias) types += "    &" + m_references.Name(plan) + "::kClass,\n";
+    std::string names;
+    for (ClassPlan const& plan : m_plan.m_classes)
+        if (plan.m_isNamedType && plan.m_isAlias)
+            names += "    {" + TextLiteral(plan.m_xmlName) + ", " +
+                     m_references.Namespace(plan.m_xmlNamespace) + ", &" + m_references.Name(plan) +
+                     "::kClass},\n";
     std::string aliases;
     for (NamespacePlan const& plan : m_plan.m_namespaces)
         if (!plan.m_prefix.empty())
@@ -71,6 +77,7 @@ std::string SourceEmitter::SetOfClasses() {
         members += '.' + std::string(name) + ", ";
     };
     add("types = kTypes", "Bx::Class const* kTypes[]", types);
+    add("typeNames = kTypeNames", "Bx::TypeName kTypeNames[]", names);
     add("aliases = kAliases", "Bx::Alias kAliases[]", aliases);
     if (!tables.empty()) tables = "namespace {\n\n" + tables + "}  // namespace\n\n";
     return tables + "constinit Bx::Set const kSet{" + members +

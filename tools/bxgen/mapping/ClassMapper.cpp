@@ -19,8 +19,9 @@ TypeExpression Text(std::string text) {
 
 /// The base of a class: of a root one more layer.
 TypeExpression BaseExpression(ClassFacts const& facts) {
-    TypeExpression base = facts.m_base != nullptr ? TypeExpression{{}, facts.m_base->m_plan, {}, {}}
-                          : Text(facts.m_plan->m_isGroup ? "Bx::CGroup" : "Bx::CObject");
+    TypeExpression base = facts.m_base != nullptr
+                              ? TypeExpression{{}, facts.m_base->m_plan, {}, {}}
+                              : Text(facts.m_plan->m_isGroup ? "Bx::CGroup" : "Bx::CObject");
     if (!facts.m_plan->m_isRoot) return base;
     return {"Bx::Root", nullptr, {std::move(base)}, {}};
 }
@@ -37,7 +38,8 @@ ComplexType const* BaseOf(ComplexType const& type) {
     return base == nullptr || base->IsAnyType() ? nullptr : base;
 }
 
-PropertyFacts& AddProperty(ClassFacts& facts, PropertyKey const& key, PropertyFacts property, PropertyPlan plan) {
+PropertyFacts& AddProperty(ClassFacts& facts, PropertyKey const& key, PropertyFacts property,
+                           PropertyPlan plan) {
     facts.m_plan->m_properties.push_back(std::move(plan));
     return facts.m_properties.emplace(key, std::move(property)).first->second;
 }
@@ -54,7 +56,6 @@ ClassFacts& ClassMapper::NewFacts(ClassPlan& plan, ClassFacts* base) {
     }
     if (base != nullptr) {
         plan.m_baseClass = base->m_plan;
-        facts->m_hasItems = base->m_hasItems;
         facts->m_isMixed = base->m_isMixed;
     }
     m_units.Need(plan.m_xmlNamespace);
@@ -138,14 +139,16 @@ void ClassMapper::AddContent(ComplexType const& type, Particle const* particle, 
 /// Attributes and what else comes after the content.
 void ClassMapper::AddOwn(ComplexType const& type, ComplexType const* base, ClassFacts& facts) {
     bool const isRestricted = base != nullptr && type.m_derivation == kRestriction;
-    if (!isRestricted) AddAttributes(type.m_attributes, base != nullptr ? base->m_attributes.size() : 0, facts);
+    if (!isRestricted)
+        AddAttributes(type.m_attributes, base != nullptr ? base->m_attributes.size() : 0, facts);
     if (m_names.NeedsNil(type)) AddNil(facts);
-    if (type.m_wildcard != nullptr && !isRestricted && (base == nullptr || type.m_wildcard != base->m_wildcard))
+    if (type.m_wildcard != nullptr && !isRestricted &&
+        (base == nullptr || type.m_wildcard != base->m_wildcard))
         AddAnyAttribute(*type.m_wildcard, facts);
 }
 
-void ClassMapper::AddText(Component const& user, SimpleType const& type, std::optional<ValueConstraint> const& value,
-                          ClassFacts& facts) {
+void ClassMapper::AddText(Component const& user, SimpleType const& type,
+                          std::optional<ValueConstraint> const& value, ClassFacts& facts) {
     TypeExpression const& expression = m_simples.Expression(type);
     m_simples.CheckValues(type, user, facts.m_plan->m_xmlName);
     PropertyFacts property;
@@ -155,7 +158,9 @@ void ClassMapper::AddText(Component const& user, SimpleType const& type, std::op
     plan.m_name = property.m_name;
     plan.m_documentation.m_place = user.m_place;
     if (value) {
-        plan.m_type = {value->m_isFixed ? "Bx::Fixed" : "Bx::WithDefault", nullptr, {expression},
+        plan.m_type = {value->m_isFixed ? "Bx::Fixed" : "Bx::WithDefault",
+                       nullptr,
+                       {expression},
                        std::string(value->m_value)};
     } else {
         plan.m_type = {"Bx::Required", nullptr, {expression}, {}};
@@ -168,10 +173,11 @@ void ClassMapper::AddText(Component const& user, SimpleType const& type, std::op
 void ClassMapper::AddMixedText(Component const& user, std::string_view name, ClassFacts& facts) {
     if (facts.m_isMixed) return;
     facts.m_isMixed = true;
-    m_mapping.m_diagnostics.Warning(user.m_place, "mixed",
-                                    "content of " + Quoted(name) +
-                                        " is mixed: the place of its text among the children is lost; keep such "
-                                        "content untyped where the place matters");
+    m_mapping.m_diagnostics.Warning(
+        user.m_place, "mixed",
+        "content of " + Quoted(name) +
+            " is mixed: the place of its text among the children is lost; keep such "
+            "content untyped where the place matters");
     PropertyFacts property;
     property.m_name = facts.m_names.Take("Text");
     PropertyPlan plan;
@@ -182,7 +188,8 @@ void ClassMapper::AddMixedText(Component const& user, std::string_view name, Cla
     AddProperty(facts, {Kind::kText, {}, nullptr, 0}, std::move(property), std::move(plan));
 }
 
-void ClassMapper::AddAttributes(std::vector<AttributeUse const*> const& uses, std::size_t from, ClassFacts& facts) {
+void ClassMapper::AddAttributes(std::vector<AttributeUse const*> const& uses, std::size_t from,
+                                ClassFacts& facts) {
     for (std::size_t i = from; i < uses.size(); ++i) AddAttribute(*uses[i], facts);
 }
 
@@ -202,28 +209,37 @@ void ClassMapper::AddAttribute(AttributeUse const& use, ClassFacts& facts) {
     plan.m_name = property.m_name;
     m_names.Note(use.m_place, attribute.m_name.m_local, wanted, plan.m_name);
     if (use.m_value) {
-        plan.m_type = {use.m_value->m_isFixed ? "Bx::Fixed" : "Bx::WithDefault", nullptr, {value},
+        plan.m_type = {use.m_value->m_isFixed ? "Bx::Fixed" : "Bx::WithDefault",
+                       nullptr,
+                       {value},
                        std::string(use.m_value->m_value)};
     } else {
         plan.m_type = {isRequired ? "Bx::Required" : "Bx::Optional", nullptr, {value}, {}};
     }
     plan.m_documentation = DocumentationOf(
-        m_mapping.m_options, {&use.m_annotation, &attribute.m_annotation, &attribute.m_type->m_annotation}, "",
-        use.m_place);
+        m_mapping.m_options, {&use.m_annotation, &attribute.m_annotation, &attribute.m_type->m_annotation},
+        "", use.m_place);
+    AddAttributeRow(use, property, facts);
+    AddProperty(facts, {Kind::kAttribute, attribute.m_name, nullptr, 0}, std::move(property),
+                std::move(plan));
+}
+
+void ClassMapper::AddAttributeRow(AttributeUse const& use, PropertyFacts const& property, ClassFacts& facts) {
+    QName const& name = use.m_declaration->m_name;
     RowPlan& row = AddRow(facts, "Attribute", property.m_name);
-    row.m_arguments.emplace_back(std::string(attribute.m_name.m_local));
-    std::string_view const uri = attribute.m_name.m_namespace;
-    bool const needsMinimum = isRequired && use.m_value;
+    row.m_arguments.emplace_back(std::string(name.m_local));
+    std::string_view const uri = name.m_namespace;
+    bool const needsMinimum = use.m_use == Use::kRequired && !property.m_isRequired;
     if (!uri.empty() || needsMinimum) row.m_arguments.emplace_back(NamespaceArgument{std::string(uri)});
     if (needsMinimum) row.m_arguments.emplace_back(1);
     m_units.Need(uri);
-    AddProperty(facts, {Kind::kAttribute, attribute.m_name, nullptr, 0}, std::move(property), std::move(plan));
 }
 
 void ClassMapper::AddAnyAttribute(Wildcard const& wildcard, ClassFacts& facts) {
     if (wildcard.m_processContents != ProcessContents::kSkip) {
         m_mapping.m_diagnostics.Warning(
-            wildcard.m_place, "lax", "attributes that stand for this wildcard are not validated; test them in your program");
+            wildcard.m_place, "lax",
+            "attributes that stand for this wildcard are not validated; test them in your program");
     }
     PropertyKey const key{Kind::kAnyAttribute, {}, nullptr, 0};
     std::string name;
@@ -290,16 +306,16 @@ void ClassMapper::Root(ElementDeclaration const& element) {
     if (isOfClass && &m_names.ClassOf(*complex) == &plan) {
         Class(*complex);
         // What the element says goes before what its type says.
-        Documentation own = DocumentationOf(m_mapping.m_options, {&element.m_annotation}, element.m_name.m_local,
-                                            element.m_place);
+        Documentation own = DocumentationOf(m_mapping.m_options, {&element.m_annotation},
+                                            element.m_name.m_local, element.m_place);
         if (own.m_text.empty()) own.m_text = std::move(plan.m_documentation.m_text);
         plan.m_documentation = std::move(own);
         if (element.m_isNillable) AddRow(*m_facts.at(&plan), "MayBeNil");
         return;
     }
     ClassFacts& facts = NewFacts(plan, isOfClass ? &Class(*complex) : nullptr);
-    plan.m_documentation = DocumentationOf(m_mapping.m_options, {&element.m_annotation}, element.m_name.m_local,
-                                           element.m_place);
+    plan.m_documentation = DocumentationOf(m_mapping.m_options, {&element.m_annotation},
+                                           element.m_name.m_local, element.m_place);
     if (isOfClass) {
         plan.m_base = BaseExpression(facts);
         AddRow(facts, "Inherit").m_class = facts.m_base->m_plan;
@@ -323,8 +339,8 @@ ClassFacts& ClassMapper::Wrapper(ElementDeclaration const& element) {
     plan = &m_names.MakeClass(Camel(element.m_name.m_local, m_mapping.m_options.m_ascii), element, "Element");
     plan->m_xmlName = element.m_name.m_local;
     ClassFacts& facts = NewFacts(*plan, nullptr);
-    plan->m_documentation = DocumentationOf(m_mapping.m_options, {&element.m_annotation}, element.m_name.m_local,
-                                            element.m_place);
+    plan->m_documentation = DocumentationOf(m_mapping.m_options, {&element.m_annotation},
+                                            element.m_name.m_local, element.m_place);
     FillFromElement(element, facts);
     Publish(*plan);
     std::unique_ptr<ClassFacts>& again = m_facts[&element];
@@ -337,17 +353,19 @@ ClassFacts& ClassMapper::Items(ContentNode const& node) {
     auto const found = m_facts.find(node.m_group);
     if (found != m_facts.end()) return *found->second;
     Component const& component = *node.m_group;
-    std::string_view const local = node.m_named != nullptr ? node.m_named->m_name.m_local : std::string_view();
-    std::string const name =
-        node.m_named != nullptr ? m_names.SuggestionFor(node.m_named->m_group) : m_names.SuggestionFor(node.m_group);
+    std::string_view const local =
+        node.m_named != nullptr ? node.m_named->m_name.m_local : std::string_view();
+    std::string const name = node.m_named != nullptr ? m_names.SuggestionFor(node.m_named->m_group)
+                                                     : m_names.SuggestionFor(node.m_group);
     ClassPlan& plan = m_names.MakeClass(name, component, "Item");
     plan.m_isGroup = true;
     plan.m_xmlName = local;
     ClassFacts& facts = NewFacts(plan, nullptr);
-    plan.m_documentation = DocumentationOf(
-        m_mapping.m_options,
-        {node.m_named != nullptr ? &node.m_named->m_annotation : &component.m_annotation, &component.m_annotation}, local,
-        node.m_named != nullptr ? node.m_named->m_place : component.m_place);
+    plan.m_documentation =
+        DocumentationOf(m_mapping.m_options,
+                        {node.m_named != nullptr ? &node.m_named->m_annotation : &component.m_annotation,
+                         &component.m_annotation},
+                        local, node.m_named != nullptr ? node.m_named->m_place : component.m_place);
     plan.m_base = BaseExpression(facts);
     ContentNode inner = node;
     inner.m_occurs = {1, 1};
@@ -360,8 +378,70 @@ ClassFacts& ClassMapper::Items(ContentNode const& node) {
     return *alias;
 }
 
-bool ClassMapper::Restrict(ComplexType const&, ClassFacts&, ClassFacts&) {
-    return false;
+bool ClassMapper::Restrict(ComplexType const& type, ClassFacts& base, ClassFacts& facts) {
+    std::set<PropertyFacts const*> used;
+    bool isNarrower = false;
+    AddRow(facts, "Restrict").m_class = base.m_plan;
+    std::optional<ContentNode> node;
+    if (type.m_particle != nullptr) node = Normalised(*type.m_particle, m_mapping.m_diagnostics);
+    if (node && !ContentMapper(*this, facts).AddRestricted(std::move(*node), used, isNarrower)) {
+        facts.m_plan->m_rows.clear();
+        return false;
+    }
+    if (type.m_content == ContentKind::kSimple || type.m_content == ContentKind::kMixed) {
+        PropertyFacts const* const text = base.Find({Kind::kText, {}, nullptr, 0});
+        if (text == nullptr) {
+            facts.m_plan->m_rows.clear();
+            return false;
+        }
+        used.insert(text);
+        AddRow(facts, "Text", text->m_name);
+        if (type.m_content == ContentKind::kSimple && text->m_type != type.m_simpleContent) isNarrower = true;
+    }
+    for (AttributeUse const* const use : type.m_attributes) RestrictAttribute(*use, facts, used, isNarrower);
+    PropertyFacts const* const nil = base.Find({Kind::kNil, {}, nullptr, 0});
+    if (nil != nullptr) {
+        used.insert(nil);
+        AddRow(facts, "NilMark", nil->m_name);
+    } else if (m_names.NeedsNil(type)) {
+        AddNil(facts);
+    }
+    if (type.m_wildcard != nullptr) {
+        AddAnyAttribute(*type.m_wildcard, facts);
+        used.insert(facts.Find({Kind::kAnyAttribute, {}, nullptr, 0}));
+    }
+    Prohibit(base, used, facts);
+    if (isNarrower) {
+        m_mapping.m_diagnostics.Warning(
+            type.m_place, "restriction",
+            Quoted(facts.m_plan->m_xmlName) + " restricts values of " + Quoted(base.m_plan->m_xmlName) +
+                ", whose properties take what that takes; test the difference in your "
+                "program");
+    }
+    return true;
+}
+
+void ClassMapper::RestrictAttribute(AttributeUse const& use, ClassFacts& facts,
+                                    std::set<PropertyFacts const*>& used, bool& isNarrower) {
+    AttributeDeclaration const& attribute = *use.m_declaration;
+    PropertyFacts const* const property = facts.Find({Kind::kAttribute, attribute.m_name, nullptr, 0});
+    // What a wildcard of the base let in.
+    if (property == nullptr) return AddAttribute(use, facts);
+    used.insert(property);
+    bool const isFixed = use.m_value && use.m_value->m_isFixed;
+    if (property->m_type != attribute.m_type || (isFixed && !property->m_isConstrained)) isNarrower = true;
+    AddAttributeRow(use, *property, facts);
+}
+
+void ClassMapper::Prohibit(ClassFacts const& base, std::set<PropertyFacts const*> const& used,
+                           ClassFacts& facts) {
+    for (ClassFacts const* one = &base; one != nullptr; one = one->m_base) {
+        for (auto const& [key, property] : one->m_properties) {
+            if (used.contains(&property)) continue;
+            std::string const name = key.m_name.IsEmpty() ? property.m_name : std::string(key.m_name.m_local);
+            AddRow(facts, "Prohibited", property.m_name).m_arguments.emplace_back(name);
+        }
+    }
 }
 
 }  // namespace BxGen

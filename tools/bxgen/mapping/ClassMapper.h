@@ -3,6 +3,7 @@
 
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -47,7 +48,13 @@ private:
     void AddAnything(ElementDeclaration const& element, ClassFacts& facts);
     void FillFromElement(ElementDeclaration const& element, ClassFacts& facts);
 
+    /// Rows over the properties of the base.
+    /// @return false, with nothing added, if that cannot be
     bool Restrict(ComplexType const& type, ClassFacts& base, ClassFacts& facts);
+    void RestrictAttribute(AttributeUse const& use, ClassFacts& facts, std::set<PropertyFacts const*>& used,
+                           bool& isNarrower);
+    void Prohibit(ClassFacts const& base, std::set<PropertyFacts const*> const& used, ClassFacts& facts);
+    void AddAttributeRow(AttributeUse const& use, PropertyFacts const& property, ClassFacts& facts);
 
     /// The class of the items of a repeated group.
     ClassFacts& Items(ContentNode const& node);

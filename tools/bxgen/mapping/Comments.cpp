@@ -30,8 +30,7 @@ XmlElement const* Find(XmlElement const& element, std::string_view name) {
 
 std::string TextIn(Options const& options, Annotation const& annotation) {
     for (XmlElement const* const element : annotation.m_documentation) {
-        XmlElement const* const part =
-            options.m_docElement ? Find(*element, *options.m_docElement) : element;
+        XmlElement const* const part = options.m_docElement ? Find(*element, *options.m_docElement) : element;
         if (part == nullptr) continue;
         std::string text = FirstParagraph(TextOf(*part));
         if (!text.empty()) return text;

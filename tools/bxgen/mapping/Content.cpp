@@ -17,8 +17,9 @@ std::uint64_t Product(std::uint64_t a, std::uint64_t b) {
 /// The bounds of a member within a group that holds nothing else; nothing if some count between is impossible.
 std::optional<Occurs> Multiplied(Occurs const& group, Occurs const& member) {
     // Another round adds counts from its least to its most; the gap, if any, is widest after the first ones.
-    bool const isContiguous = group.m_min == group.m_max || member.m_min == 0 ||
-                              Product(group.m_min + 1, member.m_min) - 1 <= Product(group.m_min, member.m_max);
+    bool const isContiguous =
+        group.m_min == group.m_max || member.m_min == 0 ||
+        Product(group.m_min + 1, member.m_min) - 1 <= Product(group.m_min, member.m_max);
     if (!isContiguous) return std::nullopt;
     return Occurs{Product(group.m_min, member.m_min), Product(group.m_max, member.m_max)};
 }
@@ -37,10 +38,11 @@ public:
             return MakeGroup(std::move(node));
         }
         if (node.Element() != nullptr && AlternativesOf(particle).empty()) {
-            m_diagnostics.Warning(particle.m_place, "open-subst",
-                                  "element " + Quoted(node.Element()->m_name.m_local) +
-                                      " is abstract and none of these schemas has one that may stand for it: it is "
-                                      "left out; name the schema that has them too");
+            m_diagnostics.Warning(
+                particle.m_place, "open-subst",
+                "element " + Quoted(node.Element()->m_name.m_local) +
+                    " is abstract and none of these schemas has one that may stand for it: it is "
+                    "left out; name the schema that has them too");
             return std::nullopt;
         }
         return node;

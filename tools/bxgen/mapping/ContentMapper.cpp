@@ -56,7 +56,7 @@ std::string NamespacesOf(Wildcard const& wildcard, std::string_view target) {
     return list;
 }
 
-void ContentMapper::Add(ContentNode node) {
+void ContentMapper::Prepare(ContentNode& node) {
     if (!node.IsGroup() || node.IsRepeatedGroup()) {
         // A group of the class itself has one occurrence.
         static ModelGroup const s_sequence;
@@ -79,8 +79,69 @@ void ContentMapper::Add(ContentNode node) {
         }
     }
     m_facts.m_plan->m_elementNamespace = std::string(best);
+}
+
+void ContentMapper::Add(ContentNode node) {
+    Prepare(node);
     for (Draft const& draft : m_drafts) MakeProperty(draft);
     AddRows(node, 0, false);
+}
+
+bool ContentMapper::AddRestricted(ContentNode node, std::set<PropertyFacts const*>& used, bool& isNarrower) {
+    m_isRestriction = true;
+    Prepare(node);
+    for (Draft const& draft : m_drafts) {
+        PropertyFacts const* const property = FindRestricted(draft, isNarrower);
+        if (property == nullptr) return false;
+        m_properties.push_back(property);
+    }
+    used.insert(m_properties.begin(), m_properties.end());
+    AddRows(node, 0, false);
+    return true;
+}
+
+namespace {
+
+/// The property of a substitution group, in a class or its bases, that an element is a member of.
+PropertyFacts const* FindHead(ClassFacts const* facts, ElementDeclaration const& element) {
+    for (; facts != nullptr; facts = facts->m_base) {
+        for (auto const& [key, property] : facts->m_properties) {
+            if (key.m_kind != Kind::kElement || property.m_element->m_substitutes.empty()) continue;
+            for (ElementDeclaration const* head = element.m_head; head != nullptr; head = head->m_head) {
+                if (head == property.m_element) return &property;
+            }
+        }
+    }
+    return nullptr;
+}
+
+bool IsClass(ElementDeclaration const& element) {
+    return element.m_type->AsComplex() != nullptr && !element.m_type->IsAnyType();
+}
+
+}  // namespace
+
+PropertyFacts const* ContentMapper::FindRestricted(Draft const& draft, bool& isNarrower) const {
+    ContentNode const& first = *draft.m_nodes[0];
+    ElementDeclaration const* const element = first.Element();
+    PropertyFacts const* property = m_facts.m_base->Find(draft.m_key);
+    if (property == nullptr && element != nullptr && draft.m_key.m_number == 0)
+        property = FindHead(m_facts.m_base, *element);
+    if (property == nullptr) return nullptr;
+    bool const isRepeated =
+        std::ranges::any_of(draft.m_nodes, [](ContentNode const* node) { return node->m_occurs.m_max > 1; });
+    if (isRepeated && !IsRepeated(property->m_shape)) return nullptr;
+    if (element == nullptr) return property;
+    bool const isObject = property->m_shape == Shape::kObject || property->m_shape == Shape::kCollection;
+    bool const isAny = property->m_shape == Shape::kAnyElement || property->m_shape == Shape::kAnyElements;
+    bool const holdsNillable = isObject && property->m_isNillable && property->m_class == nullptr;
+    bool const hasClass = IsClass(*element);
+    if (isObject ? hasClass == holdsNillable : !isAny && hasClass) return nullptr;
+    if (isObject && property->m_class != nullptr && !hasClass) return nullptr;
+    if (!hasClass && element->m_type != property->m_type) isNarrower = true;
+    bool const isFixed = element->m_value && element->m_value->m_isFixed;
+    if (isFixed && !property->m_isConstrained) isNarrower = true;
+    return property;
 }
 
 void ContentMapper::ChooseNamespace(ContentNode const& node, std::map<std::string_view, int>& counts) const {
@@ -92,10 +153,12 @@ void ContentMapper::ChooseNamespace(ContentNode const& node, std::map<std::strin
 void ContentMapper::Assign(ContentNode& node, bool isMandatory, ContentNode const* choice) {
     if (!node.IsGroup() || node.IsRepeatedGroup()) return AssignLeaf(node, isMandatory, choice);
     if (!node.IsChoice()) {
-        for (ContentNode& child : node.m_children) Assign(child, isMandatory && node.m_occurs.m_min > 0, nullptr);
+        for (ContentNode& child : node.m_children)
+            Assign(child, isMandatory && node.m_occurs.m_min > 0, nullptr);
         return;
     }
-    // Each member begins from what is used so far; what is used after the choice is the most that one of them uses.
+    // Each member begins from what is used so far; what is used after the choice is the most that one of them
+    // uses.
     std::map<PropertyKey, int> most;
     std::size_t const start = m_changes.size();
     for (ContentNode& child : node.m_children) {
@@ -120,7 +183,12 @@ PropertyKey ContentMapper::KeyOf(ContentNode const& node) const {
 
 void ContentMapper::AssignLeaf(ContentNode& node, bool isMandatory, ContentNode const* choice) {
     PropertyKey key = KeyOf(node);
-    int& used = m_used[key];
+    auto const [known, isFirst] = m_used.try_emplace(key, 0);
+    int& used = known->second;
+    for (PropertyKey inBase = key; isFirst && !m_isRestriction && m_facts.m_base != nullptr;
+         inBase.m_number = ++used) {
+        if (m_facts.m_base->Find(inBase) == nullptr) break;
+    }
     m_changes.emplace_back(key, used);
     key.m_number = used++;
     auto const [found, isNew] = m_draftByKey.try_emplace(key, m_drafts.size());
@@ -147,27 +215,28 @@ void ContentMapper::MakeProperty(Draft const& draft) {
         plan.m_type = {"Bx::Collection", nullptr, {{{}, items.m_plan, {}, {}}}, {}};
         wanted = first.m_named != nullptr ? Camel(first.m_named->m_name.m_local, options.m_ascii) : "Items";
         from = first.m_named != nullptr ? first.m_named->m_name.m_local : wanted;
-        plan.m_documentation = DocumentationOf(options, {&first.m_particle->m_annotation}, "", first.m_particle->m_place);
-        m_facts.m_hasItems = true;
+        plan.m_documentation =
+            DocumentationOf(options, {&first.m_particle->m_annotation}, "", first.m_particle->m_place);
     } else if (first.AsWildcard() != nullptr) {
         property.m_shape = isRepeated ? Shape::kAnyElements : Shape::kAnyElement;
         plan.m_type.m_text = isRepeated ? "Bx::AnyElements" : "Bx::AnyElement";
         wanted = "Any";
         from = wanted;
-        plan.m_documentation = DocumentationOf(options, {&first.m_particle->m_annotation}, "", first.m_particle->m_place);
+        plan.m_documentation =
+            DocumentationOf(options, {&first.m_particle->m_annotation}, "", first.m_particle->m_place);
     } else {
         ElementDeclaration const& element = *first.Element();
         MakeElement(draft, property, plan.m_type);
         wanted = Camel(element.m_name.m_local, options.m_ascii);
         from = element.m_name.m_local;
         plan.m_documentation = DocumentationOf(
-            options, {&first.m_particle->m_annotation, &element.m_annotation, &element.m_type->m_annotation}, "",
-            first.m_particle->m_place);
+            options, {&first.m_particle->m_annotation, &element.m_annotation, &element.m_type->m_annotation},
+            "", first.m_particle->m_place);
     }
     if (wanted.empty()) wanted = "Element";
     plan.m_name = m_facts.m_names.Take(wanted);
     property.m_name = plan.m_name;
-    bool const isTwice = draft.m_key.m_number > 0 || m_facts.Find(draft.m_key) != nullptr;
+    bool const isTwice = draft.m_key.m_number > 0;
     if (isTwice) {
         m_classes.m_mapping.m_diagnostics.Warning(
             first.m_particle->m_place, "twice",
@@ -177,9 +246,7 @@ void ContentMapper::MakeProperty(Draft const& draft) {
     }
     m_classes.m_names.Note(first.m_particle->m_place, from, wanted, plan.m_name, isTwice);
     plan.m_occurrence = OccurrenceOf(draft);
-    PropertyKey key = draft.m_key;
-    while (m_facts.m_properties.contains(key)) ++key.m_number;
-    m_properties.push_back(&m_facts.m_properties.emplace(key, std::move(property)).first->second);
+    m_properties.push_back(&m_facts.m_properties.emplace(draft.m_key, std::move(property)).first->second);
     m_facts.m_plan->m_properties.push_back(std::move(plan));
 }
 
@@ -189,10 +256,12 @@ std::string ContentMapper::OccurrenceOf(Draft const& draft) const {
         std::uint64_t const least = first.m_occurs.m_min, most = first.m_occurs.m_max;
         if (most == Occurs::kUnbounded) return least > 0 ? "at least " + std::to_string(least) : "";
         if (least == most) return "exactly " + std::to_string(most);
-        return least > 0 ? std::to_string(least) + " to " + std::to_string(most) : "up to " + std::to_string(most);
+        return least > 0 ? std::to_string(least) + " to " + std::to_string(most)
+                         : "up to " + std::to_string(most);
     }
     constexpr std::size_t kMostNamed = 6;
-    if (draft.m_choice == nullptr || draft.m_nodes.size() > 1 || draft.m_choice->m_children.size() > kMostNamed)
+    if (draft.m_choice == nullptr || draft.m_nodes.size() > 1 ||
+        draft.m_choice->m_children.size() > kMostNamed)
         return {};
     std::string names;
     for (ContentNode const& member : draft.m_choice->m_children) {
@@ -242,15 +311,16 @@ void ContentMapper::MakeObject(std::vector<ElementDeclaration const*> const& alt
     type = {isRepeated ? "Bx::Collection" : "Bx::Object", nullptr, {std::move(held)}, {}};
 }
 
-void ContentMapper::MakeValue(Draft const& draft, SimpleType const& simple, bool isRepeated, PropertyFacts& property,
-                              TypeExpression& type) {
+void ContentMapper::MakeValue(Draft const& draft, SimpleType const& simple, bool isRepeated,
+                              PropertyFacts& property, TypeExpression& type) {
     ElementDeclaration const& element = *draft.m_nodes[0]->Element();
     TypeExpression const& value = m_classes.m_simples.Expression(simple);
     m_classes.m_simples.CheckValues(simple, *draft.m_nodes[0]->m_particle, element.m_name.m_local);
     bool const isAlike = std::ranges::all_of(draft.m_nodes, [&](ContentNode const* node) {
         auto const& other = node->Element()->m_value;
         return other.has_value() == element.m_value.has_value() &&
-               (!other || (other->m_value == element.m_value->m_value && other->m_isFixed == element.m_value->m_isFixed));
+               (!other || (other->m_value == element.m_value->m_value &&
+                           other->m_isFixed == element.m_value->m_isFixed));
     });
     bool const isConstrained = element.m_value && isAlike && !isRepeated && !property.m_isNillable;
     bool const isLost = std::ranges::any_of(
@@ -275,7 +345,9 @@ void ContentMapper::MakeValue(Draft const& draft, SimpleType const& simple, bool
     if (isRepeated) {
         type = {"Bx::Values", nullptr, {value}, {}};
     } else if (isConstrained) {
-        type = {element.m_value->m_isFixed ? "Bx::Fixed" : "Bx::WithDefault", nullptr, {value},
+        type = {element.m_value->m_isFixed ? "Bx::Fixed" : "Bx::WithDefault",
+                nullptr,
+                {value},
                 std::string(element.m_value->m_value)};
     } else {
         property.m_isRequired = draft.m_isMandatory;
@@ -362,10 +434,6 @@ void ContentMapper::AddElementRow(ElementDeclaration const& element, PropertyFac
     row.m_isNillable = element.m_isNillable && isObject;
     bool const isRepeated = IsRepeated(property.m_shape);
     AddBounds(row, occurs, property.m_isRequired ? 1 : 0, isRepeated ? kMany : 1);
-}
-
-bool ContentMapper::AddRestricted(ContentNode, std::vector<PropertyFacts const*>&) {
-    return false;
 }
 
 }  // namespace BxGen

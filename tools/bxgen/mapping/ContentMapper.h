@@ -2,6 +2,7 @@
 #pragma once
 
 #include <map>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -18,8 +19,10 @@ public:
     void Add(ContentNode node);
 
     /// Adds rows over the properties of the bases.
+    /// @param used is given the properties that have rows
+    /// @param isNarrower becomes true if values are restricted, which a base's properties do not test
     /// @return false if some particle has no property there; nothing is added then
-    bool AddRestricted(ContentNode node, std::vector<PropertyFacts const*>& used);
+    bool AddRestricted(ContentNode node, std::set<PropertyFacts const*>& used, bool& isNarrower);
 
 private:
     struct Draft {
@@ -29,6 +32,8 @@ private:
         ContentNode const* m_choice = nullptr;  ///< in which the first one stands
     };
 
+    void Prepare(ContentNode& node);
+    PropertyFacts const* FindRestricted(Draft const& draft, bool& isNarrower) const;
     void Assign(ContentNode& node, bool isMandatory, ContentNode const* choice);
     void AssignLeaf(ContentNode& node, bool isMandatory, ContentNode const* choice);
     PropertyKey KeyOf(ContentNode const& node) const;
@@ -47,10 +52,13 @@ private:
                        int depth);
     void AddWildcardRow(ContentNode const& node, PropertyFacts const& property, int depth);
     RowPlan& AddRow(int depth, std::string kind, std::string property = {});
-    PropertyFacts const& PropertyOf(ContentNode const& node) const { return *m_properties[static_cast<std::size_t>(node.m_property)]; }
+    PropertyFacts const& PropertyOf(ContentNode const& node) const {
+        return *m_properties[static_cast<std::size_t>(node.m_property)];
+    }
 
     ClassMapper& m_classes;
     ClassFacts& m_facts;
+    bool m_isRestriction = false;
     std::vector<Draft> m_drafts;
     std::map<PropertyKey, std::size_t> m_draftByKey;
     std::map<PropertyKey, int> m_used;  ///< how many of one name do not exclude each other so far

@@ -50,16 +50,18 @@ Names::Names(Mapping const& mapping, Units& units, std::vector<ElementDeclaratio
     ReadNamesFile();
     SchemaSet const& set = mapping.m_set;
     if (mapping.m_plan.m_units.size() > 1) {
-        for (Unit const& unit : mapping.m_plan.m_units) m_typeScope.Add(unit.m_name.substr(0, unit.m_name.find(':')));
+        for (Unit const& unit : mapping.m_plan.m_units)
+            m_typeScope.Add(unit.m_name.substr(0, unit.m_name.find(':')));
     }
     NameRoots(roots);
-    for (Type const* const type : set.Types()) NameType(*type, "Type");
-    std::vector<Type const*> types = set.Types();
+    std::vector<std::pair<Type const*, std::string_view>> types;
+    for (Type const* const type : set.Types()) types.emplace_back(type, "Type");
     for (Type const* const type : set.Types()) {
-        for (Type const* base = type->m_redefined; base != nullptr; base = base->m_redefined) {
-            NameType(*base, "Base");
-            types.push_back(base);
-        }
+        for (Type const* base = type->m_redefined; base != nullptr; base = base->m_redefined)
+            types.emplace_back(base, "Base");
+    }
+    for (auto const& [type, suffix] : types) {
+        if (type->AsComplex() != nullptr) NameType(*type, suffix);
     }
     for (ElementDeclaration const* const element : set.Elements()) {
         ComplexType const* const type = element->m_type->AsComplex();
@@ -70,9 +72,10 @@ Names::Names(Mapping const& mapping, Units& units, std::vector<ElementDeclaratio
         }
     }
     for (ElementDeclaration const* const element : set.Elements()) VisitElement(*element, "");
-    for (Type const* const type : types) {
+    for (auto const& [type, suffix] : types) {
         if (auto const* const complex = type->AsComplex()) VisitComplex(*complex, m_suggestions[type]);
-        if (auto const* const simple = type->AsSimple()) VisitSimple(*simple, m_suggestions[type]);
+        if (auto const* const simple = type->AsSimple())
+            VisitSimple(*simple, StrippedCamelOf(type->m_name.m_local));
     }
     for (NamedGroup const* named : set.Groups()) {
         for (; named != nullptr; named = named->m_redefined) {
@@ -86,6 +89,9 @@ Names::Names(Mapping const& mapping, Units& units, std::vector<ElementDeclaratio
     }
     for (AttributeDeclaration const* const attribute : set.Attributes())
         VisitSimple(*attribute->m_type, CamelOf(attribute->m_name.m_local));
+    for (auto const& [type, suffix] : types) {
+        if (type->AsSimple() != nullptr) NameType(*type, suffix);
+    }
 }
 
 void Names::ReadNamesFile() {
@@ -100,8 +106,9 @@ void Names::ReadNamesFile() {
         std::vector<std::string_view> const items = Items(line);
         if (items.empty() || items[0].starts_with('#')) continue;
         if (items.size() != 3 || (items[0] != "type" && items[0] != "element" && items[0] != "group")) {
-            m_mapping.m_diagnostics.Error({*m_mapping.m_options.m_namesFile, static_cast<std::uint32_t>(number), 1},
-                                          "names", "a line must be: type|element|group {namespace}name NAME");
+            m_mapping.m_diagnostics.Error(
+                {*m_mapping.m_options.m_namesFile, static_cast<std::uint32_t>(number), 1}, "names",
+                "a line must be: type|element|group {namespace}name NAME");
             continue;
         }
         m_given[std::string(items[0]) + ' ' + std::string(items[1])] = items[2];
@@ -120,17 +127,19 @@ std::string Names::CamelOf(std::string_view name) const {
 
 std::string Names::StrippedCamelOf(std::string_view name) const {
     std::string_view const suffix = m_mapping.m_options.m_strippedSuffix;
-    if (!suffix.empty() && name.size() > suffix.size() && name.ends_with(suffix)) name.remove_suffix(suffix.size());
+    if (!suffix.empty() && name.size() > suffix.size() && name.ends_with(suffix))
+        name.remove_suffix(suffix.size());
     return CamelOf(name);
 }
 
-void Names::Note(Place const& place, std::string_view from, std::string const& wanted, std::string const& taken,
-                 bool isTold) {
+void Names::Note(Place const& place, std::string_view from, std::string const& wanted,
+                 std::string const& taken, bool isTold) {
     if (wanted == taken) return;
     m_mapping.m_plan.m_renamed.push_back({place, std::string(from), taken});
     if (isTold || IsExpected(wanted, taken)) return;
     m_mapping.m_diagnostics.Warning(place, "renamed",
-                                    Quoted(from) + " is " + Quoted(taken) + " in C++, since " + Quoted(wanted) +
+                                    Quoted(from) + " is " + Quoted(taken) + " in C++, since " +
+                                        Quoted(wanted) +
                                         " is another name there; --names gives it one of your choice");
 }
 
@@ -152,14 +161,19 @@ SimplePlan& Names::MakeSimple(SimpleType const& type, std::string_view suggestio
     Unit& unit = m_units.Of(TargetNamespaceOf(type));
     plan.m_unit = &unit;
     std::string const wanted(suggestion);
+    // A property of the name of its type would hide it.
+    auto const free = [this](std::string name) {
+        while (m_propertyNames.contains(name)) name += "Type";
+        return name;
+    };
     if (IsTextEnumeration(type)) {
         std::string const plain = CamelOf(WithoutType(wanted));
         plan.m_enum = unit.m_scope.Take(plain, "Value");
-        plan.m_name = unit.m_scope.Take(plan.m_enum + "Type");
+        plan.m_name = unit.m_scope.Take(free(plan.m_enum + "Type"));
         Note(type.m_place, wanted, plain, plan.m_enum);
     } else {
-        plan.m_name = unit.m_scope.Take(WithType(wanted));
-        Note(type.m_place, wanted, WithType(wanted), plan.m_name);
+        plan.m_name = unit.m_scope.Take(free(WithType(wanted)));
+        Note(type.m_place, wanted, free(WithType(wanted)), plan.m_name);
     }
     m_typeScope.Add(plan.m_name);
     m_simples[&type] = &plan;
@@ -194,17 +208,18 @@ void Names::NameType(Type const& type, std::string_view suffix) {
         plan.m_isNamedType = suffix != "Base";
         Register(*complex, plan);
     } else {
-        m_suggestions[&type] = MakeSimple(*type.AsSimple(), name).m_name;
+        MakeSimple(*type.AsSimple(), name);
     }
 }
 
 void Names::VisitElement(ElementDeclaration const& element, std::string const& owner) {
     for (IdentityConstraint const* const identity : element.m_identities) {
-        m_mapping.m_diagnostics.Warning(identity->m_place, "identity",
-                                        Quoted(identity->m_name.m_local) +
-                                            " is not enforced; test the values in your program");
+        m_mapping.m_diagnostics.Warning(
+            identity->m_place, "identity",
+            Quoted(identity->m_name.m_local) + " is not enforced; test the values in your program");
     }
     std::string const name = owner + CamelOf(element.m_name.m_local);
+    m_propertyNames.insert(CamelOf(element.m_name.m_local));
     auto const* const complex = element.m_type->AsComplex();
     if (complex != nullptr && element.m_isNillable && !complex->IsAnyType()) m_nillable.insert(complex);
     if (!element.m_type->IsAnonymous()) return;
@@ -235,8 +250,10 @@ void Names::VisitGroup(ModelGroup const& group, std::string const& owner) {
 void Names::VisitAttributes(std::vector<AttributeItem> const& items, std::string const& owner) {
     for (AttributeItem const& item : items) {
         auto const* const use = std::get_if<AttributeUse const*>(&item);
-        if (use == nullptr || (*use)->m_isReference) continue;
+        if (use == nullptr) continue;
         AttributeDeclaration const& attribute = *(*use)->m_declaration;
+        m_propertyNames.insert(CamelOf(attribute.m_name.m_local));
+        if ((*use)->m_isReference) continue;
         VisitSimple(*attribute.m_type, owner + CamelOf(attribute.m_name.m_local));
     }
 }

@@ -4,6 +4,7 @@
 #include <deque>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -63,6 +64,7 @@ private:
     Mapping m_mapping;
     Units& m_units;
     NameScope m_typeScope{&NamesOfObjects()};
+    std::set<std::string, std::less<>> m_propertyNames;  ///< that classes are likely to have
     std::unordered_map<Type const*, ClassPlan*> m_classes;
     std::unordered_map<Type const*, SimplePlan*> m_simples;
     std::unordered_map<ElementDeclaration const*, ClassPlan*> m_roots;

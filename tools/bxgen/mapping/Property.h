@@ -25,15 +25,24 @@ struct PropertyKey {
 };
 
 struct PropertyFacts {
-    enum class Shape { kValue, kValues, kObject, kCollection, kAnyElement, kAnyElements, kAnyAttributes, kNil };
+    enum class Shape {
+        kValue,
+        kValues,
+        kObject,
+        kCollection,
+        kAnyElement,
+        kAnyElements,
+        kAnyAttributes,
+        kNil
+    };
 
     std::string m_name;
     Shape m_shape = Shape::kValue;
     bool m_isRequired = false;
     bool m_isNillable = false;
-    bool m_isConstrained = false;            ///< has a default or fixed value
-    Type const* m_type = nullptr;            ///< of the element or attribute
-    ClassPlan const* m_class = nullptr;      ///< of the objects; null for Bx::CObject and what is no object
+    bool m_isConstrained = false;        ///< has a default or fixed value
+    Type const* m_type = nullptr;        ///< of the element or attribute
+    ClassPlan const* m_class = nullptr;  ///< of the objects; null for Bx::CObject and what is no object
     ElementDeclaration const* m_element = nullptr;
 };
 
@@ -44,8 +53,7 @@ struct ClassFacts {
     NameScope m_names;
     std::map<PropertyKey, PropertyFacts> m_properties;  ///< its own
     bool m_isDone = false;
-    bool m_hasItems = false;  ///< or a base has
-    bool m_isMixed = false;   ///< has a text property, or a base has
+    bool m_isMixed = false;  ///< has a text property, or a base has
 
     /// Also in the bases; null if there is none.
     PropertyFacts const* Find(PropertyKey const& key) const {

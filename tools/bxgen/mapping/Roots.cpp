@@ -5,7 +5,8 @@
 namespace BxGen {
 
 std::vector<ElementDeclaration const*> FindRoots(Mapping const& mapping) {
-    std::set<std::string, std::less<>> names(mapping.m_options.m_roots.begin(), mapping.m_options.m_roots.end());
+    std::set<std::string, std::less<>> names(mapping.m_options.m_roots.begin(),
+                                             mapping.m_options.m_roots.end());
     bool const isAll = names.erase("all") > 0;
     bool const isNone = names.erase("none") > 0;
     bool const isGiven = isAll || isNone || !names.empty();
@@ -17,7 +18,8 @@ std::vector<ElementDeclaration const*> FindRoots(Mapping const& mapping) {
         if (!mapping.m_set.IsReferenced(*element)) unreferenced.push_back(element);
     }
     for (std::string const& name : names) {
-        mapping.m_diagnostics.Error({}, "root", "--root-element " + Quoted(name) + ": the schemas have no such element");
+        mapping.m_diagnostics.Error({}, "root",
+                                    "--root-element " + Quoted(name) + ": the schemas have no such element");
     }
     if (isAll) return all;
     if (isGiven) return named;

@@ -15,8 +15,8 @@ namespace {
 
 /// In the order in which the kit's facets are declared. The enumeration is not among them.
 constexpr FacetKind kOrder[] = {
-    FacetKind::kPattern,      FacetKind::kLength,       FacetKind::kMinLength,    FacetKind::kMaxLength,
-    FacetKind::kMinInclusive, FacetKind::kMaxInclusive, FacetKind::kMinExclusive, FacetKind::kMaxExclusive,
+    FacetKind::kPattern,      FacetKind::kLength,         FacetKind::kMinLength,    FacetKind::kMaxLength,
+    FacetKind::kMinInclusive, FacetKind::kMaxInclusive,   FacetKind::kMinExclusive, FacetKind::kMaxExclusive,
     FacetKind::kTotalDigits,  FacetKind::kFractionDigits,
 };
 
@@ -38,7 +38,6 @@ bool ChangesWhiteSpace(SimpleType const& type) {
     return type.m_variety == Variety::kAtomic && type.m_builtIn == BuiltIn::kNone && base != nullptr &&
            base->m_whiteSpace != type.m_whiteSpace;
 }
-
 
 std::string PatternsOf(SimpleType const& step) {
     std::vector<std::string_view> patterns;
@@ -62,7 +61,8 @@ std::string AllPatternsOf(SimpleType const& type) {
 
 std::string BuiltInText(SimpleType const& type) {
     std::string name = "Xs::" + std::string(type.m_name.m_local);
-    for (BuiltIn const keyword : {BuiltIn::kLong, BuiltIn::kInt, BuiltIn::kShort, BuiltIn::kFloat, BuiltIn::kDouble}) {
+    for (BuiltIn const keyword :
+         {BuiltIn::kLong, BuiltIn::kInt, BuiltIn::kShort, BuiltIn::kFloat, BuiltIn::kDouble}) {
         if (type.m_builtIn == keyword) name += '_';
     }
     return name;
@@ -138,7 +138,8 @@ void SimpleTypeMapper::AddEnumerators(SimpleType const& type, SimplePlan& plan) 
         std::string text = ValueText(type, facet->m_value);
         if (!texts.insert(text).second) continue;
         std::string name = Camel(text, m_mapping.m_options.m_ascii);
-        if (name.empty()) name = text.empty() ? "Empty" : "Value" + std::to_string(plan.m_enumerators.size() + 1);
+        if (name.empty())
+            name = text.empty() ? "Empty" : "Value" + std::to_string(plan.m_enumerators.size() + 1);
         plan.m_enumerators.push_back(
             {scope.Take(name), std::move(text),
              DocumentationOf(m_mapping.m_options, {&facet->m_annotation}, "", facet->m_place)});
@@ -193,7 +194,8 @@ void SimpleTypeMapper::AddFacet(SimpleType const& type, Facet const& facet, Simp
 
 void SimpleTypeMapper::AddValues(SimpleType const& step, SimplePlan& plan) {
     for (Facet const* const facet : step.m_facets) {
-        if (facet->m_kind == FacetKind::kEnumeration) plan.m_values.push_back(ValueText(step, facet->m_value));
+        if (facet->m_kind == FacetKind::kEnumeration)
+            plan.m_values.push_back(ValueText(step, facet->m_value));
     }
 }
 
@@ -210,18 +212,20 @@ void SimpleTypeMapper::KeepLengths(SimpleType const& type, SimplePlan& plan) {
         Facet const* const exact = type.Find(FacetKind::kLength);
         Facet const* const least = type.Find(FacetKind::kMinLength);
         Facet const* const most = type.Find(FacetKind::kMaxLength);
-        return (exact != nullptr && length != exact->m_number) || (least != nullptr && length < least->m_number) ||
-               (most != nullptr && length > most->m_number);
+        return (exact != nullptr && length != exact->m_number) ||
+               (least != nullptr && length < least->m_number) || (most != nullptr && length > most->m_number);
     });
 }
 
 void SimpleTypeMapper::CheckValues(SimpleType const& type, Component const& user, std::string_view name) {
-    bool const isList = type.m_variety == Variety::kList && type.m_item != nullptr && HasPrefixes(*type.m_item);
+    bool const isList =
+        type.m_variety == Variety::kList && type.m_item != nullptr && HasPrefixes(*type.m_item);
     if (!HasPrefixes(type) && !isList) return;
-    m_mapping.m_diagnostics.Warning(user.m_place, "qname",
-                                    "values of " + Quoted(name) +
-                                        " are text as it stands: what their prefixes stand for is lost; write them "
-                                        "with the prefixes of the schema, which documents declare");
+    m_mapping.m_diagnostics.Warning(
+        user.m_place, "qname",
+        "values of " + Quoted(name) +
+            " are text as it stands: what their prefixes stand for is lost; write them "
+            "with the prefixes of the schema, which documents declare");
 }
 
 }  // namespace BxGen

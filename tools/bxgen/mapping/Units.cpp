@@ -81,11 +81,13 @@ void Units::NameConstants() {
         auto const known = prefixes.find(uri);
         std::string const wanted = known == prefixes.end() ? "ns" : std::string(known->second);
         std::string prefix = wanted;
-        for (int number = 2; uri != kXmlNamespace && uri != kXsiNamespace && !taken.insert(prefix).second; ++number)
+        for (int number = 2; uri != kXmlNamespace && uri != kXsiNamespace && !taken.insert(prefix).second;
+             ++number)
             prefix = wanted + std::to_string(number);
         Unit& unit = Of(uri);
         bool const isFirst = named.insert(&unit).second && uri != kXmlNamespace && uri != kXsiNamespace;
-        std::string const constant = isFirst ? "kNamespace" : 'k' + Camel(prefix, true);
+        if (uri == kXmlNamespace) prefix.clear();  // declared by itself
+        std::string const constant = isFirst ? "kNamespace" : 'k' + Camel(wanted, true);
         m_mapping.m_plan.m_namespaces.push_back({uri, unit.m_scope.Take(constant), prefix, &unit});
     }
 }

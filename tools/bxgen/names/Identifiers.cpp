@@ -59,7 +59,7 @@ std::string Camel(std::string_view name, bool onlyAscii) {
         if (IsDigit(c)) {
             if (camel.empty()) camel = "N";
             camel += octets;
-            startsWord = true;
+            startsWord = false;
         } else if (IsAsciiLetter(c)) {
             bool const isSmall = c >= U'a';
             camel += startsWord && isSmall ? static_cast<char>(c - U'a' + U'A') : static_cast<char>(c);
@@ -156,8 +156,9 @@ NameScope const& NamesOfObjects() {
 }
 
 NameScope const& NamesOfNamespaces() {
-    static NameScope const s_names = MakeScope({"Bx", "Xs", "BxXmlLib5", "kSet", "kTypes", "kAliases",
-                                                "kValues", "kFacets", "kTexts", "CObject", "CGroup"});
+    static NameScope const s_names =
+        MakeScope({"Bx", "Xs", "BxXmlLib5", "kSet", "kTypes", "kAliases", "kTypeNames", "kValues", "kFacets",
+                   "kTexts", "CObject", "CGroup"});
     return s_names;
 }
 
