@@ -151,6 +151,10 @@ Particle& Model::AddParticle(Row const& row, Class::Facts const& facts) {
 
 void Model::AddAttribute(Row const& row, Class::Facts const& facts) {
     int index = 0;
+    if (row.kind == Row::Kind::AnyAttribute) {
+        // That of a derived class takes what that of its base takes too.
+        std::erase_if(attributes, [](AttributeModel const& other) { return other.constraint != nullptr; });
+    }
     AttributeModel& attribute = attributes.emplace_back();
     attribute.name = OrEmpty(row.name);
     attribute.min = row.min;

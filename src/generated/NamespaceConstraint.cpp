@@ -7,14 +7,18 @@
 
 namespace BxXmlLib5::Generated {
 
-NamespaceConstraint::NamespaceConstraint(std::u16string_view namespaces, std::u16string_view targetNamespace)
-    : m_rule(namespaces == u"##any"     ? Rule::Any
-             : namespaces == u"##other" ? Rule::Other
-                                        : Rule::List) {
-    if (m_rule == Rule::Other) m_namespaces.emplace_back(targetNamespace);
+NamespaceConstraint::NamespaceConstraint(std::u16string_view namespaces, std::u16string_view targetNamespace) {
+    if (namespaces == u"##any") {
+        m_rule = Rule::Any;
+    } else if (namespaces == u"##other") {
+        m_rule = Rule::Other;
+        m_namespaces.emplace_back(targetNamespace);
+    }
     if (m_rule != Rule::List) return;
     while (auto const token = TakeItem(namespaces)) {
-        if (*token == u"##local") {
+        if (*token == u"##other") {
+            m_rule = Rule::Other;
+        } else if (*token == u"##local") {
             m_namespaces.emplace_back();
         } else {
             m_namespaces.emplace_back(*token == u"##targetNamespace" ? targetNamespace : *token);

@@ -12,7 +12,8 @@ namespace BxXmlLib5::Generated {
 /// names in none, and neither does ##other.
 class NamespaceConstraint {
 public:
-    /// @param namespaces ##any, ##other, or a list of ##local, ##targetNamespace and namespaces
+    /// @param namespaces ##any, ##other, or a list of ##local, ##targetNamespace and namespaces; ##other ahead of
+    ///        one of these is everything but it, and no namespace
     NamespaceConstraint(std::u16string_view namespaces, std::u16string_view targetNamespace);
 
     bool Admits(std::u16string_view namespaceUri) const;
@@ -20,8 +21,8 @@ public:
 private:
     enum class Rule { Any, Other, List };
 
-    Rule m_rule;
-    std::vector<wstring> m_namespaces;  ///< Of Other, the target namespace.
+    Rule m_rule = Rule::List;
+    std::vector<wstring> m_namespaces;  ///< Of Other, the one that is not admitted.
 };
 
 }  // namespace BxXmlLib5::Generated

@@ -30,6 +30,11 @@ int FindText(std::span<char16_t const* const> texts, std::u16string_view literal
     return -1;
 }
 
+int FindEnumerator(std::span<char16_t const* const> texts, std::u16string_view text) {
+    int const index = FindText(texts, Trimmed(text));
+    return index >= 0 ? index : FindText(texts, CWhitespaceUtils::Collapse(wstring(text)));
+}
+
 void ThrowNoEnumerator(std::u16string_view literal) {
     throw CBxInvalidValueException(
         FormatString(u"The value [%s] is none of the enumeration", wstring(literal).c_str()));

@@ -157,7 +157,7 @@ constexpr Row Element(char16_t const* name, char16_t const* namespaceUri = nullp
 
 /// A wildcard for elements.
 /// @param namespaces the namespace attribute of the schema: ##any, ##other, or a list of ##local,
-///        ##targetNamespace and namespaces
+///        ##targetNamespace and namespaces; ##other ahead of one of these is everything but it, and no namespace
 template <auto kMember>
 constexpr Row Any(char16_t const* namespaces = u"##any", int min = 0,
                   int max = kIsRepeated<PropertyOf<kMember>> ? kMany : 1) {
@@ -180,7 +180,7 @@ constexpr Row Attribute(char16_t const* name, char16_t const* namespaceUri = u""
     return {Row::Kind::Attribute, min, 1, name, namespaceUri, &PlaceOf<kMember>, kActionsOf<kMember>};
 }
 
-/// A wildcard for attributes.
+/// A wildcard for attributes. That of a derived class stands for the one of its base too.
 /// @param namespaces as for Any()
 template <auto kMember>
 constexpr Row AnyAttribute(char16_t const* namespaces = u"##any") {

@@ -103,8 +103,11 @@ BXXMLLIB5_API std::u16string_view Trimmed(std::u16string_view text);
 /// The first item of a list, which is taken from its front; none at its end.
 BXXMLLIB5_API std::optional<std::u16string_view> TakeItem(std::u16string_view& list);
 
-/// The index of a literal among the texts of an enumeration, -1 if it is none of them.
+/// The index of a literal among some texts, -1 if it is none of them.
 BXXMLLIB5_API int FindText(std::span<char16_t const* const> texts, std::u16string_view literal);
+
+/// The number of the enumerator that a text stands for once whitespace is collapsed, -1 if there is none.
+BXXMLLIB5_API int FindEnumerator(std::span<char16_t const* const> texts, std::u16string_view text);
 
 [[noreturn]] BXXMLLIB5_API void ThrowNoEnumerator(std::u16string_view literal);
 [[noreturn]] BXXMLLIB5_API void ThrowNoEnumerator(int value);
@@ -184,7 +187,7 @@ typename S::Value ConvertedMember(std::u16string_view text) {
         using V = typename S::Value;
         if constexpr (IsEnumeration<Member>) {
             // The usual case of a member that does not take the text goes without an exception.
-            if (FindText(Member::kTexts, Trimmed(text)) < 0) return ConvertedMember<S, kIndex + 1>(text);
+            if (FindEnumerator(Member::kTexts, text) < 0) return ConvertedMember<S, kIndex + 1>(text);
         }
         try {
             return V(std::in_place_index<kIndex>, ValueOf<Member>(text));
@@ -198,7 +201,7 @@ typename S::Value ConvertedMember(std::u16string_view text) {
 template <class S>
 typename S::Value Converted(std::u16string_view text) {
     if constexpr (IsEnumeration<S>) {
-        int const index = FindText(S::kTexts, Trimmed(text));
+        int const index = FindEnumerator(S::kTexts, text);
         if (index < 0) ThrowNoEnumerator(Trimmed(text));
         return static_cast<typename S::Value>(index);
     } else if constexpr (IsList<S>) {
@@ -219,6 +222,8 @@ typename S::Value ValueOf(std::u16string_view text) {
     if constexpr (HasPattern<S>()) {
         if constexpr (std::is_same_v<typename S::Value, wstring>) {
             TestPattern<S>(value);
+        } else if constexpr (IsEnumeration<S>) {
+            TestPattern<S>(TextOf<S>(value));
         } else {
             TestPattern<S>(Trimmed(text));
         }

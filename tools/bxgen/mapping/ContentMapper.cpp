@@ -44,8 +44,11 @@ ClassPlan const* Resolved(ClassPlan const* plan) {
 
 std::string NamespacesOf(Wildcard const& wildcard, std::string_view target) {
     if (wildcard.m_kind == Wildcard::Kind::kAny) return "##any";
-    if (wildcard.m_kind == Wildcard::Kind::kOther) return "##other";
     std::string list;
+    if (wildcard.m_kind == Wildcard::Kind::kOther) {
+        list = "##other";
+        if (wildcard.m_namespaces[0] == target) return list;
+    }
     for (std::string_view const uri : wildcard.m_namespaces) {
         if (!list.empty()) list += ' ';
         list += uri.empty() ? "##local" : uri == target ? "##targetNamespace" : uri;

@@ -56,8 +56,9 @@ Names::Names(Mapping const& mapping, Units& units, std::vector<ElementDeclaratio
     NameRoots(roots);
     std::vector<std::pair<Type const*, std::string_view>> types;
     for (Type const* const type : set.Types()) types.emplace_back(type, "Type");
-    for (Type const* const type : set.AnonymousTypes()) {
-        if (!type->IsAnonymous()) types.emplace_back(type, "Base");
+    for (Type const* const type : set.Types()) {
+        for (Type const* base = type->m_redefined; base != nullptr; base = base->m_redefined)
+            types.emplace_back(base, "Base");
     }
     for (auto const& [type, suffix] : types) {
         if (type->AsComplex() != nullptr) NameType(*type, suffix);
