@@ -65,7 +65,7 @@ CXmlElement* EndOfElement(CXmlElement const* element, CXmlElement* child,
 
 CXmlElement* CXmlGeneratedClass::FromXml_Int(CXmlElement* element, CXmlElement* firstChild,
                                              CXmlSerializationContext const& context, bool allowEmptyChoice) {
-    CObjectLevel const level;
+    CNestingLevel const level;
     std::optional<CSiblingSearches> searches;
     if (context.GetIgnoreUnknownElements()) searches.emplace(element, context);
     CParentElementInfo const& info = *GetClassInfo();

@@ -16,7 +16,7 @@ using namespace BxXmlLib5Data;
 
 void CXmlGeneratedClass::ToXml_Int(CXmlWriter* writer, bool isRoot, char16_t const* namespaceUri,
                                    CXmlSerializationContext const& context, bool allowEmptyChoice) const {
-    CObjectLevel const level;
+    CNestingLevel const level;
     CParentElementInfo const& info = *GetClassInfo();
     bool const hasTag = info.m_elementType == et_Element;
     if (hasTag) StartElementToXml(writer, isRoot, namespaceUri, context, allowEmptyChoice);

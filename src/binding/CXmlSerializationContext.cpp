@@ -2,6 +2,7 @@
 
 #include "BxXmlLib5/collections/CAttributeCol.h"
 #include "BxXmlLib5/core/CBxException.h"
+#include "core/NeverDestroyed.h"
 #include "platform/TextView.h"
 
 namespace BxXmlLib5 {
@@ -13,10 +14,8 @@ CXmlSerializationContext& CXmlSerializationContext::operator=(CXmlSerializationC
 CXmlSerializationContext::~CXmlSerializationContext() = default;
 
 CXmlSerializationContext& CXmlSerializationContext::GetDefaultContext() {
-    // Inside the function and never destroyed, so that constructors and destructors of static storage may use
-    // it.
-    static CXmlSerializationContext& s_defaultContext = *new CXmlSerializationContext;
-    return s_defaultContext;
+    static NeverDestroyed<CXmlSerializationContext> s_defaultContext;
+    return *s_defaultContext;
 }
 
 void CXmlSerializationContext::SetIgnoreUnknownElements(bool value) {

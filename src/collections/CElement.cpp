@@ -14,9 +14,11 @@
 #include "BxXmlLib5/writers/CXmlWriter.h"
 #include "binding/NamespaceRules.h"
 #include "collections/CContentReader.h"
+#include "collections/ReadItems.h"
 #include "collections/Wildcards.h"
 #include "core/Limits.h"
 #include "core/NestingDepth.h"
+#include "core/NeverDestroyed.h"
 #include "platform/TextView.h"
 
 namespace BxXmlLib5 {
@@ -142,15 +144,14 @@ CSmartPtr<CElementCol> CElement::GetChildElements() {
 }
 
 CAttributeCol const* CElement::GetAttributes() const {
-    // Never destroyed, so that a destructor of static storage may use it.
-    static CAttributeCol const& s_none = *new CAttributeCol(AnyWildcard({}, {}));
+    static NeverDestroyed<CAttributeCol> const s_none(u"", u"##any", u"");
     CAttributeCol const* const attributes = m_attributes.Get();
-    return attributes == nullptr ? &s_none : attributes;
+    return attributes == nullptr ? &*s_none : attributes;
 }
 CElementCol const* CElement::GetChildElements() const {
-    static CElementCol const& s_none = *new CElementCol(AnyWildcard({}, {}), 0, -1);
+    static NeverDestroyed<CElementCol> const s_none(u"", u"##any", u"", 0, -1);
     CElementCol const* const childElements = m_childElements.Get();
-    return childElements == nullptr ? &s_none : childElements;
+    return childElements == nullptr ? &*s_none : childElements;
 }
 
 void CElement::SetNamespaceRestrictions(char16_t const* namespaceRestriction,
@@ -193,8 +194,7 @@ void CElement::CopyXmlElement(CXmlElement* source) {
     CContentReader reader;
     for (CXmlElement* child = source->GetFirstElement(); child != nullptr;
          child = child->GetNextSiblingElement()) {
-        CSmartPtr<CElement> const copy = reader.Read(*child);
-        ChildElements().Append(copy);
+        ChildElements().AppendRead(*reader.Read(*child));
     }
 }
 

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "core/NeverDestroyed.h"
+
 namespace BxXmlLib5 {
 
 CWildcard::CWildcard(CSharedText defaultNamespace, CSharedText namespaceRestriction,
@@ -37,17 +39,15 @@ CSmartPtr<CWildcard const> MakeWildcard(CSharedText const& defaultNamespace,
 }
 
 CSharedText const& AnyNamespace() {
-    // Never destroyed, so that a destructor of static storage may use it.
-    static CSharedText const& s_any = *new CSharedText(u"##any");
-    return s_any;
+    static NeverDestroyed<CSharedText> const s_any(u"##any");
+    return *s_any;
 }
 
 CSmartPtr<CWildcard const> AnyWildcard(CSharedText const& defaultNamespace,
                                        CSharedText const& targetNamespace) {
     // Nearly all elements that are made by hand have this one.
-    static CSmartPtr<CWildcard const> const& s_none =
-        *new CSmartPtr<CWildcard const>(new CWildcard({}, AnyNamespace(), {}));
-    if (defaultNamespace.empty() && targetNamespace.empty()) return s_none;
+    static NeverDestroyed<CSmartPtr<CWildcard const>> const s_none(new CWildcard({}, AnyNamespace(), {}));
+    if (defaultNamespace.empty() && targetNamespace.empty()) return *s_none;
     return new CWildcard(defaultNamespace, AnyNamespace(), targetNamespace);
 }
 

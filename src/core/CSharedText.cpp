@@ -1,5 +1,6 @@
 #include "BxXmlLib5/core/CSharedText.h"
 
+#include "core/NeverDestroyed.h"
 #include "platform/TextView.h"
 
 namespace BxXmlLib5 {
@@ -9,9 +10,8 @@ CSharedText::CSharedText(std::u16string_view text) {
 }
 
 wstring const& CSharedText::Get() const {
-    // Never destroyed, so that a destructor of static storage may use it.
-    static wstring const& s_empty = *new wstring;
-    return m_text ? m_text->m_text : s_empty;
+    static NeverDestroyed<wstring> const s_empty;
+    return m_text ? m_text->m_text : *s_empty;
 }
 
 bool CSharedText::Is(std::u16string_view text) const {

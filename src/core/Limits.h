@@ -19,9 +19,6 @@ inline constexpr std::size_t kStackForLevel = 32 * 1024;
 /// Octets of stack that recursion may take, besides, where nobody knows what is left.
 inline constexpr std::size_t kUnknownStack = 16 * 1024;
 
-/// Objects of generated classes inside each other, those without a tag included.
-inline constexpr int kMaxObjectDepth = 2 * kMaxElementDepth;
-
 /// Octets of a document, before and after decompression: what one call of Expat takes.
 inline constexpr std::size_t kMaxInputSize = INT_MAX;
 
@@ -50,7 +47,7 @@ constexpr std::size_t MaxRepeatedUnits(std::size_t inputSize) {
     return std::max(kAlways, inputSize * kForEachOctet);
 }
 inline constexpr std::size_t kUnitsOfDefaultedAttribute = 8;
-inline constexpr std::size_t kUnitsOfName = 128;      // of a local name count for nothing: an element takes more
+inline constexpr std::size_t kUnitsOfName = 128;  // of a local name count for nothing: an element takes more
 inline constexpr std::size_t kUnitsOfJoinedUnit = 2;  // besides the one that an index repeats
 
 /// Octets of stack that must be left where the compilation of a pattern enters another group.

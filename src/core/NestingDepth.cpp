@@ -15,14 +15,12 @@ namespace {
 /// Where the outermost level stands on a stack of which nobody knows what is left; 0 if there is none.
 constinit thread_local std::uintptr_t t_outermost = 0;
 
-thread_local int t_objects = 0;
-
 }  // namespace
 
 void CNestingLevel::LookAtStack() {
     bool const isKnown = StackLeft().has_value();
-    std::uintptr_t const taken =
-        t_outermost - StackAddress();  // more than any stack has if it grew from elsewhere
+    // From another stack this is more than any has.
+    std::uintptr_t const taken = t_outermost - StackAddress();
     if (!isKnown && (t_outermost == 0 || taken > kUnknownStack + kStackForLevel)) {
         t_outermost = StackAddress();
         m_isOutermost = true;
@@ -33,18 +31,6 @@ void CNestingLevel::LookAtStack() {
 
 void CNestingLevel::Leave() {
     t_outermost = 0;
-}
-
-CObjectLevel::CObjectLevel() {
-    if (t_objects == kMaxObjectDepth) {
-        throw CBxException(FormatString(u"Objects are nested more than %d levels deep, which is the limit",
-                                        kMaxObjectDepth));
-    }
-    ++t_objects;
-}
-
-CObjectLevel::~CObjectLevel() {
-    --t_objects;
 }
 
 }  // namespace BxXmlLib5

@@ -1,8 +1,6 @@
 // How deep documents and objects may be nested.
 #pragma once
 
-#include <cstddef>
-
 #include "core/Limits.h"
 #include "platform/Stack.h"
 
@@ -35,20 +33,6 @@ private:
     void Leave();
 
     bool m_isOutermost = false;  // on a stack of which nobody knows what is left
-};
-
-/// Counts, while it lives, one object that is inside others on this thread: pseudo elements take stack too,
-/// and no element counts them.
-class CObjectLevel {
-public:
-    /// @throws CBxException if kMaxObjectDepth objects are inside each other
-    CObjectLevel();
-    CObjectLevel(CObjectLevel const&) = delete;
-    CObjectLevel& operator=(CObjectLevel const&) = delete;
-    ~CObjectLevel();
-
-private:
-    CNestingLevel m_level;
 };
 
 }  // namespace BxXmlLib5

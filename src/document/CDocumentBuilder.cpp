@@ -33,7 +33,7 @@ void CDocumentBuilder::ReserveElementAttributes(CXmlElement* element, std::size_
 
 void CDocumentBuilder::AddElementAttribute(CXmlElement* element, CXmlName const& name,
                                            std::u16string_view value) {
-    element->m_attributes.push_back(m_nodes.m_attributes.Create(name, CXmlText(value)));
+    element->m_attributes.push_back(m_nodes.m_attributes.Create(name, value));
 }
 
 void CDocumentBuilder::DeclareNamespace(wstring const& alias, wstring const& namespaceUri) {
@@ -64,7 +64,7 @@ std::size_t CDocumentBuilder::AppendStoredText(std::u16string_view text) {
 void CDocumentBuilder::CloseElement() {
     OpenElement const closed = m_elementStack.back();
     std::u16string_view const text = OpenText();
-    closed.m_element->m_text = CXmlText(text.empty() ? closed.m_storedText : Texts().Add(text));
+    closed.m_element->m_text = text.empty() ? closed.m_storedText : Texts().Add(text);
     m_openText.resize(closed.m_textStart);
     m_elementStack.pop_back();
 }

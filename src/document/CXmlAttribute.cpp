@@ -2,16 +2,20 @@
 
 #include <algorithm>
 #include <iterator>
-#include <utility>
 
+#include "document/NodeText.h"
 #include "platform/StandardNamespaces.h"
 
 namespace BxXmlLib5 {
 
-CXmlAttribute::CXmlAttribute(CXmlName const& name, CXmlText value)
-    : CInstanceMonitor(u"CXmlAttribute"), m_name(&name), m_value(std::move(value)) {}
+CXmlAttribute::CXmlAttribute(CXmlName const& name, std::u16string_view value)
+    : CInstanceMonitor(u"CXmlAttribute"), m_name(&name), m_value(value) {}
 
 CXmlAttribute::~CXmlAttribute() = default;
+
+wstring const& CXmlAttribute::GetValue() const {
+    return StringOf(m_value, m_valueString);
+}
 
 bool CXmlAttribute::IsNamespaceAttribute() const {
     if (GetNamespaceURI() != kXsiNamespace && GetNamespaceURI() != kXmlnsNamespace) return false;

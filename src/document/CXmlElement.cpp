@@ -1,5 +1,6 @@
 #include "BxXmlLib5/document/CXmlElement.h"
 
+#include "document/NodeText.h"
 #include "platform/TextView.h"
 
 namespace BxXmlLib5 {
@@ -9,6 +10,10 @@ CXmlElement::CXmlElement(CXmlDocument const* document, CXmlName const& name)
 
 CXmlElement::~CXmlElement() = default;
 
+wstring const& CXmlElement::GetText() const {
+    return StringOf(m_text, m_textString);
+}
+
 wstring const& CXmlElement::GetAttribute(wstring const& localName, wstring const& namespaceUri) const {
     for (CXmlAttribute const* attribute : m_attributes) {
         if (Equal(attribute->GetLocalName(), localName) &&
@@ -16,8 +21,8 @@ wstring const& CXmlElement::GetAttribute(wstring const& localName, wstring const
             return attribute->GetValue();
         }
     }
-    static wstring const s_empty;
-    return s_empty;
+    std::unique_ptr<wstring> none;
+    return StringOf({}, none);
 }
 
 }  // namespace BxXmlLib5

@@ -152,7 +152,7 @@ CXmlObjectBase* Writing::HeldBy(PropertyModel const& property, int index) const 
 }
 
 void Writing::WriteObject(Particle const& particle, int index) {
-    CObjectLevel const level;
+    CNestingLevel const level;
     auto const& object = static_cast<CObject const&>(*HeldBy(*particle.model, index));
     Writing inner(object, *this, particle.name, particle.max == 1 ? -1 : index);
     if (m_writer == nullptr) {
@@ -185,7 +185,7 @@ void Writing::WriteItems(Particle const& particle) {
     int const count = particle.model->Count(m_object);
     if (!(particle.canBeEmpty && count < particle.min)) RefuseCount(particle, count);
     for (int i = 0; i < count; ++i) {
-        CObjectLevel const level;
+        CNestingLevel const level;
         Writing(static_cast<CObject const&>(*HeldBy(*particle.model, i)), *this, particle.name, i)
             .Content(false);
     }
@@ -290,11 +290,16 @@ Particle const* Writing::Chosen(Particle const& choice) {
 }
 
 wstring Writing::Path() const {
-    wstring path = m_outer == nullptr ? wstring() : m_outer->Path();
-    if (m_outer != nullptr && m_name->empty()) return path;
-    path += u'/';
-    path += m_outer == nullptr ? m_model.name : *m_name;
-    if (m_index >= 0) path += u'[' + IntegerText(m_index + 1) + u']';
+    std::vector<Writing const*> steps;
+    for (Writing const* step = this; step != nullptr; step = step->m_outer) steps.push_back(step);
+    wstring path = u"/" + steps.back()->m_model.name;
+    for (auto step = steps.rbegin() + 1; step != steps.rend(); ++step) {
+        // Groups have no name.
+        if ((*step)->m_name->empty()) continue;
+        path += u'/';
+        path += *(*step)->m_name;
+        if ((*step)->m_index >= 0) path += u'[' + IntegerText((*step)->m_index + 1) + u']';
+    }
     return path;
 }
 

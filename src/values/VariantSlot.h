@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "BxXmlLib5/values/BxVariant.h"
+#include "core/NeverDestroyed.h"
 
 namespace BxXmlLib5 {
 
@@ -21,8 +22,8 @@ T const& ReadSlot(T const& slot) {
 /// A value that the slot points to; an empty one for a null pointer.
 template <class T>
 T const& ReadSlot(T* const& slot) {
-    static T const empty{};
-    return slot == nullptr ? empty : *slot;
+    static NeverDestroyed<T> const s_empty;
+    return slot == nullptr ? *s_empty : *slot;
 }
 
 /// @name References that a variant holds

@@ -1,5 +1,7 @@
 #include "writers/CElementWriter.h"
 
+#include "core/NeverDestroyed.h"
+
 namespace BxXmlLib5 {
 
 CElementWriter::Element& CElementWriter::Start(wstring const& name, wstring const& namespaceUri) {
@@ -12,12 +14,10 @@ CElementWriter::Element& CElementWriter::Start(wstring const& name, wstring cons
 }
 
 void CElementWriter::WriteXsiType(wstring const& namespaceUri, wstring const& typeName) {
-    // Never destroyed, so that a destructor of static storage may write.
-    static wstring const& s_name = *new wstring(u"type");
-    static wstring const& s_xsiNamespace = *new wstring(kXsiNamespace);
+    static NeverDestroyed<wstring> const s_name(u"type"), s_xsiNamespace(kXsiNamespace);
     m_context->OpenForAttributes();
-    if (Scopes().IsDefault(namespaceUri)) return WriteAttribute(s_name, s_xsiNamespace, typeName);
-    WriteAttribute(s_name, s_xsiNamespace, DeclaredPrefix(namespaceUri) + u':' + typeName);
+    if (Scopes().IsDefault(namespaceUri)) return WriteAttribute(*s_name, *s_xsiNamespace, typeName);
+    WriteAttribute(*s_name, *s_xsiNamespace, DeclaredPrefix(namespaceUri) + u':' + typeName);
 }
 
 }  // namespace BxXmlLib5

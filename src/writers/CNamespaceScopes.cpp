@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "core/NeverDestroyed.h"
 #include "platform/StandardNamespaces.h"
 
 namespace BxXmlLib5 {
@@ -48,9 +49,8 @@ bool CNamespaceScopes::Declare(std::u16string_view namespaceUri) {
 }
 
 CNamespaceScopes::Binding const* CNamespaceScopes::Find(std::u16string_view namespaceUri) const {
-    // Never destroyed, so that a destructor of static storage may write.
-    static Binding const& s_xml = *new Binding{u"xml", true};
-    if (Equal(namespaceUri, kXmlNamespace)) return &s_xml;
+    static NeverDestroyed<Binding> const s_xml(Binding{u"xml", true});
+    if (Equal(namespaceUri, kXmlNamespace)) return &*s_xml;
     auto const known = m_namespaces.find(namespaceUri);
     if (known == m_namespaces.end() || known->second.empty()) return nullptr;
     Binding const& binding = known->second.back();

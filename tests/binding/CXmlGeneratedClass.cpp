@@ -1,6 +1,7 @@
 #include "BxXmlLib5/binding/CXmlGeneratedClass.h"
 
 #include "binding/TestBinding.h"
+#include "support/StrictFastInfoset.h"
 #include "writers/CXmlTextWriter.h"
 
 using namespace BxTest;
@@ -53,6 +54,11 @@ TEST(GeneratedClass, WritesARootInThisOrder) {
               "<?a?>\n\n<?b?>\n\n<r xmlns=\"d\" xmlns:z=\"u1\" xmlns:y=\"u2\" y:add=\"4\" xmlns:AA=\"n\"  "
               "xmlns:AB=\"http://www.w3.org/2001/XMLSchema-instance\" AB:type=\"AA:T\" k=\"1\" l=\"2\" "
               "\n<schema/>\n><a/><c m=\"3\"/>text</r>");
+    // In Fast Infoset too a type behind other attributes has its prefix declared.
+    CBinaryData const infoset = root.ToFastInfosetStream(fi_None, context, cmp_None);
+    EXPECT_EQ(
+        CStrictFastInfoset::Read(infoset.GetOctets(), Undeclared::kTaken),
+        "<r {u2}add=4 {http://www.w3.org/2001/XMLSchema-instance}type={n}T k=1 l=2><a></><c m=3></>text</>");
     struct : CXmlTextWriter {
         void AddNamespace(wstring const& alias, wstring const&) override { EXPECT_NE(alias, u""); }
     } writer;
@@ -134,7 +140,10 @@ TEST(GeneratedClass, SkipsAnyNumberOfUnknownElements) {
     std::string const document = unknown + "<a/>" + unknown + "<b/>";
     ExpectRows({{"p:(a:text)~, b:text?", "E", document, "<a/>"},
                 {"p:(a:enum)? | b:text?", "E", unknown + "<b/>", "<b/>"},
-                {"p:(q:(a:text, c:text))~, b:text?", "E", document, ""}});
+                {"p:(q:(a:text, c:text))~, b:text?", "E", document, ""},
+                // A search that meets an earlier one ends at the same child, which q then keeps.
+                {"p:(g:(x:text, c:text)?, q:(a:text, b:text)~, c:text)~", "E", "<x/><c/><u/><a>1</a><u/>",
+                 "<a>1</a><c/>"}});
 }
 
 TEST(GeneratedClass, LooksAtTheAttributesOfATagOnlyIfItHasSome) {

@@ -4,6 +4,7 @@
 #include <cstring>
 #include <map>
 #include <memory>
+#include <regex>
 #include <vector>
 
 #include "BxXmlLib5/binding/CAttributeInfo.h"
@@ -416,49 +417,44 @@ inline TestClass::TestClass(char const*& at, int id, char end) {
 }
 
 inline Field TestClass::NextField(char const*& at, int id, XmlElementType elementType) {
+    static std::pair<char const*, Kind> const s_kinds[] = {
+        {"number", Kind::Number}, {"text", Kind::Text},         {"short", Kind::Short},
+        {"enum", Kind::Enum},     {"any", Kind::Any},           {"items", Kind::Items},
+        {"none", Kind::Class},    {"abstract", Kind::Abstract}, {"self", Kind::Class}};
     Field field;
     field.m_index = static_cast<int>(m_fields.size());
-    if (Take(at, "#")) {
-        if (Take(at, "<")) field.m_defect = ToUtf8(TakeUntil(at, ">")), ++at;
-        return field;
-    }
-    field.m_isAttribute = Take(at, "@");
-    field.m_name = TakeUntil(at, ":");
-    ++at;
-    static std::pair<char const*, Kind> const s_kinds[] = {{"number", Kind::Number}, {"text", Kind::Text},
-                                                           {"short", Kind::Short},   {"enum", Kind::Enum},
-                                                           {"any", Kind::Any},       {"items", Kind::Items}};
-    for (auto const& [word, kind] : s_kinds) {
-        if (Take(at, word)) field.m_kind = kind;
-    }
-    if (field.m_kind == Kind::Own) {
-        field.m_kind = Kind::Class;
-        bool const isGroup = *at == '(';
-        if (Take(at, "abstract") || Take(at, "(abstract)")) {
-            field.m_kind = Kind::Abstract;
-        } else if (Take(at, "self")) {
+    if (!Take(at, "#")) {
+        field.m_isAttribute = Take(at, "@");
+        field.m_name = TakeUntil(at, ":");
+        char const* const start = ++at;
+        bool isGroup = Take(at, "(");
+        for (auto const& [word, kind] : s_kinds) {
+            if (Take(at, word)) field.m_kind = kind;
+        }
+        bool const isSelf = *start == 's' && field.m_kind == Kind::Class;
+        if (field.m_kind == Kind::Own) {
+            field.m_kind = Kind::Class;
+            field.m_classId = static_cast<int>(g_classes.size());
+            field.m_class = &ParseClass(isGroup ? at : ++at, isGroup ? ')' : '}');
+        } else if (isSelf) {
             field.m_class = this;
             field.m_classId = id;
-        } else if (!Take(at, "none") && !Take(at, "(none)")) {
-            field.m_classId = static_cast<int>(g_classes.size());
-            field.m_class = &ParseClass(++at, isGroup ? ')' : '}');
+            isGroup = elementType != et_Element;
+        } else if (isGroup) {
+            ++at;
         }
-        field.m_elementType =
-            isGroup || (field.m_class == this && elementType != et_Element) ? et_PseudoElement : et_Element;
+        if (isGroup) field.m_elementType = et_PseudoElement;
     }
-    if (*at != '\0' && std::strchr("~?*", *at) != nullptr) field.m_occurrence = *at++;
-    if (field.m_occurrence == '*' && *at >= '0' && *at <= '9') {
-        field.m_minOccurs = *at - '0';
-        field.m_maxOccurs = at[2] - '0';
-        at += 3;
-    }
-    if (field.m_isAttribute && Take(at, "=")) field.m_default = TakeUntil(at, " ,<)}");
-    if (Take(at, "[")) {
-        field.m_allowed = TakeUntil(at, ";");
-        field.m_target = TakeUntil(++at, "]");
-        ++at;
-    }
-    if (Take(at, "<")) field.m_defect = ToUtf8(TakeUntil(at, ">")), ++at;
+    static std::regex const s_rest(
+        R"(([~?]|\*(?:(\d)-(\d))?)?(?:=([^ ,<)}]*))?(?:\[([^;]*);([^\]]*)\])?(?:<(\w+)>)?)");
+    std::cmatch rest;
+    std::regex_search(at, rest, s_rest, std::regex_constants::match_continuous);
+    at = rest[0].second;
+    if (rest[1].matched) field.m_occurrence = *rest[1].first;
+    if (rest[2].matched) field.m_minOccurs = *rest[2].first - '0', field.m_maxOccurs = *rest[3].first - '0';
+    field.m_default = FromUtf8(rest[4].str());
+    if (rest[5].matched) field.m_allowed = FromUtf8(rest[5].str()), field.m_target = FromUtf8(rest[6].str());
+    field.m_defect = rest[7].str();
     if (field.m_occurrence == '*' && field.m_class == nullptr) field.m_class = &Class("#");
     return field;
 }
@@ -516,7 +512,7 @@ inline std::string Failure(std::string text) {
          "CBxException: Serialization Data Error : The collection should be a %, it was not!"},
         {"not-set", "CBxException: Invalid Type 0 to convert to string"},
         {"objects-too-deep",
-         "CBxException: Objects are nested more than 2048 levels deep, which is the limit"},
+         "CBxException: Elements or objects are nested too deeply for what is left of the stack"},
         {"too-deep", "CBxException: Elements are nested more than 1024 levels deep, which is the limit"},
     };
     if (!text.starts_with("!")) return text;

@@ -174,7 +174,8 @@ TEST(ContentModels, WildcardsSubstitutionAndBounds) {
         {"<xs:element name='c'" + huge + "/><xs:element name='c'/>", false},
         {"<xs:element name='c' maxOccurs='9223372036854775807'/><xs:element name='c'/>", true},
         {"<xs:group ref='t:g'/><xs:group ref='t:g'/>", true},
-        {"<xs:group ref='t:g'" + huge + "/>", false},
+        {"<xs:group ref='t:g'" + huge + "/>", true},
+        {"<xs:sequence" + huge + "><xs:element name='c'/><xs:element name='d' minOccurs='0'/></xs:sequence><xs:element name='c'/>", false},
     };
     // clang-format on
     std::string const globals =

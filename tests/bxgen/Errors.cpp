@@ -40,7 +40,7 @@ std::string Simple(std::string const& base, std::string const& facets) {
 // clang-format off
 TEST(Errors, Syntax) {
     Check({
-        {"<xs:element/>", "a.xsd:1:85: error: 'element' lacks its attribute 'name'", "syntax"},
+        {"<xs:element/>", "a.xsd:1:89: error: 'element' lacks its attribute 'name'", "syntax"},
         {"<xs:element name='1'/>", "'1' is no value of 'name', which takes a name without a colon", "syntax"},
         {"<xs:element name='e' minOccurs='1'/>", "an 'element' here has no attribute 'minOccurs'", "syntax"},
         {"<xs:element name='e' type='a:b:c'/>", "'a:b:c' is no value of 'type'", "syntax"},
@@ -187,7 +187,7 @@ TEST(Errors, Limits) {
     std::string const longName(100'000, 'n');
     Check({
         {chain, "stands at the end of a chain of more than 1024 components", "limit"},
-        {doubled, "the content has more than 100000 particles", "limit"},
+        {doubled, "more than 100000 particles in the content", "limit"},
         {Complex(nested), "more than 1024 elements within each other", "xml"},
         {"<xs:element name='e' type='t:" + longName + "'/>", "there is no type '" + std::string(100, 'n') + "...'", "unresolved"},
         {"<xs:element name='e' xmlns:p='" + longName + "'/>", "namespace name of more than 4096 octets", "xml"},
@@ -214,6 +214,17 @@ TEST(Errors, EntitiesMustNotBlowUp) {
                                           Schema("<xs:annotation><xs:documentation>&a11;</xs:documentation></xs:annotation>"));
     EXPECT_EQ(outcome.m_status, 2);
     EXPECT_NE(outcome.m_messages.find("amplification"), std::string::npos) << outcome.m_messages;
+}
+
+TEST(Errors, EntitiesThatOnlyAnotherFileDeclares) {
+    Folder const folder;
+    std::string const type = "<!DOCTYPE xs:schema SYSTEM 'no.dtd' [<!ENTITY known 'e'>]>";
+    std::string const rows[] = {"<xs:element name='a&far;'/>", "<xs:annotation><xs:documentation>&far;</xs:documentation></xs:annotation>"};
+    for (std::string const& row : rows) {
+        EXPECT_NE(folder.Dump(type + Schema(row)).m_messages.find("entity 'far' is not declared in the document itself [xml]"), std::string::npos) << row;
+    }
+    EXPECT_EQ(folder.Dump(type + Schema("<xs:element name='&known;&lt;&#65;'/>")).m_status, 2);
+    EXPECT_EQ(folder.Dump(type + Schema("<xs:element name='&known;&#65;'/>")).m_messages, "");
 }
 // clang-format on
 

@@ -55,6 +55,7 @@ constexpr Bx::Row kToyRows[] = {
     Bx::Inherit<CThing>(),
     Bx::Sequence,
         Bx::Element<&CToy::Age>(u"age"),
+        Bx::Element<&CToy::Inner>(u"inner"),
     Bx::End,
 };
 

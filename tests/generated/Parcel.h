@@ -96,6 +96,7 @@ protected:
 class CToy : public CThing {
 public:
     Bx::Optional<Xs::int_> Age;
+    Bx::Object<CToy> Inner;
 
     static Bx::Class const kClass;
 

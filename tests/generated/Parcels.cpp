@@ -6,6 +6,7 @@
 #include "BxXmlLib5/collections/CElementCol.h"
 #include "Parcel.h"
 #include "support/Expect.h"
+#include "support/Stacks.h"
 
 namespace {
 
@@ -260,6 +261,28 @@ TEST(Parcels, TakeSubstitutesUnderTheirNames) {
     CParcel parcel = Read<CParcel>(Parcel("", kTo, "<w:price xmlns:w='urn:w'>5</w:price>"));
     parcel.Any[0].SetNamespace(kNamespace);
     EXPECT_TRUE(Bx::Read<CPrice>(parcel.Any[0]).Value == CDecimal(5));
+}
+
+TEST(Parcels, MayBeDeepButNotWithoutEnd) {
+    constexpr int kDepth = 1000;
+    std::string inner;
+    for (int i = 0; i < kDepth; ++i) inner = "<inner>" + inner + "</inner>";
+    std::string const document =
+        "<wrap xmlns='urn:parcel'><e:toy xmlns:e='urn:extra'>" + inner + "</e:toy></wrap>";
+    CWrap const wrap = Read<CWrap>(document);
+    EXPECT_TRUE(wrap.Validate().empty() && wrap.Clone()->Equals(wrap));
+    BxTest::OnThread(128 * 1024, [&] {
+        EXPECT_BX_THROW(Read<CWrap>(document), CBxException,
+                        "Elements or objects are nested too deeply for what is left of the stack");
+    });
+
+    CSmartPtr<CToy> const first = new CToy;
+    CSmartPtr<CToy> last = first;
+    for (int i = 0; i < 100'000; ++i) last = &last->Inner.Make();
+    EXPECT_NE(BxTest::Thrown([&] { (void)first->Validate(); }), "nothing");
+    EXPECT_NE(BxTest::Thrown([&] { (void)first->Clone(); }), "nothing");
+    EXPECT_NE(BxTest::Thrown([&] { (void)first->Equals(*first); }), "nothing");
+    EXPECT_NE(BxTest::Thrown([&] { (void)first->ToXml(false, false, eol_LF, {}); }), "nothing");
 }
 
 TEST(Properties, AreSharedOrCopied) {

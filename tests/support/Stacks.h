@@ -75,7 +75,7 @@ inline void OnOwnStack(std::size_t size, Work const& work) {
 
 /// Runs the work on stacks of 64 to 512 KiB, of a thread and of the program's own.
 inline void OnSmallStacks(Work const& work) {
-    for (std::size_t const size : {64, 128, 512}) {
+    for (std::size_t const size : {64U, 128U, 512U}) {
         SCOPED_TRACE(size);
         OnThread(size * 1024, work);
         OnOwnStack(size * 1024, work);

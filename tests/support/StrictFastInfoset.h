@@ -254,7 +254,7 @@ private:
     }
 
     void ReadDocument() {
-        for (unsigned const octet : {0xE0, 0x00, 0x00, 0x01, 0x00})
+        for (unsigned const octet : {0xE0U, 0x00U, 0x00U, 0x01U, 0x00U})
             Require(Octet() == octet, "another header");
         Require(Peek() < 0x80, "no root");
         Element();

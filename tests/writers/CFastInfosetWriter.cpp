@@ -1,11 +1,9 @@
 #include "writers/CFastInfosetWriter.h"
 
-#include <array>
 #include <fstream>
 #include <iterator>
 
 #include "BxXmlLib5/document/CXmlDocument.h"
-#include "core/Limits.h"
 #include "fastinfoset/Integers.h"
 #include "fastinfoset/Octets.h"
 #include "fastinfoset/WriteInteger.h"
@@ -109,28 +107,6 @@ TEST(CFastInfosetWriter, ClosesTheStartTagByAnyText) {
                    {"' <a > ' .", "3C 00'a' FF"},  // needs no element
                    {"<a @k= ?p <b > > .", "7C 00'a' 78 00'k' FF F0 3C 00'b' FF F0"},
                    {"!c #s <a !c #s @k= !c #s @l= > .", "7C 00'a' 78 00'k' FF 78 00'l' FF F0 FF"}});
-}
-
-TEST(CFastInfosetWriter, RefusesACallAndKeepsItsState) {
-    std::string const late = "CBxException: Attributes must be added before elements";
-    std::string const open = "CBxException: An Element has not been closed.";
-    std::string const noElement = "CBxInvalidStateException: No element is open";
-    std::array<std::string, 5> const rows[] = {{"<a 'x", "@N|k=v", late, "<N|b > >", "<a 'x <N|b > >"},
-                                               {"<a ?p", "@k=v", late, ">", "<a >"},
-                                               {"<a <b >", "^N|T", late, ">", "<a <b > >"},
-                                               {"<a", ".", open, "@k= >", "<a @k= >"},
-                                               {"", ">", noElement, "<a >", "<a >"},
-                                               {"<a >", "@k=v", noElement, ".", "<a > ."},
-                                               {"<a >", "'x", noElement, ".", "<a > ."},
-                                               {"", "^T", noElement, "<a >", "<a >"}};
-    for (auto const& [first, refused, message, last, accepted] : rows) {
-        CFastInfosetWriter writer, expected;
-        Write(writer, first);
-        EXPECT_EQ(Thrown([&writer, &call = refused] { Write(writer, call); }), message) << first << refused;
-        Write(writer, last);
-        Write(expected, accepted);
-        EXPECT_EQ(Hex(writer), Hex(expected)) << first << refused;
-    }
 }
 
 TEST(CFastInfosetWriter, WritesANameInFullOnce) {
@@ -242,20 +218,6 @@ TEST(CFastInfosetWriter, RefusesWhatHasNoUtf8Form) {
     CFastInfosetWriter writer;
     writer.WriteStartElement(half, u"");
     EXPECT_EQ(Thrown([&] { Write(writer, ">"); }), message);
-}
-
-TEST(CFastInfosetWriter, LimitsTheDepth) {
-    CFastInfosetWriter writer;
-    std::string starts = "<a";
-    for (int i = 1; i < kMaxElementDepth; ++i) starts += " <a";
-    Write(writer, starts);
-    EXPECT_BX_THROW((Write(writer, "<a"), 0), CBxException,
-                    "Elements are nested more than 1024 levels deep, which is the limit");
-    Write(writer, "'x");
-    for (int i = 0; i < kMaxElementDepth; ++i) Write(writer, ">");
-    Write(writer, ".");
-    EXPECT_EQ(Hex(writer), Hex("3C 00'a'") + ToHex(Octets(kMaxElementDepth - 1, 0x00)) + Hex("90'x'") +
-                               ToHex(Octets(kMaxElementDepth / 2, 0xFF)) + "F0 ");
 }
 
 TEST(CFastInfosetWriter, AddsNothingToAFullTable) {

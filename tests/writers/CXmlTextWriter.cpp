@@ -1,9 +1,6 @@
 #include "writers/CXmlTextWriter.h"
 
-#include <array>
-
 #include "BxXmlLib5/document/CXmlDocument.h"
-#include "core/Limits.h"
 #include "support/Expect.h"
 #include "support/WriterScript.h"
 
@@ -100,28 +97,7 @@ TEST(CXmlTextWriter, DeclaresNamespacesWhereTheyAreNeeded) {
                    {"*N <N|a *M <N|b > >", R"(<a xmlns="N"><AA:b xmlns:AA="N"/></a>)"}});
 }
 
-TEST(CXmlTextWriter, RefusesACallAndKeepsItsState) {
-    std::string const late = "CBxException: Attributes must be added before elements";
-    std::string const open = "CBxException: An Element has not been closed.";
-    std::string const noElement = "CBxInvalidStateException: No element is open";
-    std::array<std::string, 5> const rows[] = {
-        {"<a 'x", "@N|k=v", late, "<N|b > >", R"(<a>x<AA:b xmlns:AA="N"/></a>)"},
-        {"<a !c", "@k=v", late, ">", "<a><!--c-->\n</a>"},
-        {". <a", ".", open, "@k= <b > > .", R"(<a k=""><b/></a>)"},
-        {"", ">", noElement, "<a >", "<a/>"},
-        {"<a >", "'x", noElement, ".", "<a/>"},
-        {"<a >", "^N|T", noElement, ".", "<a/>"}};
-    for (auto const& [first, refused, message, last, expected] : rows) {
-        CXmlTextWriter writer;
-        writer.SetFormatting(false);
-        Write(writer, first);
-        wstring const before = writer.GetString();
-        std::string const& call = refused;
-        EXPECT_EQ(BxTest::Thrown([&] { Write(writer, call); }), message) << first << " " << call;
-        EXPECT_EQ(writer.GetString(), before);
-        Write(writer, last);
-        EXPECT_EQ(ToUtf8(writer.GetString()), expected);
-    }
+TEST(CXmlTextWriter, KeepsItsLineEndIfAnotherIsRefused) {
     CXmlTextWriter writer;
     writer.SetEOLType(eol_CRLF);
     EXPECT_BX_THROW((writer.SetEOLType(static_cast<EOLType>(2)), 0), CBxException, "Invalid EOL type.");
@@ -158,21 +134,6 @@ TEST(CXmlTextWriter, HalfOfASurrogatePairHasNoUtf8) {
     EXPECT_BX_THROW(writer.GetBinaryData(enc_UTF8), CBxInvalidValueException,
                     "A text with half of a surrogate pair has no UTF-8 form");
     EXPECT_EQ(writer.GetBinaryData(enc_UTF16).GetString(), u"\xD834\n\n");
-}
-
-TEST(CXmlTextWriter, LimitsTheDepth) {
-    CXmlTextWriter writer;
-    std::string starts = "<N|a";
-    for (int i = 1; i < kMaxElementDepth; ++i) starts += " <b";
-    Write(writer, starts);
-    EXPECT_BX_THROW((Write(writer, "<c"), 0), CBxException,
-                    "Elements are nested more than 1024 levels deep, which is the limit");
-    Write(writer, "'x");
-    for (int i = 0; i < kMaxElementDepth; ++i) Write(writer, ">");
-    Write(writer, ".");
-    wstring const text = writer.GetString();
-    EXPECT_NE(text.find(u"\t<b>x</b>\n" + wstring(kMaxElementDepth - 2, u'\t') + u"</b>\n"), wstring::npos);
-    EXPECT_TRUE(text.ends_with(u"\n\t</b>\n</AA:a>\n"));
 }
 
 TEST(CXmlTextWriter, MakesManyPrefixesInOneScope) {

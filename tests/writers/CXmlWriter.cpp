@@ -1,5 +1,8 @@
 #include "BxXmlLib5/writers/CXmlWriter.h"
 
+#include <array>
+
+#include "core/Limits.h"
 #include "support/Expect.h"
 #include "support/StrictFastInfoset.h"
 #include "support/WriterScript.h"
@@ -82,6 +85,42 @@ TEST(CXmlWriter, BeginsAnewWhenAssignedToWithAnElementOpen) {
     }
     EXPECT_TRUE(text.GetString().ends_with(u"<p:b xmlns=\"D\" xmlns:p=\"P\"/>"));
     EXPECT_EQ(CStrictFastInfoset::Read(infoset.GetBinaryData().GetOctets()), "<{P}b></>");
+}
+
+/// Expects a call to be refused and to change nothing.
+template <class AnyWriter>
+void ExpectRefused(std::array<std::string, 4> const& row, auto const& output) {
+    auto const& [before, refused, message, after] = row;
+    AnyWriter writer, expected;
+    Write(writer, before);
+    EXPECT_EQ(Thrown([&writer, &call = refused] { Write(writer, call); }), message)
+        << before << " " << refused;
+    Write(writer, after);
+    Write(expected, before + " " + after);
+    EXPECT_EQ(output(writer), output(expected)) << before << " " << refused;
+}
+
+TEST(CXmlWriter, RefusesACallAndKeepsItsState) {
+    std::string const late = "CBxException: Attributes must be added before elements";
+    std::string const open = "CBxException: An Element has not been closed.";
+    std::string const noElement = "CBxInvalidStateException: No element is open";
+    std::string const deep =
+        "CBxException: Elements are nested more than 1024 levels deep, which is the limit";
+    std::string starts, ends;
+    for (int i = 0; i < kMaxElementDepth; ++i) starts += "<b ", ends += " >";
+    std::array<std::string, 4> const rows[] = {{"<a 'x", "@N|k=v", late, "<N|b > > ."},
+                                               {"<a ?p", "@k=v", late, ">"},
+                                               {"<a <b >", "^N|T", late, ">"},
+                                               {"<a", ".", open, "@k= > ."},
+                                               {"", ">", noElement, "<a >"},
+                                               {"<a >", "@k=v", noElement, "."},
+                                               {"<a >", "'x", noElement, "."},
+                                               {"<a >", "^N|T", noElement, "."},
+                                               {starts, "<c", deep, "'x" + ends + " ."}};
+    for (auto const& row : rows) {
+        ExpectRefused<CXmlTextWriter>(row, [](auto& writer) { return writer.GetString(); });
+        ExpectRefused<CFastInfosetWriter>(row, [](auto& writer) { return writer.GetBinaryData(); });
+    }
 }
 
 }  // namespace

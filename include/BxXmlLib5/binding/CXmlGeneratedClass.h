@@ -20,8 +20,8 @@ struct BxVariant;
 /// A read resets the object first, and names an object with a tag for the element that it was read from. A
 /// failed read leaves what was stored so far; the object can be read again.
 ///
-/// Objects inside each other, those without a tag included, may be 2,048 levels deep; beyond, reading and
-/// writing throw CBxException.
+/// Objects inside each other take stack, those without a tag included: where little is left, reading and writing
+/// throw CBxException.
 ///
 /// The metadata is made by the generated class, once for all its objects, and given back by CleanMetaData().
 /// All threads may share it once it is made. An object belongs to one thread at a time.

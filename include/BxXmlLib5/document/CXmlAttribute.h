@@ -1,10 +1,10 @@
 // An attribute of the in-memory tree.
 #pragma once
 
+#include <memory>
 #include <string_view>
 
 #include "BxXmlLib5/core/CInstanceMonitor.h"
-#include "BxXmlLib5/document/CXmlText.h"
 #include "BxXmlLib5/platform/Export.h"
 #include "BxXmlLib5/platform/Text.h"
 
@@ -27,9 +27,9 @@ public:
     virtual ~CXmlAttribute();
 
     wstring const& GetLocalName() const { return m_name->m_localName; }
-    wstring const& GetValue() const { return m_value.GetString(); }
+    wstring const& GetValue() const;
     /// The value without making a string of it.
-    std::u16string_view GetValueView() const { return m_value.GetView(); }
+    std::u16string_view GetValueView() const { return m_value; }
     /// Empty for no namespace.
     wstring const& GetNamespaceURI() const { return m_name->m_namespaceUri; }
 
@@ -41,11 +41,12 @@ private:
     template <class T>
     friend class CNodePool;
 
-    /// @param name the document's, which outlives the attribute
-    CXmlAttribute(CXmlName const& name, CXmlText value);
+    /// @param name,value the document's, which outlives the attribute
+    CXmlAttribute(CXmlName const& name, std::u16string_view value);
 
     CXmlName const* m_name;
-    CXmlText m_value;
+    std::u16string_view m_value;
+    mutable std::unique_ptr<wstring> m_valueString;  // made when first asked for
 };
 
 }  // namespace BxXmlLib5

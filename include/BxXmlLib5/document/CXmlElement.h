@@ -1,6 +1,7 @@
 // An element of the in-memory tree.
 #pragma once
 
+#include <memory>
 #include <string_view>
 #include <vector>
 
@@ -28,9 +29,9 @@ public:
 
     /// All character data directly inside the element, joined in document order, whitespace included, CR left
     /// out.
-    wstring const& GetText() const { return m_text.GetString(); }
+    wstring const& GetText() const;
     /// The text without making a string of it.
-    std::u16string_view GetTextView() const { return m_text.GetView(); }
+    std::u16string_view GetTextView() const { return m_text; }
 
     /// Null if there is none.
     CXmlElement* GetFirstElement() const { return m_firstChild; }
@@ -56,7 +57,8 @@ private:
     CXmlElement* m_nextSibling = nullptr;
     CXmlElement* m_firstChild = nullptr;
     std::vector<CXmlAttribute*> m_attributes;
-    CXmlText m_text;
+    std::u16string_view m_text;
+    mutable std::unique_ptr<wstring> m_textString;  // made when first asked for
     CXmlName const* m_name;
 };
 

@@ -276,7 +276,10 @@ public:
         (*m_values)[at] = std::move(value);
     }
     /// @throws CBxInvalidParamException unless index is 0 to Count() - 1
-    void Remove(int index) { m_values->erase(m_values->begin() + static_cast<std::ptrdiff_t>(Index(index))); }
+    void Remove(int index) {
+        auto const at = static_cast<std::ptrdiff_t>(Index(index));
+        m_values->erase(m_values->begin() + at);
+    }
     void Clear() { m_values.reset(); }
 
     bool operator==(Values const& other) const {
