@@ -1,3 +1,4 @@
+// clang-format off
 #include "Gpx.h"
 
 namespace Gpx {

@@ -8,7 +8,6 @@ namespace Gpx {
 namespace Bx = BxXmlLib5::Generated;
 namespace Xs = Bx::Xs;
 
-
 /// The namespace http://www.topografix.com/GPX/1/1.
 inline constexpr char16_t kNamespace[] = u"http://www.topografix.com/GPX/1/1";
 

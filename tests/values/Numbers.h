@@ -68,7 +68,9 @@ void ExpectTakesIntegers() {
 __extension__ typedef __int128 Wide;
 
 inline Wide Power(int exponent) {
-    return exponent == 0 ? 1 : 10 * Power(exponent - 1);
+    Wide power = 1;
+    for (int i = 0; i < exponent; ++i) power *= 10;
+    return power;
 }
 
 /// The plainest number that does what both classes do: units of 10 to the power of -places, and a sign that
