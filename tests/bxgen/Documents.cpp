@@ -169,7 +169,7 @@ TEST(CommandLine, StatusAndMessages) {
         {{{"a.xsd", ""}}, {"--location", "v=", "@a.xsd"}, {1, "", "bxgen: error: 'v=' is no value of option '--location', which takes URI=FILE; see bxgen --help\n"}},
         {{{"a.xsd", ""}}, {"@a.xsd"}, {2, "", "a.xsd:1: error: no element found [xml]\n"}},
         {{{"a.xsd", ""}}, {"@b.xsd", "@"}, {3, "", "bxgen: error: 'b.xsd' cannot be read: No such file or directory [file]\nbxgen: error: '' cannot be read: Is a directory [file]\n"}},
-        {{{"a.xsd", Schema("")}}, {"--depfile", "@no/d", "@a.xsd"}, {3, "", "bxgen: error: 'no/d' cannot be written: No such file or directory [file]\n"}},
+        {{{"a.xsd", Schema("")}}, {"-n", "N", "-o", "@a.xsd", "@a.xsd"}, {3, "", "bxgen: error: 'a.xsd/NFwd.h' cannot be written: Not a directory [file]\n"}},
     });
     Folder const folder;
     EXPECT_EQ(folder.Run({"--version"}).m_output.substr(0, 6), "bxgen ");
@@ -182,11 +182,11 @@ TEST(CommandLine, DepfileNamesWhatWasRead) {
     Folder const folder;
     folder.Put("a b.xsd", Schema(Reference("include", "schemaLocation='$c.xsd'")));
     folder.Put("$c.xsd", Schema(""));
-    EXPECT_EQ(folder.Run({"--depfile=@d", "@a b.xsd"}).m_status, 0);
+    EXPECT_EQ(folder.Run({"--depfile=@d", "-n", "N", "-o", "@o", "@a b.xsd"}).m_status, 0);
     std::ifstream file(folder.Path("d"));
     std::string const text{std::istreambuf_iterator<char>(file), {}};
-    EXPECT_EQ(text, folder.Path("d") + ": \\\n  " + folder.Path("a\\ b.xsd") + " \\\n  " +
-                        folder.Path("$$c.xsd") + "\n");
+    EXPECT_EQ(text, folder.Path("o/NFwd.h") + ' ' + folder.Path("o/N.h") + ' ' + folder.Path("o/N.cpp") +
+                        ": \\\n  " + folder.Path("a\\ b.xsd") + " \\\n  " + folder.Path("$$c.xsd") + "\n");
 }
 
 }  // namespace

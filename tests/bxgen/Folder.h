@@ -1,6 +1,7 @@
 // Schemas in a folder of their own.
 #pragma once
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -42,7 +43,10 @@ public:
     }
 
     /// Runs the tool; `@` in an argument stands for the folder.
+    /// What is generated goes into the folder too, unless the arguments say where.
     Outcome Run(std::vector<std::string> arguments) const {
+        bool const saysWhere = std::find(arguments.begin(), arguments.end(), "-o") != arguments.end();
+        if (!saysWhere && !arguments.empty()) arguments.insert(arguments.begin(), {"-o", "@out"});
         std::vector<char const*> pointers;
         for (std::string& argument : arguments) {
             Replace(argument, "@", m_path.string() + '/');
