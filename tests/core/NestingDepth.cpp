@@ -27,7 +27,7 @@ int Depth() {
 
 TEST(NestingDepth, RecursionEndsWhileStackIsLeft) {
     int const onMain = Depth();
-    for (std::size_t const size : {64 * 1024, 512 * 1024}) {
+    for (std::size_t const size : {std::size_t{64 * 1024}, std::size_t{512 * 1024}}) {
         OnThread(size, [&] {
             int const depth = Depth();
             EXPECT_GE(depth, 10);

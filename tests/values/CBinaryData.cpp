@@ -103,9 +103,9 @@ TEST(CBinaryData, ChangesInPlaceWhatItAloneHolds) {
         EXPECT_EQ(data.CompressData(static_cast<CompressionType>(none)).GetData(), place);
     CBinaryData const copy = data;
     EXPECT_EQ(copy[5], '?');
-    for (auto const& [index, shown] :
-         {std::pair{6ull, "6"}, {0x80000000, "-2147483648"}, {0x1FFFFFFFF, "-1"}})
-        EXPECT_BX_THROW(data[index], CBxException, std::string("Index Out of range [") + shown + "]");
+    for (auto const& row : {std::pair{6ull, "6"}, {0x80000000, "-2147483648"}, {0x1FFFFFFFF, "-1"}})
+        EXPECT_BX_THROW(data[row.first], CBxException,
+                        std::string("Index Out of range [") + row.second + "]");
     EXPECT_EQ(data.GetData(), place);
 }
 

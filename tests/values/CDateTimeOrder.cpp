@@ -23,7 +23,9 @@ TEST(CDateTimeOrder, ZonesAreTakenToUtc) {
 TEST(CDateTimeOrder, IsThatOfTheInstants) {
     using namespace std::chrono;
     std::mt19937 random(6);
-    auto const any = [&random](int most) { return static_cast<int>(random() % (2 * most + 1)) - most; };
+    auto const any = [&random](int most) {
+        return static_cast<int>(random() % static_cast<unsigned>(2 * most + 1)) - most;
+    };
     auto const made = [&](sys_time<nanoseconds> instant, int zone) {
         int const hours = zone < 2 ? 0 : any(23), minutes = zone < 2 || hours == 0 ? 0 : std::abs(any(59));
         CDateTime const utc(instant + hours * 1h + (hours < 0 ? -1 : 1) * minutes * 1min);

@@ -196,7 +196,9 @@ public:
 
     /// Whether it reads as this value.
     bool operator==(Value const& value) const { return IsSame(**this, value); }
-    using Optional<S>::operator==;
+    bool operator==(WithDefault const& other) const {
+        return static_cast<Optional<S> const&>(*this) == static_cast<Optional<S> const&>(other);
+    }
 
     static constexpr std::u16string_view kDefault = kText.View();
 };

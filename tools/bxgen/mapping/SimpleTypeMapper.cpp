@@ -201,11 +201,12 @@ void SimpleTypeMapper::AddValues(SimpleType const& step, SimplePlan& plan) {
 
 /// The kit tests no lengths of enumerators, so those of other lengths are left out of the values.
 void SimpleTypeMapper::KeepLengths(SimpleType const& type, SimplePlan& plan) {
-    auto const removed = std::ranges::remove_if(plan.m_facets, [](FacetPlan const& facet) {
-        return facet.m_name == "length" || facet.m_name == "minLength" || facet.m_name == "maxLength";
-    });
-    if (removed.empty()) return;
-    plan.m_facets.erase(removed.begin(), removed.end());
+    auto const removed =
+        std::remove_if(plan.m_facets.begin(), plan.m_facets.end(), [](FacetPlan const& facet) {
+            return facet.m_name == "length" || facet.m_name == "minLength" || facet.m_name == "maxLength";
+        });
+    if (removed == plan.m_facets.end()) return;
+    plan.m_facets.erase(removed, plan.m_facets.end());
     if (plan.m_values.empty()) AddValues(*type.EnumerationStep(), plan);
     std::erase_if(plan.m_values, [&](std::string const& value) {
         auto const length = static_cast<std::uint64_t>(CountCharacters(value));
