@@ -76,7 +76,7 @@ void CObject::ToXml_Int(CXmlWriter* writer, bool isRoot, char16_t const* namespa
 }
 
 CSmartPtr<CObject> CObject::Clone() const {
-    CObjectLevel const level;
+    CNestingLevel const level;
     Class const& type = Describe();
     CSmartPtr<CObject> copy = type.GetFacts().make();
     copy->m_elementName = m_elementName;
@@ -87,7 +87,7 @@ CSmartPtr<CObject> CObject::Clone() const {
 }
 
 bool CObject::Equals(CObject const& other) const {
-    CObjectLevel const level;
+    CNestingLevel const level;
     if (&Describe() != &other.Describe()) return false;
     for (PropertyModel const& property : Describe().GetModel().properties) {
         if (!property.actions->equals(property.Of(*this), property.Of(other))) return false;

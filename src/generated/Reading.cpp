@@ -28,7 +28,7 @@ void ReadValue(CObject& object, PropertyModel const& property, wstring const& na
 
 void ReadElement(CObject& object, CXmlElement& element, bool mayBeNil,
                  CXmlSerializationContext const& context) {
-    CObjectLevel const level;
+    CNestingLevel const level;
     ObjectAccess::ReadAttributes(object, element, context);
     Reading(object, element, element.GetFirstElement(), context).Content(mayBeNil);
 }

@@ -26,7 +26,7 @@ CSmartPtr<CAttributeCol> CloneAttributes(CAttributeCol const& attributes) {
 }
 
 CSmartPtr<CElement> CloneElement(CElement const& element) {
-    CObjectLevel const level;
+    CNestingLevel const level;
     CSmartPtr<CElement> copy =
         new CElement(element.GetName().c_str(), element.GetNamespace().c_str(), u"##any", u"");
     copy->SetText(element.GetText().c_str());
@@ -52,7 +52,7 @@ bool EqualAttributes(CAttributeCol const& a, CAttributeCol const& b) {
 }
 
 bool EqualElements(CElement const& a, CElement const& b) {
-    CObjectLevel const level;
+    CNestingLevel const level;
     CElementCol const& mine = *a.GetChildElements();
     CElementCol const& theirs = *b.GetChildElements();
     if (a.GetName() != b.GetName() || a.GetNamespace() != b.GetNamespace() || a.GetText() != b.GetText() ||

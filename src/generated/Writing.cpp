@@ -152,7 +152,7 @@ CXmlObjectBase* Writing::HeldBy(PropertyModel const& property, int index) const 
 }
 
 void Writing::WriteObject(Particle const& particle, int index) {
-    CObjectLevel const level;
+    CNestingLevel const level;
     auto const& object = static_cast<CObject const&>(*HeldBy(*particle.model, index));
     Writing inner(object, *this, particle.name, particle.max == 1 ? -1 : index);
     if (m_writer == nullptr) {
@@ -185,7 +185,7 @@ void Writing::WriteItems(Particle const& particle) {
     int const count = particle.model->Count(m_object);
     if (!(particle.canBeEmpty && count < particle.min)) RefuseCount(particle, count);
     for (int i = 0; i < count; ++i) {
-        CObjectLevel const level;
+        CNestingLevel const level;
         Writing(static_cast<CObject const&>(*HeldBy(*particle.model, i)), *this, particle.name, i)
             .Content(false);
     }
