@@ -1,8 +1,9 @@
 #!/usr/bin/env bash
-# fuzz.sh TARGET [SECONDS]: builds a fuzz target, xml or fastinfoset, and runs it, for a minute if not told otherwise.
+# fuzz.sh TARGET [SECONDS]: builds a fuzz target, xml, fastinfoset or schema, and runs it, for a minute if not told
+# otherwise.
 source "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 
-target=${1:?Usage: scripts/fuzz.sh xml|fastinfoset [SECONDS]}
+target=${1:?Usage: scripts/fuzz.sh xml|fastinfoset|schema [SECONDS]}
 seconds=${2:-60}
 
 scripts/setup.sh --all

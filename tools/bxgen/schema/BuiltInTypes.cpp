@@ -4,6 +4,7 @@
 #include <charconv>
 #include <iterator>
 
+#include "schema/SimpleTypes.h"
 #include "schema/Text.h"
 
 namespace BxGen {
@@ -125,6 +126,7 @@ void AddType(SchemaStore& store, TypeRow const& row) {
         type.m_primitive = isPrimitive ? row.m_type : simple->m_primitive;
     }
     for (std::string_view const facet : Items(row.m_facets)) AddFacet(store, type, facet);
+    if (base->m_isSimple) InheritFacets(type, *base->AsSimple());
     SchemaStore::Mutable(*base).m_derived.push_back(&type);
     store.m_builtIns.emplace(row.m_type, &type);
     store.m_types.m_byName.emplace(type.m_name, &type);

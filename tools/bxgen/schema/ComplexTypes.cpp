@@ -356,7 +356,7 @@ public:
 private:
     bool Refuse(Type const& type, std::string const& what, std::size_t limit, std::string_view of) {
         m_diagnostics.Error(type.m_place, "limit",
-                            what + " has more than " + std::to_string(limit) + ' ' + std::string(of));
+                            "more than " + std::to_string(limit) + ' ' + std::string(of) + " in " + what);
         return false;
     }
 
@@ -379,7 +379,7 @@ void CheckSizes(SchemaStore& store, std::vector<NamedGroup const*> const& order,
     ParticleCounter counter;
     auto const report = [&diagnostics](Component const& component) {
         diagnostics.Error(component.m_place, "limit",
-                          "the content has more than " + std::to_string(kMaxParticles) + " particles");
+                          "more than " + std::to_string(kMaxParticles) + " particles in the content");
     };
     for (NamedGroup const* const group : order) {
         counter.Add(*group);

@@ -16,22 +16,6 @@ BuiltIn SimpleType::NearestBuiltIn() const {
     return type->m_builtIn;
 }
 
-Facet const* SimpleType::Find(FacetKind kind) const {
-    for (SimpleType const* step = this; step != nullptr; step = step->RestrictedType()) {
-        auto const found = std::ranges::find(step->m_facets, kind, &Facet::m_kind);
-        if (found != step->m_facets.end()) return *found;
-    }
-    return nullptr;
-}
-
-SimpleType const* SimpleType::EnumerationStep() const {
-    for (SimpleType const* step = this; step != nullptr; step = step->RestrictedType()) {
-        auto const found = std::ranges::find(step->m_facets, FacetKind::kEnumeration, &Facet::m_kind);
-        if (found != step->m_facets.end()) return step;
-    }
-    return nullptr;
-}
-
 bool Wildcard::Allows(std::string_view namespaceUri) const {
     bool const isListed = std::ranges::find(m_namespaces, namespaceUri) != m_namespaces.end();
     switch (m_kind) {

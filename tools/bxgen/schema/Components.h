@@ -6,6 +6,7 @@
 // that. Pointers and texts live as long as the SchemaSet. Members are in the order in which they are written.
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <limits>
@@ -124,6 +125,8 @@ enum class FacetKind : std::uint8_t {
     kFractionDigits,
 };
 
+inline constexpr std::size_t kFacetKinds = 12;
+
 /// The name of a facet's element: "minLength".
 std::string_view NameOf(FacetKind kind);
 
@@ -153,9 +156,9 @@ struct SimpleType : Type {
     BuiltIn NearestBuiltIn() const;
     /// The facet of a kind that holds for this type: of this step, or of the nearest one that has it. Null if none.
     /// For pattern and enumeration use EnumerationStep and the facets of each step.
-    Facet const* Find(FacetKind kind) const;
+    Facet const* Find(FacetKind kind) const { return m_effective[static_cast<std::size_t>(kind)]; }
     /// The nearest step that has enumerations (its enumerations are the allowed values), or null.
-    SimpleType const* EnumerationStep() const;
+    SimpleType const* EnumerationStep() const { return m_enumerationStep; }
 
     Variety m_variety = Variety::kAtomic;
     BuiltIn m_primitive =
@@ -167,6 +170,9 @@ struct SimpleType : Type {
     bool m_holdsList = false;       ///< a union with a list among its members, however deep
     std::size_t m_memberCount = 0;  ///< of a union, those of unions within counted each time
     std::vector<Facet const*> m_facets;  ///< of this step, in order; one for each pattern and enumeration
+
+    std::array<Facet const*, kFacetKinds> m_effective = {};  ///< what Find gives
+    SimpleType const* m_enumerationStep = nullptr;
 };
 
 // --------------------------------------------------------------------------------------- elements and

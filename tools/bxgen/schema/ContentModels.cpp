@@ -241,7 +241,7 @@ private:
                 part.m_behindLast.Add(next);
             }
             next = PositionSet(m_steps);
-            next.Add(present.m_first);
+            if (part.m_mayBeEmpty && present.m_mayBeEmpty) next.Add(present.m_first);
             if (present.m_mayBeEmpty) {
                 Join(part.m_first, std::move(present.m_first));
             } else {

@@ -16,6 +16,6 @@ inline constexpr std::size_t kMaxAttributeUses = 20'000'000;
 /// Particles of all content models together.
 inline constexpr std::size_t kMaxAllParticles = 20'000'000;
 /// Steps of all comparisons of content models together.
-inline constexpr std::size_t kMaxContentSteps = 50'000'000;
+inline constexpr std::size_t kMaxContentSteps = 20'000'000;
 
 }  // namespace BxGen

@@ -25,9 +25,6 @@ namespace fs = std::filesystem;
 constexpr std::array<QName, 2> kVerbatim = {QName{kXsdNamespace, "documentation"},
                                             QName{kXsdNamespace, "appinfo"}};
 
-/// The remedy for a location that leads nowhere.
-constexpr std::string_view kRemedy = "give --location URI=FILE or --catalog FILE";
-
 /// Where a document is, and what it was called: the file, and the URI that a catalog led here from, or none.
 struct Source {
     std::string m_path;

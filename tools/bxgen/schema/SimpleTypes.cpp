@@ -122,9 +122,11 @@ bool IsBound(FacetKind kind) {
     return (Bit(kind) & kBounds) != 0;
 }
 
+/// The facet of a kind that the step itself has, if there can be one alone.
 Facet const* Own(SimpleType const& type, FacetKind kind) {
-    auto const found = std::ranges::find(type.m_facets, kind, &Facet::m_kind);
-    return found != type.m_facets.end() ? *found : nullptr;
+    SimpleType const* const base = type.RestrictedType();
+    Facet const* const facet = type.Find(kind);
+    return base == nullptr || facet != base->Find(kind) ? facet : nullptr;
 }
 
 /// True if a list must not have items of the type: lists, and unions that hold one.
@@ -189,6 +191,7 @@ private:
         m_type.m_holdsList = base.m_holdsList;
         m_type.m_memberCount = base.m_memberCount;
         m_type.m_whiteSpace = base.m_whiteSpace;
+        InheritFacets(m_type, base);
         if (CheckKinds()) CheckFacets(base);
     }
 
@@ -345,6 +348,15 @@ bool IsReplaceable(Type const& type, Type const& expected, std::size_t& budget) 
 }
 
 }  // namespace
+
+void InheritFacets(SimpleType& type, SimpleType const& base) {
+    type.m_effective = base.m_effective;
+    type.m_enumerationStep = base.m_enumerationStep;
+    for (Facet const* const facet : type.m_facets) {
+        type.m_effective[static_cast<std::size_t>(facet->m_kind)] = facet;
+        if (facet->m_kind == FacetKind::kEnumeration) type.m_enumerationStep = &type;
+    }
+}
 
 void FinishSimpleTypes(SchemaStore& store, std::vector<Type const*> const& order, Diagnostics& diagnostics) {
     ValueChecker values(store);

@@ -16,6 +16,9 @@ void FinishSimpleTypes(SchemaStore& store, std::vector<Type const*> const& order
 /// The same for one, whose base is finished.
 void FinishSimpleType(SchemaStore& store, SimpleType& type, ValueChecker& values, Diagnostics& diagnostics);
 
+/// Sets what facets hold for a type: its own, else those of its base.
+void InheritFacets(SimpleType& type, SimpleType const& base);
+
 /// True if a type may stand where another is expected: it derives from it, or from a member of the union that it is.
 bool MayReplace(Type const& type, Type const& expected);
 

@@ -1,7 +1,6 @@
 #include "schema/Syntax.h"
 
 #include <algorithm>
-#include <charconv>
 #include <iterator>
 #include <map>
 #include <set>

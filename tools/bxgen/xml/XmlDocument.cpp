@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <exception>
 #include <limits>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -41,6 +42,8 @@ public:
         XML_SetCharacterDataHandler(m_parser.get(), Call<&XmlParser::Text>);
         XML_SetNamespaceDeclHandler(m_parser.get(), Call<&XmlParser::Declare>, [](void*, char const*) {});
         XML_SetSkippedEntityHandler(m_parser.get(), Call<&XmlParser::Skipped>);
+        XML_SetStartDoctypeDeclHandler(m_parser.get(), Call<&XmlParser::StartDocumentType>);
+        XML_SetEntityDeclHandler(m_parser.get(), Call<&XmlParser::DeclareEntity>);
         XML_SetUnknownEncodingHandler(
             m_parser.get(), [](void*, char const*, XML_Encoding*) -> int { return XML_STATUS_ERROR; },
             nullptr);
@@ -116,7 +119,32 @@ private:
         return &m_document.m_scopes.emplace_back(NamespaceScope{std::exchange(m_declarations, {}), outer});
     }
 
+    void StartDocumentType(char const*, char const* system, char const*, int) {
+        m_hasOtherDeclarations = system != nullptr;
+    }
+
+    void DeclareEntity(char const* name, int isParameterEntity, char const*, int, char const*, char const*,
+                       char const*, char const*) {
+        if (isParameterEntity == 0) m_entities.insert(name);
+    }
+
+    /// Expat leaves out of attributes, without a word, entities that declarations it did not read may hold.
+    void CheckEntitiesOfTag() {
+        int offset = 0;
+        int size = 0;
+        char const* const context = XML_GetInputContext(m_parser.get(), &offset, &size);
+        if (context == nullptr) return;
+        std::string_view tag(context + offset, static_cast<std::size_t>(size - offset));
+        tag = tag.substr(0, static_cast<std::size_t>(std::max(XML_GetCurrentByteCount(m_parser.get()), 0)));
+        for (std::size_t start = tag.find('&'); start != tag.npos; start = tag.find('&', start + 1)) {
+            std::string const name(tag.substr(start + 1, tag.find(';', start) - start - 1));
+            if (!name.starts_with('#') && !m_entities.contains(name)) return Skipped(name.c_str(), 0);
+        }
+    }
+
     void Start(char const* name, char const** attributes) {
+        if (m_hasOtherDeclarations) CheckEntitiesOfTag();
+        if (m_isRefused) return;
         if (m_open.size() >= XmlDocument::kMaxDepth)
             return Refuse("more than 1024 elements within each other");
         FlushText();
@@ -164,6 +192,8 @@ private:
     std::vector<NamespaceScope::Declaration> m_declarations;
     std::string m_text;
     std::size_t m_verbatimDepth = 0;
+    std::set<std::string> m_entities{"lt", "gt", "amp", "apos", "quot"};
+    bool m_hasOtherDeclarations = false;  ///< the document type names a file, which is not read
     bool m_isRefused = false;
     std::exception_ptr m_failure;
 };

@@ -1,0 +1,79 @@
+// Schemas in a folder of their own.
+#pragma once
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "Run.h"
+
+namespace BxGen {
+
+/// What a run ended with, its output and its messages, in which the folder is not named.
+struct Outcome {
+    int m_status = 0;
+    std::string m_output;
+    std::string m_messages;
+
+    bool operator==(Outcome const&) const = default;
+};
+
+/// A folder for files and runs, gone at the end.
+class Folder {
+public:
+    Folder() {
+        std::string name = (std::filesystem::temp_directory_path() / "bxgen-test-XXXXXX").string();
+        if (mkdtemp(name.data()) == nullptr) throw std::filesystem::filesystem_error("mkdtemp", name, {});
+        m_path = name;
+    }
+    Folder(Folder const&) = delete;
+    Folder& operator=(Folder const&) = delete;
+    ~Folder() { std::filesystem::remove_all(m_path); }
+
+    std::string Path(std::string_view name) const { return (m_path / name).string(); }
+
+    void Put(std::string_view name, std::string_view octets) const {
+        std::filesystem::create_directories((m_path / name).parent_path());
+        std::ofstream(m_path / name, std::ios::binary) << octets;
+    }
+
+    /// Runs the tool; `@` in an argument stands for the folder.
+    Outcome Run(std::vector<std::string> arguments) const {
+        std::vector<char const*> pointers;
+        for (std::string& argument : arguments) {
+            Replace(argument, "@", m_path.string() + '/');
+            pointers.push_back(argument.c_str());
+        }
+        Outcome outcome;
+        outcome.m_status = BxGen::Run(pointers, outcome.m_output, outcome.m_messages);
+        Replace(outcome.m_messages, m_path.string() + '/', "");
+        return outcome;
+    }
+
+    /// Puts a schema and dumps it.
+    Outcome Dump(std::string_view schema) const {
+        Put("a.xsd", schema);
+        return Run({"--dump", "@a.xsd"});
+    }
+
+private:
+    static void Replace(std::string& text, std::string_view what, std::string const& by) {
+        for (std::size_t at = text.find(what); at != text.npos; at = text.find(what, at + by.size())) {
+            text.replace(at, what.size(), by);
+        }
+    }
+
+    std::filesystem::path m_path;
+};
+
+/// A schema of the namespace u, whose prefix is t, on one line.
+inline std::string Schema(std::string_view body, std::string_view attributes = "") {
+    return "<xs:schema xmlns:xs='http://www.w3.org/2001/XMLSchema' xmlns:t='u' targetNamespace='u' " +
+           std::string(attributes) + ">" + std::string(body) + "</xs:schema>";
+}
+
+}  // namespace BxGen
