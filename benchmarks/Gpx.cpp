@@ -4,6 +4,9 @@
 
 #include <benchmark/benchmark.h>
 
+#include <thread>
+
+#include "ExpatFloor.h"
 #include "GpxDocument.h"
 #include "Report.h"
 
@@ -43,6 +46,26 @@ void ReadFastInfosetGpx(benchmark::State& state) {
     }
 }
 
+void ReadInThreads(benchmark::State& state, std::size_t count) {
+    std::string const& input = Input(state);
+    for (auto _ : state) {
+        std::vector<std::jthread> threads(count);
+        for (std::jthread& thread : threads) {
+            thread = std::jthread([&input] {
+                Gpx::CGpx gpx;
+                Read(gpx, input);
+            });
+        }
+    }
+}
+
+void ReadGpxInOneThread(benchmark::State& state) {
+    ReadInThreads(state, 1);
+}
+void ReadGpxInTwoThreads(benchmark::State& state) {
+    ReadInThreads(state, 2);
+}
+
 void WriteGpx(benchmark::State& state) {
     Gpx::CGpx gpx;
     Read(gpx, Input(state));
@@ -53,27 +76,91 @@ void WriteGpx(benchmark::State& state) {
     }
 }
 
-#define BX_GPX_BENCHMARK(Function) \
-    BENCHMARK(Function)->Arg(1)->Arg(10)->Arg(50)->Unit(benchmark::kMillisecond)->Repetitions(5)
+void WriteUtf8(benchmark::State& state, std::string const& input, bool formatted) {
+    Gpx::CGpx gpx;
+    Read(gpx, input);
+    CXmlSerializationContext const context = gpx.WritingContext();
+    for (auto _ : state) {
+        CBinaryData const document = gpx.ToXmlStream(true, formatted, enc_UTF8, eol_LF, context, cmp_None);
+        benchmark::DoNotOptimize(document.GetData());
+    }
+}
 
-BX_GPX_BENCHMARK(ReadGpx);
-BX_GPX_BENCHMARK(ReadFastInfosetGpx);
-BX_GPX_BENCHMARK(WriteGpx);
+void WriteGpxUtf8(benchmark::State& state) {
+    WriteUtf8(state, Input(state), false);
+}
+void WriteGpxUtf8Formatted(benchmark::State& state) {
+    WriteUtf8(state, Input(state), true);
+}
+
+void WriteFastInfosetGpx(benchmark::State& state) {
+    Gpx::CGpx gpx;
+    Read(gpx, Input(state));
+    CXmlSerializationContext const context = gpx.WritingContext();
+    for (auto _ : state) {
+        CBinaryData const document = gpx.ToFastInfosetStream(fi_None, context, cmp_None);
+        benchmark::DoNotOptimize(document.GetData());
+    }
+}
+
+constexpr std::size_t kMessage = 1600;
+
+void MessageFloor(benchmark::State& state) {
+    std::string const& input = GpxDocument(kMessage);
+    for (auto _ : state) {
+        if (!ParseWithEmptyHandlers(input)) state.SkipWithError("refused");
+    }
+}
+
+void ReadGpxMessage(benchmark::State& state) {
+    std::string const& input = GpxDocument(kMessage);
+    for (auto _ : state) {
+        Gpx::CGpx gpx;
+        Read(gpx, input);
+        benchmark::DoNotOptimize(&gpx);
+    }
+}
+
+void WriteGpxMessage(benchmark::State& state) {
+    WriteUtf8(state, GpxDocument(kMessage), false);
+}
+
+#define BX_GPX_BENCHMARK(Function) BENCHMARK(Function)->Unit(benchmark::kMillisecond)->Repetitions(5)
+
+BX_GPX_BENCHMARK(ReadGpx)->Arg(1)->Arg(10)->Arg(50);
+BX_GPX_BENCHMARK(ReadFastInfosetGpx)->Arg(10);
+BX_GPX_BENCHMARK(ReadGpxInOneThread)->Arg(10)->UseRealTime();
+BX_GPX_BENCHMARK(ReadGpxInTwoThreads)->Arg(10)->UseRealTime();
+BX_GPX_BENCHMARK(WriteGpx)->Arg(1)->Arg(10)->Arg(50);
+BX_GPX_BENCHMARK(WriteGpxUtf8)->Arg(10);
+BX_GPX_BENCHMARK(WriteGpxUtf8Formatted)->Arg(10);
+BX_GPX_BENCHMARK(WriteFastInfosetGpx)->Arg(10);
+BENCHMARK(MessageFloor)->Repetitions(5);
+BENCHMARK(ReadGpxMessage)->Repetitions(5);
+BENCHMARK(WriteGpxMessage)->Repetitions(5);
 
 Aims const s_aims({
-    {"ReadGpx/10", "Floor/10", 2.2},
-    {"ReadFastInfosetGpx/10", "Floor/10", 0},
-    {"WriteGpx/10", "Floor/10", 1.4},
-    {"ReadGpx/50", "ReadGpx/1", 0},
-    {"WriteGpx/50", "WriteGpx/1", 0},
+    {"ReadGpx/10", "Floor/10", 2.0},
+    {"ReadFastInfosetGpx/10", "Floor/10", 0.85},
+    {"WriteGpx/10", "Floor/10", 0},
+    {"WriteGpxUtf8/10", "Floor/10", 0.9},
+    {"WriteGpxUtf8Formatted/10", "Floor/10", 1.0},
+    {"WriteFastInfosetGpx/10", "Floor/10", 0.8},
+    {"ReadGpxMessage", "MessageFloor", 1.9},
+    {"WriteGpxMessage", "MessageFloor", 0.6},
+    {"ReadGpx/50", "ReadGpx/1", kLinear},
+    {"WriteGpx/50", "WriteGpx/1", kLinear},
+    {"ReadGpxInTwoThreads/10", "ReadGpxInOneThread/10", 1.05},
 });
 
+void ReadOnce(std::string const& input) {
+    Gpx::CGpx gpx;
+    Read(gpx, input);
+}
+
 PeakAims const s_peaks({
-    {"read into the GPX classes, the input included", 10 * kMegabyte, 10.0,
-     [](std::string const& input) {
-         Gpx::CGpx gpx;
-         Read(gpx, input);
-     }},
+    {"PeakOfReadGpx", 6.0, ReadOnce},
+    {"PeakOfReadFastInfosetGpx", 0, ReadOnce, true},
 });
 
 }  // namespace

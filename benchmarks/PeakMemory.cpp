@@ -1,5 +1,6 @@
 #include "PeakMemory.h"
 
+#include <malloc.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -22,6 +23,7 @@ std::size_t Status(std::string const& key) {
 }  // namespace
 
 std::size_t PeakMemoryOf(std::function<void()> const& work) {
+    malloc_trim(0);
     int ends[2];
     if (pipe(ends) != 0) return 0;
     pid_t const child = fork();

@@ -1,10 +1,13 @@
-// Runs the benchmarks and prints, below them, their least times as ratios to the floors of the same run.
+// Runs the benchmarks and prints one table below them: their least times, and peaks of memory, as ratios to
+// the floors of the same run. Arguments without a hyphen name those that are wanted; their floors run with
+// them.
 
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
 #include <cstdio>
 #include <map>
+#include <optional>
 
 #include "GpxDocument.h"
 #include "PeakMemory.h"
@@ -14,22 +17,47 @@ namespace BxBench {
 
 namespace {
 
-std::vector<Ratio>& Ratios() {
-    static std::vector<Ratio> s_rows;
+template <class Row>
+std::vector<Row>& Rows() {
+    static std::vector<Row> s_rows;
     return s_rows;
 }
 
-std::vector<Peak>& Peaks() {
-    static std::vector<Peak> s_rows;
-    return s_rows;
+template <class Row>
+void AddRows(std::vector<Row> const& rows) {
+    Rows<Row>().insert(Rows<Row>().end(), rows.begin(), rows.end());
 }
 
-std::vector<Size>& SizeRows() {
-    static std::vector<Size> s_rows;
-    return s_rows;
+std::string FunctionOf(std::string const& benchmark) {
+    return benchmark.substr(0, benchmark.find('/'));
 }
 
-/// Prints as usual and keeps the least CPU time of each benchmark: the machine's noise only ever adds.
+/// What the command line asks for.
+class Choice {
+public:
+    explicit Choice(std::vector<std::string> names) : m_names(std::move(names)) {}
+
+    bool Has(std::string const& benchmark) const {
+        return m_names.empty() || std::ranges::find(m_names, FunctionOf(benchmark)) != m_names.end();
+    }
+
+    /// A filter for those chosen, and for their floors in the same sizes.
+    std::string Filter() const {
+        if (m_names.empty()) return benchmark::GetBenchmarkFilter();
+        std::string filter = "^(-";  // so that there is no name but those that follow
+        for (std::string const& name : m_names) filter += '|' + name;
+        filter += ")(/|$)";
+        for (Ratio const& row : Rows<Ratio>()) {
+            if (Has(row.m_benchmark)) filter += "|^" + row.m_floor + "(/|$)";
+        }
+        return filter;
+    }
+
+private:
+    std::vector<std::string> m_names;
+};
+
+/// Prints as usual and keeps the least time of each benchmark: the machine's noise only ever adds.
 class Reporter : public benchmark::ConsoleReporter {
 public:
     Reporter() : ConsoleReporter(OO_Tabular) {}
@@ -37,7 +65,10 @@ public:
     void ReportRuns(std::vector<Run> const& runs) override {
         for (Run const& run : runs) {
             if (run.run_type != Run::RT_Iteration || run.error_occurred) continue;
-            double const time = run.GetAdjustedCPUTime() / benchmark::GetTimeUnitMultiplier(run.time_unit);
+            // CPU time, unless the benchmark asks for the other, since it has threads of its own.
+            bool const isReal = run.run_name.time_type == "real_time";
+            double const time = (isReal ? run.GetAdjustedRealTime() : run.GetAdjustedCPUTime()) /
+                                benchmark::GetTimeUnitMultiplier(run.time_unit);
             std::string const name =
                 run.run_name.function_name + (run.run_name.args.empty() ? "" : "/") + run.run_name.args;
             auto const [entry, isNew] = m_least.emplace(name, time);
@@ -46,42 +77,71 @@ public:
         ConsoleReporter::ReportRuns(runs);
     }
 
-    void PrintRatios() const {
-        std::printf("\nLeast CPU time as a ratio to a floor\n");
-        for (Ratio const& row : Ratios()) {
-            auto const time = m_least.find(row.m_benchmark);
-            auto const floor = m_least.find(row.m_floor);
-            if (time == m_least.end() || floor == m_least.end()) continue;
-            PrintRow(row.m_benchmark + " : " + row.m_floor, time->second / floor->second, row.m_aim);
-        }
-    }
-
-    static void PrintRow(std::string const& name, double ratio, double aim) {
-        std::printf("  %-52s %8.2f", name.c_str(), ratio);
-        if (aim > 0) std::printf("   aim: at most %.2f%s", aim, ratio <= aim ? "" : "   MISSED");
-        std::printf("\n");
+    /// In seconds.
+    std::optional<double> LeastTime(std::string const& benchmark) const {
+        auto const known = m_least.find(benchmark);
+        return known == m_least.end() ? std::nullopt : std::optional(known->second);
     }
 
 private:
-    std::map<std::string, double> m_least;  // in seconds
+    std::map<std::string, double> m_least;
 };
 
-void PrintPeaks() {
-    std::printf("Peak memory as a ratio to the octets of the input\n");
-    for (Peak const& row : Peaks()) {
-        std::string const& input = GpxDocument(row.m_octets);
-        std::size_t const rise = PeakMemoryOf([&] { row.m_work(input); });
-        auto const octets = static_cast<double>(input.size());
-        Reporter::PrintRow(row.m_name, static_cast<double>(rise) / octets + 1, row.m_aim);
-    }
+std::string TimeText(double seconds) {
+    bool const isLong = seconds >= 1e-3;
+    char text[32];
+    std::snprintf(text, sizeof text, "%.*f %s", isLong ? 1 : 2, seconds * (isLong ? 1e3 : 1e6),
+                  isLong ? "ms" : "us");
+    return text;
+}
+
+std::string MegabytesText(double octets) {
+    char text[32];
+    std::snprintf(text, sizeof text, "%.1f MB", octets / 1e6);
+    return text;
+}
+
+using Text = std::string (*)(double);
+
+void PrintRow(std::string const& name, double figure, std::string const& floorName, double floor, Text text,
+              double aim) {
+    double const ratio = figure / floor;
+    std::printf("  %-32s %11s   %-28s %11s %8.2f", name.c_str(), text(figure).c_str(), floorName.c_str(),
+                text(floor).c_str(), ratio);
+    if (aim > 0) std::printf(" %8.2f   %s", aim, ratio <= aim ? "met" : "MISSED");
     std::printf("\n");
-    std::fflush(stdout);
+}
+
+/// @return the rises of memory, in octets, by name
+std::map<std::string, double> MeasurePeaks(Choice const& choice) {
+    std::map<std::string, double> peaks;
+    for (Peak const& row : Rows<Peak>()) {
+        if (!choice.Has(row.m_name)) continue;
+        std::string const input = row.m_takesFastInfoset ? GpxAsFastInfoset() : GpxDocument(kGpxOctets);
+        peaks[row.m_name] = static_cast<double>(PeakMemoryOf([&] { row.m_work(input); }));
+    }
+    return peaks;
+}
+
+void PrintTable(Reporter const& reporter, std::map<std::string, double> const& peaks) {
+    std::printf("\n  %-32s %11s   %-28s %11s %8s %8s   %s\n", "figure", "", "floor", "", "ratio", "aim", "");
+    for (Ratio const& row : Rows<Ratio>()) {
+        auto const time = reporter.LeastTime(row.m_benchmark);
+        auto const floor = reporter.LeastTime(row.m_floor);
+        if (time && floor) PrintRow(row.m_benchmark, *time, row.m_floor, *floor, TimeText, row.m_aim);
+    }
+    for (Peak const& row : Rows<Peak>()) {
+        auto const peak = peaks.find(row.m_name);
+        if (peak == peaks.end()) continue;
+        auto const document = static_cast<double>(GpxDocument(kGpxOctets).size());
+        PrintRow(row.m_name, peak->second, "octets of the document", document, MegabytesText, row.m_aim);
+    }
 }
 
 void PrintSizes() {
     std::printf("\nOctets of one document, and as a ratio to the first\n");
     double first = 0;
-    for (Size const& row : SizeRows()) {
+    for (Size const& row : Rows<Size>()) {
         auto const octets = static_cast<double>(row.m_octets());
         if (first == 0) first = octets;
         std::printf("  %-40s %11.0f %8.2f\n", row.m_name.c_str(), octets, octets / first);
@@ -91,23 +151,29 @@ void PrintSizes() {
 }  // namespace
 
 Aims::Aims(std::vector<Ratio> const& rows) {
-    Ratios().insert(Ratios().end(), rows.begin(), rows.end());
+    AddRows(rows);
 }
 PeakAims::PeakAims(std::vector<Peak> const& rows) {
-    Peaks().insert(Peaks().end(), rows.begin(), rows.end());
+    AddRows(rows);
 }
 Sizes::Sizes(std::vector<Size> const& rows) {
-    SizeRows().insert(SizeRows().end(), rows.begin(), rows.end());
+    AddRows(rows);
 }
 
 }  // namespace BxBench
 
 int main(int argc, char** argv) {
     benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
-    BxBench::PrintPeaks();
+    std::vector<std::string> const names(argv + 1, argv + argc);
+    if (std::ranges::any_of(names, [](auto const& name) { return name.starts_with('-'); })) {
+        benchmark::ReportUnrecognizedArguments(argc, argv);
+        return 1;
+    }
+    BxBench::Choice const choice(names);
+    // First, since a process that has worked has memory to reuse.
+    auto const peaks = BxBench::MeasurePeaks(choice);
     BxBench::Reporter reporter;
-    benchmark::RunSpecifiedBenchmarks(&reporter);
-    reporter.PrintRatios();
-    BxBench::PrintSizes();
+    benchmark::RunSpecifiedBenchmarks(&reporter, choice.Filter());
+    BxBench::PrintTable(reporter, peaks);
+    if (choice.Has("Sizes")) BxBench::PrintSizes();
 }

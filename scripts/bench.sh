@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# bench.sh [BENCHMARK ARGUMENT...]: builds and runs the benchmarks.
+# bench.sh [NAME...] [ARGUMENT...]: builds and runs the benchmarks, or those of these names with their floors, and
+# prints a table of their figures. Arguments begin with a hyphen and are those of Google Benchmark.
 source "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 
 scripts/setup.sh

@@ -30,7 +30,7 @@ public:
         bool const isRefused = index < 0 || index > GetCount();
         CSmartPtr<T> held = isRefused ? nullptr : item;
         AddItemAt(index, item);
-        return item;
+        return held;
     }
 
     /// @param index 0 to GetCount() - 1

@@ -7,6 +7,7 @@
 #include "BxXmlLib5/document/CXmlElement.h"
 #include "binding/NamespaceRules.h"
 #include "collections/CContentReader.h"
+#include "collections/ReadItems.h"
 #include "collections/Wildcards.h"
 #include "platform/TextView.h"
 
@@ -79,11 +80,12 @@ void CAttributeCol::ToXml_Int(CXmlWriter* writer, bool, char16_t const* namespac
 CXmlElement* CAttributeCol::FromXml_Int(CXmlElement* element, CXmlElement* firstChild,
                                         CXmlSerializationContext const&, bool) {
     CSharedNames names;
-    Read(*element, names);
+    CBlockMemory memory;
+    Read(*element, names, memory);
     return firstChild;
 }
 
-void CAttributeCol::Read(CXmlElement const& element, CSharedNames& names) {
+void CAttributeCol::Read(CXmlElement const& element, CSharedNames& names, CBlockMemory& memory) {
     for (CXmlAttribute const* attribute : element.GetAttributes()) {
         wstring const& name = attribute->GetLocalName();
         wstring const& ns = attribute->GetNamespaceURI();
@@ -92,14 +94,23 @@ void CAttributeCol::Read(CXmlElement const& element, CSharedNames& names) {
             throw CBxInvalidNamespaceException(FormatString(
                 u"Invalid Attribute [%s]. The attributes namespace is Inappropriate.", name.c_str()));
         }
-        AddNew(names.Name(name), attribute->GetValueView(), names.Namespace(ns));
+        auto* const added = new (memory)
+            CReadItem<CAttribute>(names.Name(name), attribute->GetValueView(), names.Namespace(ns));
+        added->m_node.m_item = added;
+        m_list.LinkAhead(nullptr, &added->m_node);
+        FireOnCollectionChange();
     }
 }
 
 CSmartPtr<CAttribute> CAttributeCol::AddTested(std::u16string_view name, std::u16string_view value,
                                                std::u16string_view ns) {
     BxXmlLib5::TestNamespace(ns, m_wildcard->m_namespaceRestriction, m_wildcard->m_targetNamespace);
-    CSharedText sharedNamespace = m_namespace;  // most are in one
+    CSharedText sharedNamespace = m_namespace;
+    CNode* const last = m_list.m_tail;
+    if (!sharedNamespace.Is(ns) && last != nullptr) {
+        if (auto const* const attribute = *CBxIterator<CAttribute const>(last))
+            sharedNamespace = attribute->m_namespace;
+    }
     sharedNamespace.Set(ns);
     return AddNew(CSharedText(name), value, std::move(sharedNamespace));
 }

@@ -32,9 +32,9 @@ CSmartPtr<CWildcard const> CSharedNames::Wildcard(wstring const& ns, CSharedText
 CContentReader::CContentReader(CSharedText targetNamespace) : m_targetNamespace(std::move(targetNamespace)) {}
 CContentReader::CContentReader() : m_wildcard(AnyWildcard({}, {})) {}
 
-CSmartPtr<CElement> CContentReader::Read(CXmlElement const& source) {
-    CSmartPtr<CElement> result = ReadAlone(source);
-    Enter(*result, source);
+CSmartPtr<CReadItem<CElement>> CContentReader::Read(CXmlElement const& source) {
+    CSmartPtr<CReadItem<CElement>> result = New(source);
+    Fill(*result, source);
     while (!m_levels.empty()) {
         Level& level = m_levels.back();
         if (level.m_next == nullptr) {
@@ -43,26 +43,32 @@ CSmartPtr<CElement> CContentReader::Read(CXmlElement const& source) {
         }
         CXmlElement const& child = *level.m_next;
         level.m_next = child.GetNextSiblingElement();
-        CSmartPtr<CElement> const copy = ReadAlone(child);
-        level.m_target->Append(copy);
-        Enter(*copy, child);
+        CReadItem<CElement>* const copy = New(child);
+        level.m_target->AppendRead(*copy);
+        Fill(*copy, child);
     }
     return result;
 }
 
-CSmartPtr<CElement> CContentReader::ReadAlone(CXmlElement const& source) {
+CReadItem<CElement>* CContentReader::New(CXmlElement const& source) {
     wstring const& ns = source.GetNamespaceURI();
-    CSmartPtr<CElement> result =
-        new CElement(m_names.Name(source.GetLocalName()), m_names.Namespace(ns),
-                     m_wildcard ? m_wildcard : m_names.Wildcard(ns, m_targetNamespace));
-    result->m_text = source.GetTextView();
-    if (!source.GetAttributes().empty()) result->Attributes().Read(source, m_names);
-    return result;
+    return new (m_memory)
+        CReadItem<CElement>(m_names.Name(source.GetLocalName()), m_names.Namespace(ns),
+                            m_wildcard ? m_wildcard : m_names.Wildcard(ns, m_targetNamespace));
 }
 
-void CContentReader::Enter(CElement& target, CXmlElement const& source) {
+/// Text and attributes now, the children next.
+void CContentReader::Fill(CElement& target, CXmlElement const& source) {
+    target.m_text = source.GetTextView();
+    if (!source.GetAttributes().empty()) {
+        auto* const attributes = new (m_memory) CReadCol<CAttributeCol>(target.m_wildcard);
+        target.m_attributes.Set(attributes);
+        attributes->Read(source, m_names, m_memory);
+    }
     if (source.GetFirstElement() != nullptr) {
-        m_levels.push_back({&target.ChildElements(), source.GetFirstElement()});
+        auto* const childElements = new (m_memory) CReadCol<CElementCol>(target.m_wildcard, 0, -1);
+        target.m_childElements.Set(childElements);
+        m_levels.push_back({childElements, source.GetFirstElement()});
     }
 }
 

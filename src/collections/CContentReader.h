@@ -7,12 +7,11 @@
 #include "BxXmlLib5/core/CSharedText.h"
 #include "BxXmlLib5/core/CSmartPtr.h"
 #include "BxXmlLib5/platform/Text.h"
+#include "collections/ReadItems.h"
 #include "collections/Wildcards.h"
 
 namespace BxXmlLib5 {
 
-class CElement;
-class CElementCol;
 class CXmlElement;
 
 /// Shares the names of one document, which are told by their addresses there. Of a document with many names
@@ -48,7 +47,7 @@ public:
     /// For elements that are made in no namespace and moved to theirs.
     CContentReader();
 
-    CSmartPtr<CElement> Read(CXmlElement const& source);
+    CSmartPtr<CReadItem<CElement>> Read(CXmlElement const& source);
 
 private:
     struct Level {
@@ -56,10 +55,11 @@ private:
         CXmlElement const* m_next;
     };
 
-    CSmartPtr<CElement> ReadAlone(CXmlElement const& source);
-    void Enter(CElement& target, CXmlElement const& source);
+    CReadItem<CElement>* New(CXmlElement const& source);
+    void Fill(CElement& target, CXmlElement const& source);
 
     CSharedNames m_names;
+    CBlockMemory m_memory;
     CSharedText m_targetNamespace;
     CSmartPtr<CWildcard const> m_wildcard;  // of all elements; null if each has that of its namespace
     std::vector<Level> m_levels;

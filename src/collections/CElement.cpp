@@ -14,6 +14,7 @@
 #include "BxXmlLib5/writers/CXmlWriter.h"
 #include "binding/NamespaceRules.h"
 #include "collections/CContentReader.h"
+#include "collections/ReadItems.h"
 #include "collections/Wildcards.h"
 #include "core/Limits.h"
 #include "core/NestingDepth.h"
@@ -193,8 +194,7 @@ void CElement::CopyXmlElement(CXmlElement* source) {
     CContentReader reader;
     for (CXmlElement* child = source->GetFirstElement(); child != nullptr;
          child = child->GetNextSiblingElement()) {
-        CSmartPtr<CElement> const copy = reader.Read(*child);
-        ChildElements().Append(copy);
+        ChildElements().AppendRead(*reader.Read(*child));
     }
 }
 

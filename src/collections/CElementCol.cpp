@@ -5,6 +5,7 @@
 #include "BxXmlLib5/core/CBxException.h"
 #include "BxXmlLib5/document/CXmlElement.h"
 #include "collections/CContentReader.h"
+#include "collections/ReadItems.h"
 #include "collections/Wildcards.h"
 #include "platform/TextView.h"
 
@@ -85,6 +86,12 @@ void CElementCol::Append(CElement* element) {
     TellTwice();
 }
 
+void CElementCol::AppendRead(CReadItem<CElement>& element) {
+    element.m_node.m_item = &element;
+    m_list.LinkAhead(nullptr, &element.m_node);
+    TellTwice();
+}
+
 void CElementCol::TellTwice() {
     FireOnCollectionChange();
     FireOnCollectionChange();
@@ -132,8 +139,7 @@ CXmlElement* CElementCol::ReadWhile(Accepts accepts, CXmlElement* firstChild) {
     CContentReader reader(m_wildcard->m_targetNamespace);
     CXmlElement* child = firstChild;
     for (; child != nullptr && accepts(*child); child = child->GetNextSiblingElement()) {
-        CSmartPtr<CElement> const element = reader.Read(*child);
-        Append(element);
+        AppendRead(*reader.Read(*child));
     }
     return child;
 }

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "BxXmlLib5/core/CBxException.h"
+#include "collections/ReadItems.h"
 #include "core/IndexRange.h"
 #include "core/NestingDepth.h"
 
@@ -13,7 +14,7 @@ namespace {
 /// Frees a node that is in no list. Its item goes last, and may take a tree with it.
 void FreeNode(CNode* node) {
     CSmartPtr<CXmlObjectBase> const item = std::move(node->m_item);
-    delete node;
+    if (!item || !IsOwnNode(node, *item)) delete node;
 }
 
 }  // namespace
@@ -54,8 +55,13 @@ CXmlCollection::List::~List() {
 }
 
 void CXmlCollection::List::LinkAhead(CNode* next, CXmlObjectBase* item) {
+    LinkAhead(next, new CNode{item});
+}
+
+void CXmlCollection::List::LinkAhead(CNode* next, CNode* node) noexcept {
     CNode* const prev = next == nullptr ? m_tail : next->m_prev;
-    CNode* const node = new CNode{item, next, prev};
+    node->m_next = next;
+    node->m_prev = prev;
     (prev == nullptr ? m_head : prev->m_next) = node;
     (next == nullptr ? m_tail : next->m_prev) = node;
     ++m_count;

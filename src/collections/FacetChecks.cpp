@@ -30,9 +30,9 @@ using Check = void (*)(CPrimitiveRestrictions const& facets, char16_t const* nam
 /// Null for a kind without a row.
 template <ItemType kType>
 constexpr Check CheckOf() {
-    if constexpr (requires { Facets::Kind<kType>::kMember; }) {
+    if constexpr (kHasFacets<kType>) {
         return [](CPrimitiveRestrictions const& facets, char16_t const* name, BxVariant::Value const& value) {
-            CheckValue<kType>(facets, name, ReadSlot(value.*Facets::Kind<kType>::kMember));
+            CheckValue<kType>(facets, name, ReadSlot(value.*ValueKind<kType>::kMember));
         };
     } else {
         return nullptr;

@@ -1,93 +1,48 @@
 #include "BxXmlLib5/collections/TypedCollections.h"
 
-#include <type_traits>
 #include <utility>
 
 #include "BxXmlLib5/core/CBxException.h"
-#include "BxXmlLib5/values/CConversions.h"
 #include "BxXmlLib5/writers/CXmlWriter.h"
 #include "collections/FacetKinds.h"
 #include "core/IndexRange.h"
 #include "values/CleanText.h"
+#include "values/ValueKinds.h"
 
 namespace BxXmlLib5 {
 
-// The kinds and their types of value.
-#define BX_FOR_EACH_KIND(ROW)      \
-    ROW(i1, std::int8_t)           \
-    ROW(i2, std::int16_t)          \
-    ROW(i4, std::int32_t)          \
-    ROW(i8, std::int64_t)          \
-    ROW(ui1, std::uint8_t)         \
-    ROW(ui2, std::uint16_t)        \
-    ROW(ui4, std::uint32_t)        \
-    ROW(ui8, std::uint64_t)        \
-    ROW(r4, float)                 \
-    ROW(r8, double)                \
-    ROW(boolean, bool)             \
-    ROW(string, wstring)           \
-    ROW(decimal, CDecimal)         \
-    ROW(integer, CBigInteger)      \
-    ROW(hexBinary, CBinaryData)    \
-    ROW(base64Binary, CBinaryData) \
-    ROW(duration, CDateTimeSpan)   \
-    ROW(day, std::uint8_t)         \
-    ROW(month, std::uint8_t)       \
-    ROW(year, std::uint16_t)
-
-// The kinds of dates and times, the types of CDateTime that they require, and what others are refused with.
-#define BX_FOR_EACH_DATE_KIND(ROW)                                                                 \
-    ROW(datetime, dt_dateTime, u"Dates added to this collection must be of type dt_dateTime")      \
-    ROW(date, dt_date, u"Dates added to this collection must be of type dt_date")                  \
-    ROW(time, dt_time, u"Dates added to this collection must be of type dt_time")                  \
-    ROW(yearMonth, dt_gYearMonth, u"Dates added to this collection must be of type dt_gYearMonth") \
-    ROW(monthDay, dt_gMonthDay, u"Dates added to this collection must be of type dt_gMonthDay")
-
 namespace {
 
-template <ItemType Kind>
-struct Conversions;
-
-#define BX_CONVERSIONS(kind, ...)                                                              \
-    template <>                                                                                \
-    struct Conversions<it_##kind> {                                                            \
-        static constexpr auto s_toString = &CConversions::kind##ToString;                      \
-        [[maybe_unused]] static constexpr auto s_fromString = &CConversions::kind##FromString; \
-    };
-BX_FOR_EACH_KIND(BX_CONVERSIONS)
-BX_FOR_EACH_DATE_KIND(BX_CONVERSIONS)
-
-template <ItemType Kind, class T>
-decltype(auto) TextOfValue(T const& value, char16_t const* format) {
-    constexpr auto toString = Conversions<Kind>::s_toString;
-    if constexpr (Kind == it_string) {
-        return value;
-    } else if constexpr (std::is_invocable_v<decltype(toString), T const&, char16_t const*>) {
-        return toString(value, format);
-    } else {
-        return toString(value);
-    }
-}
-
-template <ItemType Kind>
+template <ItemType kType>
 auto ValueOfText(wstring&& text, CWhitespaceUtils::WhitespaceRule rule) {
-    if constexpr (Kind == it_string) {
+    if constexpr (kType == it_string) {
         return CleanText::Of(rule, std::move(text));
     } else {
-        return Conversions<Kind>::s_fromString(text, rule);
+        return ValueKind<kType>::kFromString(text, rule);
     }
 }
 
-template <ItemType Kind>
-struct DateType;
+/// The type of CDateTime that a collection requires, and what others are refused with.
+struct DateType {
+    CDateTime::DTType m_type;
+    char16_t const* m_message;
+};
 
-#define BX_DATE_TYPE(kind, type, message)                     \
-    template <>                                               \
-    struct DateType<it_##kind> {                              \
-        static constexpr auto s_type = CDateTime::type;       \
-        static constexpr char16_t const* s_message = message; \
-    };
-BX_FOR_EACH_DATE_KIND(BX_DATE_TYPE)
+constexpr DateType DateTypeOf(ItemType type) {
+    switch (type) {
+        case it_datetime:
+            return {CDateTime::dt_dateTime, u"Dates added to this collection must be of type dt_dateTime"};
+        case it_date:
+            return {CDateTime::dt_date, u"Dates added to this collection must be of type dt_date"};
+        case it_time:
+            return {CDateTime::dt_time, u"Dates added to this collection must be of type dt_time"};
+        case it_yearMonth:
+            return {CDateTime::dt_gYearMonth,
+                    u"Dates added to this collection must be of type dt_gYearMonth"};
+        default:
+            return {CDateTime::dt_gMonthDay, u"Dates added to this collection must be of type dt_gMonthDay"};
+    }
+}
 
 }  // namespace
 
@@ -179,7 +134,7 @@ template <ItemType Kind, class T>
 void CTypedCol<Kind, T>::ToXml_Int(CXmlWriter* writer, bool, char16_t const*,
                                    CXmlSerializationContext const& context, bool) const {
     this->WriteValues(writer, context, [this](T const& value) -> decltype(auto) {
-        return TextOfValue<Kind>(value, this->m_format);
+        return LexicalForm<Kind>(value, this->m_format);
     });
 }
 
@@ -246,7 +201,8 @@ CTypedDateCol<Kind>::~CTypedDateCol() = default;
 
 template <ItemType Kind>
 void CTypedDateCol<Kind>::AddAt(int index, CDateTime const& value) {
-    if (value.GetType() != DateType<Kind>::s_type) throw CBxInvalidParamException(DateType<Kind>::s_message);
+    constexpr DateType kRequired = DateTypeOf(Kind);
+    if (value.GetType() != kRequired.m_type) throw CBxInvalidParamException(kRequired.m_message);
     CheckValue<Kind>(m_restrictions, m_elementName.c_str(), value);
     BaseAddAt(index, value);
 }
@@ -258,12 +214,12 @@ void CTypedDateCol<Kind>::AddFromString(wstring text) {
 
 template <ItemType Kind>
 wstring CTypedDateCol<Kind>::ItemToString(CDateTime const& value) {
-    return Conversions<Kind>::s_toString(value);
+    return ValueKind<Kind>::kToString(value);
 }
 
-#define BX_INSTANTIATE(kind, T) template class CTypedCol<it_##kind, T>;
-#define BX_INSTANTIATE_DATES(kind, ...) template class CTypedDateCol<it_##kind>;
-BX_FOR_EACH_KIND(BX_INSTANTIATE)
+#define BX_INSTANTIATE(kind, member) template class CTypedCol<it_##kind, ValueKind<it_##kind>::Value>;
+#define BX_INSTANTIATE_DATES(kind, member) template class CTypedDateCol<it_##kind>;
+BX_FOR_EACH_KIND_BUT_DATES(BX_INSTANTIATE)
 BX_FOR_EACH_DATE_KIND(BX_INSTANTIATE_DATES)
 
 }  // namespace BxXmlLib5

@@ -11,14 +11,9 @@ namespace {
 /// A stack without a limit would let a recursion without an end take all memory.
 constexpr std::uintptr_t kMostStack = 64 * 1024 * 1024;
 
-struct Extent {
-    std::uintptr_t lowest = 0;
-    std::uintptr_t end = 0;
-};
-
-/// Empty, but no longer as it was made, if the system does not tell.
-Extent ExtentOfStack() {
-    constexpr Extent kUnknown{1, 1};
+/// Of no address, but no longer as it was made, if the system does not tell.
+StackExtent ExtentOfStack() {
+    constexpr StackExtent kUnknown{1, 0};
     pthread_attr_t attributes;
     if (pthread_getattr_np(pthread_self(), &attributes) != 0) return kUnknown;
     void* start = nullptr;
@@ -26,20 +21,18 @@ Extent ExtentOfStack() {
     int const failure = pthread_attr_getstack(&attributes, &start, &size);
     pthread_attr_destroy(&attributes);
     if (failure != 0) return kUnknown;
-    auto const lowest = reinterpret_cast<std::uintptr_t>(start);
-    return {lowest + size - std::min(size, kMostStack), lowest + size};
+    std::size_t const most = std::min(size, kMostStack);
+    return {reinterpret_cast<std::uintptr_t>(start) + size - most, most};
 }
-
-constinit thread_local Extent t_stack;  // asked for once: for the first thread that is slow
 
 }  // namespace
 
-std::optional<std::size_t> StackLeft() {
-    Extent& stack = t_stack;
-    if (stack.end == 0) stack = ExtentOfStack();
-    std::uintptr_t const here = StackAddress();
-    if (here < stack.lowest || here >= stack.end) return std::nullopt;
-    return here - stack.lowest;
+constinit thread_local StackExtent t_stackExtent;
+
+std::optional<std::size_t> AskForStackLeft() {
+    if (t_stackExtent.m_lowest == 0) t_stackExtent = ExtentOfStack();  // for the first thread that is slow
+    std::uintptr_t const left = StackAddress() - t_stackExtent.m_lowest;
+    return left < t_stackExtent.m_size ? std::optional(left) : std::nullopt;
 }
 
 }  // namespace BxXmlLib5

@@ -1,19 +1,13 @@
 #include "BxXmlLib5/values/BxVariant.h"
 
+#include <array>
 #include <concepts>
-#include <iterator>
 #include <type_traits>
 #include <utility>
 
 #include "BxXmlLib5/core/CBxException.h"
 #include "BxXmlLib5/core/FormatString.h"
-#include "BxXmlLib5/values/CBigInteger.h"
-#include "BxXmlLib5/values/CBinaryData.h"
-#include "BxXmlLib5/values/CConversions.h"
-#include "BxXmlLib5/values/CDateTime.h"
-#include "BxXmlLib5/values/CDateTimeSpan.h"
-#include "BxXmlLib5/values/CDecimal.h"
-#include "values/VariantSlot.h"
+#include "values/ValueKinds.h"
 
 namespace BxXmlLib5 {
 
@@ -31,10 +25,9 @@ T Taken(T* slot) {
     return slot == nullptr ? T() : std::move(*slot);
 }
 
-/// What is to be known of a kind. Null where the slot holds all of the value (copy, drop) or the kind has no
+/// What a variant does by its kind. Null where the slot holds all of the value (copy, drop) or the kind has no
 /// text (the rest).
 struct Kind {
-    ItemType type;
     char16_t const* name = nullptr;
     void (*copy)(Value& target, Value const& source) = nullptr;
     void (*drop)(Value const& value) = nullptr;
@@ -65,8 +58,8 @@ struct Pointee {
 };
 
 template <auto Member>
-constexpr Kind Row(ItemType type) {
-    Kind row{type};
+constexpr Kind RowOf() {
+    Kind row;
     if constexpr (std::is_pointer_v<SlotType<Member>>) {
         using P = Pointee<std::remove_pointer_t<SlotType<Member>>>;
         row.copy = [](Value& target, Value const& source) { target.*Member = P::Copied(source.*Member); };
@@ -75,82 +68,52 @@ constexpr Kind Row(ItemType type) {
     return row;
 }
 
-template <ItemType type, auto Member, auto Setter, auto ToText, auto FromText>
-constexpr Kind Row(char16_t const* name) {
-    Kind row = Row<Member>(type);
-    row.name = name;
-    row.toString = [](Value const& value, [[maybe_unused]] char16_t const* format) {
-        if constexpr (std::invocable<decltype(ToText), decltype(ReadSlot(value.*Member)), char16_t const*>) {
-            return ToText(ReadSlot(value.*Member), format);
-        } else {
-            return ToText(ReadSlot(value.*Member));
-        }
+template <ItemType kType>
+constexpr Kind PrimitiveRow() {
+    constexpr auto member = ValueKind<kType>::kMember;
+    Kind row = RowOf<member>();
+    row.name = ValueKind<kType>::kName;
+    row.toString = [](Value const& value, char16_t const* format) -> wstring {
+        return LexicalForm<kType>(ReadSlot(value.*member), format);
     };
     row.fromString = [](BxVariant& variant, std::u16string_view text, Rule rule) {
-        if constexpr (std::is_pointer_v<SlotType<Member>>) {
-            auto* const owned = new std::remove_pointer_t<SlotType<Member>>(FromText(text, rule));
-            variant.Clear();
-            variant.m_type = type;
-            variant.m_value.*Member = owned;
+        Value taken;
+        if constexpr (std::is_pointer_v<SlotType<member>>) {
+            taken.*member = new typename ValueKind<kType>::Value(ValueKind<kType>::kFromString(text, rule));
         } else {
-            (variant.*Setter)(FromText(text, rule));
+            taken.*member = ValueKind<kType>::kFromString(text, rule);
         }
+        variant.Clear();
+        variant.m_type = kType;
+        variant.m_value = taken;
     };
     return row;
 }
 
-// clang-format off
-/// @param kind its name, as in its enumerator and its conversions
-#define PRIMITIVE(kind, Setter, Member)                                               \
-    Row<it_##kind, &Value::Member, &BxVariant::Set##Setter, &CConversions::kind##ToString, \
-        &CConversions::kind##FromString>(u"" #kind)
-
-constexpr Kind kKinds[] = {
-    Kind{it_invalid},
-    PRIMITIVE(hexBinary,    HexBinary,    m_binary),
-    PRIMITIVE(base64Binary, Base64Binary, m_binary),
-    PRIMITIVE(i1,           I1,           m_i1),
-    PRIMITIVE(i2,           I2,           m_i2),
-    PRIMITIVE(i4,           I4,           m_i4),
-    PRIMITIVE(i8,           I8,           m_i8),
-    PRIMITIVE(ui1,          UI1,          m_ui1),
-    PRIMITIVE(ui2,          UI2,          m_ui2),
-    PRIMITIVE(ui4,          UI4,          m_ui4),
-    PRIMITIVE(ui8,          UI8,          m_ui8),
-    PRIMITIVE(r4,           R4,           m_r4),
-    PRIMITIVE(r8,           R8,           m_r8),
-    PRIMITIVE(duration,     Duration,     m_duration),
-    PRIMITIVE(yearMonth,    YearMonth,    m_dateTime),
-    PRIMITIVE(monthDay,     MonthDay,     m_dateTime),
-    PRIMITIVE(year,         Year,         m_year),
-    PRIMITIVE(month,        Month,        m_month),
-    PRIMITIVE(day,          Day,          m_day),
-    PRIMITIVE(date,         Date,         m_dateTime),
-    PRIMITIVE(datetime,     DateTime,     m_dateTime),
-    PRIMITIVE(time,         Time,         m_dateTime),
-    PRIMITIVE(char,         Char,         m_char),
-    PRIMITIVE(string,       String,       m_string),
-    PRIMITIVE(boolean,      Boolean,      m_boolean),
-    PRIMITIVE(decimal,      Decimal,      m_decimal),
-    PRIMITIVE(integer,      Integer,      m_integer),
-    Row<&Value::m_xmlObject>(it_xmlObject),
-    Row<&Value::m_xmlCollection>(it_xmlCollection),
-};
-
-#undef PRIMITIVE
-// clang-format on
-
-consteval bool IsIndexedByType() {
-    for (std::size_t i = 0; i < std::size(kKinds); ++i) {
-        if (static_cast<std::size_t>(kKinds[i].type) != i) return false;
+template <ItemType kType>
+constexpr Kind Row() {
+    if constexpr (kType == it_xmlObject) {
+        return RowOf<&Value::m_xmlObject>();
+    } else if constexpr (kType == it_xmlCollection) {
+        return RowOf<&Value::m_xmlCollection>();
+    } else if constexpr (kIsPrimitive<kType>) {
+        return PrimitiveRow<kType>();
+    } else {
+        return Kind();
     }
-    return std::size(kKinds) == it_xmlCollection + 1;
 }
-static_assert(IsIndexedByType());
+
+template <std::size_t... kTypes>
+constexpr auto Rows(std::index_sequence<kTypes...>) {
+    return std::array{Row<static_cast<ItemType>(kTypes)>()...};
+}
+
+constexpr auto kKinds = Rows(std::make_index_sequence<it_xmlCollection + 1>());
 
 /// Null for a number that is no kind.
 Kind const* FindKind(ItemType type) {
-    return type >= it_invalid && type <= it_xmlCollection ? &kKinds[type] : nullptr;
+    auto const index = static_cast<std::size_t>(type);
+    return index < kKinds.size() ? &kKinds[index] : nullptr;
 }
 
 /// Null for a number that is no primitive kind.

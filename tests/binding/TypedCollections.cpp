@@ -27,37 +27,11 @@ struct Row {
     char const* m_second;
 };
 
-// clang-format off
-constexpr Row kRows[] = {
-    {u"i1",           New<Ci1Col>,           "-128", "127"},
-    {u"i2",           New<Ci2Col>,           "-32768", "32767"},
-    {u"i4",           New<Ci4Col>,           "-2147483648", "2147483647"},
-    {u"i8",           New<Ci8Col>,           "-9223372036854775808", "9223372036854775807"},
-    {u"ui1",          New<Cui1Col>,          "0", "255"},
-    {u"ui2",          New<Cui2Col>,          "0", "65535"},
-    {u"ui4",          New<Cui4Col>,          "0", "4294967295"},
-    {u"ui8",          New<Cui8Col>,          "0", "18446744073709551615"},
-    {u"r4",           New<Cr4Col>,           "-1.5", "0.25"},
-    {u"r8",           New<Cr8Col>,           "-1.5", "0.0009765625"},
-    {u"boolean",      New<CbooleanCol>,      "true", "false"},
-    {u"string",       New<CstringCol>,       "two words", ""},
-    {u"decimal",      New<CdecimalCol>,      "-0.1", "12345678901234567890.5"},
-    {u"integer",      New<CintegerCol>,      "-1", "123456789012345678901234567890"},
-    {u"hexBinary",    New<ChexBinaryCol>,    "00FF", "0A"},
-    {u"base64Binary", New<Cbase64BinaryCol>, "AP8=", "Cg=="},
-    {u"duration",     New<CdurationCol>,     "P1Y", "-PT1.5S"},
-    {u"day",          New<CdayCol>,          "---01", "---31"},
-    {u"month",        New<CmonthCol>,        "--01", "--12"},
-    {u"year",         New<CyearCol>,         "1999", "2026"},
-    {u"datetime",     New<CdatetimeCol>,     "2026-11-23T01:02:03Z", "1999-12-31T23:59:59"},
-    {u"date",         New<CdateCol>,         "2026-11-23", "1999-12-31"},
-    {u"time",         New<CtimeCol>,         "01:02:03", "23:59:59Z"},
-    {u"yearMonth",    New<CyearMonthCol>,    "2026-11", "1999-12"},
-    {u"monthDay",     New<CmonthDayCol>,     "--11-23", "--12-31"},
-};
-// clang-format on
+constexpr Row kRows[] = {{u"i4", New<Ci4Col>, "-2147483648", "2147483647"},
+                         {u"string", New<CstringCol>, "two words", ""},
+                         {u"date", New<CdateCol>, "2026-11-23", "1999-12-31"}};
 
-/// A class with a collection of each kind.
+/// A class with a collection of a number, of a text and of a date.
 class Everything : public CXmlGeneratedClass {
 public:
     Everything() {

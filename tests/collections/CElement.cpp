@@ -91,6 +91,18 @@ TEST(CElement, ACopySharesTheCollections) {
     EXPECT_EQ(Compact(assigned), "<a k=\"1\"><b/><c/></a>");
     EXPECT_EQ(copy.AddRef() + assigned.AddRef(), 2);
 
+    // Restriction and target namespace go along: what is read next must be in the target namespace.
+    Element const restricted(u"a", u"t", u"##targetNamespace", u"t");
+    Element copies[] = {restricted, Element(u"b")};
+    copies[1] = restricted;
+    for (Element& each : copies) {
+        Read(each, "<refused xmlns='u'/>");
+        EXPECT_EQ(each.GetName() + each.GetNamespace(), u"at");
+        Read(each, "<c xmlns='t'/>");
+        EXPECT_EQ(each.GetName(), u"c");
+        EXPECT_EQ(each.GetChildElements()->GetNamespace(), u"t");
+    }
+
     CElement parent(u"parent");
     parent.GetChildElements()->Add(u"child", u"")->GetChildElements()->Add(u"d", u"");
     CElement const& child = *parent.GetChildElements()->Item(0);
@@ -152,6 +164,11 @@ TEST(CElement, ReadsFromATree) {
     EXPECT_EQ(Compact(refusing), "<AA:old xmlns:AA=\"vv\"/>");
     for (int i = 0; i < 2; ++i) copy.CopyXmlElement(root);
     EXPECT_EQ(Compact(copy), "<AA:r xmlns:AA=\"uu\" k=\"1\"><AA:c l=\"2\">y</AA:c><d/>x</AA:r>");
+
+    CElement written(static_cast<CXmlObjectBase*>(&copy));
+    EXPECT_EQ(Compact(written), Compact(copy));
+    Read(written, "<anywhere xmlns='at-all'/>");  // nothing is refused
+    EXPECT_EQ(written.GetName(), u"anywhere");
 
     CElement fromTree(u"old"), fromText(u"old");
     fromTree.FromXmlElement(static_cast<CXmlElement const*>(root), context);

@@ -43,18 +43,6 @@ struct Collection : CXmlCollection {
         letters.pop_back();
         return letters;
     }
-    /// @param at the letter of an object in the list, or "x" for that object, or an index
-    void Do(std::string const& verb, std::string const& at, CXmlObjectBase* x) {
-        CXmlObjectBase* const item = at == "x" ? x : Find(at[0]);
-        if (verb == "append") AppendItem(item);
-        if (verb == "prepend") PrependItem(item);
-        if (verb == "after") AddAfterItem(item, x);
-        if (verb == "before") AddBeforeItem(item, x);
-        if (verb == "at") AddItemAt(std::stoi(at), x);
-        if (verb == "remove") Remove(std::stoi(at));
-        if (verb == "unlink") RemoveNode(GetNodeForItem(item));
-        if (verb == "clear") Clear();
-    }
     void ToXml_Int(CXmlWriter*, bool, char16_t const*, CXmlSerializationContext const&, bool) const override {
     }
     CXmlElement* FromXml_Int(CXmlElement*, CXmlElement* child, CXmlSerializationContext const&,
@@ -65,52 +53,120 @@ struct Collection : CXmlCollection {
     }
     using CXmlCollection::AddAfterItem, CXmlCollection::AddBeforeItem, CXmlCollection::AddItemAt;
     using CXmlCollection::AppendItem, CXmlCollection::AttributesToXml_Int, CXmlCollection::FirstNode,
-        CXmlCollection::GetElementName, CXmlCollection::GetNodeAtIndex, CXmlCollection::GetNodeForItem,
-        CXmlCollection::m_namespace;
+        CXmlCollection::PrependItem, CXmlCollection::RemoveNode, CXmlCollection::GetElementName,
+        CXmlCollection::GetNodeAtIndex, CXmlCollection::GetNodeForItem, CXmlCollection::m_namespace;
 
     int m_consumes = 0;  // elements, each time that it reads
 };
 
 }  // namespace
 
-TEST(CXmlCollection, OperationsAndTheirEvents) {
-    // Before, the step, after, and the count at each event or the failure; '.' is nothing.
-    char const* const rows[] = {
-        ". append x x 1",       "ab append a aba 3",    "ab prepend x xab 3",    "abc after a axbc 4",
-        "abc after c abcx 4",   "baca after a baxca 5", "ab after - xab 3",      "ab after x ab !object",
-        "abc before c abxc 4",  "abc before a xabc 4",  "baca before a bxaca 5", "ab before - abx 3",
-        ". before x . !object", "abc at 0 xabc 4",      "abc at 2 abxc 4",       "abc at 3 abcx 4",
-        "abc at 4 abc !at",     "abc at -1 abc !at",    "abc remove 0 bc 2",     "abc remove 1 ac 2",
-        "abc remove 2 ab 2",    "a remove 0 . 0",       "abc remove 3 abc !3",   "abc unlink b ac .",
-        "-ba unlink a -b .",    "a-a clear - . 210"};
-    std::map<std::string, std::string> const failures = {
-        {"!object", "CBxInvalidParamException: The object was not found in the collection"},
-        {"!at", "CBxInvalidParamException: Index out of range"},
-        {"!3", "CBxInvalidParamException: Index 3 is out of range, use 0 - 2"}};
-    for (char const* const row : rows) {
-        SCOPED_TRACE(row);
-        std::istringstream words(row);
-        std::string before, verb, at, after, outcome, events;
-        words >> before >> verb >> at >> after >> outcome;
-        {
-            Collection collection(before == "." ? "" : before);
-            CSmartPtr<Object> const object = new Object('x');
-            Object listener;
-            listener.m_onEvent = [&](CXmlObjectBase* source) {
-                EXPECT_EQ(source, &collection);
-                events.append(std::to_string(collection.GetCount()));
+TEST(CXmlCollection, OperationsAgainstAModel) {
+    std::string const notFound = "CBxInvalidParamException: The object was not found in the collection";
+    std::mt19937 random(7);
+    for (int round = 0; round < 100; ++round) {
+        CSmartPtr<Object> const objects[] = {new Object('a'), new Object('b'), new Object('c'), nullptr};
+        Object listener;
+        Collection collection;
+        collection.AddEventListener(&listener);
+        std::string model;  // the letters, '-' for null
+        for (int step = 0; step < 60; ++step) {
+            auto const letter = [](Object const* object) { return object ? object->m_letter : '-'; };
+            Object* const item = objects[random() % 4];
+            Object* const other = objects[random() % 4];
+            int const index = static_cast<int>(random() % (model.size() + 4)) - 2;
+            int const size = static_cast<int>(model.size());
+            std::size_t const found = other == nullptr ? model.npos : model.find(letter(other));
+            std::string before = model, thrown = "nothing", events, told;
+            std::function<void()> operation;
+            auto const insert = [&](std::size_t at) {
+                at == model.npos ? thrown = notFound : (model.insert(at, 1, letter(item)), thrown);
             };
-            collection.AddEventListener(&listener);
-            std::string const thrown = Thrown([&] { collection.Do(verb, at, object); });
-            collection.RemoveEventListener(&listener);
-            EXPECT_EQ(thrown, outcome.starts_with("!") ? failures.at(outcome) : "nothing");
-            EXPECT_EQ(events, outcome.find_first_of(".!") == 0 ? "" : outcome);
-            EXPECT_EQ(collection.Letters(), after == "." ? "" : after);
-            EXPECT_EQ(object->AddRef() - 2, collection.Find('x') != nullptr);
-            object->Release();
+            switch (random() % 8) {
+                case 0:
+                    operation = [&] { collection.AppendItem(item); };
+                    insert(model.size());
+                    break;
+                case 1:
+                    operation = [&] { collection.PrependItem(item); };
+                    insert(0);
+                    break;
+                case 2:
+                    operation = [&] { collection.AddAfterItem(other, item); };
+                    insert(other == nullptr ? 0 : found == model.npos ? found : found + 1);
+                    break;
+                case 3:
+                    operation = [&] { collection.AddBeforeItem(other, item); };
+                    insert(other == nullptr ? model.size() : found);
+                    break;
+                case 4:
+                    operation = [&] { collection.AddItemAt(index, item); };
+                    if (index < 0 || index > size) {
+                        thrown = "CBxInvalidParamException: Index out of range";
+                    } else {
+                        insert(static_cast<std::size_t>(index));
+                    }
+                    break;
+                case 5:
+                    operation = [&] { collection.Remove(index); };
+                    if (index < 0 || index >= size) {
+                        thrown = "CBxInvalidParamException: Index " + std::to_string(index) +
+                                 " is out of range, use 0 - " + std::to_string(size - 1);
+                    } else {
+                        model.erase(static_cast<std::size_t>(index), 1);
+                    }
+                    break;
+                case 6:
+                    operation = [&] { collection.RemoveNode(collection.GetNodeForItem(other)); };
+                    found == model.npos ? thrown = notFound : model.erase(found, 1);
+                    before = model;  // tells nobody
+                    break;
+                default:
+                    if (random() % 8 != 0) continue;
+                    operation = [&] { collection.Clear(); };
+                    for (; !model.empty(); model.pop_back()) events += std::to_string(model.size() - 1);
+                    before = model;
+            }
+            if (model.size() != before.size()) events = std::to_string(model.size());
+            listener.m_onEvent = [&](auto*) { told += std::to_string(collection.GetCount()); };
+            EXPECT_EQ(Thrown(operation), thrown);
+            EXPECT_EQ(told, events);
+            listener.m_onEvent = nullptr;
+            EXPECT_EQ(collection.Letters(), model);
+            for (Object* const object : {&*objects[0], &*objects[1], &*objects[2]}) {
+                EXPECT_EQ(object->AddRef() - 2, std::ranges::count(model, object->m_letter));
+                object->Release();
+            }
         }
-        EXPECT_EQ(Object::s_alive, 0);
+        collection.RemoveEventListener(&listener);
     }
+    EXPECT_EQ(Object::s_alive, 0);
+}
+
+TEST(CXmlCollection, ItsVirtualOperationsDoTheWork) {
+    struct Derived : Collection {
+        using Collection::Collection;
+        CXmlObjectBase* GetBase() override { return m_base; }
+        int GetCount() const override { return m_says; }
+        void Remove(int index) override {
+            EXPECT_EQ(index, 0);
+            m_says = CXmlCollection::GetCount();
+            CXmlCollection::Remove(index);
+            ++m_removed;
+        }
+        CXmlObjectBase* m_base = this;
+        int m_says = 9, m_removed = 0;
+    } collection("abc", 0, 8);
+    Object listener, base;
+    EXPECT_EQ(
+        Thrown([&] { collection.ValidateCount(Defaults()); }),
+        "CBxValidationException: The Maximum number of [item] elements allowed in this collection is 8");
+    collection.m_base = &base;
+    listener.m_onEvent = [&](CXmlObjectBase* source) { EXPECT_EQ(source, &base); };
+    collection.AddEventListener(&listener);
+    collection.Clear();
+    EXPECT_EQ(collection.m_removed, 3);
+    collection.RemoveEventListener(&listener);
 }
 
 TEST(CXmlCollection, Items) {

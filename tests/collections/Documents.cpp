@@ -98,6 +98,31 @@ TEST(Documents, NestedTooDeeply) {
     onTheStack.GetChildElements()->Remove(0);
 }
 
+TEST(Documents, WhatWasReadOutlivesTheRest) {
+    CSmartPtr<CElement> kept;
+    CSmartPtr<CAttribute> attribute;
+    CSmartPtr<CElementCol> children;
+    {
+        CElement whole(u"none");
+        Read(whole, "<a><b k='1'><c/>a longer text</b><d><e/></d></a>");
+        kept = whole.GetChildElements()->Item(0);
+        attribute = kept->GetAttributes()->Item(0);
+        children = whole.GetChildElements()->Item(1)->GetChildElements();
+        whole.GetChildElements()->Remove(0);
+    }
+    // It moves from one collection to others, and stands in several at once.
+    CElementCol first(u"", u"##any", u"", 0, -1), second(u"", u"##any", u"", 0, -1);
+    for (int i = 0; i < 2; ++i) {
+        for (CElementCol* each : {&first, &second, &*children}) each->Add(kept);
+        first.Clear();
+    }
+    kept->GetAttributes()->Clear();
+    kept->GetAttributes()->Add(attribute);
+    kept->GetChildElements()->Add(children->Item(0));
+    EXPECT_EQ(Compact(*kept), "<b k=\"1\"><c/><e/>a longer text</b>");
+    EXPECT_EQ(first.GetCount() * 100 + second.GetCount() * 10 + children->GetCount(), 23);
+}
+
 TEST(Documents, SmallStacks) {
     OnSmallStacks([] {
         for (int const levels : {4, 1000, 100'000}) {

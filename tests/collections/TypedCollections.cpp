@@ -1,6 +1,7 @@
 #include "BxXmlLib5/collections/TypedCollections.h"
 
-#include <sstream>
+#include <random>
+#include <set>
 
 #include "collections/Objects.h"
 #include "values/Dates.h"
@@ -205,35 +206,53 @@ TYPED_TEST(TypedCollections, Signatures) {
     EXPECT_EQ(typename TestFixture::Col().m_itemType, TestFixture::kRow.m_kind);
 }
 
-TYPED_TEST(TypedCollections, OperationsAndTheirEvents) {
-    // Before, the step, after, and the count at each event or the failure; '.' is nothing.
-    for (char const* const row :
-         {". add 0 b b 1", "ab add 0 b abb 3", "ab at 0 b bab 3", "aa at 1 b aba 3", "ab at 2 a aba 3",
-          "ab at 3 a ab !at", "ab at -1 a ab !at", "ab remove 0 - b 1", "ab remove 1 - a 1",
-          "ab remove 2 - ab !2", "ab item 2 - ab !2", "ab clear 0 - . .", "ab item 1 b ab ."}) {
-        SCOPED_TRACE(row);
-        std::istringstream words(row);
-        std::string before, verb, letter, after, outcome;
-        int index;
-        words >> before >> verb >> index >> letter >> after >> outcome;
-        typename TestFixture::Col collection, one;
-        this->Add(collection, before == "." ? "" : before);
-        this->Add(one, letter);
-        Listener listener(collection);
-        std::string const thrown = Thrown([&] {
-            if (verb == "add") collection.Add(one.Item(0));
-            if (verb == "at") collection.AddAt(index, one.Item(0));
-            if (verb == "remove") collection.Remove(index);
-            if (verb == "clear") collection.Clear();
-            if (verb == "item") {
-                EXPECT_EQ(collection.Item(index), one.Item(0));
-            }
-        });
-        EXPECT_EQ(thrown, outcome == "!at"  ? kIndex
-                          : outcome == "!2" ? "CBxInvalidParamException: Index 2 is out of range, use 0 - 1"
-                                            : "nothing");
-        EXPECT_EQ(this->Letters(collection), after == "." ? "" : after);
-        EXPECT_EQ(listener.m_counts, outcome[0] == '!' || outcome == "." ? "" : outcome);
+TYPED_TEST(TypedCollections, OperationsAgainstAModel) {
+    std::mt19937 random(3);
+    typename TestFixture::Col collection, values;
+    this->Add(values, "ab");
+    Listener listener(collection);
+    std::string model;
+    for (int step = 0; step < 100; ++step) {
+        int const which = static_cast<int>(random() % 2);
+        int const size = static_cast<int>(model.size());
+        int const index = static_cast<int>(random() % (model.size() + 4)) - 2;
+        std::string thrown = "nothing";
+        std::string const indexMessage = "CBxInvalidParamException: Index " + std::to_string(index) +
+                                         " is out of range, use 0 - " + std::to_string(size - 1);
+        std::function<void()> operation;
+        auto const at = model.begin() + std::clamp(index, 0, size);
+        bool const isInside = index >= 0 && index < size;
+        listener.m_counts.clear();
+        auto const verb = random() % 5;
+        bool const isTold = verb < 3;
+        switch (verb) {
+            case 0:
+                operation = [&] { collection.Add(values.Item(which)); };
+                model += "ab"[which];
+                break;
+            case 1:
+                operation = [&] { collection.AddAt(index, values.Item(which)); };
+                isInside || index == size ? (void)model.insert(at, "ab"[which]) : (void)(thrown = kIndex);
+                break;
+            case 2:
+                operation = [&] { collection.Remove(index); };
+                isInside ? (void)model.erase(at) : (void)(thrown = indexMessage);
+                break;
+            case 3:
+                operation = [&] {
+                    EXPECT_EQ(collection.Item(index) == values.Item(0),
+                              model[static_cast<std::size_t>(index)] == 'a');
+                };
+                if (!isInside) thrown = indexMessage;
+                break;
+            default:
+                operation = [&] { collection.Clear(); };
+                if (random() % 4 != 0) continue;
+                model.clear();
+        }
+        EXPECT_EQ(Thrown(operation), thrown);
+        EXPECT_EQ(this->Letters(collection), model);
+        EXPECT_EQ(listener.m_counts, isTold && thrown == "nothing" ? std::to_string(model.size()) : "");
     }
 }
 
@@ -281,25 +300,38 @@ TYPED_TEST(TypedCollections, Copies) {
     }
 }
 
+namespace {
+
+/// What a collection, a copy and one that was assigned write of an element that they read, if it is the same.
+template <class Collection>
+std::string WrittenByCopies(Collection const& original, std::string const& element) {
+    Collection copies[] = {original, original, Collection()};
+    copies[2] = original;
+    std::set<std::string> results;
+    for (Collection& each : copies) {
+        std::string const read = each.Read(element);
+        results.insert(read + each.Written());
+    }
+    return results.size() == 1 ? *results.begin() : "not the same";
+}
+
+}  // namespace
+
 TEST(TypedCollection, Formats) {
     constexpr auto kRule = CWhitespaceUtils::ws_Collapse;
-    auto const written = [](auto collection) {
-        EXPECT_EQ(collection.Read("<v>2</v>"), "end");
-        return collection.Written();
-    };
-    EXPECT_EQ(written(Open<Cr4Col>({}, 0, -1, kRule, u"%.2f")), "><v>2.00</v>");
-    EXPECT_EQ(written(Open<Cr8Col>({}, 0, -1, kRule, u"%.2f")), "><v>2.00</v>");
-    EXPECT_EQ(written(Open<CdecimalCol>({}, 0, -1, kRule, u"2")), "><v>2.00</v>");
-    EXPECT_EQ(written(Open<Ci4Col>({}, 0, -1, kRule, u"%.2f")), "><v>2</v>");
+    auto const written = [](auto const& collection) { return WrittenByCopies(collection, "<v>2</v>"); };
+    EXPECT_EQ(written(Open<Cr4Col>({}, 0, -1, kRule, u"%.2f")), "end><v>2.00</v>");
+    EXPECT_EQ(written(Open<Cr8Col>({}, 0, -1, kRule, u"%.2f")), "end><v>2.00</v>");
+    EXPECT_EQ(written(Open<CdecimalCol>({}, 0, -1, kRule, u"2")), "end><v>2.00</v>");
+    EXPECT_EQ(written(Open<Ci4Col>({}, 0, -1, kRule, u"%.2f")), "end><v>2</v>");
 }
 
 TEST(TypedCollection, WhitespaceRules) {
-    wstring const values[] = {u" a\t b ", u" a  b ", u"a b"};
+    char const* const values[] = {" a\t b ", " a  b ", "a b"};
     for (auto const rule :
          {CWhitespaceUtils::ws_Preserve, CWhitespaceUtils::ws_Replace, CWhitespaceUtils::ws_Collapse}) {
-        Open<CstringCol> collection({}, 0, -1, rule);
-        EXPECT_EQ(collection.Read("<v> a\t b </v>"), "end");
-        EXPECT_EQ(collection.Item(0), values[rule]);
+        EXPECT_EQ(WrittenByCopies(Open<CstringCol>({}, 0, -1, rule), "<v> a\t b </v>"),
+                  "end><v>" + std::string(values[rule]) + "</v>");
     }
     EXPECT_EQ(Open<Ci4Col>({}, 0, -1, CWhitespaceUtils::ws_Preserve).Read("<v>7 </v>"),
               "CBxInvalidValueException: The value [7 ] can not be converted to a i4");

@@ -171,16 +171,33 @@ TEST(UntypedCollections, ReadingElements) {
 
 TEST(UntypedCollections, ReadingAttributes) {
     CXmlDocument document;
-    document.LoadXml(
-        "<r xmlns:xsi='http://www.w3.org/2001/XMLSchema-instance' k='1' xsi:type='t' xml:lang='en'><c/></r>");
+    document.LoadXml("<r k='1' a:l='2' b:m='3' xmlns:a='aa' xmlns:b='bb'><c/></r>");
     CXmlElement* const root = document.GetDocumentElement();
-    AttributeCol all(u"", u"##any", u""), some(u"", u"http://www.w3.org/2001/XMLSchema-instance", u"");
-    EXPECT_EQ(all.FromXml_Int(root, root->GetFirstElement(), Defaults(), false), root->GetFirstElement());
-    EXPECT_EQ(all.GetCount(), 3);
-    EXPECT_EQ(all.Item(1)->GetName() + all.Item(1)->GetValue(), u"typet");
-    EXPECT_BX_THROW(some.FromXml_Int(root, nullptr, Defaults(), false), CBxInvalidNamespaceException,
-                    "Invalid Attribute [lang]. The attributes namespace is Inappropriate.");
-    EXPECT_EQ(some.GetCount(), 2);
+    // A wildcard's namespaces, where the target is aa, the attributes read, and the one that is refused.
+    char const* const rows[][3] = {
+        {"##any", "k1l2m3", ""}, {"bb aa", "k1l2m3", ""},        {"##local", "k1", "l"},
+        {"##other", "k1", "l"},  {"##targetNamespace", "", "k"}, {"##local ##targetNamespace", "k1l2", "m"},
+        {"aa", "k1l2", "m"},     {"##local ##other", "k1", "l"}};
+    for (auto const& [restriction, items, refused] : rows) {
+        // Copies refuse the same.
+        AttributeCol const original(u"", FromUtf8(restriction).c_str(), u"aa");
+        AttributeCol collections[] = {original, original, AttributeCol(u"", u"##any", u"")};
+        collections[2] = original;
+        for (AttributeCol& attributes : collections) {
+            std::string const thrown = Thrown([&] {
+                EXPECT_EQ(attributes.FromXml_Int(root, root->GetFirstElement(), Defaults(), false),
+                          root->GetFirstElement());
+            });
+            std::string const message = "CBxInvalidNamespaceException: Invalid Attribute [" +
+                                        std::string(refused) +
+                                        "]. The attributes namespace is Inappropriate.";
+            EXPECT_EQ(thrown, *refused == 0 ? "nothing" : message) << restriction;
+            wstring read;
+            for (CAttribute const* const attribute : attributes)
+                read += attribute->GetName() + attribute->GetValue();
+            EXPECT_EQ(ToUtf8(read), items) << restriction;
+        }
+    }
 }
 
 TEST(UntypedCollections, AnAttribute) {
@@ -216,5 +233,6 @@ TEST(UntypedCollections, TakeOverACollectionThatHangsOnThem) {
     static_cast<CElementCol&>(elements) = below;
     EXPECT_EQ(elements.GetCount(), 1);
     EXPECT_EQ(Named(*elements.Item(0)), "y@n");
+    EXPECT_EQ(Named(*elements.Add(u"z")), "z@n");
     EXPECT_EQ(elements.GetNamespace(), u"new");
 }

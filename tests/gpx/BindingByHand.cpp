@@ -224,9 +224,9 @@ public:
     BookCol() : CXmlCollection(u"book", kShelves, 1, -1) {}
 
     CSmartPtr<Book> Add(Book* book) {
-        CSmartPtr<Book> held = book;
         Throw_IfPropertyIsNull(book, u"book");
         Throw_IfElementNameDiffers(book, u"book");
+        CSmartPtr<Book> held = book;  // not earlier: a book that is refused stays the caller's
         AppendItem(book);
         return held;
     }

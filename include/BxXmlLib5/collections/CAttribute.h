@@ -41,6 +41,8 @@ protected:
     void FireOnChangeNamespace(char16_t const* ns);
 
 private:
+    template <class>
+    friend class CReadItem;
     friend class CAttributeCol;
     friend class CElement;
 

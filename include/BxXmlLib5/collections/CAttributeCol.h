@@ -14,6 +14,7 @@ class CAttributeInfoAny;
 
 namespace BxXmlLib5 {
 
+class CBlockMemory;
 class CSharedNames;
 class CXmlAttribute;
 struct CWildcard;
@@ -61,6 +62,8 @@ protected:
                              CXmlSerializationContext const& context, bool allowEmptyChoice) override;
 
 private:
+    template <class>
+    friend class CReadCol;
     friend class BxXmlLib5Data::CAttributeInfoAny;
     friend class CContentReader;
     friend class CElement;
@@ -74,7 +77,7 @@ private:
     CSmartPtr<CAttribute> AddTested(std::u16string_view name, std::u16string_view value,
                                     std::u16string_view ns);
     CSmartPtr<CAttribute> AddNew(CSharedText name, std::u16string_view value, CSharedText ns);
-    void Read(CXmlElement const& element, CSharedNames& names);
+    void Read(CXmlElement const& element, CSharedNames& names, CBlockMemory& memory);
 
     CSmartPtr<CWildcard const> m_wildcard;
 };

@@ -20,7 +20,8 @@ struct CWildcard;
 ///
 /// The namespace restriction of a schema wildcard applies to the element alone: its attributes and children
 /// may be in any namespace. A copy shares the attributes and the children with its source, and several threads
-/// may copy one element that none of them changes. A null text is the empty text, except where a constructor
+/// may copy one element that none of them changes. Elements that were read together lie in blocks of memory, up
+/// to 64 KiB, and a block goes with the last of them. A null text is the empty text, except where a constructor
 /// refuses it.
 class BXXMLLIB5_API CElement : public CXmlObjectBase, public CInstanceMonitor {
 public:
@@ -103,6 +104,8 @@ protected:
     void FireOnChangeText(char16_t const* text);
 
 private:
+    template <class>
+    friend class CReadItem;
     friend class CContentReader;
     friend class CElementCol;
 

@@ -14,6 +14,10 @@ class CElementInfo;
 
 namespace BxXmlLib5 {
 
+template <class>
+class CReadItem;
+struct CWildcard;
+
 /// Untyped elements of any namespace: the restriction given to the constructor only decides on the default
 /// namespace. Each Add tells the listeners twice. A null text is the empty text.
 class BXXMLLIB5_API CElementCol : public CXmlCollection, public CInstanceMonitor {
@@ -68,6 +72,8 @@ protected:
                                                     CXmlSerializationContext const& context);
 
 private:
+    template <class>
+    friend class CReadCol;
     friend class BxXmlLib5Data::CElementInfo;
     friend class CContentReader;
     friend class CElement;
@@ -76,6 +82,7 @@ private:
 
     CSmartPtr<CElement> AddNew(std::u16string_view name, std::u16string_view ns);
     void Append(CElement* element);
+    void AppendRead(CReadItem<CElement>& element);
     void TellTwice();
     CElement const* LastElement() const;
 

@@ -69,6 +69,7 @@ protected:
 
 private:
     friend class CAttributeCol;
+    friend class CContentReader;
     friend class CElementCol;
 
     struct List {
@@ -79,6 +80,8 @@ private:
 
         /// @param next null for the end of the list
         void LinkAhead(CNode* next, CXmlObjectBase* item);
+        /// Takes a node that holds its item.
+        void LinkAhead(CNode* next, CNode* node) noexcept;
         void Swap(List& other) noexcept;
 
         CNode* m_head = nullptr;
