@@ -47,8 +47,12 @@ std::unique_ptr<T, Free<kFree>> Own(T* object) {
 }
 
 /// Whether compiling may not go on. It recurses into groups.
-int LacksStack(std::uint32_t, void*) {
-    return StackLeft().value_or(kStackForGroup) < kStackForGroup;
+/// @param outermost where the stack stands in the outermost group, 0 before it
+int LacksStack(std::uint32_t, void* outermost) {
+    if (auto const left = StackLeft()) return *left < kStackForGroup;
+    auto& start = *static_cast<std::uintptr_t*>(outermost);
+    if (start == 0) start = StackAddress();
+    return start - StackAddress() > kUnknownStack;
 }
 
 /// @param options besides PCRE2_UTF
@@ -56,7 +60,8 @@ int LacksStack(std::uint32_t, void*) {
 pcre2_code* Compile(std::string const& pattern, std::uint32_t options, int& error) {
     auto const context = Own<pcre2_compile_context_free>(pcre2_compile_context_create(nullptr));
     pcre2_set_compile_extra_options(context.get(), PCRE2_EXTRA_ALLOW_LOOKAROUND_BSK);
-    pcre2_set_compile_recursion_guard(context.get(), LacksStack, nullptr);
+    std::uintptr_t outermost = 0;
+    pcre2_set_compile_recursion_guard(context.get(), LacksStack, &outermost);
     PCRE2_SIZE at = 0;
     return pcre2_compile(Octets(pattern), pattern.size(), PCRE2_UTF | PCRE2_NO_UTF_CHECK | options, &error,
                          &at, context.get());

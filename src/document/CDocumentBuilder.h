@@ -44,8 +44,6 @@ public:
     std::u16string_view OpenText() const {
         return std::u16string_view(m_openText).substr(m_elementStack.back().m_textStart);
     }
-    /// The same of all open elements, from the root on.
-    std::u16string_view AllOpenText() const { return m_openText; }
     void CloseElement();
     /// @return the root, null if there is none
     CXmlElement* CloseAllElements();

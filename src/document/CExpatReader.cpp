@@ -10,7 +10,9 @@ extern "C" XML_Bool XMLCALL XML_SetReparseDeferralEnabled(XML_Parser parser, XML
 #include <algorithm>
 #include <memory>
 #include <new>
+#include <optional>
 #include <type_traits>
+#include <vector>
 
 #include "BxXmlLib5/core/CBxException.h"
 #include "BxXmlLib5/core/FormatString.h"
@@ -20,7 +22,7 @@ extern "C" XML_Bool XMLCALL XML_SetReparseDeferralEnabled(XML_Parser parser, XML
 #include "platform/Stack.h"
 #include "platform/TextView.h"
 #include "platform/UnitScan.h"
-#include "platform/Utf.h"
+#include "values/Utf8Conversion.h"
 
 namespace BxXmlLib5 {
 
@@ -35,11 +37,8 @@ char16_t const* Units(XML_Char const* text) {
     return reinterpret_cast<char16_t const*>(text);
 }
 
-/// Whether a text is ASCII without a carriage return, as nearly all are: there is nothing in it to look after.
-bool IsPlain(std::u16string_view text) {
-    return !HasUnit(text, [](std::uint64_t units) {
-        return (units & (kEachUnit * 0xFF80)) | UnitsBelow(units ^ (kEachUnit * u'\r'), 1);
-    });
+bool HasCarriageReturn(std::u16string_view text) {
+    return HasUnit(text, [](std::uint64_t units) { return UnitsBelow(units ^ (kEachUnit * u'\r'), 1); });
 }
 
 /// Expat recurses once for each level of reference, so what is left of the stack counts.
@@ -49,20 +48,57 @@ int MostNestingEntities() {
     return static_cast<int>(std::min<std::size_t>(most, kMaxNestingEntities));
 }
 
-bool HasSurrogate(std::u16string_view text) {
+/// The place of the high octet in each unit, if the input is UTF-16; Expat tells it by the same octets.
+std::optional<std::size_t> HighOctetOfUtf16(std::span<unsigned char const> input) {
+    if (input.size() < 2) return std::nullopt;
+    if (input[0] == 0 || (input[0] == 0xFE && input[1] == 0xFF)) return 0;
+    if (input[1] == 0 || (input[0] == 0xFF && input[1] == 0xFE)) return 1;
+    return std::nullopt;
+}
+
+bool HasSurrogate(std::span<unsigned char const> input, std::size_t highOctet) {
     bool hasSurrogate = false;
-    for (char16_t const unit : text) hasSurrogate |= (unit & 0xF800) == 0xD800;
+    for (std::size_t at = highOctet; at < input.size(); at += 2) hasSurrogate |= (input[at] & 0xF8) == 0xD8;
     return hasSurrogate;
 }
 
-/// Expat takes whatever unit follows the first half of a pair in UTF-16 for the second.
-/// @param text whole: Expat hands a long one over in pieces, between which it may cut a pair
-void ThrowIfUnpairedSurrogate(std::u16string_view text) {
-    if (!HasSurrogate(text)) return;
-    for (std::size_t at = 0; at < text.size();) {
-        if (Utf::Next(text, at) == Utf::kMalformed)
-            throw CBxException(u"A text has half of a surrogate pair");
+wstring UnitsOf(std::span<unsigned char const> input, std::size_t highOctet) {
+    wstring units(input.size() / 2, u'\0');
+    for (std::size_t i = 0; i < units.size(); ++i) {
+        units[i] = static_cast<char16_t>(input[2 * i + highOctet] << 8 | input[2 * i + 1 - highOctet]);
     }
+    return units;
+}
+
+using ParserPtr = std::unique_ptr<XML_ParserStruct, void (*)(XML_Parser)>;
+
+/// @param encoding null for what the input says
+ParserPtr NewParser(char16_t const* encoding, SchemaType schemaType) {
+    auto const* const name = reinterpret_cast<XML_Char const*>(encoding);
+    ParserPtr parser(
+        schemaType == st_NoNamespaces ? XML_ParserCreate(name) : XML_ParserCreateNS(name, kSeparator),
+        XML_ParserFree);
+    if (!parser) throw std::bad_alloc();
+    return parser;
+}
+
+bool ParsePart(XML_Parser parser, std::span<unsigned char const> octets) {
+    constexpr int kNotFinal = 0;  // so that an input that ends inside an element is no error
+    return XML_Parse(parser, reinterpret_cast<char const*>(octets.data()), static_cast<int>(octets.size()),
+                     kNotFinal) != XML_STATUS_ERROR;
+}
+
+[[noreturn]] void ThrowError(XML_Parser parser) {
+    throw CBxException(FormatString(u"%s at line %d",
+                                    FromUtf8(XML_ErrorString(XML_GetErrorCode(parser))).c_str(),
+                                    static_cast<int>(XML_GetCurrentLineNumber(parser))));
+}
+
+std::vector<unsigned char> Utf8Of(std::u16string_view units) {
+    std::vector<unsigned char> octets(Utf8Size(units));
+    if (octets.empty()) throw CBxException(u"A text has half of a surrogate pair");
+    WriteUtf8(units, octets);
+    return octets;
 }
 
 }  // namespace
@@ -118,10 +154,25 @@ CExpatReader::CExpatReader(CDocumentBuilder& builder, SchemaType schemaType)
 CExpatReader::~CExpatReader() = default;
 
 void CExpatReader::Parse(std::span<unsigned char const> input) {
-    std::unique_ptr<XML_ParserStruct, void (*)(XML_Parser)> const parser(
-        m_schemaType == st_NoNamespaces ? XML_ParserCreate(nullptr) : XML_ParserCreateNS(nullptr, kSeparator),
-        XML_ParserFree);
-    if (!parser) throw std::bad_alloc();
+    m_mostNestingEntities = MostNestingEntities();
+    m_mostDefaultedUnits = MaxRepeatedUnits(input.size());
+    auto const highOctet = HighOctetOfUtf16(input);
+    if (!highOctet || !HasSurrogate(input, *highOctet)) return ParseAs(nullptr, input);
+    // In UTF-16 Expat takes whatever unit follows the first half of a pair for the second, and some releases
+    // lose the second half of one that ends a long text.
+    wstring const units = UnitsOf(input, *highOctet);
+    std::vector<unsigned char> const octets = Utf8Of(units);
+    ThrowIfInputTooLarge(octets.size());
+    // Expat does not look at the declared encoding if it is told another one.
+    std::size_t const declaration = std::min(units.find(u'>'), units.size() - 1) + 1;
+    ParserPtr const parser = NewParser(nullptr, m_schemaType);
+    if (!ParsePart(parser.get(), input.first(declaration * sizeof(char16_t)))) ThrowError(parser.get());
+    ParseAs(u"UTF-8", octets);
+}
+
+/// @param encoding null for what the input says
+void CExpatReader::ParseAs(char16_t const* encoding, std::span<unsigned char const> input) {
+    ParserPtr const parser = NewParser(encoding, m_schemaType);
     m_parser = parser.get();
     XML_SetUserData(m_parser, this);
     XML_SetElementHandler(m_parser, Callbacks::StartElement, Callbacks::EndElement);
@@ -132,30 +183,18 @@ void CExpatReader::Parse(std::span<unsigned char const> input) {
     // never comes.
     if (XML_SetReparseDeferralEnabled != nullptr) XML_SetReparseDeferralEnabled(m_parser, XML_FALSE);
 
-    m_mostNestingEntities = MostNestingEntities();
-    m_mostDefaultedUnits = MaxRepeatedUnits(input.size());
     bool const parsed = ParseInSlices(input);
     if (m_failure) std::rethrow_exception(m_failure);
-    if (!parsed) {
-        throw CBxException(FormatString(u"%s at line %d",
-                                        FromUtf8(XML_ErrorString(XML_GetErrorCode(m_parser))).c_str(),
-                                        static_cast<int>(XML_GetCurrentLineNumber(m_parser))));
-    }
-    // Of elements that the input breaks off in.
-    if (m_hasSurrogates) ThrowIfUnpairedSurrogate(m_builder.AllOpenText());
+    if (!parsed) ThrowError(m_parser);
 }
 
 /// Expat copies what it is given, so it gets the input in slices. It scans a token that is not complete anew
 /// with the next slice, so slices double while tokens outgrow them.
 bool CExpatReader::ParseInSlices(std::span<unsigned char const> input) {
-    constexpr int kNotFinal = 0;  // so that an input that ends inside an element is no error
     std::size_t slice = 64 * 1024;
     for (std::size_t parsed = 0; parsed < input.size();) {
         auto const octets = input.subspan(parsed, std::min(slice, input.size() - parsed));
-        if (XML_Parse(m_parser, reinterpret_cast<char const*>(octets.data()), static_cast<int>(octets.size()),
-                      kNotFinal) == XML_STATUS_ERROR) {
-            return false;
-        }
+        if (!ParsePart(m_parser, octets)) return false;
         parsed += octets.size();
         std::size_t const scanned =
             static_cast<std::size_t>(std::max<XML_Index>(XML_GetCurrentByteIndex(m_parser), 0));
@@ -187,7 +226,6 @@ void CExpatReader::StartElement(char16_t const* name, char16_t const* const* att
     auto const specified = static_cast<std::size_t>(XML_GetSpecifiedAttributeCount(m_parser)) / 2;
     for (std::size_t i = 0; i < count; ++i) {
         std::u16string_view const value = attributes[2 * i + 1];
-        if (!IsPlain(value)) ThrowIfUnpairedSurrogate(value);
         if (i >= specified) CountDefaulted(value);
         m_builder.AddElementAttribute(element, SplitName(attributes[2 * i]), m_builder.Texts().Add(value));
     }
@@ -201,9 +239,7 @@ void CExpatReader::CountDefaulted(std::u16string_view value) {
 }
 
 void CExpatReader::EndElement() {
-    if (!m_builder.HasOpenElement()) return;
-    if (m_hasSurrogates) ThrowIfUnpairedSurrogate(m_builder.OpenText());
-    m_builder.CloseElement();
+    if (m_builder.HasOpenElement()) m_builder.CloseElement();
 }
 
 void CExpatReader::DeclareNamespace(char16_t const* prefix, char16_t const* namespaceUri) {
@@ -215,12 +251,11 @@ void CExpatReader::DeclareNamespace(char16_t const* prefix, char16_t const* name
 
 void CExpatReader::AddText(std::u16string_view text) {
     if (text.empty() || !m_builder.HasOpenElement()) return;
-    if (IsPlain(text)) {
+    if (HasCarriageReturn(text)) {
+        m_builder.AppendTextExcludingCR(text);
+    } else {
         m_builder.AppendText(text);
-        return;
     }
-    m_hasSurrogates |= HasSurrogate(text);
-    m_builder.AppendTextExcludingCR(text);
 }
 
 void CExpatReader::DeclareEntity(std::u16string_view value) {

@@ -30,6 +30,7 @@ public:
 private:
     struct Callbacks;
 
+    void ParseAs(char16_t const* encoding, std::span<unsigned char const> input);
     bool ParseInSlices(std::span<unsigned char const> input);
     CXmlName const& SplitName(std::u16string_view expanded);
 
@@ -46,7 +47,6 @@ private:
     std::u16string_view m_lastNamespace;
     int m_nestingEntities = 0;
     int m_mostNestingEntities = 0;
-    bool m_hasSurrogates = false;  // a text of the document has
     std::size_t m_defaultedUnits = 0;
     std::size_t m_mostDefaultedUnits = 0;
     std::exception_ptr m_failure;

@@ -16,11 +16,12 @@ namespace BxXmlLib5 {
 class BXXMLLIB5_API CCompiledPattern {
 public:
     /// @param pattern taken as it stands, with UTF on; groups nest as deep as what is left of the stack allows,
-    ///     250 levels at most
+    ///     250 levels at most, and some twenty on a stack that the program made for itself
     /// @param asGiven for the message: the text that a schema has in place of the pattern
     /// @param name for the message: of the element, the attribute or the type
     /// @throws CBxException if the pattern is no regular expression
     CCompiledPattern(wstring const& pattern, wstring const& asGiven, char16_t const* name);
+    /// Leaves an object that can only be assigned to.
     CCompiledPattern(CCompiledPattern&& other) noexcept;
     CCompiledPattern& operator=(CCompiledPattern&& other) noexcept;
     ~CCompiledPattern();
