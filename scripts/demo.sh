@@ -1,17 +1,22 @@
 #!/usr/bin/env bash
-# demo.sh: builds bxconvert and the examples, and shows what they do.
+# demo.sh: builds the tools and the examples, and shows what they do.
 source "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 
 scripts/setup.sh
-build release bxconvert gpxstat values
-PATH=$PWD/build/release/tools/bxconvert:$PWD/build/release/examples/gpx:$PWD/build/release/examples/values:$PATH
+build release BxXmlLib5 bxconvert bxgen gpxstat values
+PATH=$PWD/build/release/tools/bxconvert:$PWD/build/release/tools/bxgen:$PWD/build/release/examples/gpx:$PWD/build/release/examples/values:$PATH
 
+# Where a compiler and a program look by themselves once the library is installed.
+export CPATH=$PWD/include LIBRARY_PATH=$PWD/build/release/src LD_LIBRARY_PATH=$PWD/build/release/src
+
+compiler=${CXX:-g++}
+schema=$PWD/examples/gpx/gpx.xsd
 track=$PWD/examples/gpx/data/track.gpx
 mime=/usr/share/mime/packages/freedesktop.org.xml
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
 cd "$folder"
-cp "$track" .
+cp "$schema" "$track" .
 
 heading() { printf '\n== %s\n\n' "$1"; }
 
@@ -28,6 +33,35 @@ same() {
     cmp "$1" "$2"
     echo "$1 and $2 are the same, octet for octet ($(size "$1") octets)."
 }
+
+heading "A schema in, a program out, a document through it"
+run 'bxgen -q --program --name Gpx --strip-suffix Type gpx.xsd'
+run "$compiler -std=c++20 -O1 GpxMain.cpp Gpx.cpp -lBxXmlLib5 -o gpx"
+run './gpx track.gpx -o written.gpx'
+run 'grep -m 1 -A 6 "<trkpt" written.gpx'
+
+heading "The same classes in a program that changes a document"
+cat >rename.cpp <<'EOF'
+#include "Gpx.h"
+
+int main() {
+    Gpx::CGpx gpx;
+    gpx.Load("track.gpx");
+    for (Gpx::CTrk& track : gpx.Trk) track.Name = "South ridge";
+    gpx.Metadata.Make().Keywords = "hike, south";
+    gpx.Save("changed.gpx", Gpx::Bx::Layout::Indented);
+}
+EOF
+run 'cat rename.cpp'
+run "$compiler -std=c++20 -O1 rename.cpp Gpx.cpp -lBxXmlLib5 -o rename"
+run './rename'
+run 'diff written.gpx changed.gpx || true'
+
+heading "A value that the schema forbids"
+status=0
+run "sed 's/lat=\"47.4/lat=\"147.4/' track.gpx | ./gpx --check -" 2>&1 || status=$?
+echo "Exit status $status."
+((status == 2))
 
 heading "A GPS track: what is in it"
 run 'bxconvert --info track.gpx'

@@ -17,7 +17,11 @@ public:
 
     void Walk(CObject const& object) {
         CNestingLevel const level;
-        for (PropertyModel const& property : ObjectAccess::ModelOf(object).properties) {
+        Model const& model = ObjectAccess::ModelOf(object);
+        for (AttributeModel const& attribute : model.attributes) {
+            if (attribute.constraint == nullptr) Enter(attribute.namespaceUri);
+        }
+        for (PropertyModel const& property : model.properties) {
             Walk(property.actions->shape, property.Of(object));
         }
     }

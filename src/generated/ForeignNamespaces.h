@@ -1,4 +1,4 @@
-// Which namespaces the untyped content of an object has.
+// Which namespaces an object needs prefixes for, beside those of its elements.
 #pragma once
 
 #include <set>
@@ -10,7 +10,8 @@ namespace BxXmlLib5::Generated {
 class CObject;
 
 struct ForeignNamespaces {
-    std::set<wstring> m_namespaces;  ///< Of elements and attributes, but for that of the prefix xml.
+    std::set<wstring>
+        m_namespaces;  ///< Of untyped elements and of all attributes, but for that of the prefix xml.
     bool m_hasElementInNone = false;
 };
 

@@ -70,11 +70,10 @@ CXmlSerializationContext RootContext(CObject const& root, RootForm form) {
     wstring const own = facts.namespaceUri;
     if (form == RootForm::FastInfoset) {
         if (!own.empty()) foreign.m_namespaces.insert(own);
-    } else {
-        foreign.m_namespaces.erase(own);
-        if (facts.set->hasDefaultNamespace && !foreign.m_hasElementInNone) {
-            context.SetDefaultNamespaceURI(own.c_str());
-        }
+    } else if (facts.set->hasDefaultNamespace && !foreign.m_hasElementInNone) {
+        context.SetDefaultNamespaceURI(own.c_str());
+        // Only attributes need a prefix beside it.
+        if (!foreign.m_namespaces.contains(own)) aliases.RemoveNamespace(own.c_str());
     }
     AddForeign(aliases, foreign.m_namespaces);
     return context;

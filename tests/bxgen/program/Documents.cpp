@@ -1,0 +1,171 @@
+// Documents through classes that bxgen makes when the tests are built: what reads comes out again, or is
+// refused.
+
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+
+#include <cstdlib>
+#include <fstream>
+#include <iterator>
+#include <string>
+
+#include "BxXmlLib5/BxXmlLib5.h"
+#include "Score.h"
+#include "Tools.h"
+
+namespace {
+
+using namespace BxXmlLib5;
+using namespace Score;
+
+std::string const kHead = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
+
+std::string Document(std::string const& content, std::string const& attributes = " id=\"a\"") {
+    return kHead + "<s:score xmlns:s=\"urn:score\" xmlns:t=\"urn:tools\"" + attributes +
+           "><s:title>t</s:title>" + content + "</s:score>";
+}
+std::string Note(std::string const& content) {
+    return Document("<s:note>" + content + "</s:note>");
+}
+std::string Names(std::string const& content, std::string const& attributes = {}) {
+    return Document("<s:names" + attributes + '>' + content + "</s:names>");
+}
+
+std::string const kPitch = "<s:pitch><s:step>C</s:step><s:octave>4</s:octave></s:pitch>";
+std::string const kTie = "<s:tie type=\"start\"/>";
+std::string const kDuration = "<s:duration>1.5</s:duration>";
+
+TEST(Program, DocumentsComeBackEqual) {
+    std::string const rows[] = {
+        // Each arm of the choices of a note, with what follows them
+        Note("<s:grace/><s:chord/>" + kPitch + kTie + kTie),
+        Note("<s:grace/><s:rest/>"),
+        Note("<s:grace/><s:cue/><s:chord/><s:rest/>"),
+        Note("<s:cue/>" + kPitch + kDuration),
+        Note("<s:chord/><s:rest/>" + kDuration + kTie + "<s:voice>1</s:voice><s:dot/><s:dot/>"),
+        Note("<s:rest/>" + kDuration + "<s:lyric> a </s:lyric><s:lyric/><s:lyric>b</s:lyric>"),
+        // A repeated choice keeps its order
+        Document("<s:backup>2</s:backup><s:key>-7</s:key><s:clef line=\"2\">F</s:clef><s:note><s:rest/>" +
+                 kDuration + "</s:note><s:key>0</s:key><s:backup>0.25</s:backup>"),
+        // Recursion, and a repeated named group
+        Document("<s:part id=\"b\"><s:label>x</s:label><s:part id=\"c\" color=\"#00FF0080\">"
+                 "<s:label>bcd Ä</s:label></s:part></s:part><s:part id=\"d\"><s:label>y</s:label></s:part>"),
+        Document("<s:role>r</s:role><s:person>1</s:person><s:person>2</s:person><s:role/><s:person/>"),
+        // Unqualified elements beside qualified ones, attributes of a namespace
+        Document(
+            "<t:tool t:since=\"2000\" t:until=\"2001Z\"><name>n</name><t:tip><text>x</text></t:tip></t:tool>"),
+        Document("<t:tool><name/><t:tip><data>AQID</data></t:tip><any a=\"1\"><b>c</b></any></t:tool>"),
+        // Wildcards
+        Document("<ns1:e><f g=\"1\"/></ns1:e><ns1:e/>", " xmlns:ns1=\"urn:x\" id=\"a\""),
+        Document("", " id=\"a\" color=\"#12ABEF\" t:more=\"1\" xml:lang=\"de\""),
+        // A union
+        Document("<s:note size=\"1.5\"><s:rest/>" + kDuration + "</s:note><s:note size=\"large\"><s:rest/>" +
+                 kDuration + "</s:note>"),
+        // Names
+        Names(
+            "<s:class>1</s:class><s:Release>2</s:Release><s:describe>3</s:describe><s:names>4</s:names>"
+            "<s:a-b>5</s:a-b><s:a.b>6</s:a.b><s:aB>7</s:aB><s:_1>8</s:_1><s:step>D</s:step><s:Straße>9</s:Straße>"
+            "<s:日付>2024-02-29</s:日付><s:word>new</s:word><s:word>New</s:word><s:word>NULL</s:word>"
+            "<s:word>1/2</s:word><s:word>+</s:word><s:word/><s:word>zwölf</s:word>",
+            " class=\"c\" names=\"n\" ключ=\"k\""),
+    };
+    for (std::string const& row : rows) {
+        SCOPED_TRACE(row);
+        CScore score;
+        ASSERT_NO_THROW(score.Parse(row));
+        EXPECT_EQ(score.ToText(), row);
+        EXPECT_TRUE(score.Validate().empty());
+        CBinaryData const infoset = score.ToFastInfosetStream(fi_None, score.FastInfosetContext(), cmp_None);
+        CScore read;
+        read.FromXmlStream(infoset, CXmlSerializationContext());
+        EXPECT_TRUE(read.Equals(score));
+        EXPECT_EQ(read.ToText(), row);
+    }
+}
+
+TEST(Program, DocumentsAreRefused) {
+    struct Row {
+        std::string m_document;
+        std::string m_part;  // of the message
+    };
+    std::string const part = "<s:part id=\"b\"><s:label>";
+    Row const rows[] = {
+        {"<score/>", "it must be [score] in [urn:score]"},
+        {Document("", ""), "[id]"},
+        {Document("", " id=\"1\""), "id [1]"},
+        {Document("", " id=\"a\" color=\"#12abef\""), "color [#12abef]"},
+        {Document("", " id=\"a\" more=\"1\""), "[more]"},
+        {Document("<s:x/>"), "[x]"},
+        {Document("<title/>"), "[title]"},
+        {Document("<s:backup>0</s:backup>"), "backup [0]"},
+        {Document("<s:backup>1.234</s:backup>"), "backup [1.234]"},
+        {Document("<s:backup>123456</s:backup>"), "backup [123456]"},
+        {Document("<s:key>128</s:key>"), "key [128]"},
+        {Document("<s:key>1</s:key><s:clef line=\"3\">F</s:clef>"), "line [3]"},
+        {Document("<s:key>1</s:key><s:clef line=\"1\">H</s:clef>"), "[H]"},
+        {Document("<s:clef line=\"1\">F</s:clef>"), "[clef]"},
+        {Document(part + "1</s:label></s:part>"), "label [1]"},
+        {Document(part + "a Ä</s:label></s:part>"), "label [a Ä]"},
+        {Document("<s:role/>"), "[person]"},
+        {Document("<t:tool><t:name/></t:tool>"), "[name]"},
+        {Document("<t:tool><name/><t:tip/></t:tool>"), "[tip]"},
+        {Document("<t:tool since=\"2000\"><name/></t:tool>"), "[since]"},
+        {Document("<e xmlns='urn:z'/>"), "[e]"},
+        {Document("<s:note size=\"huge\"><s:rest/>" + kDuration + "</s:note>"), "size [huge]"},
+        {Note("<s:rest/>"), "[duration]"},
+        {Note("<s:grace/><s:cue/><s:rest/>" + kTie), "[tie]"},
+        {Note("<s:rest/>" + kDuration + kTie + kTie + kTie), "[tie]"},
+        {Note("<s:grace/><s:pitch><s:step>C</s:step><s:octave>10</s:octave></s:pitch>"), "octave [10]"},
+        {Names("<s:word>NEW</s:word>"), "word [NEW]"},
+        {Names("<s:aB>1</s:aB><s:a-b>1</s:a-b>"), "[a-b]"},
+    };
+    for (Row const& row : rows) {
+        CScore score;
+        try {
+            score.Parse(row.m_document);
+            ADD_FAILURE() << "is read: " << row.m_document;
+        } catch (CBxException const& failure) {
+            std::string const message = ToUtf8(failure.GetFullMessage());
+            EXPECT_NE(message.find(row.m_part), std::string::npos) << message << "\n" << row.m_document;
+        }
+    }
+}
+
+TEST(Program, ClassesAreBuilt) {
+    CScore score;
+    score.Id = "a";
+    score.Title = "t";
+    CNote& note = score.Items.Add().Note.Make();
+    note.Cue.Make();
+    note.Pitch.Make().Step = Step::C;
+    note.Pitch->Octave = 4;
+    note.Duration = CDecimal(u"1.5");
+    EXPECT_EQ(score.ToText(), Note("<s:cue/>" + kPitch + kDuration));
+    note.Duration.Clear();
+    EXPECT_FALSE(score.Validate().empty());
+    EXPECT_THROW(score.ToText(), CBxValidationException);
+    EXPECT_THROW(score.Title = "too long for it", CBxInvalidValueException);
+}
+
+/// Runs a line of shell in a folder, for which P is the program.
+int RunIn(std::string const& folder, std::string const& command) {
+    std::string const line = "cd '" + folder + "'; P() { '" BX_PROGRAM "' \"$@\" 2>>err; }; " + command;
+    int const status = std::system(line.c_str());
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+TEST(Program, ReadsAndWritesFiles) {
+    std::string folder = testing::TempDir() + "bx-program-XXXXXX";
+    ASSERT_NE(mkdtemp(folder.data()), nullptr);
+    std::ofstream(folder + "/in.xml") << Note("<s:cue/>" + kPitch + kDuration);
+    std::ofstream(folder + "/bad.xml") << Note("<s:cue/>");
+    EXPECT_EQ(RunIn(folder, "P --check in.xml && P --compact in.xml -o out.xml && cmp in.xml out.xml"), 0);
+    EXPECT_EQ(RunIn(folder, "P --to finf in.xml -o out.finf && P --compact - <out.finf | cmp - in.xml"), 0);
+    EXPECT_EQ(RunIn(folder, "P bad.xml -o out.xml"), 2);
+    EXPECT_EQ(RunIn(folder, "cmp in.xml out.xml && grep -q '^bad.xml: ' err"), 0);
+    EXPECT_EQ(RunIn(folder, "P"), 1);
+    EXPECT_EQ(RunIn(folder, "P --to text in.xml"), 1);
+    EXPECT_EQ(RunIn(folder, "rm -r ../$(basename '" + folder + "')"), 0);
+}
+
+}  // namespace
