@@ -1,5 +1,5 @@
 // Any octets as schemas: up to the first zero octet a.xsd, behind it b.xsd, which the first may refer to.
-// Read, and printed if they are good.
+// Read, and printed, mapped and generated if they are good.
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -8,6 +8,9 @@
 #include <string_view>
 
 #include "Diagnostics.h"
+#include "Options.h"
+#include "emit/Emit.h"
+#include "mapping/MakePlan.h"
 #include "schema/Dump.h"
 #include "schema/LoadSchemas.h"
 #include "xml/Catalog.h"
@@ -40,6 +43,11 @@ extern "C" int LLVMFuzzerTestOneInput(unsigned char const* data, std::size_t siz
     Put(s_folder + "/b.xsd", octets.substr(std::min(end + 1, size)));
     Diagnostics diagnostics;
     SchemaSet const set = LoadSchemas({s_folder + "/a.xsd"}, Catalog(), diagnostics);
-    if (!diagnostics.HasErrors() && Dump(set).empty()) std::abort();
+    if (diagnostics.HasErrors()) return 0;
+    if (Dump(set).empty()) std::abort();
+    Options options;
+    options.m_schemas = {s_folder + "/a.xsd"};
+    Plan const plan = MakePlan(set, options, diagnostics);
+    if (!diagnostics.HasErrors() && Emit(plan, options).empty()) std::abort();
     return 0;
 }

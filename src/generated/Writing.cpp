@@ -227,17 +227,22 @@ void Writing::WriteSubstitutes(Particle const& choice) {
     }
 }
 
-/// The member of a choice that an object belongs to: the one whose name it has, or the first of its class.
+/// The member of a choice that an object belongs to: of those with its name, or else of all, the one whose class is
+/// nearest to its own.
 Particle const* Writing::MemberFor(Particle const& choice, CObject const& object) const {
-    Particle const* byClass = nullptr;
+    Particle const* best = nullptr;
+    bool isNamed = false;
     Class const& type = ObjectAccess::ClassOf(object);
     for (Particle const* const member : choice.members) {
         if (!member->isSubstitution || !type.GetModel().Is(*member->type)) continue;
-        if (ObjectAccess::NameOf(object) == member->name) return member;
-        bool const isBetter = byClass == nullptr || member->type->GetModel().Is(*byClass->type);
-        if (isBetter && (byClass == nullptr || byClass->type != member->type)) byClass = member;
+        bool const hasName = ObjectAccess::NameOf(object) == member->name;
+        bool const isNearer =
+            best == nullptr || (member->type != best->type && member->type->GetModel().Is(*best->type));
+        if (hasName == isNamed ? !isNearer : isNamed) continue;
+        best = member;
+        isNamed = hasName;
     }
-    return byClass;
+    return best;
 }
 
 PropertySet const& Writing::Set() {

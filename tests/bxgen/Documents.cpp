@@ -169,6 +169,7 @@ TEST(CommandLine, StatusAndMessages) {
         {{{"a.xsd", ""}}, {"--location", "v=", "@a.xsd"}, {1, "", "bxgen: error: 'v=' is no value of option '--location', which takes URI=FILE; see bxgen --help\n"}},
         {{{"a.xsd", ""}}, {"@a.xsd"}, {2, "", "a.xsd:1: error: no element found [xml]\n"}},
         {{{"a.xsd", ""}}, {"@b.xsd", "@"}, {3, "", "bxgen: error: 'b.xsd' cannot be read: No such file or directory [file]\nbxgen: error: '' cannot be read: Is a directory [file]\n"}},
+        {{{"a.xsd", Schema("")}}, {"--program", "@a.xsd"}, {2, "", "bxgen: error: a program needs a root element; name one by --root-element [root]\n"}},
         {{{"a.xsd", Schema("")}}, {"-n", "N", "-o", "@a.xsd", "@a.xsd"}, {3, "", "bxgen: error: 'a.xsd/NFwd.h' cannot be written: Not a directory [file]\n"}},
     });
     Folder const folder;

@@ -1,5 +1,7 @@
 #include "Run.h"
 
+#include <algorithm>
+
 #include "Depfile.h"
 #include "Diagnostics.h"
 #include "Options.h"
@@ -31,6 +33,10 @@ std::string ListText(std::vector<OutputFile> const& files, Plan const& plan) {
 
 void Generate(SchemaSet const& set, Options const& options, std::string& output, Diagnostics& diagnostics) {
     Plan const plan = MakePlan(set, options, diagnostics);
+    bool const hasRoots = std::ranges::any_of(
+        plan.m_classes, [](ClassPlan const& root) { return root.m_isRoot && !root.m_isAbstract; });
+    if (options.m_program && !hasRoots)
+        diagnostics.Error({}, "root", "a program needs a root element; name one by --root-element");
     if (diagnostics.HasFailed()) return;
     std::vector<OutputFile> files = Emit(plan, options);
     if (options.m_list || options.m_dryRun) {

@@ -47,7 +47,7 @@ struct ParsedDocument {
 /// An object of the class of a document's root.
 class Object {
 public:
-    explicit Object(Bx::Class const& type) : m_class(type), m_object(type.GetFacts().make()) {}
+    explicit Object(Bx::Class const& type) : m_object(type.GetFacts().make()) {}
 
     void Load(std::string const& path) {
         Bx::LoadRoot(*m_object, path, CXmlSerializationContext::GetDefaultContext());
@@ -56,7 +56,7 @@ public:
         Bx::ParseRoot(*m_object, text, CXmlSerializationContext::GetDefaultContext());
     }
     std::string Text() const {
-        return Bx::RootText(*m_object, Bx::Layout::Compact, Bx::RootContext(m_class));
+        return Bx::RootText(*m_object, Bx::Layout::Compact, Bx::RootContext(*m_object, Bx::RootForm::Text));
     }
     /// What is wrong with an object that was read, as the object itself tells it; empty for nothing.
     std::string Complaint() const {
@@ -66,7 +66,6 @@ public:
     }
 
 private:
-    Bx::Class const& m_class;
     CSmartPtr<Bx::CObject> m_object;
 };
 

@@ -13,6 +13,10 @@ std::string TextLiteral(std::string_view text) {
                 literal += '\\';
                 literal += c;
                 break;
+            case '?':
+                // Compilers warn of two in a row, which may begin a trigraph.
+                literal += literal.ends_with('?') ? "\\?" : "?";
+                break;
             case '\n':
                 literal += "\\n";
                 break;

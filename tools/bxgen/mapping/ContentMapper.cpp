@@ -67,6 +67,7 @@ void ContentMapper::Prepare(ContentNode& node) {
         node = std::move(whole);
     }
     Assign(node, true, nullptr);
+    WarnOfOrder(node);
     std::map<std::string_view, int> counts;
     ChooseNamespace(node, counts);
     std::string_view const target = m_facts.m_plan->m_xmlNamespace;
@@ -79,6 +80,53 @@ void ContentMapper::Prepare(ContentNode& node) {
         }
     }
     m_facts.m_plan->m_elementNamespace = std::string(best);
+}
+
+namespace {
+
+/// The properties of a node in the order of its elements, each with whether it must be there.
+void ListProperties(ContentNode const& node, bool isMandatory, std::vector<std::pair<int, bool>>& list) {
+    isMandatory = isMandatory && node.m_occurs.m_min > 0;
+    if (node.m_property >= 0) list.emplace_back(node.m_property, isMandatory);
+    if (node.IsRepeatedGroup()) return;
+    for (ContentNode const& child : node.m_children)
+        ListProperties(child, isMandatory && !node.IsChoice(), list);
+}
+
+/// What a list has of another one, in its own order; nothing if something that must be there is missing in the other.
+std::vector<int> Shared(std::vector<std::pair<int, bool>> const& list,
+                        std::vector<std::pair<int, bool>> const& other) {
+    std::vector<int> shared;
+    for (auto const& [property, isMandatory] : list) {
+        bool const isThere = std::ranges::find(other, property, &std::pair<int, bool>::first) != other.end();
+        if (isThere) shared.push_back(property);
+        if (!isThere && isMandatory) return {};
+    }
+    return shared;
+}
+
+}  // namespace
+
+/// Tells of members of a choice that nothing but the order of their elements tells apart.
+void ContentMapper::WarnOfOrder(ContentNode const& node) const {
+    if (node.IsRepeatedGroup()) return;
+    std::vector<std::vector<std::pair<int, bool>>> lists;
+    for (ContentNode const& child : node.m_children) {
+        WarnOfOrder(child);
+        if (!node.IsChoice()) continue;
+        auto& list = lists.emplace_back();
+        ListProperties(child, true, list);
+        bool const isTold = std::any_of(lists.begin(), lists.end() - 1, [&](auto const& earlier) {
+            std::vector<int> const here = Shared(list, earlier), there = Shared(earlier, list);
+            return !here.empty() && !there.empty() && here != there;
+        });
+        if (isTold) {
+            m_classes.m_mapping.m_diagnostics.Warning(
+                child.m_particle->m_place, "twice",
+                "this member of a choice may have the elements of an earlier one in another order: they are "
+                "written in the order of the earlier one");
+        }
+    }
 }
 
 void ContentMapper::Add(ContentNode node) {
@@ -409,8 +457,15 @@ void ContentMapper::AddElementRows(ContentNode const& node, int depth, bool isIn
             row.m_arguments.emplace_back(0);
         }
     }
-    for (ElementDeclaration const* const element : alternatives)
+    std::set<std::string_view> names;
+    for (ElementDeclaration const* const element : alternatives) {
         AddElementRow(*element, property, {1, 1}, depth + (needsChoice ? 1 : 0));
+        if (names.insert(element->m_name.m_local).second) continue;
+        m_classes.m_mapping.m_diagnostics.Warning(
+            node.m_particle->m_place, "same-name",
+            "elements of several namespaces that are called " + Quoted(element->m_name.m_local) +
+                " may stand here: if one type does for both, the first of them is written");
+    }
     if (needsChoice) AddRow(depth, "End");
 }
 

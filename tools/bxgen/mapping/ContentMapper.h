@@ -44,6 +44,7 @@ private:
     void MakeValue(Draft const& draft, SimpleType const& simple, bool isRepeated, PropertyFacts& property,
                    TypeExpression& type);
     std::string OccurrenceOf(Draft const& draft) const;
+    void WarnOfOrder(ContentNode const& node) const;
     void ChooseNamespace(ContentNode const& node, std::map<std::string_view, int>& counts) const;
 
     void AddRows(ContentNode const& node, int depth, bool isInChoice);
