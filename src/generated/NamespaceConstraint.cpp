@@ -7,7 +7,8 @@
 
 namespace BxXmlLib5::Generated {
 
-NamespaceConstraint::NamespaceConstraint(std::u16string_view namespaces, std::u16string_view targetNamespace) {
+NamespaceConstraint::NamespaceConstraint(std::u16string_view namespaces,
+                                         std::u16string_view targetNamespace) {
     if (namespaces == u"##any") {
         m_rule = Rule::Any;
     } else if (namespaces == u"##other") {
