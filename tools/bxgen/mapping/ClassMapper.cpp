@@ -50,10 +50,7 @@ ClassFacts& ClassMapper::NewFacts(ClassPlan& plan, ClassFacts* base) {
     auto facts = std::make_unique<ClassFacts>();
     facts->m_plan = &plan;
     facts->m_base = base;
-    facts->m_names = NameScope(&m_names.TypeScope());
-    for (ClassFacts const* one = base; one != nullptr; one = one->m_base) {
-        for (PropertyPlan const& property : one->m_plan->m_properties) facts->m_names.Add(property.m_name);
-    }
+    facts->m_names = NameScope(&m_names.TypeScope(), base != nullptr ? &base->m_names : nullptr);
     if (base != nullptr) {
         plan.m_baseClass = base->m_plan;
         facts->m_isMixed = base->m_isMixed;
@@ -316,6 +313,13 @@ void ClassMapper::Root(ElementDeclaration const& element) {
     ClassFacts& facts = NewFacts(plan, isOfClass ? &Class(*complex) : nullptr);
     plan.m_documentation = DocumentationOf(m_mapping.m_options, {&element.m_annotation},
                                            element.m_name.m_local, element.m_place);
+    if (isOfClass && complex->m_isAbstract) {
+        m_mapping.m_diagnostics.Warning(
+            element.m_place, "root",
+            "the type of root " + Quoted(element.m_name.m_local) +
+                " is abstract, and a root takes no other by xsi:type: its documents are refused; name the element "
+                "of a type that derives from it");
+    }
     if (isOfClass) {
         plan.m_base = BaseExpression(facts);
         AddRow(facts, "Inherit").m_class = facts.m_base->m_plan;

@@ -15,7 +15,7 @@ using Kind = PropertyKey::Kind;
 
 int Bound(std::uint64_t number) {
     if (number == Occurs::kUnbounded) return kMany;
-    return number > INT_MAX ? (kMany) : static_cast<int>(number);
+    return number > INT_MAX ? kMany : static_cast<int>(number);
 }
 
 int LeastOf(Occurs const& occurs) {
@@ -185,10 +185,7 @@ void ContentMapper::AssignLeaf(ContentNode& node, bool isMandatory, ContentNode 
     PropertyKey key = KeyOf(node);
     auto const [known, isFirst] = m_used.try_emplace(key, 0);
     int& used = known->second;
-    for (PropertyKey inBase = key; isFirst && !m_isRestriction && m_facts.m_base != nullptr;
-         inBase.m_number = ++used) {
-        if (m_facts.m_base->Find(inBase) == nullptr) break;
-    }
+    if (isFirst && !m_isRestriction && m_facts.m_base != nullptr) used = m_facts.m_base->CountOf(key);
     m_changes.emplace_back(key, used);
     key.m_number = used++;
     auto const [found, isNew] = m_draftByKey.try_emplace(key, m_drafts.size());
@@ -234,13 +231,15 @@ void ContentMapper::MakeProperty(Draft const& draft) {
             "", first.m_particle->m_place);
     }
     if (wanted.empty()) wanted = "Element";
-    plan.m_name = m_facts.m_names.Take(wanted);
-    property.m_name = plan.m_name;
     bool const isTwice = draft.m_key.m_number > 0;
+    plan.m_name = m_facts.m_names.Take(isTwice ? wanted + std::to_string(draft.m_key.m_number + 1) : wanted);
+    property.m_name = plan.m_name;
     if (isTwice) {
         m_classes.m_mapping.m_diagnostics.Warning(
             first.m_particle->m_place, "twice",
-            (draft.m_key.m_kind == Kind::kElement ? "element " + Quoted(from) : Quoted(from)) +
+            (draft.m_key.m_kind == Kind::kElement ? "element " + Quoted(from)
+             : draft.m_key.m_kind == Kind::kAny   ? std::string("a wildcard")
+                                                  : "group " + Quoted(from)) +
                 " stands several times in one content: this one is " + Quoted(plan.m_name) +
                 "; documents keep the order");
     }
