@@ -66,16 +66,26 @@ inline std::string PlanText(Plan const& plan) {
     return text;
 }
 
-/// The plan of the schemas a.xsd of a folder, and what is said of it, without the folder.
-inline std::string PlanOf(Folder const& folder, Options options = {}) {
-    options.m_schemas = {folder.Path("a.xsd")};
-    options.m_diagnostics.m_allWarnings = true;
+/// The options of a command line for the schema a.xsd of a folder, which `@` in an argument stands for.
+inline Options OptionsFor(Folder const& folder, std::vector<std::string> arguments) {
+    arguments.insert(arguments.end(), {"--all-warnings", "@a.xsd"});
+    std::vector<char const*> pointers;
+    for (std::string& argument : arguments) {
+        Folder::Replace(argument, "@", folder.Path(""));
+        pointers.push_back(argument.c_str());
+    }
+    return ParseOptions(pointers);
+}
+
+/// The plan of the schema a.xsd of a folder, and what is said of it, in which the folder is not named.
+inline std::string PlanOf(Folder const& folder, std::vector<std::string> arguments = {}) {
+    Options const options = OptionsFor(folder, std::move(arguments));
     Diagnostics diagnostics(options.m_diagnostics);
     SchemaSet const set = LoadSchemas(options.m_schemas, Catalog(), diagnostics);
-    std::string text = diagnostics.HasErrors() ? "" : PlanText(MakePlan(set, options, diagnostics));
+    std::string const text = diagnostics.HasErrors() ? "" : PlanText(MakePlan(set, options, diagnostics));
     std::string messages = diagnostics.Text();
     Folder::Replace(messages, folder.Path(""), "");
-    return text + messages;
+    return (diagnostics.HasErrors() ? "" : text) + messages;
 }
 
 }  // namespace BxGen

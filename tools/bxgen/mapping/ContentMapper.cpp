@@ -210,7 +210,7 @@ void ContentMapper::MakeProperty(Draft const& draft) {
         property.m_shape = Shape::kCollection;
         property.m_class = items.m_plan;
         plan.m_type = {"Bx::Collection", nullptr, {{{}, items.m_plan, {}, {}}}, {}};
-        wanted = first.m_named != nullptr ? Camel(first.m_named->m_name.m_local, options.m_ascii) : "Items";
+        wanted = first.m_named != nullptr ? m_classes.m_names.PropertyName(first.m_named->m_name) : "Items";
         from = first.m_named != nullptr ? first.m_named->m_name.m_local : wanted;
         plan.m_documentation =
             DocumentationOf(options, {&first.m_particle->m_annotation}, "", first.m_particle->m_place);
@@ -224,13 +224,12 @@ void ContentMapper::MakeProperty(Draft const& draft) {
     } else {
         ElementDeclaration const& element = *first.Element();
         MakeElement(draft, property, plan.m_type);
-        wanted = Camel(element.m_name.m_local, options.m_ascii);
+        wanted = m_classes.m_names.PropertyName(element.m_name);
         from = element.m_name.m_local;
         plan.m_documentation = DocumentationOf(
             options, {&first.m_particle->m_annotation, &element.m_annotation, &element.m_type->m_annotation},
             "", first.m_particle->m_place);
     }
-    if (wanted.empty()) wanted = "Element";
     bool const isTwice = draft.m_key.m_number > 0;
     plan.m_name = m_facts.m_names.Take(isTwice ? wanted + std::to_string(draft.m_key.m_number + 1) : wanted);
     property.m_name = plan.m_name;
@@ -243,7 +242,8 @@ void ContentMapper::MakeProperty(Draft const& draft) {
                 " stands several times in one content: this one is " + Quoted(plan.m_name) +
                 "; documents keep the order");
     }
-    m_classes.m_names.Note(first.m_particle->m_place, from, wanted, plan.m_name, isTwice);
+    m_classes.m_names.Note(first.m_particle->m_place, from, wanted, plan.m_name,
+                           isTwice || (first.IsGroup() && first.m_named == nullptr));
     plan.m_occurrence = OccurrenceOf(draft);
     m_properties.push_back(&m_facts.m_properties.emplace(draft.m_key, std::move(property)).first->second);
     m_facts.m_plan->m_properties.push_back(std::move(plan));
@@ -266,7 +266,7 @@ std::string ContentMapper::OccurrenceOf(Draft const& draft) const {
     for (ContentNode const& member : draft.m_choice->m_children) {
         if (member.Element() == nullptr) return {};
         if (!names.empty()) names += ", ";
-        names += Camel(member.Element()->m_name.m_local, m_classes.m_mapping.m_options.m_ascii);
+        names += m_classes.m_names.PropertyName(member.Element()->m_name);
     }
     return "one of " + names;
 }

@@ -27,8 +27,10 @@ public:
         : m_outer(outer), m_inherited(inherited) {}
 
     bool Has(std::string_view name) const {
-        return m_names.contains(name) || (m_inherited != nullptr && m_inherited->Has(name)) ||
-               (m_outer != nullptr && m_outer->Has(name));
+        for (NameScope const* scope = this; scope != nullptr; scope = scope->m_inherited) {
+            if (scope->m_names.contains(name)) return true;
+        }
+        return m_outer != nullptr && m_outer->Has(name);
     }
     void Add(std::string name) { m_names.insert(std::move(name)); }
 
