@@ -64,13 +64,13 @@ public:
         return Run({"--dump", "@a.xsd"});
     }
 
-private:
     static void Replace(std::string& text, std::string_view what, std::string const& by) {
         for (std::size_t at = text.find(what); at != text.npos; at = text.find(what, at + by.size())) {
             text.replace(at, what.size(), by);
         }
     }
 
+private:
     std::filesystem::path m_path;
 };
 

@@ -50,10 +50,7 @@ ClassFacts& ClassMapper::NewFacts(ClassPlan& plan, ClassFacts* base) {
     auto facts = std::make_unique<ClassFacts>();
     facts->m_plan = &plan;
     facts->m_base = base;
-    facts->m_names = NameScope(&m_names.TypeScope());
-    for (ClassFacts const* one = base; one != nullptr; one = one->m_base) {
-        for (PropertyPlan const& property : one->m_plan->m_properties) facts->m_names.Add(property.m_name);
-    }
+    facts->m_names = NameScope(&m_names.TypeScope(), base != nullptr ? &base->m_names : nullptr);
     if (base != nullptr) {
         plan.m_baseClass = base->m_plan;
         facts->m_isMixed = base->m_isMixed;
@@ -200,8 +197,7 @@ void ClassMapper::AddAttribute(AttributeUse const& use, ClassFacts& facts) {
     bool const isRequired = use.m_use == Use::kRequired;
     PropertyFacts property;
     PropertyPlan plan;
-    std::string wanted = Camel(attribute.m_name.m_local, m_mapping.m_options.m_ascii);
-    if (wanted.empty()) wanted = "Attribute";
+    std::string const wanted = m_names.PropertyName(attribute.m_name);
     property.m_name = facts.m_names.Take(wanted, "Attribute");
     property.m_type = attribute.m_type;
     property.m_isConstrained = use.m_value.has_value();
@@ -316,6 +312,13 @@ void ClassMapper::Root(ElementDeclaration const& element) {
     ClassFacts& facts = NewFacts(plan, isOfClass ? &Class(*complex) : nullptr);
     plan.m_documentation = DocumentationOf(m_mapping.m_options, {&element.m_annotation},
                                            element.m_name.m_local, element.m_place);
+    if (isOfClass && complex->m_isAbstract) {
+        m_mapping.m_diagnostics.Warning(
+            element.m_place, "root",
+            "the type of root " + Quoted(element.m_name.m_local) +
+                " is abstract, and a root takes no other by xsi:type: its documents are refused; name the element "
+                "of a type that derives from it");
+    }
     if (isOfClass) {
         plan.m_base = BaseExpression(facts);
         AddRow(facts, "Inherit").m_class = facts.m_base->m_plan;
@@ -336,7 +339,7 @@ ClassFacts& ClassMapper::Wrapper(ElementDeclaration const& element) {
         made->m_plan = plan;
         return *made;
     }
-    plan = &m_names.MakeClass(Camel(element.m_name.m_local, m_mapping.m_options.m_ascii), element, "Element");
+    plan = &m_names.MakeClass(m_names.ClassName(m_names.PropertyName(element.m_name)), element, "Element");
     plan->m_xmlName = element.m_name.m_local;
     ClassFacts& facts = NewFacts(*plan, nullptr);
     plan->m_documentation = DocumentationOf(m_mapping.m_options, {&element.m_annotation},
@@ -355,9 +358,10 @@ ClassFacts& ClassMapper::Items(ContentNode const& node) {
     Component const& component = *node.m_group;
     std::string_view const local =
         node.m_named != nullptr ? node.m_named->m_name.m_local : std::string_view();
-    std::string const name = node.m_named != nullptr ? m_names.SuggestionFor(node.m_named->m_group)
-                                                     : m_names.SuggestionFor(node.m_group);
-    ClassPlan& plan = m_names.MakeClass(name, component, "Item");
+    std::string const name = node.m_named != nullptr ? m_names.GroupName(*node.m_named)
+                                                     : m_names.ClassName(m_names.SuggestionFor(node.m_group));
+    ClassPlan& plan =
+        m_names.MakeClass(name, component, node.m_named != nullptr ? "Item" : "", node.m_named == nullptr);
     plan.m_isGroup = true;
     plan.m_xmlName = local;
     ClassFacts& facts = NewFacts(plan, nullptr);

@@ -15,7 +15,7 @@ using Kind = PropertyKey::Kind;
 
 int Bound(std::uint64_t number) {
     if (number == Occurs::kUnbounded) return kMany;
-    return number > INT_MAX ? (kMany) : static_cast<int>(number);
+    return number > INT_MAX ? kMany : static_cast<int>(number);
 }
 
 int LeastOf(Occurs const& occurs) {
@@ -233,10 +233,7 @@ void ContentMapper::AssignLeaf(ContentNode& node, bool isMandatory, ContentNode 
     PropertyKey key = KeyOf(node);
     auto const [known, isFirst] = m_used.try_emplace(key, 0);
     int& used = known->second;
-    for (PropertyKey inBase = key; isFirst && !m_isRestriction && m_facts.m_base != nullptr;
-         inBase.m_number = ++used) {
-        if (m_facts.m_base->Find(inBase) == nullptr) break;
-    }
+    if (isFirst && !m_isRestriction && m_facts.m_base != nullptr) used = m_facts.m_base->CountOf(key);
     m_changes.emplace_back(key, used);
     key.m_number = used++;
     auto const [found, isNew] = m_draftByKey.try_emplace(key, m_drafts.size());
@@ -261,7 +258,7 @@ void ContentMapper::MakeProperty(Draft const& draft) {
         property.m_shape = Shape::kCollection;
         property.m_class = items.m_plan;
         plan.m_type = {"Bx::Collection", nullptr, {{{}, items.m_plan, {}, {}}}, {}};
-        wanted = first.m_named != nullptr ? Camel(first.m_named->m_name.m_local, options.m_ascii) : "Items";
+        wanted = first.m_named != nullptr ? m_classes.m_names.PropertyName(first.m_named->m_name) : "Items";
         from = first.m_named != nullptr ? first.m_named->m_name.m_local : wanted;
         plan.m_documentation =
             DocumentationOf(options, {&first.m_particle->m_annotation}, "", first.m_particle->m_place);
@@ -275,24 +272,26 @@ void ContentMapper::MakeProperty(Draft const& draft) {
     } else {
         ElementDeclaration const& element = *first.Element();
         MakeElement(draft, property, plan.m_type);
-        wanted = Camel(element.m_name.m_local, options.m_ascii);
+        wanted = m_classes.m_names.PropertyName(element.m_name);
         from = element.m_name.m_local;
         plan.m_documentation = DocumentationOf(
             options, {&first.m_particle->m_annotation, &element.m_annotation, &element.m_type->m_annotation},
             "", first.m_particle->m_place);
     }
-    if (wanted.empty()) wanted = "Element";
-    plan.m_name = m_facts.m_names.Take(wanted);
-    property.m_name = plan.m_name;
     bool const isTwice = draft.m_key.m_number > 0;
+    plan.m_name = m_facts.m_names.Take(isTwice ? wanted + std::to_string(draft.m_key.m_number + 1) : wanted);
+    property.m_name = plan.m_name;
     if (isTwice) {
         m_classes.m_mapping.m_diagnostics.Warning(
             first.m_particle->m_place, "twice",
-            (draft.m_key.m_kind == Kind::kElement ? "element " + Quoted(from) : Quoted(from)) +
+            (draft.m_key.m_kind == Kind::kElement ? "element " + Quoted(from)
+             : draft.m_key.m_kind == Kind::kAny   ? std::string("a wildcard")
+                                                  : "group " + Quoted(from)) +
                 " stands several times in one content: this one is " + Quoted(plan.m_name) +
                 "; documents keep the order");
     }
-    m_classes.m_names.Note(first.m_particle->m_place, from, wanted, plan.m_name, isTwice);
+    m_classes.m_names.Note(first.m_particle->m_place, from, wanted, plan.m_name,
+                           isTwice || (first.IsGroup() && first.m_named == nullptr));
     plan.m_occurrence = OccurrenceOf(draft);
     m_properties.push_back(&m_facts.m_properties.emplace(draft.m_key, std::move(property)).first->second);
     m_facts.m_plan->m_properties.push_back(std::move(plan));
@@ -315,7 +314,7 @@ std::string ContentMapper::OccurrenceOf(Draft const& draft) const {
     for (ContentNode const& member : draft.m_choice->m_children) {
         if (member.Element() == nullptr) return {};
         if (!names.empty()) names += ", ";
-        names += Camel(member.Element()->m_name.m_local, m_classes.m_mapping.m_options.m_ascii);
+        names += m_classes.m_names.PropertyName(member.Element()->m_name);
     }
     return "one of " + names;
 }

@@ -1,7 +1,6 @@
 #include "mapping/MakePlan.h"
 
-#include <functional>
-#include <unordered_set>
+#include <algorithm>
 
 #include "mapping/ClassMapper.h"
 #include "mapping/Mapping.h"
@@ -18,6 +17,16 @@ std::string FileNameOf(std::string_view path) {
     return std::string(path);
 }
 
+/// True if documents may hold xsi:type or xsi:nil.
+bool NeedsInstanceNamespace(Plan const& plan) {
+    return std::ranges::any_of(plan.m_classes, [](ClassPlan const& one) {
+        bool const isDerived = one.m_baseClass != nullptr && !one.m_isRoot && !one.m_isAlias;
+        return isDerived || std::ranges::any_of(one.m_rows, [](RowPlan const& row) {
+                   return row.m_isNillable || row.m_kind == "NilMark";
+               });
+    });
+}
+
 void MapAll(Mapping const& mapping) {
     Units units(mapping);
     std::vector<ElementDeclaration const*> const roots = FindRoots(mapping);
@@ -30,6 +39,7 @@ void MapAll(Mapping const& mapping) {
     }
     for (ComplexType const* const type : names.Types()) classes.Class(*type);
     for (ElementDeclaration const* const root : roots) classes.Root(*root);
+    if (NeedsInstanceNamespace(mapping.m_plan)) units.Need(kXsiNamespace);
     units.NameConstants();
     units.CheckOrder();
 }

@@ -37,6 +37,15 @@ std::string WithType(std::string name) {
     return name;
 }
 
+/// What a line of a file of names may be about.
+constexpr std::string_view kKindsOfNames[] = {"type", "element", "group", "property"};
+
+bool IsIdentifier(std::string_view name) {
+    constexpr std::string_view kLetters = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
+    return kLetters.find(name[0]) != name.npos &&
+           name.find_first_not_of(std::string(kLetters) + "0123456789_") == name.npos;
+}
+
 bool IsExpected(std::string const& wanted, std::string const& taken) {
     if (!taken.starts_with(wanted)) return true;
     std::string const added = taken.substr(wanted.size());
@@ -49,10 +58,6 @@ Names::Names(Mapping const& mapping, Units& units, std::vector<ElementDeclaratio
     : m_mapping(mapping), m_units(units) {
     ReadNamesFile();
     SchemaSet const& set = mapping.m_set;
-    if (mapping.m_plan.m_units.size() > 1) {
-        for (Unit const& unit : mapping.m_plan.m_units)
-            m_typeScope.Add(unit.m_name.substr(0, unit.m_name.find(':')));
-    }
     NameRoots(roots);
     std::vector<std::pair<Type const*, std::string_view>> types;
     for (Type const* const type : set.Types()) types.emplace_back(type, "Type");
@@ -66,7 +71,7 @@ Names::Names(Mapping const& mapping, Units& units, std::vector<ElementDeclaratio
     for (ElementDeclaration const* const element : set.Elements()) {
         ComplexType const* const type = element->m_type->AsComplex();
         if (type != nullptr && type->IsAnonymous() && !m_classes.contains(type)) {
-            ClassPlan& plan = MakeClass(CamelOf(element->m_name.m_local), *element, "Element");
+            ClassPlan& plan = MakeClass(ClassName(CamelOf(element->m_name.m_local)), *element, "Element");
             plan.m_xmlName = element->m_name.m_local;
             Register(*type, plan);
         }
@@ -105,10 +110,11 @@ void Names::ReadNamesFile() {
     for (int number = 1; std::getline(file, line); ++number) {
         std::vector<std::string_view> const items = Items(line);
         if (items.empty() || items[0].starts_with('#')) continue;
-        if (items.size() != 3 || (items[0] != "type" && items[0] != "element" && items[0] != "group")) {
+        if (items.size() != 3 || std::ranges::find(kKindsOfNames, items[0]) == std::end(kKindsOfNames) ||
+            !IsIdentifier(items[2])) {
             m_mapping.m_diagnostics.Error(
                 {*m_mapping.m_options.m_namesFile, static_cast<std::uint32_t>(number), 1}, "names",
-                "a line must be: type|element|group {namespace}name NAME");
+                "a line must be: type|element|group|property {namespace}name NAME");
             continue;
         }
         m_given[std::string(items[0]) + ' ' + std::string(items[1])] = items[2];
@@ -123,6 +129,16 @@ std::optional<std::string> Names::Given(std::string_view kind, QName const& name
 std::string Names::CamelOf(std::string_view name) const {
     std::string camel = Camel(name, m_mapping.m_options.m_ascii);
     return camel.empty() ? "Name" : camel;
+}
+
+std::string Names::PropertyName(QName const& name) const {
+    std::optional<std::string> const given = Given("property", name);
+    return given ? *given : CamelOf(name.m_local);
+}
+
+std::string Names::GroupName(NamedGroup const& group) const {
+    std::optional<std::string> const given = Given("group", group.m_name);
+    return given ? *given : ClassName(CamelOf(group.m_name.m_local));
 }
 
 std::string Names::StrippedCamelOf(std::string_view name) const {
@@ -143,16 +159,16 @@ void Names::Note(Place const& place, std::string_view from, std::string const& w
                                         " is another name there; --names gives it one of your choice");
 }
 
-ClassPlan& Names::MakeClass(std::string_view name, Component const& component, std::string_view suffix) {
+ClassPlan& Names::MakeClass(std::string const& wanted, Component const& component, std::string_view suffix,
+                            bool isTold) {
     ClassPlan& plan = m_mapping.m_plan.m_classes.emplace_back();
     Unit& unit = m_units.Of(TargetNamespaceOf(component));
-    std::string const wanted = m_mapping.m_options.m_prefix + std::string(name);
     plan.m_unit = &unit;
     plan.m_name = unit.m_scope.Take(wanted, suffix);
     plan.m_xmlNamespace = TargetNamespaceOf(component);
     plan.m_elementNamespace = plan.m_xmlNamespace;
     m_typeScope.Add(plan.m_name);
-    Note(component.m_place, name, wanted, plan.m_name);
+    Note(component.m_place, wanted, wanted, plan.m_name, isTold);
     return plan;
 }
 
@@ -190,7 +206,8 @@ void Names::Register(ComplexType const& type, ClassPlan& plan) {
 void Names::NameRoots(std::vector<ElementDeclaration const*> const& roots) {
     for (ElementDeclaration const* const element : roots) {
         std::optional<std::string> const given = Given("element", element->m_name);
-        ClassPlan& plan = MakeClass(given ? *given : CamelOf(element->m_name.m_local), *element, "Root");
+        ClassPlan& plan =
+            MakeClass(given ? *given : ClassName(CamelOf(element->m_name.m_local)), *element, "Root");
         plan.m_isRoot = true;
         plan.m_xmlName = element->m_name.m_local;
         m_roots[element] = &plan;
@@ -203,7 +220,7 @@ void Names::NameType(Type const& type, std::string_view suffix) {
     std::optional<std::string> const given = Given("type", type.m_name);
     std::string const name = given ? *given : StrippedCamelOf(type.m_name.m_local);
     if (auto const* const complex = type.AsComplex()) {
-        ClassPlan& plan = MakeClass(name, type, suffix);
+        ClassPlan& plan = MakeClass(given ? name : ClassName(name), type, suffix);
         plan.m_xmlName = type.m_name.m_local;
         plan.m_isNamedType = suffix != "Base";
         Register(*complex, plan);
@@ -219,7 +236,7 @@ void Names::VisitElement(ElementDeclaration const& element, std::string const& o
             Quoted(identity->m_name.m_local) + " is not enforced; test the values in your program");
     }
     std::string const name = owner + CamelOf(element.m_name.m_local);
-    m_propertyNames.insert(CamelOf(element.m_name.m_local));
+    m_propertyNames.insert(PropertyName(element.m_name));
     auto const* const complex = element.m_type->AsComplex();
     if (complex != nullptr && element.m_isNillable && !complex->IsAnyType()) m_nillable.insert(complex);
     if (!element.m_type->IsAnonymous()) return;
@@ -227,7 +244,7 @@ void Names::VisitElement(ElementDeclaration const& element, std::string const& o
     // A member of a substitution group without a type has its head's.
     if (complex->m_owner != &element && m_classes.contains(complex)) return;
     if (!m_classes.contains(complex)) {
-        ClassPlan& plan = MakeClass(name, *complex, "Element");
+        ClassPlan& plan = MakeClass(ClassName(name), *complex, "Element");
         plan.m_xmlName = element.m_name.m_local;
         Register(*complex, plan);
     }
@@ -252,7 +269,7 @@ void Names::VisitAttributes(std::vector<AttributeItem> const& items, std::string
         auto const* const use = std::get_if<AttributeUse const*>(&item);
         if (use == nullptr) continue;
         AttributeDeclaration const& attribute = *(*use)->m_declaration;
-        m_propertyNames.insert(CamelOf(attribute.m_name.m_local));
+        m_propertyNames.insert(PropertyName(attribute.m_name));
         if ((*use)->m_isReference) continue;
         VisitSimple(*attribute.m_type, owner + CamelOf(attribute.m_name.m_local));
     }

@@ -33,8 +33,17 @@ public:
     /// True if an element of the type may be nil, and none of its bases is the type of such an element.
     bool NeedsNil(ComplexType const& type) const;
 
+    /// The name of a class: with the prefix for classes.
+    std::string ClassName(std::string const& name) const { return m_mapping.m_options.m_prefix + name; }
+    /// The name that the property of an element or attribute should have.
+    std::string PropertyName(QName const& name) const;
+    /// The name that the class of a repeated group should have.
+    std::string GroupName(NamedGroup const& group) const;
+
     SimplePlan& MakeSimple(SimpleType const& type, std::string_view suggestion);
-    ClassPlan& MakeClass(std::string_view name, Component const& component, std::string_view suffix = "");
+    /// @param wanted the whole name
+    ClassPlan& MakeClass(std::string const& wanted, Component const& component, std::string_view suffix = "",
+                         bool isTold = false);
 
     /// Names that properties must not have, since they would hide types.
     NameScope& TypeScope() { return m_typeScope; }

@@ -1,6 +1,8 @@
 // The properties of classes, as the mapping knows them.
 #pragma once
 
+#include <iterator>
+#include <limits>
 #include <map>
 #include <string>
 #include <tuple>
@@ -62,6 +64,19 @@ struct ClassFacts {
             if (found != facts->m_properties.end()) return &found->second;
         }
         return nullptr;
+    }
+
+    /// How many properties, numbered from 0, there are for one element, wildcard or group, in the bases too.
+    int CountOf(PropertyKey key) const {
+        for (ClassFacts const* facts = this; facts != nullptr; facts = facts->m_base) {
+            key.m_number = std::numeric_limits<int>::max();
+            auto const next = facts->m_properties.upper_bound(key);
+            if (next == facts->m_properties.begin()) continue;
+            PropertyKey const& last = std::prev(next)->first;
+            key.m_number = last.m_number;
+            if (last == key) return last.m_number + 1;
+        }
+        return 0;
     }
 };
 

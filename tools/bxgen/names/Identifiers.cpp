@@ -97,7 +97,12 @@ std::string NameScope::Take(std::string const& name, std::string_view suffix) {
     std::string taken = name;
     if (!isFree(taken) && ((m_outer != nullptr && m_outer->Has(name)) || IsMacro(name))) taken = name + '_';
     if (!isFree(taken) && !suffix.empty()) taken = name + std::string(suffix);
-    for (int number = 2; !isFree(taken); ++number) taken = name + std::to_string(number);
+    if (!isFree(taken)) {
+        int& number = m_numbers.try_emplace(name, 2).first->second;
+        do {
+            taken = name + std::to_string(number++);
+        } while (!isFree(taken));
+    }
     Add(taken);
     return taken;
 }
@@ -150,7 +155,6 @@ NameScope const& NamesOfObjects() {
                                                 "FastInfosetContext",
                                                 "CObject",
                                                 "CGroup",
-                                                "Root",
                                                 "Bx",
                                                 "Xs"});
     return s_names;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <map>
 #include <set>
 #include <string>
 #include <string_view>
@@ -20,11 +21,16 @@ bool IsMacro(std::string_view name);
 class NameScope {
 public:
     NameScope() = default;
-    /// @param outer names that must not be used either; must outlive the scope
-    explicit NameScope(NameScope const* outer) : m_outer(outer) {}
+    /// @param outer names that are reserved; must outlive the scope
+    /// @param inherited names that are taken in a class's base, null for none; must outlive the scope
+    explicit NameScope(NameScope const* outer, NameScope const* inherited = nullptr)
+        : m_outer(outer), m_inherited(inherited) {}
 
     bool Has(std::string_view name) const {
-        return m_names.contains(name) || (m_outer != nullptr && m_outer->Has(name));
+        for (NameScope const* scope = this; scope != nullptr; scope = scope->m_inherited) {
+            if (scope->m_names.contains(name)) return true;
+        }
+        return m_outer != nullptr && m_outer->Has(name);
     }
     void Add(std::string name) { m_names.insert(std::move(name)); }
 
@@ -34,6 +40,8 @@ public:
 
 private:
     NameScope const* m_outer = nullptr;
+    NameScope const* m_inherited = nullptr;
+    std::map<std::string, int, std::less<>> m_numbers;  ///< the next to try behind a name
     std::set<std::string, std::less<>> m_names;
 };
 
