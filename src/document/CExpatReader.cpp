@@ -117,8 +117,8 @@ CExpatReader::CExpatReader(CDocumentBuilder& builder, SchemaType schemaType)
     : CInstanceMonitor(u"CExpatReader"), m_builder(builder), m_schemaType(schemaType) {}
 CExpatReader::~CExpatReader() = default;
 
-void CExpatReader::Parse(std::span<unsigned char const> input) {
-    std::unique_ptr<XML_ParserStruct, void (*)(XML_Parser)> const parser(
+CExpatReader::Parser CExpatReader::MakeParser(std::size_t inputSize) {
+    Parser parser(
         m_schemaType == st_NoNamespaces ? XML_ParserCreate(nullptr) : XML_ParserCreateNS(nullptr, kSeparator),
         XML_ParserFree);
     if (!parser) throw std::bad_alloc();
@@ -133,7 +133,29 @@ void CExpatReader::Parse(std::span<unsigned char const> input) {
     if (XML_SetReparseDeferralEnabled != nullptr) XML_SetReparseDeferralEnabled(m_parser, XML_FALSE);
 
     m_mostNestingEntities = MostNestingEntities();
-    m_mostDefaultedUnits = MaxRepeatedUnits(input.size());
+    m_mostDefaultedUnits = MaxRepeatedUnits(inputSize);
+    return parser;
+}
+
+/// A final call is faster, since Expat counts the lines after any other. It refuses an input that breaks off, so
+/// what it refuses is parsed anew.
+void CExpatReader::Parse(std::span<unsigned char const> input) {
+    if (ParseWhole(input)) return;
+    m_builder.Clear();
+    CExpatReader(m_builder, m_schemaType).ParseOpen(input);
+}
+
+bool CExpatReader::ParseWhole(std::span<unsigned char const> input) {
+    constexpr int kFinal = 1;
+    Parser const parser = MakeParser(input.size());
+    XML_Status const status = XML_Parse(m_parser, reinterpret_cast<char const*>(input.data()),
+                                        static_cast<int>(input.size()), kFinal);
+    if (m_failure) std::rethrow_exception(m_failure);
+    return status != XML_STATUS_ERROR;
+}
+
+void CExpatReader::ParseOpen(std::span<unsigned char const> input) {
+    Parser const parser = MakeParser(input.size());
     bool const parsed = ParseInSlices(input);
     if (m_failure) std::rethrow_exception(m_failure);
     if (!parsed) {
@@ -183,7 +205,7 @@ void CExpatReader::StartElement(char16_t const* name, char16_t const* const* att
     CXmlElement* const element = m_builder.AddElement(elementName);
     std::size_t count = 0;
     while (attributes[2 * count] != nullptr) ++count;
-    CDocumentBuilder::ReserveElementAttributes(element, count);
+    m_builder.ReserveElementAttributes(element, count);
     auto const specified = static_cast<std::size_t>(XML_GetSpecifiedAttributeCount(m_parser)) / 2;
     for (std::size_t i = 0; i < count; ++i) {
         std::u16string_view const value = attributes[2 * i + 1];
