@@ -218,6 +218,11 @@ void WideToUtf8Ascii(benchmark::State& state) {
     wstring const text(kOctets, u'x');
     Megabyte(state, [&text] { return WideToUtf8(text); });
 }
+void WideToUtf8WithALetter(benchmark::State& state) {
+    wstring text(kOctets, u'x');
+    text.front() = u'\xE9';
+    Megabyte(state, [&text] { return WideToUtf8(text); });
+}
 
 #define BX_VALUE_BENCHMARK(Function) BENCHMARK(Function)->Repetitions(5)
 
@@ -247,6 +252,7 @@ BX_VALUE_BENCHMARK(SharedOctetsCompared);
 BX_VALUE_BENCHMARK(WideningLoop);
 BX_VALUE_BENCHMARK(Utf8ToWideAscii);
 BX_VALUE_BENCHMARK(WideToUtf8Ascii);
+BX_VALUE_BENCHMARK(WideToUtf8WithALetter);
 
 Aims const s_aims({
     {"IntegerFromString", "IntegerFromChars", 3},
@@ -265,6 +271,7 @@ Aims const s_aims({
     {"Base64Decode", "HexTableLoop", 0},
     {"Utf8ToWideAscii", "WideningLoop", 2},
     {"WideToUtf8Ascii", "WideningLoop", 2},
+    {"WideToUtf8WithALetter", "WideningLoop", 3},
 });
 
 }  // namespace

@@ -4,8 +4,17 @@
 
 #include "core/Limits.h"
 #include "core/NestingDepth.h"
+#include "platform/TextView.h"
 
 namespace BxXmlLib5 {
+
+void CDocumentBuilder::Clear() {
+    m_documentElement = nullptr;
+    m_elementStack.clear();
+    m_openText.clear();
+    m_lastMixedText = {};
+    m_nodes.Clear();
+}
 
 CXmlElement* CDocumentBuilder::AddElement(CXmlName const& name) {
     if (m_elementStack.size() == kMaxElementDepth) ThrowNestedTooDeeply();
@@ -15,11 +24,11 @@ CXmlElement* CDocumentBuilder::AddElement(CXmlName const& name) {
 }
 
 CXmlElement* CDocumentBuilder::AddDocElement(CXmlName const& name) {
-    return m_documentElement = m_nodes.m_elements.Create(&m_document, name);
+    return m_documentElement = m_nodes.m_elements.Create(&m_document, name, m_nodes.m_noAttributes);
 }
 
 CXmlElement* CDocumentBuilder::AddChildElement(CXmlName const& name) {
-    CXmlElement* const child = m_nodes.m_elements.Create(&m_document, name);
+    CXmlElement* const child = m_nodes.m_elements.Create(&m_document, name, m_nodes.m_noAttributes);
     OpenElement& parent = m_elementStack.back();
     (parent.m_lastChild == nullptr ? parent.m_element->m_firstChild : parent.m_lastChild->m_nextSibling) =
         child;
@@ -28,12 +37,14 @@ CXmlElement* CDocumentBuilder::AddChildElement(CXmlName const& name) {
 }
 
 void CDocumentBuilder::ReserveElementAttributes(CXmlElement* element, std::size_t count) {
-    element->m_attributes.reserve(count);
+    if (count == 0) return;
+    element->m_attributes = m_nodes.m_attributeLists.Create();
+    element->m_attributes->reserve(count);
 }
 
 void CDocumentBuilder::AddElementAttribute(CXmlElement* element, CXmlName const& name,
                                            std::u16string_view value) {
-    element->m_attributes.push_back(m_nodes.m_attributes.Create(name, value));
+    element->m_attributes->push_back(m_nodes.m_attributes.Create(name, value));
 }
 
 void CDocumentBuilder::DeclareNamespace(wstring const& alias, wstring const& namespaceUri) {
@@ -64,9 +75,16 @@ std::size_t CDocumentBuilder::AppendStoredText(std::u16string_view text) {
 void CDocumentBuilder::CloseElement() {
     OpenElement const closed = m_elementStack.back();
     std::u16string_view const text = OpenText();
-    closed.m_element->m_text = text.empty() ? closed.m_storedText : Texts().Add(text);
+    closed.m_element->m_text.Set(text.empty() ? closed.m_storedText : StoreText(closed, text));
     m_openText.resize(closed.m_textStart);
     m_elementStack.pop_back();
+}
+
+/// The white space around children is mostly that of the element before.
+std::u16string_view CDocumentBuilder::StoreText(OpenElement const& element, std::u16string_view text) {
+    if (element.m_lastChild == nullptr) return Texts().Add(text);
+    if (!Equal(text, m_lastMixedText)) m_lastMixedText = Texts().Add(text);
+    return m_lastMixedText;
 }
 
 CXmlElement* CDocumentBuilder::CloseAllElements() {

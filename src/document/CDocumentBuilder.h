@@ -25,13 +25,16 @@ public:
     /// @param name of the name table
     /// @throws CBxException if elements are nested too deeply
     CXmlElement* AddElement(CXmlName const& name);
-    /// Makes room for attributes that are about to be added.
-    static void ReserveElementAttributes(CXmlElement* element, std::size_t count);
+    /// Makes room for attributes that are about to be added. Call it before the first one, if there is any.
+    void ReserveElementAttributes(CXmlElement* element, std::size_t count);
     /// @param name of the name table
     /// @param value in the text store
     void AddElementAttribute(CXmlElement* element, CXmlName const& name, std::u16string_view value);
     /// Both of the name table. A later namespace of the same alias takes the place of the earlier one.
     void DeclareNamespace(wstring const& alias, wstring const& namespaceUri);
+
+    /// Drops the tree, so that another can be built.
+    void Clear();
 
     bool HasOpenElement() const { return !m_elementStack.empty(); }
     /// Adds to the text of the innermost open element.
@@ -60,6 +63,7 @@ private:
         std::u16string_view m_storedText{};
     };
 
+    std::u16string_view StoreText(OpenElement const& element, std::u16string_view text);
     CXmlElement* AddDocElement(CXmlName const& name);
     CXmlElement* AddChildElement(CXmlName const& name);
 
@@ -68,6 +72,7 @@ private:
     CXmlElement* m_documentElement = nullptr;
     std::vector<OpenElement> m_elementStack;
     wstring m_openText;
+    std::u16string_view m_lastMixedText;  // of an element with children, in the text store
 };
 
 }  // namespace BxXmlLib5

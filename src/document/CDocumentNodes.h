@@ -2,6 +2,7 @@
 #pragma once
 
 #include <map>
+#include <vector>
 
 #include "BxXmlLib5/document/CXmlAttribute.h"
 #include "BxXmlLib5/document/CXmlElement.h"
@@ -17,6 +18,7 @@ public:
     void Clear() {
         m_elements.Clear();
         m_attributes.Clear();
+        m_attributeLists.Clear();
         m_namespaceAliases.clear();
         m_names.Clear();
         m_texts.Clear();
@@ -26,6 +28,8 @@ public:
     CTextStore m_texts;
     CNodePool<CXmlElement> m_elements;
     CNodePool<CXmlAttribute> m_attributes;
+    CNodePool<std::vector<CXmlAttribute*>> m_attributeLists;
+    std::vector<CXmlAttribute*> m_noAttributes;                   // the list of elements that have none
     std::map<wstring const*, wstring const*> m_namespaceAliases;  // alias to URI, both of the name table
 };
 

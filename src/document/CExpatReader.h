@@ -1,7 +1,9 @@
 // The Expat adapter: XML text into the tree of a document.
 #pragma once
 
+#include <cstddef>
 #include <exception>
+#include <memory>
 #include <span>
 #include <string_view>
 
@@ -30,7 +32,16 @@ public:
 private:
     struct Callbacks;
 
+    using Parser = std::unique_ptr<XML_ParserStruct, void (*)(XML_ParserStruct*)>;
+
+    /// @param encoding null for what the input says
     void ParseAs(char16_t const* encoding, std::span<unsigned char const> input);
+    /// Starts anew.
+    /// @return the parser that m_parser refers to
+    Parser MakeParser(char16_t const* encoding);
+    /// @return false if Expat refuses the input, as it does one that breaks off
+    bool ParseWhole(char16_t const* encoding, std::span<unsigned char const> input);
+    void ParseOpen(char16_t const* encoding, std::span<unsigned char const> input);
     bool ParseInSlices(std::span<unsigned char const> input);
     CXmlName const& SplitName(std::u16string_view expanded);
 

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <iterator>
 
-#include "document/NodeText.h"
 #include "platform/StandardNamespaces.h"
 
 namespace BxXmlLib5 {
@@ -14,7 +13,7 @@ CXmlAttribute::CXmlAttribute(CXmlName const& name, std::u16string_view value)
 CXmlAttribute::~CXmlAttribute() = default;
 
 wstring const& CXmlAttribute::GetValue() const {
-    return StringOf(m_value, m_valueString);
+    return m_value.String();
 }
 
 bool CXmlAttribute::IsNamespaceAttribute() const {

@@ -1,28 +1,27 @@
 #include "BxXmlLib5/document/CXmlElement.h"
 
-#include "document/NodeText.h"
 #include "platform/TextView.h"
 
 namespace BxXmlLib5 {
 
-CXmlElement::CXmlElement(CXmlDocument const* document, CXmlName const& name)
-    : CInstanceMonitor(u"CXmlElement"), m_document(document), m_name(&name) {}
+CXmlElement::CXmlElement(CXmlDocument const* document, CXmlName const& name,
+                         std::vector<CXmlAttribute*>& attributes)
+    : CInstanceMonitor(u"CXmlElement"), m_document(document), m_attributes(&attributes), m_name(&name) {}
 
 CXmlElement::~CXmlElement() = default;
 
 wstring const& CXmlElement::GetText() const {
-    return StringOf(m_text, m_textString);
+    return m_text.String();
 }
 
 wstring const& CXmlElement::GetAttribute(wstring const& localName, wstring const& namespaceUri) const {
-    for (CXmlAttribute const* attribute : m_attributes) {
+    for (CXmlAttribute const* attribute : *m_attributes) {
         if (Equal(attribute->GetLocalName(), localName) &&
             Equal(attribute->GetNamespaceURI(), namespaceUri)) {
             return attribute->GetValue();
         }
     }
-    std::unique_ptr<wstring> none;
-    return StringOf({}, none);
+    return CNodeText().String();
 }
 
 }  // namespace BxXmlLib5

@@ -235,7 +235,7 @@ void CFastInfosetReader::ReadElement(unsigned char first) {
 
 void CFastInfosetReader::ReadAttributes(CXmlElement* element) {
     constexpr std::size_t kMostlyEnough = 3;  // take no more memory than one
-    CDocumentBuilder::ReserveElementAttributes(element, kMostlyEnough);
+    m_builder.ReserveElementAttributes(element, kMostlyEnough);
     unsigned char next = m_input.ReadOctet();
     for (; kAttribute.Matches(next); next = m_input.ReadOctet()) ReadAttribute(element, next);
     // Here the second terminator is the element's own.

@@ -17,6 +17,27 @@ bool IsAscii(Units const& units) {
     return all < 0x80;
 }
 
+/// Calls back with each block of a text that is ASCII as a whole, and with each code point of the others.
+/// @return false if a code point is malformed
+template <class PutAscii, class PutOther>
+bool ForEachBlock(std::u16string_view text, PutAscii putAscii, PutOther putOther) {
+    constexpr std::size_t kBlockSize = 64;
+    for (std::size_t at = 0; at < text.size();) {
+        auto const block = text.substr(at, kBlockSize);
+        std::size_t const end = at + block.size();
+        if (IsAscii(block)) {
+            putAscii(block);
+            at = end;
+        }
+        while (at < end) {
+            char32_t const c = Utf::Next(text, at);
+            if (c == Utf::kMalformed) return false;
+            putOther(c);
+        }
+    }
+    return true;
+}
+
 /// How many units well-formed octets make: one for each first octet of a sequence, two if it has four octets.
 std::size_t CountUnits(std::span<unsigned char const> octets) {
     std::size_t count = 0;
@@ -39,14 +60,11 @@ std::size_t PutWide(std::span<unsigned char const> octets, char16_t* out) {
 }  // namespace
 
 std::size_t Utf8Size(std::u16string_view text) {
-    if (IsAscii(text)) return text.size();
     std::size_t size = 0;
-    for (std::size_t at = 0; at < text.size();) {
-        char32_t const c = Utf::Next(text, at);
-        if (c == Utf::kMalformed) return 0;
-        Utf::PutUtf8(c, [&size](char32_t) { ++size; });
-    }
-    return size;
+    bool const isWellFormed = ForEachBlock(
+        text, [&size](auto block) { size += block.size(); },
+        [&size](char32_t c) { Utf::PutUtf8(c, [&size](char32_t) { ++size; }); });
+    return isWellFormed ? size : 0;
 }
 
 std::size_t CheckedUtf8Size(std::u16string_view text) {
@@ -63,8 +81,10 @@ void WriteUtf8(std::u16string_view text, std::span<unsigned char> out) {
         std::ranges::transform(text, out.begin(), narrow);
         return;
     }
-    auto put = [&narrow, at = out.begin()](char32_t octet) mutable { *at++ = narrow(octet); };
-    for (std::size_t at = 0; at < text.size();) Utf::PutUtf8(Utf::Next(text, at), put);
+    auto at = out.begin();
+    ForEachBlock(
+        text, [&](auto block) { at = std::ranges::transform(block, at, narrow).out; },
+        [&](char32_t c) { Utf::PutUtf8(c, [&](char32_t octet) { *at++ = narrow(octet); }); });
 }
 
 CBinaryData WideToUtf8(std::u16string_view text) {

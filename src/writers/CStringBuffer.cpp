@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "BxXmlLib5/core/CBxException.h"
+#include "platform/Utf.h"
 
 namespace BxXmlLib5 {
 
@@ -82,7 +83,11 @@ void CStringBuffer::AppendAcrossChunks(std::u16string_view text) {
 }
 
 void CStringBuffer::StartChunk() {
-    Adopt({std::make_unique_for_overwrite<char16_t[]>(kChunkSize), kChunkSize}, 0);
+    auto units = std::make_unique_for_overwrite<char16_t[]>(kChunkSize);
+    bool const takesHalf = m_used > 0 && Utf::IsHighSurrogate(m_current[m_used - 1]);
+    if (takesHalf) units[0] = m_current[m_used - 1];
+    Adopt({std::move(units), kChunkSize}, takesHalf ? 1 : 0);
+    if (takesHalf) --m_chunks[m_chunks.size() - 2].m_capacity;
 }
 
 void CStringBuffer::Adopt(Chunk chunk, std::size_t used) {
@@ -105,19 +110,11 @@ std::size_t CStringBuffer::Size() const {
     return size - (m_capacity - m_used);
 }
 
-template <class Out>
-void CStringBuffer::CopyChunks(Out out) const {
-    for (Chunk const& chunk : m_chunks) {
-        bool const isLast = &chunk == &m_chunks.back();
-        out(std::u16string_view(chunk.m_units.get(), isLast ? m_used : chunk.m_capacity));
-    }
-}
-
 std::u16string_view CStringBuffer::View() {
     if (m_chunks.size() > 1) {
         std::size_t const size = Size();
         auto joined = std::make_unique_for_overwrite<char16_t[]>(size);
-        CopyChunks([at = joined.get()](std::u16string_view chunk) mutable {
+        ForEachChunk([at = joined.get()](std::u16string_view chunk) mutable {
             at = std::copy(chunk.begin(), chunk.end(), at);
         });
         Clear();
@@ -129,7 +126,7 @@ std::u16string_view CStringBuffer::View() {
 wstring CStringBuffer::TakeString() {
     wstring result;
     result.reserve(Size());
-    CopyChunks([&result](std::u16string_view chunk) { result.append(chunk); });
+    ForEachChunk([&result](std::u16string_view chunk) { result.append(chunk); });
     Clear();
     return result;
 }

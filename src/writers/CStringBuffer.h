@@ -46,6 +46,15 @@ public:
     /// The whole text, which is gone from the buffer.
     wstring TakeString();
 
+    /// Calls back with the text in pieces, none of which ends between the halves of a surrogate pair.
+    template <class Out>
+    void ForEachChunk(Out out) const {
+        for (Chunk const& chunk : m_chunks) {
+            bool const isLast = &chunk == &m_chunks.back();
+            out(std::u16string_view(chunk.m_units.get(), isLast ? m_used : chunk.m_capacity));
+        }
+    }
+
     std::size_t ChunkCount() const { return m_chunks.size(); }
 
 private:
@@ -58,8 +67,6 @@ private:
     void StartChunk();
     void Adopt(Chunk chunk, std::size_t used);
     std::size_t Size() const;
-    template <class Out>
-    void CopyChunks(Out out) const;
 
     std::vector<Chunk> m_chunks;
     std::size_t m_used = 0;

@@ -8,10 +8,18 @@ namespace BxXmlLib5 {
 
 namespace {
 
-CBinaryData ToUtf8Octets(std::u16string_view text) {
-    CBinaryData octets = WideToUtf8(text);
-    if (octets.GetLength() == 0) CheckedUtf8Size(text);  // which throws for a text without this form
-    return octets;
+/// By chunks, which saves joining them.
+CBinaryData ToUtf8Octets(CStringBuffer const& text) {
+    std::size_t size = 0;
+    text.ForEachChunk([&size](auto chunk) { size += CheckedUtf8Size(chunk); });
+    if (size == 0) return {};
+    auto octets = std::make_unique_for_overwrite<unsigned char[]>(size);
+    text.ForEachChunk([at = octets.get()](auto chunk) mutable {
+        std::size_t const chunkSize = Utf8Size(chunk);
+        WriteUtf8(chunk, {at, chunkSize});
+        at += chunkSize;
+    });
+    return {std::move(octets), size};
 }
 
 CBinaryData ToUtf16Octets(std::u16string_view text) {
@@ -44,7 +52,7 @@ void CXmlTextWriter::WriteStartDocument(XmlEncoding encoding) {
 CBinaryData CXmlTextWriter::GetBinaryData(XmlEncoding encoding) {
     switch (encoding) {
         case enc_UTF8:
-            return ToUtf8Octets(m_buffer.View());
+            return ToUtf8Octets(m_buffer);
         case enc_UTF16:
         case enc_UTF16NoDeclaration:
             return ToUtf16Octets(m_buffer.View());

@@ -32,6 +32,8 @@ TEST(Utf8Conversion, GoesBothWays) {
         std::string const ascii(length, 'x');
         EXPECT_EQ(Utf8ToWide(Octets(ascii + "\xC3\xA9")), wstring(length, u'x') + u"\xE9");
         EXPECT_EQ(TextOf(WideToUtf8(wstring(length, u'x') + u"\xE9")), ascii + "\xC3\xA9");
+        std::string const mixed = ascii + "\xF0\x9F\x98\x80" + std::string(200, 'y') + "\xE2\x82\xAC" + ascii;
+        EXPECT_EQ(TextOf(WideToUtf8(Utf8ToWide(Octets(mixed)))), mixed);
     }
 }
 

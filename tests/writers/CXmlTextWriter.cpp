@@ -108,7 +108,6 @@ TEST(CXmlTextWriter, KeepsItsLineEndIfAnotherIsRefused) {
 }
 
 TEST(CXmlTextWriter, GivesItsTextAsOctets) {
-    // Characters of two units, one of them across the border of two chunks of the buffer.
     std::string const text = std::string(65'507, 'x') + "\u00E9\u20AC\U0001D11E\U0001F600";
     CXmlTextWriter writer;
     writer.WriteStartDocument(enc_UTF16);
@@ -125,6 +124,17 @@ TEST(CXmlTextWriter, GivesItsTextAsOctets) {
     EXPECT_BX_THROW(writer.GetBinaryData(enc_Unspecified), CBxException,
                     "Unknown Encoding, select UTF-8 or ask the vendor's support");
     EXPECT_TRUE(ToUtf8(writer.GetString()) == expected);
+}
+
+TEST(CXmlTextWriter, KeepsPairsTogetherWhereTheBufferGrows) {
+    // Chunks of the buffer have 65,535 units.
+    for (std::size_t length = 65'530; length < 65'540; ++length) {
+        CXmlTextWriter writer;
+        std::string const text = std::string(length, 'x') + "\U0001F600";
+        writer.WriteProcessingInstruction(FromUtf8(text));
+        CBinaryData const utf8 = writer.GetBinaryData(enc_UTF8);
+        EXPECT_EQ(std::string(utf8.GetOctets().begin(), utf8.GetOctets().end()), text + "\n\n") << length;
+    }
 }
 
 TEST(CXmlTextWriter, HalfOfASurrogatePairHasNoUtf8) {

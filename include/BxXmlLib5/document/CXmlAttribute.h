@@ -1,10 +1,10 @@
 // An attribute of the in-memory tree.
 #pragma once
 
-#include <memory>
 #include <string_view>
 
 #include "BxXmlLib5/core/CInstanceMonitor.h"
+#include "BxXmlLib5/document/CNodeText.h"
 #include "BxXmlLib5/platform/Export.h"
 #include "BxXmlLib5/platform/Text.h"
 
@@ -29,7 +29,7 @@ public:
     wstring const& GetLocalName() const { return m_name->m_localName; }
     wstring const& GetValue() const;
     /// The value without making a string of it.
-    std::u16string_view GetValueView() const { return m_value; }
+    std::u16string_view GetValueView() const { return m_value.View(); }
     /// Empty for no namespace.
     wstring const& GetNamespaceURI() const { return m_name->m_namespaceUri; }
 
@@ -45,8 +45,7 @@ private:
     CXmlAttribute(CXmlName const& name, std::u16string_view value);
 
     CXmlName const* m_name;
-    std::u16string_view m_value;
-    mutable std::unique_ptr<wstring> m_valueString;  // made when first asked for
+    CNodeText m_value;
 };
 
 }  // namespace BxXmlLib5

@@ -1,11 +1,11 @@
 // An element of the in-memory tree.
 #pragma once
 
-#include <memory>
 #include <string_view>
 #include <vector>
 
 #include "BxXmlLib5/core/CInstanceMonitor.h"
+#include "BxXmlLib5/document/CNodeText.h"
 #include "BxXmlLib5/document/CXmlAttribute.h"
 #include "BxXmlLib5/platform/Export.h"
 #include "BxXmlLib5/platform/Text.h"
@@ -31,7 +31,7 @@ public:
     /// out.
     wstring const& GetText() const;
     /// The text without making a string of it.
-    std::u16string_view GetTextView() const { return m_text; }
+    std::u16string_view GetTextView() const { return m_text.View(); }
 
     /// Null if there is none.
     CXmlElement* GetFirstElement() const { return m_firstChild; }
@@ -40,7 +40,7 @@ public:
     CXmlDocument const* GetDocument() const { return m_document; }
 
     /// In document order.
-    std::vector<CXmlAttribute*> const& GetAttributes() const { return m_attributes; }
+    std::vector<CXmlAttribute*> const& GetAttributes() const { return *m_attributes; }
 
     /// The value of the first attribute with these names, the empty text if there is none.
     wstring const& GetAttribute(wstring const& localName, wstring const& namespaceUri) const;
@@ -50,15 +50,14 @@ private:
     template <class T>
     friend class CNodePool;
 
-    /// @param name the document's, which outlives the element
-    CXmlElement(CXmlDocument const* document, CXmlName const& name);
+    /// @param name,attributes the document's, which outlive the element
+    CXmlElement(CXmlDocument const* document, CXmlName const& name, std::vector<CXmlAttribute*>& attributes);
 
     CXmlDocument const* m_document;
     CXmlElement* m_nextSibling = nullptr;
     CXmlElement* m_firstChild = nullptr;
-    std::vector<CXmlAttribute*> m_attributes;
-    std::u16string_view m_text;
-    mutable std::unique_ptr<wstring> m_textString;  // made when first asked for
+    std::vector<CXmlAttribute*>* m_attributes;
+    CNodeText m_text;
     CXmlName const* m_name;
 };
 
