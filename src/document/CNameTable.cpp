@@ -29,12 +29,12 @@ CXmlName const& CNameTable::Intern(std::u16string_view namespaceUri, std::u16str
     CXmlName const*& recent = m_recent[Slot(localName) % m_recent.size()];
     if (recent == nullptr || &recent->m_namespaceUri != m_lastNamespace ||
         !Equal(recent->m_localName, localName)) {
-        recent = &Intern(*m_lastNamespace, InternText(localName));
+        recent = &Combine(*m_lastNamespace, InternText(localName));
     }
     return *recent;
 }
 
-CXmlName const& CNameTable::Intern(wstring const& namespaceUri, wstring const& localName) {
+CXmlName const& CNameTable::Combine(wstring const& namespaceUri, wstring const& localName) {
     return *m_names.insert(CXmlName{namespaceUri, localName}).first;
 }
 

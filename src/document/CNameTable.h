@@ -23,7 +23,7 @@ public:
     CXmlName const& Intern(std::u16string_view namespaceUri, std::u16string_view localName);
     /// Takes the same time for parts of any length.
     /// @param namespaceUri,localName of this table
-    CXmlName const& Intern(wstring const& namespaceUri, wstring const& localName);
+    CXmlName const& Combine(wstring const& namespaceUri, wstring const& localName);
 
     void Clear();
 

@@ -282,7 +282,7 @@ CXmlName const& CFastInfosetReader::ReadLiteralName(unsigned char first, Names& 
     NamePart const prefix = hasPrefix ? ReadNamePart(m_prefixes) : NoNamePart();
     NamePart const namespaceUri = hasNamespace ? ReadNamespaceName() : NoNamePart();
     NamePart const localName = ReadNamePart(m_localNames);
-    CXmlName const& name = m_builder.Names().Intern(namespaceUri.m_text, localName.m_text);
+    CXmlName const& name = m_builder.Names().Combine(namespaceUri.m_text, localName.m_text);
     CountName(name);
     if (prefix.m_hasIndex && namespaceUri.m_hasIndex && localName.m_hasIndex) names.Add(&name);
     return name;

@@ -55,4 +55,23 @@ TEST(NestingDepth, EachStackHasItsOwn) {
     EXPECT_TRUE(HasStackForLevel());
 }
 
+TEST(NestingDepth, EachCallMayTakeItAnew) {
+    OnOwnStack(128 * 1024, [] {
+        int const depth = Depth();
+        auto const deeper = [depth] {
+            char volatile taken[2 * kUnknownStack] = {};
+            EXPECT_GE(Depth() + taken[0], depth - 1);
+        };
+        deeper();
+    });
+}
+
+TEST(NestingDepth, AStackIsNotTakenForEndless) {
+    constexpr std::size_t kMiB = 1024 * 1024;
+    OnThread(128 * kMiB, [] {
+        EXPECT_GT(StackLeft().value(), 63 * kMiB);
+        EXPECT_LE(StackLeft().value(), 64 * kMiB);
+    });
+}
+
 }  // namespace

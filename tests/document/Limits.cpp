@@ -72,14 +72,22 @@ TEST(Limits, WhatADocumentTypeAdds) {
     EXPECT_BX_THROW(
         loaded.LoadXml(document(1000, 1000).c_str()), CBxException,
         "The document type adds more attributes to the elements than a document of this size may have");
+    // Each counts with 8 units besides its own.
+    std::string text =
+        "<!DOCTYPE r [<!ATTLIST e a CDATA '" + std::string(4088, 'v') + "'>]><r>" + Repeat("<e/>", 2048);
+    EXPECT_EQ(Thrown([&] { loaded.LoadXml(text.c_str()); }), "nothing");
+    EXPECT_THROW(loaded.LoadXml((text + "<e/>").c_str()), CBxException);
 }
 
 TEST(Limits, Namespaces) {
     auto const document = [](std::size_t length) { return "<a xmlns='" + std::string(length, 'n') + "'/>"; };
     CXmlDocument loaded;
     loaded.LoadXml(document(4096).c_str());
-    EXPECT_BX_THROW(loaded.LoadXml(document(4097).c_str()), CBxException,
-                    "A namespace has more than 4096 characters, which is the limit");
+    // The first failure counts, also where another follows before the parser stops.
+    for (std::string const& before : {std::string(), Repeat("<a>", 1024)}) {
+        EXPECT_BX_THROW(loaded.LoadXml((before + document(4097)).c_str()), CBxException,
+                        "A namespace has more than 4096 characters, which is the limit");
+    }
 }
 
 TEST(Limits, HalvesOfSurrogatePairs) {

@@ -1,5 +1,6 @@
 #include <set>
 
+#include "document/CDocumentBuilder.h"
 #include "fastinfoset/Reading.h"
 
 using namespace BxTest;
@@ -25,6 +26,16 @@ TEST(Tree, Shape) {
                 {kNarrow}, st_NoNamespaces);
 }
 
+TEST(Tree, TextLeavesOutEachCR) {
+    CXmlDocument const document;
+    CDocumentNodes nodes;
+    CDocumentBuilder builder(document, nodes);
+    builder.AddElement(builder.Names().Intern({}, u"a"));
+    builder.AppendTextExcludingCR(u"\rx\r\ry\r");
+    builder.AppendTextExcludingCR(u"z");
+    EXPECT_EQ(Dump(builder.CloseAllElements()), "a'xyz'");
+}
+
 TEST(Tree, NamespaceOfAlias) {
     auto const look = [](char const* text, char16_t const* alias, SchemaType schemaType = st_Default) {
         CXmlDocument document(schemaType);
@@ -41,9 +52,11 @@ TEST(Tree, NamespaceOfAlias) {
 
 TEST(Tree, GetAttribute) {
     CXmlDocument document;
-    document.LoadXml("<a xmlns:u='u' u:k='1' k='2' u=''/>");
+    document.LoadXml("<a xmlns:u='u' u:k='1' k='2' u=''>x</a>");
     CXmlElement const& element = *document.GetDocumentElement();
     EXPECT_EQ(element.GetAttribute(u"k", u"u") + element.GetAttribute(u"k", u""), u"12");
+    EXPECT_EQ(&element.GetText(), &element.GetText());
+    EXPECT_EQ(&element.GetAttribute(u"k", u""), &element.GetAttribute(u"k", u""));
     EXPECT_EQ(element.GetAttribute(u"u", u"") + element.GetAttribute(u"K", u""), u"");
 }
 

@@ -52,7 +52,7 @@ TEST(CFastInfosetReader, OptionalComponents) {
          "20 04 00 00 00 'x'" + root + a, "20 02 00 00 00 'x'" + root + a, "20 01 00 00 00 'x'" + root + a,
          "20 00 80 00 00 'x'" + root + a, "20 00 40 00 00 'x'" + root + a, "20 00 20 00 00 'x'" + root + a,
          "20 00 10 01 00 'x' 11 00 'y'" + root + a, "20 00 08 00 08 00 'ninechars'" + root + a,
-         "20 00 04 00 30 00 FF" + root + a, "20 00 02 02 00 00 01 00 01 03 02 01 40 00" + root + a,
+         "20 00 04 00 30 00 FF" + root + a, "20 00 02 02 00 40 00 01 00 01 03 02 01 00" + root + a,
          "20 00 01 00 02 01 00" + root + a,
          "20 1F FF 00 'u' 00 00 'b' 00 00 'c' 00 00 'd' 00 00 'e' 00 00 'f' 00 00 'g' 00 00 'h' 00 00 'i' 00 "
          "00 'j' 00 00 'k' 00 00 00 00 00 00" +
@@ -109,6 +109,7 @@ TEST(CFastInfosetReader, Elements) {
         // what is stepped over, and joins the texts on both sides
         "3C 00 'a' 90 'x' E1 00 't' 00 'c' 90 'y' E2 00 'c' E2 FF 90 'z' C8 00 'e' C9 80 00 'p' CA 00 'e' 00 's' CB 00 'e' 00 's' 00 'p' 90 'w' FF => a'xyzw'",
         "3C 00 'a' E2 3F" + kEndOfFile,
+        "3C 00 'a' E2 08 FF '" + std::string(264, 'x') + "' 90 'y' FF => a'y'",
     });
     for (int octet = 0xC0; octet < 0x100; ++octet) {
         bool const isItem =
@@ -196,6 +197,7 @@ TEST(CFastInfosetReader, EncodedStrings) {
         {"30 91", "8C 25", "C3 A9", "é"},
         {"30 20", "8C 08", "01", "Invalid value [\x01] for SHORT byte encoding."},
         {"30 A0", "8C 28", "01", "! Invalid NonEmptyOctetEncryptedString."},
+        {"38 01", "8E 01", "'ab'", "! Invalid NonEmptyOctetEncryptedString."},
         {"3F F0", "8F FC", "01", "! Invalid NonEmptyOctetEncryptedString."},
     };
     for (auto const& row : rows) {

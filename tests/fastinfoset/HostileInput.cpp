@@ -71,7 +71,7 @@ TEST(HostileInput, WhatIndicesRepeat) {
         {"3C 00 'a' " + onSeventhBit, "A0", 682},  // joined text counts three times, the first chunk twice
         {"3C " + onSecondBit, "00 F0", 2113},      // 128 units of a name count for nothing
         {"7C 00 'a' 78 00 'k' " + onFifthBit, "78 00 'k' 80"},
-        {"7C 00 'a' 78 " + onSecondBit + "FF", "00 FF", 2113},
+        {"7C 00 'a' 78 60 00 00 03 3F '" + std::string(128 + 1024, 'x') + "' FF", "00 FF", 8191},
         {"3C 00 'a' 3C " + onSecondBit + "F0", "3C 81 F0", 2113},
     };
     for (auto const& row : rows) {
