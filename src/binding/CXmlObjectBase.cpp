@@ -38,7 +38,13 @@ std::int32_t CXmlObjectBase::AddRef() {
 }
 
 std::int32_t CXmlObjectBase::Release() {
-    // What other threads did with the object must be seen by the one that deletes it.
+    // What other threads did with the object must be seen by the one that deletes it. The last reference is
+    // nobody else's, and taking it away needs no locked step.
+    if (m_refCount.load(std::memory_order_acquire) == 1) {
+        m_refCount.store(0, std::memory_order_relaxed);
+        Delete();
+        return 0;
+    }
     std::intptr_t const count = m_refCount.fetch_sub(1, std::memory_order_acq_rel) - 1;
     if (count == 0) Delete();
     return static_cast<std::int32_t>(count);
