@@ -21,6 +21,13 @@ public:
         for (AttributeModel const& attribute : model.attributes) {
             if (attribute.constraint == nullptr) Enter(attribute.namespaceUri);
         }
+        if (KeptTypes const* const types = ObjectAccess::KeptIn(object)) {
+            Enter(wstring(kXsiNamespace));
+            for (auto const& [unused, kept] : *types) {
+                Enter(kept.namespaceUri);
+                if (kept.content) Walk(*kept.content);
+            }
+        }
         for (PropertyModel const& property : model.properties) {
             Walk(property.actions->shape, property.Of(object));
         }

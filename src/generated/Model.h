@@ -52,6 +52,8 @@ struct Particle {
     /// Two members of a choice are rows of this property, so the object itself says which it is.
     bool isSubstitution = false;
     bool isNillable = false;
+    unsigned char blocked = 0;  ///< Ways of derivation, as bits.
+    SimpleType const* narrowed = nullptr;
     int property = -1;
     PropertyModel const* model = nullptr;
     Class const* type = nullptr;
@@ -75,6 +77,7 @@ struct AttributeModel {
     wstring namespaceUri;
     int min;
     PropertyModel const* property;
+    SimpleType const* narrowed;
     std::unique_ptr<NamespaceConstraint> constraint;  ///< Of a wildcard.
 };
 
@@ -87,6 +90,18 @@ struct Model {
 
     bool IsNil(CObject const& object) const { return nil != nullptr && nil->Count(object) > 0; }
 
+    /// Whether the class is that of a complex type of simple content, or of an element of simple type.
+    bool HasSimpleContent() const { return text != nullptr && content == nullptr && isTextMandatory; }
+    /// Whether the class is that of an element of simple type.
+    bool IsSimple() const { return text != nullptr && content == nullptr && base == nullptr && attributes.empty(); }
+    /// Whether the class is that of a root of any type.
+    bool IsAnything() const;
+
+    /// Whether the class is that of a root whose type is abstract.
+    bool IsAbstract() const;
+    /// Of a root, what it holds of a derived type; else null.
+    CObject* XsiTyped(CObject const& object) const;
+
     /// Whether some row of the class, or of its repeated groups, takes the child.
     bool Knows(CXmlElement const* child, bool ignoreNamespaces) const;
 
@@ -97,14 +112,19 @@ struct Model {
     wstring name;
     wstring namespaceUri;
     Class const* base = nullptr;
+    unsigned char derivation = 0;  ///< From the base.
+    unsigned char blocked = 0;     ///< As a root.
     std::deque<PropertyModel> properties;
     std::deque<Particle> particles;
     std::deque<AttributeModel> attributes;
     Particle const* content = nullptr;
     PropertyModel const* text = nullptr;
     bool isTextMandatory = false;
+    SimpleType const* narrowedText = nullptr;
     bool isNillable = false;  ///< As a root.
+    bool isOwnType = false;   ///< As a root.
     PropertyModel const* nil = nullptr;
+    PropertyModel const* xsiTyped = nullptr;
 
     /// @name The tables of the contract
     /// @{

@@ -11,14 +11,15 @@
 #include "core/NestingDepth.h"
 #include "generated/Expected.h"
 #include "generated/ObjectAccess.h"
-#include "generated/TypeOfElement.h"
 #include "generated/Untyped.h"
+#include "platform/StandardNamespaces.h"
 
 namespace BxXmlLib5::Generated {
 
 void ReadValue(CObject& object, PropertyModel const& property, wstring const& name,
-               std::u16string_view text) {
+               std::u16string_view text, SimpleType const* narrowed) {
     try {
+        if (narrowed != nullptr) narrowed->test(text);
         property.actions->read(property.Of(object), text);
     } catch (CBxException const& failure) {
         throw CBxInvalidValueException(
@@ -63,12 +64,23 @@ void Reading::Content(bool mayBeNil) {
     ReadText(isNil);
 }
 
+namespace {
+
+/// An empty element stands for its default.
+std::u16string_view TextOrDefault(CXmlElement const& element, PropertyModel const& property) {
+    std::u16string_view const text = element.GetTextView();
+    return text.empty() && property.actions->defaultText != nullptr ? property.actions->defaultText() : text;
+}
+
+}  // namespace
+
 void Reading::ReadText(bool isNil) {
-    std::u16string_view const text = m_element.GetTextView();
     bool const isSimple = m_model.text != nullptr && m_model.content == nullptr;
+    std::u16string_view const text =
+        isSimple && !isNil ? TextOrDefault(m_element, *m_model.text) : m_element.GetTextView();
     if ((!isSimple || isNil) && Trimmed(text).empty()) return;
     if (m_model.text != nullptr && !isNil) {
-        ReadValue(m_object, *m_model.text, m_element.GetLocalName(), text);
+        ReadValue(m_object, *m_model.text, m_element.GetLocalName(), text, m_model.narrowedText);
     } else if (!m_skipsUnknown) {
         throw CBxValidationException(FormatString(u"Unexpected text [%s] found in the element [%s]",
                                                   wstring(Trimmed(text)).c_str(),
@@ -183,35 +195,105 @@ void Reading::ReadChild(Particle const& particle) {
     }
 }
 
-void Reading::ReadSimple(Particle const& particle) {
-    if (CXmlElement const* const inside = m_child->GetFirstElement(); inside != nullptr && !m_skipsUnknown) {
+void ThrowIfNotSimple(CXmlElement const& element, bool mayBeNil, CXmlSerializationContext const& context) {
+    if (CXmlElement const* const inside = element.GetFirstElement();
+        inside != nullptr && !context.GetIgnoreUnknownElements()) {
         throw CBxValidationException(FormatString(u"Unexpected element [%s] found in the element [%s]",
-                                                  inside->GetLocalName().c_str(), particle.name.c_str()));
+                                                  inside->GetLocalName().c_str(),
+                                                  element.GetLocalName().c_str()));
     }
-    if (!m_context.GetIgnoreUnknownAttributes()) {
-        for (CXmlAttribute const* const attribute : m_child->GetAttributes()) {
-            if (attribute->IsNamespaceAttribute()) continue;
-            throw CBxValidationException(
-                FormatString(u"Unexpected Attribute [%s] found.", attribute->GetLocalName().c_str()));
-        }
+    if (context.GetIgnoreUnknownAttributes()) return;
+    for (CXmlAttribute const* const attribute : element.GetAttributes()) {
+        bool const isNil = attribute->GetLocalName() == u"nil" && attribute->GetNamespaceURI() == kXsiNamespace;
+        if (attribute->IsNamespaceAttribute() || (isNil && mayBeNil)) continue;
+        throw CBxValidationException(
+            FormatString(u"Unexpected Attribute [%s] found.", attribute->GetLocalName().c_str()));
     }
-    std::u16string_view text = m_child->GetTextView();
-    if (text.empty() && particle.model->actions->defaultText != nullptr) {
-        text = particle.model->actions->defaultText();
+}
+
+namespace {
+
+/// Keeps the type that an element names for the value that was read from it last.
+void Keep(CObject& owner, PropertyModel const& property, std::u16string_view literal, NamedType const& named,
+          CSmartPtr<CObject> content) {
+    int const index = property.Count(owner) - 1;
+    if (index < 0) return;
+    wstring room;
+    wstring const& text = property.actions->text(property.Of(owner), index, room);
+    ObjectAccess::KeptOf(owner).Add(property.place, index,
+                                    {text, wstring(literal), named.name, named.namespaceUri, std::move(content)});
+}
+
+/// Reads the object of an element of simple type that names another type.
+void ReadSimpleAs(CObject& object, CXmlElement& element, bool mayBeNil, NamedType const& named, Set const& set,
+                  unsigned char blocked, CXmlSerializationContext const& context) {
+    PropertyModel const& text = *ObjectAccess::ModelOf(object).text;
+    std::u16string_view const literal = TextOrDefault(element, text);
+    CSmartPtr<CObject> content = ReadNamed(element, literal, *text.actions->type, named, set, blocked, context);
+    if (content) {
+        Reading(object, element, nullptr, context).Content(mayBeNil);
+    } else {
+        ReadElement(object, element, mayBeNil, context);
     }
-    ReadValue(m_object, *particle.model, particle.name, text);
+    Keep(object, text, literal, named, std::move(content));
+}
+
+}  // namespace
+
+void ReadRootAs(CObject& root, CXmlElement& element, NamedType const& named,
+                CXmlSerializationContext const& context) {
+    Model const& model = ObjectAccess::ModelOf(root);
+    Class::Facts const& facts = model.type.GetFacts();
+    ObjectAccess::Reset(root, element.GetLocalName());
+    if (model.IsSimple())
+        return ReadSimpleAs(root, element, model.isNillable, named, *facts.set, model.blocked, context);
+    if (model.IsAnything()) {
+        TestNamed(element, named, model.blocked, context);
+        ReadElement(root, element, model.isNillable, context);
+        return ObjectAccess::KeptOf(root).Add(nullptr, 0, {{}, {}, named.name, named.namespaceUri, nullptr});
+    }
+    CSmartPtr<CObject> const content = MakeFor(element, model.type, named, model.blocked);
+    bool const isOwn = &ObjectAccess::ClassOf(*content) == &model.type;
+    if (isOwn || model.xsiTyped == nullptr) return ReadElement(root, element, model.isNillable, context);
+    static_cast<ObjectHolder*>(model.xsiTyped->Of(root))->Hold(static_cast<CObject*>(content));
+    ReadElement(*content, element, model.isNillable, context);
+}
+
+void Reading::ReadSimple(Particle const& particle) {
+    PropertyModel const& property = *particle.model;
+    Set const& set = *m_model.type.GetFacts().set;
+    std::optional<NamedType> const named = NamedTypeOf(*m_child, set);
+    CSmartPtr<CObject> content;
+    std::u16string_view const text = TextOrDefault(*m_child, property);
+    if (named)
+        content = ReadNamed(*m_child, text, *property.actions->type, *named, set, particle.blocked, m_context);
+    if (!content) ThrowIfNotSimple(*m_child, false, m_context);
+    ReadValue(m_object, property, particle.name, text, particle.narrowed);
+    if (named) Keep(m_object, property, text, *named, std::move(content));
 }
 
 CSmartPtr<CXmlObjectBase> Reading::ReadObject(Particle const& particle) {
-    CObject* const made = MakeFor(*m_child, *particle.type);
+    Set const& set = *m_model.type.GetFacts().set;
+    std::optional<NamedType> const named = NamedTypeOf(*m_child, set);
+    bool const isSimple = named && particle.type->GetModel().IsSimple();
+    CObject* const made = MakeFor(*m_child, *particle.type, isSimple ? std::nullopt : named, particle.blocked);
     CSmartPtr<CXmlObjectBase> object = made;
     // The name tells later which of several rows the object belongs to.
     if (particle.isSubstitution) ObjectAccess::SetName(*made, particle.name);
-    ReadElement(*made, *m_child, particle.isNillable, m_context);
+    if (isSimple) {
+        ReadSimpleAs(*made, *m_child, particle.isNillable, *named, set, particle.blocked, m_context);
+    } else {
+        ReadElement(*made, *m_child, particle.isNillable, m_context);
+    }
     return object;
 }
 
-CSmartPtr<CXmlObjectBase> Reading::ReadUntyped(Particle const&) {
+CSmartPtr<CXmlObjectBase> Reading::ReadUntyped(Particle const& particle) {
+    if (!particle.constraint) {
+        // XML Schema Part 1, 3.3.4, 4: an element of any type may say which it is.
+        if (auto const named = NamedTypeOf(*m_child, *m_model.type.GetFacts().set))
+            TestNamed(*m_child, *named, particle.blocked, m_context);
+    }
     CSmartPtr<CElement> const element = new CElement(u"", u"", u"##any", u"");
     ObjectAccess::ReadAny(element, &m_element, m_child, m_context);
     DropLayout(*element, *m_child);

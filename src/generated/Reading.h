@@ -6,12 +6,15 @@
 
 #include "BxXmlLib5/generated/CObject.h"
 #include "generated/Model.h"
+#include "generated/TypeOfElement.h"
 
 namespace BxXmlLib5::Generated {
 
 /// Sets or adds the value of a literal.
 /// @throws CBxInvalidValueException if it is none, with the name of the element or attribute
-void ReadValue(CObject& object, PropertyModel const& property, wstring const& name, std::u16string_view text);
+/// @param narrowed null, or another type of the literal
+void ReadValue(CObject& object, PropertyModel const& property, wstring const& name, std::u16string_view text,
+               SimpleType const* narrowed = nullptr);
 
 /// Reads the children of one element into one object. The content models of a schema tell from the next child
 /// what is to be read, so nothing is ever read in vain and taken back.
@@ -58,6 +61,13 @@ private:
     bool const m_ignoreNamespaces;
     bool const m_skipsUnknown;
 };
+
+/// @throws CBxValidationException if an element has children, or attributes but for xsi:nil if it may have that
+void ThrowIfNotSimple(CXmlElement const& element, bool mayBeNil, CXmlSerializationContext const& context);
+
+/// Reads a root that names a type by xsi:type.
+void ReadRootAs(CObject& root, CXmlElement& element, NamedType const& named,
+                CXmlSerializationContext const& context);
 
 /// Reads an object from its element.
 void ReadElement(CObject& object, CXmlElement& element, bool mayBeNil,

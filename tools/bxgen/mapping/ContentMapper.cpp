@@ -186,9 +186,9 @@ PropertyFacts const* ContentMapper::FindRestricted(Draft const& draft, bool& isN
     bool const hasClass = IsClass(*element);
     if (isObject ? hasClass == holdsNillable : !isAny && hasClass) return nullptr;
     if (isObject && property->m_class != nullptr && !hasClass) return nullptr;
-    if (!hasClass && element->m_type != property->m_type) isNarrower = true;
-    bool const isFixed = element->m_value && element->m_value->m_isFixed;
-    if (isFixed && !property->m_isConstrained) isNarrower = true;
+    bool const isValue = !isObject && !isAny;
+    if (!isValue && element->m_type != property->m_type && (isAny || !hasClass)) isNarrower = true;
+    if (element->m_value && element->m_value->m_isFixed && !property->m_isFixed) isNarrower = true;
     return property;
 }
 
@@ -389,6 +389,7 @@ void ContentMapper::MakeValue(Draft const& draft, SimpleType const& simple, bool
     }
     property.m_shape = isRepeated ? Shape::kValues : Shape::kValue;
     property.m_isConstrained = isConstrained;
+    property.m_isFixed = isConstrained && element.m_value->m_isFixed;
     if (isRepeated) {
         type = {"Bx::Values", nullptr, {value}, {}};
     } else if (isConstrained) {
@@ -486,6 +487,10 @@ void ContentMapper::AddElementRow(ElementDeclaration const& element, PropertyFac
     }
     if (element.m_name.m_namespace.empty()) m_classes.m_mapping.m_plan.m_hasDefaultNamespace = false;
     row.m_isNillable = element.m_isNillable && isObject;
+    row.m_blocked = BlockedWays(element);
+    bool const isValue = property.m_shape == Shape::kValue || property.m_shape == Shape::kValues;
+    if (isValue && element.m_type != property.m_type)
+        row.m_narrowed = m_classes.m_simples.Expression(*element.m_type->AsSimple());
     bool const isRepeated = IsRepeated(property.m_shape);
     AddBounds(row, occurs, property.m_isRequired ? 1 : 0, isRepeated ? kMany : 1);
 }

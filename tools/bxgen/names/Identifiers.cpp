@@ -153,6 +153,7 @@ NameScope const& NamesOfObjects() {
                                                 "ToText",
                                                 "WritingContext",
                                                 "FastInfosetContext",
+                                                "XsiTyped",
                                                 "CObject",
                                                 "CGroup",
                                                 "Bx",
@@ -162,7 +163,7 @@ NameScope const& NamesOfObjects() {
 
 NameScope const& NamesOfNamespaces() {
     static NameScope const s_names =
-        MakeScope({"Bx", "Xs", "BxXmlLib5", "kSet", "kTypes", "kAliases", "kTypeNames", "kValues", "kFacets",
+        MakeScope({"Bx", "Xs", "BxXmlLib5", "kSet", "kTypes", "kAliases", "kTypeNames", "kSimpleTypes", "kValues", "kFacets",
                    "kTexts", "CObject", "CGroup"});
     return s_names;
 }
