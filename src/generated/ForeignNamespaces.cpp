@@ -5,6 +5,7 @@
 #include "core/NestingDepth.h"
 #include "generated/Model.h"
 #include "generated/ObjectAccess.h"
+#include "generated/Untyped.h"
 #include "platform/StandardNamespaces.h"
 
 namespace BxXmlLib5::Generated {
@@ -13,6 +14,8 @@ namespace {
 
 class CSurvey {
 public:
+    explicit CSurvey(Set const& set) : m_set(set) {}
+
     ForeignNamespaces m_found;
 
     void Walk(CObject const& object) {
@@ -34,6 +37,8 @@ public:
     }
 
 private:
+    Set const& m_set;
+
     void Walk(Actions::Shape shape, void const* property) {
         using enum Actions::Shape;
         switch (shape) {
@@ -69,6 +74,7 @@ private:
         m_found.m_hasElementInNone |= element.GetNamespace().empty();
         Enter(element.GetNamespace());
         WalkAttributes(*element.GetAttributes());
+        if (char16_t const* const uri = NamespaceOfType(element, m_set)) Enter(uri);
         for (CElement const* const child : *element.GetChildElements()) Walk(*child);
     }
 
@@ -85,7 +91,7 @@ private:
 }  // namespace
 
 ForeignNamespaces FindForeignNamespaces(CObject const& object) {
-    CSurvey survey;
+    CSurvey survey(*ObjectAccess::ClassOf(object).GetFacts().set);
     survey.Walk(object);
     return survey.m_found;
 }

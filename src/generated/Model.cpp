@@ -50,6 +50,7 @@ Model::Model(Class const& described)
     if (!top.empty()) {
         Finish(*top[0]);
         content = top[0];
+        if (described.GetFacts().isGroup) MarkLast(*top[0]);
     }
     for (AttributeModel const& attribute : attributes) {
         if (!attribute.constraint) attributeTable.push_back(new CAttributeEntry(attribute));
@@ -224,6 +225,21 @@ void Model::Finish(Particle& particle) {
         reachesNext = member.canBeEmpty;
     }
     particle.canBeEmpty = particle.min == 0 || (isChoice ? anyEmpty : allEmpty);
+}
+
+/// Marks the elements that may come last in the content and first too.
+void Model::MarkLast(Particle& particle) {
+    if (!particle.IsGroup()) {
+        particle.goesOn = particle.kind != Row::Kind::Items && particle.max != 1 &&
+                          std::ranges::find(content->starts, &particle, &Particle::Start::particle) !=
+                              content->starts.end();
+        return;
+    }
+    if (particle.max != 1) return;
+    for (auto member = particle.members.rbegin(); member != particle.members.rend(); ++member) {
+        MarkLast(const_cast<Particle&>(**member));
+        if (particle.kind == Row::Kind::Sequence && !(*member)->canBeEmpty) return;
+    }
 }
 
 bool Model::Knows(CXmlElement const* child, bool ignoreNamespaces) const {

@@ -51,6 +51,8 @@ struct Particle {
     bool canBeEmpty = false;
     /// Two members of a choice are rows of this property, so the object itself says which it is.
     bool isSubstitution = false;
+    /// The last of an item may be this particle, and so may the first of the next item.
+    bool goesOn = false;
     bool isNillable = false;
     unsigned char blocked = 0;  ///< Ways of derivation, as bits.
     SimpleType const* narrowed = nullptr;
@@ -139,6 +141,7 @@ private:
     Particle& AddParticle(Row const& row, Class::Facts const& facts);
     void AddAttribute(Row const& row, Class::Facts const& facts);
     void Finish(Particle& particle);
+    void MarkLast(Particle& particle);
 };
 
 }  // namespace BxXmlLib5::Generated

@@ -1,6 +1,7 @@
 #include "generated/Reading.h"
 
 #include <algorithm>
+#include <limits>
 #include <utility>
 
 #include "BxXmlLib5/binding/CXmlSerializationContext.h"
@@ -44,9 +45,10 @@ Reading::Reading(CObject& object, CXmlElement& element, CXmlElement* child,
       m_ignoreNamespaces(context.GetIgnoreNamespaces()),
       m_skipsUnknown(context.GetIgnoreUnknownElements()) {}
 
-Reading::Reading(CObject& object, Reading& outer)
+Reading::Reading(CObject& object, Reading& outer, Round* round)
     : Reading(object, outer.m_element, outer.m_child, outer.m_context) {
     m_outer = &outer;
+    m_round = round;
 }
 
 void Reading::Content(bool mayBeNil) {
@@ -114,7 +116,8 @@ void Reading::Read(Particle const& particle) {
 
 void Reading::ReadElements(Particle const& particle) {
     int count = 0;
-    while (particle.max < 0 || count < particle.max) {
+    int const most = particle.goesOn && m_round != nullptr && !m_skipsUnknown ? MostOf(particle) : particle.max;
+    while (most < 0 || count < most) {
         if (m_skipsUnknown) SkipUnknown();
         if (!Matches(particle) && (count >= particle.min || !SkipTo(particle))) break;
         ReadChild(particle);
@@ -127,14 +130,37 @@ void Reading::ReadElements(Particle const& particle) {
     if (!isTolerated) ThrowMissing(particle);
 }
 
+/// How many elements of a run belong to this item, where the next one may begin with the same element: so many that
+/// what is left makes items too, and as many items as there must be.
+int Reading::MostOf(Particle const& particle) {
+    std::int64_t& run = m_round->run;
+    if (run == 0) {
+        for (CXmlElement* child = m_child; child != nullptr && particle.Matches(child, m_ignoreNamespaces);
+             child = child->GetNextSiblingElement())
+            ++run;
+    }
+    std::int64_t const least = std::max(particle.min, 1);
+    std::int64_t const most = particle.max < 0 ? std::max(run, least) : particle.max;
+    std::int64_t const fewestItems = (run + most - 1) / most;
+    std::int64_t const mostItems = std::min(run / least, m_round->left + 1);
+    if (run == 0 || fewestItems > mostItems) return std::exchange(run, 0), particle.max;
+    std::int64_t const items = std::clamp(m_round->needed + 1, fewestItems, mostItems);
+    std::int64_t const now = std::min(most, run - (items - 1) * least);
+    run -= now;
+    return static_cast<int>(now);
+}
+
 void Reading::ReadItems(Particle const& particle) {
+    Round round{};
     auto& items = *static_cast<ObjectsHolder*>(particle.model->Of(m_object));
     int count = 0;
     while ((particle.max < 0 || count < particle.max) &&
            (Started(particle) != nullptr || count < particle.min)) {
         if (Started(particle) == nullptr && particle.canBeEmpty) return;
         CSmartPtr<CXmlObjectBase> const item = particle.type->GetFacts().make();
-        Reading inner(static_cast<CObject&>(*item), *this);
+        round.needed = std::max(particle.min - count - 1, 0);
+        round.left = particle.max < 0 ? std::numeric_limits<int>::max() : particle.max - count - 1;
+        Reading inner(static_cast<CObject&>(*item), *this, &round);
         if (inner.m_model.content != nullptr) inner.Read(*inner.m_model.content);
         if (std::exchange(m_child, inner.m_child) == inner.m_child) return;
         items.Append(item);
@@ -297,6 +323,7 @@ CSmartPtr<CXmlObjectBase> Reading::ReadUntyped(Particle const& particle) {
     CSmartPtr<CElement> const element = new CElement(u"", u"", u"##any", u"");
     ObjectAccess::ReadAny(element, &m_element, m_child, m_context);
     DropLayout(*element, *m_child);
+    SettleTypes(*element, *m_child, *m_model.type.GetFacts().set);
     return element;
 }
 

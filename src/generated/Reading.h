@@ -1,6 +1,7 @@
 // How generated classes read their content.
 #pragma once
 
+#include <cstdint>
 #include <string_view>
 #include <vector>
 
@@ -29,10 +30,18 @@ public:
     void Content(bool mayBeNil);
 
 private:
-    Reading(CObject& object, Reading& outer);
+    /// Where an item stands among those of its group.
+    struct Round {
+        std::int64_t needed;   ///< how many must follow it
+        std::int64_t left;     ///< how many may follow it
+        std::int64_t run = 0;  ///< how many elements of a particle that goes on have been counted and not read
+    };
+
+    Reading(CObject& object, Reading& outer, Round* round);
 
     void Read(Particle const& particle);
     void ReadElements(Particle const& particle);
+    int MostOf(Particle const& particle);
     void ReadItems(Particle const& particle);
     void ReadSequence(Particle const& sequence);
     void ReadChoice(Particle const& choice);
@@ -57,6 +66,7 @@ private:
     CObject& m_object;
     Model const& m_model;
     Reading* m_outer = nullptr;
+    Round* m_round = nullptr;  ///< Of an item.
     std::vector<Particle const*> m_soughtInVain;  ///< Of the outermost one.
     bool const m_ignoreNamespaces;
     bool const m_skipsUnknown;

@@ -52,7 +52,7 @@ CT : Bx::CObject
   Bx::Fixed<Xs::int_, "2"> B
   Bx::Values<Xs::int_> C  // at least 1
   Sequence Element(A a 1 1) Element(B b) Element(C c 1 *) End
-a.xsd:1:235: warning: the default or fixed value of 'c' is not used, since the element is repeated, may be nil or has others elsewhere; set it in your program [default]
+a.xsd:1:235: warning: the default or fixed value of 'c' is not used, since the element is repeated, may be nil, is of any type or has others elsewhere; set it in your program [default]
 )"},
         // Forms and namespaces
         {"<xs:complexType name='T'><xs:sequence><xs:element name='a' type='xs:int'/><xs:element ref='t:b'/>"
@@ -351,7 +351,7 @@ CB : Bx::CObject
   Sequence Element(A a) End
 CR : Bx::Root<CB>
   Bx::Required<Xs::int_> B
-  Inherit(<CB>) Sequence Element(B b) End
+  Inherit(<CB>) Sequence Element(B b) End OwnType
 )"},
     });
 }

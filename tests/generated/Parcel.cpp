@@ -101,6 +101,16 @@ constexpr Bx::Row kPriceRows[] = {
     Bx::Attribute<&CPrice::Currency>(u"currency"),
 };
 
+constexpr Bx::Row kThingRootRows[] = {
+    Bx::Inherit<CThing>(),
+    Bx::Blocks(Bx::kRestriction),
+};
+
+constexpr Bx::SimpleTypeName kSimpleTypes[] = {
+    Bx::Simple<PercentType, Xs::decimal>(u"percent", kNamespace),
+    Bx::Simple<TopPercentType, PercentType>(u"topPercent", kNamespace),
+};
+
 constexpr Bx::Row kWrapRows[] = {
     Bx::Choice,
         Bx::Element<&CWrap::Thing, CBook>(u"book", 1, 1),
@@ -127,7 +137,8 @@ constexpr Bx::Row kLabelRows[] = {
 
 }  // namespace
 
-constinit Bx::Set const kSet{.types = kTypes, .aliases = kAliases};
+constinit Bx::Set const kSet{
+    .types = kTypes, .simpleTypes = kSimpleTypes, .builtInTypes = Bx::kBuiltInTypes<>, .aliases = kAliases};
 
 constinit Bx::Class const CAddress::kClass =
     Bx::Describe<CAddress>(kSet, u"address", kNamespace, kAddressRows);
@@ -178,6 +189,12 @@ Bx::Class const& CNoteText::Describe() const {
 
 constinit Bx::Class const CPrice::kClass = Bx::Describe<CPrice>(kSet, u"price", kNamespace, kPriceRows);
 Bx::Class const& CPrice::Describe() const {
+    return kClass;
+}
+
+constinit Bx::Class const CThingRoot::kClass =
+    Bx::Describe<CThingRoot>(kSet, u"thing", kNamespace, kThingRootRows);
+Bx::Class const& CThingRoot::Describe() const {
     return kClass;
 }
 

@@ -164,6 +164,15 @@ protected:
     Bx::Class const& Describe() const override;
 };
 
+/// A root whose type is abstract, so that documents name another one; not a toy.
+class CThingRoot : public Bx::Root<CThing> {
+public:
+    static Bx::Class const kClass;
+
+protected:
+    Bx::Class const& Describe() const override;
+};
+
 /// One thing under one of several names.
 class CWrap : public Bx::Root<Bx::CObject> {
 public:

@@ -319,6 +319,20 @@ std::string ContentMapper::OccurrenceOf(Draft const& draft) const {
     return "one of " + names;
 }
 
+bool ContentMapper::HasValue(Draft const& draft) {
+    return std::ranges::any_of(draft.m_nodes,
+                               [](ContentNode const* node) { return node->Element()->m_value.has_value(); });
+}
+
+void ContentMapper::WarnOfValue(Draft const& draft) const {
+    ContentNode const& first = *draft.m_nodes[0];
+    m_classes.m_mapping.m_diagnostics.Warning(
+        first.m_particle->m_place, "default",
+        "the default or fixed value of " + Quoted(first.Element()->m_name.m_local) +
+            " is not used, since the element is repeated, may be nil, is of any type or has others elsewhere; set it in "
+            "your program");
+}
+
 void ContentMapper::MakeElement(Draft const& draft, PropertyFacts& property, TypeExpression& type) {
     ContentNode const& first = *draft.m_nodes[0];
     ElementDeclaration const& element = *first.Element();
@@ -332,6 +346,7 @@ void ContentMapper::MakeElement(Draft const& draft, PropertyFacts& property, Typ
     if (alternatives.size() > 1 || alternatives[0] != &element)
         return MakeObject(alternatives, isRepeated, property, type);
     if (element.m_type->IsAnyType()) {
+        if (HasValue(draft)) WarnOfValue(draft);
         property.m_isNillable = false;
         property.m_shape = isRepeated ? Shape::kAnyElements : Shape::kAnyElement;
         type.m_text = isRepeated ? "Bx::AnyElements" : "Bx::AnyElement";
@@ -370,15 +385,7 @@ void ContentMapper::MakeValue(Draft const& draft, SimpleType const& simple, bool
                            other->m_isFixed == element.m_value->m_isFixed));
     });
     bool const isConstrained = element.m_value && isAlike && !isRepeated && !property.m_isNillable;
-    bool const isLost = std::ranges::any_of(
-        draft.m_nodes, [](ContentNode const* node) { return node->Element()->m_value.has_value(); });
-    if (isLost && !isConstrained) {
-        m_classes.m_mapping.m_diagnostics.Warning(
-            draft.m_nodes[0]->m_particle->m_place, "default",
-            "the default or fixed value of " + Quoted(element.m_name.m_local) +
-                " is not used, since the element is repeated, may be nil or has others elsewhere; set it in your "
-                "program");
-    }
+    if (HasValue(draft) && !isConstrained) WarnOfValue(draft);
     if (property.m_isNillable) {
         property.m_shape = isRepeated ? Shape::kCollection : Shape::kObject;
         type = {isRepeated ? "Bx::Collection" : "Bx::Object",
