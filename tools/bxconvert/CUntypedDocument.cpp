@@ -100,9 +100,8 @@ bool MayDeclareDefaultNamespace(CXmlDocument const& document, Statistics const& 
 CUntypedDocument::CUntypedDocument(CXmlDocument const& document, Statistics const& statistics,
                                    Options const& options)
     : CElement(u""),
-      m_declaresDefaultNamespace(
-          MayDeclareDefaultNamespace(document, statistics) &&
-          (options.m_form == Form::kXml || statistics.m_typePrefixes.contains(u""))) {
+      m_declaresDefaultNamespace(MayDeclareDefaultNamespace(document, statistics) &&
+                                 (options.m_form == Form::kXml || statistics.m_typePrefixes.contains(u""))) {
     CXmlElement* const root = document.GetDocumentElement();
     FromXml_Int(root, root, CXmlSerializationContext::GetDefaultContext(), false);
     if (!options.m_keepWhitespace) DropWhitespace(*root, *this);
