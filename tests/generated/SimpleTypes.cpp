@@ -2,11 +2,12 @@
 
 #include <string>
 
-#include "Parcel.h"
+#include "Parcels.h"
 #include "support/Expect.h"
 
 namespace {
 
+using namespace BxXmlLib5;
 using namespace Parcels;
 
 /// The literal of the value of a literal, or "refused".
