@@ -88,7 +88,7 @@ TEST(Names, DocumentationIsTheNearest) {
         for (PropertyPlan const& property : plan.m_classes.at(0).m_properties) all.push_back(property.m_documentation.m_text);
         return all;
     };
-    EXPECT_EQ(texts({}), (std::vector<std::string>{"First line.", "First line.", "Own", "of the use"}));
+    EXPECT_EQ(texts({}), (std::vector<std::string>{"First line.", "", "Own", "of the use"}));
     EXPECT_EQ(texts({"--doc-element", "{x}x"}), (std::vector<std::string>{"", "", "", "of the use"}));
     EXPECT_EQ(texts({"--no-docs"}), (std::vector<std::string>{"", "", "", ""}));
 }

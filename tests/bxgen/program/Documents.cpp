@@ -163,6 +163,12 @@ TEST(Program, ReadsAndWritesFiles) {
     EXPECT_EQ(RunIn(folder, "P --to finf in.xml -o out.finf && P --compact - <out.finf | cmp - in.xml"), 0);
     EXPECT_EQ(RunIn(folder, "P bad.xml -o out.xml"), 2);
     EXPECT_EQ(RunIn(folder, "cmp in.xml out.xml && grep -q '^bad.xml: ' err"), 0);
+    EXPECT_EQ(RunIn(folder, "P none.xml"), 3);
+    EXPECT_EQ(RunIn(folder, "grep -q '^none.xml: No such file' err"), 0);
+    EXPECT_EQ(RunIn(folder, "P ."), 3);
+    EXPECT_EQ(RunIn(folder, "P in.xml -o none/out.xml"), 3);
+    EXPECT_EQ(RunIn(folder, "P in.xml >/dev/full"), 3);
+    EXPECT_EQ(RunIn(folder, "P --compact in.xml -o - | cmp - in.xml"), 0);
     EXPECT_EQ(RunIn(folder, "P"), 1);
     EXPECT_EQ(RunIn(folder, "P --to text in.xml"), 1);
     EXPECT_EQ(RunIn(folder, "rm -r ../$(basename '" + folder + "')"), 0);

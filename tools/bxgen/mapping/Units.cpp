@@ -77,6 +77,8 @@ void Units::NameConstants() {
     std::map<std::string_view, std::string_view> const prefixes = PrefixesOfSchemas();
     std::set<std::string, std::less<>> taken = {"xml", "xsi", "xmlns"};
     std::set<Unit const*> named;
+    // The only namespace is the default one of documents.
+    bool const needsPrefix = m_order.size() > 1 || !m_mapping.m_plan.m_hasDefaultNamespace;
     for (std::string const& uri : m_order) {
         auto const known = prefixes.find(uri);
         std::string const wanted = known == prefixes.end() ? "ns" : std::string(known->second);
@@ -86,7 +88,8 @@ void Units::NameConstants() {
             prefix = wanted + std::to_string(number);
         Unit& unit = Of(uri);
         bool const isFirst = named.insert(&unit).second && uri != kXmlNamespace && uri != kXsiNamespace;
-        if (uri == kXmlNamespace) prefix.clear();  // declared by itself
+        // That of XML is declared by itself.
+        if (uri == kXmlNamespace || (known == prefixes.end() && !needsPrefix)) prefix.clear();
         std::string const constant = isFirst ? "kNamespace" : 'k' + Camel(wanted, true);
         m_mapping.m_plan.m_namespaces.push_back({uri, unit.m_scope.Take(constant), prefix, &unit});
     }
