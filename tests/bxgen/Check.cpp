@@ -14,13 +14,15 @@ namespace BxGen {
 namespace {
 
 std::string Restriction(std::string const& base, std::string const& own) {
-    return "<xs:complexType name='B'>" + base + "</xs:complexType>\n<xs:complexType name='D'><xs:complexContent><xs:restriction base='t:B'>" +
+    return "<xs:complexType name='B'>" + base +
+           "</xs:complexType>\n<xs:complexType name='D'><xs:complexContent><xs:restriction base='t:B'>" +
            own + "</xs:restriction></xs:complexContent></xs:complexType>";
 }
 
 /// The first message, and behind it the status.
 std::string FirstOf(Outcome const& outcome) {
-    return outcome.m_messages.substr(0, outcome.m_messages.find('\n')) + ' ' + std::to_string(outcome.m_status);
+    return outcome.m_messages.substr(0, outcome.m_messages.find('\n')) + ' ' +
+           std::to_string(outcome.m_status);
 }
 
 // clang-format off
