@@ -11,6 +11,7 @@
 #include "core/Limits.h"
 #include "platform/TextView.h"
 #include "values/DecimalText.h"
+#include "values/DigitText.h"
 #include "values/Magnitude.h"
 #include "values/NumberText.h"
 
@@ -235,12 +236,31 @@ CBigInteger CDecimal::Scaled(int places) const {
 }
 
 wstring CDecimal::ToString() const {
-    if (m_fractionPart.IsZero()) return m_integerPart.ToString();
-    wstring text = m_integerPart.m_sign < 0 ? u"-" : u"";
-    Magnitude::AppendText(text, m_integerPart.m_digits);
-    text += u'.';
-    Magnitude::AppendText(text, m_fractionPart.m_digits, static_cast<std::size_t>(m_fractionalDivider));
+    wstring text;
+    AppendTo(text);
     return text;
+}
+
+void CDecimal::AppendTo(wstring& text) const {
+    Magnitude::Limbs const& integer = m_integerPart.m_digits;
+    Magnitude::Limbs const& fraction = m_fractionPart.m_digits;
+    auto const places = static_cast<std::size_t>(m_fractionalDivider);
+    if (m_integerPart.m_sign < 0 && !(integer.empty() && fraction.empty())) text += u'-';
+    if (integer.size() > 2 || fraction.size() > 2 || m_fractionalDivider > kShortPlaces) {
+        Magnitude::AppendText(text, integer);
+        if (fraction.empty()) return;
+        text += u'.';
+        return Magnitude::AppendText(text, fraction, places);
+    }
+    // Digits that 64 bits hold, as nearly all values have, in one piece.
+    char16_t digits[2 * kShortPlaces + 1];
+    char16_t* first = std::end(digits);
+    if (!fraction.empty()) {
+        first = PutDigits(first, Magnitude::ToInteger(fraction), places);
+        *--first = u'.';
+    }
+    first = PutDigits(first, Magnitude::ToInteger(integer), 1);
+    text.append(first, std::end(digits));
 }
 
 wstring CDecimal::ToString(int decimalPlaces) const {

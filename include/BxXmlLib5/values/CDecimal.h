@@ -75,6 +75,8 @@ public:
 
     /// The shortest text of the value, without an exponent.
     wstring ToString() const;
+    /// Appends what ToString() gives.
+    void AppendTo(wstring& text) const;
     /// The value with so many decimal places, rounded half away from zero. The point always stands: 12.6 to
     /// no place is "13.". There can be fewer places for a value that lies on a half, as 1.9995 to three
     /// places is "2.0", and from the limit of decimal places on, where nothing is rounded and no zeros are
