@@ -86,17 +86,18 @@ void CXmlTextWriter::WriteInLineSchema(wstring const& text) {
 void CXmlTextWriter::WriteStartElement(wstring const& name, wstring const& namespaceUri) {
     Context().TestDepth();
     CloseStartTag();
-    Element& element = Start(name, namespaceUri);
+    Start();
     AppendIndentation();
     m_buffer.Append(u'<');
-    bool declares = false;
-    if (!Scopes().IsDefault(namespaceUri)) {
+    if (Scopes().IsDefault(namespaceUri)) {
+        Context().SetTagName({}, name);
+        m_buffer.Append(name);
+    } else {
         auto const prefix = Scopes().TakePrefix(namespaceUri);
-        element.m_prefix = prefix.m_alias;
-        declares = prefix.m_isNew;
+        Context().SetTagName(prefix.m_alias, name);
+        m_buffer.Append(Context().TagName());
+        if (prefix.m_isNew) AppendDeclaration(prefix.m_alias, namespaceUri);
     }
-    AppendName(element.m_prefix, name);
-    if (declares) AppendDeclaration(element.m_prefix, namespaceUri);
     if (Context().IsRoot()) {
         ForEachRootDeclaration([this](auto const& alias, auto const& uri) { AppendDeclaration(alias, uri); });
     }
@@ -111,7 +112,9 @@ void CXmlTextWriter::WriteAttribute(wstring const& name, wstring const& namespac
         auto const prefix = Scopes().TakePrefix(namespaceUri);
         if (prefix.m_isNew) AppendDeclaration(prefix.m_alias, namespaceUri);
         m_buffer.Append(u' ');
-        AppendName(prefix.m_alias, name);
+        m_buffer.Append(prefix.m_alias);
+        m_buffer.Append(u':');
+        m_buffer.Append(name);
     }
     m_buffer.Append(u"=\"");
     m_buffer.AppendEscaped(value, m_eolType);
@@ -144,7 +147,7 @@ void CXmlTextWriter::WriteEndElement() {
     } else {
         if (element.m_childCount > 0) AppendIndentation();
         m_buffer.Append(u"</");
-        AppendName(element.m_prefix, element.m_name);
+        m_buffer.Append(Context().TagName());
         m_buffer.Append(u'>');
     }
     BreakLine();
@@ -167,14 +170,6 @@ void CXmlTextWriter::BreakLine() {
 /// For a tag of the innermost open element.
 void CXmlTextWriter::AppendIndentation() {
     if (m_formatting) m_buffer.Append(Context().Depth() - 1, u'\t');
-}
-
-void CXmlTextWriter::AppendName(std::u16string_view prefix, std::u16string_view name) {
-    if (!prefix.empty()) {
-        m_buffer.Append(prefix);
-        m_buffer.Append(u':');
-    }
-    m_buffer.Append(name);
 }
 
 /// @param prefix empty for the default namespace

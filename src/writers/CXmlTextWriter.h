@@ -52,7 +52,6 @@ private:
     void CloseStartTag();
     void BreakLine();
     void AppendIndentation();
-    void AppendName(std::u16string_view prefix, std::u16string_view name);
     void AppendDeclaration(std::u16string_view prefix, std::u16string_view namespaceUri);
 
     CStringBuffer m_buffer;
