@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "BxXmlLib5/core/CBxException.h"
-#include "platform/UnitScan.h"
 #include "platform/Utf.h"
 
 namespace BxXmlLib5 {
@@ -25,13 +24,6 @@ constexpr auto kIsSpecial = [] {
 
 bool IsSpecial(char16_t c) {
     return c < kIsSpecial.size() && kIsSpecial[c];
-}
-
-/// Whether some of four units may be special, as few texts have them: they are among those below 0x0E, or have
-/// the bits of 0x22 or 0x3C but for one.
-constexpr std::uint64_t MayBeSpecial(std::uint64_t units) {
-    return UnitsBelow(units, 0x0E) | UnitsBelow((units & kEachUnit * 0xFFFB) ^ kEachUnit * 0x22, 1) |
-           UnitsBelow((units & kEachUnit * 0xFFFD) ^ kEachUnit * 0x3C, 1);
 }
 
 std::u16string_view Replacement(char16_t special, EOLType eolType) {
@@ -71,7 +63,6 @@ void CStringBuffer::Append(std::size_t count, char16_t c) {
 }
 
 void CStringBuffer::AppendEscaped(std::u16string_view text, EOLType eolType) {
-    if (!HasUnit(text, MayBeSpecial)) return Append(text);
     for (;;) {
         auto const special = std::find_if(text.begin(), text.end(), IsSpecial);
         auto const plain = static_cast<std::size_t>(special - text.begin());
