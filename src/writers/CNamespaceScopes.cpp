@@ -7,15 +7,24 @@
 
 namespace BxXmlLib5 {
 
+namespace {
+
+/// What is added next cannot fail then.
+void MakeRoomForOne(auto& list) {
+    if (list.size() == list.capacity()) list.reserve(2 * list.size() + 1);
+}
+
+}  // namespace
+
 void CNamespaceScopes::UndoOne() {
     Change& change = m_changes.back();
     if (change.m_bindings == nullptr) {
         m_defaultNamespace = std::move(change.m_formerDefault);
     } else {
         Bindings& bindings = *change.m_bindings;
+        if (bindings.size() > 1) m_prefixes.Hold(bindings[bindings.size() - 2].m_alias);
         m_prefixes.Drop(bindings.back().m_alias);
         bindings.pop_back();
-        if (!bindings.empty()) m_prefixes.Hold(bindings.back().m_alias);
     }
     m_changes.pop_back();
 }
@@ -56,9 +65,11 @@ CNamespaceScopes::Bindings& CNamespaceScopes::BindingsOf(std::u16string_view nam
 }
 
 CNamespaceScopes::Binding const& CNamespaceScopes::Bind(Bindings& bindings, Binding binding) {
-    m_changes.push_back({&bindings, {}});
-    if (!bindings.empty()) m_prefixes.Drop(bindings.back().m_alias);
+    MakeRoomForOne(bindings);
+    MakeRoomForOne(m_changes);
     m_prefixes.Hold(binding.m_alias);
+    if (!bindings.empty()) m_prefixes.Drop(bindings.back().m_alias);
+    m_changes.push_back({&bindings, {}});
     return bindings.emplace_back(std::move(binding));
 }
 

@@ -31,6 +31,19 @@ std::string ListText(std::vector<OutputFile> const& files, Plan const& plan) {
     return text;
 }
 
+/// What --depfile holds.
+std::string RuleFor(std::vector<OutputFile> const& files, SchemaSet const& set, Options const& options) {
+    std::vector<std::string> targets;
+    if (options.m_stamp) {
+        targets.push_back(*options.m_stamp);
+    } else {
+        for (OutputFile const& file : files) targets.push_back(file.m_path);
+    }
+    std::vector<std::string> read = set.Files();
+    if (options.m_namesFile) read.push_back(*options.m_namesFile);
+    return DepfileText(targets, read);
+}
+
 void Generate(SchemaSet const& set, Options const& options, std::string& output, Diagnostics& diagnostics) {
     Plan const plan = MakePlan(set, options, diagnostics);
     bool const hasRoots = std::ranges::any_of(
@@ -43,12 +56,9 @@ void Generate(SchemaSet const& set, Options const& options, std::string& output,
         output = ListText(files, plan);
         return;
     }
-    if (options.m_depfile) {
-        std::vector<std::string> targets;
-        for (OutputFile const& file : files) targets.push_back(file.m_path);
-        files.push_back({*options.m_depfile, DepfileText(targets, set.Files())});
-    }
+    if (options.m_depfile) files.push_back({*options.m_depfile, RuleFor(files, set, options)});
     WriteFiles(files, diagnostics);
+    if (options.m_stamp && !diagnostics.HasFailed()) Touch(*options.m_stamp, diagnostics);
 }
 
 void Work(Options const& options, std::string& output, Diagnostics& diagnostics) {
