@@ -20,6 +20,11 @@ Fraction TakeFraction(std::u16string_view& text) {
 }
 
 void CDigitText::PutNumber(std::uint64_t number, std::size_t width) {
+    if (width == 2 && number < 100) {
+        std::memcpy(m_units + m_length, &kTwoDigits[2 * number], 2 * sizeof(char16_t));
+        m_length += 2;
+        return;
+    }
     char16_t digits[20];
     char16_t* const first = PutDigits(std::end(digits), number, width);
     auto const count = static_cast<std::size_t>(std::end(digits) - first);

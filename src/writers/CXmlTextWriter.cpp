@@ -2,25 +2,10 @@
 
 #include "BxXmlLib5/core/CBxException.h"
 #include "platform/Utf16Octets.h"
-#include "values/Utf8Conversion.h"
 
 namespace BxXmlLib5 {
 
 namespace {
-
-/// By chunks, which saves joining them.
-CBinaryData ToUtf8Octets(CStringBuffer const& text) {
-    std::size_t size = 0;
-    text.ForEachChunk([&size](auto chunk) { size += CheckedUtf8Size(chunk); });
-    if (size == 0) return {};
-    auto octets = std::make_unique_for_overwrite<unsigned char[]>(size);
-    text.ForEachChunk([at = octets.get()](auto chunk) mutable {
-        std::size_t const chunkSize = Utf8Size(chunk);
-        WriteUtf8(chunk, {at, chunkSize});
-        at += chunkSize;
-    });
-    return {std::move(octets), size};
-}
 
 CBinaryData ToUtf16Octets(std::u16string_view text) {
     std::size_t const size = text.size() * sizeof(char16_t);
@@ -49,13 +34,13 @@ void CXmlTextWriter::WriteStartDocument(XmlEncoding encoding) {
     m_buffer.Append(m_eol);
 }
 
-CBinaryData CXmlTextWriter::GetBinaryData(XmlEncoding encoding) {
+CBinaryData CXmlTextWriter::TakeBinaryData(XmlEncoding encoding) {
     switch (encoding) {
         case enc_UTF8:
-            return ToUtf8Octets(m_buffer);
+            return m_buffer.TakeUtf8();
         case enc_UTF16:
         case enc_UTF16NoDeclaration:
-            return ToUtf16Octets(m_buffer.View());
+            return ToUtf16Octets(m_buffer.TakeString());
         default:
             throw CBxException(u"Unknown Encoding, select UTF-8 or ask the vendor's support");
     }
