@@ -84,6 +84,7 @@ constexpr Option kOptions[] = {
     {"--no-aliases",    "",          "a class also for types that add nothing to their base",         Set<&Options::m_withAliases, false>},
     {"--ascii",         "",          "spell letters beyond ASCII in names",                           Set<&Options::m_ascii, true>},
     {"--program",       "",          "add a program that reads and writes documents",                 Set<&Options::m_program, true>},
+    {"--check",         "",          "check the schemas by all rules of the standard, if built with Xerces-C", Set<&Options::m_check, true>},
     {"--depfile",       "FILE",      "write what was read as a rule for make",                        Put<&Options::m_depfile>},
     {"--stamp",         "FILE",      "touch this file last; it is then the target of the rule",       Put<&Options::m_stamp>},
     {"--dump",          "",          "print the components of the schemas, write nothing",            Set<&Options::m_dump, true>},

@@ -5,6 +5,7 @@
 #include "Depfile.h"
 #include "Diagnostics.h"
 #include "Options.h"
+#include "check/FullCheck.h"
 #include "emit/Emit.h"
 #include "mapping/MakePlan.h"
 #include "schema/Dump.h"
@@ -65,6 +66,7 @@ void Work(Options const& options, std::string& output, Diagnostics& diagnostics)
     Catalog const catalog = MakeCatalog(options, diagnostics);
     if (diagnostics.HasErrors()) return;
     SchemaSet const set = LoadSchemas(options.m_schemas, catalog, diagnostics);
+    if (options.m_check && !diagnostics.HasErrors()) CheckFully(options.m_schemas, set, diagnostics);
     if (diagnostics.HasFailed()) return;
     if (options.m_dump) {
         output = Dump(set);
