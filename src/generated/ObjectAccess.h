@@ -14,10 +14,6 @@ struct ObjectAccess {
                                CXmlSerializationContext const& context) {
         object.ProcessAttributesFromXml(context, &element, true);
     }
-    static void WriteAttributes(CObject const& object, CXmlWriter* writer,
-                                CXmlSerializationContext const& context) {
-        object.AttributesToXml_Int(writer, context);
-    }
 
     static KeptTypes& KeptOf(CObject& object) {
         if (!object.m_kept) object.m_kept = std::make_unique<KeptTypes>();

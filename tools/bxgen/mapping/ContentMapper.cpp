@@ -274,9 +274,10 @@ void ContentMapper::MakeProperty(Draft const& draft) {
         MakeElement(draft, property, plan.m_type);
         wanted = m_classes.m_names.PropertyName(element.m_name);
         from = element.m_name.m_local;
-        plan.m_documentation = DocumentationOf(
-            options, {&first.m_particle->m_annotation, &element.m_annotation, &element.m_type->m_annotation},
-            "", first.m_particle->m_place);
+        plan.m_documentation = DocumentationOf(options,
+                                               {&first.m_particle->m_annotation, &element.m_annotation,
+                                                AnnotationOf(*element.m_type, plan.m_type)},
+                                               "", first.m_particle->m_place);
     }
     bool const isTwice = draft.m_key.m_number > 0;
     plan.m_name = m_facts.m_names.Take(isTwice ? wanted + std::to_string(draft.m_key.m_number + 1) : wanted);
@@ -293,6 +294,9 @@ void ContentMapper::MakeProperty(Draft const& draft) {
     m_classes.m_names.Note(first.m_particle->m_place, from, wanted, plan.m_name,
                            isTwice || (first.IsGroup() && first.m_named == nullptr));
     plan.m_occurrence = OccurrenceOf(draft);
+    // Of values the type of the property says so.
+    bool const isObject = property.m_shape == Shape::kObject || property.m_shape == Shape::kAnyElement;
+    if (isObject && draft.m_isMandatory && plan.m_occurrence.empty()) plan.m_occurrence = "required";
     m_properties.push_back(&m_facts.m_properties.emplace(draft.m_key, std::move(property)).first->second);
     m_facts.m_plan->m_properties.push_back(std::move(plan));
 }
