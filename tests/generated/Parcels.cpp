@@ -314,6 +314,12 @@ TEST(Properties, AreSharedOrCopied) {
     EXPECT_EQ(parcel.Filled[0], CDecimal(5));
 }
 
+/// The text of a document without the prefix of its namespace.
+std::string Bare(std::string text) {
+    for (std::size_t at = 0; (at = text.find("p:", at)) != text.npos;) text.erase(at, 2);
+    return text;
+}
+
 TEST(Parcels, RootsOfDerivedTypes) {
     CAnyThing root;
     EXPECT_EQ(root.Validate().size(), 1U);
@@ -325,7 +331,7 @@ TEST(Parcels, RootsOfDerivedTypes) {
     CAnyThing const copy(root);
     root.XsiTyped.Get<CBook>()->Title = "u";
     EXPECT_FALSE(copy.Equals(root));
-    EXPECT_NE(copy.ToText().find(" xsi:type=\"book\" count=\"2\"><title>t</title></any-thing>"), std::string::npos);
+    EXPECT_NE(Bare(copy.ToText()).find(" xsi:type=\"book\" count=\"2\"><title>t</title></any-thing>"), std::string::npos);
     EXPECT_TRUE(copy.Validate().empty());
     root.Count = 1;
     EXPECT_EQ(root.Validate().size(), 1U);
@@ -352,10 +358,10 @@ TEST(Parcels, TypesOfValuesAreKeptWithThem) {
         parcel.Filled.Set(1, CDecimal(u"7"));
         CParcel const copy(parcel);
         parcel.Filled.Set(0, CDecimal(u"96"));
-        std::string const text = copy.ToText();
+        std::string const text = Bare(copy.ToText());
         EXPECT_EQ(text.find("topPercent"), text.rfind(">95.0<") - 11) << text;
         EXPECT_NE(text.find("<days xsi:type=\"xs:short\">7</days>"), std::string::npos) << text;
-        return parcel.ToText();
+        return Bare(parcel.ToText());
     };
     std::string const text = write("99");
     EXPECT_NE(text.find("<filled>96</filled><filled>7</filled><filled xsi:type=\"topPercent\">99</filled>"),
