@@ -55,6 +55,12 @@ Unit& Units::Make(std::string const& name) {
         unit = &m_mapping.m_plan.m_units.emplace_back();
         unit->m_name = name;
         unit->m_file = FileNameOf(name);
+        for (Unit const& other : m_mapping.m_plan.m_units) {
+            if (&other == unit || other.m_file != unit->m_file) continue;
+            m_mapping.m_diagnostics.Error({}, "namespace",
+                                          "the C++ namespaces " + Quoted(other.m_name) + " and " +
+                                              Quoted(name) + " would have the same files");
+        }
         // A type of the same name would hide the namespace.
         unit->m_scope.Add(name.substr(name.rfind(':') + 1));
     }
@@ -81,8 +87,10 @@ void Units::NameConstants() {
     std::map<std::string_view, std::string_view> const prefixes = PrefixesOfSchemas();
     std::set<std::string, std::less<>> taken = {"xml", "xsi", "xmlns"};
     std::set<Unit const*> named;
-    // The only namespace is the default one of documents.
-    bool const needsPrefix = m_order.size() > 1 || !m_mapping.m_plan.m_hasDefaultNamespace;
+    // The only namespace of elements is the default one of documents.
+    auto const ofElements = std::ranges::count_if(
+        m_order, [](std::string const& uri) { return uri != kXmlNamespace && uri != kXsiNamespace; });
+    bool const needsPrefix = ofElements > 1 || !m_mapping.m_plan.m_hasDefaultNamespace;
     for (std::string const& uri : m_order) {
         auto const known = prefixes.find(uri);
         std::string const wanted = known == prefixes.end() ? "ns" : std::string(known->second);
