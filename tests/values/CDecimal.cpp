@@ -209,7 +209,7 @@ TEST(CDecimal, IsEqualHoweverItWasMade) {
         for (CDecimal const& other :
              {copy, value + great - great, value * 10 * tenth, value.GetNegative().GetNegative(),
               great - (great - value),
-              Number(text + std::string(value.ToBigInteger() == value ? ".0" : "0"))}) {
+              Number(text + std::string(std::string(text).find('.') == std::string::npos ? ".0" : "0"))}) {
             EXPECT_TRUE(other == value && !(other < value) && !(other > value)) << Text(other);
         }
         EXPECT_TRUE(value + tenth > value && value - tenth < value && value != value + tenth);
