@@ -189,30 +189,6 @@ TEST(CXmlCollection, Items) {
                     "(program logic error)");
 }
 
-TEST(CXmlCollection, ListenersComeAndGo) {
-    std::string log;
-    Object a('a'), b('b'), c('c');
-    Collection collection("z");  // behind its listeners, which must outlive it
-    for (Object* each : {&a, &b, &c}) each->m_onEvent = [&log, each](auto*) { log += each->m_letter; };
-    auto const logOfChange = [&] {
-        log.clear();
-        collection.AppendItem(nullptr);
-        return log;
-    };
-    for (Object* each : {&a, &b, &a, &c}) collection.AddEventListener(each);
-    EXPECT_EQ(logOfChange(), "abac");
-    for (int i = 0; i < 2; ++i) collection.RemoveEventListener(&a);
-    EXPECT_EQ(logOfChange(), "bc");
-    b.m_onEvent = [&](auto*) {
-        log += 'b';
-        collection.RemoveEventListener(&b);
-        collection.RemoveEventListener(&c);
-        for (int i = 0; i < 100; ++i) collection.AddEventListener(&a);
-    };
-    EXPECT_EQ(logOfChange(), "b");
-    EXPECT_EQ(logOfChange(), std::string(100, 'a'));
-}
-
 TEST(CXmlCollection, ListenersAgainstAModel) {
     struct Entry {
         Object* m_listener;
@@ -276,15 +252,6 @@ TEST(CXmlCollection, AListenerMayDropTheCollection) {
     Collection* const dropped = collection;
     dropped->AppendItem(nullptr);
     EXPECT_EQ(events, 2);
-}
-
-TEST(CXmlCollection, ARefusedItemIsAsItWas) {
-    Collection collection("ab");
-    Object onTheStack('s'), absent('x');
-    EXPECT_NE(Thrown([&] { collection.AddAfterItem(&absent, &onTheStack); }), "nothing");
-    EXPECT_NE(Thrown([&] { collection.AddBeforeItem(&absent, &onTheStack); }), "nothing");
-    EXPECT_NE(Thrown([&] { collection.AddItemAt(3, &onTheStack); }), "nothing");
-    EXPECT_EQ(onTheStack.AddRef(), 1);
 }
 
 TEST(CXmlCollection, AnOverriddenCountMayBeWrong) {

@@ -211,18 +211,6 @@ TEST(UntypedCollections, AnAttribute) {
     EXPECT_BX_THROW(copy.FromXml(u"<a/>", Defaults()), CBxException, "This should be done by the collection");
 }
 
-TEST(UntypedCollections, AdditionalRootAttributes) {
-    CXmlSerializationContext context, before(context);
-    CSmartPtr<CAttributeCol> const attributes = context.GetAdditionalRootAttributes();
-    CXmlSerializationContext const after(context);
-    EXPECT_EQ(after.GetAdditionalRootAttributes(), attributes);
-    attributes->Add(u"k", u"v", u"anywhere");
-    EXPECT_EQ(before.GetAdditionalRootAttributes()->GetCount(), 0);
-    EXPECT_EQ(before.GetAdditionalRootAttributes()->GetNamespace(), u"");
-    before = context;
-    EXPECT_EQ(before.GetAdditionalRootAttributes(), attributes);
-}
-
 TEST(UntypedCollections, TakeOverACollectionThatHangsOnThem) {
     ElementCol elements(u"", u"##any", u"old", 0, -1);
     CSmartPtr<CElement> item = new CElement(u"x", u"n", u"##any", u"new");
