@@ -25,6 +25,7 @@ public:
     explicit Scan(std::u16string_view text) : m_rest(text) {}
 
     bool AtEnd() const { return m_rest.empty(); }
+    std::u16string_view Rest() const { return m_rest; }
     bool Take(char16_t c) {
         if (!m_rest.starts_with(c)) return false;
         m_rest.remove_prefix(1);
@@ -101,14 +102,12 @@ bool IsDuration(std::u16string_view text) {
 }
 
 /// @param form D for a digit, any other character for itself
-bool TakeForm(Scan& scan, std::u16string_view form) {
-    for (char16_t const c : form) {
-        if (c != u'D' ? !scan.Take(c) : scan.AtEnd()) return false;
-        if (c != u'D') continue;
-        bool isDigit = false;
-        for (char16_t digit = u'0'; digit <= u'9' && !isDigit; ++digit) isDigit = scan.Take(digit);
-        if (!isDigit) return false;
+bool TakeForm(std::u16string_view& text, std::u16string_view form) {
+    if (text.size() < form.size()) return false;
+    for (std::size_t i = 0; i < form.size(); ++i) {
+        if (form[i] == u'D' ? !IsDigit(text[i]) : text[i] != form[i]) return false;
     }
+    text.remove_prefix(form.size());
     return true;
 }
 
@@ -136,13 +135,15 @@ constexpr bool HasTime(CDateTime::DTType type) {
 bool IsDate(CDateTime::DTType type, std::u16string_view text) {
     for (DateForm const& row : kDateForms) {
         if (row.type != type) continue;
-        Scan scan(text);
-        if (row.hasYear) scan.Take(u'-');
+        if (row.hasYear && text.starts_with(u'-')) text.remove_prefix(1);
         // "T" stands for itself.
-        if (!TakeForm(scan, row.form)) return false;
+        if (!TakeForm(text, row.form)) return false;
+        Scan scan(text);
         if (HasTime(type) && scan.Take(u'.') && scan.TakeDigits() == 0) return false;
         if (scan.AtEnd() || scan.Take(u'Z')) return scan.AtEnd();
-        return scan.TakeSign() && TakeForm(scan, u"DD:DD") && scan.AtEnd();
+        if (!scan.TakeSign()) return false;
+        std::u16string_view zone = scan.Rest();
+        return TakeForm(zone, u"DD:DD") && zone.empty();
     }
     return false;
 }
@@ -235,13 +236,13 @@ wstring boolean::ToText(bool value) {
 CDecimal decimal::FromText(std::u16string_view text) {
     std::u16string_view const literal = Trimmed(text);
     if (!IsDecimal(literal)) ThrowBadForm(literal);
-    std::size_t const point = literal.find(u'.');
+    int const limit = CDecimal::GetMaxDecimalPlaces();
+    std::size_t const point = std::cmp_greater(literal.size(), limit) ? literal.find(u'.') : literal.npos;
     if (point != literal.npos) {
         std::size_t const places = literal.find_last_not_of(u'0') - point;
-        if (std::cmp_greater(places, CDecimal::GetMaxDecimalPlaces())) {
+        if (std::cmp_greater(places, limit)) {
             throw CBxInvalidValueException(FormatString(u"The value [%s] has more decimal places than %d",
-                                                        wstring(literal).c_str(),
-                                                        CDecimal::GetMaxDecimalPlaces()));
+                                                        wstring(literal).c_str(), limit));
         }
     }
     return CDecimal(literal);

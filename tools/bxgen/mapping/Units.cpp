@@ -35,6 +35,10 @@ Units::Units(Mapping const& mapping) : m_mapping(mapping) {
     for (SchemaDocument const* const document : mapping.m_set.Documents()) {
         if (!document->m_isBuiltIn) Of(document->m_targetNamespace);
     }
+    // Build systems know the files from the command line, whatever the schemas hold.
+    if (options.m_name) Make(m_default);
+    for (auto const& [uri, name] : options.m_namespaces) Make(name);
+    mapping.m_plan.m_program = FileNameOf(m_default) + "Main";
 }
 
 Unit& Units::Of(std::string_view namespaceUri) {
