@@ -69,17 +69,6 @@ TEST(CStringBuffer, HoldsWhatWasAppended) {
     }
 }
 
-TEST(CStringBuffer, StartsAChunkWhenTheLastIsFull) {
-    CStringBuffer buffer;
-    for (std::size_t chunks = 0; chunks < 4; ++chunks) {
-        EXPECT_EQ(buffer.ChunkCount(), chunks);
-        buffer.Append(u"");
-        EXPECT_EQ(buffer.ChunkCount(), chunks);
-        buffer.Append(Sample(1));
-        buffer.Append(Sample(kChunk - 1));
-    }
-}
-
 TEST(CStringBuffer, HoldsABeginningIfMemoryRunsOut) {
     wstring const expected = Sample(6 * kChunk + 7);
     bool isComplete = false;
