@@ -81,8 +81,10 @@ void Units::NameConstants() {
     std::map<std::string_view, std::string_view> const prefixes = PrefixesOfSchemas();
     std::set<std::string, std::less<>> taken = {"xml", "xsi", "xmlns"};
     std::set<Unit const*> named;
-    // The only namespace is the default one of documents.
-    bool const needsPrefix = m_order.size() > 1 || !m_mapping.m_plan.m_hasDefaultNamespace;
+    // The only namespace of elements is the default one of documents.
+    auto const ofElements = std::ranges::count_if(
+        m_order, [](std::string const& uri) { return uri != kXmlNamespace && uri != kXsiNamespace; });
+    bool const needsPrefix = ofElements > 1 || !m_mapping.m_plan.m_hasDefaultNamespace;
     for (std::string const& uri : m_order) {
         auto const known = prefixes.find(uri);
         std::string const wanted = known == prefixes.end() ? "ns" : std::string(known->second);
