@@ -97,29 +97,4 @@ TEST(Documents, AreReadAs) {
               "<{http://www.topografix.com/GPX/1/1}extensions><{urn:x}e><a></></></></>");
 }
 
-TEST(Documents, AreRefused) {
-    std::string const validation = "CBxValidationException: ", value = "CBxInvalidValueException: ";
-    std::pair<std::string, std::string> const rows[] = {
-        {"<gpx xmlns='http://www.topografix.com/GPX/1/1' version='1.0' creator='c'/>",
-         value + "Invalid Value for version [1.0]"},
-        {Document("<trk/><wpt lat='1' lon='2'/>"),
-         validation + "Unexpected element [wpt] found in the element [gpx]"},
-        {Document("<metadata><link/></metadata>"),
-         validation + "Failed to find the required Attribute [href]"},
-        {Document("<wpt lat='1' lon='2'><fix>4d</fix></wpt>"), value + "Invalid Value for fix [4d]"},
-        {Document("<wpt lat='1' lon='2'><time>2024-02-30T00:00:00Z</time></wpt>"),
-         value + "Invalid Value for time [2024-02-30T00:00:00Z]"},
-        {Document("<wpt lat='90.0000001' lon='2'/>"), value + "Invalid Value for lat [90.0000001]"},
-        {Document("<extensions><a xmlns=''/></extensions>"),
-         validation + "Unexpected element [a] found in the element [extensions]"},
-    };
-    CGpx gpx;
-    for (auto const& [document, failure] : rows) {
-        EXPECT_EQ(BxTest::Thrown([&] { gpx.Parse(document); }), failure) << document;
-        // What the failure left behind is no part of the next document.
-        gpx.Parse(Everything());
-        EXPECT_EQ(gpx.ToText(), Everything()) << document;
-    }
-}
-
 }  // namespace
