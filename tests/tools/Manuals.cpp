@@ -3,24 +3,19 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstdio>
 #include <fstream>
 #include <iterator>
-#include <memory>
 #include <sstream>
 #include <string>
 #include <vector>
+
+#include "support/TemporaryFolder.h"
 
 namespace {
 
 /// What a line of shell prints.
 std::string OutputOf(std::string const& command) {
-    std::unique_ptr<std::FILE, int (*)(std::FILE*)> const pipe(popen(command.c_str(), "r"), pclose);
-    std::string output;
-    char buffer[4096];
-    while (std::size_t const count = std::fread(buffer, 1, sizeof buffer, pipe.get()))
-        output.append(buffer, count);
-    return output;
+    return BxTest::TemporaryFolder().Run("/", command).m_out;
 }
 
 /// A text as troff reads it.
