@@ -1,5 +1,3 @@
-#include <sstream>
-
 #include "collections/Objects.h"
 
 using namespace BxTest;
@@ -46,14 +44,14 @@ void ExpectSteps(auto& collection, std::vector<Step> const& steps) {
 
 TEST(UntypedCollections, DefaultNamespace) {
     // Namespace, restriction, default of attributes, default of elements or the failure.
-    for (char const* const row :
-         {";##local uu;;!set", ";;;!set", ";u;;!set", ";#u;;!set", ";u#;;!set", "; uu;;!set", ";uu vv;uu;uu",
-          ";uu#;uu#;uu#", "n;##any;n;n", "n;uu;n;!allowed"}) {
-        SCOPED_TRACE(row);
-        std::istringstream fields(row);
-        std::string ns, restriction, ofAttributes, ofElements, outcome;
-        for (std::string* field : {&ns, &restriction, &ofAttributes, &ofElements})
-            std::getline(fields, *field, ';');
+    std::string const rows[][4] = {{"", "##local uu", "", "!set"}, {"", "", "", "!set"},
+                                   {"", "u", "", "!set"},          {"", "#u", "", "!set"},
+                                   {"", "u#", "", "!set"},         {"", " uu", "", "!set"},
+                                   {"", "uu vv", "uu", "uu"},      {"", "uu#", "uu#", "uu#"},
+                                   {"n", "##any", "n", "n"},       {"n", "uu", "n", "!allowed"}};
+    for (auto const& [ns, restriction, ofAttributes, ofElements] : rows) {
+        SCOPED_TRACE(ns + ";" + restriction);
+        std::string outcome;
         wstring const wideNs = FromUtf8(ns), wideRestriction = FromUtf8(restriction);
         AttributeCol const attributes(wideNs.c_str(), wideRestriction.c_str(), u"t");
         EXPECT_EQ(ToUtf8(attributes.GetNamespace()), ofAttributes);

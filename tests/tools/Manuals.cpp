@@ -3,8 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <fstream>
-#include <iterator>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -63,8 +61,7 @@ TEST(Manuals, TellTheOptionsOfHelp) {
         std::string m_page;
     };
     for (Row const& row : {Row{BXCONVERT, "bxconvert.1"}, {BXGEN, "bxgen.1"}}) {
-        std::ifstream file(BX_MANUALS "/" + row.m_page);
-        std::string const page{std::istreambuf_iterator<char>(file), {}};
+        std::string const page = BxTest::Content(BX_MANUALS "/" + row.m_page);
         std::string const head = ".SH OPTIONS\n";
         std::size_t const first = page.find(head) + head.size();
         EXPECT_EQ(page.substr(first, page.find(".SH ", first) - first), OptionsOf(row.m_program))
