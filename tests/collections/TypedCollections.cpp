@@ -322,13 +322,6 @@ TEST(TypedCollection, WhitespaceRules) {
               "CBxException: Unknown WhitespaceRule");
 }
 
-TEST(TypedCollection, IgnoresNamespacesIfTheContextDoes) {
-    CXmlSerializationContext ignoring;
-    ignoring.SetIgnoreNamespaces(true);
-    Open<Ci4Col> collection;
-    EXPECT_EQ(collection.Read("<v xmlns='urn:m'>7</v><V>9</V>", ignoring), "V");
-}
-
 TEST(TypedCollection, DatesOfAnotherType) {
     // The type is tested before the facets, which these cannot be.
     auto const expect = [](auto collection, char const* other, std::string const& type) {
