@@ -75,9 +75,17 @@ concept IsAtomic = !IsEnumeration<S> && !IsList<S> && !IsUnion<S>;
 template <class S>
 typename S::Value ValueOf(std::u16string_view text);
 
+/// Appends the literal of a value of type S.
+template <class S>
+void AppendText(wstring& text, typename S::Value const& value);
+
 /// The literal of a value of type S.
 template <class S>
-wstring TextOf(typename S::Value const& value);
+wstring TextOf(typename S::Value const& value) {
+    wstring text;
+    AppendText<S>(text, value);
+    return text;
+}
 
 /// Tests a value against all facets of S.
 /// @throws CBxInvalidValueException if it breaks one
@@ -233,31 +241,30 @@ typename S::Value ValueOf(std::u16string_view text) {
 }
 
 template <class S>
-wstring TextOf(typename S::Value const& value) {
+void AppendText(wstring& text, typename S::Value const& value) {
     if constexpr (IsEnumeration<S>) {
         auto const index = static_cast<std::size_t>(value);
         if (index >= std::size(S::kTexts)) ThrowNoEnumerator(static_cast<int>(value));
-        return S::kTexts[index];
+        text += S::kTexts[index];
     } else if constexpr (IsList<S>) {
-        wstring text;
+        std::size_t const start = text.size();
         for (auto const& item : value) {
-            if (!text.empty()) text += u' ';
-            text += TextOf<typename S::Item>(item);
+            if (text.size() > start) text += u' ';
+            AppendText<typename S::Item>(text, item);
         }
-        return text;
     } else if constexpr (IsUnion<S>) {
-        return [&]<std::size_t... kIndexes>(std::index_sequence<kIndexes...>) {
-            wstring text;
+        [&]<std::size_t... kIndexes>(std::index_sequence<kIndexes...>) {
             (void)((value.index() == kIndexes &&
-                    (text = TextOf<std::tuple_element_t<kIndexes, typename S::Members>>(
-                         *std::get_if<kIndexes>(&value)),
+                    (AppendText<std::tuple_element_t<kIndexes, typename S::Members>>(
+                         text, *std::get_if<kIndexes>(&value)),
                      true)) ||
                    ...);
-            return text;
         }
         (std::make_index_sequence<std::tuple_size_v<typename S::Members>>());
+    } else if constexpr (requires { S::AppendText(text, value); }) {
+        S::AppendText(text, value);
     } else {
-        return S::ToText(value);
+        text += S::ToText(value);
     }
 }
 
