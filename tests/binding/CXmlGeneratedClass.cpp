@@ -163,6 +163,7 @@ TEST(GeneratedClass, RemembersSearchesWhereTheyHold) {
         CXmlElement* FromXml_Int(CXmlElement* element, CXmlElement* child,
                                  CXmlSerializationContext const& context, bool) override {
             EXPECT_EQ(TestObject::FromXml_Int(element, child, context, false), child);
+            EXPECT_EQ(TestObject::FromXml_Int(element, child->GetFirstElement(), context, false), nullptr);
             return TestObject::FromXml_Int(element, child, Settings("EN"), false);
         }
     };
@@ -173,7 +174,7 @@ TEST(GeneratedClass, RemembersSearchesWhereTheyHold) {
             (*this)[u"p"].SetXmlObject(new Retrying(*m_class.m_fields[0].m_class));
         }
     } outer(Class("p:(A:text)"));
-    Read(outer, "<u/><A>1</A><u/>", "E");
+    Read(outer, "<w><u/><A xmlns='n'>0</A></w><A>1</A><u/>", "E");
     EXPECT_EQ(Written(outer), "<r><AA:A xmlns:AA=\"n\">1</AA:A></r>");
 }
 

@@ -24,6 +24,11 @@ TEST(Names, AreInCamelCase) {
     EXPECT_EQ(Camel("\xC3\xA9t\xC3\xA9", true), "u00E9tu00E9");
 }
 
+TEST(Names, NamespacesAreNamesOfCpp) {
+    for (char const* const name : {"A", "a::b_1::_C", "Stra\xC3\x9F" "e"}) EXPECT_TRUE(IsNamespaceName(name)) << name;
+    for (char const* const name : {"", "1a", "a-b", "A::", "::A", "A:B", "xor", "A::int", "a b"}) EXPECT_FALSE(IsNamespaceName(name)) << name;
+}
+
 TEST(Names, AreTakenOnce) {
     NameScope const base = [] { NameScope scope; scope.Add("A"); return scope; }();
     NameScope scope(&NamesOfObjects(), &base);
