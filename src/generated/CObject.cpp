@@ -18,7 +18,8 @@ using namespace BxXmlLib5Data;
 
 CObject::CObject() = default;
 CObject::CObject(CObject const& other)
-    : CXmlGeneratedClass(other), m_kept(other.m_kept ? std::make_unique<KeptTypes>(*other.m_kept) : nullptr) {}
+    : CXmlGeneratedClass(other),
+      m_kept(other.m_kept ? std::make_unique<KeptTypes>(*other.m_kept) : nullptr) {}
 CObject& CObject::operator=(CObject const& other) {
     CXmlGeneratedClass::operator=(other);
     m_kept = other.m_kept ? std::make_unique<KeptTypes>(*other.m_kept) : nullptr;

@@ -96,7 +96,9 @@ struct Model {
     /// Whether the class is that of a complex type of simple content, or of an element of simple type.
     bool HasSimpleContent() const { return text != nullptr && content == nullptr && isTextMandatory; }
     /// Whether the class is that of an element of simple type.
-    bool IsSimple() const { return text != nullptr && content == nullptr && base == nullptr && attributes.empty(); }
+    bool IsSimple() const {
+        return text != nullptr && content == nullptr && base == nullptr && attributes.empty();
+    }
     /// Whether the class is that of a root of any type.
     bool IsAnything() const;
 

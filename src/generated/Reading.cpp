@@ -17,8 +17,8 @@
 
 namespace BxXmlLib5::Generated {
 
-void ReadValue(CObject& object, PropertyModel const& property, wstring const& name,
-               std::u16string_view text, SimpleType const* narrowed) {
+void ReadValue(CObject& object, PropertyModel const& property, wstring const& name, std::u16string_view text,
+               SimpleType const* narrowed) {
     try {
         if (narrowed != nullptr) narrowed->test(text);
         property.actions->read(property.Of(object), text);
@@ -116,7 +116,8 @@ void Reading::Read(Particle const& particle) {
 
 void Reading::ReadElements(Particle const& particle) {
     int count = 0;
-    int const most = particle.goesOn && m_round != nullptr && !m_skipsUnknown ? MostOf(particle) : particle.max;
+    int const most =
+        particle.goesOn && m_round != nullptr && !m_skipsUnknown ? MostOf(particle) : particle.max;
     while (most < 0 || count < most) {
         if (m_skipsUnknown) SkipUnknown();
         if (!Matches(particle) && (count >= particle.min || !SkipTo(particle))) break;
@@ -240,7 +241,8 @@ void ThrowIfNotSimple(CXmlElement const& element, bool mayBeNil, CXmlSerializati
     }
     if (context.GetIgnoreUnknownAttributes()) return;
     for (CXmlAttribute const* const attribute : element.GetAttributes()) {
-        bool const isNil = attribute->GetLocalName() == u"nil" && attribute->GetNamespaceURI() == kXsiNamespace;
+        bool const isNil =
+            attribute->GetLocalName() == u"nil" && attribute->GetNamespaceURI() == kXsiNamespace;
         if (attribute->IsNamespaceAttribute() || (isNil && mayBeNil)) continue;
         throw CBxValidationException(
             FormatString(u"Unexpected Attribute [%s] found.", attribute->GetLocalName().c_str()));
@@ -256,16 +258,17 @@ void Keep(CObject& owner, PropertyModel const& property, std::u16string_view lit
     if (index < 0) return;
     wstring room;
     wstring const& text = property.actions->text(property.Of(owner), index, room);
-    ObjectAccess::KeptOf(owner).Add(property.place, index,
-                                    {text, wstring(literal), named.name, named.namespaceUri, std::move(content)});
+    ObjectAccess::KeptOf(owner).Add(
+        property.place, index, {text, wstring(literal), named.name, named.namespaceUri, std::move(content)});
 }
 
 /// Reads the object of an element of simple type that names another type.
-void ReadSimpleAs(CObject& object, CXmlElement& element, bool mayBeNil, NamedType const& named, Set const& set,
-                  unsigned char blocked, CXmlSerializationContext const& context) {
+void ReadSimpleAs(CObject& object, CXmlElement& element, bool mayBeNil, NamedType const& named,
+                  Set const& set, unsigned char blocked, CXmlSerializationContext const& context) {
     PropertyModel const& text = *ObjectAccess::ModelOf(object).text;
     std::u16string_view const literal = TextOrDefault(element, text);
-    CSmartPtr<CObject> content = ReadNamed(element, literal, *text.actions->type, named, set, blocked, context);
+    CSmartPtr<CObject> content =
+        ReadNamed(element, literal, *text.actions->type, named, set, blocked, context);
     if (content) {
         Reading(object, element, nullptr, context).Content(mayBeNil);
     } else {
@@ -302,7 +305,8 @@ void Reading::ReadSimple(Particle const& particle) {
     CSmartPtr<CObject> content;
     std::u16string_view const text = TextOrDefault(*m_child, property);
     if (named)
-        content = ReadNamed(*m_child, text, *property.actions->type, *named, set, particle.blocked, m_context);
+        content =
+            ReadNamed(*m_child, text, *property.actions->type, *named, set, particle.blocked, m_context);
     if (!content) ThrowIfNotSimple(*m_child, false, m_context);
     ReadValue(m_object, property, particle.name, text, particle.narrowed);
     if (named) Keep(m_object, property, text, *named, std::move(content));
@@ -312,7 +316,8 @@ CSmartPtr<CXmlObjectBase> Reading::ReadObject(Particle const& particle) {
     Set const& set = *m_model.type.GetFacts().set;
     std::optional<NamedType> const named = NamedTypeOf(*m_child, set);
     bool const isSimple = named && particle.type->GetModel().IsSimple();
-    CObject* const made = MakeFor(*m_child, *particle.type, isSimple ? std::nullopt : named, particle.blocked);
+    CObject* const made =
+        MakeFor(*m_child, *particle.type, isSimple ? std::nullopt : named, particle.blocked);
     CSmartPtr<CXmlObjectBase> object = made;
     // The name tells later which of several rows the object belongs to.
     if (particle.isSubstitution) ObjectAccess::SetName(*made, particle.name);

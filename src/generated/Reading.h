@@ -32,9 +32,10 @@ public:
 private:
     /// Where an item stands among those of its group.
     struct Round {
-        std::int64_t needed;   ///< how many must follow it
-        std::int64_t left;     ///< how many may follow it
-        std::int64_t run = 0;  ///< how many elements of a particle that goes on have been counted and not read
+        std::int64_t needed;  ///< how many must follow it
+        std::int64_t left;    ///< how many may follow it
+        std::int64_t run =
+            0;  ///< how many elements of a particle that goes on have been counted and not read
     };
 
     Reading(CObject& object, Reading& outer, Round* round);
@@ -67,7 +68,7 @@ private:
     CObject& m_object;
     Model const& m_model;
     Reading* m_outer = nullptr;
-    Round* m_round = nullptr;  ///< Of an item.
+    Round* m_round = nullptr;                     ///< Of an item.
     std::vector<Particle const*> m_soughtInVain;  ///< Of the outermost one.
     bool const m_ignoreNamespaces;
     bool const m_skipsUnknown;

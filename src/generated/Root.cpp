@@ -54,7 +54,9 @@ void AddForeign(CNamespaceAliasMap& aliases, std::set<wstring> const& namespaces
     for (wstring const& foreign : namespaces) {
         if (aliases.DoesNamespaceExist(foreign.c_str())) continue;
         // The two that have usual prefixes keep those.
-        wstring alias = foreign == kXsNamespace ? wstring(kXsPrefix) : foreign == kXsiNamespace ? wstring(u"xsi") : u"";
+        wstring alias = foreign == kXsNamespace    ? wstring(kXsPrefix)
+                        : foreign == kXsiNamespace ? wstring(u"xsi")
+                                                   : u"";
         while (alias.empty() || aliases.DoesAliasExist(alias.c_str()))
             alias = FromUtf8("ns" + std::to_string(++number));
         aliases.Add(alias.c_str(), foreign.c_str());

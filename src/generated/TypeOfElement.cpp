@@ -98,12 +98,14 @@ bool IsDerived(SimpleType const& type, SimpleType const& base, Set const& set) {
 }
 
 [[noreturn]] void Refuse(CXmlElement const& element, NamedType const& named) {
-    throw CBxValidationException(FormatString(u"The type [%s] of the element [%s] is none that may stand there",
-                                              named.literal.c_str(), element.GetLocalName().c_str()));
+    throw CBxValidationException(
+        FormatString(u"The type [%s] of the element [%s] is none that may stand there", named.literal.c_str(),
+                     element.GetLocalName().c_str()));
 }
 
 CObject* Make(CXmlElement const& element, Class const& type) {
-    if (type.GetFacts().make == nullptr || type.GetModel().IsAbstract()) ThrowAbstract(element, TypeClass(type));
+    if (type.GetFacts().make == nullptr || type.GetModel().IsAbstract())
+        ThrowAbstract(element, TypeClass(type));
     return type.GetFacts().make();
 }
 
@@ -118,9 +120,9 @@ void TestSimple(CXmlElement const& element, std::u16string_view text, SimpleType
     try {
         type.test(text);
     } catch (CBxException const& failure) {
-        throw CBxInvalidValueException(FormatString(u"Invalid Value for %s [%s]", element.GetLocalName().c_str(),
-                                                    wstring(text).c_str()),
-                                       failure);
+        throw CBxInvalidValueException(
+            FormatString(u"Invalid Value for %s [%s]", element.GetLocalName().c_str(), wstring(text).c_str()),
+            failure);
     }
 }
 
@@ -176,7 +178,8 @@ CSmartPtr<CObject> ReadNamed(CXmlElement& element, std::u16string_view text, Sim
     }
     if (named.type == nullptr) Refuse(element, named);
     Model const& model = named.type->GetModel();
-    if (!model.HasSimpleContent() || !IsDerived(*model.text->actions->type, declared, set)) Refuse(element, named);
+    if (!model.HasSimpleContent() || !IsDerived(*model.text->actions->type, declared, set))
+        Refuse(element, named);
     unsigned char ways = kExtension | named.derivation | WaysBetween(named.type, nullptr).value();
     if (model.text->actions->type != &declared) ways |= kRestriction;
     if ((ways & blocked) != 0) Refuse(element, named);

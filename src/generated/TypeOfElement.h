@@ -13,8 +13,8 @@ struct NamedType {
     wstring literal;
     wstring name;
     wstring namespaceUri;
-    Class const* type = nullptr;         ///< Of a complex type.
-    unsigned char derivation = 0;        ///< The ways of derivation between that type and the one of the class.
+    Class const* type = nullptr;   ///< Of a complex type.
+    unsigned char derivation = 0;  ///< The ways of derivation between that type and the one of the class.
     SimpleType const* simple = nullptr;  ///< Of a simple one. Both are null if the set has no such type.
 };
 

@@ -55,7 +55,8 @@ void SettleTypes(CElement& element, CXmlElement const& source, Set const& set) {
             wstring const uri = source.GetDocument()->LookupNamespaceFromAlias(prefix.c_str());
             char16_t const* const settled = uri.empty() ? nullptr : PrefixFor(uri, set);
             if (settled != nullptr)
-                const_cast<CAttribute*>(attribute)->SetValue((wstring(settled) + u':' + wstring(name)).c_str());
+                const_cast<CAttribute*>(attribute)->SetValue(
+                    (wstring(settled) + u':' + wstring(name)).c_str());
         }
     }
     CXmlElement const* child = source.GetFirstElement();

@@ -42,7 +42,8 @@ void WriteXsiType(CObject const& object, CXmlWriter* writer) {
 namespace {
 
 /// The type that was kept for a value, null if it is not the value that was read.
-KeptTypes::Kept const* FindKept(CObject const& object, KeptTypes::Place place, int index, wstring const& text) {
+KeptTypes::Kept const* FindKept(CObject const& object, KeptTypes::Place place, int index,
+                                wstring const& text) {
     KeptTypes const* const types = ObjectAccess::KeptIn(object);
     return types == nullptr ? nullptr : types->Find(place, index, text);
 }
@@ -60,7 +61,8 @@ void WriteKeptType(CObject const& object, CXmlWriter* writer, CXmlSerializationC
     PropertyModel const* const text = ObjectAccess::ModelOf(object).text;
     if (text == nullptr || text->Count(object) == 0) return;
     wstring room;
-    WriteKept(FindKept(object, text->place, 0, text->actions->text(text->Of(object), 0, room)), writer, context);
+    WriteKept(FindKept(object, text->place, 0, text->actions->text(text->Of(object), 0, room)), writer,
+              context);
 }
 
 void Writing::TypedContent(CObject const& typed, bool mayBeNil) {
@@ -78,7 +80,8 @@ void Writing::TypedContent(CObject const& typed, bool mayBeNil) {
 
 void Writing::Content(bool mayBeNil) {
     if (CObject const* const typed = m_model.XsiTyped(m_object)) return TypedContent(*typed, mayBeNil);
-    if (m_model.IsAbstract()) Refuse(u"The type of the element is abstract: XsiTyped must have the object of another");
+    if (m_model.IsAbstract())
+        Refuse(u"The type of the element is abstract: XsiTyped must have the object of another");
     if (m_model.IsNil(m_object)) return NilContent(mayBeNil);
     if (m_model.content != nullptr) Write(*m_model.content);
     for (PropertyModel const* const property : m_model.prohibited) {
@@ -147,7 +150,8 @@ void Writing::Attribute(AttributeModel const& attribute) {
     bool const isLeftOut = attribute.min == 0 && m_context.GetNoOptionalAttributeDefaultOutput() &&
                            actions.defaultText != nullptr && text == actions.defaultText();
     TestNarrowed(attribute.narrowed, attribute.name, text);
-    if (m_writer != nullptr && !isLeftOut) m_writer->WriteAttribute(attribute.name, attribute.namespaceUri, text);
+    if (m_writer != nullptr && !isLeftOut)
+        m_writer->WriteAttribute(attribute.name, attribute.namespaceUri, text);
 }
 
 void Writing::OpenAttributes(AttributeModel const& wildcard) {

@@ -109,9 +109,13 @@ struct ValueActions {
     }
 
     static constexpr Actions Table() {
-        Actions table{
-            IsValues<P> ? Actions::Shape::Values : Actions::Shape::Value, &Count, &Clear, &Copy, &Equals, &Read,
-            &Text};
+        Actions table{IsValues<P> ? Actions::Shape::Values : Actions::Shape::Value,
+                      &Count,
+                      &Clear,
+                      &Copy,
+                      &Equals,
+                      &Read,
+                      &Text};
         if constexpr (requires { P::kDefault; }) table.defaultText = &DefaultText;
         table.type = &SimpleTypeOf<S>::kType;
         return table;

@@ -49,8 +49,7 @@ std::string SourceEmitter::Row(ClassPlan const& owner, RowPlan const& row) {
         text += '(' + arguments + ')';
     }
     if (row.m_isNillable) text = "Bx::Nillable(" + text + ')';
-    if (row.m_narrowed)
-        text = "Bx::Narrowed<" + m_references.Type(*row.m_narrowed) + ">(" + text + ')';
+    if (row.m_narrowed) text = "Bx::Narrowed<" + m_references.Type(*row.m_narrowed) + ">(" + text + ')';
     if (row.m_blocked != 0) text = "Bx::Blocking(" + text + ", " + WaysText(row.m_blocked) + ')';
     return std::string(4 + 4 * static_cast<std::size_t>(row.m_depth), ' ') + text + ",\n";
 }
@@ -79,8 +78,9 @@ std::string SourceEmitter::SetOfClasses() {
                      "::kClass, " + WaysText(plan.m_derivation) + "},\n";
     std::string simples;
     for (SimpleNamePlan const& plan : m_plan.m_simpleNames)
-        simples += "    Bx::Simple<" + m_references.Type(plan.m_type) + ", " + m_references.Type(plan.m_base) + ">(" +
-                   TextLiteral(plan.m_name) + ", " + m_references.Namespace(plan.m_namespace) + "),\n";
+        simples += "    Bx::Simple<" + m_references.Type(plan.m_type) + ", " +
+                   m_references.Type(plan.m_base) + ">(" + TextLiteral(plan.m_name) + ", " +
+                   m_references.Namespace(plan.m_namespace) + "),\n";
     std::string aliases;
     for (NamespacePlan const& plan : m_plan.m_namespaces)
         if (!plan.m_prefix.empty())

@@ -277,9 +277,10 @@ void ClassMapper::AddNil(ClassFacts& facts) {
 
 void ClassMapper::AddAnything(ElementDeclaration const& element, ClassFacts& facts) {
     if (element.m_value) {
-        m_mapping.m_diagnostics.Warning(element.m_place, "default",
-                                        "the default or fixed value of " + Quoted(element.m_name.m_local) +
-                                            " is not used, since the element is of any type; set it in your program");
+        m_mapping.m_diagnostics.Warning(
+            element.m_place, "default",
+            "the default or fixed value of " + Quoted(element.m_name.m_local) +
+                " is not used, since the element is of any type; set it in your program");
     }
     PropertyPlan elements;
     elements.m_name = facts.m_names.Take("Any");

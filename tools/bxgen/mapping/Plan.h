@@ -57,7 +57,7 @@ struct RowPlan {
     Symbol const* m_class = nullptr;  ///< a class as (further) argument of the template
     std::vector<RowArgument> m_arguments;
     bool m_isNillable = false;
-    int m_blocked = 0;                           ///< ways of derivation, as bits
+    int m_blocked = 0;                         ///< ways of derivation, as bits
     std::optional<TypeExpression> m_narrowed;  ///< a simple type that its values are tested against too
 };
 

@@ -96,8 +96,9 @@ TypeExpression const& SimpleTypeMapper::Expression(SimpleType const& type) {
 void SimpleTypeMapper::AddName(SimpleType const& type) {
     Type const* base = type.m_base;
     while (base->IsAnonymous() || base == type.m_redefined) base = base->m_base;
-    m_mapping.m_plan.m_simpleNames.push_back({std::string(type.m_name.m_local), std::string(type.m_name.m_namespace),
-                                              Expression(type), Expression(*base->AsSimple())});
+    m_mapping.m_plan.m_simpleNames.push_back({std::string(type.m_name.m_local),
+                                              std::string(type.m_name.m_namespace), Expression(type),
+                                              Expression(*base->AsSimple())});
 }
 
 TypeExpression SimpleTypeMapper::Make(SimpleType const& type) {

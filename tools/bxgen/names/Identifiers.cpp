@@ -198,8 +198,8 @@ NameScope const& NamesOfObjects() {
 
 NameScope const& NamesOfNamespaces() {
     static NameScope const s_names =
-        MakeScope({"Bx", "Xs", "BxXmlLib5", "kSet", "kTypes", "kAliases", "kTypeNames", "kSimpleTypes", "kValues", "kFacets",
-                   "kTexts", "CObject", "CGroup"});
+        MakeScope({"Bx", "Xs", "BxXmlLib5", "kSet", "kTypes", "kAliases", "kTypeNames", "kSimpleTypes",
+                   "kValues", "kFacets", "kTexts", "CObject", "CGroup"});
     return s_names;
 }
 
