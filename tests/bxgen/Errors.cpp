@@ -179,15 +179,18 @@ TEST(Errors, ComplexTypes) {
 
 TEST(Errors, Limits) {
     std::string chain = "<xs:complexType name='T0'/>", nested, doubled = "<xs:group name='g0'><xs:sequence><xs:any/></xs:sequence></xs:group>";
+    std::string twice = "<xs:attributeGroup name='a0'><xs:attribute name='x'/></xs:attributeGroup>";
     for (int i = 1; i <= 1100; ++i) {
         std::string const n = std::to_string(i), last = std::to_string(i - 1);
         chain += "<xs:complexType name='T" + n + "'><xs:complexContent><xs:extension base='t:T" + last + "'/></xs:complexContent></xs:complexType>";
         nested += "<xs:sequence>";
+        if (i < 40) twice += "<xs:attributeGroup name='a" + n + "'><xs:attributeGroup ref='t:a" + last + "'/><xs:attributeGroup ref='t:a" + last + "'/></xs:attributeGroup>";
         if (i < 40) doubled += "<xs:group name='g" + n + "'><xs:sequence><xs:group ref='t:g" + last + "'/><xs:group ref='t:g" + last + "'/></xs:sequence></xs:group>";
     }
     std::string const longName(100'000, 'n');
     Check({
         {chain, "stands at the end of a chain of more than 1024 components", "limit"},
+        {twice, "the attribute 'x' comes twice", "duplicate"},
         {doubled, "more than 100000 particles in the content", "limit"},
         {Complex(nested), "more than 1024 elements within each other", "xml"},
         {"<xs:element name='e' type='t:" + longName + "'/>", "there is no type '" + std::string(100, 'n') + "...'", "unresolved"},

@@ -5,6 +5,7 @@
 #include <unordered_set>
 
 #include "schema/ComplexTypes.h"
+#include "schema/Limits.h"
 #include "schema/SimpleTypes.h"
 #include "schema/ValueChecker.h"
 #include "schema/Wildcards.h"
@@ -122,6 +123,7 @@ void FinishAttributes(SchemaStore& store, std::vector<AttributeGroup const*> con
     for (AttributeDeclaration& attribute : store.All<AttributeDeclaration>())
         FinishAttribute(checker, attribute);
     for (AttributeUse& use : store.All<AttributeUse>()) FinishUse(checker, use);
+    std::size_t count = 0;
     for (AttributeGroup const* const component : order) {
         AttributeGroup& group = SchemaStore::Mutable(*component);
         auto collected = Collect(store, group, group.m_items, group.m_ownWildcard, diagnostics);
@@ -130,6 +132,11 @@ void FinishAttributes(SchemaStore& store, std::vector<AttributeGroup const*> con
                       [](AttributeUse const* use) { return use->m_use == Use::kProhibited; });
         group.m_attributes = std::move(collected.m_uses);
         group.m_wildcard = collected.m_wildcard;
+        count += group.m_attributes.size();
+        if (count <= kMaxAttributeUses) continue;
+        return diagnostics.Error(group.m_place, "limit",
+                                 "more than " + std::to_string(kMaxAttributeUses) +
+                                     " attributes in all attribute groups together");
     }
 }
 
@@ -151,9 +158,10 @@ CollectedAttributes Collect(SchemaStore& store, Component const& owner,
     collected.m_wildcard = ownWildcard;
     std::unordered_set<QName> names;
     auto const add = [&](AttributeUse const* use, Component const& item) {
-        bool const isNew = use->m_use == Use::kProhibited || names.insert(use->m_declaration->m_name).second;
-        collected.m_uses.push_back(use);
-        if (isNew) return;
+        if (use->m_use == Use::kProhibited || names.insert(use->m_declaration->m_name).second) {
+            collected.m_uses.push_back(use);
+            return;
+        }
         diagnostics.Error(item.m_place, "duplicate",
                           "the attribute " + Quoted(use->m_declaration->m_name) + " comes twice");
     };

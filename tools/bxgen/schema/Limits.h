@@ -11,7 +11,7 @@ inline constexpr std::size_t kMaxDepth = 1024;
 inline constexpr std::size_t kMaxParticles = 100'000;
 /// Members of a union, those of unions within counted each time.
 inline constexpr std::size_t kMaxMembers = 10'000;
-/// Attribute uses of all types together, inherited ones counted each time.
+/// Attribute uses of all types together, inherited ones counted each time; as many of all attribute groups.
 inline constexpr std::size_t kMaxAttributeUses = 20'000'000;
 /// Particles of all content models together.
 inline constexpr std::size_t kMaxAllParticles = 20'000'000;
