@@ -46,13 +46,17 @@ CT : Bx::CObject
 )"},
         {"<xs:complexType name='T'><xs:sequence><xs:element name='a' type='xs:int' default='1'/>"
          "<xs:element name='b' type='xs:int' fixed='2' minOccurs='0'/>"
-         "<xs:element name='c' type='xs:int' default='3' maxOccurs='unbounded'/></xs:sequence></xs:complexType>", R"(
+         "<xs:element name='c' type='xs:int' default='3' maxOccurs='unbounded'/>"
+         "<xs:element name='d' type='xs:int' fixed='3' maxOccurs='2'/>"
+         "<xs:element name='e' type='xs:int' default='3' nillable='true'/></xs:sequence></xs:complexType>", R"(
 CT : Bx::CObject
   Bx::WithDefault<Xs::int_, "1"> A
   Bx::Fixed<Xs::int_, "2"> B
-  Bx::Values<Xs::int_> C  // at least 1
-  Sequence Element(A a 1 1) Element(B b) Element(C c 1 *) End
-a.xsd:1:235: warning: the default or fixed value of 'c' is not used, since the element is repeated, may be nil or has others elsewhere; set it in your program [default]
+  Bx::ValuesWithDefault<Xs::int_, "3"> C  // at least 1
+  Bx::FixedValues<Xs::int_, "3"> D  // 1 to 2
+  Bx::Object<Bx::CNillable<Xs::int_>> E
+  Sequence Element(A a 1 1) Element(B b) Element(C c 1 *) Element(D d 1 2) Element(E e 1 1 nillable) End
+a.xsd:1:365: warning: the default or fixed value of 'e' is not used, since the element may be nil or has others elsewhere; set it in your program [default]
 )"},
         // Forms and namespaces
         {"<xs:complexType name='T'><xs:sequence><xs:element name='a' type='xs:int'/><xs:element ref='t:b'/>"
@@ -460,6 +464,29 @@ PlainType = Xs::long_
 Type : Bx::Restriction<Xs::float_> minInclusive=INF
 LenType : Bx::Restriction<Xs::string> maxLength=2147483647
 )"},
+        // Integers that fit into those of C++
+        {"<xs:simpleType name='a'><xs:restriction base='xs:nonNegativeInteger'><xs:maxInclusive value='100'/>"
+         "</xs:restriction></xs:simpleType><xs:simpleType name='b'><xs:restriction base='xs:integer'>"
+         "<xs:pattern value='.*'/><xs:minExclusive value='-3000000000'/></xs:restriction></xs:simpleType>"
+         "<xs:simpleType name='c'><xs:restriction base='t:b'><xs:maxInclusive value='0'/></xs:restriction></xs:simpleType>"
+         "<xs:simpleType name='d'><xs:restriction base='t:c'><xs:maxExclusive value='-5'/></xs:restriction></xs:simpleType>"
+         "<xs:simpleType name='f'><xs:restriction base='xs:integer'><xs:totalDigits value='9'/></xs:restriction></xs:simpleType>"
+         "<xs:simpleType name='g'><xs:restriction base='xs:positiveInteger'><xs:maxInclusive value='18446744073709551615'/>"
+         "</xs:restriction></xs:simpleType><xs:simpleType name='h'><xs:restriction base='xs:integer'>"
+         "<xs:enumeration value='1'/><xs:enumeration value='+02'/></xs:restriction></xs:simpleType>"
+         "<xs:simpleType name='i'><xs:restriction base='xs:short'><xs:minInclusive value='0'/></xs:restriction></xs:simpleType>"
+         "<xs:simpleType name='j'><xs:restriction base='xs:positiveInteger'><xs:maxInclusive value='18446744073709551616'/>"
+         "</xs:restriction></xs:simpleType>", R"(
+AType : Bx::Restriction<Xs::int_> minInclusive=0 maxInclusive=100
+BType : Bx::Restriction<Xs::integer> pattern=[^\n\r]* minExclusive=-3000000000
+CType : Bx::Restriction<Xs::long_> pattern=[^\n\r]* maxInclusive=0 minExclusive=-3000000000
+DType : Bx::Restriction<CType> maxExclusive=-5
+FType : Bx::Restriction<Xs::int_> totalDigits=9
+GType : Bx::Restriction<Xs::unsignedLong> minInclusive=1 maxInclusive=18446744073709551615
+HType : Bx::Restriction<Xs::int_> '1' '+02'
+IType : Bx::Restriction<Xs::short_> minInclusive=0
+JType : Bx::Restriction<Xs::positiveInteger> maxInclusive=18446744073709551616
+)"},
         {"<xs:simpleType name='fixType'><xs:restriction base='xs:token'><xs:enumeration value='none'/>"
          "<xs:enumeration value=' 2d '/><xs:enumeration value='a'/><xs:enumeration value='A'/>"
          "<xs:enumeration value='+'/><xs:enumeration value=''/><xs:enumeration value='none'/></xs:restriction>"
@@ -473,10 +500,13 @@ ShortType : Bx::Restriction<FixType> 'a' 'A' '+' ''
         {"<xs:simpleType name='e'><xs:restriction base='xs:string'><xs:enumeration value=' a'/></xs:restriction>"
          "</xs:simpleType><xs:simpleType name='n'><xs:restriction base='xs:decimal'><xs:enumeration value=' 1.0 '/>"
          "<xs:enumeration value='2'/></xs:restriction></xs:simpleType><xs:simpleType name='q'>"
-         "<xs:restriction base='xs:QName'><xs:length value='3'/></xs:restriction></xs:simpleType>", R"(
+         "<xs:restriction base='xs:QName'><xs:length value='3'/></xs:restriction></xs:simpleType>"
+         "<xs:simpleType name='r'><xs:restriction base='xs:QName'><xs:enumeration value='t:a.b'/>"
+         "<xs:enumeration value='c'/></xs:restriction></xs:simpleType>", R"(
 EType : Bx::Restriction<Xs::string> ' a'
 NType : Bx::Restriction<Xs::decimal> '1.0' '2'
 QType = Xs::QName
+RType : Bx::Restriction<Xs::QName> pattern=(?:[^:]*:)?(?:a\.b|c)
 )"},
         {"<xs:simpleType name='p'><xs:restriction base='xs:string'><xs:pattern value='\\d+'/><xs:pattern value='[a-z]'/>"
          "</xs:restriction></xs:simpleType><xs:simpleType name='w'><xs:restriction base='t:p'>"

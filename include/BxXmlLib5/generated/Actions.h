@@ -85,10 +85,13 @@ struct ValueActions {
     }
     static wstring const& Text(void const* property, [[maybe_unused]] int index, wstring& room) {
         if constexpr (!std::is_same_v<typename S::Value, wstring>) {
+            wstring const* literal = nullptr;
             if constexpr (IsValues<P>) {
-                return room = TextOf<S>(Of(property)[index]);
+                literal = Of(property).GetLiteral(index);
+                return literal != nullptr ? *literal : room = TextOf<S>(Of(property)[index]);
             } else {
-                return room = TextOf<S>(*Of(property));
+                literal = Of(property).GetLiteral();
+                return literal != nullptr ? *literal : room = TextOf<S>(*Of(property));
             }
         } else if constexpr (IsValues<P>) {
             return Of(property)[index];

@@ -369,14 +369,14 @@ void ContentMapper::MakeValue(Draft const& draft, SimpleType const& simple, bool
                (!other || (other->m_value == element.m_value->m_value &&
                            other->m_isFixed == element.m_value->m_isFixed));
     });
-    bool const isConstrained = element.m_value && isAlike && !isRepeated && !property.m_isNillable;
+    bool const isConstrained = element.m_value && isAlike && !property.m_isNillable;
     bool const isLost = std::ranges::any_of(
         draft.m_nodes, [](ContentNode const* node) { return node->Element()->m_value.has_value(); });
     if (isLost && !isConstrained) {
         m_classes.m_mapping.m_diagnostics.Warning(
             draft.m_nodes[0]->m_particle->m_place, "default",
             "the default or fixed value of " + Quoted(element.m_name.m_local) +
-                " is not used, since the element is repeated, may be nil or has others elsewhere; set it in your "
+                " is not used, since the element may be nil or has others elsewhere; set it in your "
                 "program");
     }
     if (property.m_isNillable) {
@@ -389,13 +389,15 @@ void ContentMapper::MakeValue(Draft const& draft, SimpleType const& simple, bool
     }
     property.m_shape = isRepeated ? Shape::kValues : Shape::kValue;
     property.m_isConstrained = isConstrained;
-    if (isRepeated) {
-        type = {"Bx::Values", nullptr, {value}, {}};
-    } else if (isConstrained) {
-        type = {element.m_value->m_isFixed ? "Bx::Fixed" : "Bx::WithDefault",
+    if (isConstrained) {
+        std::string const constraint = element.m_value->m_isFixed ? "Fixed" : "WithDefault";
+        std::string const repeated = element.m_value->m_isFixed ? "FixedValues" : "ValuesWithDefault";
+        type = {"Bx::" + (isRepeated ? repeated : constraint),
                 nullptr,
                 {value},
                 std::string(element.m_value->m_value)};
+    } else if (isRepeated) {
+        type = {"Bx::Values", nullptr, {value}, {}};
     } else {
         property.m_isRequired = draft.m_isMandatory;
         type = {property.m_isRequired ? "Bx::Required" : "Bx::Optional", nullptr, {value}, {}};
