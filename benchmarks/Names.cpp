@@ -1,4 +1,4 @@
-// What the caches of the table of names save: the names of a document in its order, with them and past them.
+// What the cache of the table of names saves: the names of a document in its order, with it and past it.
 
 #include <benchmark/benchmark.h>
 
@@ -38,26 +38,29 @@ template <class Intern>
 void InternAll(benchmark::State& state, Intern intern) {
     std::vector<Name> const names = NamesOfADocument();
     CNameTable table;
+    std::vector<wstring const*> namespaces;  // of the names, which a parser has in the table already
+    for (Name const& name : names) namespaces.push_back(&table.InternText(name.m_namespaceUri));
     for (auto _ : state) {
-        for (Name const& name : names) benchmark::DoNotOptimize(&intern(table, name));
+        for (std::size_t i = 0; i < names.size(); ++i)
+            benchmark::DoNotOptimize(&intern(table, *namespaces[i], names[i].m_localName));
     }
 }
 
 void InternNames(benchmark::State& state) {
-    InternAll(state, [](CNameTable& table, Name const& name) -> CXmlName const& {
-        return table.Intern(name.m_namespaceUri, name.m_localName);
+    InternAll(state, [](CNameTable& table, wstring const& ns, wstring const& localName) -> CXmlName const& {
+        return table.Intern(ns, localName);
     });
 }
 
-void InternNamesPastTheCaches(benchmark::State& state) {
-    InternAll(state, [](CNameTable& table, Name const& name) -> CXmlName const& {
-        return table.Combine(table.InternText(name.m_namespaceUri), table.InternText(name.m_localName));
+void InternNamesPastTheCache(benchmark::State& state) {
+    InternAll(state, [](CNameTable& table, wstring const& ns, wstring const& localName) -> CXmlName const& {
+        return table.Combine(ns, table.InternText(localName));
     });
 }
 
 BENCHMARK(InternNames)->Unit(benchmark::kMillisecond)->Repetitions(5);
-BENCHMARK(InternNamesPastTheCaches)->Unit(benchmark::kMillisecond)->Repetitions(5);
+BENCHMARK(InternNamesPastTheCache)->Unit(benchmark::kMillisecond)->Repetitions(5);
 
-Aims const s_aims({{"InternNames", "InternNamesPastTheCaches", 0.5}});
+Aims const s_aims({{"InternNames", "InternNamesPastTheCache", 0.5}});
 
 }  // namespace

@@ -3,7 +3,7 @@
 # besides. Packages are those of Debian 12.
 source "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 
-packages=(g++ cmake ninja-build libexpat1-dev zlib1g-dev libpcre2-dev libgtest-dev libgmock-dev libbenchmark-dev)
+packages=(g++ cmake ninja-build libexpat1-dev zlib1g-dev libpcre2-dev libgtest-dev libgmock-dev libbenchmark-dev time)
 tools=(g++ cmake ninja)
 if [[ ${1:-} == --all ]]; then
     packages+=(git clang clang-format clang-tidy libclang-rt-14-dev)

@@ -168,10 +168,12 @@ constexpr Bx::Row kCGpxRows[] = {
 
 }  // namespace
 
-constinit Bx::Class const CGpxType::kClass = Bx::Describe<CGpxType>(kSet, u"gpxType", kNamespace, kCGpxTypeRows);
+constinit Bx::Class const CGpxType::kClass =
+    Bx::Describe<CGpxType>(kSet, u"gpxType", kNamespace, kCGpxTypeRows);
 Bx::Class const& CGpxType::Describe() const { return kClass; }
 
-constinit Bx::Class const CMetadata::kClass = Bx::Describe<CMetadata>(kSet, u"metadataType", kNamespace, kCMetadataRows);
+constinit Bx::Class const CMetadata::kClass =
+    Bx::Describe<CMetadata>(kSet, u"metadataType", kNamespace, kCMetadataRows);
 Bx::Class const& CMetadata::Describe() const { return kClass; }
 
 constinit Bx::Class const CWpt::kClass = Bx::Describe<CWpt>(kSet, u"wptType", kNamespace, kCWptRows);
@@ -183,25 +185,30 @@ Bx::Class const& CRte::Describe() const { return kClass; }
 constinit Bx::Class const CTrk::kClass = Bx::Describe<CTrk>(kSet, u"trkType", kNamespace, kCTrkRows);
 Bx::Class const& CTrk::Describe() const { return kClass; }
 
-constinit Bx::Class const CTrkseg::kClass = Bx::Describe<CTrkseg>(kSet, u"trksegType", kNamespace, kCTrksegRows);
+constinit Bx::Class const CTrkseg::kClass =
+    Bx::Describe<CTrkseg>(kSet, u"trksegType", kNamespace, kCTrksegRows);
 Bx::Class const& CTrkseg::Describe() const { return kClass; }
 
 constinit Bx::Class const CLink::kClass = Bx::Describe<CLink>(kSet, u"linkType", kNamespace, kCLinkRows);
 Bx::Class const& CLink::Describe() const { return kClass; }
 
-constinit Bx::Class const CPerson::kClass = Bx::Describe<CPerson>(kSet, u"personType", kNamespace, kCPersonRows);
+constinit Bx::Class const CPerson::kClass =
+    Bx::Describe<CPerson>(kSet, u"personType", kNamespace, kCPersonRows);
 Bx::Class const& CPerson::Describe() const { return kClass; }
 
 constinit Bx::Class const CEmail::kClass = Bx::Describe<CEmail>(kSet, u"emailType", kNamespace, kCEmailRows);
 Bx::Class const& CEmail::Describe() const { return kClass; }
 
-constinit Bx::Class const CCopyright::kClass = Bx::Describe<CCopyright>(kSet, u"copyrightType", kNamespace, kCCopyrightRows);
+constinit Bx::Class const CCopyright::kClass =
+    Bx::Describe<CCopyright>(kSet, u"copyrightType", kNamespace, kCCopyrightRows);
 Bx::Class const& CCopyright::Describe() const { return kClass; }
 
-constinit Bx::Class const CBounds::kClass = Bx::Describe<CBounds>(kSet, u"boundsType", kNamespace, kCBoundsRows);
+constinit Bx::Class const CBounds::kClass =
+    Bx::Describe<CBounds>(kSet, u"boundsType", kNamespace, kCBoundsRows);
 Bx::Class const& CBounds::Describe() const { return kClass; }
 
-constinit Bx::Class const CExtensions::kClass = Bx::Describe<CExtensions>(kSet, u"extensionsType", kNamespace, kCExtensionsRows);
+constinit Bx::Class const CExtensions::kClass =
+    Bx::Describe<CExtensions>(kSet, u"extensionsType", kNamespace, kCExtensionsRows);
 Bx::Class const& CExtensions::Describe() const { return kClass; }
 
 constinit Bx::Class const CGpx::kClass = Bx::Describe<CGpx>(kSet, u"gpx", kNamespace, kCGpxRows);

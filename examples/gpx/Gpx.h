@@ -33,23 +33,11 @@ struct DegreesType : Bx::Restriction<Xs::decimal> {
 };
 
 /// How a position was found. (fixType, gpx.xsd:199)
-enum class Fix {
-    None,
-    N2d,
-    N3d,
-    Dgps,
-    Pps,
-};
+enum class Fix { None, N2d, N3d, Dgps, Pps };
 
 /// The type of Fix in documents.
 struct FixType : Bx::Enumeration<Fix> {
-    static constexpr char16_t const* kTexts[] = {
-        u"none",
-        u"2d",
-        u"3d",
-        u"dgps",
-        u"pps",
-    };
+    static constexpr char16_t const* kTexts[] = {u"none", u"2d", u"3d", u"dgps", u"pps"};
 };
 
 /// The number of a station of differential GPS. (dgpsStationType, gpx.xsd:210)
@@ -60,15 +48,10 @@ struct DgpsStationType : Bx::Restriction<Xs::unsignedShort> {
 /// Waypoints, routes and tracks. (gpxType, gpx.xsd:12)
 class CGpxType : public Bx::CObject {
 public:
-    /// What a document tells about itself.
     Bx::Object<CMetadata> Metadata;
-    /// A position: a waypoint, or a point of a route or a track.
     Bx::Collection<CWpt> Wpt;
-    /// A route: points that lead to a destination.
     Bx::Collection<CRte> Rte;
-    /// A track: the points of a way that was taken.
     Bx::Collection<CTrk> Trk;
-    /// Elements of other namespaces.
     Bx::Object<CExtensions> Extensions;
     Bx::Fixed<Xs::string, u"1.1"> Version;
     /// The program that made the document.
@@ -85,18 +68,13 @@ class CMetadata : public Bx::CObject {
 public:
     Bx::Optional<Xs::string> Name;
     Bx::Optional<Xs::string> Desc;
-    /// A person or an organisation.
     Bx::Object<CPerson> Author;
-    /// Who has the rights, and what others may do.
     Bx::Object<CCopyright> Copyright;
-    /// A link to a resource on the web.
     Bx::Collection<CLink> Link;
     Bx::Optional<Xs::dateTime> Time;
     /// Divided by commas.
     Bx::Optional<Xs::string> Keywords;
-    /// The area that a document lies in.
     Bx::Object<CBounds> Bounds;
-    /// Elements of other namespaces.
     Bx::Object<CExtensions> Extensions;
 
     static Bx::Class const kClass;
@@ -119,12 +97,10 @@ public:
     Bx::Optional<Xs::string> Cmt;
     Bx::Optional<Xs::string> Desc;
     Bx::Optional<Xs::string> Src;
-    /// A link to a resource on the web.
     Bx::Collection<CLink> Link;
     /// The name of its symbol on the device.
     Bx::Optional<Xs::string> Sym;
     Bx::Optional<Xs::string> Type;
-    /// How a position was found.
     Bx::Optional<FixType> Fix;
     /// The number of satellites.
     Bx::Optional<Xs::nonNegativeInteger> Sat;
@@ -133,13 +109,9 @@ public:
     Bx::Optional<Xs::decimal> Pdop;
     /// In seconds.
     Bx::Optional<Xs::decimal> Ageofdgpsdata;
-    /// The number of a station of differential GPS.
     Bx::Optional<DgpsStationType> Dgpsid;
-    /// Elements of other namespaces.
     Bx::Object<CExtensions> Extensions;
-    /// In degrees of WGS 84.
     Bx::Required<LatitudeType> Lat;
-    /// In degrees of WGS 84.
     Bx::Required<LongitudeType> Lon;
 
     static Bx::Class const kClass;
@@ -155,13 +127,10 @@ public:
     Bx::Optional<Xs::string> Cmt;
     Bx::Optional<Xs::string> Desc;
     Bx::Optional<Xs::string> Src;
-    /// A link to a resource on the web.
     Bx::Collection<CLink> Link;
     Bx::Optional<Xs::nonNegativeInteger> Number;
     Bx::Optional<Xs::string> Type;
-    /// Elements of other namespaces.
     Bx::Object<CExtensions> Extensions;
-    /// A position: a waypoint, or a point of a route or a track.
     Bx::Collection<CWpt> Rtept;
 
     static Bx::Class const kClass;
@@ -177,13 +146,10 @@ public:
     Bx::Optional<Xs::string> Cmt;
     Bx::Optional<Xs::string> Desc;
     Bx::Optional<Xs::string> Src;
-    /// A link to a resource on the web.
     Bx::Collection<CLink> Link;
     Bx::Optional<Xs::nonNegativeInteger> Number;
     Bx::Optional<Xs::string> Type;
-    /// Elements of other namespaces.
     Bx::Object<CExtensions> Extensions;
-    /// A part of a track without a gap.
     Bx::Collection<CTrkseg> Trkseg;
 
     static Bx::Class const kClass;
@@ -195,9 +161,7 @@ protected:
 /// A part of a track without a gap. (trksegType, gpx.xsd:103)
 class CTrkseg : public Bx::CObject {
 public:
-    /// A position: a waypoint, or a point of a route or a track.
     Bx::Collection<CWpt> Trkpt;
-    /// Elements of other namespaces.
     Bx::Object<CExtensions> Extensions;
 
     static Bx::Class const kClass;
@@ -224,9 +188,7 @@ protected:
 class CPerson : public Bx::CObject {
 public:
     Bx::Optional<Xs::string> Name;
-    /// An address, in two parts as they stand around its sign.
     Bx::Object<CEmail> Email;
-    /// A link to a resource on the web.
     Bx::Object<CLink> Link;
 
     static Bx::Class const kClass;
@@ -263,13 +225,9 @@ protected:
 /// The area that a document lies in. (boundsType, gpx.xsd:160)
 class CBounds : public Bx::CObject {
 public:
-    /// In degrees of WGS 84.
     Bx::Required<LatitudeType> Minlat;
-    /// In degrees of WGS 84.
     Bx::Required<LongitudeType> Minlon;
-    /// In degrees of WGS 84.
     Bx::Required<LatitudeType> Maxlat;
-    /// In degrees of WGS 84.
     Bx::Required<LongitudeType> Maxlon;
 
     static Bx::Class const kClass;

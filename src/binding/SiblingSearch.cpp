@@ -23,7 +23,7 @@ CSiblingSearches::~CSiblingSearches() {
     t_searches = m_outer;
 }
 
-std::size_t CSiblingSearches::PlaceOf(CXmlElement const* child) {
+std::optional<std::size_t> CSiblingSearches::PlaceOf(CXmlElement const* child) {
     if (m_places.empty()) {
         CXmlElement const* sibling = m_element->GetFirstElement();
         for (; sibling != nullptr; sibling = sibling->GetNextSiblingElement()) {
@@ -31,7 +31,7 @@ std::size_t CSiblingSearches::PlaceOf(CXmlElement const* child) {
         }
     }
     auto const place = m_places.find(child);
-    return place == m_places.end() ? m_places.size() : place->second;
+    return place == m_places.end() ? std::nullopt : std::optional(place->second);
 }
 
 CXmlElement* CSiblingSearch::After(CXmlElement* child) {
@@ -42,8 +42,9 @@ CXmlElement* CSiblingSearch::After(CXmlElement* child) {
     m_last = child;
     CXmlElement* const next = child->GetNextSiblingElement();
     if (next == nullptr || m_known == nullptr || m_known->empty()) return next;
-    std::size_t const place = t_searches->PlaceOf(next);
-    auto const behind = m_known->upper_bound(place);
+    auto const place = t_searches->PlaceOf(next);
+    if (!place) return next;
+    auto const behind = m_known->upper_bound(*place);
     if (behind == m_known->begin()) return next;
     CSiblingSearches::Stretch const& stretch = std::prev(behind)->second;
     return place <= stretch.m_lastPlace ? stretch.m_last : next;
@@ -52,11 +53,12 @@ CXmlElement* CSiblingSearch::After(CXmlElement* child) {
 void CSiblingSearch::End(CXmlElement* found) {
     if (m_known == nullptr) return;
     CXmlElement* const last = found == nullptr ? m_last : found;
-    std::size_t const firstPlace = t_searches->PlaceOf(m_first), lastPlace = t_searches->PlaceOf(last);
-    auto const behind = m_known->upper_bound(firstPlace);
-    if (behind != m_known->begin() && std::prev(behind)->second.m_lastPlace >= firstPlace) return;
-    m_known->erase(behind, m_known->upper_bound(lastPlace));
-    m_known->emplace(firstPlace, CSiblingSearches::Stretch{lastPlace, last});
+    auto const firstPlace = t_searches->PlaceOf(m_first), lastPlace = t_searches->PlaceOf(last);
+    if (!firstPlace || lastPlace < firstPlace) return;
+    auto const behind = m_known->upper_bound(*firstPlace);
+    if (behind != m_known->begin() && std::prev(behind)->second.m_lastPlace >= *firstPlace) return;
+    m_known->erase(behind, m_known->upper_bound(*lastPlace));
+    m_known->emplace(*firstPlace, CSiblingSearches::Stretch{*lastPlace, last});
 }
 
 }  // namespace BxXmlLib5Data

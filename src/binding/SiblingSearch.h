@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <map>
+#include <optional>
 #include <unordered_map>
 
 #include "BxXmlLib5/binding/CElementInfo.h"
@@ -31,8 +32,9 @@ private:
     };
     using Stretches = std::map<std::size_t, Stretch>;  // by the place of the first child
 
-    /// The place of a child among its siblings; their number for an element that is none.
-    std::size_t PlaceOf(CXmlElement const* child);
+    /// The place of a child among its siblings. An element from elsewhere has none: a class may read another
+    /// one's children as its own.
+    std::optional<std::size_t> PlaceOf(CXmlElement const* child);
 
     CSiblingSearches* const m_outer;
     CXmlElement const* const m_element;

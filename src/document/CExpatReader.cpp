@@ -185,7 +185,8 @@ void CExpatReader::ParseAs(char16_t const* encoding, std::span<unsigned char con
 CExpatReader::Parser CExpatReader::MakeParser(char16_t const* encoding) {
     Parser parser = NewParser(encoding, m_schemaType);
     m_parser = parser.get();
-    m_lastNamespace = {};
+    m_lastNamespace = nullptr;
+    m_noNamespace = &m_builder.Names().InternText({});
     m_nestingEntities = 0;
     m_defaultedUnits = 0;
     XML_SetUserData(m_parser, this);
@@ -229,17 +230,19 @@ bool CExpatReader::ParseInSlices(std::span<unsigned char const> input) {
 }
 
 CXmlName const& CExpatReader::SplitName(std::u16string_view expanded) {
+    CNameTable& names = m_builder.Names();
     // A name is mostly in the namespace of the one before it, which is compared faster than the separator is
     // found.
-    std::size_t separator = m_lastNamespace.size();
-    bool const sameNamespace = separator < expanded.size() && expanded[separator] == kSeparator &&
-                               Equal(expanded.substr(0, separator), m_lastNamespace);
-    if (!sameNamespace) separator = expanded.find(kSeparator);
-    if (separator == expanded.npos) return m_builder.Names().Intern({}, expanded);
-    CXmlName const& name =
-        m_builder.Names().Intern(expanded.substr(0, separator), expanded.substr(separator + 1));
-    m_lastNamespace = name.m_namespaceUri;
-    return name;
+    if (m_lastNamespace != nullptr) {
+        std::size_t const size = m_lastNamespace->size();
+        if (size < expanded.size() && expanded[size] == kSeparator &&
+            Equal(expanded.substr(0, size), *m_lastNamespace))
+            return names.Intern(*m_lastNamespace, expanded.substr(size + 1));
+    }
+    std::size_t const separator = expanded.find(kSeparator);
+    if (separator == expanded.npos) return names.Intern(*m_noNamespace, expanded);
+    m_lastNamespace = &names.InternText(expanded.substr(0, separator));
+    return names.Intern(*m_lastNamespace, expanded.substr(separator + 1));
 }
 
 void CExpatReader::StartElement(char16_t const* name, char16_t const* const* attributes) {

@@ -55,7 +55,8 @@ private:
     CDocumentBuilder& m_builder;
     SchemaType m_schemaType;
     XML_ParserStruct* m_parser = nullptr;
-    std::u16string_view m_lastNamespace;
+    wstring const* m_lastNamespace = nullptr;
+    wstring const* m_noNamespace = nullptr;
     int m_nestingEntities = 0;
     int m_mostNestingEntities = 0;
     std::size_t m_defaultedUnits = 0;

@@ -1,5 +1,8 @@
 #include "document/CNameTable.h"
 
+#include "platform/KeyedHash.h"
+#include "platform/TextView.h"
+
 namespace BxXmlLib5 {
 
 namespace {
@@ -9,40 +12,52 @@ std::size_t Slot(std::u16string_view name) {
     return name.empty() ? 0 : name.size() + 3u * name.front() + 7u * name.back();
 }
 
+std::uint64_t HashOf(std::u16string_view text) {
+    return KeyedHash(text.data(), text.size() * sizeof(char16_t));
+}
+
 }  // namespace
 
 wstring const& CNameTable::InternText(std::u16string_view text) {
-    auto const known = m_texts.find(text);
-    return known != m_texts.end() ? *known : *m_texts.emplace(text).first;
+    std::uint64_t const hash = HashOf(text);
+    auto const isText = [text](wstring const& known) { return Equal(known, text); };
+    if (wstring const* const known = m_textIndex.Find(hash, isText)) return *known;
+    wstring const& added = *m_texts.Create(text);
+    m_textIndex.Add(hash, added);
+    return added;
 }
 
 wstring const* CNameTable::FindText(std::u16string_view text) const {
-    auto const known = m_texts.find(text);
-    return known != m_texts.end() ? &*known : nullptr;
+    return m_textIndex.Find(HashOf(text), [text](wstring const& known) { return Equal(known, text); });
 }
 
-CXmlName const& CNameTable::Intern(std::u16string_view namespaceUri, std::u16string_view localName) {
-    // A name is mostly in the namespace of the one before it.
-    if (m_lastNamespace == nullptr || !Equal(*m_lastNamespace, namespaceUri)) {
-        m_lastNamespace = &InternText(namespaceUri);
-    }
+CXmlName const& CNameTable::Intern(wstring const& namespaceUri, std::u16string_view localName) {
     CXmlName const*& recent = m_recent[Slot(localName) % m_recent.size()];
-    if (recent == nullptr || &recent->m_namespaceUri != m_lastNamespace ||
+    if (recent == nullptr || &recent->m_namespaceUri != &namespaceUri ||
         !Equal(recent->m_localName, localName)) {
-        recent = &Combine(*m_lastNamespace, InternText(localName));
+        recent = &Combine(namespaceUri, InternText(localName));
     }
     return *recent;
 }
 
 CXmlName const& CNameTable::Combine(wstring const& namespaceUri, wstring const& localName) {
-    return *m_names.insert(CXmlName{namespaceUri, localName}).first;
+    wstring const* const parts[] = {&namespaceUri, &localName};
+    std::uint64_t const hash = KeyedHash(parts, sizeof parts);
+    CXmlName const* const known = m_nameIndex.Find(hash, [&](CXmlName const& name) {
+        return &name.m_namespaceUri == &namespaceUri && &name.m_localName == &localName;
+    });
+    if (known != nullptr) return *known;
+    CXmlName const& added = *m_names.Create(CXmlName{namespaceUri, localName});
+    m_nameIndex.Add(hash, added);
+    return added;
 }
 
 void CNameTable::Clear() {
-    m_lastNamespace = nullptr;
     m_recent.fill(nullptr);
-    m_names.clear();
-    m_texts.clear();
+    m_nameIndex.Clear();
+    m_names.Clear();
+    m_textIndex.Clear();
+    m_texts.Clear();
 }
 
 }  // namespace BxXmlLib5

@@ -2,12 +2,11 @@
 #pragma once
 
 #include <array>
-#include <functional>
-#include <set>
 #include <string_view>
 
 #include "BxXmlLib5/document/CXmlAttribute.h"
-#include "platform/TextView.h"
+#include "document/CHashIndex.h"
+#include "document/CNodePool.h"
 
 namespace BxXmlLib5 {
 
@@ -20,7 +19,8 @@ public:
     /// The same, null if there is none.
     wstring const* FindText(std::u16string_view text) const;
 
-    CXmlName const& Intern(std::u16string_view namespaceUri, std::u16string_view localName);
+    /// @param namespaceUri of this table
+    CXmlName const& Intern(wstring const& namespaceUri, std::u16string_view localName);
     /// Takes the same time for parts of any length.
     /// @param namespaceUri,localName of this table
     CXmlName const& Combine(wstring const& namespaceUri, wstring const& localName);
@@ -28,18 +28,10 @@ public:
     void Clear();
 
 private:
-    /// Texts of the table are told by their addresses.
-    struct ByAddresses {
-        bool operator()(CXmlName const& a, CXmlName const& b) const {
-            std::less<> const less;
-            return &a.m_localName == &b.m_localName ? less(&a.m_namespaceUri, &b.m_namespaceUri)
-                                                    : less(&a.m_localName, &b.m_localName);
-        }
-    };
-
-    std::set<wstring, LessBySize> m_texts;
-    std::set<CXmlName, ByAddresses> m_names;
-    wstring const* m_lastNamespace = nullptr;
+    CNodePool<wstring> m_texts;
+    CHashIndex<wstring> m_textIndex;
+    CNodePool<CXmlName> m_names;
+    CHashIndex<CXmlName> m_nameIndex;            // by the addresses of their parts
     std::array<CXmlName const*, 64> m_recent{};  // by a number made of the local name, to be looked at first
 };
 

@@ -141,13 +141,13 @@ wstring boolean::ToText(bool value) {
 CDecimal decimal::FromText(std::u16string_view text) {
     std::u16string_view const literal = Trimmed(text);
     if (!IsDecimal(literal)) ThrowBadForm(literal);
-    std::size_t const point = literal.find(u'.');
+    int const limit = CDecimal::GetMaxDecimalPlaces();
+    std::size_t const point = std::cmp_greater(literal.size(), limit) ? literal.find(u'.') : literal.npos;
     if (point != literal.npos) {
         std::size_t const places = literal.find_last_not_of(u'0') - point;
-        if (std::cmp_greater(places, CDecimal::GetMaxDecimalPlaces())) {
+        if (std::cmp_greater(places, limit)) {
             throw CBxInvalidValueException(FormatString(u"The value [%s] has more decimal places than %d",
-                                                        wstring(literal).c_str(),
-                                                        CDecimal::GetMaxDecimalPlaces()));
+                                                        wstring(literal).c_str(), limit));
         }
     }
     return CDecimal(literal);

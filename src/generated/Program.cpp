@@ -1,12 +1,13 @@
 #include "BxXmlLib5/generated/Program.h"
 
+#include <cerrno>
 #include <cstdio>
 #include <memory>
 #include <new>
 #include <optional>
-#include <stdexcept>
 #include <string>
 #include <string_view>
+#include <system_error>
 
 #include "BxXmlLib5/core/CBxException.h"
 #include "BxXmlLib5/core/CSmartPtr.h"
@@ -22,7 +23,7 @@ enum Status { kSuccess, kWrongUsage, kUnfit, kNoFile };
 
 struct Wish {
     std::string m_input;
-    std::string m_output;
+    std::string m_output = "-";
     bool m_onlyCheck = false;
     bool m_isFastInfoset = false;
     bool m_isCompact = false;
@@ -54,17 +55,30 @@ std::optional<Wish> ReadCommandLine(std::span<char const* const> arguments) {
     return wish.m_input.empty() ? std::nullopt : std::optional(wish);
 }
 
-std::string ReadAll(std::FILE* file) {
-    std::string octets;
+constexpr std::string_view kStandardStream = "-";
+
+/// Reads a file, or standard input. @return false with errno if that fails
+bool ReadInput(std::string const& name, std::string& octets) {
+    std::unique_ptr<std::FILE, int (*)(std::FILE*)> opened(nullptr, std::fclose);
+    std::FILE* file = stdin;
+    if (name != kStandardStream) {
+        opened.reset(std::fopen(name.c_str(), "rb"));
+        if (!opened) return false;
+        file = opened.get();
+    }
     char buffer[65536];
     while (std::size_t const count = std::fread(buffer, 1, sizeof buffer, file)) octets.append(buffer, count);
-    return octets;
+    return std::ferror(file) == 0;
 }
 
-void LoadInput(CXmlDocument& document, std::string const& input) {
-    if (input != "-") return document.Load(FromUtf8(input).c_str());
-    std::string const octets = ReadAll(stdin);
-    document.LoadXmlStream(reinterpret_cast<unsigned char const*>(octets.data()), octets.size());
+/// Writes a file, or to standard output. @return false with errno if that fails
+bool WriteOutput(std::string const& name, CBinaryData const& octets) {
+    auto const write = [&octets](std::FILE* file) {
+        return std::fwrite(octets.GetData(), 1, octets.GetLength(), file) == octets.GetLength();
+    };
+    if (name == kStandardStream) return write(stdout) && std::fflush(stdout) == 0;
+    std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(name.c_str(), "wb"), std::fclose);
+    return file && write(file.get()) && std::fclose(file.release()) == 0;
 }
 
 /// @throws CBxValidationException if no class is that of the document's root
@@ -85,22 +99,32 @@ CBinaryData Written(CObject const& root, Wish const& wish) {
     return root.ToXmlStream(true, !wish.m_isCompact, enc_UTF8, eol_LF, context, cmp_None);
 }
 
-Status Convert(Wish const& wish, std::span<Class const* const> roots) {
+CSmartPtr<CObject> Parsed(std::string const& octets, std::span<Class const* const> roots) {
     CXmlDocument document(st_Default);
-    LoadInput(document, wish.m_input);
+    document.LoadXmlStream(reinterpret_cast<unsigned char const*>(octets.data()), octets.size());
     if (!document.IsComplete()) throw CBxException(u"The document ends before its root does");
-    Class const& type = RootOf(*document.GetDocumentElement(), roots);
-    CSmartPtr<CObject> const root = type.GetFacts().make();
+    CSmartPtr<CObject> root = RootOf(*document.GetDocumentElement(), roots).GetFacts().make();
     CXmlSerializationContext context;
     root->FromXmlElement(document.GetDocumentElement(), context);
+    return root;
+}
+
+Status Failed(Status status, std::string const& file, std::string const& message) {
+    std::fprintf(stderr, "%s: %s\n", file.c_str(), message.c_str());
+    return status;
+}
+
+Status NoFile(std::string const& name) {
+    return Failed(kNoFile, name, std::generic_category().message(errno));
+}
+
+Status Convert(Wish const& wish, std::span<Class const* const> roots) {
+    std::string octets;
+    if (!ReadInput(wish.m_input, octets)) return NoFile(wish.m_input);
+    CSmartPtr<CObject> const root = Parsed(octets, roots);
+    octets = {};
     if (wish.m_onlyCheck) return kSuccess;
-    CBinaryData const octets = Written(*root, wish);
-    if (!wish.m_output.empty()) {
-        octets.ToFile(FromUtf8(wish.m_output).c_str(), enc_Unspecified);
-        return kSuccess;
-    }
-    bool const isWritten = std::fwrite(octets.GetData(), 1, octets.GetLength(), stdout) == octets.GetLength();
-    return isWritten && std::fflush(stdout) == 0 ? kSuccess : kNoFile;
+    return WriteOutput(wish.m_output, Written(*root, wish)) ? kSuccess : NoFile(wish.m_output);
 }
 
 }  // namespace
@@ -116,11 +140,10 @@ int RunProgram(int argc, char const* const* argv, std::span<Class const* const> 
     try {
         return Convert(*wish, roots);
     } catch (CBxException const& failure) {
-        std::fprintf(stderr, "%s: %s\n", wish->m_input.c_str(), ToUtf8(failure.GetFullMessage()).c_str());
+        return Failed(kUnfit, wish->m_input, ToUtf8(failure.GetFullMessage()));
     } catch (std::bad_alloc const&) {
-        std::fprintf(stderr, "%s: not enough memory\n", wish->m_input.c_str());
+        return Failed(kUnfit, wish->m_input, "not enough memory");
     }
-    return kUnfit;
 }
 
 }  // namespace BxXmlLib5::Generated

@@ -131,9 +131,19 @@ void Reading::ReadItems(Particle const& particle) {
     }
 }
 
+/// Whether an element that may be missing is, as far as a glance tells: most of them are, in most objects.
+bool Reading::IsAbsent(Particle const& particle) const {
+    if (particle.kind != Row::Kind::Element || particle.min > 0 || m_skipsUnknown) return false;
+    if (m_child == nullptr) return true;
+    std::u16string_view const name = m_child->GetLocalName();
+    return name.size() != particle.name.size() || (!name.empty() && name[0] != particle.name[0]);
+}
+
 void Reading::ReadSequence(Particle const& sequence) {
     if (sequence.min == 0 && Started(sequence) == nullptr) return;
-    for (Particle const* const member : sequence.members) Read(*member);
+    for (Particle const* const member : sequence.members) {
+        if (!IsAbsent(*member)) Read(*member);
+    }
 }
 
 void Reading::ReadChoice(Particle const& choice) {

@@ -7,6 +7,15 @@
 
 namespace BxXmlLib5 {
 
+namespace {
+
+/// What is added next cannot fail then.
+void MakeRoomForOne(auto& list) {
+    if (list.size() == list.capacity()) list.reserve(2 * list.size() + 1);
+}
+
+}  // namespace
+
 void CNamespaceScopes::UndoTo(std::size_t changes) {
     for (; m_changes.size() > changes; m_changes.pop_back()) {
         Change& change = m_changes.back();
@@ -15,9 +24,9 @@ void CNamespaceScopes::UndoTo(std::size_t changes) {
             continue;
         }
         Bindings& bindings = *change.m_bindings;
+        if (bindings.size() > 1) m_prefixes.Hold(bindings[bindings.size() - 2].m_alias);
         m_prefixes.Drop(bindings.back().m_alias);
         bindings.pop_back();
-        if (!bindings.empty()) m_prefixes.Hold(bindings.back().m_alias);
     }
 }
 
@@ -61,9 +70,11 @@ CNamespaceScopes::Binding const& CNamespaceScopes::Bind(std::u16string_view name
     auto known = m_namespaces.find(namespaceUri);
     if (known == m_namespaces.end()) known = m_namespaces.emplace(namespaceUri, Bindings()).first;
     Bindings& bindings = known->second;
-    m_changes.push_back({&bindings, {}});
-    if (!bindings.empty()) m_prefixes.Drop(bindings.back().m_alias);
+    MakeRoomForOne(bindings);
+    MakeRoomForOne(m_changes);
     m_prefixes.Hold(binding.m_alias);
+    if (!bindings.empty()) m_prefixes.Drop(bindings.back().m_alias);
+    m_changes.push_back({&bindings, {}});
     return bindings.emplace_back(std::move(binding));
 }
 

@@ -146,6 +146,37 @@ TEST(GeneratedClass, SkipsAnyNumberOfUnknownElements) {
                  "<a>1</a><c/>"}});
 }
 
+/// What a search has passed over is not known of another element's children, nor under other settings.
+TEST(GeneratedClass, RemembersSearchesWhereTheyHold) {
+    struct Unwrapping : TestObject {
+        using TestObject::TestObject;
+        CXmlElement* FromXml_Int(CXmlElement* element, CXmlElement* child,
+                                 CXmlSerializationContext const& context, bool) override {
+            TestObject::FromXml_Int(element, child->GetFirstElement(), context, false);
+            return nullptr;
+        }
+    } unwrapping(Class("p:(a:text, q:self?)?"));
+    Read(unwrapping, "<w><u/><a>1</a><u/><a>2</a></w>", "E");
+    EXPECT_EQ(Written(unwrapping), "<r><a>1</a><a>2</a></r>");
+    struct Retrying : TestObject {
+        using TestObject::TestObject;
+        CXmlElement* FromXml_Int(CXmlElement* element, CXmlElement* child,
+                                 CXmlSerializationContext const& context, bool) override {
+            EXPECT_EQ(TestObject::FromXml_Int(element, child, context, false), child);
+            return TestObject::FromXml_Int(element, child, Settings("EN"), false);
+        }
+    };
+    struct Outer : TestObject {
+        using TestObject::TestObject;
+        void ResetContent() override {
+            TestObject::ResetContent();
+            (*this)[u"p"].SetXmlObject(new Retrying(*m_class.m_fields[0].m_class));
+        }
+    } outer(Class("p:(A:text)~"));
+    Read(outer, "<u/><A>1</A><u/>", "E");
+    EXPECT_EQ(Written(outer), "<r><AA:A xmlns:AA=\"n\">1</AA:A></r>");
+}
+
 TEST(GeneratedClass, LooksAtTheAttributesOfATagOnlyIfItHasSome) {
     std::string attributes, children;
     for (int i = 0; i < 40'000; ++i) {

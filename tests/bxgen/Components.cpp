@@ -110,6 +110,9 @@ TEST(Components, SimpleTypes) {
          "simpleType {u}S restricts xs:token\n  pattern \"[a-z]*\"\n  enumeration \"b\"\n  enumeration \"a \\\"\"\n  maxLength \"+5\" fixed\n"},
         {"<xs:simpleType name='L'><xs:list><xs:simpleType><xs:restriction base='xs:int'/></xs:simpleType></xs:list></xs:simpleType>",
          "simpleType {u}L list of anonymous\n  simpleType restricts xs:int\n"},
+        // Unlike a complex type, one without a name may be final, which means nothing
+        {"<xs:element name='e'><xs:simpleType final='#all'><xs:list itemType='xs:int'/></xs:simpleType></xs:element>",
+         "element {u}e type anonymous\n  simpleType list of xs:int final restriction,list,union\n"},
         {"<xs:simpleType name='U'><xs:union memberTypes='xs:int t:V'><xs:simpleType><xs:restriction base='xs:NMTOKENS'/></xs:simpleType></xs:union></xs:simpleType>"
          "<xs:simpleType name='V'><xs:restriction><xs:simpleType><xs:restriction base='xs:date'/></xs:simpleType></xs:restriction></xs:simpleType>",
          "simpleType {u}U union of xs:int {u}V anonymous\n  simpleType restricts xs:NMTOKENS\nsimpleType {u}V restricts anonymous\n  simpleType restricts xs:date\n"},

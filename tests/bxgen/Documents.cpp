@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <fstream>
 #include <iterator>
 #include <string>
@@ -183,11 +184,37 @@ TEST(CommandLine, DepfileNamesWhatWasRead) {
     Folder const folder;
     folder.Put("a b.xsd", Schema(Reference("include", "schemaLocation='$c.xsd'")));
     folder.Put("$c.xsd", Schema(""));
+    folder.Put("names", "");
+    std::string const read = ": \\\n  " + folder.Path("a\\ b.xsd") + " \\\n  " + folder.Path("$$c.xsd");
+    auto const rule = [&] {
+        std::ifstream file(folder.Path("d"));
+        return std::string(std::istreambuf_iterator<char>(file), {});
+    };
     EXPECT_EQ(folder.Run({"--depfile=@d", "-n", "N", "-o", "@o", "@a b.xsd"}).m_status, 0);
-    std::ifstream file(folder.Path("d"));
-    std::string const text{std::istreambuf_iterator<char>(file), {}};
-    EXPECT_EQ(text, folder.Path("o/NFwd.h") + ' ' + folder.Path("o/N.h") + ' ' + folder.Path("o/N.cpp") +
-                        ": \\\n  " + folder.Path("a\\ b.xsd") + " \\\n  " + folder.Path("$$c.xsd") + "\n");
+    EXPECT_EQ(rule(), folder.Path("o/NFwd.h") + ' ' + folder.Path("o/N.h") + ' ' + folder.Path("o/N.cpp") +
+                          read + '\n');
+    std::vector<std::string> const arguments = {"--depfile=@d", "--stamp=@s", "--names=@names",
+                                                "-o",           "@o",         "@a b.xsd"};
+    EXPECT_EQ(folder.Run(arguments).m_status, 0);
+    EXPECT_EQ(rule(), folder.Path("s") + read + " \\\n  " + folder.Path("names") + '\n');
+    auto const past = std::filesystem::file_time_type::clock::now() - std::chrono::hours(1);
+    std::filesystem::last_write_time(folder.Path("s"), past);
+    EXPECT_EQ(folder.Run(arguments).m_status, 0);
+    EXPECT_GT(std::filesystem::last_write_time(folder.Path("s")), past);
+    folder.Put("a b.xsd", Schema("<xs:element name='e' type='t:none'/>"));
+    std::filesystem::last_write_time(folder.Path("s"), past);
+    EXPECT_EQ(folder.Run(arguments).m_status, 2);
+    EXPECT_EQ(std::filesystem::last_write_time(folder.Path("s")), past);
+}
+
+TEST(CommandLine, FilesFollowFromTheNames) {
+    Folder const folder;
+    folder.Put("a.xsd", Schema("<xs:element name='e' type='xs:int'/>"));
+    Outcome const outcome = folder.Run({"--list", "--program", "-n", "N", "--namespace-map=u=V::W",
+                                        "--namespace-map=x=X", "-o", "o", "@a.xsd"});
+    EXPECT_EQ(
+        outcome.m_output,
+        "o/V_WFwd.h\no/V_W.h\no/V_W.cpp\no/NFwd.h\no/N.h\no/N.cpp\no/XFwd.h\no/X.h\no/X.cpp\no/NMain.cpp\n");
 }
 
 }  // namespace

@@ -53,6 +53,7 @@ TEST(Names, OptionsChoose) {
     std::string const type = "CTType : Bx::CObject\n", unreferenced = "CR : Bx::Root<Bx::CObject>\n  Bx::Object<CTType> E\n  Sequence Element(E e 1 1) End\n";
     EXPECT_EQ(PlanOf(folder), unreferenced + type);
     EXPECT_EQ(PlanOf(folder, {"--root-element", "{u}e"}), "CTType : Bx::CObject\nCR : Bx::CObject\n  Bx::Object<CTType> E\n  Sequence Element(E e 1 1) End\nCE : Bx::Root<CTType>\n  Inherit(<CTType>)\n");
+    EXPECT_EQ(PlanOf(folder, {"--root-element", "e"}), PlanOf(folder, {"--root-element", "{u}e"}));
     EXPECT_EQ(PlanOf(folder, {"--root-element", "x"}), "bxgen: error: --root-element 'x': the schemas have no such element [root]\n");
     EXPECT_EQ(PlanOf(folder, {"--namespace-map", "v=V::W", "--prefix", "", "--strip-suffix", "-type"}),
               "namespace A\nR : Bx::Root<Bx::CObject>\n  Bx::Object<T> E\n  Sequence Element(E e 1 1) End\nnamespace V::W\nT : Bx::CObject\n");
@@ -88,7 +89,7 @@ TEST(Names, DocumentationIsTheNearest) {
         for (PropertyPlan const& property : plan.m_classes.at(0).m_properties) all.push_back(property.m_documentation.m_text);
         return all;
     };
-    EXPECT_EQ(texts({}), (std::vector<std::string>{"First line.", "First line.", "Own", "of the use"}));
+    EXPECT_EQ(texts({}), (std::vector<std::string>{"First line.", "", "Own", "of the use"}));
     EXPECT_EQ(texts({"--doc-element", "{x}x"}), (std::vector<std::string>{"", "", "", "of the use"}));
     EXPECT_EQ(texts({"--no-docs"}), (std::vector<std::string>{"", "", "", ""}));
 }

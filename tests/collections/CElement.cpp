@@ -78,17 +78,19 @@ TEST(CElement, TheDefaultNamespacesOfItsCollectionsStay) {
 
 TEST(CElement, ACopySharesTheCollections) {
     // Also when the copy is taken before anybody asked for them.
-    CElement source(u"a"), copy(source), assigned(u"other");
+    CElement source(u"a");
+    source.SetText(u"text");
+    CElement copy(source), assigned(u"other");
     assigned.GetChildElements()->Add(u"c", u"");
     assigned = source;
     assigned = *&assigned;
-    copy.SetText(u"copy");
     source.GetAttributes()->Add(u"k", u"1");
     copy.GetChildElements()->Add(u"b", u"");
     assigned.GetChildElements()->Add(u"c", u"");
-    EXPECT_EQ(Compact(source), "<a k=\"1\"><b/><c/></a>");
-    EXPECT_EQ(Compact(copy), "<a k=\"1\"><b/><c/>copy</a>");
-    EXPECT_EQ(Compact(assigned), "<a k=\"1\"><b/><c/></a>");
+    for (CElement const* each : {&source, &copy, &assigned})
+        EXPECT_EQ(Compact(*each), "<a k=\"1\"><b/><c/>text</a>");
+    copy.SetText(u"copy");
+    EXPECT_EQ(copy.GetText() + source.GetText(), u"copytext");
     EXPECT_EQ(copy.AddRef() + assigned.AddRef(), 2);
 
     // Restriction and target namespace go along: what is read next must be in the target namespace.

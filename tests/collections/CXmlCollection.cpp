@@ -53,8 +53,9 @@ struct Collection : CXmlCollection {
     }
     using CXmlCollection::AddAfterItem, CXmlCollection::AddBeforeItem, CXmlCollection::AddItemAt;
     using CXmlCollection::AppendItem, CXmlCollection::AttributesToXml_Int, CXmlCollection::FirstNode,
-        CXmlCollection::PrependItem, CXmlCollection::RemoveNode, CXmlCollection::GetElementName,
-        CXmlCollection::GetNodeAtIndex, CXmlCollection::GetNodeForItem, CXmlCollection::m_namespace;
+        CXmlCollection::ItemsToXml, CXmlCollection::PrependItem, CXmlCollection::RemoveNode,
+        CXmlCollection::GetElementName, CXmlCollection::GetNodeAtIndex, CXmlCollection::GetNodeForItem,
+        CXmlCollection::m_namespace;
 
     int m_consumes = 0;  // elements, each time that it reads
 };
@@ -171,19 +172,24 @@ TEST(CXmlCollection, ItsVirtualOperationsDoTheWork) {
 
 TEST(CXmlCollection, Items) {
     Collection collection("abc");
-    // An object is the one that GetBase gives.
-    Object part('p');
-    part.m_base = collection.Find('b');
-    EXPECT_EQ(collection.GetNodeForItem(&part), collection.GetNodeAtIndex(1));
+    {  // An object is the one that GetBase gives.
+        CSmartPtr<Object> const part = new Object('p'), whole = collection.Find('b');
+        part->m_base = whole;
+        EXPECT_EQ(collection.GetNodeForItem(part), collection.GetNodeAtIndex(1));
+        Collection parts("-a-");
+        parts.AppendItem(part);
+        EXPECT_EQ(parts.GetNodeForItem(whole), parts.GetNodeAtIndex(3));
+        CXmlTextWriter writer;
+        writer.WriteStartElement(u"owner", u"");
+        parts.AttributesToXml_Int(&writer, Defaults());
+        parts.ItemsToXml(&writer, u"", Defaults());
+        EXPECT_EQ(writer.GetString(), u"<owner a=\"1\" b=\"1\">ab");
+    }
     // It dies when the list has its new state.
     std::string atEnd;
     collection.Find('b')->m_onEnd = [&] { atEnd = collection.Letters(); };
     collection.Remove(1);
     EXPECT_EQ(atEnd, "ac");
-    CXmlTextWriter writer;
-    writer.WriteStartElement(u"owner", u"");
-    Collection("-b-a").AttributesToXml_Int(&writer, Defaults());
-    EXPECT_EQ(writer.GetString(), u"<owner b=\"1\" a=\"1\"");
     EXPECT_BX_THROW(Compact(collection), CBxException,
                     "CXmlCollectionBase::GetTargetNamespace Should not be used from within a Collection "
                     "(program logic error)");

@@ -3,6 +3,7 @@
 #include <new>
 
 #include "collections/Objects.h"
+#include "writers/CNamespaceScopes.h"
 
 using namespace BxTest;
 
@@ -115,5 +116,19 @@ TEST(FailingAllocations, ATreeIsCopiedOrNot) {
     FailAtEach([](auto const& run) {
         CElement const source(u"a name of some length", u"urn:n");
         run([&] { CElement const copy(source); });
+    });
+}
+
+TEST(FailingAllocations, AScopeEndsWithTheAliasesThatItBeganWith) {
+    FailAtEach([](auto const& run) {
+        CNamespaceScopes scopes;
+        scopes.AddNamespace(u"AA", u"urn:n", true);
+        run([&] {
+            scopes.AddNamespace(u"an alias of some length", u"urn:n", false);
+            scopes.UndoTo(1);
+        });
+        scopes.UndoTo(1);
+        EXPECT_FALSE(scopes.TakePrefix(u"urn:n").m_isNew);
+        EXPECT_EQ(scopes.TakePrefix(u"urn:other").m_alias, u"AB");
     });
 }

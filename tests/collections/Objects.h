@@ -39,7 +39,9 @@ struct Object : CXmlObjectBase {
     void AttributesToXml_Int(CXmlWriter* writer, CXmlSerializationContext const&) const override {
         writer->WriteAttribute(wstring(1, static_cast<char16_t>(m_letter)), u"", u"1");
     }
-    void ToXml_Int(CXmlWriter*, bool, char16_t const*, CXmlSerializationContext const&, bool) const override {
+    void ToXml_Int(CXmlWriter* writer, bool, char16_t const*, CXmlSerializationContext const&,
+                   bool) const override {
+        writer->WriteText(wstring(1, static_cast<char16_t>(m_letter)));
     }
     CXmlElement* FromXml_Int(CXmlElement*, CXmlElement* child, CXmlSerializationContext const&,
                              bool) override {

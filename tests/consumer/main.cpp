@@ -1,10 +1,23 @@
+// Tells what an order has; ends with 1 if what is given is no order.
+
 #include <BxXmlLib5/BxXmlLib5.h>
 
-using namespace BxXmlLib5;
+#include <iostream>
 
-int main() {
-    CElement element(u"");
-    element.FromXml(u"<greeting to='world'/>");
-    wstring const text = element.ToXml(false, false, eol_LF, CXmlSerializationContext::GetDefaultContext());
-    return text == u"<greeting to=\"world\"/>" ? 0 : 1;
+#include "Shop.h"
+#include "Shop_Common.h"
+
+namespace Bx = BxXmlLib5::Generated;
+
+int main(int argc, char** argv) {
+    if (argc != 2) return 2;
+    try {
+        Shop::COrder order;
+        order.Load(argv[1]);
+        for (Shop::CItem& item : order.Items) std::cout << Bx::Utf8(item.Sku) << ' ';
+        std::cout << Bx::Utf8(order.Price->Value) << ' ' << Bx::Utf8(order.Price->Currency) << '\n';
+    } catch (BxXmlLib5::CBxException const& failure) {
+        std::cerr << BxXmlLib5::ToUtf8(failure.GetFullMessage()) << '\n';
+        return 1;
+    }
 }

@@ -79,3 +79,29 @@ TEST(Tree, IsNamespaceAttribute) {
         }
     }
 }
+
+TEST(Tree, HoldsEachNameOnce) {
+    constexpr int kNames = 3000;  // far beyond what the tables of names begin with
+    std::string children;
+    for (int round = 0; round < 2; ++round) {
+        for (int i = 0; i < kNames; ++i) {
+            std::string const name = "n" + std::to_string(i);
+            children += "<" + name + " " + name + "='' xmlns='urn:" + std::to_string(i % 3) + "'/>";
+        }
+    }
+    CXmlDocument document;
+    document.LoadXml(("<a>" + children + "</a>").c_str());
+    std::vector<CXmlElement*> elements;
+    for (auto* child = document.GetDocumentElement()->GetFirstElement(); child != nullptr;
+         child = child->GetNextSiblingElement())
+        elements.push_back(child);
+    ASSERT_EQ(elements.size(), 2u * kNames);
+    for (std::size_t i = 0; i < kNames; ++i) {
+        CXmlElement const &first = *elements[i], &second = *elements[i + kNames];
+        EXPECT_EQ(Name(first.GetNamespaceURI(), first.GetLocalName()),
+                  "{urn:" + std::to_string(i % 3) + "}n" + std::to_string(i));
+        EXPECT_EQ(&first.GetLocalName(), &second.GetLocalName());
+        EXPECT_EQ(&first.GetLocalName(), &first.GetAttributes()[0]->GetLocalName());
+        EXPECT_EQ(&first.GetNamespaceURI(), &second.GetNamespaceURI());
+    }
+}

@@ -4,12 +4,13 @@
 
 #include "BxXmlLib5/collections/CAttributeCol.h"
 #include "BxXmlLib5/collections/CElementCol.h"
-#include "Parcel.h"
+#include "Parcels.h"
 #include "support/Expect.h"
 #include "support/Stacks.h"
 
 namespace {
 
+using namespace BxXmlLib5;
 using namespace Parcels;
 
 std::string const kHead = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
@@ -47,7 +48,7 @@ TEST(Parcels, RoundTrip) {
         Parcel("", kTo + "<weight>AB123</weight>", ""),
         // Substitutes keep their order, and each its namespace.
         Parcel("", kTo,
-               "<book count=\"1\"><title>a</title></book><AA:toy xmlns:AA=\"urn:extra\"><age>3</age></AA:toy>"
+               "<book count=\"1\"><title>a</title></book><AA:toy xmlns:AA=\"urn:toys\"><age>3</age></AA:toy>"
                "<book><title>b</title></book>"),
         Parcel("", kTo, "<note><b>1</b><b>2</b>text</note>"),
         Parcel("", kTo, "<due>2026-05-01</due>"),
@@ -215,18 +216,17 @@ TEST(Parcels, AreBuiltAndChecked) {
     parcel.Due = CDateTime(2026, 5, 1);
     EXPECT_BX_THROW(parcel.Due = CDateTime(u"2026-05-01T00:00:00"), CBxInvalidValueException,
                     "The value [2026-05-01T00:00:00] has not the form of its type");
-    parcel.Any.Add(u"a", kExtra).SetText(u"b");
-    parcel.Attributes.Set(u"c", u"d", kExtra);
-    EXPECT_EQ(
-        parcel.ToText(Bx::Layout::Compact).substr(kHead.size()),
-        "<parcel xmlns=\"urn:parcel\" xmlns:xsi=\"http://www.w3.org/2001/XMLSchema-instance\" xmlns:e=\"urn:extra\""
-        " code=\"AB1\" version=\"1.0\""
-        " e:c=\"d\"><to xsi:type=\"foreignAddress\">"
-        "<city>x</city><country>Öland</country></to><weight>2</weight><filled>1</filled><filled>2</filled>"
-        "<days>7</days><e:toy><age>3</age></e:toy><due>2026-05-01</due><e:a>b</e:a></parcel>");
+    parcel.Any.Add(u"a", u"urn:extra").SetText(u"b");
+    parcel.AnyAttributes.Set(u"c", u"d", u"urn:extra");
+    EXPECT_EQ(parcel.ToText(Bx::Layout::Compact).substr(kHead.size()),
+              "<p:parcel xmlns:xsi=\"http://www.w3.org/2001/XMLSchema-instance\" xmlns:ns1=\"urn:extra\""
+              " xmlns:p=\"urn:parcel\" xmlns:t=\"urn:toys\" code=\"AB1\" version=\"1.0\" ns1:c=\"d\">"
+              "<p:to xsi:type=\"p:foreignAddress\"><p:city>x</p:city><p:country>Öland</p:country></p:to>"
+              "<p:weight>2</p:weight><p:filled>1</p:filled><p:filled>2</p:filled><p:days>7</p:days>"
+              "<t:toy><p:age>3</p:age></t:toy><p:due>2026-05-01</p:due><ns1:a>b</ns1:a></p:parcel>");
 
     parcel.Any.Add(u"a", kNamespace);
-    parcel.Attributes.Set(u"e", u"f");
+    parcel.AnyAttributes.Set(u"e", u"f");
     parcel.Due->Nil = true;
     parcel.To.Make<CPlainAddress>().Kind = "k";
     std::string complaints;
@@ -246,17 +246,17 @@ TEST(Parcels, TakeSubstitutesUnderTheirNames) {
     EXPECT_EQ(Written(CWrap(wrap)), novel);
     EXPECT_EQ(Bx::Utf8(wrap.Thing.Get<CBook>()->Title), "a");
     wrap.Thing = CSmartPtr<CThing>(new CToy);
-    EXPECT_EQ(Written(wrap), "<wrap xmlns=\"urn:parcel\"><AA:toy xmlns:AA=\"urn:extra\"/></wrap>");
+    EXPECT_EQ(Written(wrap), "<wrap xmlns=\"urn:parcel\"><AA:toy xmlns:AA=\"urn:toys\"/></wrap>");
     wrap.Thing.Make<CBook>().Title = "b";
     EXPECT_EQ(Written(wrap), "<wrap xmlns=\"urn:parcel\"><book><title>b</title></book></wrap>");
     wrap.Thing->SetElementName(u"novel");
     EXPECT_EQ(Written(wrap), "<wrap xmlns=\"urn:parcel\"><novel><title>b</title></novel></wrap>");
     wrap.Thing.Clear();
     EXPECT_BX_THROW(Written(wrap), CBxValidationException,
-                    "/wrap: Nothing is set of one of the elements [book] [novel] [toy]");
+                    "/wrap: Nothing is set of one of the elements [thing] [book] [novel] [toy]");
     EXPECT_BX_THROW(
         Read<CWrap>("<wrap xmlns='urn:parcel'><toy/></wrap>"), CBxValidationException,
-        "Failed to find one of the elements [book] [novel] [toy] in the element [wrap], where [toy] stands");
+        "Failed to find one of the elements [thing] [book] [novel] [toy] in the element [wrap], where [toy] stands");
 
     CParcel parcel = Read<CParcel>(Parcel("", kTo, "<w:price xmlns:w='urn:w'>5</w:price>"));
     parcel.Any[0].SetNamespace(kNamespace);
@@ -268,7 +268,7 @@ TEST(Parcels, MayBeDeepButNotWithoutEnd) {
     std::string inner;
     for (int i = 0; i < kDepth; ++i) inner = "<inner>" + inner + "</inner>";
     std::string const document =
-        "<wrap xmlns='urn:parcel'><e:toy xmlns:e='urn:extra'>" + inner + "</e:toy></wrap>";
+        "<wrap xmlns='urn:parcel'><e:toy xmlns:e='urn:toys'>" + inner + "</e:toy></wrap>";
     CWrap const wrap = Read<CWrap>(document);
     EXPECT_TRUE(wrap.Validate().empty() && wrap.Clone()->Equals(wrap));
     BxTest::OnThread(128 * 1024, [&] {

@@ -3,11 +3,12 @@
 #include <compare>
 #include <string>
 
-#include "Parcel.h"
+#include "Parcels.h"
 #include "support/Expect.h"
 
 namespace {
 
+using namespace BxXmlLib5;
 using namespace Parcels;
 
 /// The literal of the value of a literal, or "refused".
@@ -37,6 +38,8 @@ TEST(SimpleTypes, HaveTheFormsOfTheStandard) {
         {&Again<Xs::token>, " a\t b ", "a b"},
         {&Again<Xs::anyURI>, " x y ", "x y"},
         {&Again<Xs::boolean>, " 1 ", "true"},
+        {&Again<Xs::boolean>, "false", "false"},
+        {&Again<Xs::boolean>, "0", "false"},
         {&Again<Xs::boolean>, "TRUE", kNo},
         {&Again<Xs::boolean>, "", kNo},
         {&Again<Xs::decimal>, " -01.50\n", "-1.5"},
@@ -146,17 +149,38 @@ TEST(SimpleTypes, HaveTheFormsOfTheStandard) {
 
 TEST(SimpleTypes, HaveTheFacetsOfAllSteps) {
     Row const rows[] = {
-        {&Again<PercentType>, "100.00", "100"},   {&Again<PercentType>, "100.01", kNo},
-        {&Again<PercentType>, "-1", kNo},         {&Again<PercentType>, "1.234", kNo},
-        {&Again<TopPercentType>, "90", kNo},      {&Again<TopPercentType>, "90.5", "90.5"},
-        {&Again<TopPercentType>, "101", kNo},     {&Again<CodeType>, " AB123 ", "AB123"},
-        {&Again<CodeType>, "AB12345", kNo},       {&Again<CodeType>, "xAB1", kNo},
-        {&Again<CodeType>, "AB1x", kNo},          {&Again<SpeedType>, " fast ", "fast"},
-        {&Again<SpeedType>, "Fast", kNo},         {&Again<SizeType>, "1", "1"},
-        {&Again<SizeType>, "02.50", "2.5"},       {&Again<SizeType>, "2", kNo},
-        {&Again<TwoSizesType>, "1 2.5", "1 2.5"}, {&Again<TwoSizesType>, "1", kNo},
-        {&Again<TwoSizesType>, "1 3", kNo},       {&Again<WeightType>, "2", "2"},
-        {&Again<WeightType>, " slow ", "slow"},   {&Again<WeightType>, "AB9", "AB9"},
+        {&Again<PercentType>, "100.00", "100"},
+        {&Again<PercentType>, "100.01", kNo},
+        {&Again<PercentType>, "-1", kNo},
+        {&Again<PercentType>, "1.234", kNo},
+        {&Again<TopPercentType>, "90", kNo},
+        {&Again<TopPercentType>, "90.5", "90.5"},
+        {&Again<TopPercentType>, "101", kNo},
+        {&Again<AngleType>, "0", "0"},
+        {&Again<AngleType>, "-1", kNo},
+        {&Again<AngleType>, "359", "359"},
+        {&Again<AngleType>, "360", kNo},
+        {&Again<DayType>, "2024-02-28", kNo},
+        {&Again<DayType>, "2024-02-29", "2024-02-29"},
+        {&Again<DayType>, "2024-03-01", "2024-03-01"},
+        {&Again<DayType>, "2024-03-02", kNo},
+        {&Again<MarkType>, "a", kNo},
+        {&Again<MarkType>, "ab", "ab"},
+        {&Again<CodeType>, " AB123 ", "AB123"},
+        {&Again<CodeType>, "AB12345", kNo},
+        {&Again<CodeType>, "xAB1", kNo},
+        {&Again<CodeType>, "AB1x", kNo},
+        {&Again<SpeedType>, " fast ", "fast"},
+        {&Again<SpeedType>, "Fast", kNo},
+        {&Again<SizeType>, "1", "1"},
+        {&Again<SizeType>, "02.50", "2.5"},
+        {&Again<SizeType>, "2", kNo},
+        {&Again<TwoSizesType>, "1 2.5", "1 2.5"},
+        {&Again<TwoSizesType>, "1", kNo},
+        {&Again<TwoSizesType>, "1 3", kNo},
+        {&Again<WeightType>, "2", "2"},
+        {&Again<WeightType>, " slow ", "slow"},
+        {&Again<WeightType>, "AB9", "AB9"},
         {&Again<WeightType>, "slower", kNo},
     };
     for (Row const& row : rows) EXPECT_EQ(row.again(row.text), row.written) << row.text;

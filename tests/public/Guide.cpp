@@ -1,4 +1,4 @@
-// The examples of docs/users-guide.md, in its order and in its words.
+// The examples of docs/users-guide.md, in its order.
 
 #include <gtest/gtest.h>
 #include <unistd.h>
@@ -9,47 +9,18 @@
 #include <sstream>
 #include <thread>
 
-#include "../support/GuideText.h"
 #include "BxXmlLib5/BxXmlLib5.h"
 
 using namespace BxXmlLib5;
 
-TEST(GuideText, LeadsToUtf8AndBack) {
-    wstring const greeting = FromUtf8("Grüße");
-    std::string const octets = ToUtf8(greeting);
+TEST(GuideOfTexts, LeadsToUtf8AndBack) {
+#include "users-guide/01.inc"
     EXPECT_EQ(octets, "Grüße");
 }
 
 namespace {
 
-class Order : public CXmlObjectBase {
-public:
-    Order() : m_items(new CElementCol(u"", u"##any", u"", 0, -1)) { SetElementName(u"order"); }
-
-    wstring m_number;
-    CSmartPtr<CElementCol> m_items;
-
-    CXmlObjectBase* GetBase() override { return this; }
-    wstring GetNamespace() const override { return u"urn:orders"; }
-
-protected:
-    wstring GetTargetNamespace() const override { return u"urn:orders"; }
-
-    void ToXml_Int(CXmlWriter* writer, bool, char16_t const* namespaceUri,
-                   CXmlSerializationContext const& context, bool) const override {
-        writer->WriteStartElement(GetElementName(), namespaceUri);
-        writer->WriteAttribute(u"number", u"", m_number);
-        CXmlObjectBase::ToXml_Int(m_items, writer, false, namespaceUri, context, false);
-        writer->WriteEndElement();
-    }
-
-    CXmlElement* FromXml_Int(CXmlElement* element, CXmlElement* firstChild,
-                             CXmlSerializationContext const& context, bool) override {
-        m_number = element->GetAttribute(u"number", u"");
-        m_items->Clear();
-        return CXmlObjectBase::FromXml_Int(m_items, element, firstChild, context);
-    }
-};
+#include "users-guide/02.inc"
 
 /// Runs a test in a folder of its own.
 class Guide : public testing::Test {
@@ -83,24 +54,23 @@ protected:
 
 TEST_F(Guide, WritingAndReading) {
     // Writing
-    wstring const text = order.ToXml(true, true, eol_LF, context);
+#include "users-guide/03.inc"
     EXPECT_TRUE(text.starts_with(
         u"<?xml version=\"1.0\"?>\n<AA:order xmlns:AA=\"urn:orders\" number=\"17\">\n\t<item>"));
-    CBinaryData const data = order.ToXmlStream(true, false, enc_UTF8, eol_LF, context, cmp_GZip);
-    order.ToXmlFile(u"order.xml", true, true, enc_UTF16, eol_CRLF, context, cmp_None);
-    CBinaryData const binary = order.ToFastInfosetStream(fi_None, context, cmp_ZLib);
-    order.ToFastInfosetFile(u"order.finf", fi_Version10, context, cmp_GZip);
+#include "users-guide/04.inc"
+#include "users-guide/05.inc"
+#include "users-guide/06.inc"
 
     // Reading
-    order.FromXml("<order number='17'/>", context);
+#include "users-guide/07.inc"
     ExpectRead(0);
-    order.FromXml(text.c_str(), context);
+#include "users-guide/08.inc"
     ExpectRead(20);
-    order.FromXmlStream(data, context);
+#include "users-guide/09.inc"
     ExpectRead(20);
-    order.FromXmlStream(binary.GetData(), binary.GetLength(), context);
+#include "users-guide/10.inc"
     ExpectRead(20);
-    order.FromXmlFile(u"order.finf", context);
+#include "users-guide/11.inc"
     ExpectRead(20);
     order.FromXmlFile(u"order.xml", context);
     EXPECT_EQ(order.m_items->GetCount(), 20);
@@ -108,36 +78,21 @@ TEST_F(Guide, WritingAndReading) {
 
 TEST_F(Guide, DocumentsWithoutAClass) {
     order.ToFastInfosetFile(u"order.finf", fi_None, context, cmp_None);
-    CElement note(u"");
-    note.FromXml(u"<note xmlns='urn:notes'>by <b>noon</b></note>");
-    note.GetAttributes()->Add(u"urgent", u"yes", u"");
+#include "users-guide/12.inc"
     EXPECT_EQ(note.ToXml(false, false, eol_LF, context),
               u"<AA:note xmlns:AA=\"urn:notes\" urgent=\"yes\"><AA:b>noon</AA:b>by </AA:note>");
 
-    CElement const tree(&order);
-    CXmlSerializationContext settings;
-    order.FromXmlElement(&tree, settings);
+#include "users-guide/13.inc"
     ExpectRead(20);
 
     wstring all;
-    CXmlDocument document;
-    document.Load(u"order.finf");
-    CXmlElement const* item = document.GetDocumentElement()->GetFirstElement();
-    for (; item != nullptr; item = item->GetNextSiblingElement()) all += item->GetText();
+#include "users-guide/14.inc"
     EXPECT_EQ(all.size(), 100U);
 }
 
 namespace {
 
-CBinaryData Compressed(CXmlObjectBase const& object, CXmlSerializationContext const& context) {
-    CBinaryData data = object.ToXmlStream(true, false, enc_UTF8, eol_LF, context, cmp_None);
-    try {
-        data.CompressData(cmp_GZip);
-    } catch (CBxException const&) {
-        // Too small to shrink: it goes as it is, and reads back all the same.
-    }
-    return data;
-}
+#include "users-guide/15.inc"
 
 }  // namespace
 
@@ -150,29 +105,16 @@ TEST_F(Guide, SmallDocuments) {
 
 TEST_F(Guide, Settings) {
     order.ToXmlFile(u"order.xml", true, true, enc_UTF8, eol_LF, context, cmp_None);
-    CXmlSerializationContext tolerant;
-    tolerant.SetIgnoreUnknownElements(true);
-    tolerant.SetIgnoreUnknownAttributes(true);
-    order.FromXmlFile(u"order.xml", tolerant);
+#include "users-guide/16.inc"
     EXPECT_THROW(tolerant.SetIgnoreMissingMandatoryElements(true), CBxInvalidStateException);
 
-    CXmlSerializationContext decorated;
-    decorated.SetDefaultNamespaceURI(u"urn:orders");
-    decorated.GetNamespaceAliases().Add(u"xsi", u"http://www.w3.org/2001/XMLSchema-instance");
-    decorated.GetProcessingInstructions().push_back(u"<?xml-stylesheet href='order.css'?>");
-    decorated.GetAdditionalRootAttributes()->Add(u"lang", u"en", u"http://www.w3.org/XML/1998/namespace");
+#include "users-guide/17.inc"
     EXPECT_EQ(decorated.GetNamespaceAliases().GetNamespaceCount(), 1);
 }
 
 TEST_F(Guide, Errors) {
     std::ostringstream cerr;  // in the place of std::cerr
-    try {
-        order.FromXmlFile(u"missing.xml", context);
-    } catch (CBxValidationException const& failure) {
-        cerr << "no order: " << ToUtf8(failure.GetFullMessage()) << '\n';
-    } catch (CBxException const& failure) {
-        cerr << "not readable: " << ToUtf8(failure.GetFullMessage()) << '\n';
-    }
+#include "users-guide/18.inc"
     EXPECT_EQ(cerr.str(), "not readable: Failed to open the file [missing.xml] Error [0x00000002]\n");
 }
 
@@ -180,8 +122,4 @@ TEST_F(Guide, Threads) {
     std::thread other([this] { Order().ToXml(false, false, eol_LF, context); });
     order.ToXml(false, false, eol_LF, context);
     other.join();
-}
-
-TEST(GuideText, HasTheExamplesOfThisSource) {
-    BxTest::ExpectExamplesOf(BX_GUIDE, BX_GUIDE_SOURCE, 14);
 }

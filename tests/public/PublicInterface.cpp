@@ -55,6 +55,32 @@ std::string MessageOf(auto statement) {
     return "nothing";
 }
 
+/// Whether values count up from 0, as callers that pass numbers take them.
+template <auto... values>
+constexpr bool AreNumbered = [](int number) { return ((number++ == int{values}) && ...); }(0);
+
+static_assert(
+    AreNumbered<it_invalid, it_hexBinary, it_base64Binary, it_i1, it_i2, it_i4, it_i8, it_ui1, it_ui2, it_ui4,
+                it_ui8, it_r4, it_r8, it_duration, it_yearMonth, it_monthDay, it_year, it_month, it_day,
+                it_date, it_datetime, it_time, it_char, it_string, it_boolean, it_decimal, it_integer,
+                it_xmlObject, it_xmlCollection> &&
+    AreNumbered<be_Text, be_Hex, be_Base64, be_Short, be_Int, be_Long, be_Boolean, be_Float, be_Double,
+                be_UUID> &&
+    AreNumbered<cmp_None, cmp_GZip, cmp_ZLib> && AreNumbered<eol_CRLF, eol_LF> &&
+    AreNumbered<enc_Unspecified, enc_UTF8, enc_UTF16, enc_UTF16NoDeclaration> &&
+    AreNumbered<fi_None, fi_Plain, fi_StandaloneYes, fi_StandaloneNo, fi_Version10, fi_Version10StandaloneYes,
+                fi_Version10StandaloneNo, fi_Version11, fi_Version11StandaloneYes,
+                fi_Version11StandaloneNo> &&
+    st_Default == 0 && st_NoNamespaces == 2 && AreNumbered<CElement::msg_CollectionChanged> &&
+    AreNumbered<BxXmlLib5Data::et_Element, BxXmlLib5Data::et_PseudoElement> &&
+    AreNumbered<BxXmlLib5Data::egt_Sequence, BxXmlLib5Data::egt_Choice, BxXmlLib5Data::egt_All> &&
+    AreNumbered<CWhitespaceUtils::ws_Preserve, CWhitespaceUtils::ws_Replace, CWhitespaceUtils::ws_Collapse> &&
+    AreNumbered<CDateTime::dt_yearZero, CDateTime::dt_dateTime, CDateTime::dt_date, CDateTime::dt_gYearMonth,
+                CDateTime::dt_gYear, CDateTime::dt_time, CDateTime::dt_gDay, CDateTime::dt_gMonth,
+                CDateTime::dt_gMonthDay> &&
+    AreNumbered<CDateTime::dtc_equal, CDateTime::dtc_lessThan, CDateTime::dtc_greaterThan,
+                CDateTime::dtc_indeterminate>);
+
 }  // namespace
 
 TEST(PublicInterface, ADerivedObjectReadsAndWrites) {

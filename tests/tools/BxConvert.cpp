@@ -106,6 +106,10 @@ TEST(Convert, WritesWhatItReads) {
             kDeclaration + "<a xmlns=\"u?1&amp;2\"><AA:b xmlns:AA=\"&lt;&quot;&#10;&#9;&#13;\" xmlns:AB=\"u?1&amp;2\" AB:x=\"1\"/></a>", ""},
         {"--compact", "<a xmlns:t='u&amp;' xmlns:xsi='" + kXsi + "'><b xsi:type=' t:T'/></a>",
             kDeclaration + "<a xmlns:xsi=\"" + kXsi + "\" xmlns:t=\"u&amp;\"><b xsi:type=\" t:T\"/></a>", ""},
+        {"--compact", "<p:a xmlns:p='u' xmlns:q='u' xmlns:xsi='" + kXsi + "' xsi:type='T'><b xsi:type=' q:q'/><c xsi:type='p:q'/></p:a>",
+            kDeclaration + "<p:a xmlns:xsi=\"" + kXsi + "\" xmlns:p=\"u\" xsi:type=\"T\"><b xsi:type=\" p:q\"/><c xsi:type=\"p:q\"/></p:a>", ""},
+        {"--compact", "<p:a xmlns:p='u' xmlns:xsi='" + kXsi + "' xsi:type='T'/>",
+            kDeclaration + "<AA:a xmlns:AA=\"u\" xmlns:xsi=\"" + kXsi + "\" xsi:type=\"T\"/>", ""},
         {"--compact", "<a xmlns:p='u&amp;' p:x='1'/>", kDeclaration + "<a xmlns:AA=\"u&amp;\" AA:x=\"1\"/>", ""},
         {"--compact --no-namespaces", "<p:a xmlns:p='u?1&amp;2' p:x='1'> <b xmlns='v'/> <undeclared:c/></p:a>",
             kDeclaration + "<p:a xmlns:p=\"u?1&amp;2\" p:x=\"1\"><b xmlns=\"v\"/><undeclared:c/></p:a>", ""},
@@ -136,6 +140,8 @@ TEST(Convert, WritesFastInfosetThatAStrictReaderTakes) {
         {"<a" + xsi + "xmlns:ns1='u'><b xsi:type=' ns1:T' xmlns='v'/></a>",
          "<a><{v}b" + type + "{u}T></></>"},
         {"<a" + xsi + "xmlns='u' xsi:type='T'/>", "<{u}a" + type + "T></>"},
+        {"<a" + xsi + "xmlns:p='u' xmlns:q='u' xsi:type='p:T'><b xsi:type='q:T'/></a>",
+         "<a" + type + "{u}T><b" + type + "{u}T></></>"},
         {"<a" + xsi + "xsi:type='unbound:T'/>", "! a type whose prefix is not in scope at octet 76"},
     };
     Folder const folder;

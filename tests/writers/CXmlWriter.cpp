@@ -81,7 +81,10 @@ TEST(CXmlWriter, BeginsAnewWhenAssignedToWithAnElementOpen) {
     for (CXmlWriter* writer : {static_cast<CXmlWriter*>(&text), static_cast<CXmlWriter*>(&infoset)}) {
         Write(*writer, "+gone=P <P|a @k=v ^N|T");
         *writer = source;
-        Write(*writer, "<P|b > .");
+        Write(*writer, "<P|b");
+        CXmlWriter const& same = *writer;
+        *writer = same;
+        Write(*writer, "> .");
     }
     EXPECT_TRUE(text.GetString().ends_with(u"<p:b xmlns=\"D\" xmlns:p=\"P\"/>"));
     EXPECT_EQ(CStrictFastInfoset::Read(infoset.GetBinaryData().GetOctets()), "<{P}b></>");

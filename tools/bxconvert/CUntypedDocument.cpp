@@ -40,15 +40,18 @@ void EscapeNamespaces(CElement& element) {
     for (CElement* const child : *children) EscapeNamespaces(*child);
 }
 
-std::map<wstring, wstring> Aliases(CXmlDocument const& document, Statistics const& statistics, Form form) {
-    std::map<wstring, wstring> aliases;
+using Names = std::map<wstring, wstring>;
+
+/// The aliases that the root declares, by namespace.
+Names Aliases(CXmlDocument const& document, Statistics const& statistics, Form form) {
+    Names aliases;
     std::set<wstring> used = statistics.m_typePrefixes;
     if (statistics.m_hasXsiAttribute && document.LookupNamespaceFromAlias(u"xsi") == kXsiNamespace) {
         used.insert(u"xsi");
     }
     for (wstring const& prefix : used) {
         wstring const ns = document.LookupNamespaceFromAlias(prefix.c_str());
-        if (!prefix.empty() && !ns.empty()) aliases[form == Form::kXml ? Escaped(ns) : ns] = prefix;
+        if (!prefix.empty() && !ns.empty()) aliases.try_emplace(ns, prefix);
     }
     if (form == Form::kXml) return aliases;
     std::size_t number = 0;
@@ -60,19 +63,55 @@ std::map<wstring, wstring> Aliases(CXmlDocument const& document, Statistics cons
     return aliases;
 }
 
+/// The aliases that stand for prefixes of types: a writer declares one of those that a namespace has.
+Names OtherPrefixes(CXmlDocument const& document, Statistics const& statistics, Names const& aliases) {
+    Names others;
+    for (wstring const& prefix : statistics.m_typePrefixes) {
+        auto const alias = aliases.find(document.LookupNamespaceFromAlias(prefix.c_str()));
+        if (!prefix.empty() && alias != aliases.end() && alias->second != prefix)
+            others[prefix] = alias->second;
+    }
+    return others;
+}
+
+void RenamePrefixes(CElement& element, Names const& others) {
+    CSmartPtr<CAttributeCol> const attributes = element.GetAttributes();
+    for (CAttribute* const attribute : *attributes) {
+        if (attribute->GetNamespace() != kXsiNamespace || attribute->GetName() != u"type") continue;
+        wstring value = attribute->GetValue();
+        wstring const prefix = PrefixOf(value);
+        auto const other = others.find(prefix);
+        if (other == others.end()) continue;
+        attribute->SetValue(value.replace(value.find(prefix), prefix.size(), other->second).c_str());
+    }
+    CSmartPtr<CElementCol> const children = element.GetChildElements();
+    for (CElement* const child : *children) RenamePrefixes(*child, others);
+}
+
+/// Whether elements may be in a default namespace. One without a namespace is written without a prefix, and so
+/// is a type of no namespace: that would take them in.
+bool MayDeclareDefaultNamespace(CXmlDocument const& document, Statistics const& statistics) {
+    return !statistics.m_hasElementWithoutNamespace &&
+           !(statistics.m_typePrefixes.contains(u"") && document.LookupNamespaceFromAlias(u"").empty());
+}
+
 }  // namespace
 
 CUntypedDocument::CUntypedDocument(CXmlDocument const& document, Statistics const& statistics,
                                    Options const& options)
     : CElement(u""),
-      // An element without a namespace is written without a prefix, so a default namespace would take it in.
-      m_declaresDefaultNamespace(!statistics.m_hasElementWithoutNamespace &&
-                                 (options.m_form == Form::kXml || statistics.m_typePrefixes.contains(u""))),
-      m_aliases(Aliases(document, statistics, options.m_form)) {
+      m_declaresDefaultNamespace(MayDeclareDefaultNamespace(document, statistics) &&
+                                 (options.m_form == Form::kXml || statistics.m_typePrefixes.contains(u""))) {
     CXmlElement* const root = document.GetDocumentElement();
     FromXml_Int(root, root, CXmlSerializationContext::GetDefaultContext(), false);
     if (!options.m_keepWhitespace) DropWhitespace(*root, *this);
+    Names const aliases = Aliases(document, statistics, options.m_form);
+    Names const others = OtherPrefixes(document, statistics, aliases);
+    if (!others.empty()) RenamePrefixes(*this, others);
     if (statistics.m_hasNamespaceToEscape && options.m_form == Form::kXml) EscapeNamespaces(*this);
+    for (auto const& [ns, alias] : aliases) {
+        m_aliases.emplace(options.m_form == Form::kXml ? Escaped(ns) : ns, alias);
+    }
 }
 
 void CUntypedDocument::ToXml_Int(CXmlWriter* writer, bool isRoot, char16_t const* namespaceUri,

@@ -22,13 +22,6 @@ void EnterNamespace(wstring const& ns, wstring const& outside, Statistics& found
     if (!ns.empty() && ns != outside && ns != kXmlNamespace) found.m_namespaces.insert(ns);
 }
 
-/// The prefix of a qualified name.
-wstring PrefixOf(std::u16string_view name) {
-    std::size_t const start = std::min(name.find_first_not_of(kWhitespace), name.size());
-    std::size_t const colon = name.find(u':', start);
-    return colon == name.npos ? wstring() : wstring(name.substr(start, colon - start));
-}
-
 void EnterAttribute(CXmlAttribute const& attribute, CXmlElement const& owner, Statistics& found) {
     ++found.m_attributes;
     wstring const& ns = attribute.GetNamespaceURI();
@@ -68,6 +61,12 @@ std::string ValueOrNone(wstring const& value) {
 
 bool IsWhitespace(std::u16string_view text) {
     return text.find_first_not_of(kWhitespace) == text.npos;
+}
+
+wstring PrefixOf(std::u16string_view name) {
+    std::size_t const start = std::min(name.find_first_not_of(kWhitespace), name.size());
+    std::size_t const colon = name.find(u':', start);
+    return colon == name.npos ? wstring() : wstring(name.substr(start, colon - start));
 }
 
 std::string InElements(std::size_t count) {

@@ -33,6 +33,9 @@ bool IsWhitespace(std::u16string_view text);
 /// "1 element", "2 elements".
 std::string InElements(std::size_t count);
 
+/// The prefix of a qualified name, empty for none.
+BxXmlLib5::wstring PrefixOf(std::u16string_view name);
+
 Statistics Survey(BxXmlLib5::CXmlElement const& root);
 
 /// What --info prints: a line `name: value` for each fact.

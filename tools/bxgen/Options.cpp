@@ -5,6 +5,8 @@
 #include <iterator>
 #include <string_view>
 
+#include "schema/Text.h"
+
 namespace BxGen {
 
 namespace {
@@ -70,7 +72,7 @@ constexpr Option kOptions[] = {
     {"-n",              "NAME",      "C++ namespace and file name of what is not mapped (default: from the first schema)", Put<&Options::m_name>},
     {"--name",          "NAME",      "the same",                                                      Put<&Options::m_name>},
     {"--namespace-map", "URI=NS",    "C++ namespace of an XML namespace, NS may be A::B; repeatable", AppendPair<&Options::m_namespaces>},
-    {"--root-element",  "NAME",      "{uri}name of a root, or all, or none; repeatable (default: those not referred to)", Append<&Options::m_roots>},
+    {"--root-element",  "NAME",      "name or {uri}name of a root, or all, or none; repeatable (default: those not referred to)", Append<&Options::m_roots>},
     {"--prefix",        "TEXT",      "ahead of names of classes (default C)",                         PutAny<&Options::m_prefix>},
     {"--strip-suffix",  "TEXT",      "taken off names of types, such as Type",                        Put<&Options::m_strippedSuffix>},
     {"--names",         "FILE",      "names to use instead, one a line",                              Put<&Options::m_namesFile>},
@@ -82,7 +84,9 @@ constexpr Option kOptions[] = {
     {"--no-aliases",    "",          "a class also for types that add nothing to their base",         Set<&Options::m_withAliases, false>},
     {"--ascii",         "",          "spell letters beyond ASCII in names",                           Set<&Options::m_ascii, true>},
     {"--program",       "",          "add a program that reads and writes documents",                 Set<&Options::m_program, true>},
+    {"--check",         "",          "check the schemas by all rules of the standard, if built with Xerces-C", Set<&Options::m_check, true>},
     {"--depfile",       "FILE",      "write what was read as a rule for make",                        Put<&Options::m_depfile>},
+    {"--stamp",         "FILE",      "touch this file last; it is then the target of the rule",       Put<&Options::m_stamp>},
     {"--dump",          "",          "print the components of the schemas, write nothing",            Set<&Options::m_dump, true>},
     {"--list",          "",          "print names of files, and what was renamed; write nothing",     Set<&Options::m_list, true>},
     {"--dry-run",       "",          "the same with all checks",                                      Set<&Options::m_dryRun, true>},
@@ -97,14 +101,14 @@ constexpr Option kOptions[] = {
 constexpr char kIntroduction[] =
     "Usage: bxgen [options] SCHEMA...\n"
     "\n"
-    "Makes C++ classes from XML schemas. Nothing is fetched from the net: a location that\n"
-    "is no file must be in a catalog.\n"
+    "Makes C++ classes from XML schemas. Nothing is fetched from the net: a location\n"
+    "that is no file must be in a catalog.\n"
     "\n";
 
 constexpr char kNotes[] =
     "\n"
-    "Exit status: 0 for success, 1 for a wrong command line, 2 for something wrong with a\n"
-    "schema, 3 for a file that cannot be read or written.\n";
+    "Exit status: 0 for success, 1 for a wrong command line, 2 for something wrong\n"
+    "with a schema, 3 for a file that cannot be read or written.\n";
 
 Option const& FindOption(std::string_view name) {
     auto const* const option = std::ranges::find(kOptions, name, &Option::m_name);
@@ -172,6 +176,7 @@ Options ParseOptions(std::span<char const* const> arguments) {
 
 std::string HelpText() {
     constexpr std::size_t kColumn = 29;
+    constexpr std::size_t kColumns = 80;
     std::string text = kIntroduction;
     for (Option const& option : kOptions) {
         std::string line = "  " + std::string(option.m_name);
@@ -180,8 +185,15 @@ std::string HelpText() {
             text += line + '\n';
             line.clear();
         }
-        line.resize(kColumn, ' ');
-        text += line + std::string(option.m_help) + '\n';
+        line.resize(kColumn - 1, ' ');
+        for (std::string_view const word : Items(option.m_help)) {
+            if (line.size() + 1 + word.size() > kColumns) {
+                text += line + '\n';
+                line.assign(kColumn - 1, ' ');
+            }
+            line += ' ' + std::string(word);
+        }
+        text += line + '\n';
     }
     return text + kNotes;
 }

@@ -33,6 +33,8 @@ struct Options {
     bool m_ascii = false;
     bool m_program = false;
     std::optional<std::string> m_depfile;
+    bool m_check = false;
+    std::optional<std::string> m_stamp;
     // What to do instead
     bool m_dump = false;
     bool m_list = false;

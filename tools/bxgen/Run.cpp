@@ -5,6 +5,7 @@
 #include "Depfile.h"
 #include "Diagnostics.h"
 #include "Options.h"
+#include "check/FullCheck.h"
 #include "emit/Emit.h"
 #include "mapping/MakePlan.h"
 #include "schema/Dump.h"
@@ -31,6 +32,19 @@ std::string ListText(std::vector<OutputFile> const& files, Plan const& plan) {
     return text;
 }
 
+/// What --depfile holds.
+std::string RuleFor(std::vector<OutputFile> const& files, SchemaSet const& set, Options const& options) {
+    std::vector<std::string> targets;
+    if (options.m_stamp) {
+        targets.push_back(*options.m_stamp);
+    } else {
+        for (OutputFile const& file : files) targets.push_back(file.m_path);
+    }
+    std::vector<std::string> read = set.Files();
+    if (options.m_namesFile) read.push_back(*options.m_namesFile);
+    return DepfileText(targets, read);
+}
+
 void Generate(SchemaSet const& set, Options const& options, std::string& output, Diagnostics& diagnostics) {
     Plan const plan = MakePlan(set, options, diagnostics);
     bool const hasRoots = std::ranges::any_of(
@@ -43,18 +57,16 @@ void Generate(SchemaSet const& set, Options const& options, std::string& output,
         output = ListText(files, plan);
         return;
     }
-    if (options.m_depfile) {
-        std::vector<std::string> targets;
-        for (OutputFile const& file : files) targets.push_back(file.m_path);
-        files.push_back({*options.m_depfile, DepfileText(targets, set.Files())});
-    }
+    if (options.m_depfile) files.push_back({*options.m_depfile, RuleFor(files, set, options)});
     WriteFiles(files, diagnostics);
+    if (options.m_stamp && !diagnostics.HasFailed()) Touch(*options.m_stamp, diagnostics);
 }
 
 void Work(Options const& options, std::string& output, Diagnostics& diagnostics) {
     Catalog const catalog = MakeCatalog(options, diagnostics);
     if (diagnostics.HasErrors()) return;
     SchemaSet const set = LoadSchemas(options.m_schemas, catalog, diagnostics);
+    if (options.m_check && !diagnostics.HasErrors()) CheckFully(options.m_schemas, set, diagnostics);
     if (diagnostics.HasFailed()) return;
     if (options.m_dump) {
         output = Dump(set);

@@ -15,7 +15,10 @@ public:
     explicit CMadeOnce(T& object) { Set(&object); }
     CMadeOnce(CMadeOnce const&) = delete;
     CMadeOnce& operator=(CMadeOnce const&) = delete;
-    ~CMadeOnce() { Set(nullptr); }
+    ~CMadeOnce() {
+        // Nobody else may ask any more, so no locked step is needed.
+        if (T* const object = Get()) object->Release();
+    }
 
     /// Null if it was not made.
     T* Get() const { return m_object.load(std::memory_order_acquire); }

@@ -207,7 +207,7 @@ public:
 /// A property that may have a value.
 template <class S>
 class Optional
-    : public Property<S, std::conditional_t<(sizeof(typename S::Value) <= 16), RoomInside<typename S::Value>,
+    : public Property<S, std::conditional_t<(sizeof(typename S::Value) <= 24), RoomInside<typename S::Value>,
                                             RoomOutside<typename S::Value>>> {
 public:
     Optional& operator=(typename S::Value value) requires(!HasText<S>) {

@@ -157,7 +157,7 @@ protected:
     static void Divide(Digits const& dividend, Digits const& divisor, Digits& quotient, Digits& remainder);
 
 private:
-    friend class CDecimal;
+    friend class CLongDecimal;
     friend struct LimbsAccess;
 
     /// The limbs of a magnitude, the least significant first: a vector of few operations, which is small and

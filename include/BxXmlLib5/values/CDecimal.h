@@ -16,6 +16,8 @@
 
 namespace BxXmlLib5 {
 
+class CLongDecimal;
+
 /// A value of the type `decimal` (XML Schema Part 2, 3.2.3): an integer part of unlimited size and a fraction
 /// whose decimal places are limited for the whole process, to 30 unless SetMaxDecimalPlaces says otherwise.
 ///
@@ -29,12 +31,12 @@ public:
     /// Zero.
     CDecimal() = default;
     /// Any integer of a native type.
-    CDecimal(int value) : m_integerPart(value) {}
-    CDecimal(long value) : m_integerPart(value) {}
-    CDecimal(long long value) : m_integerPart(value) {}
-    CDecimal(unsigned value) : m_integerPart(value) {}
-    CDecimal(unsigned long value) : m_integerPart(value) {}
-    CDecimal(unsigned long long value) : m_integerPart(value) {}
+    CDecimal(int value) : m_number{value} {}
+    CDecimal(long value) : m_number{value} {}
+    CDecimal(long long value) : m_number{value} {}
+    CDecimal(unsigned value) : m_number{value} {}
+    CDecimal(unsigned long value);
+    CDecimal(unsigned long long value);
     /// The double to 13 decimal places.
     /// @throws CBxInvalidValueException for infinity and not-a-number
     CDecimal(double value);
@@ -52,19 +54,24 @@ public:
     CDecimal(char16_t const* text);
     explicit CDecimal(std::u16string_view text);
 
-    CDecimal(CDecimal const& other) = default;
-    CDecimal& operator=(CDecimal const& other) = default;
+    CDecimal(CDecimal const& other)
+        : m_number(other.m_number), m_places(other.m_places), m_isMinusZero(other.m_isMinusZero) {
+        if (IsLong()) CopyLong(other);
+    }
     /// Leaves the other object zero.
-    CDecimal(CDecimal&& other) noexcept
-        : m_integerPart(std::move(other.m_integerPart)),
-          m_fractionPart(std::move(other.m_fractionPart)),
-          m_fractionalDivider(std::exchange(other.m_fractionalDivider, 1)) {}
-    CDecimal& operator=(CDecimal&& other) noexcept {
-        if (this == &other) return *this;
-        m_integerPart = std::move(other.m_integerPart);
-        m_fractionPart = std::move(other.m_fractionPart);
-        m_fractionalDivider = std::exchange(other.m_fractionalDivider, 1);
+    CDecimal(CDecimal&& other) noexcept { Swap(other); }
+    CDecimal& operator=(CDecimal const& other) {
+        CDecimal copy = other;
+        Swap(copy);
         return *this;
+    }
+    CDecimal& operator=(CDecimal&& other) noexcept {
+        CDecimal taken = std::move(other);
+        Swap(taken);
+        return *this;
+    }
+    ~CDecimal() {
+        if (IsLong()) DropLong();
     }
 
     /// The limit of decimal places. It is not tested; below 0 it works like 0, for integers, and above
@@ -75,6 +82,8 @@ public:
 
     /// The shortest text of the value, without an exponent.
     wstring ToString() const;
+    /// Appends what ToString() gives.
+    void AppendTo(wstring& text) const;
     /// The value with so many decimal places, rounded half away from zero. The point always stands: 12.6 to
     /// no place is "13.". There can be fewer places for a value that lies on a half, as 1.9995 to three
     /// places is "2.0", and from the limit of decimal places on, where nothing is rounded and no zeros are
@@ -129,39 +138,46 @@ public:
     }
 
 private:
-    CDecimal(CBigInteger integerPart, CBigInteger fractionPart, int divider);
+    /// A number that is short enough, as nearly all are, is an integer divided by 10 to the power of its places,
+    /// of which there are as few as possible. What is not is a long one.
+    union Number {
+        std::int64_t m_scaled;
+        CLongDecimal* m_long;
+    };
 
-    /// The value of an integer divided by 10 to a power.
-    static CDecimal FromScaled(CBigInteger const& scaled, std::size_t places);
-    /// The value times 10 to a power that leaves no fraction.
-    CBigInteger Scaled(int places) const;
-    /// The same for numbers that are short enough, as nearly all are.
-    static CDecimal FromShort(std::int64_t scaled, int places);
-    std::optional<std::int64_t> Short(int places) const;
-    CBigInteger ScaledFraction(int places) const;
+    static constexpr std::int8_t kIsLong = -1;
+
+    CDecimal(std::int64_t scaled, int places);
+    CDecimal(CLongDecimal&& number);
+
+    bool IsLong() const { return m_places == kIsLong; }
+    void CopyLong(CDecimal const& other);
+    void DropLong();
+    void Swap(CDecimal& other) noexcept {
+        std::swap(m_number, other.m_number);
+        std::swap(m_places, other.m_places);
+        std::swap(m_isMinusZero, other.m_isMinusZero);
+    }
+
+    CLongDecimal Long() const;
+    /// The value times 10 to a power, if it is short.
+    /// @param places at least those of the number
+    std::optional<std::int64_t> Scaled(int places) const;
 
     /// The limit of decimal places that is in effect, whatever has been set. An operation reads it once.
     static int PlacesLimit();
 
     void Parse(std::u16string_view text);
-    CDecimal Plus(CDecimal const& other, int otherSign) const;
-
     bool ParsePlain(std::u16string_view text, int limit);
-    void Rationalise();
-    void ChangeFractionalDivider(int divider);
-    /// Rounds to a limit of decimal places.
-    void Cap(int limit);
-    /// -1, 0 or 1, as CBigInteger orders the integer parts and then the fractions.
+    CDecimal Plus(CDecimal const& other, int otherSign) const;
+    /// -1, 0 or 1, as the operators order.
     int Order(CDecimal const& other) const;
 
     static std::atomic<int> m_maxDivider;
 
-    /// With the sign of the number, so it is -0 for a number between -1 and 0.
-    CBigInteger m_integerPart;
-    /// The digits behind the point as an integer with the sign of the number; that of zero is plus.
-    CBigInteger m_fractionPart;
-    /// The number of decimal places that the fraction has, at least 1.
-    int m_fractionalDivider = 1;
+    Number m_number{0};
+    std::int8_t m_places = 0;  // kIsLong for a long one
+    bool m_isMinusZero = false;
 };
 
 }  // namespace BxXmlLib5

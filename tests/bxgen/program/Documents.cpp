@@ -31,6 +31,10 @@ std::string Names(std::string const& content, std::string const& attributes = {}
     return Document("<s:names" + attributes + '>' + content + "</s:names>");
 }
 
+std::string Verse(std::string const& content) {
+    return Note("<s:rest/><s:duration>1</s:duration><s:verse>" + content + "</s:verse>");
+}
+
 std::string const kPitch = "<s:pitch><s:step>C</s:step><s:octave>4</s:octave></s:pitch>";
 std::string const kTie = "<s:tie type=\"start\"/>";
 std::string const kDuration = "<s:duration>1.5</s:duration>";
@@ -44,6 +48,10 @@ TEST(Program, DocumentsComeBackEqual) {
         Note("<s:cue/>" + kPitch + kDuration),
         Note("<s:chord/><s:rest/>" + kDuration + kTie + "<s:voice>1</s:voice><s:dot/><s:dot/>"),
         Note("<s:rest/>" + kDuration + "<s:lyric> a </s:lyric><s:lyric/><s:lyric>b</s:lyric>"),
+        Verse("<s:syllable>a</s:syllable></s:verse><s:verse><s:humming>m</s:humming><s:end-line/>"),
+        Verse(
+            "<s:elision>x</s:elision><s:elision>y</s:elision><s:syllable>a</s:syllable><s:syllable>b</s:syllable>"
+            "<s:elision>z</s:elision><s:syllable>c</s:syllable><s:end-line/><s:end-paragraph/>"),
         // A repeated choice keeps its order
         Document("<s:backup>2</s:backup><s:key>-7</s:key><s:clef line=\"2\">F</s:clef><s:note><s:rest/>" +
                  kDuration + "</s:note><s:key>0</s:key><s:backup>0.25</s:backup>"),
@@ -74,7 +82,7 @@ TEST(Program, DocumentsComeBackEqual) {
         CScore score;
         ASSERT_NO_THROW(score.Parse(row));
         EXPECT_EQ(score.ToText(), row);
-        EXPECT_TRUE(score.Validate().empty());
+        EXPECT_TRUE(score.Validate().empty() && score.Clone()->Equals(score));
         CBinaryData const infoset = score.ToFastInfosetStream(fi_None, score.FastInfosetContext(), cmp_None);
         CScore read;
         read.FromXmlStream(infoset, CXmlSerializationContext());
@@ -112,9 +120,25 @@ TEST(Program, DocumentsAreRefused) {
         {Document("<t:tool since=\"2000\"><name/></t:tool>"), "[since]"},
         {Document("<e xmlns='urn:z'/>"), "[e]"},
         {Document("<s:note size=\"huge\"><s:rest/>" + kDuration + "</s:note>"), "size [huge]"},
-        {Note("<s:rest/>"), "[duration]"},
+        {Note(""),
+         "Failed to find one of the elements [grace] [cue] [chord] [pitch] [rest] in the element [note]"},
+        {Note("<s:rest/>"), "Failed to find the element [duration] in the element [note]"},
+        {Note("<s:rest/>" + kPitch),
+         "Failed to find the element [duration] in the element [note], where [pitch] stands"},
+        {Note("<s:grace/><s:voice>1</s:voice>"),
+         "Failed to find one of the elements [chord] [pitch] [rest] [cue] in the element [note], where [voice] stands"},
+        {Note("<s:grace/>" + kPitch + kDuration),
+         "Unexpected element [duration] found in the element [note]"},
         {Note("<s:grace/><s:cue/><s:rest/>" + kTie), "[tie]"},
-        {Note("<s:rest/>" + kDuration + kTie + kTie + kTie), "[tie]"},
+        {Note("<s:rest/>" + kDuration + kTie + kTie + kTie),
+         "Unexpected element [tie] found in the element [note]"},
+        {Verse(""),
+         "Failed to find one of the elements [elision] [syllable] [humming] in the element [verse]"},
+        {Verse("<s:elision>x</s:elision>"), "Failed to find the element [syllable] in the element [verse]"},
+        {Verse("<s:syllable>a</s:syllable><s:humming>m</s:humming>"),
+         "Unexpected element [humming] found in the element [verse]"},
+        {Verse("<s:humming>m</s:humming><s:end-paragraph/>"),
+         "Unexpected element [end-paragraph] found in the element [verse]"},
         {Note("<s:grace/><s:pitch><s:step>C</s:step><s:octave>10</s:octave></s:pitch>"), "octave [10]"},
         {Names("<s:word>NEW</s:word>"), "word [NEW]"},
         {Names("<s:aB>1</s:aB><s:a-b>1</s:a-b>"), "[a-b]"},
@@ -135,16 +159,52 @@ TEST(Program, ClassesAreBuilt) {
     CScore score;
     score.Id = "a";
     score.Title = "t";
+    EXPECT_THROW(score.Title = "too long for it", CBxInvalidValueException);
     CNote& note = score.Items.Add().Note.Make();
-    note.Cue.Make();
+    auto const written = [&] {
+        try {
+            return score.ToText();
+        } catch (CBxValidationException const& failure) {
+            return ToUtf8(failure.GetMessage());
+        }
+    };
+    std::string const noArm = "/score/note: No member of the choice has all that is set: ";
     note.Pitch.Make().Step = Step::C;
     note.Pitch->Octave = 4;
     note.Duration = CDecimal(u"1.5");
-    EXPECT_EQ(score.ToText(), Note("<s:cue/>" + kPitch + kDuration));
+    note.Tie.Add().Type = StartStop::Start;
+    EXPECT_EQ(written(), Note(kPitch + kDuration + kTie));
+    note.Cue.Make();
+    EXPECT_EQ(written(), noArm + "[pitch] [tie] [cue] [duration]");
+    note.Tie.Clear();
+    EXPECT_EQ(written(), Note("<s:cue/>" + kPitch + kDuration));
     note.Duration.Clear();
-    EXPECT_FALSE(score.Validate().empty());
-    EXPECT_THROW(score.ToText(), CBxValidationException);
-    EXPECT_THROW(score.Title = "too long for it", CBxInvalidValueException);
+    EXPECT_EQ(written(), "/score/note: The element [grace] is not set");
+    note.Grace.Make();
+    EXPECT_EQ(written(), Note("<s:grace/><s:cue/>" + kPitch));
+    note.Rest.Make();
+    EXPECT_EQ(written(), noArm + "[pitch] [rest]");
+}
+
+TEST(Program, ClassesTellAllThatWritingWouldRefuse) {
+    CScore score;
+    score.Parse(Note("<s:rest/>" + kDuration));
+    CNote& note = *score.Items[0].Note;
+    note.Rest.Clear();
+    note.Tie.Add();
+    note.Tie.Add().Type = StartStop::Stop;
+    note.Verse.Add();
+    note.Verse.Add().Items.Add().Elision = {u"a", u"b", u"c"};
+    note.Verse[1].EndParagraph.Make();
+    std::string complaints;
+    for (wstring const& one : score.Validate()) complaints += ToUtf8(one) + "\n";
+    EXPECT_EQ(complaints,
+              "/score/note: Nothing is set of one of the elements [pitch] [rest]\n"
+              "/score/note/tie[1]: The attribute [type] is not set\n"
+              "/score/note/verse[1]: Nothing is set of one of the elements [elision] [syllable] [humming]\n"
+              "/score/note/verse[2]: There are 3 of [elision], there must be at most 2\n"
+              "/score/note/verse[2]: The element [syllable] is not set\n"
+              "/score/note/verse[2]: The element [end-line] is not set\n");
 }
 
 /// Runs a line of shell in a folder, for which P is the program.
@@ -163,6 +223,12 @@ TEST(Program, ReadsAndWritesFiles) {
     EXPECT_EQ(RunIn(folder, "P --to finf in.xml -o out.finf && P --compact - <out.finf | cmp - in.xml"), 0);
     EXPECT_EQ(RunIn(folder, "P bad.xml -o out.xml"), 2);
     EXPECT_EQ(RunIn(folder, "cmp in.xml out.xml && grep -q '^bad.xml: ' err"), 0);
+    EXPECT_EQ(RunIn(folder, "P none.xml"), 3);
+    EXPECT_EQ(RunIn(folder, "grep -q '^none.xml: No such file' err"), 0);
+    EXPECT_EQ(RunIn(folder, "P ."), 3);
+    EXPECT_EQ(RunIn(folder, "P in.xml -o none/out.xml"), 3);
+    EXPECT_EQ(RunIn(folder, "P in.xml >/dev/full"), 3);
+    EXPECT_EQ(RunIn(folder, "P --compact in.xml -o - | cmp - in.xml"), 0);
     EXPECT_EQ(RunIn(folder, "P"), 1);
     EXPECT_EQ(RunIn(folder, "P --to text in.xml"), 1);
     EXPECT_EQ(RunIn(folder, "rm -r ../$(basename '" + folder + "')"), 0);

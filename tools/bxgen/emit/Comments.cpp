@@ -1,12 +1,11 @@
 #include "emit/Comments.h"
 
+#include "emit/Lines.h"
 #include "schema/Text.h"
 
 namespace BxGen {
 
 namespace {
-
-constexpr std::size_t kColumns = 110;
 
 /// Text that leaves the comment as it is: one line, no end of a comment, no backslash at the end of a line, no command
 /// of Doxygen.
@@ -47,7 +46,7 @@ std::string Wrapped(std::string const& text, std::string_view indent) {
         line.clear();
     };
     for (std::string_view const word : Items(text)) {
-        if (indent.size() + 3 + line.size() + 1 + word.size() > kColumns) flush();
+        if (indent.size() + 3 + WidthOf(line) + 1 + WidthOf(word) > kColumns) flush();
         line += ' ';
         line += word;
     }
@@ -65,8 +64,11 @@ std::string MemberComment(Documentation const& documentation, std::string_view i
     return documentation.m_text.empty() ? "" : Wrapped(Defused(documentation.m_text), indent);
 }
 
-std::string TrailingComment(std::string_view text) {
-    return text.empty() ? "" : "  ///< " + Defused(text);
+std::string WithComment(std::string const& member, std::string_view text) {
+    if (text.empty()) return member + '\n';
+    std::string const line = member + "  ///< " + Defused(text) + '\n';
+    if (WidthOf(line) <= kColumns + 1) return line;
+    return Wrapped(Defused(text), member.substr(0, member.find_first_not_of(' '))) + member + '\n';
 }
 
 }  // namespace BxGen

@@ -15,7 +15,9 @@ std::string Comment(Documentation const& documentation, std::string_view indent)
 /// The same for a member: nothing if there is no text, since its row tells name and place.
 std::string MemberComment(Documentation const& documentation, std::string_view indent);
 
-/// Behind a member: `  ///< text`, nothing for an empty text.
-std::string TrailingComment(std::string_view text);
+/// A member's line with a comment behind it, `  ///< text`, or ahead of it if there is no room; without one if the text is
+/// empty.
+/// @param member with its indentation
+std::string WithComment(std::string const& member, std::string_view text);
 
 }  // namespace BxGen

@@ -51,8 +51,7 @@ std::vector<OutputFile> Emit(Plan const& plan, Options const& options) {
         for (OutputFile& file : SourcesOf(plan, unit, path, options.m_sources))
             files.push_back(std::move(file));
     }
-    if (options.m_program)
-        files.push_back({folder + plan.m_units.front().m_file + "Main.cpp", Program(plan)});
+    if (options.m_program) files.push_back({folder + plan.m_program + ".cpp", Program(plan)});
     return files;
 }
 

@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "emit/Comments.h"
+#include "emit/Lines.h"
 #include "emit/Literals.h"
 
 namespace BxGen {
@@ -19,10 +20,9 @@ constexpr std::string_view kFacetOrder[] = {
 };
 
 std::string TextTable(std::string_view name, std::vector<std::string> const& texts) {
-    std::string table =
-        std::string(kIndent) + "static constexpr char16_t const* " + std::string(name) + "[] = {\n";
-    for (std::string const& text : texts) table += "        " + TextLiteral(text) + ",\n";
-    return table + "    };\n";
+    std::vector<std::string> literals;
+    for (std::string const& text : texts) literals.push_back(TextLiteral(text));
+    return Table("    static constexpr char16_t const* " + std::string(name) + "[] = ", literals, "");
 }
 
 std::string FacetLine(SimplePlan const& simple) {
@@ -39,15 +39,25 @@ std::string FacetLine(SimplePlan const& simple) {
     return members.empty() ? "" : "    static constexpr Bx::Facets kFacets{" + members + "};\n";
 }
 
-std::string Enumeration(SimplePlan const& simple) {
-    std::string text = Comment(simple.m_documentation, "") + "enum class " + simple.m_enum + " {\n";
-    std::vector<std::string> texts;
+std::string EnumClass(SimplePlan const& simple) {
+    std::string const head = "enum class " + simple.m_enum + ' ';
+    std::vector<std::string> names;
+    std::string lines;
+    bool isDocumented = false;
     for (EnumeratorPlan const& enumerator : simple.m_enumerators) {
-        text += MemberComment(enumerator.m_documentation, kIndent);
-        text += std::string(kIndent) + enumerator.m_name + ",\n";
-        texts.push_back(enumerator.m_text);
+        std::string const comment = MemberComment(enumerator.m_documentation, kIndent);
+        isDocumented = isDocumented || !comment.empty();
+        lines += comment + std::string(kIndent) + enumerator.m_name + ",\n";
+        names.push_back(enumerator.m_name);
     }
-    text += "};\n\n/// The type of " + simple.m_enum + " in documents.\n";
+    return isDocumented ? head + "{\n" + lines + "};\n" : Table(head, names, " ");
+}
+
+std::string Enumeration(SimplePlan const& simple) {
+    std::vector<std::string> texts;
+    for (EnumeratorPlan const& enumerator : simple.m_enumerators) texts.push_back(enumerator.m_text);
+    std::string text = Comment(simple.m_documentation, "") + EnumClass(simple);
+    text += "\n/// The type of " + simple.m_enum + " in documents.\n";
     text += "struct " + simple.m_name + " : Bx::Enumeration<" + simple.m_enum + "> {\n";
     return text + TextTable("kTexts", texts) + "};\n\n";
 }
@@ -93,9 +103,10 @@ std::string HeaderEmitter::Class(ClassPlan const& plan, References& references) 
     std::string text = Comment(plan.m_documentation, "");
     text += "class " + plan.m_name + " : public " + references.Type(plan.m_base) + " {\npublic:\n";
     for (PropertyPlan const& property : plan.m_properties) {
-        text += MemberComment(property.m_documentation, kIndent);
-        text += std::string(kIndent) + references.Type(property.m_type) + ' ' + property.m_name + ';' +
-                TrailingComment(property.m_occurrence) + '\n';
+        std::string const declaration =
+            std::string(kIndent) + references.Type(property.m_type) + ' ' + property.m_name + ';';
+        text += MemberComment(property.m_documentation, kIndent) +
+                WithComment(declaration, property.m_occurrence);
     }
     if (!plan.m_properties.empty()) text += '\n';
     text +=
@@ -116,8 +127,8 @@ std::string HeaderEmitter::Forward() const {
         }
     }
     if (!aliases.empty()) aliases = '\n' + aliases;
-    return Banner(m_plan) + "#pragma once\n\n" + Includes({}, references.Needed()) + "namespace " +
-           m_unit.m_name + " {\n\n" + classes + aliases + "\n}  // namespace " + m_unit.m_name + '\n';
+    return Broken(Banner(m_plan) + "#pragma once\n\n" + Includes({}, references.Needed()) + "namespace " +
+                  m_unit.m_name + " {\n\n" + classes + aliases + "\n}  // namespace " + m_unit.m_name + '\n');
 }
 
 std::string HeaderEmitter::Includes(std::set<Unit const*> const& whole,
@@ -160,7 +171,7 @@ std::string HeaderEmitter::Header() const {
     if (HoldsTheSet())
         text +=
             "/// What the classes that are generated together have in common.\nextern Bx::Set const kSet;\n\n";
-    return text + body + "}  // namespace " + m_unit.m_name + '\n';
+    return Broken(text + body + "}  // namespace " + m_unit.m_name + '\n');
 }
 
 }  // namespace BxGen

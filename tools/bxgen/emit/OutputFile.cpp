@@ -45,20 +45,28 @@ int Replace(OutputFile const& file) {
     return failure;
 }
 
+bool Write(OutputFile const& file, Diagnostics& diagnostics) {
+    std::error_code error;
+    auto const folder = std::filesystem::path(file.m_path).parent_path();
+    if (!folder.empty()) std::filesystem::create_directories(folder, error);
+    int const failure = Replace(file);
+    if (failure == 0) return true;
+    diagnostics.FileError(
+        {}, Quoted(file.m_path) + " cannot be written: " + std::generic_category().message(failure));
+    return false;
+}
+
 }  // namespace
 
 void WriteFiles(std::vector<OutputFile> const& files, Diagnostics& diagnostics) {
     for (OutputFile const& file : files) {
         if (HasContent(file)) continue;
-        std::error_code error;
-        auto const folder = std::filesystem::path(file.m_path).parent_path();
-        if (!folder.empty()) std::filesystem::create_directories(folder, error);
-        int const failure = Replace(file);
-        if (failure == 0) continue;
-        diagnostics.FileError(
-            {}, Quoted(file.m_path) + " cannot be written: " + std::generic_category().message(failure));
-        return;
+        if (!Write(file, diagnostics)) return;
     }
+}
+
+void Touch(std::string const& path, Diagnostics& diagnostics) {
+    Write({path, ""}, diagnostics);
 }
 
 }  // namespace BxGen

@@ -17,4 +17,7 @@ struct OutputFile {
 /// built again because of it. What fails is told to the diagnostics.
 void WriteFiles(std::vector<OutputFile> const& files, Diagnostics& diagnostics);
 
+/// Makes a file that is empty, and new even if it was there.
+void Touch(std::string const& path, Diagnostics& diagnostics);
+
 }  // namespace BxGen

@@ -1,6 +1,7 @@
 #include "emit/SourceEmitter.h"
 
 #include "emit/HeaderEmitter.h"
+#include "emit/Lines.h"
 #include "emit/Literals.h"
 
 namespace BxGen {
@@ -108,7 +109,7 @@ std::string SourceEmitter::Source(std::span<ClassPlan const* const> classes, boo
         if (m_references.Needed().contains(&unit)) text += "#include \"" + unit.m_file + ".h\"\n";
     text += "\nnamespace " + m_unit.m_name + " {\n\n" + std::string(kVersionTest) + set;
     if (!rows.empty()) text += "namespace {\n\n" + rows + "}  // namespace\n\n";
-    return text + definitions + "}  // namespace " + m_unit.m_name + '\n';
+    return Broken(text + definitions + "}  // namespace " + m_unit.m_name + '\n');
 }
 
 }  // namespace BxGen

@@ -212,9 +212,10 @@ void ClassMapper::AddAttribute(AttributeUse const& use, ClassFacts& facts) {
     } else {
         plan.m_type = {isRequired ? "Bx::Required" : "Bx::Optional", nullptr, {value}, {}};
     }
-    plan.m_documentation = DocumentationOf(
-        m_mapping.m_options, {&use.m_annotation, &attribute.m_annotation, &attribute.m_type->m_annotation},
-        "", use.m_place);
+    plan.m_documentation =
+        DocumentationOf(m_mapping.m_options,
+                        {&use.m_annotation, &attribute.m_annotation, AnnotationOf(*attribute.m_type, value)},
+                        "", use.m_place);
     AddAttributeRow(use, property, facts);
     AddProperty(facts, {Kind::kAttribute, attribute.m_name, nullptr, 0}, std::move(property),
                 std::move(plan));

@@ -1,5 +1,7 @@
 #include "mapping/Comments.h"
 
+#include <algorithm>
+
 #include "schema/Text.h"
 
 namespace BxGen {
@@ -28,6 +30,10 @@ XmlElement const* Find(XmlElement const& element, std::string_view name) {
     return nullptr;
 }
 
+bool IsNamed(TypeExpression const& expression) {
+    return expression.m_symbol != nullptr || std::ranges::any_of(expression.m_arguments, IsNamed);
+}
+
 std::string TextIn(Options const& options, Annotation const& annotation) {
     for (XmlElement const* const element : annotation.m_documentation) {
         XmlElement const* const part = options.m_docElement ? Find(*element, *options.m_docElement) : element;
@@ -40,11 +46,16 @@ std::string TextIn(Options const& options, Annotation const& annotation) {
 
 }  // namespace
 
+Annotation const* AnnotationOf(Type const& type, TypeExpression const& expression) {
+    return IsNamed(expression) ? nullptr : &type.m_annotation;
+}
+
 Documentation DocumentationOf(Options const& options, std::initializer_list<Annotation const*> annotations,
                               std::string_view name, Place const& place) {
     Documentation documentation{{}, std::string(name), place};
     if (!options.m_withDocs) return documentation;
     for (Annotation const* const annotation : annotations) {
+        if (annotation == nullptr) continue;
         documentation.m_text = TextIn(options, *annotation);
         if (!documentation.m_text.empty()) break;
     }

@@ -274,9 +274,10 @@ void ContentMapper::MakeProperty(Draft const& draft) {
         MakeElement(draft, property, plan.m_type);
         wanted = m_classes.m_names.PropertyName(element.m_name);
         from = element.m_name.m_local;
-        plan.m_documentation = DocumentationOf(
-            options, {&first.m_particle->m_annotation, &element.m_annotation, &element.m_type->m_annotation},
-            "", first.m_particle->m_place);
+        plan.m_documentation = DocumentationOf(options,
+                                               {&first.m_particle->m_annotation, &element.m_annotation,
+                                                AnnotationOf(*element.m_type, plan.m_type)},
+                                               "", first.m_particle->m_place);
     }
     bool const isTwice = draft.m_key.m_number > 0;
     plan.m_name = m_facts.m_names.Take(isTwice ? wanted + std::to_string(draft.m_key.m_number + 1) : wanted);

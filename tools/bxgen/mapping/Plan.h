@@ -135,6 +135,7 @@ struct Plan {
     std::vector<NamespacePlan> m_namespaces;
     std::vector<Renamed> m_renamed;
     std::vector<std::string> m_schemas;  ///< names of the files of the command line, without folders
+    std::string m_program;               ///< the file of --program, without folder and extension
     bool m_hasDefaultNamespace = true;
 };
 

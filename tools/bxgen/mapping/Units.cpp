@@ -35,6 +35,10 @@ Units::Units(Mapping const& mapping) : m_mapping(mapping) {
     for (SchemaDocument const* const document : mapping.m_set.Documents()) {
         if (!document->m_isBuiltIn) Of(document->m_targetNamespace);
     }
+    // Build systems know the files from the command line, whatever the schemas hold.
+    if (options.m_name) Make(m_default);
+    for (auto const& [uri, name] : options.m_namespaces) Make(name);
+    mapping.m_plan.m_program = FileNameOf(m_default) + "Main";
 }
 
 Unit& Units::Of(std::string_view namespaceUri) {
@@ -77,6 +81,10 @@ void Units::NameConstants() {
     std::map<std::string_view, std::string_view> const prefixes = PrefixesOfSchemas();
     std::set<std::string, std::less<>> taken = {"xml", "xsi", "xmlns"};
     std::set<Unit const*> named;
+    // The only namespace of elements is the default one of documents.
+    auto const ofElements = std::ranges::count_if(
+        m_order, [](std::string const& uri) { return uri != kXmlNamespace && uri != kXsiNamespace; });
+    bool const needsPrefix = ofElements > 1 || !m_mapping.m_plan.m_hasDefaultNamespace;
     for (std::string const& uri : m_order) {
         auto const known = prefixes.find(uri);
         std::string const wanted = known == prefixes.end() ? "ns" : std::string(known->second);
@@ -86,7 +94,8 @@ void Units::NameConstants() {
             prefix = wanted + std::to_string(number);
         Unit& unit = Of(uri);
         bool const isFirst = named.insert(&unit).second && uri != kXmlNamespace && uri != kXsiNamespace;
-        if (uri == kXmlNamespace) prefix.clear();  // declared by itself
+        // That of XML is declared by itself.
+        if (uri == kXmlNamespace || (known == prefixes.end() && !needsPrefix)) prefix.clear();
         std::string const constant = isFirst ? "kNamespace" : 'k' + Camel(wanted, true);
         m_mapping.m_plan.m_namespaces.push_back({uri, unit.m_scope.Take(constant), prefix, &unit});
     }

@@ -180,7 +180,7 @@ constexpr ElementRule kElementRules[] = {
     {"extension@complexContent",   "base!:qname", "annotation? group@ref|all|choice|sequence? " BX_ATTRIBUTES},
     // Simple types
     {"simpleType",                 "name!:name final:simple-final", "annotation? restriction@simple|list|union"},
-    {"simpleType@local",           "", "annotation? restriction@simple|list|union"},
+    {"simpleType@local",           "final:simple-final", "annotation? restriction@simple|list|union"},
     {"restriction@simple",         "base:qname", "annotation? simpleType@local? " BX_FACETS},
     {"list",                       "itemType:qname", "annotation? simpleType@local?"},
     {"union",                      "memberTypes:qnames", "annotation? simpleType@local*"},

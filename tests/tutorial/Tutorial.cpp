@@ -1,0 +1,182 @@
+// The examples of docs/tutorial.md, in its order.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+#include <iterator>
+#include <string>
+#include <vector>
+
+#include "BxXmlLib5/BxXmlLib5.h"
+#include "Tutorial.h"
+
+namespace Bx = BxXmlLib5::Generated;
+using namespace BxXmlLib5;
+using namespace Tutorial;
+
+namespace {
+
+std::string Content(std::filesystem::path const& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+/// A document of one root, with its attributes and its content.
+std::string Document(std::string const& name, std::string const& attributes,
+                     std::string const& content = "") {
+    std::string const head =
+        "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<" + name +
+        " xmlns=\"urn:tutorial\" xmlns:xsi=\"http://www.w3.org/2001/XMLSchema-instance\"" + attributes;
+    return head + (content.empty() ? "/>" : '>' + content + "</" + name + '>');
+}
+
+TEST(Tutorial, Program) {
+    std::string folder = testing::TempDir() + "bx-tutorial-XXXXXX";
+    ASSERT_NE(mkdtemp(folder.data()), nullptr);
+    auto const run = [&](std::string const& items) {
+        std::ofstream(folder + "/order.xml") << "<order xmlns=\"urn:shop\">" + items + "</order>";
+        int const status =
+            std::system(("cd '" + folder + "' && '" BX_TUTORIAL_PROGRAM "' >out 2>&1").c_str());
+        return std::to_string(status != 0) + ' ' + Content(folder + "/out");
+    };
+    EXPECT_EQ(run("<item sku=\"A-17\"><price>2.25</price></item>"), "0 A-17: 2.25\n");
+    EXPECT_EQ(
+        Content(folder + "/order.xml"),
+        "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<order xmlns=\"urn:shop\">\n\t<item sku=\"A-17\">\n\t\t"
+        "<price>2.25</price>\n\t</item>\n\t<item sku=\"B-3\">\n\t\t<price>9.5</price>\n\t</item>\n</order>\n");
+    std::string const failure = run("<item sku=\"A-17\"><price>cheap</price></item>");
+    std::string const end = failure.substr(failure.find('\n') + 1);
+    EXPECT_EQ(failure.substr(0, 2), "1 ");
+    for (std::string const& line : {failure.substr(2, failure.find('\n') - 2) + '\n', end})
+        EXPECT_NE(Content(BX_TUTORIAL).find("\n    " + line), std::string::npos) << line;
+    std::filesystem::remove_all(folder);
+}
+
+/// The lines of a text without those that all classes have, without comments on their place, and without indentation.
+std::string Plain(std::string const& text) {
+    std::istringstream lines(text);
+    std::string plain = "\n";
+    for (std::string line; std::getline(lines, line);) {
+        line.erase(0, line.find_first_not_of(' '));
+        bool const isOfAll = line.empty() || line == "protected:" ||
+                             line == "static Bx::Class const kClass;" ||
+                             line.starts_with("Bx::Class const& Describe()");
+        bool const isPlace = line.starts_with("///") && line.ends_with(')');
+        if (!isOfAll && !isPlace) plain += line + '\n';
+    }
+    return plain;
+}
+
+TEST(Tutorial, ClassesAreThoseOfThePage) {
+    std::string const page = Content(BX_TUTORIAL);
+    std::string const classes = Plain(Content(BX_TUTORIAL_CLASSES "/tutorial_program/Shop.h")) +
+                                Plain(Content(BX_TUTORIAL_CLASSES "/tutorial_tests/Tutorial.h"));
+    std::string const begin = "```c++\n";
+    int count = 0;
+    for (std::size_t at = page.find(begin); at != page.npos; at = page.find(begin, at + 1)) {
+        std::size_t const first = at + begin.size();
+        std::string const block = Plain(page.substr(first, page.find("```", first) - first));
+        EXPECT_NE(classes.find(block), classes.npos) << block;
+        ++count;
+    }
+    EXPECT_EQ(count, 16);
+}
+
+TEST(Tutorial, Values) {
+#include "tutorial/02.inc"
+    EXPECT_EQ(title, u"Geschichte der Tontechnik");
+    EXPECT_EQ(text, "Geschichte der Tontechnik, Anna Groß");
+    EXPECT_FALSE(book.Published);
+    EXPECT_EQ(Bx::Utf8(book.Pages), "312");
+    EXPECT_TRUE(book.Validate().empty());
+}
+
+TEST(Tutorial, Objects) {
+#include "tutorial/03.inc"
+    EXPECT_TRUE(isSame);
+    EXPECT_EQ(library.Book.Count(), 2);
+    EXPECT_EQ(library.Book[0].Title, u"Geschichte der Tontechnik");
+    EXPECT_EQ(library.Address->Street, u"Am Ufer 3");
+}
+
+TEST(Tutorial, DefaultsAndFixedValues) {
+#include "tutorial/04.inc"
+    EXPECT_EQ(days, 28);
+    EXPECT_FALSE(isGiven);
+    EXPECT_EQ(version, CDecimal(1));
+    EXPECT_THROW(loan.Version = CDecimal(2), CBxInvalidValueException);
+    EXPECT_EQ(loan.ToText(), Document("loan", " currency=\"CHF\""));
+}
+
+TEST(Tutorial, SimpleTypes) {
+    testing::internal::CaptureStderr();
+#include "tutorial/05.inc"
+    EXPECT_FALSE(testing::internal::GetCapturedStderr().empty());
+    EXPECT_EQ(copy.ToText(),
+              Document("copy", " shelf=\"K12\" format=\"e-book\" grades=\"1 2\" size=\"e-book\""));
+    EXPECT_THROW(copy.Grades = std::vector<CDecimal>{7}, CBxInvalidValueException);
+}
+
+TEST(Tutorial, SimpleContent) {
+#include "tutorial/06.inc"
+    EXPECT_EQ(weight.ToText(), Document("weight", " unit=\"lb\"", "350"));
+}
+
+TEST(Tutorial, Choices) {
+    testing::internal::CaptureStderr();
+#include "tutorial/07.inc"
+    EXPECT_FALSE(testing::internal::GetCapturedStderr().empty());
+    EXPECT_EQ(contact.ToText(), Document("contact", "", "<name>Anna Groß</name><phone>0316 4711</phone>"));
+    contact.Address.Make();
+    EXPECT_THROW(contact.ToText(), CBxValidationException);
+}
+
+TEST(Tutorial, GroupsThatRepeat) {
+#include "tutorial/08.inc"
+    EXPECT_EQ(diary.ToText(),
+              Document("diary", "", "<lent>A12</lent><returned>K12</returned><lent>A04</lent>"));
+}
+
+TEST(Tutorial, DerivedTypes) {
+#include "tutorial/09.inc"
+    EXPECT_EQ(catalogue.ToText(), Document("catalogue", "",
+                                           "<medium xsi:type=\"filmType\"><title>Metropolis (1927)</title>"
+                                           "<length>PT2H33M</length></medium>"));
+}
+
+TEST(Tutorial, SubstitutionGroups) {
+#include "tutorial/10.inc"
+    EXPECT_EQ(calendar.ToText(),
+              Document("calendar", "",
+                       "<reading day=\"2026-05-01\" author=\"Anna Groß\"/><sale day=\"2026-05-02\"/>"));
+}
+
+TEST(Tutorial, Nil) {
+#include "tutorial/11.inc"
+    EXPECT_EQ(unknown, Document("reader", "", "<born xsi:nil=\"true\"/>"));
+    EXPECT_EQ(reader.ToText(), Document("reader", "", "<born>1971-08-23</born>"));
+}
+
+TEST(Tutorial, Wildcards) {
+#include "tutorial/12.inc"
+    EXPECT_EQ(*loan.Currency, u"CHF");
+    EXPECT_TRUE(extensible.ToText().ends_with(" xml:lang=\"de\"><loan currency=\"CHF\"/></extensible>"));
+}
+
+TEST(Tutorial, MixedContent) {
+#include "tutorial/13.inc"
+    EXPECT_EQ(text, "See below.");
+}
+
+TEST(Tutorial, OtherForms) {
+#include "tutorial/14.inc"
+    EXPECT_FALSE(loan.Days);
+#include "tutorial/15.inc"
+    EXPECT_THROW(loan.Parse("<loan xmlns='urn:tutorial'><new/></loan>"), CBxValidationException);
+}
+
+}  // namespace

@@ -1,0 +1,1 @@
+#include "tutorial/01.inc"
