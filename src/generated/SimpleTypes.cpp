@@ -13,6 +13,10 @@ std::u16string_view Trimmed(std::u16string_view text) {
     return text;
 }
 
+wstring Collapsed(std::u16string_view text) {
+    return CWhitespaceUtils::Collapse(wstring(text));
+}
+
 std::optional<std::u16string_view> TakeItem(std::u16string_view& list) {
     list = Trimmed(list);
     if (list.empty()) return std::nullopt;
@@ -32,7 +36,7 @@ int FindText(std::span<char16_t const* const> texts, std::u16string_view literal
 
 int FindEnumerator(std::span<char16_t const* const> texts, std::u16string_view text) {
     int const index = FindText(texts, Trimmed(text));
-    return index >= 0 ? index : FindText(texts, CWhitespaceUtils::Collapse(wstring(text)));
+    return index >= 0 ? index : FindText(texts, Collapsed(text));
 }
 
 bool StartsWithAny(std::u16string_view text, std::u16string_view characters) {

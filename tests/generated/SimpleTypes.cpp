@@ -291,6 +291,12 @@ struct PairType : Bx::Restriction<Bx::List<Xs::double_>> {
     static constexpr char16_t const* kValues[] = {u"1 2", u"NaN"};
     static constexpr Bx::Facets kFacets{.values = kValues};
 };
+struct TwoWordsType : Bx::Restriction<Bx::List<Xs::int_>> {
+    static constexpr Bx::Facets kFacets{.pattern = u"[0-9]+ [0-9]+"};
+};
+struct SpacedType : Bx::Restriction<Bx::Union<Bx::List<Xs::int_>, Xs::string>> {
+    static constexpr Bx::Facets kFacets{.pattern = u"1 2|  a"};
+};
 struct LaterType : Bx::Restriction<Xs::dateTime> {
     static constexpr Bx::Facets kFacets{.minInclusive = u"2024-01-02T00:00:00Z"};
 };
@@ -331,6 +337,11 @@ TEST(SimpleTypes, ValuesOfUnionsComeBackAsTheSameMember) {
         {&Again<SomeType>, "x  y", "x y"},
         {&Again<SomeType>, "3", kNo},
         {&Again<PairType>, " 1.0 2e0", "1 2"},
+        {&Again<TwoWordsType>, " 01\n 2 ", "1 2"},
+        {&Again<TwoWordsType>, "1", kNo},
+        {&Again<SpacedType>, " 1  2", "1 2"},
+        {&Again<SpacedType>, "  a", "  a"},
+        {&Again<SpacedType>, "a", kNo},
         {&Again<PairType>, "NaN", "NaN"},
         {&Again<PairType>, "2 1", kNo},
         {&Again<LaterType>, "2024-01-02T00:00:00", kNo},

@@ -144,6 +144,9 @@ bool IsSame(V const& a, V const& b) {
 /// A text without XML whitespace at its ends.
 BXXMLLIB5_API std::u16string_view Trimmed(std::u16string_view text);
 
+/// A text without XML whitespace at its ends, and with one blank for each other run of it.
+BXXMLLIB5_API wstring Collapsed(std::u16string_view text);
+
 /// The first item of a list, which is taken from its front; none at its end.
 BXXMLLIB5_API std::optional<std::u16string_view> TakeItem(std::u16string_view& list);
 
@@ -353,8 +356,11 @@ typename S::Value ValueOf(std::u16string_view text) {
             TestPattern<S>(value);
         } else if constexpr (IsEnumeration<S>) {
             TestPattern<S>(TextOf<S>(value));
+        } else if constexpr (IsUnion<S>) {
+            // Of the members, texts alone may keep whitespace.
+            TestPattern<S>(TextOf<S, false>(value) == text ? wstring(text) : Collapsed(text));
         } else {
-            TestPattern<S>(Trimmed(text));
+            TestPattern<S>(Collapsed(text));
         }
     }
     TestValue<S>(value);
