@@ -170,7 +170,7 @@ BX_COLLECTION_BENCHMARK(ReadStrings);
 BX_COLLECTION_BENCHMARK(WriteIntegers);
 
 Aims const s_aims({
-    {"AddIntegers", "PushBackIntegers", 12},
+    {"AddIntegers", "PushBackIntegers", 2},
     {"AddDecimals", "PushBackDecimals", 1.5},
     {"AddStrings", "PushBackStrings", 1.5},
     {"LoadIntegers", "ParseIntegers", 0},

@@ -75,7 +75,9 @@ cmake_policy(VERSION 3.25)
 # Sets a variable to bxgen, a target or a file.
 function(_bx_generate_tool variable)
   if(NOT BxXmlLib5_BXGEN_EXECUTABLE AND CMAKE_CROSSCOMPILING AND NOT CMAKE_CROSSCOMPILING_EMULATOR)
-    find_program(BxXmlLib5_BXGEN_EXECUTABLE bxgen NO_CMAKE_FIND_ROOT_PATH
+    # Not where packages are, which are for the machine that is built for.
+    find_program(BxXmlLib5_BXGEN_EXECUTABLE bxgen
+      NO_CMAKE_FIND_ROOT_PATH NO_PACKAGE_ROOT_PATH NO_CMAKE_PATH NO_CMAKE_ENVIRONMENT_PATH NO_CMAKE_SYSTEM_PATH
       DOC "The bxgen that bx_generate runs, for the machine that builds")
     if(NOT BxXmlLib5_BXGEN_EXECUTABLE)
       message(FATAL_ERROR "bx_generate needs a bxgen that runs here: set BxXmlLib5_BXGEN_EXECUTABLE")

@@ -3,8 +3,8 @@
 # besides. Packages are those of Debian 12.
 source "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 
-packages=(g++ cmake ninja-build libexpat1-dev zlib1g-dev libpcre2-dev libgtest-dev libgmock-dev libbenchmark-dev time)
-tools=(g++ cmake ninja)
+packages=(g++ cmake make ninja-build libexpat1-dev zlib1g-dev libpcre2-dev libgtest-dev libgmock-dev libbenchmark-dev time)
+tools=(g++ cmake make ninja)
 if [[ ${1:-} == --all ]]; then
     packages+=(git clang clang-format clang-tidy libclang-rt-14-dev)
     tools+=(git clang++ clang-format clang-tidy)

@@ -32,8 +32,9 @@ CBinaryData CXmlObjectBase::ToXmlStream(bool includeDeclaration, bool formatted,
     CBinaryData data;
     {
         CXmlTextWriter writer;
+        if (encoding == enc_UTF8) writer.ConvertAsItGrows();
         WriteDocument(writer, includeDeclaration, formatted, encoding, eol, context);
-        data = writer.GetBinaryData(encoding);
+        data = writer.TakeBinaryData(encoding);
     }
     return data.CompressData(compression);
 }

@@ -113,7 +113,9 @@ CTypedCol<Kind, T>::~CTypedCol() = default;
 
 template <ItemType Kind, class T>
 void CTypedCol<Kind, T>::Add(Argument value) {
-    AddAt(this->GetCount(), std::forward<Argument>(value));
+    CheckValue<Kind>(this->m_restrictions, this->m_elementName.c_str(), value);
+    this->m_items.push_back(std::forward<Argument>(value));
+    this->FireOnCollectionChange();
 }
 
 template <ItemType Kind, class T>

@@ -37,7 +37,6 @@ CXmlElement* CDocumentBuilder::AddChildElement(CXmlName const& name) {
 }
 
 void CDocumentBuilder::ReserveElementAttributes(CXmlElement* element, std::size_t count) {
-    if (count == 0) return;
     element->m_attributes = m_nodes.m_attributeLists.Create();
     element->m_attributes->reserve(count);
 }

@@ -25,7 +25,8 @@ public:
     /// @param name of the name table
     /// @throws CBxException if elements are nested too deeply
     CXmlElement* AddElement(CXmlName const& name);
-    /// Makes room for attributes that are about to be added. Call it before the first one, if there is any.
+    /// Makes room for attributes that are about to be added. Call it before the first one, but not if there is
+    /// none.
     void ReserveElementAttributes(CXmlElement* element, std::size_t count);
     /// @param name of the name table
     /// @param value in the text store
@@ -38,7 +39,10 @@ public:
 
     bool HasOpenElement() const { return !m_elementStack.empty(); }
     /// Adds to the text of the innermost open element.
-    void AppendText(std::u16string_view text) { m_openText.append(text); }
+    void AppendText(std::u16string_view text) {
+        if (text.size() == 1) return m_openText.push_back(text[0]);  // as each end of a line comes
+        m_openText.append(text);
+    }
     void AppendTextExcludingCR(std::u16string_view text);
     /// The same for a text in the text store, without CR. If nothing joins it, it is not copied.
     /// @return how many units were copied

@@ -38,6 +38,7 @@ char16_t const* Units(XML_Char const* text) {
 }
 
 bool HasCarriageReturn(std::u16string_view text) {
+    if (text.size() == 1) return text[0] == u'\r';  // Expat gives each end of a line by itself
     return HasUnit(text, [](std::uint64_t units) { return UnitsBelow(units ^ (kEachUnit * u'\r'), 1); });
 }
 
@@ -250,6 +251,7 @@ void CExpatReader::StartElement(char16_t const* name, char16_t const* const* att
     CXmlElement* const element = m_builder.AddElement(elementName);
     std::size_t count = 0;
     while (attributes[2 * count] != nullptr) ++count;
+    if (count == 0) return;
     m_builder.ReserveElementAttributes(element, count);
     auto const specified = static_cast<std::size_t>(XML_GetSpecifiedAttributeCount(m_parser)) / 2;
     for (std::size_t i = 0; i < count; ++i) {

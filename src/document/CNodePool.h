@@ -48,8 +48,8 @@ private:
     void AddBlock() {
         constexpr std::size_t kFirst = 8;
         constexpr std::size_t kLargest = 4096;
-        std::size_t const size = m_blocks.empty() ? kFirst : std::min(m_blocks.back().m_size * 2, kLargest);
-        m_blocks.reserve(m_blocks.size() + 1);
+        std::size_t const size = m_blocks.empty() ? kFirst : std::min(m_blocks.back().m_size * 4, kLargest);
+        if (m_blocks.size() == m_blocks.capacity()) m_blocks.reserve(2 * m_blocks.size() + 4);
         m_blocks.push_back({std::allocator<T>().allocate(size), size, 0});
     }
 

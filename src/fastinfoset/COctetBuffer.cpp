@@ -12,7 +12,7 @@ constexpr std::size_t kLeastCapacity = 256;
 }  // namespace
 
 void COctetBuffer::Grow(std::size_t count) {
-    std::size_t const capacity = std::max(kLeastCapacity, 2 * (m_size + count));
+    std::size_t const capacity = std::max({kLeastCapacity, m_size + count, 2 * m_size});
     auto octets = std::make_unique_for_overwrite<unsigned char[]>(capacity);
     std::copy_n(m_octets.get(), m_size, octets.get());
     m_octets = std::move(octets);

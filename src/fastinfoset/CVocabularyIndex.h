@@ -86,13 +86,7 @@ public:
     CVocabularyIndex() : m_slots(16) {}
 
     /// @return 0 if there is no such entry
-    std::uint32_t Find(Key const& key) {
-        std::uint32_t& recent = m_recent[Spread(key) % m_recent.size()];
-        if (recent == 0 || !Same(m_entries[recent - 1], key)) {
-            recent = m_slots[SlotOf(key, m_hash(key))].m_index;
-        }
-        return recent;
-    }
+    std::uint32_t Find(Key const& key) const { return m_slots[SlotOf(key, m_hash(key))].m_index; }
 
     /// Enters a key, anew if it is there already: the newest index is the one that is found.
     /// @return its index, 0 if the table is full
@@ -103,7 +97,7 @@ public:
         std::uint32_t const hash = m_hash(key);
         auto const index = static_cast<std::uint32_t>(m_entries.size());
         m_slots[SlotOf(key, hash)] = {hash, index};
-        return m_recent[Spread(key) % m_recent.size()] = index;
+        return index;
     }
 
 private:
@@ -114,16 +108,6 @@ private:
 
     static bool Same(std::u16string_view a, std::u16string_view b) { return Equal(a, b); }
     static bool Same(auto const& a, auto const& b) { return a == b; }
-
-    /// Tells most of the keys of one document apart, sooner than the hash does.
-    static std::size_t Spread(std::u16string_view text) {
-        return text.empty() ? 0 : text.size() + 3u * text.front() + 7u * text.back();
-    }
-    static std::size_t Spread(ShortText const& text) {
-        auto const& units = text.m_units;
-        return units[0] + 3u * units[1] + 5u * units[2] + 7u * units[3] + 11u * units[4];
-    }
-    static std::size_t Spread(NameSurrogate const& name) { return name.m_localName; }
 
     std::size_t Next(std::size_t at) const { return (at + 1) & (m_slots.size() - 1); }
 
@@ -148,8 +132,7 @@ private:
 
     CVocabularyHash m_hash;
     Entries m_entries;
-    std::array<std::uint32_t, 64> m_recent{};  // what was found or entered last, by Spread()
-    std::vector<Slot> m_slots;                 // a power of two, at most half of them taken
+    std::vector<Slot> m_slots;  // a power of two, at most half of them taken
 };
 
 using CTextIndex = CVocabularyIndex<std::u16string_view, CVocabularyTexts>;

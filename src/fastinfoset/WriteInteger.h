@@ -13,7 +13,11 @@ namespace BxXmlLib5::FastInfoset {
 template <std::size_t kCount>
 void WriteInteger(COctetBuffer& output, unsigned first, IntegerForms<kCount> const& forms,
                   std::uint64_t value) {
-    std::size_t at = 0;
+    // The first form, which nearly all take, has one octet.
+    if (value < forms[1].m_base) {
+        return output.Append(first | forms[0].m_mark | static_cast<unsigned>(value - forms[0].m_base));
+    }
+    std::size_t at = 1;
     while (at + 1 < kCount && value >= forms[at + 1].m_base) ++at;
     IntegerForm const& form = forms[at];
     std::uint64_t const rest = value - form.m_base;

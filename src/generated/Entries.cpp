@@ -75,10 +75,9 @@ void CAttributeEntry::Validate(CXmlSerializationContext const&, bool found) cons
 CNilEntry::CNilEntry(PropertyModel const& property)
     : CAttributeInfo(u"nil", wstring(kXsiNamespace).c_str(), 0, true, nullptr), m_property(property) {}
 
-void CNilEntry::AttributeToXml(CXmlSerializationContext const&, CXmlGeneratedClass const* owner,
+void CNilEntry::AttributeToXml(CXmlSerializationContext const& context, CXmlGeneratedClass const* owner,
                                CXmlWriter* writer) const {
-    if (m_property.Count(static_cast<CObject const&>(*owner)) > 0)
-        writer->WriteAttribute(m_attributeName, m_namespace, u"true");
+    Writing(static_cast<CObject const&>(*owner), context, writer).NilAttribute();
 }
 
 bool CNilEntry::AttributeFromXml(CXmlSerializationContext const& context, CXmlGeneratedClass* owner,

@@ -152,9 +152,6 @@ CDecimal decimal::FromText(std::u16string_view text) {
     }
     return CDecimal(literal);
 }
-wstring decimal::ToText(CDecimal const& value) {
-    return value.ToString();
-}
 
 CBigInteger integer::FromText(std::u16string_view text) {
     std::u16string_view const literal = Trimmed(text);

@@ -95,8 +95,9 @@ void Model::Add(Class const& described, std::vector<Particle*>& top) {
             }
             case Row::Kind::Prohibited: {
                 int index = 0;
-                Property(row, index);
-                properties[static_cast<std::size_t>(index)].isProhibited = true;
+                PropertyModel const* const property = &Property(row, index);
+                if (std::ranges::find(prohibited, property) == prohibited.end())
+                    prohibited.push_back(property);
                 break;
             }
             case Row::Kind::MayBeNil:

@@ -25,7 +25,6 @@ struct PropertyModel {
     Actions const* actions;
     void* (*place)(CObject& object);
     char16_t const* name;
-    bool isProhibited = false;
 
     void* Of(CObject& object) const { return place(object); }
     void const* Of(CObject const& object) const { return place(const_cast<CObject&>(object)); }
@@ -66,6 +65,8 @@ struct Particle {
     bool IsGroup() const {
         return kind == Row::Kind::Sequence || kind == Row::Kind::Choice || kind == Row::Kind::All;
     }
+    /// Whether there may be so many of it.
+    bool Admits(int count) const { return count >= min && (max < 0 || count <= max); }
     bool Matches(CXmlElement const* child, bool ignoreNamespaces) const;
     /// The member that a child starts, null for none.
     Particle const* Started(CXmlElement const* child, bool ignoreNamespaces) const;
@@ -106,6 +107,7 @@ struct Model {
     bool isTextMandatory = false;
     bool isNillable = false;  ///< As a root.
     PropertyModel const* nil = nullptr;
+    std::vector<PropertyModel const*> prohibited;
 
     /// @name The tables of the contract
     /// @{

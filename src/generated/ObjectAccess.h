@@ -13,10 +13,6 @@ struct ObjectAccess {
                                CXmlSerializationContext const& context) {
         object.ProcessAttributesFromXml(context, &element, true);
     }
-    static void WriteAttributes(CObject const& object, CXmlWriter* writer,
-                                CXmlSerializationContext const& context) {
-        object.AttributesToXml_Int(writer, context);
-    }
 
     static wstring const& NameOf(CObject const& object) { return object.m_elementName; }
     static void SetName(CObject& object, wstring const& name) { object.m_elementName = name; }

@@ -5,9 +5,11 @@
 #include "BxXmlLib5/core/FormatString.h"
 #include "BxXmlLib5/writers/CXmlWriter.h"
 #include "core/NestingDepth.h"
+#include "core/NeverDestroyed.h"
 #include "generated/Expected.h"
 #include "generated/ObjectAccess.h"
 #include "generated/TypeOfElement.h"
+#include "platform/StandardNamespaces.h"
 #include "values/NumberText.h"
 
 namespace BxXmlLib5::Generated {
@@ -18,22 +20,25 @@ Writing::Writing(CObject const& object, CXmlSerializationContext const& context,
       m_model(ObjectAccess::ModelOf(object)),
       m_context(context),
       m_writer(writer),
-      m_complaints(complaints) {}
+      m_complaints(complaints),
+      m_room(m_ownRoom) {}
 
 Writing::Writing(CObject const& object, Writing const& outer, wstring const& name, int index)
-    : Writing(object, outer.m_context, outer.m_writer, outer.m_complaints) {
-    m_outer = &outer;
-    m_name = &name;
-    m_index = index;
-}
+    : m_object(object),
+      m_model(ObjectAccess::ModelOf(object)),
+      m_context(outer.m_context),
+      m_writer(outer.m_writer),
+      m_complaints(outer.m_complaints),
+      m_outer(&outer),
+      m_name(&name),
+      m_index(index),
+      m_room(outer.m_room) {}
 
 void Writing::Content(bool mayBeNil) {
     if (m_model.IsNil(m_object)) return NilContent(mayBeNil);
     if (m_model.content != nullptr) Write(*m_model.content);
-    for (PropertyModel const& property : m_model.properties) {
-        if (property.isProhibited && property.Count(m_object) > 0) {
-            Refuse(FormatString(u"[%s] must not be set", property.name));
-        }
+    for (PropertyModel const* const property : m_model.prohibited) {
+        if (property->Count(m_object) > 0) Refuse(FormatString(u"[%s] must not be set", property->name));
     }
     if (m_model.text != nullptr) WriteText();
 }
@@ -49,13 +54,24 @@ void Writing::WriteText() {
     if (m_model.text->Count(m_object) == 0) {
         if (m_model.isTextMandatory) Refuse(u"The text of the element is not set");
     } else if (m_writer != nullptr) {
-        wstring room;
-        m_writer->WriteText(m_model.text->actions->text(m_model.text->Of(m_object), 0, room));
+        m_writer->WriteText(m_model.text->actions->text(m_model.text->Of(m_object), 0, m_room));
     }
 }
 
 void Writing::Attributes() {
-    for (AttributeModel const& attribute : m_model.attributes) Attribute(attribute);
+    for (AttributeModel const& attribute : m_model.attributes) {
+        if (!attribute.constraint) Attribute(attribute);
+    }
+    NilAttribute();
+    for (AttributeModel const& attribute : m_model.attributes) {
+        if (attribute.constraint) OpenAttributes(attribute);
+    }
+}
+
+void Writing::NilAttribute() {
+    if (m_writer == nullptr || !m_model.IsNil(m_object)) return;
+    static NeverDestroyed<wstring> const s_name(u"nil"), s_xsiNamespace(kXsiNamespace), s_true(u"true");
+    m_writer->WriteAttribute(*s_name, *s_xsiNamespace, *s_true);
 }
 
 void Writing::Attribute(AttributeModel const& attribute) {
@@ -66,8 +82,7 @@ void Writing::Attribute(AttributeModel const& attribute) {
     }
     if (m_writer == nullptr) return;
     Actions const& actions = *attribute.property->actions;
-    wstring room;
-    wstring const& text = actions.text(attribute.property->Of(m_object), 0, room);
+    wstring const& text = actions.text(attribute.property->Of(m_object), 0, m_room);
     bool const isLeftOut = attribute.min == 0 && m_context.GetNoOptionalAttributeDefaultOutput() &&
                            actions.defaultText != nullptr && text == actions.defaultText();
     if (!isLeftOut) m_writer->WriteAttribute(attribute.name, attribute.namespaceUri, text);
@@ -96,13 +111,15 @@ void Writing::Write(Particle const& particle) {
         case Row::Kind::Items:
             return WriteItems(particle);
         default:
-            return WriteElements(particle);
+            // Most rows of most objects are not set.
+            if (int const count = particle.model->CountToWrite(m_object, particle.min);
+                count > 0 || particle.min > 0)
+                WriteElements(particle, count);
     }
 }
 
-void Writing::WriteElements(Particle const& particle) {
-    int const count = particle.model->CountToWrite(m_object, particle.min);
-    RefuseCount(particle, count);
+void Writing::WriteElements(Particle const& particle, int count) {
+    if (!particle.Admits(count)) RefuseCount(particle, count);
     for (int i = 0; i < count; ++i) {
         switch (particle.model->actions->shape) {
             case Actions::Shape::Object:
@@ -119,26 +136,23 @@ void Writing::WriteElements(Particle const& particle) {
     }
 }
 
+/// @param count one that the particle does not admit
 void Writing::RefuseCount(Particle const& particle, int count) {
+    bool const isMissing = count < particle.min;
     bool const isRepeated = IsRepeated(particle);
-    if (count < particle.min) {
-        if (isRepeated ? m_context.GetIgnoreInvalidCollectionCounts()
-                       : m_context.GetIgnoreMissingMandatoryElements())
-            return;
-        if (!isRepeated) return Refuse(FormatString(u"The element [%s] is not set", particle.name.c_str()));
-        Refuse(FormatString(u"There are %d of [%s], there must be at least %d", count, particle.model->name,
-                            particle.min));
-    } else if (particle.max >= 0 && count > particle.max && !m_context.GetIgnoreInvalidCollectionCounts()) {
-        Refuse(FormatString(u"There are %d of [%s], there must be at most %d", count, particle.model->name,
-                            particle.max));
-    }
+    if (isMissing && !isRepeated ? m_context.GetIgnoreMissingMandatoryElements()
+                                 : m_context.GetIgnoreInvalidCollectionCounts())
+        return;
+    if (isMissing && !isRepeated)
+        return Refuse(FormatString(u"The element [%s] is not set", particle.name.c_str()));
+    Refuse(FormatString(u"There are %d of [%s], there must be at %s %d", count, particle.model->name,
+                        isMissing ? u"least" : u"most", isMissing ? particle.min : particle.max));
 }
 
 void Writing::WriteValue(Particle const& particle, int index) {
     if (m_writer == nullptr) return;
-    wstring room;
     m_writer->WriteStartElement(particle.name, particle.namespaceUri);
-    m_writer->WriteText(particle.model->actions->text(particle.model->Of(m_object), index, room));
+    m_writer->WriteText(particle.model->actions->text(particle.model->Of(m_object), index, m_room));
     m_writer->WriteEndElement();
 }
 
@@ -155,18 +169,16 @@ void Writing::WriteObject(Particle const& particle, int index) {
     CNestingLevel const level;
     auto const& object = static_cast<CObject const&>(*HeldBy(*particle.model, index));
     Writing inner(object, *this, particle.name, particle.max == 1 ? -1 : index);
-    if (m_writer == nullptr) {
-        inner.Attributes();
-        return inner.Content(particle.isNillable);
+    if (m_writer != nullptr) {
+        m_writer->WriteStartElement(particle.name, particle.namespaceUri);
+        Class const& type = TypeClass(inner.m_model.type);
+        if (&type != particle.type && &type != &TypeClass(*particle.type)) {
+            m_writer->WriteXsiType(type.GetFacts().namespaceUri, type.GetFacts().name);
+        }
     }
-    m_writer->WriteStartElement(particle.name, particle.namespaceUri);
-    Class const& type = TypeClass(ObjectAccess::ClassOf(object));
-    if (&type != particle.type && &type != &TypeClass(*particle.type)) {
-        m_writer->WriteXsiType(type.GetFacts().namespaceUri, type.GetFacts().name);
-    }
-    ObjectAccess::WriteAttributes(object, m_writer, m_context);
+    inner.Attributes();
     inner.Content(particle.isNillable);
-    m_writer->WriteEndElement();
+    if (m_writer != nullptr) m_writer->WriteEndElement();
 }
 
 void Writing::WriteUntyped(Particle const& particle, int index) {
@@ -183,7 +195,8 @@ void Writing::WriteUntyped(Particle const& particle, int index) {
 
 void Writing::WriteItems(Particle const& particle) {
     int const count = particle.model->Count(m_object);
-    if (!(particle.canBeEmpty && count < particle.min)) RefuseCount(particle, count);
+    if (!particle.Admits(count) && !(particle.canBeEmpty && count < particle.min))
+        RefuseCount(particle, count);
     for (int i = 0; i < count; ++i) {
         CNestingLevel const level;
         Writing(static_cast<CObject const&>(*HeldBy(*particle.model, i)), *this, particle.name, i)
@@ -211,10 +224,8 @@ void Writing::WriteChoice(Particle const& choice) {
 void Writing::WriteSubstitutes(Particle const& choice) {
     Particle const& first = *choice.members[0];
     int const count = first.model->Count(m_object);
-    if (count < choice.min || (choice.max >= 0 && count > choice.max)) {
-        if (!m_context.GetIgnoreInvalidCollectionCounts()) {
-            Refuse(FormatString(u"There are %d of [%s], which is out of bounds", count, first.model->name));
-        }
+    if (!choice.Admits(count) && !m_context.GetIgnoreInvalidCollectionCounts()) {
+        Refuse(FormatString(u"There are %d of [%s], which is out of bounds", count, first.model->name));
     }
     for (int i = 0; i < count; ++i) {
         auto const& object = static_cast<CObject const&>(*HeldBy(*first.model, i));
@@ -258,9 +269,7 @@ PropertySet const& Writing::Set() {
 bool Writing::IsSatisfied(Particle const& particle) {
     if (!particle.IsGroup()) {
         int const count = particle.model->CountToWrite(m_object, particle.min);
-        return particle.canBeEmpty && count == 0
-                   ? true
-                   : count >= particle.min && (particle.max < 0 || count <= particle.max);
+        return (particle.canBeEmpty && count == 0) || particle.Admits(count);
     }
     if (!IsSet(particle)) return particle.canBeEmpty;
     if (particle.kind == Row::Kind::Choice) {

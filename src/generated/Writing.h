@@ -24,13 +24,15 @@ public:
     /// @throws CBxValidationException for what is missing or does not fit
     void Content(bool mayBeNil);
     void Attribute(AttributeModel const& attribute);
+    void NilAttribute();
+    /// In the order in which those of a root are written.
     void Attributes();
 
 private:
     Writing(CObject const& object, Writing const& outer, wstring const& name, int index);
 
     void Write(Particle const& particle);
-    void WriteElements(Particle const& particle);
+    void WriteElements(Particle const& particle, int count);
     void WriteItems(Particle const& particle);
     void WriteChoice(Particle const& choice);
     void WriteSubstitutes(Particle const& choice);
@@ -62,6 +64,8 @@ private:
     wstring const* m_name = nullptr;
     int m_index = -1;
     std::optional<PropertySet> m_set;
+    wstring m_ownRoom;
+    wstring& m_room;  // for the text of a value, that of the outermost one
 };
 
 }  // namespace BxXmlLib5::Generated

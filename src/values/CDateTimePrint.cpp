@@ -12,16 +12,15 @@ namespace {
 
 /// Writes the fields of a form, each filled with zeros to the number of its letters.
 void PutForm(CDigitText& out, std::u16string_view form, DateTimeFields const& fields) {
-    while (!form.empty()) {
-        char16_t const letter = form[0];
-        std::size_t width = 1;
+    for (std::size_t at = 0; at < form.size();) {
+        char16_t const letter = form[at];
+        std::size_t const start = at++;
         if (auto const member = FieldOf(letter)) {
-            width = std::min(form.find_first_not_of(letter), form.size());
-            out.PutNumber(static_cast<std::uint64_t>(std::abs(fields.*member)), width);
+            while (at < form.size() && form[at] == letter) ++at;
+            out.PutNumber(static_cast<std::uint64_t>(std::abs(fields.*member)), at - start);
         } else {
             out.Put(letter);
         }
-        form.remove_prefix(width);
     }
 }
 

@@ -11,6 +11,7 @@
 #include "core/Limits.h"
 #include "platform/TextView.h"
 #include "values/CLongDecimal.h"
+#include "values/DigitText.h"
 #include "values/Magnitude.h"
 #include "values/NumberText.h"
 
@@ -158,20 +159,18 @@ void CDecimal::AppendTo(wstring& text) const {
     if (IsLong()) return m_number.m_long->AppendTo(text);
     char16_t units[24];  // a sign, 19 digits or one ahead of 18, a point
     char16_t* const end = std::end(units);
-    char16_t* at = end;
+    char16_t* first = end;
     auto const bits = static_cast<std::uint64_t>(m_number.m_scaled);
     std::uint64_t rest = m_number.m_scaled < 0 ? 0 - bits : bits;
-    auto const put = [&] {
-        *--at = static_cast<char16_t>(u'0' + rest % 10);
-        rest /= 10;
-    };
-    for (int i = 0; i < m_places; ++i) put();
-    if (m_places > 0) *--at = u'.';
-    do {
-        put();
-    } while (rest > 0);
-    if (m_number.m_scaled < 0) *--at = u'-';
-    text.append(at, end);
+    if (m_places > 0) {
+        std::uint64_t const unit = PowerOf10(m_places);
+        first = PutDigits(first, rest % unit, static_cast<std::size_t>(m_places));
+        *--first = u'.';
+        rest /= unit;
+    }
+    first = PutDigits(first, rest, 1);
+    if (m_number.m_scaled < 0) *--first = u'-';
+    text.append(first, end);
 }
 
 wstring CDecimal::ToString(int decimalPlaces) const {

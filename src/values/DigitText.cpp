@@ -1,5 +1,6 @@
 #include "values/DigitText.h"
 
+#include <algorithm>
 #include <iterator>
 
 #include "platform/TextView.h"
@@ -19,15 +20,16 @@ Fraction TakeFraction(std::u16string_view& text) {
 }
 
 void CDigitText::PutNumber(std::uint64_t number, std::size_t width) {
+    if (width == 2 && number < 100) {
+        std::memcpy(m_units + m_length, &kTwoDigits[2 * number], 2 * sizeof(char16_t));
+        m_length += 2;
+        return;
+    }
     char16_t digits[20];
-    char16_t* const end = std::end(digits);
-    char16_t* first = end;
-    do {
-        *--first = static_cast<char16_t>(u'0' + number % 10);
-        number /= 10;
-    } while (number != 0);
-    for (auto count = static_cast<std::size_t>(end - first); count < width; ++count) Put(u'0');
-    for (; first != end; ++first) Put(*first);
+    char16_t* const first = PutDigits(std::end(digits), number, width);
+    auto const count = static_cast<std::size_t>(std::end(digits) - first);
+    std::copy_n(first, count, m_units + m_length);
+    m_length += count;
 }
 
 void CDigitText::PutFraction(Fraction const& fraction) {

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "BxXmlLib5/core/CBxException.h"
+#include "values/DigitText.h"
 
 namespace BxXmlLib5::Magnitude {
 
@@ -195,9 +196,7 @@ Limbs FromLongText(std::string_view digits) {
 void AppendText(wstring& text, Limbs const& limbs, std::size_t width) {
     text.append(std::max(CountDigits(limbs), width), u'0');
     for (std::size_t i = 0; i < limbs.size(); ++i) {
-        std::size_t at = text.size() - i * kLimbDigits;
-        for (std::uint32_t rest = limbs[i]; rest != 0; rest /= 10)
-            text[--at] = static_cast<char16_t>(u'0' + rest % 10);
+        PutDigits(text.data() + text.size() - i * kLimbDigits, limbs[i], 0);
     }
 }
 

@@ -3,17 +3,21 @@
 #include <algorithm>
 
 #include "BxXmlLib5/core/CBxException.h"
+#include "platform/UnitScan.h"
 #include "platform/Utf.h"
 
 namespace BxXmlLib5 {
 
 namespace {
 
+bool IsAscii(std::u16string_view text) {
+    return !HasUnit(text, [](std::uint64_t units) { return units & kEachUnit * 0xFF80; });
+}
+
 /// Looks at all of them, without a branch for each, so that the compiler can look at many at once.
-template <class Units>
-bool IsAscii(Units const& units) {
-    typename Units::value_type all = 0;
-    for (auto const unit : units) all |= unit;
+bool IsAscii(std::span<unsigned char const> octets) {
+    unsigned char all = 0;
+    for (unsigned char const octet : octets) all |= octet;
     return all < 0x80;
 }
 
@@ -60,6 +64,7 @@ std::size_t PutWide(std::span<unsigned char const> octets, char16_t* out) {
 }  // namespace
 
 std::size_t Utf8Size(std::u16string_view text) {
+    if (IsAscii(text)) return text.size();
     std::size_t size = 0;
     bool const isWellFormed = ForEachBlock(
         text, [&size](auto block) { size += block.size(); },

@@ -4,10 +4,9 @@
 
 namespace BxXmlLib5 {
 
-CElementWriter::Element& CElementWriter::Start(wstring const& name, wstring const& namespaceUri) {
-    bool const isRoot = !m_context->IsOpen();
-    Element& element = m_context->Start(name, namespaceUri);
-    if (!isRoot) return element;
+CElementWriter::Element& CElementWriter::Start() {
+    Element& element = m_context->Start();
+    if (!m_context->IsRoot()) return element;
     Scopes().SetDefaultNamespace(m_defaultNamespace);
     for (auto const& [uri, alias] : m_namespaces) Scopes().AddNamespace(alias, uri, true);
     return element;

@@ -21,7 +21,7 @@ protected:
     CNamespaceScopes& Scopes() { return m_context->m_scopes; }
 
     /// Starts an element; the root's scope begins with what was set before.
-    Element& Start(wstring const& name, wstring const& namespaceUri);
+    Element& Start();
 
     /// The prefix of a namespace in the value of an attribute, declared in the open start tag.
     virtual wstring DeclaredPrefix(wstring const& namespaceUri) = 0;

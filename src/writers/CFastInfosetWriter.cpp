@@ -68,7 +68,8 @@ void CFastInfosetWriter::WriteStartElement(wstring const& name, wstring const& n
     Context().TestDepth();
     CloseStartTag();
     PadTerminator();
-    Start(name, namespaceUri);
+    Start();
+    m_element = &Recall(m_recentElements, namespaceUri, name);
     m_hasElementPrefix = false;
     m_attributeCount = 0;
     m_declarations.clear();
@@ -94,15 +95,12 @@ void CFastInfosetWriter::WriteEndElement() {
 void CFastInfosetWriter::CloseStartTag() {
     if (!Context().IsOpen() || !Context().Innermost().m_startTagOpen) return;
     TakeElementPrefix();
-    Element& element = Context().Innermost();
-    element.m_startTagOpen = false;
+    Context().Innermost().m_startTagOpen = false;
     unsigned const first = m_attributeCount > 0 ? kHasAttributes : 0U;
     bool const declares = WriteNamespaceAttributes(first);
-    WriteName(m_elementNames, kLiteralElementName, declares ? 0U : first, kIndexOnThirdBit,
-              {element.m_prefix, element.m_namespace, element.m_name});
-    for (Attribute const& attribute : std::span(m_attributes).first(m_attributeCount)) {
-        WriteName(m_attributeNames, kLiteralAttributeName, 0, kIndexOnSecondBit,
-                  {attribute.m_prefix, attribute.m_namespace, attribute.m_name});
+    WriteName(m_elementNames, kLiteralElementName, declares ? 0U : first, kIndexOnThirdBit, *m_element);
+    for (Attribute& attribute : std::span(m_attributes).first(m_attributeCount)) {
+        WriteAttributeName(attribute.m_name);
         WriteValue(attribute.m_value);
     }
     if (m_attributeCount > 0) m_output.Append(kTerminator);
@@ -112,8 +110,30 @@ void CFastInfosetWriter::CloseStartTag() {
 void CFastInfosetWriter::TakeElementPrefix() {
     if (m_hasElementPrefix) return;
     m_hasElementPrefix = true;
-    Element& element = Context().Innermost();
-    if (!element.m_namespace.empty()) element.m_prefix = Scopes().TakePrefix(element.m_namespace).m_alias;
+    TakePrefix(*m_element);
+}
+
+void CFastInfosetWriter::TakePrefix(Name& name) {
+    if (name.m_namespace.empty()) return;
+    if (name.m_scope == nullptr) name.m_scope = Scopes().HandleOf(name.m_namespace);
+    wstring const& alias = Scopes().TakePrefix(name.m_scope).m_alias;
+    if (Equal(alias, name.m_prefix)) return;
+    name.m_prefix = alias;
+    name.m_index = 0;
+}
+
+CFastInfosetWriter::Name& CFastInfosetWriter::Recall(RecentNames& names, std::u16string_view namespaceUri,
+                                                     std::u16string_view localName) {
+    std::size_t const spread =
+        localName.empty() ? 0 : localName.size() + 3u * localName.front() + 7u * localName.back();
+    Name& name = names[spread % names.size()];
+    if (Equal(name.m_localName, localName) && Equal(name.m_namespace, namespaceUri)) return name;
+    name.m_index = 0;
+    name.m_scope = nullptr;
+    name.m_prefix.clear();
+    name.m_localName = localName;
+    name.m_namespace = namespaceUri;
+    return name;
 }
 
 /// Writes the first octet and the namespace attributes, if there are any.
@@ -156,10 +176,10 @@ void CFastInfosetWriter::WriteAttribute(wstring const& name, wstring const& name
     TakeElementPrefix();
     if (m_attributeCount == m_attributes.size()) m_attributes.emplace_back();
     Attribute& attribute = m_attributes[m_attributeCount];
-    attribute.m_prefix.clear();
-    if (!namespaceUri.empty()) attribute.m_prefix = Scopes().TakePrefix(namespaceUri).m_alias;
-    attribute.m_namespace = namespaceUri;
-    attribute.m_name = name;
+    Name& recent = Recall(m_recentAttributes, namespaceUri, name);
+    TakePrefix(recent);
+    attribute.m_name.m_index = recent.m_index;
+    if (recent.m_index == 0) attribute.m_name = recent;
     attribute.m_value = value;
     ++m_attributeCount;
 }
@@ -176,21 +196,31 @@ wstring CFastInfosetWriter::DeclaredPrefix(wstring const& namespaceUri) {
 
 template <class IndexForms>
 void CFastInfosetWriter::WriteName(CNameIndex& names, OctetPattern const& literal, unsigned first,
-                                   IndexForms const& indexForms, Name const& parts) {
-    auto const& [prefix, namespaceUri, localName] = parts;
-    bool const hasPrefix = !prefix.empty();
-    bool const hasNamespace = !namespaceUri.empty();
-    NameSurrogate name;
-    if (hasPrefix) name.m_prefix = m_prefixes.Find(prefix);
-    if (hasNamespace) name.m_namespace = m_namespaceNames.Find(namespaceUri);
-    name.m_localName = m_localNames.Find(localName);
-    if (std::uint32_t const index = names.Find(name)) return WriteInteger(m_output, first, indexForms, index);
+                                   IndexForms const& indexForms, Name& name) {
+    bool const hasPrefix = !name.m_prefix.empty();
+    bool const hasNamespace = !name.m_namespace.empty();
+    NameSurrogate parts;
+    if (name.m_index == 0) {
+        if (hasPrefix) parts.m_prefix = m_prefixes.Find(name.m_prefix);
+        if (hasNamespace) parts.m_namespace = m_namespaceNames.Find(name.m_namespace);
+        parts.m_localName = m_localNames.Find(name.m_localName);
+        name.m_index = names.Find(parts);
+    }
+    if (name.m_index != 0) return WriteInteger(m_output, first, indexForms, name.m_index);
     m_output.Append(first | literal.m_octet | (hasPrefix ? kHasPrefix : 0U) |
                     (hasNamespace ? kHasNamespace : 0U));
-    if (hasPrefix) name.m_prefix = WriteIdentifyingString(m_prefixes, prefix);
-    if (hasNamespace) name.m_namespace = WriteIdentifyingString(m_namespaceNames, namespaceUri);
-    name.m_localName = WriteIdentifyingString(m_localNames, localName);
-    if (name.IsComplete()) names.Add(name);
+    if (hasPrefix) parts.m_prefix = WriteIdentifyingString(m_prefixes, name.m_prefix);
+    if (hasNamespace) parts.m_namespace = WriteIdentifyingString(m_namespaceNames, name.m_namespace);
+    parts.m_localName = WriteIdentifyingString(m_localNames, name.m_localName);
+    if (parts.IsComplete()) name.m_index = names.Add(parts);
+}
+
+void CFastInfosetWriter::WriteAttributeName(Name& name) {
+    bool const isKnown = name.m_index != 0;
+    WriteName(m_attributeNames, kLiteralAttributeName, 0, kIndexOnSecondBit, name);
+    if (isKnown) return;
+    Name& recent = Recall(m_recentAttributes, name.m_namespace, name.m_localName);
+    if (Equal(recent.m_prefix, name.m_prefix)) recent.m_index = name.m_index;
 }
 
 // C.13 to C.15, C.19, C.20, C.22: strings.

@@ -1,7 +1,9 @@
 // The writer of Fast Infoset.
 #pragma once
 
+#include <array>
 #include <cstddef>
+#include <cstdint>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -50,29 +52,34 @@ public:
     void WriteAttribute(wstring const& name, wstring const& namespaceUri, wstring const& value) override;
 
 private:
-    struct Attribute {
-        wstring m_prefix;
-        wstring m_namespace;
-        wstring m_name;
-        wstring m_value;
-    };
-
-    /// The parts of a name; the first two may be empty.
+    /// A name in a namespace, both of which may be empty, and what it has been written with.
     struct Name {
-        std::u16string_view m_prefix;
-        std::u16string_view m_namespace;
-        std::u16string_view m_localName;
+        wstring m_namespace;
+        wstring m_localName;
+        CNamespaceScopes::Handle m_scope = nullptr;  // of the namespace, null if it is not known
+        wstring m_prefix;
+        std::uint32_t m_index = 0;  // 0 if it is not known
+    };
+    /// The names that were written last, each in a place that depends on its text.
+    using RecentNames = std::array<Name, 32>;
+
+    struct Attribute {
+        Name m_name;  // without the texts if there is an index
+        wstring m_value;
     };
 
     wstring DeclaredPrefix(wstring const& namespaceUri) override;
     void CloseStartTag();
     void TakeElementPrefix();
+    static Name& Recall(RecentNames& names, std::u16string_view namespaceUri, std::u16string_view localName);
+    void TakePrefix(Name& name);
     bool WriteNamespaceAttributes(unsigned first);
     void PadTerminator();
 
     template <class IndexForms>
     void WriteName(FastInfoset::CNameIndex& names, FastInfoset::OctetPattern const& literal, unsigned first,
-                   IndexForms const& indexForms, Name const& parts);
+                   IndexForms const& indexForms, Name& name);
+    void WriteAttributeName(Name& name);
     std::uint32_t WriteIdentifyingString(FastInfoset::CTextIndex& table, std::u16string_view text);
     std::uint32_t WriteLiteral(FastInfoset::CTextIndex& table, std::u16string_view text);
     void WriteValue(std::u16string_view value);
@@ -84,7 +91,11 @@ private:
     COctetBuffer m_output;
     bool m_pendingTerminator = false;  // a terminator waits for another one to share its octet
 
+    RecentNames m_recentElements;
+    RecentNames m_recentAttributes;
+
     // Of the start tag that is open.
+    Name* m_element = nullptr;
     bool m_hasElementPrefix = false;
     std::size_t m_attributeCount = 0;
     std::vector<Attribute> m_attributes;  // more than there are, for the memory of their texts

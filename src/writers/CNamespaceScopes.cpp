@@ -16,18 +16,17 @@ void MakeRoomForOne(auto& list) {
 
 }  // namespace
 
-void CNamespaceScopes::UndoTo(std::size_t changes) {
-    for (; m_changes.size() > changes; m_changes.pop_back()) {
-        Change& change = m_changes.back();
-        if (change.m_bindings == nullptr) {
-            m_defaultNamespace = std::move(change.m_formerDefault);
-            continue;
-        }
+void CNamespaceScopes::UndoOne() {
+    Change& change = m_changes.back();
+    if (change.m_bindings == nullptr) {
+        m_defaultNamespace = std::move(change.m_formerDefault);
+    } else {
         Bindings& bindings = *change.m_bindings;
         if (bindings.size() > 1) m_prefixes.Hold(bindings[bindings.size() - 2].m_alias);
         m_prefixes.Drop(bindings.back().m_alias);
         bindings.pop_back();
     }
+    m_changes.pop_back();
 }
 
 void CNamespaceScopes::SetDefaultNamespace(std::u16string_view namespaceUri) {
@@ -37,7 +36,7 @@ void CNamespaceScopes::SetDefaultNamespace(std::u16string_view namespaceUri) {
 
 void CNamespaceScopes::AddNamespace(std::u16string_view alias, std::u16string_view namespaceUri,
                                     bool isDeclared) {
-    Bind(namespaceUri, {wstring(alias), isDeclared});
+    Bind(BindingsOf(namespaceUri), {wstring(alias), isDeclared});
 }
 
 bool CNamespaceScopes::IsDefault(std::u16string_view namespaceUri) const {
@@ -45,31 +44,27 @@ bool CNamespaceScopes::IsDefault(std::u16string_view namespaceUri) const {
            (Equal(namespaceUri, m_defaultNamespace) && !Equal(namespaceUri, kXmlNamespace));
 }
 
-CNamespaceScopes::Prefix CNamespaceScopes::TakePrefix(std::u16string_view namespaceUri) {
-    if (Binding const* const known = Find(namespaceUri)) return {known->m_alias, false};
-    return {Bind(namespaceUri, {m_prefixes.FirstFree(), false}).m_alias, true};
-}
-
 bool CNamespaceScopes::Declare(std::u16string_view namespaceUri) {
-    Prefix const prefix = TakePrefix(namespaceUri);
-    if (Find(namespaceUri)->m_isDeclared) return false;
-    AddNamespace(wstring(prefix.m_alias), namespaceUri, true);
+    Handle const handle = HandleOf(namespaceUri);
+    Prefix const prefix = TakePrefix(handle);
+    if (handle->back().m_isDeclared) return false;
+    Bind(*handle, {prefix.m_alias, true});
     return true;
 }
 
-CNamespaceScopes::Binding const* CNamespaceScopes::Find(std::u16string_view namespaceUri) const {
-    static NeverDestroyed<Binding> const s_xml(Binding{u"xml", true});
-    if (Equal(namespaceUri, kXmlNamespace)) return &*s_xml;
-    auto const known = m_namespaces.find(namespaceUri);
-    if (known == m_namespaces.end() || known->second.empty()) return nullptr;
-    Binding const& binding = known->second.back();
-    return binding.m_alias.empty() ? nullptr : &binding;
+CNamespaceScopes::Handle CNamespaceScopes::HandleOf(std::u16string_view namespaceUri) {
+    // Whatever is added for it; so these are never bound anew.
+    static NeverDestroyed<Bindings> s_xml(1, Binding{u"xml", true});
+    return Equal(namespaceUri, kXmlNamespace) ? &*s_xml : &BindingsOf(namespaceUri);
 }
 
-CNamespaceScopes::Binding const& CNamespaceScopes::Bind(std::u16string_view namespaceUri, Binding binding) {
+CNamespaceScopes::Bindings& CNamespaceScopes::BindingsOf(std::u16string_view namespaceUri) {
     auto known = m_namespaces.find(namespaceUri);
     if (known == m_namespaces.end()) known = m_namespaces.emplace(namespaceUri, Bindings()).first;
-    Bindings& bindings = known->second;
+    return known->second;
+}
+
+CNamespaceScopes::Binding const& CNamespaceScopes::Bind(Bindings& bindings, Binding binding) {
     MakeRoomForOne(bindings);
     MakeRoomForOne(m_changes);
     m_prefixes.Hold(binding.m_alias);

@@ -14,6 +14,12 @@ namespace BxXmlLib5 {
 
 /// A change holds until it is undone, the latest one first; so a scope is the changes made since it began.
 class CNamespaceScopes {
+    struct Binding {
+        wstring m_alias;
+        bool m_isDeclared;
+    };
+    using Bindings = std::vector<Binding>;  // of one namespace, of which the last one holds
+
 public:
     /// What stands for a namespace in names. It lasts until the next change.
     struct Prefix {
@@ -24,7 +30,9 @@ public:
     /// How many changes hold.
     std::size_t Changes() const { return m_changes.size(); }
     /// Undoes changes until so many are left.
-    void UndoTo(std::size_t changes);
+    void UndoTo(std::size_t changes) {
+        while (m_changes.size() > changes) UndoOne();
+    }
 
     void SetDefaultNamespace(std::u16string_view namespaceUri);
 
@@ -35,27 +43,32 @@ public:
     /// Whether a name in this namespace takes no prefix where the default namespace counts.
     bool IsDefault(std::u16string_view namespaceUri) const;
 
-    /// The prefix of a namespace that is not empty, made if there is none.
-    Prefix TakePrefix(std::u16string_view namespaceUri);
+    /// Stands for a namespace that has been looked up. It lasts as long as the scopes.
+    using Handle = Bindings*;
+
+    /// @param namespaceUri not empty
+    Handle HandleOf(std::u16string_view namespaceUri);
+
+    /// The prefix of a namespace, made if there is none.
+    Prefix TakePrefix(Handle handle) {
+        if (!handle->empty() && !handle->back().m_alias.empty()) return {handle->back().m_alias, false};
+        return {Bind(*handle, {m_prefixes.FirstFree(), false}).m_alias, true};
+    }
+    Prefix TakePrefix(std::u16string_view namespaceUri) { return TakePrefix(HandleOf(namespaceUri)); }
 
     /// The same, and it counts as declared from now on.
     /// @return whether it did not before
     bool Declare(std::u16string_view namespaceUri);
 
 private:
-    struct Binding {
-        wstring m_alias;
-        bool m_isDeclared;
-    };
-    using Bindings = std::vector<Binding>;  // of one namespace, of which the last one holds
-
     struct Change {
         Bindings* m_bindings;  // that one was added to; null if the default namespace changed
         wstring m_formerDefault;
     };
 
-    Binding const* Find(std::u16string_view namespaceUri) const;
-    Binding const& Bind(std::u16string_view namespaceUri, Binding binding);
+    Bindings& BindingsOf(std::u16string_view namespaceUri);
+    Binding const& Bind(Bindings& bindings, Binding binding);
+    void UndoOne();
 
     std::map<wstring, Bindings, LessBySize> m_namespaces;  // by URI; none is ever taken out
     wstring m_defaultNamespace;

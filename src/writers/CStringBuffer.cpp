@@ -6,12 +6,16 @@
 
 #include "BxXmlLib5/core/CBxException.h"
 #include "platform/Utf.h"
+#include "values/Utf8Conversion.h"
 
 namespace BxXmlLib5 {
 
 namespace {
 
 constexpr std::size_t kChunkSize = 0xFFFF;
+
+/// Of a chunk that is converted and used again: it stays in the fastest memory.
+constexpr std::size_t kConvertedChunkSize = 4096;
 
 /// What AppendEscaped() does not copy as it stands.
 constexpr std::u16string_view kSpecial = u"&<>\"\r\n";
@@ -83,11 +87,34 @@ void CStringBuffer::AppendAcrossChunks(std::u16string_view text) {
 }
 
 void CStringBuffer::StartChunk() {
-    auto units = std::make_unique_for_overwrite<char16_t[]>(kChunkSize);
+    if (m_isConverted && m_used > 0) return ConvertChunk();
+    std::size_t const size = m_isConverted ? kConvertedChunkSize : kChunkSize;
+    auto units = std::make_unique_for_overwrite<char16_t[]>(size);
     bool const takesHalf = m_used > 0 && Utf::IsHighSurrogate(m_current[m_used - 1]);
     if (takesHalf) units[0] = m_current[m_used - 1];
-    Adopt({std::move(units), kChunkSize}, takesHalf ? 1 : 0);
+    Adopt({std::move(units), size}, takesHalf ? 1 : 0);
     if (takesHalf) --m_chunks[m_chunks.size() - 2].m_capacity;
+}
+
+/// Makes room in the only chunk, where half of a surrogate pair stays for the other one.
+void CStringBuffer::ConvertChunk() {
+    char16_t const last = m_current[m_used - 1];
+    bool const staysHalf = Utf::IsHighSurrogate(last);
+    AppendUtf8({m_current, m_used - (staysHalf ? 1 : 0)});
+    m_current[0] = last;
+    m_used = staysHalf ? 1 : 0;
+}
+
+void CStringBuffer::AppendUtf8(std::u16string_view text) {
+    std::size_t const size = CheckedUtf8Size(text);
+    WriteUtf8(text, {m_converted.Extend(size), size});
+}
+
+CBinaryData CStringBuffer::TakeUtf8() {
+    ForEachChunk([this](std::u16string_view chunk) { AppendUtf8(chunk); });
+    CBinaryData octets = m_converted.Take();
+    Clear();
+    return octets;
 }
 
 void CStringBuffer::Adopt(Chunk chunk, std::size_t used) {
@@ -98,6 +125,7 @@ void CStringBuffer::Adopt(Chunk chunk, std::size_t used) {
 }
 
 void CStringBuffer::Clear() {
+    m_converted.Truncate(0);
     m_chunks.clear();
     m_used = 0;
     m_capacity = 0;

@@ -10,6 +10,8 @@
 #include "BxXmlLib5/core/CInstanceMonitor.h"
 #include "BxXmlLib5/core/Enumerations.h"
 #include "BxXmlLib5/platform/Text.h"
+#include "BxXmlLib5/values/CBinaryData.h"
+#include "fastinfoset/COctetBuffer.h"
 
 namespace BxXmlLib5 {
 
@@ -17,7 +19,7 @@ namespace BxXmlLib5 {
 std::u16string_view LineEnd(EOLType eolType);
 
 /// Text in chunks that are never moved, so that appending copies each unit once however long the document
-/// gets.
+/// gets. Or it is converted to UTF-8 chunk by chunk, so that no more than one is held as it stands.
 class CStringBuffer : public CInstanceMonitor {
 public:
     CStringBuffer();
@@ -38,6 +40,14 @@ public:
     void AppendEscaped(std::u16string_view text, EOLType eolType);
 
     void Clear();
+
+    /// To be called first where the text is wanted as UTF-8 alone. TakeUtf8() gives it then and nothing else, and
+    /// what is appended may throw as that does.
+    void ConvertAsItGrows() { m_isConverted = true; }
+
+    /// The whole text as UTF-8, which is gone from the buffer.
+    /// @throws CBxInvalidValueException if it has no such form; then it is of no use any more
+    CBinaryData TakeUtf8();
 
     /// The whole text, which stays, joined in one chunk. The view lasts until the buffer changes.
     std::u16string_view View();
@@ -65,9 +75,13 @@ private:
 
     void AppendAcrossChunks(std::u16string_view text);
     void StartChunk();
+    void ConvertChunk();
+    void AppendUtf8(std::u16string_view text);
     void Adopt(Chunk chunk, std::size_t used);
     std::size_t Size() const;
 
+    bool m_isConverted = false;
+    COctetBuffer m_converted;
     std::vector<Chunk> m_chunks;
     std::size_t m_used = 0;
     std::size_t m_capacity = 0;

@@ -2,25 +2,10 @@
 
 #include "BxXmlLib5/core/CBxException.h"
 #include "platform/Utf16Octets.h"
-#include "values/Utf8Conversion.h"
 
 namespace BxXmlLib5 {
 
 namespace {
-
-/// By chunks, which saves joining them.
-CBinaryData ToUtf8Octets(CStringBuffer const& text) {
-    std::size_t size = 0;
-    text.ForEachChunk([&size](auto chunk) { size += CheckedUtf8Size(chunk); });
-    if (size == 0) return {};
-    auto octets = std::make_unique_for_overwrite<unsigned char[]>(size);
-    text.ForEachChunk([at = octets.get()](auto chunk) mutable {
-        std::size_t const chunkSize = Utf8Size(chunk);
-        WriteUtf8(chunk, {at, chunkSize});
-        at += chunkSize;
-    });
-    return {std::move(octets), size};
-}
 
 CBinaryData ToUtf16Octets(std::u16string_view text) {
     std::size_t const size = text.size() * sizeof(char16_t);
@@ -49,13 +34,13 @@ void CXmlTextWriter::WriteStartDocument(XmlEncoding encoding) {
     m_buffer.Append(m_eol);
 }
 
-CBinaryData CXmlTextWriter::GetBinaryData(XmlEncoding encoding) {
+CBinaryData CXmlTextWriter::TakeBinaryData(XmlEncoding encoding) {
     switch (encoding) {
         case enc_UTF8:
-            return ToUtf8Octets(m_buffer);
+            return m_buffer.TakeUtf8();
         case enc_UTF16:
         case enc_UTF16NoDeclaration:
-            return ToUtf16Octets(m_buffer.View());
+            return ToUtf16Octets(m_buffer.TakeString());
         default:
             throw CBxException(u"Unknown Encoding, select UTF-8 or ask the vendor's support");
     }
@@ -86,17 +71,18 @@ void CXmlTextWriter::WriteInLineSchema(wstring const& text) {
 void CXmlTextWriter::WriteStartElement(wstring const& name, wstring const& namespaceUri) {
     Context().TestDepth();
     CloseStartTag();
-    Element& element = Start(name, namespaceUri);
+    Start();
     AppendIndentation();
     m_buffer.Append(u'<');
-    bool declares = false;
-    if (!Scopes().IsDefault(namespaceUri)) {
+    if (Scopes().IsDefault(namespaceUri)) {
+        Context().SetTagName({}, name);
+        m_buffer.Append(name);
+    } else {
         auto const prefix = Scopes().TakePrefix(namespaceUri);
-        element.m_prefix = prefix.m_alias;
-        declares = prefix.m_isNew;
+        Context().SetTagName(prefix.m_alias, name);
+        m_buffer.Append(Context().TagName());
+        if (prefix.m_isNew) AppendDeclaration(prefix.m_alias, namespaceUri);
     }
-    AppendName(element.m_prefix, name);
-    if (declares) AppendDeclaration(element.m_prefix, namespaceUri);
     if (Context().IsRoot()) {
         ForEachRootDeclaration([this](auto const& alias, auto const& uri) { AppendDeclaration(alias, uri); });
     }
@@ -111,7 +97,9 @@ void CXmlTextWriter::WriteAttribute(wstring const& name, wstring const& namespac
         auto const prefix = Scopes().TakePrefix(namespaceUri);
         if (prefix.m_isNew) AppendDeclaration(prefix.m_alias, namespaceUri);
         m_buffer.Append(u' ');
-        AppendName(prefix.m_alias, name);
+        m_buffer.Append(prefix.m_alias);
+        m_buffer.Append(u':');
+        m_buffer.Append(name);
     }
     m_buffer.Append(u"=\"");
     m_buffer.AppendEscaped(value, m_eolType);
@@ -144,7 +132,7 @@ void CXmlTextWriter::WriteEndElement() {
     } else {
         if (element.m_childCount > 0) AppendIndentation();
         m_buffer.Append(u"</");
-        AppendName(element.m_prefix, element.m_name);
+        m_buffer.Append(Context().TagName());
         m_buffer.Append(u'>');
     }
     BreakLine();
@@ -167,14 +155,6 @@ void CXmlTextWriter::BreakLine() {
 /// For a tag of the innermost open element.
 void CXmlTextWriter::AppendIndentation() {
     if (m_formatting) m_buffer.Append(Context().Depth() - 1, u'\t');
-}
-
-void CXmlTextWriter::AppendName(std::u16string_view prefix, std::u16string_view name) {
-    if (!prefix.empty()) {
-        m_buffer.Append(prefix);
-        m_buffer.Append(u':');
-    }
-    m_buffer.Append(name);
 }
 
 /// @param prefix empty for the default namespace

@@ -32,12 +32,16 @@ public:
     /// The text so far, which is gone from the writer.
     wstring TakeString() { return m_buffer.TakeString(); }
 
-    /// The text so far, as octets. What the declaration says plays no part.
+    /// To be called first where the text is wanted as UTF-8 alone: TakeBinaryData(enc_UTF8) gives it then and
+    /// nothing else, and what is written may throw as that does.
+    void ConvertAsItGrows() { m_buffer.ConvertAsItGrows(); }
+
+    /// The text so far, as octets, which is gone from the writer. What the declaration says plays no part.
     /// @param encoding enc_UTF8, or one of the two UTF-16, whose octets come low first and without a byte
     ///        order mark
     /// @throws CBxException for any other encoding
     /// @throws CBxInvalidValueException if the text has no UTF-8 form
-    CBinaryData GetBinaryData(XmlEncoding encoding);
+    CBinaryData TakeBinaryData(XmlEncoding encoding);
 
     void WriteComment(wstring const& text) override;
     void WriteProcessingInstruction(wstring const& text) override;
@@ -52,7 +56,6 @@ private:
     void CloseStartTag();
     void BreakLine();
     void AppendIndentation();
-    void AppendName(std::u16string_view prefix, std::u16string_view name);
     void AppendDeclaration(std::u16string_view prefix, std::u16string_view namespaceUri);
 
     CStringBuffer m_buffer;

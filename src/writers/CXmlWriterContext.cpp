@@ -7,23 +7,15 @@ namespace BxXmlLib5 {
 CXmlWriter::CXmlWriterContext::CXmlWriterContext() : CInstanceMonitor(u"CXmlWriterContext") {}
 CXmlWriter::CXmlWriterContext::~CXmlWriterContext() = default;
 
-CXmlWriter::CXmlWriterContext::Element& CXmlWriter::CXmlWriterContext::Start(wstring const& name,
-                                                                             wstring const& namespaceUri) {
-    if (m_depth == m_elements.size()) m_elements.emplace_back();
-    Element& element = m_elements[m_depth];
-    element.m_name = name;
-    element.m_namespace = namespaceUri;
-    element.m_prefix.clear();
-    element.m_childCount = 0;
-    element.m_startTagOpen = true;
-    element.m_changesOutside = m_scopes.Changes();
-    if (m_depth > 0) ++m_elements[m_depth - 1].m_childCount;
-    ++m_depth;
-    return element;
+CXmlWriter::CXmlWriterContext::Element& CXmlWriter::CXmlWriterContext::Start() {
+    if (IsOpen()) ++m_elements.back().m_childCount;
+    return m_elements.emplace_back(
+        Element{.m_changesOutside = m_scopes.Changes(), .m_tagName = m_tagNames.size()});
 }
 
-void CXmlWriter::CXmlWriterContext::End() {
-    m_scopes.UndoTo(m_elements[--m_depth].m_changesOutside);
+void CXmlWriter::CXmlWriterContext::SetTagName(std::u16string_view prefix, std::u16string_view name) {
+    if (!prefix.empty()) m_tagNames.append(prefix) += u':';
+    m_tagNames += name;
 }
 
 void CXmlWriter::CXmlWriterContext::ThrowNoElement() {

@@ -2,7 +2,7 @@
 #pragma once
 
 #include <cstddef>
-#include <map>
+#include <string_view>
 #include <vector>
 
 #include "BxXmlLib5/writers/CXmlWriter.h"
@@ -15,37 +15,48 @@ namespace BxXmlLib5 {
 class BXXMLLIB5_LOCAL CXmlWriter::CXmlWriterContext : public CInstanceMonitor {
 public:
     struct Element {
-        wstring m_name;
-        wstring m_namespace;
-        wstring m_prefix;  // in its tags, empty for none
         unsigned m_childCount = 0;
         bool m_startTagOpen = true;
         std::size_t m_changesOutside = 0;  // of the scopes
+        std::size_t m_tagName = 0;         // where it begins
     };
 
     CXmlWriterContext();
     ~CXmlWriterContext();
 
-    bool IsOpen() const { return m_depth > 0; }
-    bool IsRoot() const { return m_depth == 1; }
+    bool IsOpen() const { return !m_elements.empty(); }
+    bool IsRoot() const { return m_elements.size() == 1; }
 
     /// How many elements are open.
-    std::size_t Depth() const { return m_depth; }
+    std::size_t Depth() const { return m_elements.size(); }
 
     /// @throws CBxException if another element would be nested too deeply
     void TestDepth() const {
-        if (m_depth >= kMaxElementDepth) ThrowNestedTooDeeply();
+        if (Depth() >= kMaxElementDepth) ThrowNestedTooDeeply();
     }
 
     /// The element, and all references to others, last until the next start.
-    Element& Start(wstring const& name, wstring const& namespaceUri);
-    void End();
+    Element& Start();
+    void End() {
+        Element const& element = m_elements.back();
+        m_scopes.UndoTo(element.m_changesOutside);
+        m_tagNames.resize(element.m_tagName);
+        m_elements.pop_back();
+    }
+
+    /// Sets, once, what stands in the tags of the innermost element.
+    /// @param prefix empty for none
+    void SetTagName(std::u16string_view prefix, std::u16string_view name);
+    /// It lasts until the next start.
+    std::u16string_view TagName() const {
+        return std::u16string_view(m_tagNames).substr(m_elements.back().m_tagName);
+    }
 
     /// The innermost one.
     /// @throws CBxInvalidStateException if none is open
     Element& Innermost() {
-        if (m_depth == 0) ThrowNoElement();
-        return m_elements[m_depth - 1];
+        if (!IsOpen()) ThrowNoElement();
+        return m_elements.back();
     }
 
     /// @throws CBxException if the innermost one takes no attributes any more
@@ -61,8 +72,8 @@ private:
     [[noreturn]] static void ThrowNoElement();
     [[noreturn]] static void ThrowTagClosed();
 
-    std::vector<Element> m_elements;  // the open ones, and behind them others for the memory of their texts
-    std::size_t m_depth = 0;
+    std::vector<Element> m_elements;
+    wstring m_tagNames;  // of the open elements, each behind the other
 };
 
 }  // namespace BxXmlLib5

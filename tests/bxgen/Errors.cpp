@@ -165,6 +165,7 @@ TEST(Errors, ComplexTypes) {
         {derive("><xs:attribute name='x'/>", "restriction", "<xs:attribute name='y'/>"), "the attribute 'y' is none of the base", "derivation"},
         {derive("><xs:attribute name='x' use='required'/>", "restriction", "<xs:attribute name='x'/>"), "the attribute 'x' is required by the base", "derivation"},
         {derive("><xs:attribute name='x' type='xs:int'/>", "restriction", "<xs:attribute name='x' type='xs:long'/>"), "has a type that does not derive from that in the base", "derivation"},
+        {derive("><xs:anyAttribute namespace='##other'/>", "extension", "<xs:anyAttribute namespace='##local'/>"), "no wildcard can say what that of the base and that of the extension allow together", "wildcard"},
         {derive("><xs:anyAttribute namespace='##other'/>", "restriction", "<xs:anyAttribute namespace='v ##local'/>"), "allows more than that of the base", "derivation"},
         {Complex("<xs:sequence><xs:element name='a' minOccurs='3' maxOccurs='2'/></xs:sequence>"), "minOccurs is 3, which is more than maxOccurs, 2", "occurs"},
         {Complex("<xs:all><xs:element name='a' maxOccurs='2'/></xs:all>"), "an element of 'all' must not occur more than once", "occurs"},

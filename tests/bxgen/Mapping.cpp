@@ -39,7 +39,7 @@ CT : Bx::CObject
   Bx::Values<Xs::int_> C
   Bx::Values<Xs::int_> D  // 2 to 3
   Bx::Object<CT> E
-  Bx::Object<CT> F
+  Bx::Object<CT> F  // required
   Bx::Collection<CT> G  // at least 1
   Bx::Collection<CT> H  // 1 to 9999999999
   Sequence Element(A a) Element(B b) Element(C c) Element(D d 2 3) Element(E e) Element(F f 1 1) Element(G g 1 *) Element(H h 1 *) End
@@ -75,7 +75,7 @@ CB : Bx::Root<Bx::CObject>
          "<xs:any namespace='##other' minOccurs='0' maxOccurs='2' processContents='skip'/></xs:sequence>"
          "<xs:anyAttribute namespace='v ##local ##targetNamespace' processContents='skip'/></xs:complexType>", R"(
 CT : Bx::CObject
-  Bx::AnyElement Any
+  Bx::AnyElement Any  // required
   Bx::Required<Xs::int_> A
   Bx::AnyElements Any2  // up to 2
   Bx::AnyAttributes AnyAttributes
@@ -86,7 +86,7 @@ a.xsd:1:127: warning: what stands for this wildcard is not validated; read it wi
         {"<xs:complexType name='T'><xs:sequence><xs:element name='a'/><xs:element name='b' maxOccurs='2'/></xs:sequence>"
          "</xs:complexType>", R"(
 CT : Bx::CObject
-  Bx::AnyElement A
+  Bx::AnyElement A  // required
   Bx::AnyElements B  // 1 to 2
   Sequence Element(A a 1 1) Element(B b 1 2) End
 )"},
@@ -317,7 +317,7 @@ CD : CB
          "<xs:complexType name='D'><xs:complexContent><xs:restriction base='t:B'><xs:sequence>"
          "<xs:element name='a' type='xs:int'/></xs:sequence></xs:restriction></xs:complexContent></xs:complexType>", R"(
 CB : Bx::CObject
-  Bx::AnyElement Any
+  Bx::AnyElement Any  // required
   Sequence Any(Any ##any 1 1) End
 CD : CB
   Inherit(<CB>)
@@ -390,7 +390,7 @@ CE : Bx::Root<CB>
          "<xs:element name='n' type='xs:int' nillable='true' substitutionGroup='t:h'/><xs:complexType name='T'>"
          "<xs:sequence><xs:element ref='t:h'/></xs:sequence></xs:complexType>", R"(
 CT : Bx::CObject
-  Bx::Object<Bx::CObject> H
+  Bx::Object<Bx::CObject> H  // required
   Sequence Choice Element(H <CI> i 1 1) Element(H <CN> n 1 1 nillable) End End
 CI : Bx::Root<Bx::CObject>
   Bx::Required<Xs::int_> Value
@@ -418,9 +418,9 @@ TEST(Mapping, NilAndRoots) {
          "<xs:element name='c' type='t:N' nillable='true'/></xs:sequence></xs:complexType><xs:complexType name='N'>"
          "<xs:attribute name='x'/></xs:complexType>", R"(
 CT : Bx::CObject
-  Bx::Object<Bx::CNillable<Xs::int_>> A
+  Bx::Object<Bx::CNillable<Xs::int_>> A  // required
   Bx::Collection<Bx::CNillable<Xs::int_>> B  // at least 1
-  Bx::Object<CN> C
+  Bx::Object<CN> C  // required
   Sequence Element(A a 1 1 nillable) Element(B b 1 * nillable) Element(C c 1 1 nillable) End
 CN : Bx::CObject
   Bx::Optional<Xs::anySimpleType> X
@@ -431,7 +431,7 @@ CN : Bx::CObject
          "<xs:element name='v'><xs:complexType><xs:sequence><xs:element ref='t:w'/></xs:sequence></xs:complexType>"
          "</xs:element><xs:element name='w'><xs:complexType/></xs:element><xs:complexType name='T'></xs:complexType>", R"(
 CV : Bx::Root<Bx::CObject>
-  Bx::Object<CW> W
+  Bx::Object<CW> W  // required
   Sequence Element(W w 1 1) End
 CT : Bx::CObject
 CW : Bx::CObject
@@ -551,10 +551,10 @@ CR : Bx::Root<Bx::CObject>
   Bx::Optional<Xs::anySimpleType> A
   Attribute(A a)
 CT : Bx::CObject
-  Bx::Object<CGE> E
+  Bx::Object<CGE> E  // required
   Sequence Element(E e 1 1) End
 CU : Bx::CObject
-  Bx::Object<CGE> E
+  Bx::Object<CGE> E  // required
   Sequence Element(E e 1 1) End
 CGE : Bx::CObject
 )"},
@@ -586,11 +586,11 @@ a.xsd:1:369: warning: 'a.b' is 'AB2' in C++, since 'AB' is another name there; -
          "<xs:complexType/></xs:element></xs:sequence></xs:complexType></xs:element></xs:sequence></xs:complexType>"
          "<xs:complexType name='T.e'></xs:complexType>", R"(
 CT : Bx::CObject
-  Bx::Object<CTEElement> E
+  Bx::Object<CTEElement> E  // required
   Sequence Element(E e 1 1) End
 CTE : Bx::CObject
 CTEElement : Bx::CObject
-  Bx::Object<CTEElementE> E
+  Bx::Object<CTEElementE> E  // required
   Sequence Element(E e 1 1) End
 CTEElementE : Bx::CObject
 )"},

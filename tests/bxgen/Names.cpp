@@ -24,6 +24,11 @@ TEST(Names, AreInCamelCase) {
     EXPECT_EQ(Camel("\xC3\xA9t\xC3\xA9", true), "u00E9tu00E9");
 }
 
+TEST(Names, NamespacesAreNamesOfCpp) {
+    for (char const* const name : {"A", "a::b_1::_C", "Stra\xC3\x9F" "e"}) EXPECT_TRUE(IsNamespaceName(name)) << name;
+    for (char const* const name : {"", "1a", "a-b", "A::", "::A", "A:B", "xor", "A::int", "a b"}) EXPECT_FALSE(IsNamespaceName(name)) << name;
+}
+
 TEST(Names, AreTakenOnce) {
     NameScope const base = [] { NameScope scope; scope.Add("A"); return scope; }();
     NameScope scope(&NamesOfObjects(), &base);
@@ -50,15 +55,15 @@ TEST(Names, OptionsChoose) {
     folder.Put("a.xsd", Schema(import + "<xs:element name='e' type='v:t-type' xmlns:v='v'/><xs:element name='r'><xs:complexType><xs:sequence>"
                                "<xs:element ref='t:e'/></xs:sequence></xs:complexType></xs:element>"));
     folder.Put("v.xsd", "<xs:schema xmlns:xs='http://www.w3.org/2001/XMLSchema' targetNamespace='v'><xs:complexType name='t-type'/></xs:schema>");
-    std::string const type = "CTType : Bx::CObject\n", unreferenced = "CR : Bx::Root<Bx::CObject>\n  Bx::Object<CTType> E\n  Sequence Element(E e 1 1) End\n";
+    std::string const type = "CTType : Bx::CObject\n", unreferenced = "CR : Bx::Root<Bx::CObject>\n  Bx::Object<CTType> E  // required\n  Sequence Element(E e 1 1) End\n";
     EXPECT_EQ(PlanOf(folder), unreferenced + type);
-    EXPECT_EQ(PlanOf(folder, {"--root-element", "{u}e"}), "CTType : Bx::CObject\nCR : Bx::CObject\n  Bx::Object<CTType> E\n  Sequence Element(E e 1 1) End\nCE : Bx::Root<CTType>\n  Inherit(<CTType>)\n");
+    EXPECT_EQ(PlanOf(folder, {"--root-element", "{u}e"}), "CTType : Bx::CObject\nCR : Bx::CObject\n  Bx::Object<CTType> E  // required\n  Sequence Element(E e 1 1) End\nCE : Bx::Root<CTType>\n  Inherit(<CTType>)\n");
     EXPECT_EQ(PlanOf(folder, {"--root-element", "e"}), PlanOf(folder, {"--root-element", "{u}e"}));
     EXPECT_EQ(PlanOf(folder, {"--root-element", "x"}), "bxgen: error: --root-element 'x': the schemas have no such element [root]\n");
     EXPECT_EQ(PlanOf(folder, {"--namespace-map", "v=V::W", "--prefix", "", "--strip-suffix", "-type"}),
-              "namespace A\nR : Bx::Root<Bx::CObject>\n  Bx::Object<T> E\n  Sequence Element(E e 1 1) End\nnamespace V::W\nT : Bx::CObject\n");
+              "namespace A\nR : Bx::Root<Bx::CObject>\n  Bx::Object<T> E  // required\n  Sequence Element(E e 1 1) End\nnamespace V::W\nT : Bx::CObject\n");
     folder.Put("names", "# of types\ntype {v}t-type Thing\nelement {u}r Top\nproperty {u}e Entry\n");
-    EXPECT_EQ(PlanOf(folder, {"--names", "@names"}), "Top : Bx::Root<Bx::CObject>\n  Bx::Object<Thing> Entry\n  Sequence Element(Entry e 1 1) End\nThing : Bx::CObject\n");
+    EXPECT_EQ(PlanOf(folder, {"--names", "@names"}), "Top : Bx::Root<Bx::CObject>\n  Bx::Object<Thing> Entry  // required\n  Sequence Element(Entry e 1 1) End\nThing : Bx::CObject\n");
     folder.Put("names", "type {v}t-type a-b\n");
     EXPECT_EQ(PlanOf(folder, {"--names", "@names"}), "names:1:1: error: a line must be: type|element|group|property {namespace}name NAME [names]\n");
 }

@@ -124,7 +124,7 @@ TEST(FailingAllocations, AScopeEndsWithTheAliasesThatItBeganWith) {
         CNamespaceScopes scopes;
         scopes.AddNamespace(u"AA", u"urn:n", true);
         run([&] {
-            scopes.AddNamespace(u"an alias of some length", u"urn:n", false);
+            scopes.AddNamespace(u"AB", u"urn:n", false);
             scopes.UndoTo(1);
         });
         scopes.UndoTo(1);

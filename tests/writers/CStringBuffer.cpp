@@ -106,6 +106,29 @@ TEST(CStringBuffer, HoldsWhatWasAppended) {
     }
 }
 
+TEST(CStringBuffer, ConvertsWhatWasAppended) {
+    for (unsigned seed = 0; seed < 20; ++seed) {
+        std::mt19937 random(seed);
+        CStringBuffer buffer;
+        buffer.ConvertAsItGrows();
+        for (int document = 0; document < 2; ++document) {
+            wstring expected;
+            for (int i = 0; i < 300; ++i) {
+                // The halves of a pair in two texts.
+                wstring const first = Sample(random() % 90) + u'\xD83D';
+                wstring const second = u'\xDE00' + wstring(random() % 99, u'x');
+                buffer.Append(first);
+                buffer.Append(second);
+                expected += first + second;
+                EXPECT_EQ(buffer.ChunkCount(), 1U);
+            }
+            CBinaryData const octets = buffer.TakeUtf8();
+            std::string const utf8(octets.GetOctets().begin(), octets.GetOctets().end());
+            EXPECT_TRUE(FromUtf8(utf8) == expected) << seed;
+        }
+    }
+}
+
 TEST(CStringBuffer, StartsAChunkWhenTheLastIsFull) {
     CStringBuffer buffer;
     for (std::size_t chunks = 0; chunks < 4; ++chunks) {

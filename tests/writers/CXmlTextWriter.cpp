@@ -107,43 +107,62 @@ TEST(CXmlTextWriter, KeepsItsLineEndIfAnotherIsRefused) {
     EXPECT_EQ(writer.GetString(), u"<a>\r\n</a>\r\n");
 }
 
+std::string Utf8Of(CXmlTextWriter& writer) {
+    CBinaryData const utf8 = writer.TakeBinaryData(enc_UTF8);
+    return std::string(utf8.GetOctets().begin(), utf8.GetOctets().end());
+}
+
 TEST(CXmlTextWriter, GivesItsTextAsOctets) {
     std::string const text = std::string(65'507, 'x') + "\u00E9\u20AC\U0001D11E\U0001F600";
-    CXmlTextWriter writer;
-    writer.WriteStartDocument(enc_UTF16);
-    EXPECT_EQ(writer.GetBinaryData(enc_UTF8).GetLength(), 40U);
-    writer.WriteStartDocument(enc_Unspecified);
-    writer.WriteProcessingInstruction(FromUtf8(text));
     std::string const expected = "<?xml version=\"1.0\"?>\n" + text + "\n\n";
-    for (int i = 0; i < 2; ++i) {
-        CBinaryData const utf8 = writer.GetBinaryData(enc_UTF8);
-        EXPECT_TRUE(std::string(utf8.GetOctets().begin(), utf8.GetOctets().end()) == expected);
-        EXPECT_TRUE(writer.GetBinaryData(enc_UTF16).GetString() == FromUtf8(expected));
-        EXPECT_EQ(writer.GetBinaryData(enc_UTF16NoDeclaration), writer.GetBinaryData(enc_UTF16));
+    CXmlTextWriter writer;
+    auto const write = [&] {
+        writer.WriteStartDocument(enc_Unspecified);
+        writer.WriteProcessingInstruction(FromUtf8(text));
+    };
+    writer.WriteStartDocument(enc_UTF16);
+    EXPECT_EQ(Utf8Of(writer).size(), 40U);
+    for (XmlEncoding const encoding : {enc_UTF16, enc_UTF16NoDeclaration}) {
+        write();
+        EXPECT_TRUE(writer.TakeBinaryData(encoding).GetString() == FromUtf8(expected));
+        write();
+        EXPECT_TRUE(Utf8Of(writer) == expected);
+        EXPECT_EQ(writer.GetString(), u"");
     }
-    EXPECT_BX_THROW(writer.GetBinaryData(enc_Unspecified), CBxException,
+    write();
+    EXPECT_BX_THROW(writer.TakeBinaryData(enc_Unspecified), CBxException,
                     "Unknown Encoding, select UTF-8 or ask the vendor's support");
     EXPECT_TRUE(ToUtf8(writer.GetString()) == expected);
 }
 
+/// Chunks of the buffer have 65,535 units, or 4,096 where they are converted.
 TEST(CXmlTextWriter, KeepsPairsTogetherWhereTheBufferGrows) {
-    // Chunks of the buffer have 65,535 units.
-    for (std::size_t length = 65'530; length < 65'540; ++length) {
-        CXmlTextWriter writer;
-        std::string const text = std::string(length, 'x') + "\U0001F600";
-        writer.WriteProcessingInstruction(FromUtf8(text));
-        CBinaryData const utf8 = writer.GetBinaryData(enc_UTF8);
-        EXPECT_EQ(std::string(utf8.GetOctets().begin(), utf8.GetOctets().end()), text + "\n\n") << length;
+    for (bool const isConverted : {false, true}) {
+        std::size_t const chunk = isConverted ? 4'096 : 65'535;
+        for (std::size_t length = 2 * chunk - 5; length < 2 * chunk + 5; ++length) {
+            CXmlTextWriter writer;
+            if (isConverted) writer.ConvertAsItGrows();
+            std::string const text = std::string(length, 'x') + "\U0001F600";
+            writer.WriteProcessingInstruction(FromUtf8(text));
+            EXPECT_EQ(Utf8Of(writer), text + "\n\n") << length;
+            writer.WriteProcessingInstruction(u"again");
+            EXPECT_EQ(Utf8Of(writer), "again\n\n");
+        }
     }
 }
 
 TEST(CXmlTextWriter, HalfOfASurrogatePairHasNoUtf8) {
     CXmlTextWriter writer;
-    EXPECT_EQ(writer.GetBinaryData(enc_UTF8).GetLength() + writer.GetBinaryData(enc_UTF16).GetLength(), 0U);
+    EXPECT_EQ(writer.TakeBinaryData(enc_UTF8).GetLength() + writer.TakeBinaryData(enc_UTF16).GetLength(), 0U);
     writer.WriteProcessingInstruction(u"\xD834");
-    EXPECT_BX_THROW(writer.GetBinaryData(enc_UTF8), CBxInvalidValueException,
+    EXPECT_BX_THROW(writer.TakeBinaryData(enc_UTF8), CBxInvalidValueException,
                     "A text with half of a surrogate pair has no UTF-8 form");
-    EXPECT_EQ(writer.GetBinaryData(enc_UTF16).GetString(), u"\xD834\n\n");
+    EXPECT_EQ(writer.TakeBinaryData(enc_UTF16).GetString(), u"\xD834\n\n");
+
+    CXmlTextWriter converting;
+    converting.ConvertAsItGrows();
+    EXPECT_BX_THROW((converting.WriteProcessingInstruction(u'\xD834' + wstring(5'000, u'x')), 0),
+                    CBxInvalidValueException, "A text with half of a surrogate pair has no UTF-8 form");
 }
 
 TEST(CXmlTextWriter, MakesManyPrefixesInOneScope) {

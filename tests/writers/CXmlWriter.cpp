@@ -22,16 +22,19 @@ public:
     void WriteComment(wstring const&) override {}
     void WriteProcessingInstruction(wstring const&) override {}
     void WriteInLineSchema(wstring const&) override {}
-    void WriteStartElement(wstring const& name, wstring const& ns) override {
-        Element& element = Start(name, ns);
-        element.m_prefix = Scopes().TakePrefix(ns).m_alias;
+    void WriteStartElement(wstring const&, wstring const& ns) override {
+        Start();
+        m_prefix = Scopes().TakePrefix(ns).m_alias;
     }
     void WriteText(wstring const&) override {}
     void WriteEndElement() override { Context().End(); }
     void WriteAttribute(wstring const&, wstring const&, wstring const&) override {}
     wstring DeclaredPrefix(wstring const&) override { return {}; }
     using CXmlWriter::GetUniquePrefix, CXmlWriter::NsIntToString;
-    wstring InnermostPrefix() { return Context().Innermost().m_prefix; }
+    wstring const& InnermostPrefix() { return m_prefix; }
+
+private:
+    wstring m_prefix;
 };
 
 TEST(CXmlWriter, MakesPrefixesOfTwoLettersThenOfThree) {

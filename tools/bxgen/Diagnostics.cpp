@@ -9,7 +9,7 @@ constexpr std::string_view kSeverities[] = {"note", "warning", "error"};
 
 }  // namespace
 
-void Diagnostics::Error(Place const& place, std::string_view code, std::string_view text) {
+void Diagnostics::Error(Place const& place, Code code, std::string_view text) {
     m_lastIsKept = ++m_errors <= kMaxErrors;
     if (m_lastIsKept) Add(place, Severity::kError, code, text);
 }
@@ -19,9 +19,9 @@ void Diagnostics::FileError(Place const& place, std::string_view text) {
     Error(place, "file", text);
 }
 
-void Diagnostics::Warning(Place const& place, std::string_view code, std::string_view text) {
+void Diagnostics::Warning(Place const& place, Code code, std::string_view text) {
     ++m_warnings;
-    std::size_t& count = m_warningsByCode.try_emplace(std::string(code)).first->second;
+    std::size_t& count = m_warningsByCode.try_emplace(std::string(std::string_view(code))).first->second;
     ++count;
     m_lastIsKept = !m_options.m_quiet && (m_options.m_allWarnings || count == 1);
     if (m_lastIsKept) Add(place, Severity::kWarning, code, text);

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "Codes.h"
 #include "xml/Place.h"
 
 namespace BxGen {
@@ -28,11 +29,11 @@ public:
     Diagnostics() = default;
     explicit Diagnostics(Options options) : m_options(options) {}
 
-    /// @param code a word in lower case that stands for the kind of trouble: "unresolved"
-    void Error(Place const& place, std::string_view code, std::string_view text);
+    /// @param code one of kCodes: "unresolved"
+    void Error(Place const& place, Code code, std::string_view text);
     /// A file that cannot be read or written, with the code "file".
     void FileError(Place const& place, std::string_view text);
-    void Warning(Place const& place, std::string_view code, std::string_view text);
+    void Warning(Place const& place, Code code, std::string_view text);
     /// Says more about the message before it, and is dropped with it.
     void Note(Place const& place, std::string_view text);
 

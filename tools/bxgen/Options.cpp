@@ -5,6 +5,7 @@
 #include <iterator>
 #include <string_view>
 
+#include "names/Identifiers.h"
 #include "schema/Text.h"
 
 namespace BxGen {
@@ -58,6 +59,16 @@ bool AppendPair(Options& options, std::string_view value) {
     return true;
 }
 
+bool PutNamespace(Options& options, std::string_view value) {
+    options.m_name = value;
+    return IsNamespaceName(value);
+}
+
+bool AppendNamespace(Options& options, std::string_view value) {
+    return AppendPair<&Options::m_namespaces>(options, value) &&
+           IsNamespaceName(options.m_namespaces.back().second);
+}
+
 bool SetSources(Options& options, std::string_view value) {
     constexpr std::size_t kMost = 1000;
     auto const result = std::from_chars(value.data(), value.data() + value.size(), options.m_sources);
@@ -69,9 +80,9 @@ bool SetSources(Options& options, std::string_view value) {
 constexpr Option kOptions[] = {
     {"-o",              "DIR",       "where files go (default .)",                                    Put<&Options::m_folder>},
     {"--out-dir",       "DIR",       "the same",                                                      Put<&Options::m_folder>},
-    {"-n",              "NAME",      "C++ namespace and file name of what is not mapped (default: from the first schema)", Put<&Options::m_name>},
-    {"--name",          "NAME",      "the same",                                                      Put<&Options::m_name>},
-    {"--namespace-map", "URI=NS",    "C++ namespace of an XML namespace, NS may be A::B; repeatable", AppendPair<&Options::m_namespaces>},
+    {"-n",              "NAME",      "C++ namespace and file name of what is not mapped (default: from the first schema)", PutNamespace},
+    {"--name",          "NAME",      "the same",                                                      PutNamespace},
+    {"--namespace-map", "URI=NS",    "C++ namespace of an XML namespace, NS may be A::B; repeatable", AppendNamespace},
     {"--root-element",  "NAME",      "name or {uri}name of a root, or all, or none; repeatable (default: those not referred to)", Append<&Options::m_roots>},
     {"--prefix",        "TEXT",      "ahead of names of classes (default C)",                         PutAny<&Options::m_prefix>},
     {"--strip-suffix",  "TEXT",      "taken off names of types, such as Type",                        Put<&Options::m_strippedSuffix>},

@@ -39,7 +39,7 @@ struct Actions {
 
     /// Sets or adds the value of a literal.
     void (*read)(void* property, std::u16string_view text) = nullptr;
-    /// The literal of a value: in the property itself, or in the room given.
+    /// The literal of a value: in the property itself, or in the room given, whatever was there.
     wstring const& (*text)(void const* property, int index, wstring& room) = nullptr;
     /// Reads and writes as the empty text.
     std::u16string_view (*defaultText)() = nullptr;
@@ -84,15 +84,16 @@ struct ValueActions {
         }
     }
     static wstring const& Text(void const* property, [[maybe_unused]] int index, wstring& room) {
-        if constexpr (!std::is_same_v<typename S::Value, wstring>) {
-            wstring const* literal = nullptr;
+        if constexpr (!HasText<S>) {
+            room.clear();
             if constexpr (IsValues<P>) {
-                literal = Of(property).GetLiteral(index);
-                return literal != nullptr ? *literal : room = TextOf<S>(Of(property)[index]);
+                if (wstring const* const literal = Of(property).GetLiteral(index)) return *literal;
+                AppendText<S>(room, Of(property)[index]);
             } else {
-                literal = Of(property).GetLiteral();
-                return literal != nullptr ? *literal : room = TextOf<S>(*Of(property));
+                if (wstring const* const literal = Of(property).GetLiteral()) return *literal;
+                AppendText<S>(room, *Of(property));
             }
+            return room;
         } else if constexpr (IsValues<P>) {
             return Of(property)[index];
         } else {

@@ -81,11 +81,19 @@ concept IsAtomic = !IsEnumeration<S> && !IsList<S> && !IsUnion<S>;
 template <class S>
 typename S::Value ValueOf(std::u16string_view text);
 
-/// The literal of a value of type S. That of a union is spelled so that the same member takes it again, where one
-/// of the known spellings is: 1 of a number behind a boolean is "1.0".
+/// Appends the literal of a value of type S. That of a union is spelled so that the same member takes it again,
+/// where one of the known spellings is: 1 of a number behind a boolean is "1.0".
 /// @tparam kComesBack false for the usual spelling in any case
 template <class S, bool kComesBack = true>
-wstring TextOf(typename S::Value const& value);
+void AppendText(wstring& text, typename S::Value const& value);
+
+/// The literal of a value of type S, as AppendText() gives it.
+template <class S, bool kComesBack = true>
+wstring TextOf(typename S::Value const& value) {
+    wstring text;
+    AppendText<S, kComesBack>(text, value);
+    return text;
+}
 
 /// Tests a value against all facets of S.
 /// @throws CBxInvalidValueException if it breaks one
@@ -368,29 +376,28 @@ typename S::Value ValueOf(std::u16string_view text) {
 }
 
 template <class S, bool kComesBack>
-wstring TextOf(typename S::Value const& value) {
+void AppendText(wstring& text, typename S::Value const& value) {
     if constexpr (IsEnumeration<S>) {
         auto const index = static_cast<std::size_t>(value);
         if (index >= std::size(S::kTexts)) ThrowNoEnumerator(static_cast<int>(value));
-        return S::kTexts[index];
+        text += S::kTexts[index];
     } else if constexpr (IsList<S>) {
-        wstring text;
+        std::size_t const start = text.size();
         for (auto const& item : value) {
-            if (!text.empty()) text += u' ';
-            text += TextOf<typename S::Item, kComesBack>(item);
+            if (text.size() > start) text += u' ';
+            AppendText<typename S::Item, kComesBack>(text, item);
         }
-        return text;
     } else if constexpr (IsUnion<S> && kComesBack) {
-        return SpelledMember<S>(value);
+        text += SpelledMember<S>(value);
     } else if constexpr (IsUnion<S>) {
-        wstring text;
         WithIndex(value, [&](auto index) {
             using Member = std::tuple_element_t<index(), typename S::Members>;
-            text = TextOf<Member, false>(*std::get_if<index()>(&value));
+            AppendText<Member, false>(text, *std::get_if<index()>(&value));
         });
-        return text;
+    } else if constexpr (requires { S::AppendText(text, value); }) {
+        S::AppendText(text, value);
     } else {
-        return S::ToText(value);
+        text += S::ToText(value);
     }
 }
 

@@ -115,7 +115,7 @@ struct boolean {
 struct decimal {
     using Value = CDecimal;
     BXXMLLIB5_API static CDecimal FromText(std::u16string_view text);
-    BXXMLLIB5_API static wstring ToText(CDecimal const& value);
+    static void AppendText(wstring& text, CDecimal const& value) { value.AppendTo(text); }
 };
 
 struct integer {

@@ -38,14 +38,17 @@ std::string Origin(Documentation const& documentation) {
     return origin.empty() ? origin : '(' + origin + ')';
 }
 
-std::string Wrapped(std::string const& text, std::string_view indent) {
+/// @param last what stands behind the text, on one line
+std::string Wrapped(std::string const& text, std::string_view indent, std::string const& last = {}) {
     std::string lines;
     std::string line;
     auto const flush = [&] {
         if (!line.empty()) lines += std::string(indent) + "///" + line + '\n';
         line.clear();
     };
-    for (std::string_view const word : Items(text)) {
+    std::vector<std::string_view> words = Items(text);
+    if (!last.empty()) words.push_back(last);
+    for (std::string_view const word : words) {
         if (indent.size() + 3 + WidthOf(line) + 1 + WidthOf(word) > kColumns) flush();
         line += ' ';
         line += word;
@@ -57,7 +60,7 @@ std::string Wrapped(std::string const& text, std::string_view indent) {
 }  // namespace
 
 std::string Comment(Documentation const& documentation, std::string_view indent) {
-    return Wrapped(Defused(documentation.m_text) + ' ' + Origin(documentation), indent);
+    return Wrapped(Defused(documentation.m_text), indent, Origin(documentation));
 }
 
 std::string MemberComment(Documentation const& documentation, std::string_view indent) {

@@ -294,6 +294,9 @@ void ContentMapper::MakeProperty(Draft const& draft) {
     m_classes.m_names.Note(first.m_particle->m_place, from, wanted, plan.m_name,
                            isTwice || (first.IsGroup() && first.m_named == nullptr));
     plan.m_occurrence = OccurrenceOf(draft);
+    // Of values the type of the property says so.
+    bool const isObject = property.m_shape == Shape::kObject || property.m_shape == Shape::kAnyElement;
+    if (isObject && draft.m_isMandatory && plan.m_occurrence.empty()) plan.m_occurrence = "required";
     m_properties.push_back(&m_facts.m_properties.emplace(draft.m_key, std::move(property)).first->second);
     m_facts.m_plan->m_properties.push_back(std::move(plan));
 }

@@ -40,12 +40,6 @@ std::string WithType(std::string name) {
 /// What a line of a file of names may be about.
 constexpr std::string_view kKindsOfNames[] = {"type", "element", "group", "property"};
 
-bool IsIdentifier(std::string_view name) {
-    constexpr std::string_view kLetters = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
-    return kLetters.find(name[0]) != name.npos &&
-           name.find_first_not_of(std::string(kLetters) + "0123456789_") == name.npos;
-}
-
 bool IsExpected(std::string const& wanted, std::string const& taken) {
     if (!taken.starts_with(wanted)) return true;
     std::string const added = taken.substr(wanted.size());

@@ -55,6 +55,12 @@ Unit& Units::Make(std::string const& name) {
         unit = &m_mapping.m_plan.m_units.emplace_back();
         unit->m_name = name;
         unit->m_file = FileNameOf(name);
+        for (Unit const& other : m_mapping.m_plan.m_units) {
+            if (&other == unit || other.m_file != unit->m_file) continue;
+            m_mapping.m_diagnostics.Error({}, "namespace",
+                                          "the C++ namespaces " + Quoted(other.m_name) + " and " +
+                                              Quoted(name) + " would have the same files");
+        }
         // A type of the same name would hide the namespace.
         unit->m_scope.Add(name.substr(name.rfind(':') + 1));
     }

@@ -23,6 +23,23 @@ constexpr Range kLetters[] = {
     {0x1E00, 0x1EFF}, {0x3041, 0x3096}, {0x30A1, 0x30FA}, {0x4E00, 0x9FFF}, {0xAC00, 0xD7A3},
 };
 
+constexpr std::string_view kKeywords[] = {
+    "alignas",     "alignof",  "and",        "and_eq",    "asm",       "auto",         "bitand",
+    "bitor",       "bool",     "break",      "case",      "catch",     "char",         "char16_t",
+    "char32_t",    "char8_t",  "class",      "co_await",  "co_return", "co_yield",     "compl",
+    "concept",     "const",    "const_cast", "consteval", "constexpr", "constinit",    "continue",
+    "decltype",    "default",  "delete",     "do",        "double",    "dynamic_cast", "else",
+    "enum",        "explicit", "export",     "extern",    "false",     "float",        "for",
+    "friend",      "goto",     "if",         "inline",    "int",       "long",         "mutable",
+    "namespace",   "new",      "noexcept",   "not",       "not_eq",    "nullptr",      "operator",
+    "or",          "or_eq",    "private",    "protected", "public",    "register",     "reinterpret_cast",
+    "requires",    "return",   "short",      "signed",    "sizeof",    "static",       "static_assert",
+    "static_cast", "struct",   "switch",     "template",  "this",      "thread_local", "throw",
+    "true",        "try",      "typedef",    "typeid",    "typename",  "union",        "unsigned",
+    "using",       "virtual",  "void",       "volatile",  "wchar_t",   "while",        "xor",
+    "xor_eq",
+};
+
 constexpr bool IsDigit(char32_t c) {
     return c >= U'0' && c <= U'9';
 }
@@ -76,6 +93,24 @@ std::string Camel(std::string_view name, bool onlyAscii) {
     }
     // Names that begin with u and a number of four digits must not meet those that are spelt.
     return !camel.empty() && IsDigit(static_cast<unsigned char>(camel[0])) ? 'N' + camel : camel;
+}
+
+bool IsIdentifier(std::string_view name) {
+    bool isFirst = true;
+    for (std::string_view rest = name; !rest.empty(); isFirst = false) {
+        char32_t const c = TakeCharacter(rest);
+        bool const isLetter = IsAsciiLetter(c) || c == U'_' || IsForeignLetter(c);
+        if (!isLetter && (isFirst || !IsDigit(c))) return false;
+    }
+    return !name.empty() && std::ranges::find(kKeywords, name) == std::end(kKeywords);
+}
+
+bool IsNamespaceName(std::string_view name) {
+    for (std::size_t end = name.find("::"); end != name.npos; end = name.find("::")) {
+        if (!IsIdentifier(name.substr(0, end))) return false;
+        name.remove_prefix(end + 2);
+    }
+    return IsIdentifier(name);
 }
 
 bool IsMacro(std::string_view name) {

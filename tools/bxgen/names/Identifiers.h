@@ -14,6 +14,12 @@ namespace BxGen {
 /// N ahead; one without a letter or digit is empty.
 std::string Camel(std::string_view name, bool onlyAscii);
 
+/// True for a name that C++ takes, of letters that Camel() leaves.
+bool IsIdentifier(std::string_view name);
+
+/// True for names of C++ with `::` between them.
+bool IsNamespaceName(std::string_view name);
+
 /// True for a macro of the C or C++ library that a name in CamelCase could be: `NULL`, `EOF`.
 bool IsMacro(std::string_view name);
 

@@ -45,9 +45,7 @@ public:
 private:
     bool IsExtension() const { return m_type.m_derivation == kExtension; }
 
-    void Report(std::string_view code, std::string const& text) {
-        m_diagnostics.Error(m_type.m_place, code, text);
-    }
+    void Report(Code code, std::string const& text) { m_diagnostics.Error(m_type.m_place, code, text); }
 
     // -------------------------------------------------------------------------------------------- simple
     // content

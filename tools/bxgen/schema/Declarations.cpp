@@ -19,7 +19,7 @@ public:
     DeclarationChecker(SchemaStore& store, Diagnostics& diagnostics)
         : m_store(store), m_values(store), m_diagnostics(diagnostics) {}
 
-    void Report(Component const& component, std::string_view code, std::string const& text) {
+    void Report(Component const& component, Code code, std::string const& text) {
         m_diagnostics.Error(component.m_place, code, text);
     }
 

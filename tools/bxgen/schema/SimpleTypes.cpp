@@ -153,7 +153,7 @@ public:
     }
 
 private:
-    void Report(Component const& component, std::string_view code, std::string const& text) {
+    void Report(Component const& component, Code code, std::string const& text) {
         m_diagnostics.Error(component.m_place, code, text);
     }
 

@@ -314,7 +314,7 @@ public:
     }
 
 private:
-    void Report(XmlElement const& element, std::string const& text, std::string_view code = "syntax") {
+    void Report(XmlElement const& element, std::string const& text, Code code = "syntax") {
         m_diagnostics.Error(element.m_place, code, text);
     }
 
