@@ -54,7 +54,7 @@ CT : Bx::CObject
   Bx::Fixed<Xs::int_, "2"> B
   Bx::ValuesWithDefault<Xs::int_, "3"> C  // at least 1
   Bx::FixedValues<Xs::int_, "3"> D  // 1 to 2
-  Bx::Object<Bx::CNillable<Xs::int_>> E
+  Bx::Object<Bx::CNillable<Xs::int_>> E  // required
   Sequence Element(A a 1 1) Element(B b) Element(C c 1 *) Element(D d 1 2) Element(E e 1 1 nillable) End
 a.xsd:1:365: warning: the default or fixed value of 'e' is not used, since the element may be nil or has others elsewhere; set it in your program [default]
 )"},
