@@ -6,7 +6,7 @@ source "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 packages=(g++ cmake make ninja-build libexpat1-dev zlib1g-dev libpcre2-dev libgtest-dev libgmock-dev libbenchmark-dev time)
 tools=(g++ cmake make ninja)
 if [[ ${1:-} == --all ]]; then
-    packages+=(git clang clang-format clang-tidy libclang-rt-14-dev)
+    packages+=(git clang clang-format clang-tidy libclang-rt-14-dev libxerces-c-dev)
     tools+=(git clang++ clang-format clang-tidy)
 fi
 

@@ -23,13 +23,22 @@ constexpr Bx::Class const* kTypes[] = {
     &CExtensions::kClass,
 };
 
+constexpr Bx::SimpleTypeName kSimpleTypes[] = {
+    Bx::Simple<LatitudeType, Xs::decimal>(u"latitudeType", kNamespace),
+    Bx::Simple<LongitudeType, Xs::decimal>(u"longitudeType", kNamespace),
+    Bx::Simple<DegreesType, Xs::decimal>(u"degreesType", kNamespace),
+    Bx::Simple<FixType, Xs::string>(u"fixType", kNamespace),
+    Bx::Simple<DgpsStationType, Xs::unsignedShort>(u"dgpsStationType", kNamespace),
+};
+
 constexpr Bx::Alias kAliases[] = {
     {u"gpx", kNamespace},
 };
 
 }  // namespace
 
-constinit Bx::Set const kSet{.types = kTypes, .aliases = kAliases, .hasDefaultNamespace = true};
+constinit Bx::Set const kSet{.types = kTypes, .simpleTypes = kSimpleTypes, .builtInTypes =
+    Bx::kBuiltInTypes<>, .aliases = kAliases, .hasDefaultNamespace = true};
 
 namespace {
 

@@ -21,6 +21,7 @@ public:
 
     /// @param namespaceUri of this table
     CXmlName const& Intern(wstring const& namespaceUri, std::u16string_view localName);
+    CXmlName const& Intern(wstring&& namespaceUri, std::u16string_view localName) = delete;
     /// Takes the same time for parts of any length.
     /// @param namespaceUri,localName of this table
     CXmlName const& Combine(wstring const& namespaceUri, wstring const& localName);

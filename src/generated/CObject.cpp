@@ -6,6 +6,9 @@
 #include "BxXmlLib5/document/CXmlElement.h"
 #include "core/NestingDepth.h"
 #include "generated/Model.h"
+#include "generated/ObjectAccess.h"
+#include "generated/Reading.h"
+#include "generated/TypeOfElement.h"
 #include "generated/Writing.h"
 #include "platform/TextView.h"
 
@@ -14,8 +17,14 @@ namespace BxXmlLib5::Generated {
 using namespace BxXmlLib5Data;
 
 CObject::CObject() = default;
-CObject::CObject(CObject const& other) = default;
-CObject& CObject::operator=(CObject const& other) = default;
+CObject::CObject(CObject const& other)
+    : CXmlGeneratedClass(other),
+      m_kept(other.m_kept ? std::make_unique<KeptTypes>(*other.m_kept) : nullptr) {}
+CObject& CObject::operator=(CObject const& other) {
+    CXmlGeneratedClass::operator=(other);
+    m_kept = other.m_kept ? std::make_unique<KeptTypes>(*other.m_kept) : nullptr;
+    return *this;
+}
 CObject::~CObject() = default;
 
 CGroup::CGroup() = default;
@@ -48,6 +57,7 @@ void CObject::AccessProperty(int, bool, BxVariant&) {
 }
 
 void CObject::ResetContent() {
+    m_kept = nullptr;
     for (PropertyModel const& property : Describe().GetModel().properties) {
         property.actions->clear(property.Of(*this));
     }
@@ -66,7 +76,23 @@ CXmlElement* CObject::FromXml_Int(CXmlElement* element, CXmlElement* firstChild,
                          element->GetLocalName().c_str(), element->GetNamespaceURI().c_str(),
                          model.name.c_str(), model.namespaceUri.c_str()));
     }
+    if (model.type.GetFacts().isRoot) {
+        if (auto const named = NamedTypeOf(*element, *model.type.GetFacts().set)) {
+            ReadRootAs(*this, *element, *named, context);
+            return nullptr;
+        }
+        if (model.IsAbstract()) ThrowAbstract(*element, TypeClass(model.type));
+    }
     return CXmlGeneratedClass::FromXml_Int(element, firstChild, context, allowEmptyChoice);
+}
+
+void CObject::AttributesToXml_Int(CXmlWriter* writer, CXmlSerializationContext const& context) const {
+    if (CObject const* const typed = Describe().GetModel().XsiTyped(*this)) {
+        WriteXsiType(*typed, writer);
+        return typed->AttributesToXml_Int(writer, context);
+    }
+    if (m_kept) WriteKeptType(*this, writer, context);
+    CXmlGeneratedClass::AttributesToXml_Int(writer, context);
 }
 
 void CObject::ToXml_Int(CXmlWriter* writer, bool isRoot, char16_t const* namespaceUri,
@@ -80,6 +106,7 @@ CSmartPtr<CObject> CObject::Clone() const {
     Class const& type = Describe();
     CSmartPtr<CObject> copy = type.GetFacts().make();
     copy->m_elementName = m_elementName;
+    if (m_kept) copy->m_kept = std::make_unique<KeptTypes>(*m_kept);
     for (PropertyModel const& property : type.GetModel().properties) {
         if (property.Count(*this) > 0) property.actions->copy(property.Of(*copy), property.Of(*this));
     }

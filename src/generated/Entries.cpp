@@ -62,7 +62,7 @@ bool CAttributeEntry::AttributeFromXml(CXmlSerializationContext const& context, 
         return true;
     }
     if (!IsThisAttribute(context, attribute)) return false;
-    ReadValue(object, *m_model.property, m_model.name, attribute->GetValueView());
+    ReadValue(object, *m_model.property, m_model.name, attribute->GetValueView(), m_model.narrowed);
     return true;
 }
 

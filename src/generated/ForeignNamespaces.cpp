@@ -5,6 +5,7 @@
 #include "core/NestingDepth.h"
 #include "generated/Model.h"
 #include "generated/ObjectAccess.h"
+#include "generated/Untyped.h"
 #include "platform/StandardNamespaces.h"
 
 namespace BxXmlLib5::Generated {
@@ -13,6 +14,8 @@ namespace {
 
 class CSurvey {
 public:
+    explicit CSurvey(Set const& set) : m_set(set) {}
+
     ForeignNamespaces m_found;
 
     void Walk(CObject const& object) {
@@ -21,12 +24,21 @@ public:
         for (AttributeModel const& attribute : model.attributes) {
             if (attribute.constraint == nullptr) Enter(attribute.namespaceUri);
         }
+        if (KeptTypes const* const types = ObjectAccess::KeptIn(object)) {
+            Enter(wstring(kXsiNamespace));
+            for (auto const& [unused, kept] : *types) {
+                Enter(kept.namespaceUri);
+                if (kept.content) Walk(*kept.content);
+            }
+        }
         for (PropertyModel const& property : model.properties) {
             Walk(property.actions->shape, property.Of(object));
         }
     }
 
 private:
+    Set const& m_set;
+
     void Walk(Actions::Shape shape, void const* property) {
         using enum Actions::Shape;
         switch (shape) {
@@ -62,6 +74,7 @@ private:
         m_found.m_hasElementInNone |= element.GetNamespace().empty();
         Enter(element.GetNamespace());
         WalkAttributes(*element.GetAttributes());
+        if (char16_t const* const uri = NamespaceOfType(element, m_set)) Enter(uri);
         for (CElement const* const child : *element.GetChildElements()) Walk(*child);
     }
 
@@ -78,7 +91,7 @@ private:
 }  // namespace
 
 ForeignNamespaces FindForeignNamespaces(CObject const& object) {
-    CSurvey survey;
+    CSurvey survey(*ObjectAccess::ClassOf(object).GetFacts().set);
     survey.Walk(object);
     return survey.m_found;
 }

@@ -5,6 +5,7 @@
 #include "BxXmlLib5/core/CBxException.h"
 #include "BxXmlLib5/document/CXmlElement.h"
 #include "generated/Entries.h"
+#include "generated/TypeOfElement.h"
 #include "platform/TextView.h"
 
 namespace BxXmlLib5::Generated {
@@ -37,6 +38,9 @@ Model::Model(Class const& described)
     : type(described), name(described.GetFacts().name), namespaceUri(described.GetFacts().namespaceUri) {
     std::vector<Particle*> top;
     Add(described, top);
+    if (auto* const place = described.GetFacts().xsiTyped) {
+        xsiTyped = &properties.emplace_back(PropertyModel{&kObjectActions, place, u"xsi:type"});
+    }
     if (top.size() > 1) {
         Particle& whole = particles.emplace_back();
         whole.kind = Row::Kind::Sequence;
@@ -46,6 +50,7 @@ Model::Model(Class const& described)
     if (!top.empty()) {
         Finish(*top[0]);
         content = top[0];
+        if (described.GetFacts().isGroup) MarkLast(*top[0]);
     }
     for (AttributeModel const& attribute : attributes) {
         if (!attribute.constraint) attributeTable.push_back(new CAttributeEntry(attribute));
@@ -76,7 +81,10 @@ void Model::Add(Class const& described, std::vector<Particle*>& top) {
                 Add(*row.type, top);
                 [[fallthrough]];
             case Row::Kind::Restrict:
-                if (&described == &type) base = row.type;
+                if (&described == &type) {
+                    base = row.type;
+                    derivation = row.derivation;
+                }
                 break;
             case Row::Kind::Attribute:
             case Row::Kind::AnyAttribute:
@@ -86,6 +94,7 @@ void Model::Add(Class const& described, std::vector<Particle*>& top) {
                 int index = 0;
                 text = &Property(row, index);
                 isTextMandatory = row.min > 0;
+                narrowedText = row.narrowed;
                 break;
             }
             case Row::Kind::Nil: {
@@ -102,6 +111,12 @@ void Model::Add(Class const& described, std::vector<Particle*>& top) {
             }
             case Row::Kind::MayBeNil:
                 isNillable = true;
+                break;
+            case Row::Kind::OwnType:
+                isOwnType = true;
+                break;
+            case Row::Kind::Block:
+                blocked = row.derivation;
                 break;
             case Row::Kind::End:
                 if (open.empty()) throw CBxException(u"The rows of a class end a group that has not begun");
@@ -138,6 +153,8 @@ Particle& Model::AddParticle(Row const& row, Class::Facts const& facts) {
     particle.max = row.max;
     particle.type = row.type;
     particle.isNillable = row.isNillable;
+    particle.blocked = row.derivation;
+    particle.narrowed = row.narrowed;
     particle.name = OrEmpty(row.name);
     if (row.place != nullptr) particle.model = &Property(row, particle.property);
     if (row.kind == Row::Kind::Any) {
@@ -159,6 +176,7 @@ void Model::AddAttribute(Row const& row, Class::Facts const& facts) {
     AttributeModel& attribute = attributes.emplace_back();
     attribute.name = OrEmpty(row.name);
     attribute.min = row.min;
+    attribute.narrowed = row.narrowed;
     attribute.property = &Property(row, index);
     if (row.kind == Row::Kind::AnyAttribute) {
         attribute.constraint =
@@ -210,6 +228,21 @@ void Model::Finish(Particle& particle) {
     particle.canBeEmpty = particle.min == 0 || (isChoice ? anyEmpty : allEmpty);
 }
 
+/// Marks the elements that may come last in the content and first too.
+void Model::MarkLast(Particle& particle) {
+    if (!particle.IsGroup()) {
+        particle.goesOn = particle.kind != Row::Kind::Items && particle.max != 1 &&
+                          std::ranges::find(content->starts, &particle, &Particle::Start::particle) !=
+                              content->starts.end();
+        return;
+    }
+    if (particle.max != 1) return;
+    for (auto member = particle.members.rbegin(); member != particle.members.rend(); ++member) {
+        MarkLast(const_cast<Particle&>(**member));
+        if (particle.kind == Row::Kind::Sequence && !(*member)->canBeEmpty) return;
+    }
+}
+
 bool Model::Knows(CXmlElement const* child, bool ignoreNamespaces) const {
     return std::ranges::any_of(particles, [&](Particle const& particle) {
         if (particle.IsGroup()) return false;
@@ -217,6 +250,21 @@ bool Model::Knows(CXmlElement const* child, bool ignoreNamespaces) const {
             return particle.type->GetModel().Knows(child, ignoreNamespaces);
         return particle.Matches(child, ignoreNamespaces);
     });
+}
+
+bool Model::IsAnything() const {
+    auto const isOpen = [](auto const& one) { return one.constraint && one.constraint->Admits(u""); };
+    return base == nullptr && text != nullptr && std::ranges::any_of(particles, isOpen) &&
+           std::ranges::any_of(attributes, isOpen);
+}
+
+bool Model::IsAbstract() const {
+    return type.GetFacts().isRoot && TypeClass(type).GetFacts().make == nullptr;
+}
+
+CObject* Model::XsiTyped(CObject const& object) const {
+    if (xsiTyped == nullptr) return nullptr;
+    return static_cast<CObject*>(static_cast<ObjectHolder const*>(xsiTyped->Of(object))->Held());
 }
 
 bool Model::Is(Class const& other) const {

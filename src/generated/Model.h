@@ -51,7 +51,11 @@ struct Particle {
     bool canBeEmpty = false;
     /// Two members of a choice are rows of this property, so the object itself says which it is.
     bool isSubstitution = false;
+    /// The last of an item may be this particle, and so may the first of the next item.
+    bool goesOn = false;
     bool isNillable = false;
+    unsigned char blocked = 0;  ///< Ways of derivation, as bits.
+    SimpleType const* narrowed = nullptr;
     int property = -1;
     PropertyModel const* model = nullptr;
     Class const* type = nullptr;
@@ -77,6 +81,7 @@ struct AttributeModel {
     wstring namespaceUri;
     int min;
     PropertyModel const* property;
+    SimpleType const* narrowed;
     std::unique_ptr<NamespaceConstraint> constraint;  ///< Of a wildcard.
 };
 
@@ -89,6 +94,20 @@ struct Model {
 
     bool IsNil(CObject const& object) const { return nil != nullptr && nil->Count(object) > 0; }
 
+    /// Whether the class is that of a complex type of simple content, or of an element of simple type.
+    bool HasSimpleContent() const { return text != nullptr && content == nullptr && isTextMandatory; }
+    /// Whether the class is that of an element of simple type.
+    bool IsSimple() const {
+        return text != nullptr && content == nullptr && base == nullptr && attributes.empty();
+    }
+    /// Whether the class is that of a root of any type.
+    bool IsAnything() const;
+
+    /// Whether the class is that of a root whose type is abstract.
+    bool IsAbstract() const;
+    /// Of a root, what it holds of a derived type; else null.
+    CObject* XsiTyped(CObject const& object) const;
+
     /// Whether some row of the class, or of its repeated groups, takes the child.
     bool Knows(CXmlElement const* child, bool ignoreNamespaces) const;
 
@@ -99,14 +118,19 @@ struct Model {
     wstring name;
     wstring namespaceUri;
     Class const* base = nullptr;
+    unsigned char derivation = 0;  ///< From the base.
+    unsigned char blocked = 0;     ///< As a root.
     std::deque<PropertyModel> properties;
     std::deque<Particle> particles;
     std::deque<AttributeModel> attributes;
     Particle const* content = nullptr;
     PropertyModel const* text = nullptr;
     bool isTextMandatory = false;
+    SimpleType const* narrowedText = nullptr;
     bool isNillable = false;  ///< As a root.
+    bool isOwnType = false;   ///< As a root.
     PropertyModel const* nil = nullptr;
+    PropertyModel const* xsiTyped = nullptr;
     std::vector<PropertyModel const*> prohibited;
 
     /// @name The tables of the contract
@@ -122,6 +146,7 @@ private:
     Particle& AddParticle(Row const& row, Class::Facts const& facts);
     void AddAttribute(Row const& row, Class::Facts const& facts);
     void Finish(Particle& particle);
+    void MarkLast(Particle& particle);
 };
 
 }  // namespace BxXmlLib5::Generated

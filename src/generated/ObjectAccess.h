@@ -2,6 +2,7 @@
 #pragma once
 
 #include "BxXmlLib5/generated/CObject.h"
+#include "generated/KeptTypes.h"
 
 namespace BxXmlLib5::Generated {
 
@@ -12,6 +13,18 @@ struct ObjectAccess {
     static void ReadAttributes(CObject& object, CXmlElement& element,
                                CXmlSerializationContext const& context) {
         object.ProcessAttributesFromXml(context, &element, true);
+    }
+
+    static KeptTypes& KeptOf(CObject& object) {
+        if (!object.m_kept) object.m_kept = std::make_unique<KeptTypes>();
+        return *object.m_kept;
+    }
+    /// Null for none.
+    static KeptTypes const* KeptIn(CObject const& object) { return object.m_kept.get(); }
+
+    static void Reset(CObject& object, wstring const& name) {
+        object.ResetContent();
+        object.m_elementName = name;
     }
 
     static wstring const& NameOf(CObject const& object) { return object.m_elementName; }

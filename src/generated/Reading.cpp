@@ -1,6 +1,7 @@
 #include "generated/Reading.h"
 
 #include <algorithm>
+#include <limits>
 #include <utility>
 
 #include "BxXmlLib5/binding/CXmlSerializationContext.h"
@@ -11,14 +12,15 @@
 #include "core/NestingDepth.h"
 #include "generated/Expected.h"
 #include "generated/ObjectAccess.h"
-#include "generated/TypeOfElement.h"
 #include "generated/Untyped.h"
+#include "platform/StandardNamespaces.h"
 
 namespace BxXmlLib5::Generated {
 
-void ReadValue(CObject& object, PropertyModel const& property, wstring const& name,
-               std::u16string_view text) {
+void ReadValue(CObject& object, PropertyModel const& property, wstring const& name, std::u16string_view text,
+               SimpleType const* narrowed) {
     try {
+        if (narrowed != nullptr) narrowed->test(text);
         property.actions->read(property.Of(object), text);
     } catch (CBxException const& failure) {
         throw CBxInvalidValueException(
@@ -43,9 +45,10 @@ Reading::Reading(CObject& object, CXmlElement& element, CXmlElement* child,
       m_ignoreNamespaces(context.GetIgnoreNamespaces()),
       m_skipsUnknown(context.GetIgnoreUnknownElements()) {}
 
-Reading::Reading(CObject& object, Reading& outer)
+Reading::Reading(CObject& object, Reading& outer, Round* round)
     : Reading(object, outer.m_element, outer.m_child, outer.m_context) {
     m_outer = &outer;
+    m_round = round;
 }
 
 void Reading::Content(bool mayBeNil) {
@@ -63,12 +66,23 @@ void Reading::Content(bool mayBeNil) {
     ReadText(isNil);
 }
 
+namespace {
+
+/// An empty element stands for its default.
+std::u16string_view TextOrDefault(CXmlElement const& element, PropertyModel const& property) {
+    std::u16string_view const text = element.GetTextView();
+    return text.empty() && property.actions->defaultText != nullptr ? property.actions->defaultText() : text;
+}
+
+}  // namespace
+
 void Reading::ReadText(bool isNil) {
-    std::u16string_view const text = m_element.GetTextView();
     bool const isSimple = m_model.text != nullptr && m_model.content == nullptr;
+    std::u16string_view const text =
+        isSimple && !isNil ? TextOrDefault(m_element, *m_model.text) : m_element.GetTextView();
     if ((!isSimple || isNil) && Trimmed(text).empty()) return;
     if (m_model.text != nullptr && !isNil) {
-        ReadValue(m_object, *m_model.text, m_element.GetLocalName(), text);
+        ReadValue(m_object, *m_model.text, m_element.GetLocalName(), text, m_model.narrowedText);
     } else if (!m_skipsUnknown) {
         throw CBxValidationException(FormatString(u"Unexpected text [%s] found in the element [%s]",
                                                   wstring(Trimmed(text)).c_str(),
@@ -102,7 +116,9 @@ void Reading::Read(Particle const& particle) {
 
 void Reading::ReadElements(Particle const& particle) {
     int count = 0;
-    while (particle.max < 0 || count < particle.max) {
+    int const most =
+        particle.goesOn && m_round != nullptr && !m_skipsUnknown ? MostOf(particle) : particle.max;
+    while (most < 0 || count < most) {
         if (m_skipsUnknown) SkipUnknown();
         if (!Matches(particle) && (count >= particle.min || !SkipTo(particle))) break;
         ReadChild(particle);
@@ -115,14 +131,37 @@ void Reading::ReadElements(Particle const& particle) {
     if (!isTolerated) ThrowMissing(particle);
 }
 
+/// How many elements of a run belong to this item, where the next one may begin with the same element: so many that
+/// what is left makes items too, and as many items as there must be.
+int Reading::MostOf(Particle const& particle) {
+    std::int64_t& run = m_round->run;
+    if (run == 0) {
+        for (CXmlElement* child = m_child; child != nullptr && particle.Matches(child, m_ignoreNamespaces);
+             child = child->GetNextSiblingElement())
+            ++run;
+    }
+    std::int64_t const least = std::max(particle.min, 1);
+    std::int64_t const most = particle.max < 0 ? std::max(run, least) : particle.max;
+    std::int64_t const fewestItems = (run + most - 1) / most;
+    std::int64_t const mostItems = std::min(run / least, m_round->left + 1);
+    if (run == 0 || fewestItems > mostItems) return std::exchange(run, 0), particle.max;
+    std::int64_t const items = std::clamp(m_round->needed + 1, fewestItems, mostItems);
+    std::int64_t const now = std::min(most, run - (items - 1) * least);
+    run -= now;
+    return static_cast<int>(now);
+}
+
 void Reading::ReadItems(Particle const& particle) {
+    Round round{};
     auto& items = *static_cast<ObjectsHolder*>(particle.model->Of(m_object));
     int count = 0;
     while ((particle.max < 0 || count < particle.max) &&
            (Started(particle) != nullptr || count < particle.min)) {
         if (Started(particle) == nullptr && particle.canBeEmpty) return;
         CSmartPtr<CXmlObjectBase> const item = particle.type->GetFacts().make();
-        Reading inner(static_cast<CObject&>(*item), *this);
+        round.needed = std::max(particle.min - count - 1, 0);
+        round.left = particle.max < 0 ? std::numeric_limits<int>::max() : particle.max - count - 1;
+        Reading inner(static_cast<CObject&>(*item), *this, &round);
         if (inner.m_model.content != nullptr) inner.Read(*inner.m_model.content);
         if (std::exchange(m_child, inner.m_child) == inner.m_child) return;
         items.Append(item);
@@ -193,38 +232,113 @@ void Reading::ReadChild(Particle const& particle) {
     }
 }
 
-void Reading::ReadSimple(Particle const& particle) {
-    if (CXmlElement const* const inside = m_child->GetFirstElement(); inside != nullptr && !m_skipsUnknown) {
+void ThrowIfNotSimple(CXmlElement const& element, bool mayBeNil, CXmlSerializationContext const& context) {
+    if (CXmlElement const* const inside = element.GetFirstElement();
+        inside != nullptr && !context.GetIgnoreUnknownElements()) {
         throw CBxValidationException(FormatString(u"Unexpected element [%s] found in the element [%s]",
-                                                  inside->GetLocalName().c_str(), particle.name.c_str()));
+                                                  inside->GetLocalName().c_str(),
+                                                  element.GetLocalName().c_str()));
     }
-    if (!m_context.GetIgnoreUnknownAttributes()) {
-        for (CXmlAttribute const* const attribute : m_child->GetAttributes()) {
-            if (attribute->IsNamespaceAttribute()) continue;
-            throw CBxValidationException(
-                FormatString(u"Unexpected Attribute [%s] found.", attribute->GetLocalName().c_str()));
-        }
+    if (context.GetIgnoreUnknownAttributes()) return;
+    for (CXmlAttribute const* const attribute : element.GetAttributes()) {
+        bool const isNil =
+            attribute->GetLocalName() == u"nil" && attribute->GetNamespaceURI() == kXsiNamespace;
+        if (attribute->IsNamespaceAttribute() || (isNil && mayBeNil)) continue;
+        throw CBxValidationException(
+            FormatString(u"Unexpected Attribute [%s] found.", attribute->GetLocalName().c_str()));
     }
-    std::u16string_view text = m_child->GetTextView();
-    if (text.empty() && particle.model->actions->defaultText != nullptr) {
-        text = particle.model->actions->defaultText();
+}
+
+namespace {
+
+/// Keeps the type that an element names for the value that was read from it last.
+void Keep(CObject& owner, PropertyModel const& property, std::u16string_view literal, NamedType const& named,
+          CSmartPtr<CObject> content) {
+    int const index = property.Count(owner) - 1;
+    if (index < 0) return;
+    wstring room;
+    wstring const& text = property.actions->text(property.Of(owner), index, room);
+    ObjectAccess::KeptOf(owner).Add(
+        property.place, index, {text, wstring(literal), named.name, named.namespaceUri, std::move(content)});
+}
+
+/// Reads the object of an element of simple type that names another type.
+void ReadSimpleAs(CObject& object, CXmlElement& element, bool mayBeNil, NamedType const& named,
+                  Set const& set, unsigned char blocked, CXmlSerializationContext const& context) {
+    PropertyModel const& text = *ObjectAccess::ModelOf(object).text;
+    std::u16string_view const literal = TextOrDefault(element, text);
+    CSmartPtr<CObject> content =
+        ReadNamed(element, literal, *text.actions->type, named, set, blocked, context);
+    if (content) {
+        Reading(object, element, nullptr, context).Content(mayBeNil);
+    } else {
+        ReadElement(object, element, mayBeNil, context);
     }
-    ReadValue(m_object, *particle.model, particle.name, text);
+    Keep(object, text, literal, named, std::move(content));
+}
+
+}  // namespace
+
+void ReadRootAs(CObject& root, CXmlElement& element, NamedType const& named,
+                CXmlSerializationContext const& context) {
+    Model const& model = ObjectAccess::ModelOf(root);
+    Class::Facts const& facts = model.type.GetFacts();
+    ObjectAccess::Reset(root, element.GetLocalName());
+    if (model.IsSimple())
+        return ReadSimpleAs(root, element, model.isNillable, named, *facts.set, model.blocked, context);
+    if (model.IsAnything()) {
+        TestNamed(element, named, model.blocked, context);
+        ReadElement(root, element, model.isNillable, context);
+        return ObjectAccess::KeptOf(root).Add(nullptr, 0, {{}, {}, named.name, named.namespaceUri, nullptr});
+    }
+    CSmartPtr<CObject> const content = MakeFor(element, model.type, named, model.blocked);
+    bool const isOwn = &ObjectAccess::ClassOf(*content) == &model.type;
+    if (isOwn || model.xsiTyped == nullptr) return ReadElement(root, element, model.isNillable, context);
+    static_cast<ObjectHolder*>(model.xsiTyped->Of(root))->Hold(static_cast<CObject*>(content));
+    ReadElement(*content, element, model.isNillable, context);
+}
+
+void Reading::ReadSimple(Particle const& particle) {
+    PropertyModel const& property = *particle.model;
+    Set const& set = *m_model.type.GetFacts().set;
+    std::optional<NamedType> const named = NamedTypeOf(*m_child, set);
+    CSmartPtr<CObject> content;
+    std::u16string_view const text = TextOrDefault(*m_child, property);
+    if (named)
+        content =
+            ReadNamed(*m_child, text, *property.actions->type, *named, set, particle.blocked, m_context);
+    if (!content) ThrowIfNotSimple(*m_child, false, m_context);
+    ReadValue(m_object, property, particle.name, text, particle.narrowed);
+    if (named) Keep(m_object, property, text, *named, std::move(content));
 }
 
 CSmartPtr<CXmlObjectBase> Reading::ReadObject(Particle const& particle) {
-    CObject* const made = MakeFor(*m_child, *particle.type);
+    Set const& set = *m_model.type.GetFacts().set;
+    std::optional<NamedType> const named = NamedTypeOf(*m_child, set);
+    bool const isSimple = named && particle.type->GetModel().IsSimple();
+    CObject* const made =
+        MakeFor(*m_child, *particle.type, isSimple ? std::nullopt : named, particle.blocked);
     CSmartPtr<CXmlObjectBase> object = made;
     // The name tells later which of several rows the object belongs to.
     if (particle.isSubstitution) ObjectAccess::SetName(*made, particle.name);
-    ReadElement(*made, *m_child, particle.isNillable, m_context);
+    if (isSimple) {
+        ReadSimpleAs(*made, *m_child, particle.isNillable, *named, set, particle.blocked, m_context);
+    } else {
+        ReadElement(*made, *m_child, particle.isNillable, m_context);
+    }
     return object;
 }
 
-CSmartPtr<CXmlObjectBase> Reading::ReadUntyped(Particle const&) {
+CSmartPtr<CXmlObjectBase> Reading::ReadUntyped(Particle const& particle) {
+    if (!particle.constraint) {
+        // XML Schema Part 1, 3.3.4, 4: an element of any type may say which it is.
+        if (auto const named = NamedTypeOf(*m_child, *m_model.type.GetFacts().set))
+            TestNamed(*m_child, *named, particle.blocked, m_context);
+    }
     CSmartPtr<CElement> const element = new CElement(u"", u"", u"##any", u"");
     ObjectAccess::ReadAny(element, &m_element, m_child, m_context);
     DropLayout(*element, *m_child);
+    SettleTypes(*element, *m_child, *m_model.type.GetFacts().set);
     return element;
 }
 

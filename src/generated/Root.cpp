@@ -4,9 +4,11 @@
 
 #include "BxXmlLib5/core/CBxException.h"
 #include "BxXmlLib5/document/CXmlDocument.h"
+#include "BxXmlLib5/generated/BuiltInTypes.h"
 #include "BxXmlLib5/values/CBinaryData.h"
 #include "generated/ForeignNamespaces.h"
 #include "generated/ObjectAccess.h"
+#include "platform/StandardNamespaces.h"
 
 namespace BxXmlLib5::Generated {
 
@@ -51,10 +53,12 @@ void AddForeign(CNamespaceAliasMap& aliases, std::set<wstring> const& namespaces
     int number = 0;
     for (wstring const& foreign : namespaces) {
         if (aliases.DoesNamespaceExist(foreign.c_str())) continue;
-        wstring alias;
-        do {
+        // The two that have usual prefixes keep those.
+        wstring alias = foreign == kXsNamespace    ? wstring(kXsPrefix)
+                        : foreign == kXsiNamespace ? wstring(u"xsi")
+                                                   : u"";
+        while (alias.empty() || aliases.DoesAliasExist(alias.c_str()))
             alias = FromUtf8("ns" + std::to_string(++number));
-        } while (aliases.DoesAliasExist(alias.c_str()));
         aliases.Add(alias.c_str(), foreign.c_str());
     }
 }

@@ -3,6 +3,7 @@
 
 #include "BxXmlLib5/collections/CElement.h"
 #include "BxXmlLib5/core/CSmartPtr.h"
+#include "BxXmlLib5/generated/Class.h"
 
 namespace BxXmlLib5 {
 class CAttributeCol;
@@ -24,5 +25,12 @@ bool EqualAttributes(CAttributeCol const& a, CAttributeCol const& b);
 /// would come to stand behind the children.
 /// @param source what the element was read from
 void DropLayout(CElement& element, CXmlElement const& source);
+
+/// Gives the types that elements name by xsi:type the prefixes under which documents of the set declare their
+/// namespaces: those of the source are lost.
+void SettleTypes(CElement& element, CXmlElement const& source, Set const& set);
+
+/// The namespace of the type that an element names by xsi:type, as SettleTypes() leaves it; null for none.
+char16_t const* NamespaceOfType(CElement const& element, Set const& set);
 
 }  // namespace BxXmlLib5::Generated

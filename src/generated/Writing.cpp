@@ -34,7 +34,54 @@ Writing::Writing(CObject const& object, Writing const& outer, wstring const& nam
       m_index(index),
       m_room(outer.m_room) {}
 
+void WriteXsiType(CObject const& object, CXmlWriter* writer) {
+    Class::Facts const& facts = TypeClass(ObjectAccess::ClassOf(object)).GetFacts();
+    writer->WriteXsiType(facts.namespaceUri, facts.name);
+}
+
+namespace {
+
+/// The type that was kept for a value, null if it is not the value that was read.
+KeptTypes::Kept const* FindKept(CObject const& object, KeptTypes::Place place, int index,
+                                wstring const& text) {
+    KeptTypes const* const types = ObjectAccess::KeptIn(object);
+    return types == nullptr ? nullptr : types->Find(place, index, text);
+}
+
+void WriteKept(KeptTypes::Kept const* kept, CXmlWriter* writer, CXmlSerializationContext const& context) {
+    if (kept == nullptr) return;
+    writer->WriteXsiType(kept->namespaceUri, kept->name);
+    if (kept->content) Writing(*kept->content, context, writer).Attributes();
+}
+
+}  // namespace
+
+void WriteKeptType(CObject const& object, CXmlWriter* writer, CXmlSerializationContext const& context) {
+    WriteKept(FindKept(object, nullptr, 0, {}), writer, context);
+    PropertyModel const* const text = ObjectAccess::ModelOf(object).text;
+    if (text == nullptr || text->Count(object) == 0) return;
+    wstring room;
+    WriteKept(FindKept(object, text->place, 0, text->actions->text(text->Of(object), 0, room)), writer,
+              context);
+}
+
+void Writing::TypedContent(CObject const& typed, bool mayBeNil) {
+    for (PropertyModel const& property : m_model.properties) {
+        if (&property != m_model.xsiTyped && property.Count(m_object) > 0) {
+            Refuse(FormatString(u"[%s] is set beside the object of a derived type", property.name));
+        }
+    }
+    if (!ObjectAccess::ModelOf(typed).Is(TypeClass(m_model.type)))
+        Refuse(u"The object of a derived type is of a type that is none");
+    Writing inner(typed, *this, m_model.name, -1);
+    if (m_writer == nullptr) inner.Attributes();
+    inner.Content(mayBeNil);
+}
+
 void Writing::Content(bool mayBeNil) {
+    if (CObject const* const typed = m_model.XsiTyped(m_object)) return TypedContent(*typed, mayBeNil);
+    if (m_model.IsAbstract())
+        Refuse(u"The type of the element is abstract: XsiTyped must have the object of another");
     if (m_model.IsNil(m_object)) return NilContent(mayBeNil);
     if (m_model.content != nullptr) Write(*m_model.content);
     for (PropertyModel const* const property : m_model.prohibited) {
@@ -53,12 +100,29 @@ void Writing::NilContent(bool mayBeNil) {
 void Writing::WriteText() {
     if (m_model.text->Count(m_object) == 0) {
         if (m_model.isTextMandatory) Refuse(u"The text of the element is not set");
-    } else if (m_writer != nullptr) {
-        m_writer->WriteText(m_model.text->actions->text(m_model.text->Of(m_object), 0, m_room));
+    } else if (m_writer != nullptr || m_model.narrowedText != nullptr) {
+        wstring const& text = m_model.text->actions->text(m_model.text->Of(m_object), 0, m_room);
+        TestNarrowed(m_model.narrowedText, m_model.name, text);
+        if (m_writer == nullptr) return;
+        auto const* const kept = FindKept(m_object, m_model.text->place, 0, text);
+        m_writer->WriteText(kept == nullptr ? text : kept->literal);
+    }
+}
+
+void Writing::TestNarrowed(SimpleType const* narrowed, wstring const& name, wstring const& text) {
+    if (narrowed == nullptr) return;
+    try {
+        narrowed->test(text);
+    } catch (CBxException const& failure) {
+        Refuse(FormatString(u"Invalid Value for %s [%s]: %s", name.c_str(), text.c_str(),
+                            failure.GetMessage().c_str()));
     }
 }
 
 void Writing::Attributes() {
+    if (m_model.XsiTyped(m_object) != nullptr) return;
+    if (m_writer != nullptr && ObjectAccess::KeptIn(m_object) != nullptr)
+        WriteKeptType(m_object, m_writer, m_context);
     for (AttributeModel const& attribute : m_model.attributes) {
         if (!attribute.constraint) Attribute(attribute);
     }
@@ -80,12 +144,14 @@ void Writing::Attribute(AttributeModel const& attribute) {
         if (attribute.min > 0) Refuse(FormatString(u"The attribute [%s] is not set", attribute.name.c_str()));
         return;
     }
-    if (m_writer == nullptr) return;
+    if (m_writer == nullptr && attribute.narrowed == nullptr) return;
     Actions const& actions = *attribute.property->actions;
     wstring const& text = actions.text(attribute.property->Of(m_object), 0, m_room);
     bool const isLeftOut = attribute.min == 0 && m_context.GetNoOptionalAttributeDefaultOutput() &&
                            actions.defaultText != nullptr && text == actions.defaultText();
-    if (!isLeftOut) m_writer->WriteAttribute(attribute.name, attribute.namespaceUri, text);
+    TestNarrowed(attribute.narrowed, attribute.name, text);
+    if (m_writer != nullptr && !isLeftOut)
+        m_writer->WriteAttribute(attribute.name, attribute.namespaceUri, text);
 }
 
 void Writing::OpenAttributes(AttributeModel const& wildcard) {
@@ -150,9 +216,14 @@ void Writing::RefuseCount(Particle const& particle, int count) {
 }
 
 void Writing::WriteValue(Particle const& particle, int index) {
+    if (m_writer == nullptr && particle.narrowed == nullptr) return;
+    wstring const& text = particle.model->actions->text(particle.model->Of(m_object), index, m_room);
+    TestNarrowed(particle.narrowed, particle.name, text);
     if (m_writer == nullptr) return;
     m_writer->WriteStartElement(particle.name, particle.namespaceUri);
-    m_writer->WriteText(particle.model->actions->text(particle.model->Of(m_object), index, m_room));
+    auto const* const kept = FindKept(m_object, particle.model->place, index, text);
+    WriteKept(kept, m_writer, m_context);
+    m_writer->WriteText(kept == nullptr ? text : kept->literal);
     m_writer->WriteEndElement();
 }
 
@@ -169,12 +240,15 @@ void Writing::WriteObject(Particle const& particle, int index) {
     CNestingLevel const level;
     auto const& object = static_cast<CObject const&>(*HeldBy(*particle.model, index));
     Writing inner(object, *this, particle.name, particle.max == 1 ? -1 : index);
+    Class const& type = TypeClass(inner.m_model.type);
+    auto const ways = WaysBetween(&type, &TypeClass(*particle.type));
+    if (!ways || (*ways & particle.blocked) != 0) {
+        return inner.Refuse(
+            FormatString(u"An object of the type [%s] may not stand there", inner.m_model.name.c_str()));
+    }
     if (m_writer != nullptr) {
         m_writer->WriteStartElement(particle.name, particle.namespaceUri);
-        Class const& type = TypeClass(inner.m_model.type);
-        if (&type != particle.type && &type != &TypeClass(*particle.type)) {
-            m_writer->WriteXsiType(type.GetFacts().namespaceUri, type.GetFacts().name);
-        }
+        if (*ways != 0) WriteXsiType(object, m_writer);
     }
     inner.Attributes();
     inner.Content(particle.isNillable);

@@ -13,6 +13,12 @@ class CXmlWriter;
 
 namespace BxXmlLib5::Generated {
 
+/// Writes the name of an object's type into the element that is open.
+void WriteXsiType(CObject const& object, CXmlWriter* writer);
+
+/// Writes the type that was kept for the text of an object, with the attributes of it.
+void WriteKeptType(CObject const& object, CXmlWriter* writer, CXmlSerializationContext const& context);
+
 /// Writes one object. Without a writer nothing is written; what is wrong is either thrown or listed.
 class Writing {
 public:
@@ -36,6 +42,7 @@ private:
     void WriteItems(Particle const& particle);
     void WriteChoice(Particle const& choice);
     void WriteSubstitutes(Particle const& choice);
+    void TypedContent(CObject const& typed, bool mayBeNil);
     void NilContent(bool mayBeNil);
     void WriteText();
     void OpenAttributes(AttributeModel const& wildcard);
@@ -51,6 +58,7 @@ private:
     Particle const* MemberFor(Particle const& choice, CObject const& object) const;
     CXmlObjectBase* HeldBy(PropertyModel const& property, int index) const;
 
+    void TestNarrowed(SimpleType const* narrowed, wstring const& name, wstring const& text);
     void Refuse(wstring message);
     void RefuseCount(Particle const& particle, int count);
     wstring Path() const;

@@ -220,7 +220,8 @@ void CFastInfosetWriter::WriteAttributeName(Name& name) {
     WriteName(m_attributeNames, kLiteralAttributeName, 0, kIndexOnSecondBit, name);
     if (isKnown) return;
     Name& recent = Recall(m_recentAttributes, name.m_namespace, name.m_localName);
-    if (Equal(recent.m_prefix, name.m_prefix)) recent.m_index = name.m_index;
+    recent.m_prefix = name.m_prefix;
+    recent.m_index = name.m_index;
 }
 
 // C.13 to C.15, C.19, C.20, C.22: strings.

@@ -54,7 +54,7 @@ bool CNamespaceScopes::Declare(std::u16string_view namespaceUri) {
 
 CNamespaceScopes::Handle CNamespaceScopes::HandleOf(std::u16string_view namespaceUri) {
     // Whatever is added for it; so these are never bound anew.
-    static NeverDestroyed<Bindings> s_xml(1, Binding{u"xml", true});
+    static NeverDestroyed<Bindings> s_xml(1U, Binding{u"xml", true});
     return Equal(namespaceUri, kXmlNamespace) ? &*s_xml : &BindingsOf(namespaceUri);
 }
 

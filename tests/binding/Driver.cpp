@@ -129,7 +129,7 @@ TEST(Driver, DoesWhatTheModelDoes) {
         CSmartPtr<TestObject> const object = new TestObject(type);
         for (int j = 0; j < 4; ++j) {
             std::string const text = random.DocumentOf(type), settings = random.Settings();
-            SCOPED_TRACE(description + "\nunder " + settings + ": " + text);
+            SCOPED_TRACE("class:    " + description + "\nsettings: " + settings + "\ndocument: " + text);
             CXmlDocument document;
             document.LoadXml(text.c_str());
             CXmlElement* const root = document.GetDocumentElement();

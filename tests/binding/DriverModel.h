@@ -133,11 +133,14 @@ private:
     }
 
     void StoreText(ModelObject& object, Field const& field, std::string const& text) {
+        Store(object, field, field.m_kind == Kind::Number ? Number(text) : text);
+    }
+
+    static std::string Number(std::string const& text) {
         static std::map<std::string, std::string> const s_numbers = {
             {"", "0.00"}, {"1", "1.00"}, {"2.5", "2.50"}};
-        if (field.m_kind != Kind::Number) return Store(object, field, text);
         if (!s_numbers.contains(text)) Fail("no-double " + text);
-        Store(object, field, s_numbers.at(text));
+        return s_numbers.at(text);
     }
 
     // Reading.
@@ -161,7 +164,7 @@ private:
             }
             found.insert(field->m_index);
             if (field->m_kind == Kind::Any)
-                Of(object, *field).m_text += Line(attribute);
+                Of(object, *field).m_text += BxTest::Line(attribute);
             else
                 StoreText(object, *field, ToUtf8(attribute->GetValue()));
         }
@@ -263,7 +266,7 @@ private:
         if (field.m_kind != Kind::Any) {
             child = ReadItem(field, *item, element, first, isChoice && field.m_kind == Kind::Class);
         } else if (IsAnyName(field) || first->GetLocalName() == field.m_name) {
-            item->m_line = Line(first);
+            item->m_line = BxTest::Line(first);
             child = first->GetNextSiblingElement();
         }
         bool const isRead = child != first, isStored = isChoice && field.m_kind != Kind::Any;
@@ -300,12 +303,19 @@ private:
             wstring const ns = child == nullptr ? u"" : child->GetNamespaceURI();
             while (child != nullptr &&
                    (isAny || (child->GetLocalName() == field.m_name && child->GetNamespaceURI() == ns))) {
-                items.push_back(std::make_shared<ModelObject>(ModelObject{nullptr, "", Line(child), {}}));
+                items.push_back(
+                    std::make_shared<ModelObject>(ModelObject{nullptr, "", BxTest::Line(child), {}}));
                 child = child->GetNextSiblingElement();
             }
             return;
         }
         while (child != nullptr && (IsGroup(field) || Is(field, child))) {
+            if (field.m_kind == Kind::Number) {
+                items.push_back(std::make_shared<ModelObject>());
+                items.back()->m_line = Line(field, Number(ToUtf8(child->GetText())));
+                child = child->GetNextSiblingElement();
+                continue;
+            }
             Object const item =
                 field.m_kind == Kind::Abstract ? Create(field, child) : New(*field.m_class, "r");
             if (!item) return;
@@ -319,7 +329,7 @@ private:
     void TestCount(ModelObject const& object, Field const& field, bool isReading) {
         if (Has('#')) return;
         bool const isAny = field.m_kind == Kind::Any;
-        if (isReading && !isAny) m_log += "#";
+        if (isReading && !isAny && field.m_kind != Kind::Number) m_log += "#";
         int const count = static_cast<int>(Of(object, field).m_items.size());
         std::string const name = isAny ? "" : ToUtf8(field.m_name);
         if (field.m_maxOccurs >= 0 && count > field.m_maxOccurs)
@@ -369,6 +379,10 @@ private:
 
     // Writing.
 
+    static std::string Line(Field const& field, std::string const& text) {
+        return "{" + Namespace(field) + "}" + Name(field) + "[]()" + text;
+    }
+
     static std::string Text(Field const& field, Value const& value) {
         bool const isEnumerator = value.m_text == "zero" || value.m_text == "one" || value.m_text == "two";
         if (field.m_kind == Kind::Enum && !isEnumerator) Fail("no-enum " + Name(field));
@@ -414,8 +428,7 @@ private:
     bool WriteField(ModelObject const& object, Field const& field, std::string& children, std::string& text) {
         Value const& value = Of(object, field);
         if (!field.IsCollection() && !field.HoldsObject()) {
-            if (value.m_isSet)
-                children += "{" + Namespace(field) + "}" + Name(field) + "[]()" + Text(field, value);
+            if (value.m_isSet) children += Line(field, Text(field, value));
             return value.m_isSet;
         }
         if (field.IsCollection() && !value.m_items.empty()) TestCount(object, field, false);

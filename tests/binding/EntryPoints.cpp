@@ -17,11 +17,6 @@ std::string TextOf(CBinaryData const& data) {
     return {data.GetOctets().begin(), data.GetOctets().end()};
 }
 
-std::string Content(std::string const& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
 unsigned char const* Data(std::string const& text) {
     return reinterpret_cast<unsigned char const*>(text.data());
 }
@@ -159,55 +154,50 @@ TEST(EntryPoints, FailuresOfWritingTouchNoFile) {
     std::string const noZLib = "CBxException: ZLIB Compression only available for To Stream methods.";
     std::string const noEncoding = "CBxException: Unknown Encoding, select UTF-8 or ask the vendor's support";
     std::string const fromObject = "CBxValidationException: from the object";
+    std::string const isOpen = "CBxException: An Element has not been closed.";
+    EOLType const unknown = EOLType(9);
+    enum { kNone, kThrows, kStaysOpen };
     struct {
-        std::function<void(Echo&, char16_t const*)> m_call;
+        bool m_isText, m_declares;
+        XmlEncoding m_encoding;
+        EOLType m_eol;
+        CompressionType m_compression;
+        int m_trouble;
         std::string m_thrown;
     } const rows[] = {
-        {[](auto& o, auto* f) { o.ToXmlFile(f, true, true, enc_UTF8, EOLType(9), kContext, cmp_ZLib); },
-         noZLib},
-        {[](auto& o, auto* f) { o.ToFastInfosetFile(f, fi_None, kContext, cmp_ZLib); }, noZLib},
-        {[](auto& o, auto* f) { o.ToXmlFile(f, true, true, enc_UTF8, EOLType(9), kContext, cmp_None); },
-         "CBxException: Invalid EOL type."},
-        {[](auto& o, auto* f) { o.ToXmlFile(f, true, true, enc_Unspecified, eol_LF, kContext, cmp_None); },
-         noEncoding},
-        {[](auto& o, auto*) { o.ToXmlStream(false, true, XmlEncoding(4), eol_LF, kContext, cmp_ZLib); },
-         noEncoding},
-        {[](auto& o, auto* f) { o.ToXmlFile(f, false, false, enc_UTF8, eol_LF, kContext, cmp_GZip); },
+        {true, true, enc_UTF8, unknown, cmp_ZLib, kNone, noZLib},
+        {false, true, enc_UTF8, eol_LF, cmp_ZLib, kNone, noZLib},
+        {true, true, enc_UTF8, unknown, cmp_None, kNone, "CBxException: Invalid EOL type."},
+        {true, true, enc_Unspecified, eol_LF, cmp_None, kNone, noEncoding},
+        {true, false, XmlEncoding(4), eol_LF, cmp_None, kNone, noEncoding},
+        {true, false, enc_UTF8, eol_LF, cmp_GZip, kNone,
          "CBxException: Failed to compress data. [Error Code: 0]"},
-        {[](auto& o, auto* f) {
-             o.m_failure = u"from the object";
-             o.ToXmlFile(f, false, false, enc_UTF8, eol_LF, kContext, cmp_None);
-         },
-         fromObject},
-        {[](auto& o, auto* f) {
-             o.m_failure = u"from the object";
-             o.ToFastInfosetFile(f, fi_None, kContext, cmp_None);
-         },
-         fromObject},
-        {[](auto& o, auto* f) {
-             o.m_staysOpen = true;
-             o.ToXmlFile(f, true, false, enc_UTF8, eol_LF, kContext, cmp_None);
-         },
-         "CBxException: An Element has not been closed."},
-        {[](auto& o, auto*) {
-             o.m_staysOpen = true;
-             o.ToFastInfosetStream(fi_None, kContext, cmp_None);
-         },
-         "CBxException: An Element has not been closed."},
-        {[](auto& o, auto*) {  // without the declaration nobody asks
-             o.m_staysOpen = true;
-             o.ToXmlStream(false, false, enc_UTF8, eol_LF, kContext, cmp_None);
-         },
-         "nothing"},
-        {[](auto& o, auto*) { o.ToXmlFile(u"/none/f", true, true, enc_UTF8, eol_LF, kContext, cmp_None); },
-         "CBxException: Failed to write data to the file [/none/f] error [0x00000002]"},
+        {true, false, enc_UTF8, eol_LF, cmp_None, kThrows, fromObject},
+        {false, true, enc_UTF8, eol_LF, cmp_None, kThrows, fromObject},
+        {true, true, enc_UTF8, eol_LF, cmp_None, kStaysOpen, isOpen},
+        {false, true, enc_UTF8, eol_LF, cmp_None, kStaysOpen, isOpen},
     };
     for (auto const& row : rows) {
         std::string const path = folder.Write("old", "old");
         Echo object;
-        EXPECT_EQ(Thrown([&] { row.m_call(object, FromUtf8(path).c_str()); }), row.m_thrown);
+        if (row.m_trouble == kThrows) object.m_failure = u"from the object";
+        object.m_staysOpen = row.m_trouble == kStaysOpen;
+        EXPECT_EQ(Thrown([&] {
+                      if (row.m_isText)
+                          object.ToXmlFile(FromUtf8(path).c_str(), row.m_declares, false, row.m_encoding,
+                                           row.m_eol, kContext, row.m_compression);
+                      else
+                          object.ToFastInfosetFile(FromUtf8(path).c_str(), fi_None, kContext,
+                                                   row.m_compression);
+                  }),
+                  row.m_thrown);
         EXPECT_EQ(Content(path), "old") << row.m_thrown;
     }
+    Echo object;
+    EXPECT_BX_THROW((object.ToFastInfosetFile(u"/none/f", fi_None, kContext, cmp_None), 0), CBxException,
+                    "Failed to write data to the file [/none/f] error [0x00000002]");
+    object.m_staysOpen = true;  // without the declaration nobody asks
+    EXPECT_EQ(object.ToXmlStream(false, false, enc_UTF8, eol_LF, kContext, cmp_None).GetLength(), 35U);
 }
 
 TEST(EntryPoints, ReadTheRoot) {

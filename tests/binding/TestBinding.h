@@ -16,6 +16,7 @@
 #include "BxXmlLib5/binding/CXmlSerializationContext.h"
 #include "BxXmlLib5/collections/CAttributeCol.h"
 #include "BxXmlLib5/collections/CElementCol.h"
+#include "BxXmlLib5/collections/TypedCollections.h"
 #include "BxXmlLib5/document/CXmlDocument.h"
 #include "BxXmlLib5/values/BxVariant.h"
 #include "BxXmlLib5/writers/CXmlWriter.h"
@@ -35,7 +36,7 @@ inline thread_local std::string t_log;
 
 /// What a property is.
 enum class Kind {
-    Number,    ///< it_r8 with two places
+    Number,    ///< it_r8 with two places; a collection of them is one of the library's
     Text,      ///< it_string, whitespace collapsed
     Short,     ///< the same of at most two characters
     Enum,      ///< zero, one or two
@@ -226,7 +227,11 @@ inline BxVariant TestObject::Initial(Field const& field) {
     BxVariant value;
     bool const isAny = field.m_kind == Kind::Any;
     if (field.m_defect == "nothing") return value;
-    if (field.m_defect == "other") {
+    if (field.m_kind == Kind::Number && field.IsCollection()) {
+        value.SetXmlCollection(new Cr8Col(field.m_name.c_str(), NamespaceOf(field.m_name).c_str(),
+                                          field.m_minOccurs, field.m_maxOccurs, u"", -1, -1, u"", u"", u"",
+                                          u"", -1, CWhitespaceUtils::ws_Collapse, u"%.2f"));
+    } else if (field.m_defect == "other") {
         field.m_kind == Kind::Enum ? value.SetString(u"x") : value.SetI4(7);
     } else if (field.IsCollection() && (!isAny || field.m_defect == "list")) {
         value.SetXmlCollection(new TestCol(field));
@@ -545,22 +550,29 @@ struct Row {
     std::string m_class;
     std::string m_settings;  ///< For both, or those for reading, a slash, those for writing.
     std::string m_document;
-    std::string m_expected = m_document;  ///< What is written, or !, a failure and its arguments.
+    std::string m_outcome = m_document;  ///< What is written, or !, a failure and its arguments.
 };
 
+/// Expects the outcome of each row. What fails is told as class, document and outcomes, long ones cut.
 inline void ExpectRows(std::initializer_list<Row> rows) {
+    auto const cut = [](std::string const& text) {
+        return text.size() < 300 ? text : text.substr(0, 200) + " ... " + text.substr(text.size() - 90);
+    };
     for (Row const& row : rows) {
         std::size_t const slash = row.m_settings.find('/');
         CSmartPtr<TestObject> const object = new TestObject(Class(row.m_class));
-        std::string actual;
+        std::string written;
         std::string const thrown = Thrown([&] {
             if (row.m_document != "-") Read(*object, row.m_document, row.m_settings.substr(0, slash));
-            actual = Written(*object, row.m_settings.substr(slash + 1));
+            written = Written(*object, row.m_settings.substr(slash + 1));
         });
-        bool const fails = row.m_expected.starts_with("!");
-        EXPECT_EQ(thrown == "nothing" ? actual : thrown,
-                  fails ? Failure(row.m_expected) : InRoot(row.m_expected))
-            << row.m_class.substr(0, 80) << " " << row.m_settings << " " << row.m_document.substr(0, 200);
+        std::string const actual = thrown == "nothing" ? written : thrown;
+        std::string const expected =
+            row.m_outcome.starts_with("!") ? Failure(row.m_outcome) : InRoot(row.m_outcome);
+        if (actual == expected) continue;
+        ADD_FAILURE() << "class:    " << cut(row.m_class) << "\nsettings: " << row.m_settings
+                      << "\ndocument: " << cut(row.m_document) << "\nexpected: " << cut(expected)
+                      << "\nactual:   " << cut(actual);
     }
 }
 

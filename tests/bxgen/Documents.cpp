@@ -189,10 +189,7 @@ TEST(CommandLine, DepfileNamesWhatWasRead) {
     folder.Put("$c.xsd", Schema(""));
     folder.Put("names", "");
     std::string const read = ": \\\n  " + folder.Path("a\\ b.xsd") + " \\\n  " + folder.Path("$$c.xsd");
-    auto const rule = [&] {
-        std::ifstream file(folder.Path("d"));
-        return std::string(std::istreambuf_iterator<char>(file), {});
-    };
+    auto const rule = [&] { return BxTest::Content(folder.Path("d")); };
     EXPECT_EQ(folder.Run({"--depfile=@d", "-n", "N", "-o", "@o", "@a b.xsd"}).m_status, 0);
     EXPECT_EQ(rule(), folder.Path("o/NFwd.h") + ' ' + folder.Path("o/N.h") + ' ' + folder.Path("o/N.cpp") +
                           read + '\n');

@@ -13,8 +13,7 @@ namespace BxGen {
 namespace {
 
 std::string Content(Folder const& folder, std::string const& name) {
-    std::ifstream file(folder.Path(name), std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
+    return BxTest::Content(folder.Path(name));
 }
 
 /// The lines of a text from the one that begins so to the first empty one.

@@ -2,14 +2,13 @@
 #pragma once
 
 #include <algorithm>
-#include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "../support/TemporaryFolder.h"
 #include "Run.h"
 
 namespace BxGen {
@@ -23,23 +22,12 @@ struct Outcome {
     bool operator==(Outcome const&) const = default;
 };
 
-/// A folder for files and runs, gone at the end.
-class Folder {
+/// A folder for files and runs.
+class Folder : public BxTest::TemporaryFolder {
 public:
-    Folder() {
-        std::string name = (std::filesystem::temp_directory_path() / "bxgen-test-XXXXXX").string();
-        if (mkdtemp(name.data()) == nullptr) throw std::filesystem::filesystem_error("mkdtemp", name, {});
-        m_path = name;
-    }
-    Folder(Folder const&) = delete;
-    Folder& operator=(Folder const&) = delete;
-    ~Folder() { std::filesystem::remove_all(m_path); }
-
-    std::string Path(std::string_view name) const { return (m_path / name).string(); }
-
-    void Put(std::string_view name, std::string_view octets) const {
-        std::filesystem::create_directories((m_path / name).parent_path());
-        std::ofstream(m_path / name, std::ios::binary) << octets;
+    void Put(std::string const& name, std::string_view octets) const {
+        std::filesystem::create_directories(std::filesystem::path(Path(name)).parent_path());
+        Write(name, octets);
     }
 
     /// Runs the tool; `@` in an argument stands for the folder.
@@ -49,12 +37,12 @@ public:
         if (!saysWhere && !arguments.empty()) arguments.insert(arguments.begin(), {"-o", "@out"});
         std::vector<char const*> pointers;
         for (std::string& argument : arguments) {
-            Replace(argument, "@", m_path.string() + '/');
+            Replace(argument, "@", Path(""));
             pointers.push_back(argument.c_str());
         }
         Outcome outcome;
         outcome.m_status = BxGen::Run(pointers, outcome.m_output, outcome.m_messages);
-        Replace(outcome.m_messages, m_path.string() + '/', "");
+        Replace(outcome.m_messages, Path(""), "");
         return outcome;
     }
 
@@ -69,9 +57,6 @@ public:
             text.replace(at, what.size(), by);
         }
     }
-
-private:
-    std::filesystem::path m_path;
 };
 
 /// A schema of the namespace u, whose prefix is t, on one line.

@@ -39,8 +39,12 @@ inline std::string RowText(RowPlan const& row) {
         if (auto const* const uri = std::get_if<NamespaceArgument>(&argument)) add('{' + uri->m_uri + '}');
         if (auto const* const number = std::get_if<int>(&argument))
             add(*number == kMany ? "*" : std::to_string(*number));
+        if (auto const* const ways = std::get_if<WaysArgument>(&argument))
+            add("ways=" + std::to_string(ways->m_ways));
     }
     if (row.m_isNillable) add("nillable");
+    if (row.m_narrowed) add("narrowed=" + TypeText(*row.m_narrowed));
+    if (row.m_blocked != 0) add("blocked=" + std::to_string(row.m_blocked));
     return arguments.empty() ? text : text + '(' + arguments + ')';
 }
 

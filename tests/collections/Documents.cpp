@@ -1,17 +1,10 @@
-#include <fstream>
-#include <iterator>
-
 #include "collections/Objects.h"
 #include "support/Stacks.h"
+#include "support/TemporaryFolder.h"
 
 using namespace BxTest;
 
 namespace {
-
-std::string Content(std::string const& path) {
-    std::ifstream file(path, std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(file), {});
-}
 
 /// Whitespace between elements is indentation here.
 void DropIndentation(CElement& element) {
@@ -33,35 +26,6 @@ CSmartPtr<CElement> Nest(int levels) {
 }
 
 }  // namespace
-
-TEST(Documents, WrittenForm) {
-    struct {
-        char const* m_text;
-        std::string m_compact = m_text;
-    } const rows[] = {
-        {"<a/>"},
-        {"<é>𝄞€</é>"},
-        {"<a xml:lang=\"en\"> </a>"},
-        {"<a>x<b/>y<c>z</c></a>", "<a><b/><c>z</c>xy</a>"},
-        {"<a k='1' l=''>&lt;&amp;&gt;&quot;'<![CDATA[<]]></a>",
-         "<a k=\"1\" l=\"\">&lt;&amp;&gt;&quot;'&lt;</a>"},
-        {"<a><p:b xmlns:p='u'><p:c/><c/></p:b><b xmlns='u'/></a>",
-         "<a><AA:b xmlns:AA=\"u\"><AA:c/><c/></AA:b><AA:b xmlns:AA=\"u\"/></a>"},
-        {"<a xmlns='u'><b xmlns='v' xmlns:p='u' p:k='1' k='2'/></a>",
-         "<AA:a xmlns:AA=\"u\"><AB:b xmlns:AB=\"v\" AA:k=\"1\" k=\"2\"/></AA:a>"},
-    };
-    for (auto const& row : rows) {
-        for (std::string const& text : {std::string(row.m_text), row.m_compact}) {
-            CElement element(u"none");
-            Read(element, text);
-            EXPECT_EQ(Compact(element), row.m_compact);
-        }
-    }
-    // Line breaks in an attribute stand as they are, so a reader takes them for blanks.
-    CElement element(u"none");
-    Read(element, "<a k='&#13;x&#10;&#9;y'>&#10;</a>");
-    EXPECT_EQ(ToUtf8(element.ToXml(false, false, eol_CRLF, Defaults())), "<a k=\"x\r\n\ty\">\r\n</a>");
-}
 
 TEST(Documents, RoundTrip) {
     for (std::string const name : {"feed", "drawing", "envelope"}) {

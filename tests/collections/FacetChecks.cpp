@@ -151,6 +151,13 @@ TEST(FacetChecks, TestsTheFacetsOfTheKind) {
     }
 }
 
+TEST(FacetChecks, AbsentOnesRestrictNothing) {
+    BxVariant value;
+    value.SetString(u"x");
+    R const absent(nullptr, -1, -1, nullptr, nullptr, nullptr, nullptr, -1);
+    EXPECT_EQ(Check(it_string, absent, value) + Check(it_string, R(), value), "nothingnothing");
+}
+
 TEST(FacetChecks, NanBreaksEveryBound) {
     BxVariant nan;
     nan.SetR4(std::numeric_limits<float>::quiet_NaN());

@@ -1,15 +1,11 @@
 // What is left when memory runs out in the middle of an operation.
-#include <cstdlib>
-#include <new>
-
 #include "collections/Objects.h"
+#include "support/FailingNew.h"
 #include "writers/CNamespaceScopes.h"
 
 using namespace BxTest;
 
 namespace {
-
-int s_allocationsLeft = -1;  // below 0 for any number
 
 /// Calls test with operations that fail at their first allocation, at their second and so on, until one
 /// succeeds. The operation tells whether it failed.
@@ -17,14 +13,14 @@ void FailAtEach(std::function<void(std::function<bool(std::function<void()>)>)> 
     bool hasFailed = true;
     for (int allocations = 0; hasFailed; ++allocations) {
         test([&](std::function<void()> const& operation) {
-            s_allocationsLeft = allocations;
+            t_allocationsLeft = allocations;
             try {
                 operation();
                 hasFailed = false;
             } catch (std::bad_alloc const&) {
                 hasFailed = true;
             }
-            s_allocationsLeft = -1;
+            t_allocationsLeft = -1;
             return hasFailed;
         });
         ASSERT_LT(allocations, 1000);
@@ -50,20 +46,6 @@ struct Items : CXmlCollection {
 };
 
 }  // namespace
-
-// Not inlined: the compiler would find a free() for what came from new.
-[[gnu::noinline]] void* operator new(std::size_t size) {
-    if (s_allocationsLeft == 0) throw std::bad_alloc();
-    if (s_allocationsLeft > 0) --s_allocationsLeft;
-    if (void* const memory = std::malloc(size == 0 ? 1 : size)) return memory;
-    throw std::bad_alloc();
-}
-[[gnu::noinline]] void operator delete(void* memory) noexcept {
-    std::free(memory);
-}
-[[gnu::noinline]] void operator delete(void* memory, std::size_t) noexcept {
-    std::free(memory);
-}
 
 TEST(FailingAllocations, AnAssignmentKeepsTheOldItems) {
     FailAtEach([](auto const& run) {

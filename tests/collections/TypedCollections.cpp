@@ -187,24 +187,7 @@ TYPED_TEST_SUITE(TypedCollections, Collections);
 
 std::string const kIndex = "CBxInvalidParamException: Index out of range";
 
-template <class Col, class Argument>
-Argument ArgumentOf(void (Col::*)(Argument));
-
 }  // namespace
-
-TYPED_TEST(TypedCollections, Signatures) {
-    using Value = typename TestFixture::T;
-    constexpr bool kIsNumber = std::is_arithmetic_v<Value>;
-    using Argument = std::conditional_t<kIsNumber || std::is_same_v<Value, wstring>, Value, Value const&>;
-    static_assert(std::is_same_v<decltype(ArgumentOf(&TypeParam::Add)), Argument>);
-    static_assert(std::is_same_v<decltype(std::declval<TypeParam&>().Item(0)), Value>);
-    static_assert(requires(TypeParam const& constant) { constant.Item(0); } == kIsNumber);
-    static_assert(
-        std::is_same_v<decltype(std::declval<TypeParam&>().begin()), typename std::vector<Value>::iterator>);
-    static_assert(std::is_base_of_v<CInstanceMonitor, TypeParam>);
-    static_assert(std::is_base_of_v<CdatetimeBaseCol, TypeParam> == TestFixture::kIsDate);
-    EXPECT_EQ(typename TestFixture::Col().m_itemType, TestFixture::kRow.m_kind);
-}
 
 TYPED_TEST(TypedCollections, OperationsAgainstAModel) {
     std::mt19937 random(3);
@@ -337,13 +320,6 @@ TEST(TypedCollection, WhitespaceRules) {
               "CBxInvalidValueException: The value [7 ] can not be converted to a i4");
     EXPECT_EQ(Open<CdateCol>({}, 0, -1, static_cast<CWhitespaceUtils::WhitespaceRule>(3)).Read("<v/>"),
               "CBxException: Unknown WhitespaceRule");
-}
-
-TEST(TypedCollection, IgnoresNamespacesIfTheContextDoes) {
-    CXmlSerializationContext ignoring;
-    ignoring.SetIgnoreNamespaces(true);
-    Open<Ci4Col> collection;
-    EXPECT_EQ(collection.Read("<v xmlns='urn:m'>7</v><V>9</V>", ignoring), "V");
 }
 
 TEST(TypedCollection, DatesOfAnotherType) {

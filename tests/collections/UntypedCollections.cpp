@@ -1,5 +1,3 @@
-#include <sstream>
-
 #include "collections/Objects.h"
 
 using namespace BxTest;
@@ -46,14 +44,14 @@ void ExpectSteps(auto& collection, std::vector<Step> const& steps) {
 
 TEST(UntypedCollections, DefaultNamespace) {
     // Namespace, restriction, default of attributes, default of elements or the failure.
-    for (char const* const row :
-         {";##local uu;;!set", ";;;!set", ";u;;!set", ";#u;;!set", ";u#;;!set", "; uu;;!set", ";uu vv;uu;uu",
-          ";uu#;uu#;uu#", "n;##any;n;n", "n;uu;n;!allowed"}) {
-        SCOPED_TRACE(row);
-        std::istringstream fields(row);
-        std::string ns, restriction, ofAttributes, ofElements, outcome;
-        for (std::string* field : {&ns, &restriction, &ofAttributes, &ofElements})
-            std::getline(fields, *field, ';');
+    std::string const rows[][4] = {{"", "##local uu", "", "!set"}, {"", "", "", "!set"},
+                                   {"", "u", "", "!set"},          {"", "#u", "", "!set"},
+                                   {"", "u#", "", "!set"},         {"", " uu", "", "!set"},
+                                   {"", "uu vv", "uu", "uu"},      {"", "uu#", "uu#", "uu#"},
+                                   {"n", "##any", "n", "n"},       {"n", "uu", "n", "!allowed"}};
+    for (auto const& [ns, restriction, ofAttributes, ofElements] : rows) {
+        SCOPED_TRACE(ns + ";" + restriction);
+        std::string outcome;
         wstring const wideNs = FromUtf8(ns), wideRestriction = FromUtf8(restriction);
         AttributeCol const attributes(wideNs.c_str(), wideRestriction.c_str(), u"t");
         EXPECT_EQ(ToUtf8(attributes.GetNamespace()), ofAttributes);
@@ -210,18 +208,6 @@ TEST(UntypedCollections, AnAttribute) {
     EXPECT_EQ(attribute->GetName() + attribute->GetValue() + attribute->GetNamespace(), u"lw");
     EXPECT_EQ(copy.GetName() + copy.GetValue() + copy.GetNamespace(), u"kvu");
     EXPECT_BX_THROW(copy.FromXml(u"<a/>", Defaults()), CBxException, "This should be done by the collection");
-}
-
-TEST(UntypedCollections, AdditionalRootAttributes) {
-    CXmlSerializationContext context, before(context);
-    CSmartPtr<CAttributeCol> const attributes = context.GetAdditionalRootAttributes();
-    CXmlSerializationContext const after(context);
-    EXPECT_EQ(after.GetAdditionalRootAttributes(), attributes);
-    attributes->Add(u"k", u"v", u"anywhere");
-    EXPECT_EQ(before.GetAdditionalRootAttributes()->GetCount(), 0);
-    EXPECT_EQ(before.GetAdditionalRootAttributes()->GetNamespace(), u"");
-    before = context;
-    EXPECT_EQ(before.GetAdditionalRootAttributes(), attributes);
 }
 
 TEST(UntypedCollections, TakeOverACollectionThatHangsOnThem) {

@@ -30,7 +30,8 @@ TEST(Tree, TextLeavesOutEachCR) {
     CXmlDocument const document;
     CDocumentNodes nodes;
     CDocumentBuilder builder(document, nodes);
-    builder.AddElement(builder.Names().Intern({}, u"a"));
+    CNameTable& names = builder.Names();
+    builder.AddElement(names.Intern(names.InternText({}), u"a"));
     builder.AppendTextExcludingCR(u"\rx\r\ry\r");
     builder.AppendTextExcludingCR(u"z");
     EXPECT_EQ(Dump(builder.CloseAllElements()), "a'xyz'");

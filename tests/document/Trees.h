@@ -3,13 +3,12 @@
 
 #include <zlib.h>
 
-#include <filesystem>
-#include <fstream>
 #include <functional>
 #include <vector>
 
 #include "BxXmlLib5/document/CXmlDocument.h"
 #include "support/Expect.h"
+#include "support/TemporaryFolder.h"
 
 namespace BxTest {
 
@@ -32,21 +31,6 @@ inline std::string Dump(CXmlElement const* element) {
         line.append(child == element->GetFirstElement() ? "(" : " ").append(Dump(child));
     return element->GetFirstElement() == nullptr ? line : line + ")";
 }
-
-/// A folder that goes with the object.
-struct TemporaryFolder {
-    TemporaryFolder() { EXPECT_TRUE(mkdtemp(m_path.data())); }
-    ~TemporaryFolder() { std::filesystem::remove_all(m_path); }
-
-    std::string Path(std::string const& name) const { return m_path + "/" + name; }
-    /// The path of a new file with this content.
-    std::string Write(std::string const& name, std::string_view content) const {
-        std::ofstream(Path(name), std::ios::binary).write(content.data(), std::ssize(content));
-        return Path(name);
-    }
-
-    std::string m_path = testing::TempDir() + "bxtestXXXXXX";
-};
 
 enum Way { kOctets, kFile, kNarrow, kWide };
 

@@ -314,4 +314,64 @@ TEST(Properties, AreSharedOrCopied) {
     EXPECT_EQ(parcel.Filled[0], CDecimal(5));
 }
 
+/// The text of a document without the prefix of its namespace.
+std::string Bare(std::string text) {
+    for (std::size_t at = 0; (at = text.find("p:", at)) != text.npos;) text.erase(at, 2);
+    return text;
+}
+
+TEST(Parcels, RootsOfDerivedTypes) {
+    CAnyThing root;
+    EXPECT_EQ(root.Validate().size(), 1U);
+    EXPECT_THROW(root.Parse("<any-thing xmlns='urn:parcel'/>"), CBxValidationException);
+    EXPECT_THROW(root.Parse("<any-thing xmlns='urn:parcel'" + kXsi + " xsi:type='address'/>"),
+                 CBxValidationException);
+    root.Parse("<any-thing xmlns='urn:parcel'" + kXsi +
+               " xsi:type='book' count='2'><title>t</title></any-thing>");
+    ASSERT_NE(root.XsiTyped.Get<CBook>(), nullptr);
+    EXPECT_EQ(Bx::Utf8(root.XsiTyped.Get<CBook>()->Title), "t");
+    CAnyThing const copy(root);
+    root.XsiTyped.Get<CBook>()->Title = "u";
+    EXPECT_FALSE(copy.Equals(root));
+    EXPECT_NE(Bare(copy.ToText()).find(" xsi:type=\"book\" count=\"2\"><title>t</title></any-thing>"),
+              std::string::npos);
+    EXPECT_TRUE(copy.Validate().empty());
+    root.Count = 1;
+    EXPECT_EQ(root.Validate().size(), 1U);
+    root.Parse("<any-thing xmlns='urn:parcel'" + kXsi + " xsi:type='toy'/>");
+    EXPECT_FALSE(root.Count);
+    EXPECT_NE(root.XsiTyped.Get<CToy>(), nullptr);
+}
+
+TEST(Parcels, TypesOfValuesAreKeptWithThem) {
+    CPrice price;
+    auto const parse = [&](std::string const& type, std::string const& value) {
+        price.Parse("<price xmlns='urn:parcel' xmlns:xs='http://www.w3.org/2001/XMLSchema'" + kXsi +
+                    " xsi:type='" + type + "'>" + value + "</price>");
+    };
+    // Its type is an anonymous complex one, from which none derives.
+    EXPECT_THROW(parse("topPercent", "95"), CBxValidationException);
+
+    auto const write = [](std::string const& values) {
+        CParcel parcel;
+        std::string const type = " xsi:type='topPercent'";
+        parcel.Parse(
+            "<parcel xmlns='urn:parcel'" + kXsi + " code='AB1' version='1.0'>" + kTo + "<filled" + type +
+            ">95.0</filled><filled>95</filled><filled" + type + ">" + values +
+            "</filled><days xsi:type='xs:short' xmlns:xs='http://www.w3.org/2001/XMLSchema'/></parcel>");
+        parcel.Filled.Set(1, CDecimal(u"7"));
+        CParcel const copy(parcel);
+        parcel.Filled.Set(0, CDecimal(u"96"));
+        std::string const text = Bare(copy.ToText());
+        EXPECT_EQ(text.find("topPercent"), text.rfind(">95.0<") - 11) << text;
+        EXPECT_NE(text.find("<days xsi:type=\"xs:short\">7</days>"), std::string::npos) << text;
+        return Bare(parcel.ToText());
+    };
+    std::string const text = write("99");
+    EXPECT_NE(text.find("<filled>96</filled><filled>7</filled><filled xsi:type=\"topPercent\">99</filled>"),
+              std::string::npos)
+        << text;
+    EXPECT_THROW(write("89"), CBxInvalidValueException);
+}
+
 }  // namespace

@@ -1,22 +1,14 @@
 // The classes of GPX are those that its schema gives, wherever bxgen runs.
 
-#include <gtest/gtest.h>
-
-#include <cstdlib>
-#include <fstream>
-#include <iterator>
-#include <string>
+#include "support/TemporaryFolder.h"
 
 namespace {
 
-std::string Content(std::string const& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
+using namespace BxTest;
 
 TEST(Generated, IsWhatIsCommitted) {
-    std::string folder = testing::TempDir() + "bx-gpx-XXXXXX";
-    ASSERT_NE(mkdtemp(folder.data()), nullptr);
+    TemporaryFolder const made;
+    std::string const folder = made.m_path;
     std::string const options = " -q -n Gpx --strip-suffix Type ";
     std::string const commands[] = {
         "cd " BX_GPX " && LC_ALL=C '" BXGEN "'" + options + "-o '" + folder + "' gpx.xsd",
@@ -28,10 +20,9 @@ TEST(Generated, IsWhatIsCommitted) {
             std::string const committed = Content(BX_GPX + std::string(name));
             EXPECT_FALSE(committed.empty()) << name;
             EXPECT_EQ(Content(folder + name), committed) << command;
-            std::remove((folder + name).c_str());
+            std::filesystem::remove(folder + name);
         }
     }
-    EXPECT_EQ(std::remove(folder.c_str()), 0);
 }
 
 }  // namespace

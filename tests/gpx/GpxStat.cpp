@@ -1,64 +1,28 @@
 // gpxstat as its users run it: by its command line.
 
-#include <gtest/gtest.h>
-#include <sys/wait.h>
-
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <string>
+#include "support/TemporaryFolder.h"
 
 namespace {
 
-namespace fs = std::filesystem;
-
-/// How a command ended and what it printed.
-struct Outcome {
-    int m_status;
-    std::string m_out;
-    std::string m_err;
-    bool operator==(Outcome const&) const = default;
-};
-
-void PrintTo(Outcome const& outcome, std::ostream* out) {
-    *out << "status " << outcome.m_status << "\n--- out\n" << outcome.m_out << "\n--- err\n" << outcome.m_err;
-}
+using namespace BxTest;
 
 /// Runs commands in a folder of its own, with the track as track.gpx and a document that ends early.
 class GpxStat : public testing::Test {
 protected:
     GpxStat() {
-        std::string name = (fs::temp_directory_path() / "gpxstat-test-XXXXXX").string();
-        if (mkdtemp(name.data()) == nullptr) throw fs::filesystem_error("mkdtemp", name, {});
-        m_folder = name;
-        fs::copy_file(BX_TRACK, m_folder / "track.gpx");
+        m_folder.Write("track.gpx", Content(BX_TRACK));
         PutDocument("none.gpx", "");
-        std::ofstream(m_folder / "early.gpx") << "<gpx><wpt/>";
+        m_folder.Write("early.gpx", "<gpx><wpt/>");
     }
-    ~GpxStat() override { fs::remove_all(m_folder); }
 
     void PutDocument(char const* name, std::string const& content) const {
-        std::ofstream(m_folder / name)
-            << "<gpx xmlns='http://www.topografix.com/GPX/1/1' version='1.1' creator='c'>" << content
-            << "</gpx>";
+        m_folder.Write(name, "<gpx xmlns='http://www.topografix.com/GPX/1/1' version='1.1' creator='c'>" +
+                                 content + "</gpx>");
     }
-
-    /// Runs a line of shell, for which G is gpxstat.
-    Outcome Run(std::string const& command) const {
-        std::string const line =
-            "cd " + m_folder.string() + "; G() { " GPXSTAT " \"$@\"; }; { " + command + "\n} >.out 2>.err";
-        int const status = std::system(line.c_str());
-        return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, Get(".out"), Get(".err")};
-    }
+    Ending Run(std::string const& lines) const { return m_folder.Run(GPXSTAT, lines); }
 
 private:
-    std::string Get(char const* name) const {
-        std::ifstream file(m_folder / name, std::ios::binary);
-        return {std::istreambuf_iterator<char>(file), {}};
-    }
-
-    fs::path m_folder;
+    TemporaryFolder const m_folder;
 };
 
 TEST_F(GpxStat, PrintsTracks) {
@@ -80,15 +44,16 @@ TEST_F(GpxStat, PrintsTracks) {
         "  bounds: -1 -90 to 40 40\n"
         "two.gpx: track 2: a b\n  points: 0\n  length: 0.000 km\n  duration: unknown\n  ascent: 0 m\n"
         "  bounds: none\n";
-    EXPECT_EQ(Run("G track.gpx two.gpx none.gpx"), (Outcome{0, track + two + "none.gpx: no tracks\n", ""}));
-    EXPECT_EQ(Run("gzip track.gpx; mv track.gpx.gz track.gpx; G -- track.gpx"), (Outcome{0, track, ""}));
+    EXPECT_EQ(Run("gpxstat track.gpx two.gpx none.gpx"),
+              (Ending{0, track + two + "none.gpx: no tracks\n", ""}));
+    EXPECT_EQ(Run("gzip track.gpx; mv track.gpx.gz track.gpx; gpxstat -- track.gpx"), (Ending{0, track, ""}));
 }
 
 TEST_F(GpxStat, WritesWhatItReads) {
     EXPECT_EQ(
-        Run("G --write out.gpx track.gpx >first; G out.gpx --write again.gpx | sed s/out/track/ >second\n"
+        Run("gpxstat --write out.gpx track.gpx >first; gpxstat out.gpx --write again.gpx | sed s/out/track/ >second\n"
             "cmp out.gpx again.gpx && cmp first second && head -n 2 out.gpx && wc -l <out.gpx"),
-        (Outcome{
+        (Ending{
             0,
             "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<gpx "
             "xmlns=\"http://www.topografix.com/GPX/1/1\" xmlns:ns1=\"urn:example:sensor\" version=\"1.1\" creator=\"Example Logger 2\">\n"
@@ -99,33 +64,33 @@ TEST_F(GpxStat, WritesWhatItReads) {
 TEST_F(GpxStat, Failures) {
     struct Row {
         char const* m_command;
-        Outcome m_outcome;
+        Ending m_outcome;
     };
     auto const usage = [](std::string const& message) {
-        return Outcome{2, "", "gpxstat: " + message + ". Try 'gpxstat --help'.\n"};
+        return Ending{2, "", "gpxstat: " + message + ". Try 'gpxstat --help'.\n"};
     };
     std::string const noRoot =
         "gpxstat: k.gpx: The root is the element [kml] in the namespace [], it must be [gpx] in "
         "[http://www.topografix.com/GPX/1/1]\n";
     Row const rows[] = {
-        {"G", usage("FILE is missing")},
-        {"G --write out.gpx --", usage("FILE is missing")},
-        {"G track.gpx --write", usage("option '--write' needs a value")},
-        {"G --read track.gpx", usage("unknown option '--read'")},
-        {"G --write out.gpx none.gpx none.gpx", usage("'--write' takes a single FILE")},
-        {"G nothing.gpx none.gpx early.gpx",
+        {"gpxstat", usage("FILE is missing")},
+        {"gpxstat --write out.gpx --", usage("FILE is missing")},
+        {"gpxstat track.gpx --write", usage("option '--write' needs a value")},
+        {"gpxstat --read track.gpx", usage("unknown option '--read'")},
+        {"gpxstat --write out.gpx none.gpx none.gpx", usage("'--write' takes a single FILE")},
+        {"gpxstat nothing.gpx none.gpx early.gpx",
          {1, "none.gpx: no tracks\n",
           "gpxstat: nothing.gpx: Failed to open the file [nothing.gpx] Error [0x00000002]\n"
           "gpxstat: early.gpx: The document ends before its root does\n"}},
-        {"echo '<kml/>' >k.gpx; G --write none.gpx k.gpx; test -s none.gpx && G k.gpx",
+        {"echo '<kml/>' >k.gpx; gpxstat --write none.gpx k.gpx; test -s none.gpx && gpxstat k.gpx",
          {1, "", noRoot + noRoot}},
-        {"G --write x/out.gpx none.gpx",
+        {"gpxstat --write x/out.gpx none.gpx",
          {1, "none.gpx: no tracks\n",
           "gpxstat: x/out.gpx: Failed to write data to the file [x/out.gpx] error [0x00000002]\n"}},
-        {"G none.gpx >/dev/full", {1, "", "gpxstat: standard output: No space left on device\n"}},
+        {"gpxstat none.gpx >/dev/full", {1, "", "gpxstat: standard output: No space left on device\n"}},
     };
     for (auto const& row : rows) EXPECT_EQ(Run(row.m_command), row.m_outcome) << row.m_command;
-    Outcome const help = Run("G --help");
+    Ending const help = Run("gpxstat --help");
     EXPECT_EQ(help.m_status, 0);
     EXPECT_NE(help.m_out.find("--write OUT"), std::string::npos);
 }

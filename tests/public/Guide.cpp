@@ -1,14 +1,9 @@
 // The examples of docs/users-guide.md, in its order.
 
-#include <gtest/gtest.h>
-#include <unistd.h>
-
-#include <algorithm>
-#include <filesystem>
-#include <fstream>
 #include <sstream>
 #include <thread>
 
+#include "../support/TemporaryFolder.h"
 #include "BxXmlLib5/BxXmlLib5.h"
 
 using namespace BxXmlLib5;
@@ -26,15 +21,11 @@ namespace {
 class Guide : public testing::Test {
 protected:
     Guide() {
-        std::filesystem::create_directory(m_folder);
-        std::filesystem::current_path(m_folder);
+        std::filesystem::current_path(m_folder.m_path);
         order.m_number = u"17";
         for (int i = 0; i < 20; ++i) order.m_items->Add(u"item", u"")->SetText(u"bolts");
     }
-    ~Guide() override {
-        std::filesystem::current_path(m_before);
-        std::filesystem::remove_all(m_folder);
-    }
+    ~Guide() override { std::filesystem::current_path(m_before); }
 
     void ExpectRead(int items) {
         EXPECT_EQ(order.m_number, u"17");
@@ -43,9 +34,7 @@ protected:
     }
 
     std::filesystem::path const m_before = std::filesystem::current_path();
-    std::filesystem::path const m_folder = testing::TempDir() + "guide" +
-                                           testing::UnitTest::GetInstance()->current_test_info()->name() +
-                                           std::to_string(getpid());
+    BxTest::TemporaryFolder const m_folder;
     Order order;
     CXmlSerializationContext const context;
 };

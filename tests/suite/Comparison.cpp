@@ -72,7 +72,12 @@ TEST(SuiteTrees, Difference) {
     Row const rows[] = {
         {"<a x='1' y='2'> <b/>t </a>", "<a y='2.0' x='1'><b></b> t</a>", ""},
         {"<p:a xmlns:p='u'/>", "<a xmlns='u'/>", ""},
-        {"<a xmlns:i='http://www.w3.org/2001/XMLSchema-instance' i:type='b'/>", "<a/>", ""},
+        {"<a xmlns:i='http://www.w3.org/2001/XMLSchema-instance' i:type='b'/>", "<a/>",
+         " is of the type '', not 'b'"},
+        {"<a xmlns='u' xmlns:i='http://www.w3.org/2001/XMLSchema-instance' i:type='b'/>",
+         "<p:a xmlns:p='u' xmlns:i='http://www.w3.org/2001/XMLSchema-instance' i:type='p:b'/>", ""},
+        {"<a xmlns:i='http://www.w3.org/2001/XMLSchema-instance' i:noNamespaceSchemaLocation='b'/>", "<a/>",
+         ""},
         {"<a xmlns:i='http://www.w3.org/2001/XMLSchema-instance' i:nil='false'/>", "<a/>", ""},
         {"<a xmlns:i='http://www.w3.org/2001/XMLSchema-instance' i:nil='1'/>", "<a/>", " is nil no more"},
         {"<a/>", "<b/>", ": a became b"},

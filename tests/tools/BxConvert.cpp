@@ -2,62 +2,22 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <sstream>
 #include <string>
-#include <tuple>
 #include <utility>
 
 #include "support/StrictFastInfoset.h"
+#include "support/TemporaryFolder.h"
 
 namespace {
 
-namespace fs = std::filesystem;
+using namespace BxTest;
 using namespace std::string_literals;
 
-/// The status with which a command ended, what it printed, and its errors.
-using Outcome = std::tuple<int, std::string, std::string>;
-
-void Put(fs::path const& path, std::string const& octets) {
-    std::ofstream(path, std::ios::binary) << octets;
-}
-
-std::string Get(fs::path const& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
-/// A folder to run commands in, gone at the end.
-class Folder {
-public:
-    Folder() {
-        std::string name = (fs::temp_directory_path() / "bxconvert-test-XXXXXX").string();
-        if (mkdtemp(name.data()) == nullptr) throw fs::filesystem_error("mkdtemp", name, {});
-        m_path = name;
-        fs::create_directory(m_path / "work");
+struct Folder : TemporaryFolder {
+    Ending Run(std::string const& lines, std::string const& input = {}) const {
+        return TemporaryFolder::Run(BXCONVERT, lines, input);
     }
-    Folder(Folder const&) = delete;
-    Folder& operator=(Folder const&) = delete;
-    ~Folder() { fs::remove_all(m_path); }
-
-    void PutFile(char const* name, std::string const& octets) const { Put(m_path / "work" / name, octets); }
-
-    /// Runs a line of shell, for which bxconvert is a command.
-    Outcome Run(std::string const& command, std::string const& input = {}) const {
-        Put(m_path / "in", input);
-        Put(m_path / "run", "PATH=" + fs::path(BXCONVERT).parent_path().string() + ":$PATH\ncd " +
-                                (m_path / "work").string() + "\n" + command + "\n");
-        std::string const base = m_path.string();
-        int const status = std::system(
-            ("sh " + base + "/run <" + base + "/in >" + base + "/out 2>" + base + "/err").c_str());
-        return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, Get(m_path / "out"), Get(m_path / "err")};
-    }
-
-private:
-    fs::path m_path;
 };
 
 std::string const kDeclaration = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
@@ -123,7 +83,7 @@ TEST(Convert, WritesWhatItReads) {
     Folder const folder;
     for (auto const& row : rows) {
         EXPECT_EQ(folder.Run("bxconvert " + row.m_options + " -", row.m_input),
-                  (Outcome{0, row.m_output, row.m_warning}))
+                  (Ending{0, row.m_output, row.m_warning}))
             << row.m_options << ' ' << row.m_input.substr(0, 100);
     }
 }
@@ -173,7 +133,7 @@ TEST(Convert, WritesTheDeclarationOfFastInfoset) {
     Folder const folder;
     for (auto const& [name, declaration] : rows) {
         EXPECT_EQ(folder.Run("bxconvert - --to finf --finf-declaration "s + name, "<a/>"),
-                  (Outcome{0, declaration + "\xE0\0\0\1\0\x3C\0a\xFF"s, ""}));
+                  (Ending{0, declaration + "\xE0\0\0\1\0\x3C\0a\xFF"s, ""}));
     }
 }
 
@@ -220,10 +180,10 @@ TEST(Convert, RefusesBadDocuments) {
     Folder const folder;
     for (auto const& row : rows) {
         EXPECT_EQ(folder.Run("bxconvert " + row.m_options + " - -o out.xml", row.m_input),
-                  (Outcome{1, "", "bxconvert: standard input: " + row.m_message + "\n"}))
+                  (Ending{1, "", "bxconvert: standard input: " + row.m_message + "\n"}))
             << row.m_options << ' ' << row.m_input.substr(0, 100);
     }
-    EXPECT_EQ(folder.Run("ls -A"), (Outcome{0, "", ""}));
+    EXPECT_EQ(folder.Run("ls -A"), (Ending{0, "", ""}));
 }
 
 TEST(CommandLine, UsageErrors) {
@@ -241,17 +201,17 @@ TEST(CommandLine, UsageErrors) {
         {"'--two\nlines'", "unknown option '--two lines'"},
     };
     Folder const folder;
-    folder.PutFile("in.xml", "<a/>");
+    folder.Write("in.xml", "<a/>");
     for (auto const& [arguments, message] : rows) {
         EXPECT_EQ(folder.Run("bxconvert " + arguments),
-                  (Outcome{2, "", "bxconvert: " + message + ". Try 'bxconvert --help'.\n"}))
+                  (Ending{2, "", "bxconvert: " + message + ". Try 'bxconvert --help'.\n"}))
             << arguments;
     }
 }
 
 TEST(CommandLine, HelpAndVersion) {
     Folder const folder;
-    EXPECT_EQ(folder.Run("bxconvert --version"), (Outcome{0, "bxconvert " BX_VERSION "\n", ""}));
+    EXPECT_EQ(folder.Run("bxconvert --version"), (Ending{0, "bxconvert " BX_VERSION "\n", ""}));
     auto const [status, help, errors] = folder.Run("bxconvert --help");
     EXPECT_EQ(status, 0);
     for (char const* const text :
@@ -267,12 +227,12 @@ TEST(CommandLine, HelpAndVersion) {
 TEST(Files, AreReadAndWritten) {
     std::string const a = "<a/>\n";
     auto const fails = [](std::string const& message, std::string const& out = {}) {
-        return Outcome{1, out, "bxconvert: " + message + "\n"};
+        return Ending{1, out, "bxconvert: " + message + "\n"};
     };
     // Each runs in a folder with in.xml, bad.xml and old.xml. A last command that succeeds hides the status
     // before it.
     // clang-format off
-    std::pair<std::string, Outcome> const rows[] = {
+    std::pair<std::string, Ending> const rows[] = {
         // Input
         {"B in.xml", {0, a, ""}},
         {"mv in.xml ./-x; B -- -x", {0, a, ""}},
@@ -303,9 +263,9 @@ TEST(Files, AreReadAndWritten) {
     // clang-format on
     for (auto const& [command, outcome] : rows) {
         Folder const folder;
-        folder.PutFile("in.xml", "<?xml version='1.0'?><a/>");
-        folder.PutFile("bad.xml", "<a></b>");
-        folder.PutFile("old.xml", "old");
+        folder.Write("in.xml", "<?xml version='1.0'?><a/>");
+        folder.Write("bad.xml", "<a></b>");
+        folder.Write("old.xml", "old");
         EXPECT_EQ(folder.Run("B() { bxconvert --declaration=no \"$@\"; }\n" + command), outcome) << command;
     }
 }

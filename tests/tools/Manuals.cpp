@@ -3,24 +3,17 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstdio>
-#include <fstream>
-#include <iterator>
-#include <memory>
 #include <sstream>
 #include <string>
 #include <vector>
+
+#include "support/TemporaryFolder.h"
 
 namespace {
 
 /// What a line of shell prints.
 std::string OutputOf(std::string const& command) {
-    std::unique_ptr<std::FILE, int (*)(std::FILE*)> const pipe(popen(command.c_str(), "r"), pclose);
-    std::string output;
-    char buffer[4096];
-    while (std::size_t const count = std::fread(buffer, 1, sizeof buffer, pipe.get()))
-        output.append(buffer, count);
-    return output;
+    return BxTest::TemporaryFolder().Run("/", command).m_out;
 }
 
 /// A text as troff reads it.
@@ -68,8 +61,7 @@ TEST(Manuals, TellTheOptionsOfHelp) {
         std::string m_page;
     };
     for (Row const& row : {Row{BXCONVERT, "bxconvert.1"}, {BXGEN, "bxgen.1"}}) {
-        std::ifstream file(BX_MANUALS "/" + row.m_page);
-        std::string const page{std::istreambuf_iterator<char>(file), {}};
+        std::string const page = BxTest::Content(BX_MANUALS "/" + row.m_page);
         std::string const head = ".SH OPTIONS\n";
         std::size_t const first = page.find(head) + head.size();
         EXPECT_EQ(page.substr(first, page.find(".SH ", first) - first), OptionsOf(row.m_program))

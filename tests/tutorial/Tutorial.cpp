@@ -13,6 +13,7 @@
 
 #include "BxXmlLib5/BxXmlLib5.h"
 #include "Tutorial.h"
+#include "support/TemporaryFolder.h"
 
 namespace Bx = BxXmlLib5::Generated;
 using namespace BxXmlLib5;
@@ -20,10 +21,7 @@ using namespace Tutorial;
 
 namespace {
 
-std::string Content(std::filesystem::path const& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
+using BxTest::Content;
 
 /// A document of one root, with its attributes and its content.
 std::string Document(std::string const& name, std::string const& attributes,
@@ -35,17 +33,15 @@ std::string Document(std::string const& name, std::string const& attributes,
 }
 
 TEST(Tutorial, Program) {
-    std::string folder = testing::TempDir() + "bx-tutorial-XXXXXX";
-    ASSERT_NE(mkdtemp(folder.data()), nullptr);
+    BxTest::TemporaryFolder const folder;
     auto const run = [&](std::string const& items) {
-        std::ofstream(folder + "/order.xml") << "<order xmlns=\"urn:shop\">" + items + "</order>";
-        int const status =
-            std::system(("cd '" + folder + "' && '" BX_TUTORIAL_PROGRAM "' >out 2>&1").c_str());
-        return std::to_string(status != 0) + ' ' + Content(folder + "/out");
+        folder.Write("order.xml", "<order xmlns=\"urn:shop\">" + items + "</order>");
+        auto const ending = folder.Run(BX_TUTORIAL_PROGRAM, "'" BX_TUTORIAL_PROGRAM "' 2>&1");
+        return std::to_string(ending.m_status != 0) + ' ' + ending.m_out;
     };
     EXPECT_EQ(run("<item sku=\"A-17\"><price>2.25</price></item>"), "0 A-17: 2.25\n");
     EXPECT_EQ(
-        Content(folder + "/order.xml"),
+        Content(folder.Path("order.xml")),
         "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<order xmlns=\"urn:shop\">\n\t<item sku=\"A-17\">\n\t\t"
         "<price>2.25</price>\n\t</item>\n\t<item sku=\"B-3\">\n\t\t<price>9.5</price>\n\t</item>\n</order>\n");
     std::string const failure = run("<item sku=\"A-17\"><price>cheap</price></item>");
@@ -53,7 +49,6 @@ TEST(Tutorial, Program) {
     EXPECT_EQ(failure.substr(0, 2), "1 ");
     for (std::string const& line : {failure.substr(2, failure.find('\n') - 2) + '\n', end})
         EXPECT_NE(Content(BX_TUTORIAL).find("\n    " + line), std::string::npos) << line;
-    std::filesystem::remove_all(folder);
 }
 
 /// The lines of a text without those that all classes have, without comments on their place, and without indentation.

@@ -15,6 +15,7 @@
 #include "BxXmlLib5/core/FormatString.h"
 #include "document/Inflate.h"
 #include "support/Expect.h"
+#include "support/TemporaryFolder.h"
 
 namespace {
 
@@ -289,13 +290,12 @@ TEST(Compression, RefusesWhatDoesNotShrink) {
 }
 
 TEST(CBinaryData, WritesFiles) {
-    std::string folder = testing::TempDir() + "bxXXXXXX";
-    ASSERT_NE(mkdtemp(folder.data()), nullptr);
+    BxTest::TemporaryFolder const files;
+    std::string const folder = files.m_path;
     wstring const path = FromUtf8(folder) + u"/\u00E9\U0001F600";
     auto const expect = [&path](std::string_view octets, XmlEncoding encoding, std::string_view content) {
         Of(octets).ToFile(path.c_str(), encoding);
-        std::ifstream file(ToUtf8(path), std::ios::binary);
-        EXPECT_EQ(std::string(std::istreambuf_iterator<char>(file), {}), content);
+        EXPECT_EQ(BxTest::Content(ToUtf8(path)), content);
     };
     expect("first, and longer", enc_UTF8, "first, and longer");
     expect("octets", enc_UTF16, "\xFF\xFEoctets");
@@ -304,7 +304,6 @@ TEST(CBinaryData, WritesFiles) {
         EXPECT_BX_THROW(
             Of("octets").ToFile(FromUtf8(row.first).c_str(), enc_UTF16), CBxException,
             "Failed to write data to the file [" + row.first + "] error [0x000000" + row.second + "]");
-    std::filesystem::remove_all(folder);
 }
 
 }  // namespace

@@ -194,6 +194,28 @@ TEST(CDecimal, StepsAndChangesItsSign) {
     EXPECT_EQ(Signed(CDecimal().GetNegative()), "-0");
 }
 
+// Numbers around what 64 bits hold are the same whichever way they were made.
+TEST(CDecimal, IsEqualHoweverItWasMade) {
+    CDecimal const great = Number("1e30"), tenth = Number("0.1");
+    for (char const* const text :
+         {"9223372036854775807", "9223372036854775808", "-9223372036854775808", "-9223372036854775809",
+          "922337203685477580.7", "92233720368547758.075", "0.000000000000000001", "-0.999999999999999999",
+          "0.9999999999999999999", "-7", "1000000000000000000", "123456789012345678901234.5", "0"}) {
+        CDecimal const value = Number(text);
+        CDecimal copy = great;
+        copy = value;
+        SCOPED_TRACE(text);
+        EXPECT_EQ(Text(value), text);
+        for (CDecimal const& other :
+             {copy, value + great - great, value * 10 * tenth, value.GetNegative().GetNegative(),
+              great - (great - value),
+              Number(text + std::string(std::string(text).find('.') == std::string::npos ? ".0" : "0"))}) {
+            EXPECT_TRUE(other == value && !(other < value) && !(other > value)) << Text(other);
+        }
+        EXPECT_TRUE(value + tenth > value && value - tenth < value && value != value + tenth);
+    }
+}
+
 TEST(CDecimal, KeepsTheLawsOfArithmetic) {
     Places const places(60);
     std::mt19937 random(7);

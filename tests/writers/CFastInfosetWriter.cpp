@@ -1,14 +1,12 @@
 #include "writers/CFastInfosetWriter.h"
 
-#include <fstream>
-#include <iterator>
-
 #include "BxXmlLib5/document/CXmlDocument.h"
 #include "fastinfoset/Integers.h"
 #include "fastinfoset/Octets.h"
 #include "fastinfoset/WriteInteger.h"
 #include "platform/StandardNamespaces.h"
 #include "support/Expect.h"
+#include "support/TemporaryFolder.h"
 #include "support/WriterScript.h"
 
 using namespace BxTest;
@@ -125,38 +123,25 @@ TEST(CFastInfosetWriter, WritesANameInFullOnce) {
 TEST(CFastInfosetWriter, DeclaresOnTheRootWhatWasSetBefore) {
     ExpectWritten(
         {{"*N <N|a > .", "38 CD 00'N' F0 3F 01'AA' 81 00'a' FF"},
-         {"+p=P *D <a <b > > .", "38 CD 00'D' CF 00'p' 00'P' F0 3C 00'a' 3C 00'b' FF F0"},
          {"+b=Z +a=A <a > .", "38 CF 00'a' 00'A' CF 00'b' 00'Z' F0 3C 00'a' FF"},
          // What is declared twice has two entries, of which the newer one counts.
          {"*N +p=N <N|a > .", "38 CD 00'N' CF 00'p' 00'N' F0 3F 81 82 00'a' FF"},
          {"+p=M +p=N <M|a <N|b > > .",
           "38 CF 00'p' 00'M' CF 00'p' 00'N' F0 3F 82 81 00'a' 3F 82 82 00'b' FF F0"},
-         {"+=N <N|a > .", "3F 01'AA' 00'N' 00'a' FF"},
-         {"<a +p=N *D @N|k= <N|b > > .", "7C 00'a' 7B 00'p' 00'N' 00'k' FF F0 3F 81 81 00'b' FF F0"},
          {"+p=XMLNS *XMLNS <XMLNS|a @XMLNS|lang=de > .", "7F 80 80 00'a' 7B 80 80 03'lang' 41'de' F0 FF"}});
 }
 
 TEST(CFastInfosetWriter, DeclaresThePrefixOfATypeOnItsElement) {
     std::string const type = "28'XSI' 03'type'";
     ExpectWritten(
-        {{"<a ^T > .", "7C 00'a' 7B 01'AA'" + type + "40'T' F0 FF"},
-         {"<a ^XMLNS|T > .", "7C 00'a' 7B 01'AA'" + type + "44'xml:T' F0 FF"},
+        {{"<a ^XMLNS|T > .", "7C 00'a' 7B 01'AA'" + type + "44'xml:T' F0 FF"},
          {"*N <N|a ^N|T > .", "78 CD 00'N' F0 3F 01'AA' 81 00'a' 7B 01'AB'" + type + "40'T' F0 FF"},
          {"+p=N <a ^N|T > .", "78 CF 00'p' 00'N' F0 3C 00'a' 7B 01'AA'" + type + "42'p:T' F0 FF"},
-         {"<a ^N|T > .", "78 CF 01'AA' 00'N' F0 3C 00'a' 7B 01'AB'" + type + "43'AA:T' F0 FF"},
-         {"+=N <a ^N|T > .", "78 CF 01'AA' 00'N' F0 3C 00'a' 7B 01'AB'" + type + "43'AA:T' F0 FF"},
-         {"+i=XSI +p=N <a <b +q=N ^N|T > > .",
-          "38 CF 00'p' 00'N' CF 00'i' 28'XSI' F0 3C 00'a' 78 CF 00'q' 81 F0 3C 00'b' 7B 82 82 03'type'"
-          "42'q:T' F0 FF F0"},
-         // The element's own name takes its prefix first.
-         {"<N|a ^M|T > .", "78 CF 01'AB' 00'M' F0 3F 01'AA' 00'N' 00'a' 7B 01'AC'" + type + "43'AB:T' F0 FF"},
          {"<a <b ^N|T > <b ^N|T > > .", "3C 00'a' 78 CF 01'AA' 00'N' F0 3C 00'b' 7B 01'AB'" + type +
                                             "43'AA:T' F0 F0 78 CF 81 81 F0 01 00 80 F0 FF F0"},
          // However late it comes, and once.
          {"<a @M|k= ^N|T ^N|U > .", "78 CF 01'AB' 00'N' F0 3C 00'a' 7B 01'AA' 00'M' 00'k' FF 7B 01'AC'" +
-                                        type + "43'AB:T' 01 43'AB:U' F0 FF"},
-         {"<a ^N|T <b ^N|U > > .",
-          "78 CF 01'AA' 00'N' F0 3C 00'a' 7B 01'AB'" + type + "43'AA:T' F0 7C 00'b' 00 43'AA:U' F0 FF F0"}});
+                                        type + "43'AB:T' 01 43'AB:U' F0 FF"}});
 }
 
 TEST(CFastInfosetWriter, EntersShortValuesAndChunks) {
@@ -253,8 +238,7 @@ void WriteTree(CFastInfosetWriter& writer, CXmlElement const& element) {
 
 TEST(CFastInfosetWriter, WritesWholeDocuments) {
     for (std::string const name : {"feed", "drawing", "envelope"}) {
-        std::ifstream file(BX_TEST_DATA "/" + name + ".finf", std::ios::binary);
-        std::string const golden(std::istreambuf_iterator<char>(file), {});
+        std::string const golden = Content(BX_TEST_DATA "/" + name + ".finf");
         CXmlDocument document;
         document.Load(FromUtf8(BX_TEST_DATA "/" + name + ".xml").c_str());
         CFastInfosetWriter writer;

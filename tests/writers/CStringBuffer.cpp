@@ -1,48 +1,11 @@
 #include "writers/CStringBuffer.h"
 
-#include <cstdlib>
-#include <new>
 #include <random>
 
 #include "support/Expect.h"
+#include "support/FailingNew.h"
 
 using namespace BxXmlLib5;
-
-namespace {
-
-/// How many allocations succeed before one fails; none fails below 0.
-thread_local int g_allocationsLeft = -1;
-
-void* Allocate(std::size_t size) {
-    if (g_allocationsLeft == 0) {
-        g_allocationsLeft = -1;
-        throw std::bad_alloc();
-    }
-    if (g_allocationsLeft > 0) --g_allocationsLeft;
-    if (void* const memory = std::malloc(size > 0 ? size : 1)) return memory;
-    throw std::bad_alloc();
-}
-
-}  // namespace
-
-void* operator new(std::size_t size) {
-    return Allocate(size);
-}
-void* operator new[](std::size_t size) {
-    return Allocate(size);
-}
-void operator delete(void* memory) noexcept {
-    std::free(memory);
-}
-void operator delete[](void* memory) noexcept {
-    std::free(memory);
-}
-void operator delete(void* memory, std::size_t) noexcept {
-    std::free(memory);
-}
-void operator delete[](void* memory, std::size_t) noexcept {
-    std::free(memory);
-}
 
 namespace {
 
@@ -129,23 +92,12 @@ TEST(CStringBuffer, ConvertsWhatWasAppended) {
     }
 }
 
-TEST(CStringBuffer, StartsAChunkWhenTheLastIsFull) {
-    CStringBuffer buffer;
-    for (std::size_t chunks = 0; chunks < 4; ++chunks) {
-        EXPECT_EQ(buffer.ChunkCount(), chunks);
-        buffer.Append(u"");
-        EXPECT_EQ(buffer.ChunkCount(), chunks);
-        buffer.Append(Sample(1));
-        buffer.Append(Sample(kChunk - 1));
-    }
-}
-
 TEST(CStringBuffer, HoldsABeginningIfMemoryRunsOut) {
     wstring const expected = Sample(6 * kChunk + 7);
     bool isComplete = false;
     for (int allocations = 0; !isComplete; ++allocations) {
         CStringBuffer buffer;
-        g_allocationsLeft = allocations;
+        BxTest::t_allocationsLeft = allocations;
         try {
             buffer.Append(std::u16string_view(expected).substr(0, 2 * kChunk));
             buffer.View();
@@ -154,7 +106,7 @@ TEST(CStringBuffer, HoldsABeginningIfMemoryRunsOut) {
             isComplete = true;
         } catch (std::bad_alloc const&) {
         }
-        g_allocationsLeft = -1;
+        BxTest::t_allocationsLeft = -1;
         wstring const held = buffer.ToString();
         EXPECT_TRUE(expected.starts_with(held)) << allocations;
         buffer.Append(std::u16string_view(expected).substr(held.size()));

@@ -1,9 +1,10 @@
 #include "Options.h"
 
 #include <algorithm>
-#include <iterator>
-#include <optional>
+#include <array>
 #include <string_view>
+
+#include "common/CommandLine.h"
 
 namespace BxConvert {
 
@@ -37,21 +38,28 @@ constexpr Choice<FInfoDecl> kFinfDeclarations[] = {
     {"1.1-no", fi_Version11StandaloneNo},
 };
 
-struct Option {
-    std::string_view m_name;
-    /// What its value may be, for --help and for errors; null if it takes none.
-    std::string (*m_values)();
-    std::string_view m_help;
-    /// False if the value is none of those that the option takes.
-    bool (*m_apply)(Options& options, std::string_view value);
-};
+using CommandLine::UsageError;
+using Option = CommandLine::Option<Options>;
 
 template <auto const& choices>
-std::string NamesOf() {
-    std::string names;
-    for (auto const& choice : choices) names.append(names.empty() ? "" : "|").append(choice.m_name);
-    return names;
-}
+constexpr auto kJoinedNames = [] {
+    constexpr std::size_t kSize = [] {
+        std::size_t size = 0;
+        for (auto const& choice : choices) size += choice.m_name.size() + 1;
+        return size;
+    }();
+    std::array<char, kSize> joined{};
+    auto at = joined.begin();
+    for (auto const& choice : choices) {
+        at = std::ranges::copy(choice.m_name, at).out;
+        *at++ = '|';
+    }
+    return joined;
+}();
+
+/// The names of choices, with | between them.
+template <auto const& choices>
+constexpr std::string_view kNamesOf(kJoinedNames<choices>.data(), kJoinedNames<choices>.size() - 1);
 
 /// Sets a member to what a value stands for.
 template <auto Member, auto const& choices>
@@ -64,15 +72,8 @@ bool Choose(Options& options, std::string_view value) {
     return false;
 }
 
-template <bool Options::*Member, bool value>
-bool Set(Options& options, std::string_view) {
-    options.*Member = value;
-    return true;
-}
-
-std::string Output() {
-    return "OUTPUT";
-}
+template <auto Member, bool value>
+constexpr auto Set = CommandLine::Set<Options, Member, value>;
 
 bool SetOutput(Options& options, std::string_view value) {
     options.m_output = value;
@@ -81,21 +82,21 @@ bool SetOutput(Options& options, std::string_view value) {
 
 // clang-format off
 constexpr Option kOptions[] = {
-    {"-o",                 Output,                     "write to this file, - for standard output (default)", SetOutput},
-    {"--to",               NamesOf<kForms>,            "XML text or Fast Infoset (default xml)",              Choose<&Options::m_form, kForms>},
-    {"--encoding",         NamesOf<kEncodings>,        "encoding of XML text (default utf-8)",                Choose<&Options::m_encoding, kEncodings>},
-    {"--declaration",      NamesOf<kYesOrNo>,          "begin XML text with a declaration (default yes)",     Choose<&Options::m_declaration, kYesOrNo>},
-    {"--format",           nullptr,                    "break lines of XML text and indent (default)",        Set<&Options::m_formatted, true>},
-    {"--compact",          nullptr,                    "neither line breaks nor indentation",                 Set<&Options::m_formatted, false>},
-    {"--eol",              NamesOf<kEols>,             "line end of XML text (default lf)",                   Choose<&Options::m_eol, kEols>},
-    {"--finf-declaration", NamesOf<kFinfDeclarations>, "declaration ahead of Fast Infoset (default none)",    Choose<&Options::m_finfDeclaration, kFinfDeclarations>},
-    {"--compress",         NamesOf<kCompressions>,     "compression of what is written (default none)",       Choose<&Options::m_compression, kCompressions>},
-    {"--no-namespaces",    nullptr,                    "leave prefixes and xmlns attributes as they are",     Set<&Options::m_namespaces, false>},
-    {"--keep-whitespace",  nullptr,                    "keep text that is only whitespace beside children",   Set<&Options::m_keepWhitespace, true>},
-    {"--strict",           nullptr,                    "refuse a document with mixed content",                Set<&Options::m_strict, true>},
-    {"--info",             nullptr,                    "print facts about the document instead",              Set<&Options::m_info, true>},
-    {"--help",             nullptr,                    "print this text",                                     Set<&Options::m_help, true>},
-    {"--version",          nullptr,                    "print the version",                                   Set<&Options::m_version, true>},
+    {"-o",                 "OUTPUT",                    "write to this file, - for standard output (default)",  SetOutput},
+    {"--to",               kNamesOf<kForms>,            "XML text or Fast Infoset (default xml)",               Choose<&Options::m_form, kForms>},
+    {"--encoding",         kNamesOf<kEncodings>,        "encoding of XML text (default utf-8)",                 Choose<&Options::m_encoding, kEncodings>},
+    {"--declaration",      kNamesOf<kYesOrNo>,          "begin XML text with a declaration (default yes)",      Choose<&Options::m_declaration, kYesOrNo>},
+    {"--format",           "",                          "break lines of XML text and indent (default)",         Set<&Options::m_formatted, true>},
+    {"--compact",          "",                          "neither line breaks nor indentation",                  Set<&Options::m_formatted, false>},
+    {"--eol",              kNamesOf<kEols>,             "line end of XML text (default lf)",                    Choose<&Options::m_eol, kEols>},
+    {"--finf-declaration", kNamesOf<kFinfDeclarations>, "declaration ahead of Fast Infoset (default none)",     Choose<&Options::m_finfDeclaration, kFinfDeclarations>},
+    {"--compress",         kNamesOf<kCompressions>,     "compression of what is written (default none)",        Choose<&Options::m_compression, kCompressions>},
+    {"--no-namespaces",    "",                          "leave prefixes and xmlns attributes as they are",      Set<&Options::m_namespaces, false>},
+    {"--keep-whitespace",  "",                          "keep text that is only whitespace beside children",    Set<&Options::m_keepWhitespace, true>},
+    {"--strict",           "",                          "refuse a document with mixed content",                 Set<&Options::m_strict, true>},
+    {"--info",             "",                          "print facts about the document instead",               Set<&Options::m_info, true>},
+    {"--help",             "",                          "print this text",                                      Set<&Options::m_help, true>},
+    {"--version",          "",                          "print the version",                                    Set<&Options::m_version, true>},
 };
 // clang-format on
 
@@ -133,95 +134,25 @@ constexpr char kNotes[] =
     "Exit status: 0 for success, 1 for a document that cannot be read or written,\n"
     "2 for a wrong command line.\n";
 
-Option const& FindOption(std::string_view name) {
-    auto const* const option = std::ranges::find(kOptions, name, &Option::m_name);
-    if (option == std::end(kOptions)) throw UsageError("unknown option '" + std::string(name) + "'");
-    return *option;
+void TakeInput(Options& options, std::string_view name) {
+    if (options.m_hasInput) throw UsageError("more than one INPUT: '" + std::string(name) + "'");
+    options.m_input = name;
+    options.m_hasInput = true;
 }
-
-/// Walks the command line.
-class Parser {
-public:
-    explicit Parser(std::span<char const* const> arguments) : m_arguments(arguments) {}
-
-    Options Parse() {
-        bool onlyOperands = false;
-        while (!m_arguments.empty()) {
-            std::string_view const argument = Next();
-            bool const isOption = !onlyOperands && argument.starts_with('-') && argument != kStandardStream;
-            if (!isOption) {
-                TakeInput(argument);
-            } else if (argument == "--") {
-                onlyOperands = true;
-            } else {
-                TakeOption(argument);
-            }
-        }
-        if (m_options.m_help || m_options.m_version) return m_options;
-        if (!m_hasInput) throw UsageError("INPUT is missing");
-        if (!m_options.m_namespaces && m_options.m_form == Form::kFastInfoset) {
-            throw UsageError(
-                "option '--no-namespaces' is not for '--to finf', which knows no prefixes as such");
-        }
-        return m_options;
-    }
-
-private:
-    std::string_view Next() {
-        std::string_view const argument = m_arguments.front();
-        m_arguments = m_arguments.subspan(1);
-        return argument;
-    }
-
-    void TakeInput(std::string_view name) {
-        if (m_hasInput) throw UsageError("more than one INPUT: '" + std::string(name) + "'");
-        m_options.m_input = name;
-        m_hasInput = true;
-    }
-
-    void TakeOption(std::string_view argument) {
-        std::size_t const equals = argument.starts_with("--") ? argument.find('=') : argument.npos;
-        Option const& option = FindOption(argument.substr(0, equals));
-        std::string const name(option.m_name);
-        std::optional<std::string_view> value;
-        if (equals != argument.npos) value = argument.substr(equals + 1);
-        bool const takesValue = option.m_values != nullptr;
-        if (!takesValue && value) throw UsageError("option '" + name + "' takes no value");
-        if (takesValue && !value) {
-            if (m_arguments.empty()) throw UsageError("option '" + name + "' needs a value");
-            value = Next();
-        }
-        if (!option.m_apply(m_options, value.value_or(""))) {
-            throw UsageError("'" + std::string(*value) + "' is no value of option '" + name +
-                             "', which takes " + option.m_values());
-        }
-    }
-
-    std::span<char const* const> m_arguments;
-    Options m_options;
-    bool m_hasInput = false;
-};
 
 }  // namespace
 
 Options ParseOptions(std::span<char const* const> arguments) {
-    return Parser(arguments).Parse();
+    Options const options = CommandLine::Read<Options>(arguments, kOptions, TakeInput);
+    if (options.m_help || options.m_version) return options;
+    if (!options.m_hasInput) throw UsageError("INPUT is missing");
+    if (!options.m_namespaces && options.m_form == Form::kFastInfoset)
+        throw UsageError("option '--no-namespaces' is not for '--to finf', which knows no prefixes as such");
+    return options;
 }
 
 std::string HelpText() {
-    constexpr std::size_t kColumn = 29;
-    std::string text = std::string(kUsage) + kIntroduction;
-    for (Option const& option : kOptions) {
-        std::string line = "  " + std::string(option.m_name);
-        if (option.m_values != nullptr) line += ' ' + option.m_values();
-        if (line.size() >= kColumn) {
-            text += line + '\n';
-            line.clear();
-        }
-        line.resize(kColumn, ' ');
-        text += line + std::string(option.m_help) + '\n';
-    }
-    return text + kNotes;
+    return std::string(kUsage) + kIntroduction + CommandLine::HelpOn<Options>(kOptions) + kNotes;
 }
 
 }  // namespace BxConvert

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <span>
-#include <stdexcept>
 #include <string>
 
 #include "BxXmlLib5/core/Enumerations.h"
@@ -16,6 +15,7 @@ enum class Form { kXml, kFastInfoset };
 
 struct Options {
     std::string m_input;
+    bool m_hasInput = false;
     std::string m_output = kStandardStream;
     Form m_form = Form::kXml;
     BxXmlLib5::XmlEncoding m_encoding = BxXmlLib5::enc_UTF8;
@@ -32,14 +32,8 @@ struct Options {
     BxXmlLib5::EOLType m_eol = BxXmlLib5::eol_LF;
 };
 
-/// The command line makes no sense; what() says why.
-class UsageError : public std::runtime_error {
-public:
-    using std::runtime_error::runtime_error;
-};
-
 /// @param arguments without the name of the program
-/// @throws UsageError
+/// @throws CommandLine::UsageError
 Options ParseOptions(std::span<char const* const> arguments);
 
 /// What --help prints.

@@ -14,6 +14,7 @@
 #include "Options.h"
 #include "Output.h"
 #include "Statistics.h"
+#include "common/CommandLine.h"
 
 namespace BxConvert {
 
@@ -75,7 +76,7 @@ int main(int argc, char** argv) {
     std::signal(SIGXFSZ, SIG_IGN);
     try {
         return BxConvert::Run(BxConvert::ParseOptions({argv + 1, argv + argc}));
-    } catch (BxConvert::UsageError const& error) {
+    } catch (CommandLine::UsageError const& error) {
         BxConvert::Report(std::string(error.what()) + ". Try 'bxconvert --help'.");
         return BxConvert::kWrongUsage;
     }

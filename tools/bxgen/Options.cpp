@@ -1,30 +1,20 @@
 #include "Options.h"
 
-#include <algorithm>
 #include <charconv>
-#include <iterator>
 #include <string_view>
 
+#include "common/CommandLine.h"
 #include "names/Identifiers.h"
-#include "schema/Text.h"
 
 namespace BxGen {
 
 namespace {
 
-struct Option {
-    std::string_view m_name;
-    std::string_view m_value;  ///< what --help calls its value; empty if it takes none
-    std::string_view m_help;
-    /// False if the value is none that the option takes.
-    bool (*m_apply)(Options& options, std::string_view value);
-};
+using CommandLine::UsageError;
+using Option = CommandLine::Option<Options>;
 
 template <auto Member, bool value>
-bool Set(Options& options, std::string_view) {
-    options.*Member = value;
-    return true;
-}
+constexpr auto Set = CommandLine::Set<Options, Member, value>;
 
 template <bool Diagnostics::Options::*Member>
 bool SetMessages(Options& options, std::string_view) {
@@ -121,92 +111,22 @@ constexpr char kNotes[] =
     "Exit status: 0 for success, 1 for a wrong command line, 2 for something wrong\n"
     "with a schema, 3 for a file that cannot be read or written.\n";
 
-Option const& FindOption(std::string_view name) {
-    auto const* const option = std::ranges::find(kOptions, name, &Option::m_name);
-    if (option == std::end(kOptions)) throw UsageError("unknown option '" + std::string(name) + "'");
-    return *option;
+void TakeSchema(Options& options, std::string_view name) {
+    if (name.empty()) throw UsageError("SCHEMA is empty");
+    options.m_schemas.emplace_back(name);
 }
-
-/// Walks the command line.
-class Parser {
-public:
-    explicit Parser(std::span<char const* const> arguments) : m_arguments(arguments) {}
-
-    Options Parse() {
-        bool onlyOperands = false;
-        while (!m_arguments.empty()) {
-            std::string_view const argument = Next();
-            if (onlyOperands || !argument.starts_with('-')) {
-                if (argument.empty()) throw UsageError("SCHEMA is empty");
-                m_options.m_schemas.emplace_back(argument);
-            } else if (argument == "--") {
-                onlyOperands = true;
-            } else {
-                TakeOption(argument);
-            }
-        }
-        bool const needsSchema = !m_options.m_help && !m_options.m_version;
-        if (needsSchema && m_options.m_schemas.empty()) throw UsageError("SCHEMA is missing");
-        return m_options;
-    }
-
-private:
-    std::string_view Next() {
-        std::string_view const argument = m_arguments.front();
-        m_arguments = m_arguments.subspan(1);
-        return argument;
-    }
-
-    void TakeOption(std::string_view argument) {
-        std::size_t const equals = argument.starts_with("--") ? argument.find('=') : argument.npos;
-        Option const& option = FindOption(argument.substr(0, equals));
-        std::string const name(option.m_name);
-        std::optional<std::string_view> value;
-        if (equals != argument.npos) value = argument.substr(equals + 1);
-        bool const takesValue = !option.m_value.empty();
-        if (!takesValue && value) throw UsageError("option '" + name + "' takes no value");
-        if (takesValue && !value) {
-            if (m_arguments.empty()) throw UsageError("option '" + name + "' needs a value");
-            value = Next();
-        }
-        if (!option.m_apply(m_options, value.value_or(""))) {
-            throw UsageError("'" + std::string(*value) + "' is no value of option '" + name +
-                             "', which takes " + std::string(option.m_value));
-        }
-    }
-
-    std::span<char const* const> m_arguments;
-    Options m_options;
-};
 
 }  // namespace
 
 Options ParseOptions(std::span<char const* const> arguments) {
-    return Parser(arguments).Parse();
+    Options const options = CommandLine::Read<Options>(arguments, kOptions, TakeSchema);
+    bool const needsSchema = !options.m_help && !options.m_version;
+    if (needsSchema && options.m_schemas.empty()) throw UsageError("SCHEMA is missing");
+    return options;
 }
 
 std::string HelpText() {
-    constexpr std::size_t kColumn = 29;
-    constexpr std::size_t kColumns = 80;
-    std::string text = kIntroduction;
-    for (Option const& option : kOptions) {
-        std::string line = "  " + std::string(option.m_name);
-        if (!option.m_value.empty()) line += ' ' + std::string(option.m_value);
-        if (line.size() >= kColumn) {
-            text += line + '\n';
-            line.clear();
-        }
-        line.resize(kColumn - 1, ' ');
-        for (std::string_view const word : Items(option.m_help)) {
-            if (line.size() + 1 + word.size() > kColumns) {
-                text += line + '\n';
-                line.assign(kColumn - 1, ' ');
-            }
-            line += ' ' + std::string(word);
-        }
-        text += line + '\n';
-    }
-    return text + kNotes;
+    return kIntroduction + CommandLine::HelpOn<Options>(kOptions) + kNotes;
 }
 
 }  // namespace BxGen

@@ -3,7 +3,6 @@
 
 #include <optional>
 #include <span>
-#include <stdexcept>
 #include <string>
 #include <utility>
 #include <vector>
@@ -45,14 +44,8 @@ struct Options {
     Diagnostics::Options m_diagnostics;
 };
 
-/// The command line makes no sense; what() says why.
-class UsageError : public std::runtime_error {
-public:
-    using std::runtime_error::runtime_error;
-};
-
 /// @param arguments without the name of the program
-/// @throws UsageError
+/// @throws CommandLine::UsageError
 Options ParseOptions(std::span<char const* const> arguments);
 
 /// What --help prints.

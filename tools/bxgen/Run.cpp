@@ -6,6 +6,7 @@
 #include "Diagnostics.h"
 #include "Options.h"
 #include "check/FullCheck.h"
+#include "common/CommandLine.h"
 #include "emit/Emit.h"
 #include "mapping/MakePlan.h"
 #include "schema/Dump.h"
@@ -89,7 +90,7 @@ ExitStatus Run(std::span<char const* const> arguments, std::string& output, std:
         messages = diagnostics.Text();
         if (diagnostics.HasFileErrors()) return kFileTrouble;
         return diagnostics.HasFailed() ? kWrongSchema : kSuccess;
-    } catch (UsageError const& error) {
+    } catch (CommandLine::UsageError const& error) {
         messages = "bxgen: error: " + std::string(error.what()) + "; see bxgen --help\n";
         return kWrongUsage;
     }

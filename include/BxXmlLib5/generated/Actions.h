@@ -6,6 +6,7 @@
 #include <string_view>
 #include <type_traits>
 
+#include "BxXmlLib5/generated/NamedTypes.h"
 #include "BxXmlLib5/generated/Objects.h"
 #include "BxXmlLib5/generated/Property.h"
 #include "BxXmlLib5/platform/Export.h"
@@ -43,6 +44,7 @@ struct Actions {
     wstring const& (*text)(void const* property, int index, wstring& room) = nullptr;
     /// Reads and writes as the empty text.
     std::u16string_view (*defaultText)() = nullptr;
+    SimpleType const* type = nullptr;
     /// @}
 };
 
@@ -108,18 +110,28 @@ struct ValueActions {
         }
     }
 
-    static constexpr Actions kActions{IsValues<P> ? Actions::Shape::Values : Actions::Shape::Value, &Count,
-                                      &Clear, &Copy, &Equals, &Read, &Text, requires {P::kDefault;
-} ? &DefaultText : nullptr,
-};  // namespace BxXmlLib5::Generated
-}
-;
+    static constexpr Actions Table() {
+        Actions table{IsValues<P> ? Actions::Shape::Values : Actions::Shape::Value,
+                      &Count,
+                      &Clear,
+                      &Copy,
+                      &Equals,
+                      &Read,
+                      &Text};
+        if constexpr (requires { P::kDefault; }) table.defaultText = &DefaultText;
+        table.type = &SimpleTypeOf<S>::kType;
+        return table;
+    }
+};
+
+template <class P>
+inline constexpr Actions kValueActions = ValueActions<P>::Table();
 
 /// The actions of a property of type P.
 template <class P>
 constexpr Actions const* ActionsOf() {
     if constexpr (requires { typename P::Type; }) {
-        return &ValueActions<P>::kActions;
+        return &kValueActions<P>;
     } else if constexpr (std::same_as<P, AnyElement>) {
         return &kAnyElementActions;
     } else if constexpr (std::same_as<P, AnyElements>) {

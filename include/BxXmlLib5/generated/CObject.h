@@ -1,6 +1,7 @@
 // The base of all generated classes.
 #pragma once
 
+#include <memory>
 #include <vector>
 
 #include "BxXmlLib5/binding/CXmlGeneratedClass.h"
@@ -10,6 +11,8 @@
 #include "BxXmlLib5/platform/Text.h"
 
 namespace BxXmlLib5::Generated {
+
+class KeptTypes;
 
 /// A class that a schema describes. It has a property for each element and attribute, and a constant that
 /// says what they are in a document:
@@ -34,6 +37,10 @@ namespace BxXmlLib5::Generated {
 ///
 /// Writing refuses what reading refuses: mandatory values, objects and attributes that are not set, counts out
 /// of bounds, and what fits no member of a choice. Copies are deep.
+///
+/// A document may name a derived type by xsi:type. An object of a class is of the class of that type then. A value is
+/// tested against it, and the type is kept and written again as long as the value stays as it was read; so are the
+/// attributes of a complex type.
 ///
 /// An object belongs to one thread at a time.
 class BXXMLLIB5_API CObject : public CXmlGeneratedClass {
@@ -79,9 +86,13 @@ protected:
     void ToXml_Int(CXmlWriter* writer, bool isRoot, char16_t const* namespaceUri,
                    CXmlSerializationContext const& context, bool allowEmptyChoice) const override;
     using CXmlGeneratedClass::ToXml_Int;
+    void AttributesToXml_Int(CXmlWriter* writer, CXmlSerializationContext const& context) const override;
 
 private:
     friend struct ObjectAccess;
+
+    /// What its document named by xsi:type for values in it; null for nothing.
+    std::unique_ptr<KeptTypes> m_kept;
 };
 
 /// A model group that may occur more often than once: an object without an element of its own.

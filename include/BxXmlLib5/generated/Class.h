@@ -26,6 +26,7 @@ struct TypeName {
     char16_t const* name;
     char16_t const* namespaceUri;
     Class const* type;
+    unsigned char derivation = 0;  ///< The ways of derivation between the two, as bits.
 };
 
 /// What the classes that were generated together have in common. It is a constant:
@@ -35,6 +36,9 @@ struct Set {
     /// The classes of all named types, to find the one that an xsi:type names.
     std::span<Class const* const> types = {};
     std::span<TypeName const> typeNames = {};
+    /// The simple types that have names, for the same; and kBuiltInTypes.
+    std::span<SimpleTypeName const> simpleTypes = {};
+    std::span<SimpleTypeName const> builtInTypes = {};
     std::span<Alias const> aliases = {};
     /// The namespace of the root is declared as the default one, so elements have no prefix. False where
     /// elements of the set are in no namespace.
@@ -55,6 +59,8 @@ public:
         CObject* (*make)();  ///< Null for an abstract class.
         bool isRoot;
         bool isGroup;
+        /// Where a root has the object of a derived type; null if there is none.
+        void* (*xsiTyped)(CObject&) = nullptr;
     };
 
     constexpr explicit Class(Facts const& facts) : m_facts(facts) {}
@@ -77,6 +83,16 @@ private:
     mutable std::atomic<Model const*> m_model = nullptr;
 };
 
+/// Where an object of class T has its XsiTyped, null if it has none.
+template <class T>
+constexpr auto PlaceOfXsiTyped() -> void* (*)(CObject&) {
+    if constexpr (requires { &T::XsiTyped; }) {
+        return &PlaceOf<&T::XsiTyped>;
+    } else {
+        return nullptr;
+    }
+}
+
 template <class T>
 CObject* New() {
     return new T;
@@ -92,7 +108,7 @@ constexpr Class Describe(Set const& set, char16_t const* name, char16_t const* n
     CObject* (*make)() = nullptr;
     if constexpr (!std::is_abstract_v<T>) make = &New<T>;
     return Class({&set, name, namespaceUri, rows, elementNamespace, make, std::is_base_of_v<RootTag, T>,
-                  std::is_base_of_v<CGroup, T>});
+                  std::is_base_of_v<CGroup, T>, PlaceOfXsiTyped<T>()});
 }
 template <class T, std::size_t kRows>
 constexpr Class Describe(Set const& set, char16_t const* name, char16_t const* namespaceUri,

@@ -4,6 +4,7 @@
 //     namespace Xs = Bx::Xs;
 #pragma once
 
+#include "BxXmlLib5/generated/BuiltInTypes.h"
 #include "BxXmlLib5/generated/CNillable.h"
 #include "BxXmlLib5/generated/CObject.h"
 #include "BxXmlLib5/generated/Class.h"

@@ -32,9 +32,23 @@ enum class RootForm { Text, FastInfoset };
 BXXMLLIB5_API CXmlSerializationContext RootContext(CObject const& root, RootForm form);
 /// @}
 
+/// What a root has beside T: nothing, unless other types may derive from that of T.
+template <class T>
+class RootContent : public T, public RootTag {
+public:
+    /// The content of a document whose root names a type that derives from T by xsi:type: of the class of that type.
+    /// The properties of the root itself are not set then, and writing refuses both.
+    ///
+    ///     if (CCircle const* circle = drawing.XsiTyped.Get<CCircle>()) Use(circle->Radius);
+    ///     drawing.XsiTyped.Make<CCircle>().Radius = 2;
+    Object<T> XsiTyped;
+};
+template <>
+class RootContent<CObject> : public CObject, public RootTag {};
+
 /// The class of a global element, over T, the class of its type, or over CObject if the type has no name.
 template <class T>
-class Root : public T, public RootTag {
+class Root : public RootContent<T> {
 public:
     /// Reads a file: XML text in any encoding that CXmlDocument reads, or Fast Infoset, either as such or
     /// compressed.

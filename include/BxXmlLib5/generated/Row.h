@@ -43,6 +43,8 @@ struct Row {
         Prohibited,
         Nil,
         MayBeNil,
+        Block,
+        OwnType,
     };
 
     Kind kind;
@@ -57,6 +59,10 @@ struct Row {
     /// The class of the objects; of Inherit and Restrict, the base.
     Class const* type = nullptr;
     bool isNillable = false;
+    /// Ways of derivation, as bits: that of Inherit and Restrict; those that Block and an element refuse.
+    unsigned char derivation = 0;
+    /// A type that restricts the one of the property: values are tested against it too.
+    SimpleType const* narrowed = nullptr;
 };
 
 /// The start of a model group, which goes on to the End that belongs to it. As it stands it occurs once;
@@ -86,6 +92,31 @@ constexpr Row Nillable(Row row) {
     row.isNillable = true;
     return row;
 }
+
+/// An element whose types in documents may not be derived in some ways from the one that it is declared with:
+/// `Bx::Blocking(Bx::Element<&COrder::Item>(u"item"), Bx::kExtension)`.
+/// @param ways bits of Derivation
+constexpr Row Blocking(Row row, int ways) {
+    row.derivation = static_cast<unsigned char>(ways);
+    return row;
+}
+
+/// Says the same of the class of a root.
+constexpr Row Blocks(int ways) {
+    return Blocking(Row{Row::Kind::Block}, ways);
+}
+
+/// An element, attribute or text of a class that restricts another, whose values are of a narrower type S than the
+/// property takes: `Bx::Narrowed<DayType>(Bx::Element<&COrder::Day>(u"day"))`.
+template <class S>
+constexpr Row Narrowed(Row row) {
+    row.narrowed = &SimpleTypeOf<S>::kType;
+    return row;
+}
+
+/// Says of the class of a root that it is its own type, which derives from that of its base: without, the type is that of
+/// its base.
+inline constexpr Row OwnType{Row::Kind::OwnType};
 
 /// @name What stands behind the templates of rows
 /// @{
@@ -195,15 +226,16 @@ constexpr Row Text(int min = kIsRequired<PropertyOf<kMember>> ? 1 : 0) {
 }
 
 /// All rows of a base class, ahead of the class's own.
+/// @param way in which the type derives: by restriction too where rows of its own cannot say what it restricts
 template <class T>
-constexpr Row Inherit() {
-    return {Row::Kind::Inherit, 1, 1, nullptr, nullptr, nullptr, nullptr, &T::kClass};
+constexpr Row Inherit(Derivation way = kExtension) {
+    return {Row::Kind::Inherit, 1, 1, nullptr, nullptr, nullptr, nullptr, &T::kClass, false, way};
 }
 
 /// A base class whose rows the class's own replace.
 template <class T>
 constexpr Row Restrict() {
-    return {Row::Kind::Restrict, 1, 1, nullptr, nullptr, nullptr, nullptr, &T::kClass};
+    return {Row::Kind::Restrict, 1, 1, nullptr, nullptr, nullptr, nullptr, &T::kClass, false, kRestriction};
 }
 
 /// The property that says whether the element is nil, of a class that is the type of a nillable element.

@@ -30,6 +30,16 @@ bool IsNil(CXmlElement const& element) {
     return AreEqualValues(element.GetAttribute(u"nil", wstring(kInstance)), u"true");
 }
 
+/// The type that an element names by xsi:type, empty for none.
+std::string TypeOf(CXmlElement const& element) {
+    wstring const value = element.GetAttribute(u"type", wstring(kInstance));
+    if (value.empty()) return "";
+    std::size_t const colon = value.find(u':');
+    wstring const prefix = colon == value.npos ? wstring() : value.substr(0, colon);
+    return Name(element.GetDocument()->LookupNamespaceFromAlias(prefix.c_str()),
+                colon == value.npos ? value : value.substr(colon + 1));
+}
+
 CXmlAttribute const* Find(CXmlElement const& element, CXmlAttribute const& wanted) {
     for (CXmlAttribute const* attribute : element.GetAttributes())
         if (attribute->GetLocalName() == wanted.GetLocalName() &&
@@ -44,6 +54,8 @@ std::string Became(std::u16string_view original, std::u16string_view written) {
 
 std::string AttributeDifference(CXmlElement const& original, CXmlElement const& written) {
     if (IsNil(original) != IsNil(written)) return IsNil(original) ? " is nil no more" : " became nil";
+    if (std::string const type = TypeOf(original); TypeOf(written) != type)
+        return " is of the type '" + TypeOf(written) + "', not '" + type + '\'';
     for (CXmlAttribute const* attribute : original.GetAttributes()) {
         if (attribute->GetNamespaceURI() == kInstance) continue;
         CXmlAttribute const* const other = Find(written, *attribute);

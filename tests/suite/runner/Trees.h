@@ -15,7 +15,7 @@ bool AreEqualValues(std::u16string_view original, std::u16string_view written);
 
 /// The first difference of two trees, with its place by numbers of children; empty if there is none. Compared are names, attributes in any
 /// order, children in order, and values. Attributes of XML Schema's instance namespace are passed over, but for what
-/// nil says: a prefix in their values has another name, and a type that says nothing new may be left out.
+/// nil and type say: a prefix may have another name.
 std::string Difference(BxXmlLib5::CXmlElement const& original, BxXmlLib5::CXmlElement const& written);
 
 }  // namespace Suite

@@ -10,6 +10,15 @@
 #include <cstring>
 #include <system_error>
 
+// A sanitizer's takes more than any limit.
+#if defined(__SANITIZE_ADDRESS__)
+#define BX_SHADOW_MEMORY
+#elif defined(__has_feature)
+#if __has_feature(address_sanitizer)
+#define BX_SHADOW_MEMORY
+#endif
+#endif
+
 namespace BxGen {
 
 namespace {
@@ -26,7 +35,7 @@ void LimitAll() {
     Limit(RLIMIT_CORE, 0);
     Limit(RLIMIT_CPU, kSeconds);
     alarm(2 * kSeconds);
-#if !defined(__SANITIZE_ADDRESS__)  // Its shadow memory takes more.
+#ifndef BX_SHADOW_MEMORY
     Limit(RLIMIT_AS, kOctets);
 #endif
 }

@@ -3,6 +3,7 @@
 #include "emit/HeaderEmitter.h"
 #include "emit/Lines.h"
 #include "emit/Literals.h"
+#include "schema/Components.h"
 
 namespace BxGen {
 
@@ -15,12 +16,20 @@ std::string NameOfRows(ClassPlan const& plan) {
     return 'k' + plan.m_name + "Rows";
 }
 
+std::string WaysText(int ways) {
+    std::string text;
+    if ((ways & kExtension) != 0) text = "Bx::kExtension";
+    if ((ways & kRestriction) != 0) text += (text.empty() ? "" : " | ") + std::string("Bx::kRestriction");
+    return text;
+}
+
 }  // namespace
 
 std::string SourceEmitter::Argument(RowArgument const& argument) {
     if (auto const* const text = std::get_if<std::string>(&argument)) return TextLiteral(*text);
     if (auto const* const uri = std::get_if<NamespaceArgument>(&argument))
         return m_references.Namespace(uri->m_uri);
+    if (auto const* const ways = std::get_if<WaysArgument>(&argument)) return WaysText(ways->m_ways);
     int const number = std::get<int>(argument);
     return number == kMany ? "Bx::kMany" : std::to_string(number);
 }
@@ -40,6 +49,8 @@ std::string SourceEmitter::Row(ClassPlan const& owner, RowPlan const& row) {
         text += '(' + arguments + ')';
     }
     if (row.m_isNillable) text = "Bx::Nillable(" + text + ')';
+    if (row.m_narrowed) text = "Bx::Narrowed<" + m_references.Type(*row.m_narrowed) + ">(" + text + ')';
+    if (row.m_blocked != 0) text = "Bx::Blocking(" + text + ", " + WaysText(row.m_blocked) + ')';
     return std::string(4 + 4 * static_cast<std::size_t>(row.m_depth), ' ') + text + ",\n";
 }
 
@@ -64,7 +75,12 @@ std::string SourceEmitter::SetOfClasses() {
         if (plan.m_isNamedType && plan.m_isAlias)
             names += "    {" + TextLiteral(plan.m_xmlName) + ", " +
                      m_references.Namespace(plan.m_xmlNamespace) + ", &" + m_references.Name(plan) +
-                     "::kClass},\n";
+                     "::kClass, " + WaysText(plan.m_derivation) + "},\n";
+    std::string simples;
+    for (SimpleNamePlan const& plan : m_plan.m_simpleNames)
+        simples += "    Bx::Simple<" + m_references.Type(plan.m_type) + ", " +
+                   m_references.Type(plan.m_base) + ">(" + TextLiteral(plan.m_name) + ", " +
+                   m_references.Namespace(plan.m_namespace) + "),\n";
     std::string aliases;
     for (NamespacePlan const& plan : m_plan.m_namespaces)
         if (!plan.m_prefix.empty())
@@ -79,6 +95,8 @@ std::string SourceEmitter::SetOfClasses() {
     };
     add("types = kTypes", "Bx::Class const* kTypes[]", types);
     add("typeNames = kTypeNames", "Bx::TypeName kTypeNames[]", names);
+    add("simpleTypes = kSimpleTypes", "Bx::SimpleTypeName kSimpleTypes[]", simples);
+    members += ".builtInTypes = Bx::kBuiltInTypes<>, ";
     add("aliases = kAliases", "Bx::Alias kAliases[]", aliases);
     if (!tables.empty()) tables = "namespace {\n\n" + tables + "}  // namespace\n\n";
     return tables + "constinit Bx::Set const kSet{" + members +

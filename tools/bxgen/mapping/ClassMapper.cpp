@@ -96,8 +96,10 @@ void ClassMapper::MakeDerived(ComplexType const& type, ClassFacts& base, ClassFa
     if (MakeAlias(type, base, facts)) return;
     facts.m_plan->m_base = BaseExpression(facts);
     if (type.m_derivation == kRestriction && Restrict(type, base, facts)) return;
-    AddRow(facts, "Inherit").m_class = base.m_plan;
+    RowPlan& inherit = AddRow(facts, "Inherit");
+    inherit.m_class = base.m_plan;
     if (type.m_derivation == kRestriction) {
+        inherit.m_arguments.emplace_back(WaysArgument{kRestriction});
         m_mapping.m_diagnostics.Warning(
             type.m_place, "restriction",
             Quoted(facts.m_plan->m_xmlName) + " restricts " + Quoted(base.m_plan->m_xmlName) +
@@ -122,6 +124,7 @@ bool ClassMapper::MakeAlias(ComplexType const& type, ClassFacts& base, ClassFact
     if (!isWanted || !AddsNothing(type, *BaseOf(type))) return false;
     facts.m_plan->m_isAlias = true;
     facts.m_plan->m_base = {{}, base.m_plan, {}, {}};
+    facts.m_plan->m_derivation = type.m_derivation | base.m_plan->m_derivation;
     return true;
 }
 
@@ -201,6 +204,7 @@ void ClassMapper::AddAttribute(AttributeUse const& use, ClassFacts& facts) {
     property.m_name = facts.m_names.Take(wanted, "Attribute");
     property.m_type = attribute.m_type;
     property.m_isConstrained = use.m_value.has_value();
+    property.m_isFixed = use.m_value && use.m_value->m_isFixed;
     property.m_isRequired = isRequired && !use.m_value;
     plan.m_name = property.m_name;
     m_names.Note(use.m_place, attribute.m_name.m_local, wanted, plan.m_name);
@@ -224,6 +228,8 @@ void ClassMapper::AddAttribute(AttributeUse const& use, ClassFacts& facts) {
 void ClassMapper::AddAttributeRow(AttributeUse const& use, PropertyFacts const& property, ClassFacts& facts) {
     QName const& name = use.m_declaration->m_name;
     RowPlan& row = AddRow(facts, "Attribute", property.m_name);
+    SimpleType const* const type = use.m_declaration->m_type;
+    if (type != property.m_type) row.m_narrowed = m_simples.Expression(*type);
     row.m_arguments.emplace_back(std::string(name.m_local));
     std::string_view const uri = name.m_namespace;
     bool const needsMinimum = use.m_use == Use::kRequired && !property.m_isRequired;
@@ -270,6 +276,12 @@ void ClassMapper::AddNil(ClassFacts& facts) {
 }
 
 void ClassMapper::AddAnything(ElementDeclaration const& element, ClassFacts& facts) {
+    if (element.m_value) {
+        m_mapping.m_diagnostics.Warning(
+            element.m_place, "default",
+            "the default or fixed value of " + Quoted(element.m_name.m_local) +
+                " is not used, since the element is of any type; set it in your program");
+    }
     PropertyPlan elements;
     elements.m_name = facts.m_names.Take("Any");
     elements.m_type = Text("Bx::AnyElements");
@@ -307,19 +319,13 @@ void ClassMapper::Root(ElementDeclaration const& element) {
                                             element.m_name.m_local, element.m_place);
         if (own.m_text.empty()) own.m_text = std::move(plan.m_documentation.m_text);
         plan.m_documentation = std::move(own);
+        if (plan.m_baseClass != nullptr) AddRow(*m_facts.at(&plan), "OwnType");
         if (element.m_isNillable) AddRow(*m_facts.at(&plan), "MayBeNil");
         return;
     }
     ClassFacts& facts = NewFacts(plan, isOfClass ? &Class(*complex) : nullptr);
     plan.m_documentation = DocumentationOf(m_mapping.m_options, {&element.m_annotation},
                                            element.m_name.m_local, element.m_place);
-    if (isOfClass && complex->m_isAbstract) {
-        m_mapping.m_diagnostics.Warning(
-            element.m_place, "root",
-            "the type of root " + Quoted(element.m_name.m_local) +
-                " is abstract, and a root takes no other by xsi:type: its documents are refused; name the element "
-                "of a type that derives from it");
-    }
     if (isOfClass) {
         plan.m_base = BaseExpression(facts);
         AddRow(facts, "Inherit").m_class = facts.m_base->m_plan;
@@ -327,6 +333,8 @@ void ClassMapper::Root(ElementDeclaration const& element) {
         FillFromElement(element, facts);
     }
     if (element.m_isNillable) AddRow(facts, "MayBeNil");
+    if (int const blocked = BlockedWays(element))
+        AddRow(facts, "Blocks").m_arguments.emplace_back(WaysArgument{blocked});
     Publish(plan);
 }
 
@@ -400,8 +408,9 @@ bool ClassMapper::Restrict(ComplexType const& type, ClassFacts& base, ClassFacts
             return false;
         }
         used.insert(text);
-        AddRow(facts, "Text", text->m_name);
-        if (type.m_content == ContentKind::kSimple && text->m_type != type.m_simpleContent) isNarrower = true;
+        RowPlan& row = AddRow(facts, "Text", text->m_name);
+        if (type.m_content == ContentKind::kSimple && text->m_type != type.m_simpleContent)
+            row.m_narrowed = m_simples.Expression(*type.m_simpleContent);
     }
     for (AttributeUse const* const use : type.m_attributes) RestrictAttribute(*use, facts, used, isNarrower);
     PropertyFacts const* const nil = base.Find({Kind::kNil, {}, nullptr, 0});
@@ -433,8 +442,7 @@ void ClassMapper::RestrictAttribute(AttributeUse const& use, ClassFacts& facts,
     // What a wildcard of the base let in.
     if (property == nullptr) return AddAttribute(use, facts);
     used.insert(property);
-    bool const isFixed = use.m_value && use.m_value->m_isFixed;
-    if (property->m_type != attribute.m_type || (isFixed && !property->m_isConstrained)) isNarrower = true;
+    if (use.m_value && use.m_value->m_isFixed && !property->m_isFixed) isNarrower = true;
     AddAttributeRow(use, *property, facts);
 }
 

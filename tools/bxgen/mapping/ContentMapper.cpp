@@ -186,9 +186,9 @@ PropertyFacts const* ContentMapper::FindRestricted(Draft const& draft, bool& isN
     bool const hasClass = IsClass(*element);
     if (isObject ? hasClass == holdsNillable : !isAny && hasClass) return nullptr;
     if (isObject && property->m_class != nullptr && !hasClass) return nullptr;
-    if (!hasClass && element->m_type != property->m_type) isNarrower = true;
-    bool const isFixed = element->m_value && element->m_value->m_isFixed;
-    if (isFixed && !property->m_isConstrained) isNarrower = true;
+    bool const isValue = !isObject && !isAny;
+    if (!isValue && element->m_type != property->m_type && (isAny || !hasClass)) isNarrower = true;
+    if (element->m_value && element->m_value->m_isFixed && !property->m_isFixed) isNarrower = true;
     return property;
 }
 
@@ -323,6 +323,20 @@ std::string ContentMapper::OccurrenceOf(Draft const& draft) const {
     return "one of " + names;
 }
 
+bool ContentMapper::HasValue(Draft const& draft) {
+    return std::ranges::any_of(draft.m_nodes,
+                               [](ContentNode const* node) { return node->Element()->m_value.has_value(); });
+}
+
+void ContentMapper::WarnOfValue(Draft const& draft) const {
+    ContentNode const& first = *draft.m_nodes[0];
+    m_classes.m_mapping.m_diagnostics.Warning(
+        first.m_particle->m_place, "default",
+        "the default or fixed value of " + Quoted(first.Element()->m_name.m_local) +
+            " is not used, since the element may be nil, is of any type or has others elsewhere; set it in your "
+            "program");
+}
+
 void ContentMapper::MakeElement(Draft const& draft, PropertyFacts& property, TypeExpression& type) {
     ContentNode const& first = *draft.m_nodes[0];
     ElementDeclaration const& element = *first.Element();
@@ -336,6 +350,7 @@ void ContentMapper::MakeElement(Draft const& draft, PropertyFacts& property, Typ
     if (alternatives.size() > 1 || alternatives[0] != &element)
         return MakeObject(alternatives, isRepeated, property, type);
     if (element.m_type->IsAnyType()) {
+        if (HasValue(draft)) WarnOfValue(draft);
         property.m_isNillable = false;
         property.m_shape = isRepeated ? Shape::kAnyElements : Shape::kAnyElement;
         type.m_text = isRepeated ? "Bx::AnyElements" : "Bx::AnyElement";
@@ -374,15 +389,7 @@ void ContentMapper::MakeValue(Draft const& draft, SimpleType const& simple, bool
                            other->m_isFixed == element.m_value->m_isFixed));
     });
     bool const isConstrained = element.m_value && isAlike && !property.m_isNillable;
-    bool const isLost = std::ranges::any_of(
-        draft.m_nodes, [](ContentNode const* node) { return node->Element()->m_value.has_value(); });
-    if (isLost && !isConstrained) {
-        m_classes.m_mapping.m_diagnostics.Warning(
-            draft.m_nodes[0]->m_particle->m_place, "default",
-            "the default or fixed value of " + Quoted(element.m_name.m_local) +
-                " is not used, since the element may be nil or has others elsewhere; set it in your "
-                "program");
-    }
+    if (HasValue(draft) && !isConstrained) WarnOfValue(draft);
     if (property.m_isNillable) {
         property.m_shape = isRepeated ? Shape::kCollection : Shape::kObject;
         type = {isRepeated ? "Bx::Collection" : "Bx::Object",
@@ -393,6 +400,7 @@ void ContentMapper::MakeValue(Draft const& draft, SimpleType const& simple, bool
     }
     property.m_shape = isRepeated ? Shape::kValues : Shape::kValue;
     property.m_isConstrained = isConstrained;
+    property.m_isFixed = isConstrained && element.m_value->m_isFixed;
     if (isConstrained) {
         std::string const constraint = element.m_value->m_isFixed ? "Fixed" : "WithDefault";
         std::string const repeated = element.m_value->m_isFixed ? "FixedValues" : "ValuesWithDefault";
@@ -492,6 +500,10 @@ void ContentMapper::AddElementRow(ElementDeclaration const& element, PropertyFac
     }
     if (element.m_name.m_namespace.empty()) m_classes.m_mapping.m_plan.m_hasDefaultNamespace = false;
     row.m_isNillable = element.m_isNillable && isObject;
+    row.m_blocked = BlockedWays(element);
+    bool const isValue = property.m_shape == Shape::kValue || property.m_shape == Shape::kValues;
+    if (isValue && element.m_type != property.m_type)
+        row.m_narrowed = m_classes.m_simples.Expression(*element.m_type->AsSimple());
     bool const isRepeated = IsRepeated(property.m_shape);
     AddBounds(row, occurs, property.m_isRequired ? 1 : 0, isRepeated ? kMany : 1);
 }

@@ -38,6 +38,8 @@ private:
     void AssignLeaf(ContentNode& node, bool isMandatory, ContentNode const* choice);
     PropertyKey KeyOf(ContentNode const& node) const;
     void MakeProperty(Draft const& draft);
+    static bool HasValue(Draft const& draft);
+    void WarnOfValue(Draft const& draft) const;
     void MakeElement(Draft const& draft, PropertyFacts& property, TypeExpression& type);
     void MakeObject(std::vector<ElementDeclaration const*> const& alternatives, bool isRepeated,
                     PropertyFacts& property, TypeExpression& type);

@@ -35,7 +35,7 @@ void MapAll(Mapping const& mapping) {
     if (mapping.m_diagnostics.HasErrors()) return;
     ClassMapper classes(mapping, units, names);
     for (Type const* const type : mapping.m_set.Types()) {
-        if (auto const* const simple = type->AsSimple()) classes.Simples().Expression(*simple);
+        if (auto const* const simple = type->AsSimple()) classes.Simples().AddName(*simple);
     }
     for (ComplexType const* const type : names.Types()) classes.Class(*type);
     for (ElementDeclaration const* const root : roots) classes.Root(*root);

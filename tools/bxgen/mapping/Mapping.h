@@ -20,4 +20,11 @@ inline std::string_view TargetNamespaceOf(Component const& component) {
     return component.m_document != nullptr ? component.m_document->m_targetNamespace : std::string_view();
 }
 
+/// The ways of derivation, as bits, in which no type may stand for the one of an element.
+inline int BlockedWays(ElementDeclaration const& element) {
+    auto const* const complex = element.m_type->AsComplex();
+    int const blocked = element.m_block | (complex != nullptr ? complex->m_block : 0);
+    return element.m_type->IsAnonymous() && complex != nullptr ? 0 : blocked & (kExtension | kRestriction);
+}
+
 }  // namespace BxGen

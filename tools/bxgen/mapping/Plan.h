@@ -39,11 +39,14 @@ struct Documentation {
     Place m_place;
 };
 
-/// An argument of a row after the property: a text, a namespace, a number.
+/// An argument of a row after the property: a text, a namespace, a number, ways of derivation as bits.
 struct NamespaceArgument {
     std::string m_uri;
 };
-using RowArgument = std::variant<std::string, NamespaceArgument, int>;
+struct WaysArgument {
+    int m_ways;
+};
+using RowArgument = std::variant<std::string, NamespaceArgument, int, WaysArgument>;
 inline constexpr int kMany = -1;  ///< as a number: no maximum
 
 /// A line of a class's table. Kinds are the names of the kit.
@@ -54,6 +57,8 @@ struct RowPlan {
     Symbol const* m_class = nullptr;  ///< a class as (further) argument of the template
     std::vector<RowArgument> m_arguments;
     bool m_isNillable = false;
+    int m_blocked = 0;                         ///< ways of derivation, as bits
+    std::optional<TypeExpression> m_narrowed;  ///< a simple type that its values are tested against too
 };
 
 /// A property of a class.
@@ -98,6 +103,7 @@ struct ClassPlan : Symbol {
     bool m_isGroup = false;
     bool m_isRoot = false;
     bool m_isNamedType = false;
+    int m_derivation = 0;  ///< of an alias: the way in which its type derives
     std::string m_xmlName;
     std::string m_xmlNamespace;
     std::string m_elementNamespace;  ///< of the elements whose rows name none
@@ -122,6 +128,14 @@ struct NamespacePlan {
     Unit const* m_unit = nullptr;
 };
 
+/// A simple type that documents may name.
+struct SimpleNamePlan {
+    std::string m_name;
+    std::string m_namespace;
+    TypeExpression m_type;
+    TypeExpression m_base;  ///< the nearest base that has a name
+};
+
 struct Renamed {
     Place m_place;
     std::string m_from;
@@ -132,6 +146,7 @@ struct Plan {
     std::deque<Unit> m_units;
     std::deque<SimplePlan> m_simples;
     std::deque<ClassPlan> m_classes;
+    std::vector<SimpleNamePlan> m_simpleNames;
     std::vector<NamespacePlan> m_namespaces;
     std::vector<Renamed> m_renamed;
     std::vector<std::string> m_schemas;  ///< names of the files of the command line, without folders

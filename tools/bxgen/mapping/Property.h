@@ -42,7 +42,8 @@ struct PropertyFacts {
     Shape m_shape = Shape::kValue;
     bool m_isRequired = false;
     bool m_isNillable = false;
-    bool m_isConstrained = false;        ///< has a default or fixed value
+    bool m_isConstrained = false;  ///< has a default or fixed value
+    bool m_isFixed = false;
     Type const* m_type = nullptr;        ///< of the element or attribute
     ClassPlan const* m_class = nullptr;  ///< of the objects; null for Bx::CObject and what is no object
     ElementDeclaration const* m_element = nullptr;

@@ -154,6 +154,14 @@ TypeExpression const& SimpleTypeMapper::Expression(SimpleType const& type) {
     return m_expressions.emplace(&type, std::move(made)).first->second;
 }
 
+void SimpleTypeMapper::AddName(SimpleType const& type) {
+    Type const* base = type.m_base;
+    while (base->IsAnonymous() || base == type.m_redefined) base = base->m_base;
+    m_mapping.m_plan.m_simpleNames.push_back({std::string(type.m_name.m_local),
+                                              std::string(type.m_name.m_namespace), Expression(type),
+                                              Expression(*base->AsSimple())});
+}
+
 TypeExpression SimpleTypeMapper::Make(SimpleType const& type) {
     if (type.m_builtIn != BuiltIn::kNone) return {BuiltInText(type), nullptr, {}, {}};
     if (m_names.SimpleOf(type) == nullptr && type.IsAnonymous() && type.m_facets.empty()) return BaseOf(type);

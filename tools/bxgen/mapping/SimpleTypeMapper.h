@@ -17,6 +17,9 @@ public:
     /// What generated code writes for a type; makes its struct when it is first asked for.
     TypeExpression const& Expression(SimpleType const& type);
 
+    /// Lists a type with a name among those that documents may name.
+    void AddName(SimpleType const& type);
+
     /// Warns of values whose prefixes lose their meaning.
     void CheckValues(SimpleType const& type, Component const& user, std::string_view name);
 

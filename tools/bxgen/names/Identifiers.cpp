@@ -188,6 +188,7 @@ NameScope const& NamesOfObjects() {
                                                 "ToText",
                                                 "WritingContext",
                                                 "FastInfosetContext",
+                                                "XsiTyped",
                                                 "CObject",
                                                 "CGroup",
                                                 "Bx",
@@ -197,8 +198,8 @@ NameScope const& NamesOfObjects() {
 
 NameScope const& NamesOfNamespaces() {
     static NameScope const s_names =
-        MakeScope({"Bx", "Xs", "BxXmlLib5", "kSet", "kTypes", "kAliases", "kTypeNames", "kValues", "kFacets",
-                   "kTexts", "CObject", "CGroup"});
+        MakeScope({"Bx", "Xs", "BxXmlLib5", "kSet", "kTypes", "kAliases", "kTypeNames", "kSimpleTypes",
+                   "kValues", "kFacets", "kTexts", "CObject", "CGroup"});
     return s_names;
 }
 
