@@ -23,9 +23,10 @@ namespace BxXmlLib5::Generated {
 /// @{
 
 /// A type whose value is text under a whitespace rule.
-template <CWhitespaceUtils::WhitespaceRule kRule>
+template <CWhitespaceUtils::WhitespaceRule kItsRule>
 struct TextType {
     using Value = wstring;
+    static constexpr CWhitespaceUtils::WhitespaceRule kRule = kItsRule;
     static wstring FromText(std::u16string_view text);
     static wstring ToText(wstring const& value) { return value; }
 };

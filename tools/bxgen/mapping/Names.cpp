@@ -12,11 +12,7 @@ bool IsTextEnumeration(SimpleType const& type) {
                         (type.m_primitive == BuiltIn::kString || type.m_primitive == BuiltIn::kAnyUri);
     if (!isText || type.EnumerationStep() != &type || type.m_builtIn != BuiltIn::kNone) return false;
     SimpleType const* const base = type.RestrictedType();
-    if (base != nullptr && base->EnumerationStep() != nullptr) return false;
-    return std::ranges::all_of(type.m_facets, [&](Facet const* facet) {
-        return facet->m_kind != FacetKind::kEnumeration || type.m_whiteSpace == WhiteSpace::kCollapse ||
-               facet->m_value == Collapsed(facet->m_value);
-    });
+    return base == nullptr || base->EnumerationStep() == nullptr;
 }
 
 namespace {
