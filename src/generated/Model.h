@@ -32,7 +32,8 @@ struct PropertyModel {
     /// As Count(), but what is demanded and not set is written with its default.
     int CountToWrite(CObject const& object, int min) const {
         int const count = Count(object);
-        return count == 0 && min > 0 && actions->defaultText != nullptr ? 1 : count;
+        bool const hasDefault = actions->shape == Actions::Shape::Value && actions->defaultText != nullptr;
+        return count == 0 && min > 0 && hasDefault ? 1 : count;
     }
 };
 

@@ -5,12 +5,12 @@
 #include <cstdint>
 #include <string_view>
 
+#include "BxXmlLib5/generated/CSchemaDate.h"
+#include "BxXmlLib5/generated/CSchemaDuration.h"
 #include "BxXmlLib5/generated/SimpleTypes.h"
 #include "BxXmlLib5/platform/Export.h"
 #include "BxXmlLib5/values/CBigInteger.h"
 #include "BxXmlLib5/values/CBinaryData.h"
-#include "BxXmlLib5/values/CDateTime.h"
-#include "BxXmlLib5/values/CDateTimeSpan.h"
 #include "BxXmlLib5/values/CDecimal.h"
 #include "BxXmlLib5/values/CWhitespaceUtils.h"
 
@@ -65,10 +65,10 @@ struct FloatType {
 /// One of the eight date and time types.
 template <CDateTime::DTType kType>
 struct DateType {
-    using Value = CDateTime;
-    BXXMLLIB5_API static CDateTime FromText(std::u16string_view text);
-    BXXMLLIB5_API static wstring ToText(CDateTime const& value);
-    BXXMLLIB5_API static void TestForm(CDateTime const& value);
+    using Value = CSchemaDate;
+    BXXMLLIB5_API static CSchemaDate FromText(std::u16string_view text);
+    static wstring ToText(CSchemaDate const& value) { return value.GetText(); }
+    BXXMLLIB5_API static void TestForm(CSchemaDate const& value);
 };
 /// @}
 
@@ -153,9 +153,9 @@ struct gMonth     : DateType<CDateTime::dt_gMonth> {};
 // clang-format on
 
 struct duration {
-    using Value = CDateTimeSpan;
-    BXXMLLIB5_API static CDateTimeSpan FromText(std::u16string_view text);
-    BXXMLLIB5_API static wstring ToText(CDateTimeSpan const& value);
+    using Value = CSchemaDuration;
+    BXXMLLIB5_API static CSchemaDuration FromText(std::u16string_view text);
+    static wstring ToText(CSchemaDuration const& value) { return value.GetText(); }
 };
 
 struct hexBinary {
