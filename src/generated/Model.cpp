@@ -252,6 +252,14 @@ bool Model::Knows(CXmlElement const* child, bool ignoreNamespaces) const {
     });
 }
 
+bool Model::KnowsAttribute(CXmlAttribute const& attribute, bool ignoreNamespaces) const {
+    return std::ranges::any_of(attributes, [&](AttributeModel const& one) {
+        if (one.constraint) return ignoreNamespaces || one.constraint->Admits(attribute.GetNamespaceURI());
+        return attribute.GetLocalName() == one.name &&
+               (ignoreNamespaces || attribute.GetNamespaceURI() == one.namespaceUri);
+    });
+}
+
 bool Model::IsAnything() const {
     auto const isOpen = [](auto const& one) { return one.constraint && one.constraint->Admits(u""); };
     return base == nullptr && text != nullptr && std::ranges::any_of(particles, isOpen) &&

@@ -111,6 +111,9 @@ struct Model {
     /// Whether some row of the class, or of its repeated groups, takes the child.
     bool Knows(CXmlElement const* child, bool ignoreNamespaces) const;
 
+    /// Whether it is an attribute of the class.
+    bool KnowsAttribute(CXmlAttribute const& attribute, bool ignoreNamespaces) const;
+
     /// Whether the class is another one or derives from it.
     bool Is(Class const& other) const;
 

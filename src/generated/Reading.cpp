@@ -54,8 +54,7 @@ Reading::Reading(CObject& object, Reading& outer, Round* round)
 void Reading::Content(bool mayBeNil) {
     bool const isNil = m_model.IsNil(m_object);
     if (isNil && !mayBeNil) {
-        throw CBxValidationException(
-            FormatString(u"The element [%s] is nil, which it may not be", m_element.GetLocalName().c_str()));
+        ThrowNil(m_element);
     }
     if (m_model.content != nullptr && !isNil) Read(*m_model.content);
     if (m_child != nullptr && !m_skipsUnknown) {
@@ -232,7 +231,8 @@ void Reading::ReadChild(Particle const& particle) {
     }
 }
 
-void ThrowIfNotSimple(CXmlElement const& element, bool mayBeNil, CXmlSerializationContext const& context) {
+void ThrowIfNotSimple(CXmlElement const& element, bool mayBeNil, CXmlSerializationContext const& context,
+                      Model const* type) {
     if (CXmlElement const* const inside = element.GetFirstElement();
         inside != nullptr && !context.GetIgnoreUnknownElements()) {
         throw CBxValidationException(FormatString(u"Unexpected element [%s] found in the element [%s]",
@@ -244,6 +244,7 @@ void ThrowIfNotSimple(CXmlElement const& element, bool mayBeNil, CXmlSerializati
         bool const isNil =
             attribute->GetLocalName() == u"nil" && attribute->GetNamespaceURI() == kXsiNamespace;
         if (attribute->IsNamespaceAttribute() || (isNil && mayBeNil)) continue;
+        if (type != nullptr && type->KnowsAttribute(*attribute, context.GetIgnoreNamespaces())) continue;
         throw CBxValidationException(
             FormatString(u"Unexpected Attribute [%s] found.", attribute->GetLocalName().c_str()));
     }
@@ -254,10 +255,11 @@ namespace {
 /// Keeps the type that an element names for the value that was read from it last.
 void Keep(CObject& owner, PropertyModel const& property, std::u16string_view literal, NamedType const& named,
           CSmartPtr<CObject> content) {
-    int const index = property.Count(owner) - 1;
-    if (index < 0) return;
-    wstring room;
-    wstring const& text = property.actions->text(property.Of(owner), index, room);
+    // What is nil has no value.
+    int const count = property.Count(owner);
+    int const index = std::max(count - 1, 0);
+    wstring room, text;
+    if (count > 0) text = property.actions->text(property.Of(owner), index, room);
     ObjectAccess::KeptOf(owner).Add(
         property.place, index, {text, wstring(literal), named.name, named.namespaceUri, std::move(content)});
 }
@@ -266,10 +268,13 @@ void Keep(CObject& owner, PropertyModel const& property, std::u16string_view lit
 void ReadSimpleAs(CObject& object, CXmlElement& element, bool mayBeNil, NamedType const& named,
                   Set const& set, unsigned char blocked, CXmlSerializationContext const& context) {
     PropertyModel const& text = *ObjectAccess::ModelOf(object).text;
-    std::u16string_view const literal = TextOrDefault(element, text);
+    PropertyModel const* const nil = ObjectAccess::ModelOf(object).nil;
+    bool const isNil = mayBeNil && nil != nullptr && IsNil(element);
+    std::u16string_view const literal = isNil ? std::u16string_view() : TextOrDefault(element, text);
     CSmartPtr<CObject> content =
-        ReadNamed(element, literal, *text.actions->type, named, set, blocked, context);
+        ReadNamed(element, literal, isNil, *text.actions->type, named, set, blocked, context);
     if (content) {
+        if (isNil) *static_cast<Nil*>(nil->Of(object)) = true;
         Reading(object, element, nullptr, context).Content(mayBeNil);
     } else {
         ReadElement(object, element, mayBeNil, context);
@@ -305,8 +310,8 @@ void Reading::ReadSimple(Particle const& particle) {
     CSmartPtr<CObject> content;
     std::u16string_view const text = TextOrDefault(*m_child, property);
     if (named)
-        content =
-            ReadNamed(*m_child, text, *property.actions->type, *named, set, particle.blocked, m_context);
+        content = ReadNamed(*m_child, text, false, *property.actions->type, *named, set, particle.blocked,
+                            m_context);
     if (!content) ThrowIfNotSimple(*m_child, false, m_context);
     ReadValue(m_object, property, particle.name, text, particle.narrowed);
     if (named) Keep(m_object, property, text, *named, std::move(content));
@@ -331,6 +336,7 @@ CSmartPtr<CXmlObjectBase> Reading::ReadObject(Particle const& particle) {
 
 CSmartPtr<CXmlObjectBase> Reading::ReadUntyped(Particle const& particle) {
     if (!particle.constraint) {
+        TestNil(*m_child, particle.isNillable || m_context.GetIgnoreUnknownAttributes());
         // XML Schema Part 1, 3.3.4, 4: an element of any type may say which it is.
         if (auto const named = NamedTypeOf(*m_child, *m_model.type.GetFacts().set))
             TestNamed(*m_child, *named, particle.blocked, m_context);

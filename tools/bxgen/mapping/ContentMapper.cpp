@@ -499,9 +499,9 @@ void ContentMapper::AddElementRow(ElementDeclaration const& element, PropertyFac
         m_classes.m_units.Need(element.m_name.m_namespace);
     }
     if (element.m_name.m_namespace.empty()) m_classes.m_mapping.m_plan.m_hasDefaultNamespace = false;
-    row.m_isNillable = element.m_isNillable && isObject;
-    row.m_blocked = BlockedWays(element);
     bool const isValue = property.m_shape == Shape::kValue || property.m_shape == Shape::kValues;
+    row.m_isNillable = element.m_isNillable && !isValue;
+    row.m_blocked = BlockedWays(element);
     if (isValue && element.m_type != property.m_type)
         row.m_narrowed = m_classes.m_simples.Expression(*element.m_type->AsSimple());
     bool const isRepeated = IsRepeated(property.m_shape);
