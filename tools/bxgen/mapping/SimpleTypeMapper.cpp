@@ -140,7 +140,8 @@ std::string ValueText(SimpleType const& type, std::string_view value) {
         return Collapsed(value);
     std::string text(value);
     if (type.m_whiteSpace == WhiteSpace::kReplace)
-        std::ranges::replace_if(text, [](char c) { return kWhitespace.find(c) != kWhitespace.npos; }, ' ');
+        std::ranges::replace_if(
+            text, [](char c) { return kWhitespace.find(c) != kWhitespace.npos; }, ' ');
     return text;
 }
 
