@@ -172,9 +172,12 @@ BXXMLLIB5_API int FindText(std::span<char16_t const* const> texts, std::u16strin
 BXXMLLIB5_API int FindEnumerator(std::span<char16_t const* const> texts, std::u16string_view text,
                                  CWhitespaceUtils::WhitespaceRule rule);
 
+/// @throws CBxInvalidValueException always, for what is no enumerator, and for what no member of a union takes
+/// @{
 [[noreturn]] BXXMLLIB5_API void ThrowNoEnumerator(std::u16string_view literal);
 [[noreturn]] BXXMLLIB5_API void ThrowNoEnumerator(int value);
 [[noreturn]] BXXMLLIB5_API void ThrowNoMember(std::u16string_view literal);
+/// @}
 
 /// Whether a text begins, behind whitespace, with one of some characters.
 BXXMLLIB5_API bool StartsWithAny(std::u16string_view text, std::u16string_view characters);
@@ -327,6 +330,7 @@ typename S::Value Converted(std::u16string_view text) {
         return S::FromText(text);
     }
 }
+
 /// Whether a text has this value by union S, and by the same member.
 template <class S>
 bool Gives(std::u16string_view text, typename S::Value const& value) {
