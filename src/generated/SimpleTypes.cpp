@@ -2,6 +2,7 @@
 
 #include "BxXmlLib5/core/FormatString.h"
 #include "BxXmlLib5/generated/Property.h"
+#include "BxXmlLib5/values/CConversions.h"
 #include "BxXmlLib5/values/CWhitespaceUtils.h"
 #include "platform/TextView.h"
 
@@ -34,9 +35,11 @@ int FindText(std::span<char16_t const* const> texts, std::u16string_view literal
     return -1;
 }
 
-int FindEnumerator(std::span<char16_t const* const> texts, std::u16string_view text) {
-    int const index = FindText(texts, Trimmed(text));
-    return index >= 0 ? index : FindText(texts, Collapsed(text));
+int FindEnumerator(std::span<char16_t const* const> texts, std::u16string_view text,
+                   CWhitespaceUtils::WhitespaceRule rule) {
+    int const index = FindText(texts, text);
+    if (index >= 0 || rule == CWhitespaceUtils::ws_Preserve) return index;
+    return FindText(texts, CConversions::stringFromString(text, rule));
 }
 
 bool StartsWithAny(std::u16string_view text, std::u16string_view characters) {

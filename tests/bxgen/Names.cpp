@@ -64,6 +64,9 @@ TEST(Names, OptionsChoose) {
               "namespace A\nR : Bx::Root<Bx::CObject>\n  Bx::Object<T> E  // required\n  Sequence Element(E e 1 1) End\nnamespace V::W\nT : Bx::CObject\n");
     folder.Put("names", "# of types\ntype {v}t-type Thing\nelement {u}r Top\nproperty {u}e Entry\n");
     EXPECT_EQ(PlanOf(folder, {"--names", "@names"}), "Top : Bx::Root<Bx::CObject>\n  Bx::Object<Thing> Entry  // required\n  Sequence Element(Entry e 1 1) End\nThing : Bx::CObject\n");
+    folder.Put("names", "\ntype {v}t-tipe Thing\n");
+    EXPECT_EQ(PlanOf(folder, {"--names", "@names"}), unreferenced + type + "names:2:1: warning: 'type {v}t-tipe' is nothing that gets a name here [names]\n");
+    EXPECT_EQ(PlanOf(folder, {"--names", "."}), "bxgen: error: '.' cannot be read: Is a directory [file]\n");
     folder.Put("names", "type {v}t-type a-b\n");
     EXPECT_EQ(PlanOf(folder, {"--names", "@names"}), "names:1:1: error: a line must be: type|element|group|property {namespace}name NAME [names]\n");
 }

@@ -118,6 +118,8 @@ TEST(SimpleTypes, HaveTheFacetsOfAllSteps) {
         {&Again<MarkType>, {{"ab", "ab"}}, {"a"}},
         {&Again<CodeType>, {{" AB123 ", "AB123"}}, {"AB12345", "xAB1", "AB1x"}},
         {&Again<SpeedType>, {{" fast ", "fast"}}, {"Fast"}},
+        {&Again<PaceType>, {{"slow", "slow"}, {" fast", " fast"}}, {" slow", "fast", "\tfast"}},
+        {&Again<GaitType>, {{"slow\nwalk", "slow walk"}}, {"slow  walk", " slow walk"}},
         {&Again<SizeType>, {{"1", "1"}, {"02.50", "2.5"}}, {"2"}},
         {&Again<TwoSizesType>, {{"1 2.5", "1 2.5"}}, {"1", "1 3"}},
         {&Again<WeightType>, {{"2", "2"}, {" slow ", "slow"}, {"AB9", "AB9"}}, {"slower"}},

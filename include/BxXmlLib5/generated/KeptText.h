@@ -23,6 +23,7 @@ public:
     ~KeptText() = default;
 
     explicit operator bool() const { return m_text != nullptr; }
+    /// There must be a text.
     wstring const& operator*() const { return *m_text; }
 
 private:

@@ -167,6 +167,7 @@ public:
     }
     /// As Set(), with the value of a literal. The literal is kept if it says more than the value, so that what a
     /// pattern or a union takes is written as it was read.
+    /// @throws CBxInvalidValueException if the text is no literal of S; the property keeps what it has
     void SetText(std::u16string_view text) { Store(ValueOf<S>(text), text); }
 
     void Clear() {
@@ -189,7 +190,7 @@ private:
     [[no_unique_address]] LiteralRoom<S> m_literal;
 };
 
-/// A property that must have a value when the object is written.
+/// A property that must have a value when the object is written. What is assigned is tested as by Set().
 template <class S>
 class Required : public Property<S, RoomInside<typename S::Value>> {
 public:
@@ -204,7 +205,7 @@ public:
     }
 };
 
-/// A property that may have a value.
+/// A property that may have a value. What is assigned is tested as by Set().
 template <class S>
 class Optional
     : public Property<S, std::conditional_t<(sizeof(typename S::Value) <= 24), RoomInside<typename S::Value>,
@@ -276,6 +277,7 @@ public:
         TestFixed<S, kText>(value);
         Optional<S>::Set(std::move(value));
     }
+    /// @throws CBxInvalidValueException for the literal of any other value
     void SetText(std::u16string_view text) {
         Value value = ValueOf<S>(text);
         TestFixed<S, kText>(value);
@@ -327,12 +329,14 @@ public:
     auto begin() const { return All().begin(); }
     auto end() const { return All().end(); }
 
+    /// Appends a value.
     /// @throws CBxInvalidValueException if the value breaks a facet of S
     void Add(Value value) requires(!HasText<S>) { AddTested(std::move(value)); }
     template <IsText T>
     requires HasText<S>
     void Add(T&& text) { AddTested(Wide(std::forward<T>(text))); }
-    /// As Add(), with the value of a literal.
+    /// As Add(), with the value of a literal, which is kept as Property::SetText() does.
+    /// @throws CBxInvalidValueException if the text is no literal of S
     void AddText(std::u16string_view text) {
         Append(ValueOf<S>(text));
         if constexpr (SaysMore<S>()) {
@@ -344,6 +348,7 @@ public:
     }
 
     /// The literal of a value that was kept, as for Property, or null.
+    /// @throws CBxInvalidParamException unless index is 0 to Count() - 1
     wstring const* GetLiteral(int index) const {
         std::size_t const at = Index(index);
         auto const& literals = m_content->literals;

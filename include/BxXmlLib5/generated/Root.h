@@ -73,7 +73,8 @@ public:
         ParseRoot(*this, document, context);
     }
 
-    /// Writes a file of XML text in UTF-8. One of that name is replaced, but only when all is written.
+    /// Writes a file of XML text in UTF-8. One of that name is replaced, but only once the whole document
+    /// is made: what Validate() tells leaves it as it was.
     /// @param path in UTF-8
     /// @throws CBxValidationException for what Validate() tells
     /// @throws CBxException if the file cannot be written

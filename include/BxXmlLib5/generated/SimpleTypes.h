@@ -31,6 +31,7 @@
 #include "BxXmlLib5/platform/Text.h"
 #include "BxXmlLib5/values/CBigInteger.h"
 #include "BxXmlLib5/values/CDecimal.h"
+#include "BxXmlLib5/values/CWhitespaceUtils.h"
 
 namespace BxXmlLib5::Generated {
 
@@ -40,11 +41,17 @@ struct Restriction : S {
     using Base = S;
 };
 
+namespace Xs {
+struct string;
+}
+
 /// A type whose values are the enumerators of E, numbered from 0. The derived struct gives kTexts, the text of
 /// each enumerator in their order.
-template <class E>
+/// @tparam S a type of text, under whose whitespace rule a literal is looked up
+template <class E, class S = Xs::string>
 struct Enumeration {
     using Value = E;
+    using Text = S;
 };
 
 /// A type whose values are lists of values of S, in one text.
@@ -161,12 +168,16 @@ BXXMLLIB5_API std::optional<std::u16string_view> TakeItem(std::u16string_view& l
 /// The index of a literal among some texts, -1 if it is none of them.
 BXXMLLIB5_API int FindText(std::span<char16_t const* const> texts, std::u16string_view literal);
 
-/// The number of the enumerator that a text stands for once whitespace is collapsed, -1 if there is none.
-BXXMLLIB5_API int FindEnumerator(std::span<char16_t const* const> texts, std::u16string_view text);
+/// The number of the enumerator that a text stands for by a whitespace rule, -1 if there is none.
+BXXMLLIB5_API int FindEnumerator(std::span<char16_t const* const> texts, std::u16string_view text,
+                                 CWhitespaceUtils::WhitespaceRule rule);
 
+/// @throws CBxInvalidValueException always, for what is no enumerator, and for what no member of a union takes
+/// @{
 [[noreturn]] BXXMLLIB5_API void ThrowNoEnumerator(std::u16string_view literal);
 [[noreturn]] BXXMLLIB5_API void ThrowNoEnumerator(int value);
 [[noreturn]] BXXMLLIB5_API void ThrowNoMember(std::u16string_view literal);
+/// @}
 
 /// Whether a text begins, behind whitespace, with one of some characters.
 BXXMLLIB5_API bool StartsWithAny(std::u16string_view text, std::u16string_view characters);
@@ -279,7 +290,7 @@ constexpr std::u16string_view FirstCharacters() {
 template <class S>
 bool MayTake(std::u16string_view text) {
     if constexpr (IsEnumeration<S>) {
-        return FindEnumerator(S::kTexts, text) >= 0;
+        return FindEnumerator(S::kTexts, text, S::Text::kRule) >= 0;
     } else {
         constexpr std::u16string_view kFirst = FirstCharacters<typename S::Value>();
         return kFirst.empty() || StartsWithAny(text, kFirst);
@@ -306,8 +317,8 @@ typename S::Value ConvertedMember(std::u16string_view text) {
 template <class S>
 typename S::Value Converted(std::u16string_view text) {
     if constexpr (IsEnumeration<S>) {
-        int const index = FindEnumerator(S::kTexts, text);
-        if (index < 0) ThrowNoEnumerator(Trimmed(text));
+        int const index = FindEnumerator(S::kTexts, text, S::Text::kRule);
+        if (index < 0) ThrowNoEnumerator(text);
         return static_cast<typename S::Value>(index);
     } else if constexpr (IsList<S>) {
         typename S::Value items;
@@ -319,6 +330,7 @@ typename S::Value Converted(std::u16string_view text) {
         return S::FromText(text);
     }
 }
+
 /// Whether a text has this value by union S, and by the same member.
 template <class S>
 bool Gives(std::u16string_view text, typename S::Value const& value) {

@@ -34,6 +34,12 @@ bool Has(SimpleType const& type, FacetKind kind) {
     return std::ranges::find(type.m_facets, kind, &Facet::m_kind) != type.m_facets.end();
 }
 
+/// The type of texts under a whitespace rule.
+std::string_view TextTypeOf(WhiteSpace rule) {
+    constexpr std::string_view kTypes[] = {"Xs::string", "Xs::normalizedString", "Xs::token"};
+    return kTypes[static_cast<std::size_t>(rule)];
+}
+
 /// A type that takes whitespace away that its base keeps.
 bool ChangesWhiteSpace(SimpleType const& type) {
     SimpleType const* const base = type.RestrictedType();
@@ -93,8 +99,7 @@ IntegerKind const* IntegerKindOf(SimpleType const& type) {
 
 /// The built-in type that stands for all steps of a type, if it is not the one that its base stands on.
 std::string_view OtherBase(SimpleType const& type) {
-    if (ChangesWhiteSpace(type))
-        return type.m_whiteSpace == WhiteSpace::kCollapse ? "Xs::token" : "Xs::normalizedString";
+    if (ChangesWhiteSpace(type)) return TextTypeOf(type.m_whiteSpace);
     IntegerKind const* const kind = IntegerKindOf(type);
     return kind != nullptr && kind != IntegerKindOf(*type.RestrictedType()) ? kind->m_text
                                                                             : std::string_view();
@@ -131,8 +136,13 @@ std::string BuiltInText(SimpleType const& type) {
 
 /// The text of an enumeration's value under the type's whitespace rule.
 std::string ValueText(SimpleType const& type, std::string_view value) {
-    bool const isAsWritten = type.m_variety == Variety::kAtomic && type.m_whiteSpace == WhiteSpace::kPreserve;
-    return isAsWritten ? std::string(value) : Collapsed(value);
+    if (type.m_variety != Variety::kAtomic || type.m_whiteSpace == WhiteSpace::kCollapse)
+        return Collapsed(value);
+    std::string text(value);
+    if (type.m_whiteSpace == WhiteSpace::kReplace)
+        std::ranges::replace_if(
+            text, [](char c) { return kWhitespace.find(c) != kWhitespace.npos; }, ' ');
+    return text;
 }
 
 int Clamped(std::uint64_t number) {
@@ -200,6 +210,8 @@ TypeExpression SimpleTypeMapper::MakeStruct(SimpleType const& type) {
 
 void SimpleTypeMapper::AddEnumerators(SimpleType const& type, SimplePlan& plan) {
     plan.m_base = {"Bx::Enumeration", nullptr, {{plan.m_enum, nullptr, {}, {}}}, {}};
+    if (type.m_whiteSpace != WhiteSpace::kPreserve)
+        plan.m_base.m_arguments.push_back({std::string(TextTypeOf(type.m_whiteSpace)), nullptr, {}, {}});
     NameScope scope;
     std::set<std::string> texts;
     for (Facet const* const facet : type.m_facets) {
@@ -219,7 +231,8 @@ void SimpleTypeMapper::AddEnumerators(SimpleType const& type, SimplePlan& plan) 
 void SimpleTypeMapper::AddFacets(SimpleType const& type, SimplePlan& plan) {
     SimpleType const& restricted = *type.RestrictedType();
     SimpleType const* const enumeration = type.EnumerationStep();
-    bool const isOverEnum = enumeration != nullptr && enumeration != &type && IsTextEnumeration(*enumeration);
+    bool const isOverEnum = enumeration != nullptr && enumeration != &type &&
+                            IsTextEnumeration(*enumeration) && !ChangesWhiteSpace(type);
     std::string_view const otherBase = isOverEnum ? std::string_view() : OtherBase(type);
     if (!otherBase.empty()) {
         // All steps below are repeated.
