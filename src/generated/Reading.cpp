@@ -115,8 +115,7 @@ void Reading::Read(Particle const& particle) {
 
 void Reading::ReadElements(Particle const& particle) {
     int count = 0;
-    int const most =
-        particle.goesOn && m_round != nullptr && !m_skipsUnknown ? MostOf(particle) : particle.max;
+    int const most = MostOf(particle);
     while (most < 0 || count < most) {
         if (m_skipsUnknown) SkipUnknown();
         if (!Matches(particle) && (count >= particle.min || !SkipTo(particle))) break;
@@ -133,9 +132,11 @@ void Reading::ReadElements(Particle const& particle) {
 /// How many elements of a run belong to this item, where the next one may begin with the same element: so many that
 /// what is left makes items too, and as many items as there must be.
 int Reading::MostOf(Particle const& particle) {
+    if (!particle.goesOn || m_round == nullptr || m_skipsUnknown) return particle.max;
     std::int64_t& run = m_round->run;
     if (run == 0) {
-        for (CXmlElement* child = m_child; child != nullptr && particle.Matches(child, m_ignoreNamespaces);
+        for (CXmlElement* child = m_child;
+             child != nullptr && particle.Started(child, m_ignoreNamespaces) != nullptr;
              child = child->GetNextSiblingElement())
             ++run;
     }
@@ -186,7 +187,8 @@ void Reading::ReadSequence(Particle const& sequence) {
 
 void Reading::ReadChoice(Particle const& choice) {
     int count = 0;
-    while (choice.max < 0 || count < choice.max) {
+    int const most = MostOf(choice);
+    while (most < 0 || count < most) {
         Particle const* member = Started(choice);
         if (member == nullptr && count < choice.min && !choice.canBeEmpty && SkipTo(choice))
             member = Started(choice);
