@@ -53,6 +53,10 @@ bool CAttributeEntry::AttributeFromXml(CXmlSerializationContext const& context, 
                                        CXmlAttribute* attribute) {
     auto& object = static_cast<CObject&>(*owner);
     if (m_model.constraint) {
+        // No wildcard is asked for xsi:nil (XML Schema Part 1, 3.4.4); what is of any type has no other place
+        // for it.
+        if (attribute->GetNamespaceURI() == kXsiNamespace && !ObjectAccess::ModelOf(object).IsAnything())
+            return false;
         if (!context.GetIgnoreNamespaces() && !m_model.constraint->Admits(attribute->GetNamespaceURI()))
             return false;
         static_cast<AnyAttributes*>(m_model.property->Of(object))

@@ -1,6 +1,7 @@
 #include "BxXmlLib5/generated/Facets.h"
 
 #include <algorithm>
+#include <compare>
 #include <optional>
 #include <type_traits>
 #include <utility>
@@ -53,33 +54,19 @@ void LiteralTests::TestLength(std::size_t length) const {
     }
 }
 
-void LiteralTests::TestValues(std::u16string_view literal) const {
-    if (m_facets.values.empty() || FindText(m_facets.values, literal) >= 0) return;
-    ThrowNoEnumerator(literal);
-}
-
 namespace {
-
-template <class V>
-constexpr bool kIsPartlyOrdered = std::is_same_v<V, CDateTime> || std::is_same_v<V, CDateTimeSpan>;
 
 template <class V>
 constexpr bool kIsOrdered =
     !std::is_same_v<V, wstring> && !std::is_same_v<V, CBinaryData> && !std::is_same_v<V, bool>;
 
-/// Values of which not all can be compared break a bound only if they are surely outside.
 template <class V>
-bool IsBelow(V const& a, V const& b, bool orEqual) {
-    if constexpr (kIsPartlyOrdered<V>) {
-        CDateTime::DTCompareResult const result = a.CompareTo(b);
-        return result == CDateTime::dtc_lessThan || (orEqual && result == CDateTime::dtc_equal);
-    } else if constexpr (std::is_floating_point_v<V>) {
-        // Not-a-number breaks every bound.
-        return a != a || b != b || a < b || (orEqual && a == b);
-    } else {
-        // Zero may carry a sign, which its order sees.
-        return a == b ? orEqual : a < b;
-    }
+std::partial_ordering Order(V const& a, V const& b) {
+    // Zero may carry a sign, which the order of some sees.
+    if (a == b) return std::partial_ordering::equivalent;
+    return a < b   ? std::partial_ordering::less
+           : b < a ? std::partial_ordering::greater
+                   : std::partial_ordering::unordered;
 }
 
 /// The characters of a text; a pair of surrogates is one.
@@ -114,9 +101,23 @@ wstring MessageText(V const& value) {
         return FloatType<V>::ToText(value);
     } else if constexpr (std::is_same_v<V, CBinaryData>) {
         return value.GetAsHexString();
+    } else if constexpr (requires { value.GetText(); }) {
+        return value.GetText();
     } else {
         return value.ToString();
     }
+}
+
+/// @param holds whether a value that compares so with the bound is within it; what cannot be compared is not
+template <class V>
+void TestBound(V const& value, std::optional<V> const& bound, char16_t const* boundText,
+               bool (*holds)(std::partial_ordering), char16_t const* message) {
+    if (!bound) return;
+    std::partial_ordering const order = Order(value, *bound);
+    if (holds(order)) return;
+    bool const isUnordered = order == std::partial_ordering::unordered;
+    ThrowBreaks(isUnordered ? u"The value [%s] cannot be compared with [%s]" : message, MessageText(value),
+                boundText);
 }
 
 }  // namespace
@@ -153,19 +154,14 @@ void FacetTests<V>::Test(V const& value) const {
     }
     if constexpr (kIsOrdered<V>) {
         Bounds const& bounds = *m_bounds;
-        if (bounds.minInclusive && IsBelow(value, *bounds.minInclusive, false)) {
-            ThrowBreaks(u"The value [%s] is less than [%s]", MessageText(value), m_facets.minInclusive);
-        }
-        if (bounds.maxInclusive && IsBelow(*bounds.maxInclusive, value, false)) {
-            ThrowBreaks(u"The value [%s] is greater than [%s]", MessageText(value), m_facets.maxInclusive);
-        }
-        if (bounds.minExclusive && IsBelow(value, *bounds.minExclusive, true)) {
-            ThrowBreaks(u"The value [%s] is not greater than [%s]", MessageText(value),
-                        m_facets.minExclusive);
-        }
-        if (bounds.maxExclusive && IsBelow(*bounds.maxExclusive, value, true)) {
-            ThrowBreaks(u"The value [%s] is not less than [%s]", MessageText(value), m_facets.maxExclusive);
-        }
+        TestBound(value, bounds.minInclusive, m_facets.minInclusive, std::is_gteq,
+                  u"The value [%s] is less than [%s]");
+        TestBound(value, bounds.maxInclusive, m_facets.maxInclusive, std::is_lteq,
+                  u"The value [%s] is greater than [%s]");
+        TestBound(value, bounds.minExclusive, m_facets.minExclusive, std::is_gt,
+                  u"The value [%s] is not greater than [%s]");
+        TestBound(value, bounds.maxExclusive, m_facets.maxExclusive, std::is_lt,
+                  u"The value [%s] is not less than [%s]");
     }
     if (m_facets.totalDigits >= 0 || m_facets.fractionDigits >= 0) {
         Digits const digits = CountDigits(MessageText(value));
@@ -198,8 +194,8 @@ template class FacetTests<std::uint32_t>;
 template class FacetTests<std::uint64_t>;
 template class FacetTests<CDecimal>;
 template class FacetTests<CBigInteger>;
-template class FacetTests<CDateTime>;
-template class FacetTests<CDateTimeSpan>;
+template class FacetTests<CSchemaDate>;
+template class FacetTests<CSchemaDuration>;
 template class FacetTests<CBinaryData>;
 
 }  // namespace BxXmlLib5::Generated

@@ -1,5 +1,6 @@
 // The lexical forms of the built-in simple types (XML Schema Part 2, 3).
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <type_traits>
@@ -7,6 +8,7 @@
 #include "BxXmlLib5/core/FormatString.h"
 #include "BxXmlLib5/generated/Xs.h"
 #include "BxXmlLib5/values/CConversions.h"
+#include "generated/Scan.h"
 #include "platform/TextView.h"
 #include "values/NumberText.h"
 
@@ -19,41 +21,17 @@ void ThrowBadForm(std::u16string_view literal) {
 
 namespace {
 
-/// Reads a literal from its front.
-class Scan {
-public:
-    explicit Scan(std::u16string_view text) : m_rest(text) {}
-
-    bool AtEnd() const { return m_rest.empty(); }
-    std::u16string_view Rest() const { return m_rest; }
-    bool Take(char16_t c) {
-        if (!m_rest.starts_with(c)) return false;
-        m_rest.remove_prefix(1);
-        return true;
-    }
-    bool TakeSign() { return Take(u'-') || Take(u'+'); }
-    /// @return how many there are
-    std::size_t TakeDigits() {
-        std::size_t const count = SkipDigits(m_rest, 0);
-        m_rest.remove_prefix(count);
-        return count;
-    }
-
-private:
-    std::u16string_view m_rest;
-};
-
 bool IsInteger(std::u16string_view text) {
     Scan scan(text);
     scan.TakeSign();
-    return scan.TakeDigits() > 0 && scan.AtEnd();
+    return !scan.TakeDigits().empty() && scan.AtEnd();
 }
 
 /// Takes digits with a point among or beside them.
 bool TakeDecimal(Scan& scan) {
     scan.TakeSign();
-    std::size_t digits = scan.TakeDigits();
-    if (scan.Take(u'.')) digits += scan.TakeDigits();
+    std::size_t digits = scan.TakeDigits().size();
+    if (scan.Take(u'.')) digits += scan.TakeDigits().size();
     return digits > 0;
 }
 
@@ -67,93 +45,21 @@ bool IsFloat(std::u16string_view text) {
     if (!TakeDecimal(scan)) return false;
     if (scan.Take(u'e') || scan.Take(u'E')) {
         scan.TakeSign();
-        if (scan.TakeDigits() == 0) return false;
+        if (scan.TakeDigits().empty()) return false;
     }
     return scan.AtEnd();
 }
 
-/// Counts behind which these designators may stand, in this order.
-bool TakeCounts(Scan& scan, std::u16string_view designators, bool& isEmpty) {
-    isEmpty = true;
-    while (!scan.AtEnd()) {
-        Scan const before = scan;
-        if (scan.TakeDigits() == 0) return true;
-        bool const hasFraction = scan.Take(u'.');
-        if (hasFraction && scan.TakeDigits() == 0) return false;
-        while (!designators.empty() && !scan.Take(designators.front())) designators.remove_prefix(1);
-        if (designators.empty() || (hasFraction && designators.front() != u'S')) {
-            scan = before;
-            return false;
-        }
-        designators.remove_prefix(1);
-        isEmpty = false;
-    }
-    return true;
+bool IsLetter(char16_t c) {
+    return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z');
 }
 
-bool IsDuration(std::u16string_view text) {
-    Scan scan(text);
-    scan.Take(u'-');
-    bool hasNoDate = false;
-    if (!scan.Take(u'P') || !TakeCounts(scan, u"YMD", hasNoDate)) return false;
-    if (scan.AtEnd()) return !hasNoDate;
-    bool hasNoTime = false;
-    return scan.Take(u'T') && TakeCounts(scan, u"HMS", hasNoTime) && !hasNoTime && scan.AtEnd();
+bool IsHexDigit(char16_t c) {
+    return IsDigit(c) || (c >= u'a' && c <= u'f') || (c >= u'A' && c <= u'F');
 }
 
-/// @param form D for a digit, any other character for itself
-bool TakeForm(std::u16string_view& text, std::u16string_view form) {
-    if (text.size() < form.size()) return false;
-    for (std::size_t i = 0; i < form.size(); ++i) {
-        if (form[i] == u'D' ? !IsDigit(text[i]) : text[i] != form[i]) return false;
-    }
-    text.remove_prefix(form.size());
-    return true;
-}
-
-struct DateForm {
-    CDateTime::DTType type;
-    bool hasYear;
-    std::u16string_view form;
-};
-
-constexpr DateForm kDateForms[] = {
-    {CDateTime::dt_dateTime, true, u"DDDD-DD-DDTDD:DD:DD"},
-    {CDateTime::dt_date, true, u"DDDD-DD-DD"},
-    {CDateTime::dt_gYearMonth, true, u"DDDD-DD"},
-    {CDateTime::dt_gYear, true, u"DDDD"},
-    {CDateTime::dt_time, false, u"DD:DD:DD"},
-    {CDateTime::dt_gDay, false, u"---DD"},
-    {CDateTime::dt_gMonth, false, u"--DD"},
-    {CDateTime::dt_gMonthDay, false, u"--DD-DD"},
-};
-
-constexpr bool HasTime(CDateTime::DTType type) {
-    return type == CDateTime::dt_dateTime || type == CDateTime::dt_time;
-}
-
-bool IsDate(CDateTime::DTType type, std::u16string_view text) {
-    for (DateForm const& row : kDateForms) {
-        if (row.type != type) continue;
-        if (row.hasYear && text.starts_with(u'-')) text.remove_prefix(1);
-        // "T" stands for itself.
-        if (!TakeForm(text, row.form)) return false;
-        Scan scan(text);
-        if (HasTime(type) && scan.Take(u'.') && scan.TakeDigits() == 0) return false;
-        if (scan.AtEnd() || scan.Take(u'Z')) return scan.AtEnd();
-        if (!scan.TakeSign()) return false;
-        std::u16string_view zone = scan.Rest();
-        return TakeForm(zone, u"DD:DD") && zone.empty();
-    }
-    return false;
-}
-
-/// Zones are within 14 hours of UTC, and CDateTime keeps no sign of an hour of 0.
-bool HasKnownZone(CDateTime const& value, std::u16string_view text) {
-    if (!value.HasTimeZone()) return true;
-    int const minutes = std::abs(value.GetZoneHour()) * 60 + value.GetZoneMinute();
-    bool const losesSign = value.GetZoneHour() == 0 && minutes != 0 && text[text.size() - 6] == u'-';
-    return minutes <= 14 * 60 && !losesSign;
+bool IsBase64Digit(char16_t c) {
+    return IsLetter(c) || IsDigit(c) || c == u'+' || c == u'/';
 }
 
 bool IsNameStart(char32_t c) {
@@ -211,12 +117,11 @@ bool IsLanguage(std::u16string_view text) {
     std::size_t length = 0;
     bool isFirst = true;
     for (char16_t const c : text) {
-        bool const isLetter = (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z');
         if (c == u'-') {
             if (length == 0) return false;
             length = 0;
             isFirst = false;
-        } else if (!(isLetter || (!isFirst && IsDigit(c))) || ++length > 8) {
+        } else if (!(IsLetter(c) || (!isFirst && IsDigit(c))) || ++length > 8) {
             return false;
         }
     }
@@ -257,22 +162,15 @@ wstring integer::ToText(CBigInteger const& value) {
     return value.ToString();
 }
 
-CDateTimeSpan duration::FromText(std::u16string_view text) {
-    std::u16string_view const literal = Trimmed(text);
-    if (!IsDuration(literal)) ThrowBadForm(literal);
-    CDateTimeSpan value;
-    value.ParseXSDDuration(literal);
-    return value;
-}
-wstring duration::ToText(CDateTimeSpan const& value) {
-    wstring text = value.ToString();
-    if (text.ends_with(u'P')) text += u"T0S";
-    return text;
+CSchemaDuration duration::FromText(std::u16string_view text) {
+    return CSchemaDuration(Trimmed(text));
 }
 
 CBinaryData hexBinary::FromText(std::u16string_view text) {
+    std::u16string_view const digits = Trimmed(text);
+    if (digits.size() % 2 != 0 || !std::ranges::all_of(digits, IsHexDigit)) ThrowBadForm(digits);
     CBinaryData value;
-    value.SetAsHexString(Trimmed(text));
+    value.SetAsHexString(digits);
     return value;
 }
 wstring hexBinary::ToText(CBinaryData const& value) {
@@ -285,14 +183,17 @@ CBinaryData base64Binary::FromText(std::u16string_view text) {
     std::size_t padding = 0;
     for (char16_t const c : text) {
         if (CWhitespaceUtils::IsWhiteSpace(c)) continue;
-        bool const isLetter = (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z');
         bool const isPadding = c == u'=';
-        if (!(isLetter || IsDigit(c) || c == u'+' || c == u'/' || isPadding)) ThrowBadForm(text);
-        if (!isPadding && padding > 0) ThrowBadForm(text);
+        if (!(isPadding || IsBase64Digit(c)) || (!isPadding && padding > 0)) ThrowBadForm(text);
         padding += isPadding ? 1 : 0;
         digits += c;
     }
     if (digits.size() % 4 != 0 || padding > 2) ThrowBadForm(text);
+    // The last digit has no bits that the padding drops.
+    constexpr std::u16string_view kLast[] = {{}, u"AEIMQUYcgkosw048", u"AQgw"};
+    if (padding > 0 && kLast[padding].find(digits[digits.size() - padding - 1]) == kLast[padding].npos) {
+        ThrowBadForm(text);
+    }
     CBinaryData value;
     value.SetAsBase64(digits);
     return value;
@@ -340,7 +241,7 @@ T FloatType<T>::FromText(std::u16string_view text) {
     if (literal == u"-INF") return -std::numeric_limits<T>::infinity();
     if (literal == u"NaN") return std::numeric_limits<T>::quiet_NaN();
     if (!IsFloat(literal)) ThrowBadForm(literal);
-    return static_cast<T>(ReadDouble(literal).value);
+    return ReadFloating<T>(literal).value;
 }
 template <std::floating_point T>
 wstring FloatType<T>::ToText(T value) {
@@ -351,27 +252,12 @@ wstring FloatType<T>::ToText(T value) {
 }
 
 template <CDateTime::DTType kType>
-CDateTime DateType<kType>::FromText(std::u16string_view text) {
-    std::u16string_view const literal = Trimmed(text);
-    if (!IsDate(kType, literal)) ThrowBadForm(literal);
-    CDateTime value;
-    if constexpr (kType == CDateTime::dt_dateTime) {
-        value.ParseXSDDateTime(literal);
-    } else if constexpr (kType == CDateTime::dt_time) {
-        value.ParseXSDTime(literal);
-    } else {
-        value.ParseXSDDate(literal);
-    }
-    if (!HasKnownZone(value, literal)) ThrowBadForm(literal);
-    return value;
+CSchemaDate DateType<kType>::FromText(std::u16string_view text) {
+    return {kType, Trimmed(text)};
 }
 template <CDateTime::DTType kType>
-wstring DateType<kType>::ToText(CDateTime const& value) {
-    return value.ToString();
-}
-template <CDateTime::DTType kType>
-void DateType<kType>::TestForm(CDateTime const& value) {
-    if (value.GetType() != kType) ThrowBadForm(value.ToString());
+void DateType<kType>::TestForm(CSchemaDate const& value) {
+    if (value.GetType() != kType) ThrowBadForm(value.GetText());
 }
 
 template struct IntegerType<std::int8_t>;

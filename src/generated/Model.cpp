@@ -236,7 +236,13 @@ void Model::MarkLast(Particle& particle) {
                               content->starts.end();
         return;
     }
-    if (particle.max != 1) return;
+    if (particle.max != 1) {
+        // Members of a substitution group stand for one element.
+        Particle const* const first = particle.members.empty() ? &particle : particle.members[0];
+        particle.goesOn =
+            std::ranges::find(content->starts, first, &Particle::Start::particle) != content->starts.end();
+        return;
+    }
     for (auto member = particle.members.rbegin(); member != particle.members.rend(); ++member) {
         MarkLast(const_cast<Particle&>(**member));
         if (particle.kind == Row::Kind::Sequence && !(*member)->canBeEmpty) return;
@@ -249,6 +255,14 @@ bool Model::Knows(CXmlElement const* child, bool ignoreNamespaces) const {
         if (particle.kind == Row::Kind::Items)
             return particle.type->GetModel().Knows(child, ignoreNamespaces);
         return particle.Matches(child, ignoreNamespaces);
+    });
+}
+
+bool Model::KnowsAttribute(CXmlAttribute const& attribute, bool ignoreNamespaces) const {
+    return std::ranges::any_of(attributes, [&](AttributeModel const& one) {
+        if (one.constraint) return ignoreNamespaces || one.constraint->Admits(attribute.GetNamespaceURI());
+        return attribute.GetLocalName() == one.name &&
+               (ignoreNamespaces || attribute.GetNamespaceURI() == one.namespaceUri);
     });
 }
 

@@ -32,7 +32,8 @@ struct PropertyModel {
     /// As Count(), but what is demanded and not set is written with its default.
     int CountToWrite(CObject const& object, int min) const {
         int const count = Count(object);
-        return count == 0 && min > 0 && actions->defaultText != nullptr ? 1 : count;
+        bool const hasDefault = actions->shape == Actions::Shape::Value && actions->defaultText != nullptr;
+        return count == 0 && min > 0 && hasDefault ? 1 : count;
     }
 };
 
@@ -109,6 +110,9 @@ struct Model {
 
     /// Whether some row of the class, or of its repeated groups, takes the child.
     bool Knows(CXmlElement const* child, bool ignoreNamespaces) const;
+
+    /// Whether it is an attribute of the class.
+    bool KnowsAttribute(CXmlAttribute const& attribute, bool ignoreNamespaces) const;
 
     /// Whether the class is another one or derives from it.
     bool Is(Class const& other) const;

@@ -54,8 +54,7 @@ Reading::Reading(CObject& object, Reading& outer, Round* round)
 void Reading::Content(bool mayBeNil) {
     bool const isNil = m_model.IsNil(m_object);
     if (isNil && !mayBeNil) {
-        throw CBxValidationException(
-            FormatString(u"The element [%s] is nil, which it may not be", m_element.GetLocalName().c_str()));
+        ThrowNil(m_element);
     }
     if (m_model.content != nullptr && !isNil) Read(*m_model.content);
     if (m_child != nullptr && !m_skipsUnknown) {
@@ -116,8 +115,7 @@ void Reading::Read(Particle const& particle) {
 
 void Reading::ReadElements(Particle const& particle) {
     int count = 0;
-    int const most =
-        particle.goesOn && m_round != nullptr && !m_skipsUnknown ? MostOf(particle) : particle.max;
+    int const most = MostOf(particle);
     while (most < 0 || count < most) {
         if (m_skipsUnknown) SkipUnknown();
         if (!Matches(particle) && (count >= particle.min || !SkipTo(particle))) break;
@@ -134,9 +132,11 @@ void Reading::ReadElements(Particle const& particle) {
 /// How many elements of a run belong to this item, where the next one may begin with the same element: so many that
 /// what is left makes items too, and as many items as there must be.
 int Reading::MostOf(Particle const& particle) {
+    if (!particle.goesOn || m_round == nullptr || m_skipsUnknown) return particle.max;
     std::int64_t& run = m_round->run;
     if (run == 0) {
-        for (CXmlElement* child = m_child; child != nullptr && particle.Matches(child, m_ignoreNamespaces);
+        for (CXmlElement* child = m_child;
+             child != nullptr && particle.Started(child, m_ignoreNamespaces) != nullptr;
              child = child->GetNextSiblingElement())
             ++run;
     }
@@ -187,7 +187,8 @@ void Reading::ReadSequence(Particle const& sequence) {
 
 void Reading::ReadChoice(Particle const& choice) {
     int count = 0;
-    while (choice.max < 0 || count < choice.max) {
+    int const most = MostOf(choice);
+    while (most < 0 || count < most) {
         Particle const* member = Started(choice);
         if (member == nullptr && count < choice.min && !choice.canBeEmpty && SkipTo(choice))
             member = Started(choice);
@@ -232,7 +233,8 @@ void Reading::ReadChild(Particle const& particle) {
     }
 }
 
-void ThrowIfNotSimple(CXmlElement const& element, bool mayBeNil, CXmlSerializationContext const& context) {
+void ThrowIfNotSimple(CXmlElement const& element, bool mayBeNil, CXmlSerializationContext const& context,
+                      Model const* type) {
     if (CXmlElement const* const inside = element.GetFirstElement();
         inside != nullptr && !context.GetIgnoreUnknownElements()) {
         throw CBxValidationException(FormatString(u"Unexpected element [%s] found in the element [%s]",
@@ -244,6 +246,7 @@ void ThrowIfNotSimple(CXmlElement const& element, bool mayBeNil, CXmlSerializati
         bool const isNil =
             attribute->GetLocalName() == u"nil" && attribute->GetNamespaceURI() == kXsiNamespace;
         if (attribute->IsNamespaceAttribute() || (isNil && mayBeNil)) continue;
+        if (type != nullptr && type->KnowsAttribute(*attribute, context.GetIgnoreNamespaces())) continue;
         throw CBxValidationException(
             FormatString(u"Unexpected Attribute [%s] found.", attribute->GetLocalName().c_str()));
     }
@@ -254,10 +257,11 @@ namespace {
 /// Keeps the type that an element names for the value that was read from it last.
 void Keep(CObject& owner, PropertyModel const& property, std::u16string_view literal, NamedType const& named,
           CSmartPtr<CObject> content) {
-    int const index = property.Count(owner) - 1;
-    if (index < 0) return;
-    wstring room;
-    wstring const& text = property.actions->text(property.Of(owner), index, room);
+    // What is nil has no value.
+    int const count = property.Count(owner);
+    int const index = std::max(count - 1, 0);
+    wstring room, text;
+    if (count > 0) text = property.actions->text(property.Of(owner), index, room);
     ObjectAccess::KeptOf(owner).Add(
         property.place, index, {text, wstring(literal), named.name, named.namespaceUri, std::move(content)});
 }
@@ -266,10 +270,13 @@ void Keep(CObject& owner, PropertyModel const& property, std::u16string_view lit
 void ReadSimpleAs(CObject& object, CXmlElement& element, bool mayBeNil, NamedType const& named,
                   Set const& set, unsigned char blocked, CXmlSerializationContext const& context) {
     PropertyModel const& text = *ObjectAccess::ModelOf(object).text;
-    std::u16string_view const literal = TextOrDefault(element, text);
+    PropertyModel const* const nil = ObjectAccess::ModelOf(object).nil;
+    bool const isNil = mayBeNil && nil != nullptr && IsNil(element);
+    std::u16string_view const literal = isNil ? std::u16string_view() : TextOrDefault(element, text);
     CSmartPtr<CObject> content =
-        ReadNamed(element, literal, *text.actions->type, named, set, blocked, context);
+        ReadNamed(element, literal, isNil, *text.actions->type, named, set, blocked, context);
     if (content) {
+        if (isNil) *static_cast<Nil*>(nil->Of(object)) = true;
         Reading(object, element, nullptr, context).Content(mayBeNil);
     } else {
         ReadElement(object, element, mayBeNil, context);
@@ -305,8 +312,8 @@ void Reading::ReadSimple(Particle const& particle) {
     CSmartPtr<CObject> content;
     std::u16string_view const text = TextOrDefault(*m_child, property);
     if (named)
-        content =
-            ReadNamed(*m_child, text, *property.actions->type, *named, set, particle.blocked, m_context);
+        content = ReadNamed(*m_child, text, false, *property.actions->type, *named, set, particle.blocked,
+                            m_context);
     if (!content) ThrowIfNotSimple(*m_child, false, m_context);
     ReadValue(m_object, property, particle.name, text, particle.narrowed);
     if (named) Keep(m_object, property, text, *named, std::move(content));
@@ -331,6 +338,7 @@ CSmartPtr<CXmlObjectBase> Reading::ReadObject(Particle const& particle) {
 
 CSmartPtr<CXmlObjectBase> Reading::ReadUntyped(Particle const& particle) {
     if (!particle.constraint) {
+        TestNil(*m_child, particle.isNillable || m_context.GetIgnoreUnknownAttributes());
         // XML Schema Part 1, 3.3.4, 4: an element of any type may say which it is.
         if (auto const named = NamedTypeOf(*m_child, *m_model.type.GetFacts().set))
             TestNamed(*m_child, *named, particle.blocked, m_context);

@@ -75,7 +75,9 @@ private:
 };
 
 /// @throws CBxValidationException if an element has children, or attributes but for xsi:nil if it may have that
-void ThrowIfNotSimple(CXmlElement const& element, bool mayBeNil, CXmlSerializationContext const& context);
+/// @param type of a type whose attributes it may have too, null for none
+void ThrowIfNotSimple(CXmlElement const& element, bool mayBeNil, CXmlSerializationContext const& context,
+                      Model const* type = nullptr);
 
 /// Reads a root that names a type by xsi:type.
 void ReadRootAs(CObject& root, CXmlElement& element, NamedType const& named,

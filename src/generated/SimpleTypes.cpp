@@ -2,6 +2,7 @@
 
 #include "BxXmlLib5/core/FormatString.h"
 #include "BxXmlLib5/generated/Property.h"
+#include "BxXmlLib5/values/CConversions.h"
 #include "BxXmlLib5/values/CWhitespaceUtils.h"
 #include "platform/TextView.h"
 
@@ -11,6 +12,10 @@ std::u16string_view Trimmed(std::u16string_view text) {
     while (!text.empty() && CWhitespaceUtils::IsWhiteSpace(text.front())) text.remove_prefix(1);
     while (!text.empty() && CWhitespaceUtils::IsWhiteSpace(text.back())) text.remove_suffix(1);
     return text;
+}
+
+wstring Collapsed(std::u16string_view text) {
+    return CWhitespaceUtils::Collapse(wstring(text));
 }
 
 std::optional<std::u16string_view> TakeItem(std::u16string_view& list) {
@@ -30,9 +35,32 @@ int FindText(std::span<char16_t const* const> texts, std::u16string_view literal
     return -1;
 }
 
-int FindEnumerator(std::span<char16_t const* const> texts, std::u16string_view text) {
-    int const index = FindText(texts, Trimmed(text));
-    return index >= 0 ? index : FindText(texts, CWhitespaceUtils::Collapse(wstring(text)));
+int FindEnumerator(std::span<char16_t const* const> texts, std::u16string_view text,
+                   CWhitespaceUtils::WhitespaceRule rule) {
+    int const index = FindText(texts, text);
+    if (index >= 0 || rule == CWhitespaceUtils::ws_Preserve) return index;
+    return FindText(texts, CConversions::stringFromString(text, rule));
+}
+
+bool StartsWithAny(std::u16string_view text, std::u16string_view characters) {
+    std::u16string_view const literal = Trimmed(text);
+    return !literal.empty() && characters.find(literal[0]) != characters.npos;
+}
+
+wstring OtherSpelling(wstring const& text, std::size_t index) {
+    struct Spelling {
+        std::u16string_view before;
+        std::u16string_view behind;
+    };
+    static constexpr Spelling kSpellings[] = {
+        {u"", u".0"}, {u"", u"e0"}, {u"", u"0"}, {u"+", u""}, {u"0", u""}};
+    if (text == u"true" || text == u"false")
+        return index == 0 ? wstring(text == u"true" ? u"1" : u"0") : wstring();
+    if (index < std::size(kSpellings))
+        return wstring(kSpellings[index].before).append(text).append(kSpellings[index].behind);
+    wstring small = text;
+    for (char16_t& c : small) c = c >= u'A' && c <= u'F' ? static_cast<char16_t>(c + 0x20) : c;
+    return index == std::size(kSpellings) && small != text ? small : wstring();
 }
 
 void ThrowNoEnumerator(std::u16string_view literal) {

@@ -8,7 +8,9 @@
 #include "BxXmlLib5/document/CXmlDocument.h"
 #include "BxXmlLib5/document/CXmlElement.h"
 #include "BxXmlLib5/generated/BuiltInTypes.h"
+#include "BxXmlLib5/generated/Xs.h"
 #include "generated/Model.h"
+#include "generated/ObjectAccess.h"
 #include "generated/Reading.h"
 #include "platform/StandardNamespaces.h"
 #include "platform/TextView.h"
@@ -116,6 +118,18 @@ CSmartPtr<CObject> ReadAs(CXmlElement& element, Class const& type, bool mayBeNil
     return object;
 }
 
+/// Reads the attributes of an element that is nil. The object does not say that it is: its owner does.
+CSmartPtr<CObject> ReadNil(CXmlElement& element, Class const& type, CXmlSerializationContext const& context) {
+    CSmartPtr<CObject> const object = Make(element, type);
+    Model const& model = type.GetModel();
+    ThrowIfNotSimple(element, true, context, &model);
+    CXmlSerializationContext own(context);
+    own.SetIgnoreUnknownAttributes(true);
+    ObjectAccess::ReadAttributes(*object, element, own);
+    if (model.nil != nullptr) *static_cast<Nil*>(model.nil->Of(*object)) = false;
+    return object;
+}
+
 void TestSimple(CXmlElement const& element, std::u16string_view text, SimpleType const& type) {
     try {
         type.test(text);
@@ -135,6 +149,21 @@ std::optional<unsigned char> WaysBetween(Class const* type, Class const* base) {
         ways |= type->GetModel().derivation;
     }
     return ways;
+}
+
+bool IsNil(CXmlElement const& element) {
+    if (element.GetAttributes().empty()) return false;
+    CXmlAttribute const* const attribute = FindXsi(element, u"nil");
+    return attribute != nullptr && Xs::boolean::FromText(attribute->GetValueView());
+}
+
+void TestNil(CXmlElement const& element, bool mayBeNil) {
+    if (element.GetAttributes().empty() || FindXsi(element, u"nil") == nullptr) return;
+    if (!mayBeNil) ThrowNil(element);
+    if (IsNil(element) && (element.GetFirstElement() != nullptr || !Trimmed(element.GetTextView()).empty())) {
+        throw CBxValidationException(
+            FormatString(u"The element [%s] is nil and has content", element.GetLocalName().c_str()));
+    }
 }
 
 std::optional<NamedType> NamedTypeOf(CXmlElement const& element, Set const& set) {
@@ -167,13 +196,13 @@ CObject* MakeFor(CXmlElement const& element, Class const& declared, std::optiona
     return Make(element, declared);
 }
 
-CSmartPtr<CObject> ReadNamed(CXmlElement& element, std::u16string_view text, SimpleType const& declared,
-                             NamedType const& named, Set const& set, unsigned char blocked,
-                             CXmlSerializationContext const& context) {
+CSmartPtr<CObject> ReadNamed(CXmlElement& element, std::u16string_view text, bool isNil,
+                             SimpleType const& declared, NamedType const& named, Set const& set,
+                             unsigned char blocked, CXmlSerializationContext const& context) {
     if (named.simple != nullptr) {
         bool const isBlocked = named.simple != &declared && (blocked & kRestriction) != 0;
         if (isBlocked || !IsDerived(*named.simple, declared, set)) Refuse(element, named);
-        TestSimple(element, text, *named.simple);
+        if (!isNil) TestSimple(element, text, *named.simple);
         return nullptr;
     }
     if (named.type == nullptr) Refuse(element, named);
@@ -183,7 +212,7 @@ CSmartPtr<CObject> ReadNamed(CXmlElement& element, std::u16string_view text, Sim
     unsigned char ways = kExtension | named.derivation | WaysBetween(named.type, nullptr).value();
     if (model.text->actions->type != &declared) ways |= kRestriction;
     if ((ways & blocked) != 0) Refuse(element, named);
-    return ReadAs(element, *named.type, false, context);
+    return isNil ? ReadNil(element, *named.type, context) : ReadAs(element, *named.type, false, context);
 }
 
 void TestNamed(CXmlElement& element, NamedType const& named, unsigned char blocked,
@@ -196,9 +225,16 @@ void TestNamed(CXmlElement& element, NamedType const& named, unsigned char block
     if (named.type != nullptr) ways |= WaysBetween(named.type, nullptr).value();
     if ((ways & blocked) != 0) Refuse(element, named);
     if (named.type == nullptr) ThrowIfNotSimple(element, true, context);
-    if (FindXsi(element, u"nil") != nullptr) return;
+    bool const isNil = IsNil(element);
+    if (isNil && named.type != nullptr) ReadNil(element, *named.type, context);
+    if (isNil) return;
     if (named.type == nullptr) return TestSimple(element, element.GetTextView(), *named.simple);
     ReadAs(element, *named.type, false, context);
+}
+
+void ThrowNil(CXmlElement const& element) {
+    throw CBxValidationException(
+        FormatString(u"The element [%s] is nil, which it may not be", element.GetLocalName().c_str()));
 }
 
 void ThrowAbstract(CXmlElement const& element, Class const& type) {

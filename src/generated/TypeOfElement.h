@@ -22,6 +22,13 @@ struct NamedType {
 /// from that.
 std::optional<unsigned char> WaysBetween(Class const* type, Class const* base);
 
+/// Whether the element says that it is nil (XML Schema Part 1, 2.6.2).
+/// @throws CBxInvalidValueException if what it says is no boolean
+bool IsNil(CXmlElement const& element);
+
+/// @throws CBxValidationException if the element is nil and has content, or may say nothing of nil and does
+void TestNil(CXmlElement const& element, bool mayBeNil);
+
 /// Nothing if the element names none.
 std::optional<NamedType> NamedTypeOf(CXmlElement const& element, Set const& set);
 
@@ -33,16 +40,20 @@ CObject* MakeFor(CXmlElement const& element, Class const& declared, std::optiona
 
 /// Reads what an element of simple type names.
 /// @param text of the element, or its default
+/// @param isNil that there is no text to test, since the element is nil
 /// @return the object of a complex type of simple content, null for a simple type
 /// @throws CBxValidationException if it is no type that derives from the declared one, or the element does not fit it
-CSmartPtr<CObject> ReadNamed(CXmlElement& element, std::u16string_view text, SimpleType const& declared,
-                             NamedType const& named, Set const& set, unsigned char blocked,
-                             CXmlSerializationContext const& context);
+CSmartPtr<CObject> ReadNamed(CXmlElement& element, std::u16string_view text, bool isNil,
+                             SimpleType const& declared, NamedType const& named, Set const& set,
+                             unsigned char blocked, CXmlSerializationContext const& context);
 
 /// Tests an element of any type against the one that it names, if the set has that.
 /// @throws CBxValidationException if it may not stand there, or the element does not fit it
 void TestNamed(CXmlElement& element, NamedType const& named, unsigned char blocked,
                CXmlSerializationContext const& context);
+
+/// @throws CBxValidationException always: the element is nil, and may not be
+[[noreturn]] void ThrowNil(CXmlElement const& element);
 
 /// @throws CBxValidationException always: the element names no type, and its own is abstract
 [[noreturn]] void ThrowAbstract(CXmlElement const& element, Class const& type);

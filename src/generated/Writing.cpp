@@ -59,10 +59,11 @@ void WriteKept(KeptTypes::Kept const* kept, CXmlWriter* writer, CXmlSerializatio
 void WriteKeptType(CObject const& object, CXmlWriter* writer, CXmlSerializationContext const& context) {
     WriteKept(FindKept(object, nullptr, 0, {}), writer, context);
     PropertyModel const* const text = ObjectAccess::ModelOf(object).text;
-    if (text == nullptr || text->Count(object) == 0) return;
+    if (text == nullptr) return;
     wstring room;
-    WriteKept(FindKept(object, text->place, 0, text->actions->text(text->Of(object), 0, room)), writer,
-              context);
+    wstring const none;
+    wstring const& value = text->Count(object) == 0 ? none : text->actions->text(text->Of(object), 0, room);
+    WriteKept(FindKept(object, text->place, 0, value), writer, context);
 }
 
 void Writing::TypedContent(CObject const& typed, bool mayBeNil) {

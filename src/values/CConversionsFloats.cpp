@@ -64,7 +64,7 @@ float CConversions::r4FromString(std::u16string_view text, WhitespaceRule rule) 
 
 double CConversions::r8FromString(std::u16string_view text, WhitespaceRule rule) {
     CleanText const clean(rule, text);
-    NumberAtFront<double> const number = ReadDouble(clean.View());
+    NumberAtFront<double> const number = ReadFloating<double>(clean.View());
     if (number.length != clean.View().size()) {
         throw CBxInvalidValueException(
             FormatString(u"The value [%s] can not be converted to a r8", wstring(clean.View()).c_str()));

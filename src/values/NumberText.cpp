@@ -1,7 +1,6 @@
 #include "values/NumberText.h"
 
 #include <algorithm>
-#include <cmath>
 #include <string>
 
 namespace BxXmlLib5 {
@@ -29,7 +28,8 @@ std::size_t SkipMagnitude(std::u16string_view text, std::size_t at) {
 }
 
 /// The value of a number, not 0, that std::from_chars found to be out of range: it does not say at which end.
-double ValueOutOfRange(std::u16string_view magnitude) {
+template <std::floating_point T>
+T ValueOutOfRange(std::u16string_view magnitude) {
     std::size_t const exponentAt = std::min(magnitude.find_first_of(u"eE"), magnitude.size());
     std::u16string_view const mantissa = magnitude.substr(0, exponentAt);
     auto const point = static_cast<std::int64_t>(std::min(mantissa.find(u'.'), mantissa.size()));
@@ -38,11 +38,12 @@ double ValueOutOfRange(std::u16string_view magnitude) {
     if (exponentAt < magnitude.size()) {
         exponent = ReadInteger<std::int32_t>(magnitude.substr(exponentAt + 1)).value;
     }
-    return point - firstDigit + exponent > 0 ? HUGE_VAL : 0.0;
+    return point - firstDigit + exponent > 0 ? std::numeric_limits<T>::infinity() : T(0);
 }
 
 /// The value of digits, point and exponent.
-double ValueOf(std::u16string_view magnitude) {
+template <std::floating_point T>
+T ValueOf(std::u16string_view magnitude) {
     char shortText[64];
     std::string longText;
     char* octets = shortText;
@@ -52,20 +53,24 @@ double ValueOf(std::u16string_view magnitude) {
     }
     for (std::size_t i = 0; i < magnitude.size(); ++i) octets[i] = static_cast<char>(magnitude[i]);
 
-    double value = 0;
+    T value = 0;
     auto const result = std::from_chars(octets, octets + magnitude.size(), value);
-    return result.ec == std::errc::result_out_of_range ? ValueOutOfRange(magnitude) : value;
+    return result.ec == std::errc::result_out_of_range ? ValueOutOfRange<T>(magnitude) : value;
 }
 
 }  // namespace
 
-NumberAtFront<double> ReadDouble(std::u16string_view text) {
+template <std::floating_point T>
+NumberAtFront<T> ReadFloating(std::u16string_view text) {
     std::size_t at = SkipWhitespace(text, 0);
     bool const negative = TakeSign(text, at);
     std::size_t const end = SkipMagnitude(text, at);
     if (end == at) return {};
-    double const value = ValueOf(text.substr(at, end - at));
+    T const value = ValueOf<T>(text.substr(at, end - at));
     return {negative ? -value : value, end};
 }
+
+template NumberAtFront<float> ReadFloating(std::u16string_view text);
+template NumberAtFront<double> ReadFloating(std::u16string_view text);
 
 }  // namespace BxXmlLib5

@@ -71,8 +71,10 @@ NumberAtFront<T> ReadInteger(std::u16string_view text) {
 }
 
 /// Reads whitespace, a sign, digits with a point among or beside them, and an exponent. The result is the
-/// nearest double: an infinity past the range, 0 or a denormal number below it.
-NumberAtFront<double> ReadDouble(std::u16string_view text);
+/// nearest number: an infinity past the range, 0 or a denormal number below it.
+/// @tparam T float or double
+template <std::floating_point T>
+NumberAtFront<T> ReadFloating(std::u16string_view text);
 
 /// ASCII as UTF-16.
 inline wstring Widen(std::string_view ascii) {

@@ -152,6 +152,9 @@ TEST(Errors, ComplexTypes) {
     auto const derive = [](std::string const& base, std::string const& step, std::string const& own) {
         return "<xs:complexType name='B' " + base + "</xs:complexType>" + Complex("<xs:complexContent><xs:" + step + " base='t:B'>" + own + "</xs:" + step + "></xs:complexContent>");
     };
+    auto const any = [](std::string const& namespaces) {
+        return "><xs:sequence><xs:any namespace='" + namespaces + "' maxOccurs='3'/></xs:sequence>";
+    };
     std::string const a = "><xs:sequence><xs:element name='a'/></xs:sequence>";
     Check({
         {Complex("<xs:complexContent><xs:extension base='xs:int'/></xs:complexContent>"), "the base of complex content must be a complex type", "derivation"},
@@ -167,6 +170,11 @@ TEST(Errors, ComplexTypes) {
         {derive("><xs:attribute name='x' type='xs:int'/>", "restriction", "<xs:attribute name='x' type='xs:long'/>"), "has a type that does not derive from that in the base", "derivation"},
         {derive("><xs:anyAttribute namespace='##other'/>", "extension", "<xs:anyAttribute namespace='##local'/>"), "no wildcard can say what that of the base and that of the extension allow together", "wildcard"},
         {derive("><xs:anyAttribute namespace='##other'/>", "restriction", "<xs:anyAttribute namespace='v ##local'/>"), "allows more than that of the base", "derivation"},
+        {derive(any("urn:v"), "restriction", "<xs:sequence><xs:any namespace='urn:v urn:w' maxOccurs='3'/></xs:sequence>"), "this wildcard allows more than the base 'B' of 'u', so it is no restriction", "derivation"},
+        {derive(any("##other"), "restriction", "<xs:sequence><xs:element ref='t:E' maxOccurs='3'/></xs:sequence>") + "<xs:element name='E'/>", "the element 'E' of 'u' has no place in the base 'B' of 'u'", "derivation"},
+        {derive(a, "restriction", "<xs:sequence><xs:element name='b'/></xs:sequence>"), "the element 'b' has no place in the base", "derivation"},
+        {derive("><xs:sequence><xs:element name='a' type='xs:int'/></xs:sequence>", "restriction", "<xs:sequence><xs:element name='a' type='xs:long'/></xs:sequence>"), "the element 'a' has a type that does not derive from that in the base", "derivation"},
+        {derive("><xs:sequence><xs:element ref='t:E'/></xs:sequence>", "restriction", "<xs:sequence><xs:element ref='t:F'/></xs:sequence>") + "<xs:element name='E' final='#all'/><xs:element name='F'/>", "the element 'F' of 'u' has no place in the base", "derivation"},
         {Complex("<xs:sequence><xs:element name='a' minOccurs='3' maxOccurs='2'/></xs:sequence>"), "minOccurs is 3, which is more than maxOccurs, 2", "occurs"},
         {Complex("<xs:all><xs:element name='a' maxOccurs='2'/></xs:all>"), "an element of 'all' must not occur more than once", "occurs"},
         {"<xs:group name='g'><xs:all><xs:element name='a'/></xs:all></xs:group>" + Complex("<xs:sequence><xs:group ref='t:g'/></xs:sequence>"), "a group of 'all' must be the whole content", "all"},

@@ -43,7 +43,7 @@ TEST(Names, PatternsAreTranslated) {
     std::pair<std::vector<std::string_view>, char const*> const rows[] = {
         {{"a|b"}, "a|b"}, {{"a", "b"}, "(?:a)|(?:b)"}, {{"(^a$)."}, "(?:\\^a\\$)[^\\n\\r]"},
         {{"[a-z-[aeiou]]"}, "(?:(?![aeiou])[a-z])"}, {{"[^\\d\\S]"}, R"((?:(?![\p{Nd}]|[^\x20\t\n\r])(?s:.)))"},
-        {{"\\P{IsBasicLatin}\\p{Lu}"}, R"([^\x{0}-\x{7F}][\p{Lu}])"}, {{"[a\\-]{2,99999}"}, "[a\\-]{2,}"}, {{"\\c+"}, R"([\p{L}\p{M}\p{Nl}\p{Nd}_:.\-\x{B7}]+)"},
+        {{"\\P{IsBasicLatin}\\p{Lu}"}, R"([^\x{0}-\x{7F}][\p{Lu}])"}, {{"[a\\-]{2,99999}"}, "[a\\-]{2,}"},
         {{"[:[]"}, "[\\:\\[]"},
     };
     for (auto const& [patterns, translated] : rows) EXPECT_EQ(TranslatePatterns(patterns), translated) << patterns[0];
@@ -64,6 +64,9 @@ TEST(Names, OptionsChoose) {
               "namespace A\nR : Bx::Root<Bx::CObject>\n  Bx::Object<T> E  // required\n  Sequence Element(E e 1 1) End\nnamespace V::W\nT : Bx::CObject\n");
     folder.Put("names", "# of types\ntype {v}t-type Thing\nelement {u}r Top\nproperty {u}e Entry\n");
     EXPECT_EQ(PlanOf(folder, {"--names", "@names"}), "Top : Bx::Root<Bx::CObject>\n  Bx::Object<Thing> Entry  // required\n  Sequence Element(Entry e 1 1) End\nThing : Bx::CObject\n");
+    folder.Put("names", "\ntype {v}t-tipe Thing\n");
+    EXPECT_EQ(PlanOf(folder, {"--names", "@names"}), unreferenced + type + "names:2:1: warning: 'type {v}t-tipe' is nothing that gets a name here [names]\n");
+    EXPECT_EQ(PlanOf(folder, {"--names", "."}), "bxgen: error: '.' cannot be read: Is a directory [file]\n");
     folder.Put("names", "type {v}t-type a-b\n");
     EXPECT_EQ(PlanOf(folder, {"--names", "@names"}), "names:1:1: error: a line must be: type|element|group|property {namespace}name NAME [names]\n");
 }

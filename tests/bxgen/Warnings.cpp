@@ -48,6 +48,65 @@ TEST(Warnings, OfSubstitutesOfOneNameInTwoNamespaces) {
         ExpectMessages(folder, name == "h" ? "[same-name]\n" : "");
     }
 }
+
+TEST(Warnings, OfRepeatedGroupsWhoseRoundsOnlyWhatFollowsTellsApart) {
+    struct Row {
+        std::string m_outer;
+        std::string m_inner;
+        std::string m_element;
+        char const* m_last;  ///< of the outer one
+        char const* m_code;
+    };
+    for (Row const& row : {Row{"", "2", "1", "0", "[runs]\n"}, {"2", "", "1", "0", "[runs]\n"}, {"", "", "3", "0", "[runs]\n"}, {"", "", "1", "0", ""}, {"2", "2", "3", "1", ""}}) {
+        auto const bounds = [](std::string const& least) { return (least.empty() ? "" : " minOccurs='" + least + "'") + std::string(" maxOccurs='4'>"); };
+        Folder const folder;
+        folder.Put("a.xsd", Schema("<xs:element name='r'><xs:complexType><xs:sequence" + bounds(row.m_outer) + "<xs:sequence" + bounds(row.m_inner) +
+                                   "<xs:element name='a' type='xs:int'" + bounds(row.m_element) + "</xs:element><xs:element name='b' type='xs:int' minOccurs='0'/></xs:sequence>"
+                                   "<xs:element name='c' type='xs:int' minOccurs='" + row.m_last + "'/></xs:sequence></xs:complexType></xs:element>"));
+        ExpectMessages(folder, row.m_code);
+    }
+}
+
+TEST(Warnings, OfRestrictionsThatAreNone) {
+    struct Row {
+        std::string m_base;
+        std::string m_own;
+        bool m_isTold;
+    };
+    auto const some = [](char const* name, char const* more) {
+        return std::string("<xs:element name='") + name + "' type='xs:int' " + more + "/>";
+    };
+    std::string const a = some("a", ""), b = some("b", ""), optional = some("a", "minOccurs='0'");
+    std::string const few = some("a", "minOccurs='2' maxOccurs='4'");
+    auto const choice = [&](char const* bounds) { return std::string("<xs:choice ") + bounds + ">" + a + b + "</xs:choice>"; };
+    std::string const head = "<xs:element ref='t:h' maxOccurs='2'/>", member = "<xs:element ref='t:m'/>";
+    for (Row const& row : {
+             Row{few, some("a", "minOccurs='1' maxOccurs='4'"), true},
+             {few, some("a", "minOccurs='2' maxOccurs='5'"), true},
+             {few, some("a", "minOccurs='3' maxOccurs='3'"), false},
+             {a + b, a + some("b", "minOccurs='0'"), true},
+             {a + b, a + some("b", "nillable='true'"), true},
+             {some("a", "fixed='1'"), some("a", "default='1'"), true},
+             {some("a", "fixed='1'"), some("a", "fixed='01'"), false},
+             {optional + b, b, false},
+             {"<xs:sequence maxOccurs='3'>" + a + "</xs:sequence>", some("a", "maxOccurs='3'"), false},
+             {choice("minOccurs='2' maxOccurs='2'"), choice("minOccurs='2' maxOccurs='2'"), false},
+             {choice("minOccurs='2' maxOccurs='2'"), choice("minOccurs='2' maxOccurs='3'"), true},
+             {choice(""), a, false},
+             {head, member, false},
+             {head, member + member, false},
+             {head, member + member + member, true},
+         }) {
+        Folder const folder;
+        std::string const type = "<xs:complexType name='", sequence = "<xs:sequence>";
+        folder.Put("a.xsd", Schema(type + "B'>" + sequence + row.m_base + "</xs:sequence></xs:complexType>" +
+                                   type + "T'><xs:complexContent><xs:restriction base='t:B'>" + sequence + row.m_own + "</xs:sequence></xs:restriction></xs:complexContent></xs:complexType>"
+                                   "<xs:element name='h' type='xs:int'/><xs:element name='m' type='xs:int' substitutionGroup='t:h'/><xs:element name='r' type='t:T'/>"));
+        Outcome const outcome = folder.Run({"--root-element", "{u}r", "@a.xsd"});
+        bool const isTold = outcome.m_messages.find("so it is no restriction [restriction]") != std::string::npos;
+        EXPECT_EQ(isTold, row.m_isTold) << row.m_base << " -> " << row.m_own << "\n" << outcome.m_messages;
+    }
+}
 // clang-format on
 
 }  // namespace

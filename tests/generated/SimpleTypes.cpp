@@ -1,5 +1,6 @@
 // Simple types: which literals have a value, and the literal of that value.
 
+#include <compare>
 #include <string>
 #include <utility>
 #include <vector>
@@ -63,28 +64,39 @@ TEST(SimpleTypes, HaveTheFormsOfTheStandard) {
         {&Again<Xs::unsignedShort>, {}, {"65536"}},
         {&Again<Xs::unsignedInt>, {{"-0", "0"}}, {"-1"}},
         {&Again<Xs::unsignedLong>, {{"18446744073709551615", "18446744073709551615"}}, {"-1"}},
-        {&Again<Xs::float_>, {{"0.1", "0.1"}}, {}},
+        {&Again<Xs::float_>, {{"0.1", "0.1"}, {"7.038531E-26", "7.038531e-26"}, {"1e39", "INF"}}, {}},
         {&Again<Xs::double_>,
          {{"0.30000000000000004", "0.30000000000000004"},
           {" -INF ", "-INF"},
           {"NaN", "NaN"},
-          {"1.e5", "1e+05"}},
+          {"1.e5", "1e+05"},
+          {"-0", "-0"}},
          {"inf", "0x1", ""}},
         {&Again<Xs::dateTime>,
-         {{" 2024-02-29T23:59:59.50+14:00 ", "2024-02-29T23:59:59.5+14:00"}},
-         {"2024-02-29", "2024-02-30T00:00:00", "2024-02-29T00:00:00+14:01", "2024-02-29T00:00:00."}},
-        {&Again<Xs::date>, {{"-0044-03-15Z", "-0044-03-15Z"}}, {"2024"}},
-        {&Again<Xs::time>, {{"01:02:03-00:00", "01:02:03+00:00"}}, {"01:02:03Zulu", "01:02:03-00:30"}},
+         {{" 2024-02-29T23:59:59.50+14:00 ", "2024-02-29T23:59:59.50+14:00"},
+          {"2023-12-31T24:00:00", "2023-12-31T24:00:00"},
+          {"2024-01-01T00:00:00.1234567890123Z", "2024-01-01T00:00:00.1234567890123Z"},
+          {"-123456789012345-02-28T00:00:00", "-123456789012345-02-28T00:00:00"}},
+         {"2024-02-29", "2024-02-30T00:00:00", "2024-02-29T00:00:00+14:01", "2024-02-29T00:00:00.",
+          "2023-12-31T24:00:00.1", "1234567890123456-02-28T00:00:00"}},
+        {&Again<Xs::date>, {{"-0044-03-15Z", "-0044-03-15Z"}}, {"2024", "0000-01-01", "02024-01-01"}},
+        {&Again<Xs::time>,
+         {{"01:02:03-00:00", "01:02:03-00:00"}, {"01:02:03-00:30", "01:02:03-00:30"}},
+         {"01:02:03Zulu"}},
         {&Again<Xs::gYear>, {{"-0044", "-0044"}, {"2024+01:00", "2024+01:00"}}, {"24"}},
         {&Again<Xs::gYearMonth>, {}, {"2024-13"}},
-        {&Again<Xs::gMonth>, {{"--05Z", "--05Z"}}, {"--05--"}},
+        {&Again<Xs::gMonth>,
+         {{"--05Z", "--05Z"}, {"--05--", "--05--"}, {"--05-05:00", "--05-05:00"}},
+         {"--05-"}},
         {&Again<Xs::gDay>, {{"---31", "---31"}}, {}},
         {&Again<Xs::gMonthDay>, {{"--02-29", "--02-29"}}, {}},
         {&Again<Xs::duration>,
-         {{"-P1Y2M3DT4H5M6.70S", "-P1Y2M3DT4H5M6.7S"}, {"PT0S", "PT0S"}},
-         {"P", "P1YT", "P1S", "P1M1Y", "PT1.5H"}},
-        {&Again<Xs::hexBinary>, {{" 0aF0 ", "0AF0"}}, {}},
-        {&Again<Xs::base64Binary>, {{" AQ ID\nBA== ", "AQIDBA=="}}, {"AQI", "A?==", "A=ID"}},
+         {{"-P1Y2M3DT4H5M6.70S", "-P1Y2M3DT4H5M6.70S"},
+          {"PT0S", "PT0S"},
+          {"P999999999999999YT0.0000000000001S", "P999999999999999YT0.0000000000001S"}},
+         {"P", "P1YT", "P1S", "P1M1Y", "PT1.5H", "PT.5S", "PT5.S", "P1234567890123456D"}},
+        {&Again<Xs::hexBinary>, {{" 0aF0 ", "0AF0"}}, {"0g"}},
+        {&Again<Xs::base64Binary>, {{" AQ ID\nBA== ", "AQIDBA=="}}, {"AQI", "A?==", "A=ID", "AB==", "AAB="}},
         {&Again<Xs::language>, {{"de-CH-1996", "de-CH-1996"}}, {"1de", "de--CH"}},
         {&Again<Xs::NMTOKEN>, {{" -é·1 ", "-é·1"}}, {"a b"}},
         {&Again<Xs::Name>, {{"a:b", "a:b"}}, {"1a"}},
@@ -106,9 +118,164 @@ TEST(SimpleTypes, HaveTheFacetsOfAllSteps) {
         {&Again<MarkType>, {{"ab", "ab"}}, {"a"}},
         {&Again<CodeType>, {{" AB123 ", "AB123"}}, {"AB12345", "xAB1", "AB1x"}},
         {&Again<SpeedType>, {{" fast ", "fast"}}, {"Fast"}},
+        {&Again<PaceType>, {{"slow", "slow"}, {" fast", " fast"}}, {" slow", "fast", "\tfast"}},
+        {&Again<GaitType>, {{"slow\nwalk", "slow walk"}}, {"slow  walk", " slow walk"}},
         {&Again<SizeType>, {{"1", "1"}, {"02.50", "2.5"}}, {"2"}},
         {&Again<TwoSizesType>, {{"1 2.5", "1 2.5"}}, {"1", "1 3"}},
         {&Again<WeightType>, {{"2", "2"}, {" slow ", "slow"}, {"AB9", "AB9"}}, {"slower"}},
+    });
+}
+
+constexpr auto kLess = std::partial_ordering::less;
+constexpr auto kSame = std::partial_ordering::equivalent;
+constexpr auto kNone = std::partial_ordering::unordered;
+
+TEST(SimpleTypes, DatesHaveThePartialOrderOfTheStandard) {
+    struct Pair {
+        CDateTime::DTType type;
+        char const* text;
+        std::partial_ordering order;
+        char const* other;
+    };
+    constexpr auto kDateTime = CDateTime::dt_dateTime;
+    Pair const rows[] = {
+        {kDateTime, "2000-01-15T00:00:00", kLess, "2000-02-15T00:00:00"},
+        {kDateTime, "2000-01-15T12:00:00", kLess, "2000-01-16T12:00:00Z"},
+        {kDateTime, "2000-01-01T12:00:00", kNone, "1999-12-31T23:00:00Z"},
+        {kDateTime, "2000-01-16T12:00:00", kNone, "2000-01-16T12:00:00Z"},
+        {kDateTime, "2000-01-16T00:00:00", kNone, "2000-01-16T14:00:00Z"},
+        {kDateTime, "2000-01-16T00:00:00", kLess, "2000-01-16T14:00:00.0000000000001Z"},
+        {kDateTime, "1999-12-31T24:00:00Z", kSame, "2000-01-01T00:30:00+00:30"},
+        {kDateTime, "-0001-12-31T23:59:59Z", kLess, "0001-01-01T00:00:00Z"},
+        {kDateTime, "9999-12-31T00:00:00Z", kLess, "10000-01-01T00:00:00Z"},
+        {CDateTime::dt_date, "2000-01-01+13:00", kLess, "2000-01-01Z"},
+        {CDateTime::dt_time, "24:00:00Z", kSame, "00:00:00Z"},
+        {CDateTime::dt_time, "00:30:00+01:00", kLess, "00:00:00Z"},
+        {CDateTime::dt_gMonthDay, "--02-29", kLess, "--03-01"},
+        {CDateTime::dt_gDay, "---31Z", kNone, "---31"},
+        {CDateTime::dt_gYear, "-0044", kLess, "0044"},
+    };
+    for (Pair const& row : rows) {
+        Bx::CSchemaDate const left(row.type, FromUtf8(row.text));
+        Bx::CSchemaDate const right(row.type, FromUtf8(row.other));
+        EXPECT_EQ(left <=> right, row.order) << row.text << ' ' << row.other;
+        EXPECT_EQ(right <=> left, 0 <=> row.order) << row.text << ' ' << row.other;
+        EXPECT_EQ(left == right, row.order == kSame) << row.text;
+    }
+    EXPECT_EQ(
+        Bx::CSchemaDate(CDateTime::dt_gDay, u"---01") <=> Bx::CSchemaDate(CDateTime::dt_gMonth, u"--01"),
+        kNone);
+}
+
+TEST(SimpleTypes, DurationsHaveThePartialOrderOfTheStandard) {
+    struct Pair {
+        char const* text;
+        std::partial_ordering order;
+        char const* other;
+    };
+    // Those of months and days are the table of XML Schema Part 2, 3.2.6.2.
+    Pair const rows[] = {
+        {"P364D", kLess, "P1Y"},        {"P365D", kNone, "P1Y"},
+        {"P366D", kNone, "P1Y"},        {"P1Y", kLess, "P367D"},
+        {"P27D", kLess, "P1M"},         {"P28D", kNone, "P1M"},
+        {"P31D", kNone, "P1M"},         {"P1M", kLess, "P32D"},
+        {"P149D", kLess, "P5M"},        {"P150D", kNone, "P5M"},
+        {"P153D", kNone, "P5M"},        {"P5M", kLess, "P154D"},
+        {"P1Y", kSame, "P12M"},         {"P1D", kSame, "PT24H"},
+        {"-P1D", kSame, "-PT86400S"},   {"-PT0.5S", kLess, "PT0S"},
+        {"-PT0.75S", kLess, "-PT0.5S"}, {"-PT1.25S", kLess, "-PT1S"},
+        {"-PT0.50S", kSame, "-PT0.5S"}, {"PT0.1S", kLess, "PT0.10000000000001S"},
+        {"-P1M", kNone, "-P30D"},       {"P999999999999998Y", kLess, "P999999999999999Y"},
+    };
+    for (Pair const& row : rows) {
+        Bx::CSchemaDuration const left(FromUtf8(row.text));
+        Bx::CSchemaDuration const right(FromUtf8(row.other));
+        EXPECT_EQ(left <=> right, row.order) << row.text << ' ' << row.other;
+        EXPECT_EQ(right <=> left, 0 <=> row.order) << row.text << ' ' << row.other;
+    }
+}
+
+TEST(SimpleTypes, DatesAndDurationsConvert) {
+    auto const date = [](char const* text) {
+        return Bx::CSchemaDate(CDateTime::dt_dateTime, FromUtf8(text));
+    };
+    EXPECT_EQ(ToUtf8(date("2024-02-29T23:59:59.120-03:30")->ToString()), "2024-02-29T23:59:59.12-03:30");
+    EXPECT_EQ(ToUtf8(date("2023-12-31T24:00:00Z")->ToString()), "2024-01-01T00:00:00Z");
+    for (char const* text :
+         {"10000-01-01T00:00:00", "2024-01-01T00:00:00.1234567891", "2024-01-01T00:00:00-00:30"}) {
+        EXPECT_FALSE(date(text).HasDateTime()) << text;
+        EXPECT_BX_THROW(date(text).GetDateTime(), CBxInvalidValueException,
+                        std::string("The value [") + text + "] is beyond what CDateTime can hold");
+    }
+    EXPECT_TRUE(date("2024-01-01T00:00:00") == CDateTime(2024, 1, 1, 0, 0, 0));
+    EXPECT_BX_THROW(Bx::CSchemaDate{CDateTime()}, CBxInvalidValueException,
+                    "The value [Invalid Year Zero] has not the form of its type");
+
+    EXPECT_EQ(Bx::CSchemaDuration(u"-P1Y2M3DT4H5M6.0789S")->GetMicroSeconds(), 900);
+    EXPECT_EQ(ToUtf8(Bx::CSchemaDuration(CDateTimeSpan(1, 30, 0)).GetText()), "PT1H30M");
+    EXPECT_EQ(ToUtf8(Bx::CSchemaDuration().GetText()), "PT0S");
+    EXPECT_BX_THROW(Bx::CSchemaDuration(u"P65536Y").GetSpan(), CBxInvalidValueException,
+                    "The value [P65536Y] is beyond what CDateTimeSpan can hold");
+}
+
+struct PaddedType : Bx::Restriction<Xs::decimal> {
+    static constexpr Bx::Facets kFacets{.pattern = u"[0-9]{2}\\.[0-9]{2}"};
+};
+struct FlagOrNumberType : Bx::Union<Xs::boolean, Xs::float_, PaddedType, Xs::token> {};
+struct ManyType : Bx::List<FlagOrNumberType> {};
+struct SomeType : Bx::Restriction<FlagOrNumberType> {
+    static constexpr char16_t const* kValues[] = {u"2.0", u"x y"};
+    static constexpr Bx::Facets kFacets{.values = kValues};
+};
+struct PairType : Bx::Restriction<Bx::List<Xs::double_>> {
+    static constexpr char16_t const* kValues[] = {u"1 2", u"NaN"};
+    static constexpr Bx::Facets kFacets{.values = kValues};
+};
+struct TwoWordsType : Bx::Restriction<Bx::List<Xs::int_>> {
+    static constexpr Bx::Facets kFacets{.pattern = u"[0-9]+ [0-9]+"};
+};
+struct SpacedType : Bx::Restriction<Bx::Union<Bx::List<Xs::int_>, Xs::string>> {
+    static constexpr Bx::Facets kFacets{.pattern = u"1 2|  a"};
+};
+struct LaterType : Bx::Restriction<Xs::dateTime> {
+    static constexpr Bx::Facets kFacets{.minInclusive = u"2024-01-02T00:00:00Z"};
+};
+
+TEST(SimpleTypes, LiteralsOfPatternsAndUnionsAreKept) {
+    Bx::Required<PaddedType> padded;
+    padded.SetText(u" 07.50 ");
+    EXPECT_EQ(Bx::Utf8(padded), " 07.50 ");
+    EXPECT_TRUE(padded == CDecimal(u"7.5"));
+    Bx::Required<PaddedType> const copy = padded;
+    EXPECT_BX_THROW(padded = CDecimal(u"7.5"), CBxInvalidValueException,
+                    "The value [7.5] does not match the pattern [[0-9]{2}\\.[0-9]{2}]");
+    padded = CDecimal(u"12.34");
+    EXPECT_EQ(Bx::Utf8(padded), "12.34");
+    EXPECT_EQ(Bx::Utf8(copy), " 07.50 ");
+
+    Bx::Values<PaddedType> values;
+    for (char16_t const* text : {u"10.25", u"07.50", u"00.10"}) values.AddText(text);
+    values.Remove(0);
+    values.Set(1, CDecimal(u"55.55"));
+    EXPECT_EQ(ToUtf8(*values.GetLiteral(0)), "07.50");
+    EXPECT_EQ(values.GetLiteral(1), nullptr);
+
+    Bx::Optional<ManyType> many;
+    many.SetText(u"1 1.0 true  01.50 1e0 x");
+    EXPECT_EQ(Bx::Utf8(many), "1 1.0 true  01.50 1e0 x");
+}
+
+TEST(SimpleTypes, ValuesOfUnionsComeBackAsTheSameMember) {
+    Check({
+        {&Again<FlagOrNumberType>,
+         {{"1", "true"}, {"1.0", "1.0"}, {"0e5", "0.0"}, {"-0", "-0"}, {"x  y", "x y"}},
+         {}},
+        {&Again<ManyType>, {{"1 +1 0", "true 1.0 false"}}, {}},
+        {&Again<SomeType>, {{"2", "2"}, {"x  y", "x y"}}, {"3"}},
+        {&Again<PairType>, {{" 1.0 2e0", "1 2"}, {"NaN", "NaN"}}, {"2 1"}},
+        {&Again<TwoWordsType>, {{" 01\n 2 ", "1 2"}}, {"1"}},
+        {&Again<SpacedType>, {{" 1  2", "1 2"}, {"  a", "  a"}}, {"a"}},
+        {&Again<LaterType>, {{"2024-01-02T15:00:00", "2024-01-02T15:00:00"}}, {"2024-01-02T00:00:00"}},
     });
 }
 

@@ -39,6 +39,7 @@ inline constexpr std::string_view kCodes[] = {
     "qname",
     "restriction",
     "twice",
+    "runs",
     "same-name",
     "open-subst",
     "default",

@@ -90,7 +90,7 @@ constexpr Option kOptions[] = {
     {"--stamp",         "FILE",      "touch this file last; it is then the target of the rule",       Put<&Options::m_stamp>},
     {"--dump",          "",          "print the components of the schemas, write nothing",            Set<&Options::m_dump, true>},
     {"--list",          "",          "print names of files, and what was renamed; write nothing",     Set<&Options::m_list, true>},
-    {"--dry-run",       "",          "the same with all checks",                                      Set<&Options::m_dryRun, true>},
+    {"--dry-run",       "",          "the same",                                                      Set<&Options::m_list, true>},
     {"--werror",        "",          "a warning makes the run fail",                                  SetMessages<&Diagnostics::Options::m_warningsAreErrors>},
     {"--all-warnings",  "",          "show every warning, not one of each kind",                      SetMessages<&Diagnostics::Options::m_allWarnings>},
     {"-q",              "",          "show errors only",                                              SetMessages<&Diagnostics::Options::m_quiet>},

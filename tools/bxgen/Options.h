@@ -37,7 +37,6 @@ struct Options {
     // What to do instead
     bool m_dump = false;
     bool m_list = false;
-    bool m_dryRun = false;
     bool m_help = false;
     bool m_version = false;
     // Messages

@@ -54,7 +54,7 @@ void Generate(SchemaSet const& set, Options const& options, std::string& output,
         diagnostics.Error({}, "root", "a program needs a root element; name one by --root-element");
     if (diagnostics.HasFailed()) return;
     std::vector<OutputFile> files = Emit(plan, options);
-    if (options.m_list || options.m_dryRun) {
+    if (options.m_list) {
         output = ListText(files, plan);
         return;
     }

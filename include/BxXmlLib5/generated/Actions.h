@@ -89,8 +89,10 @@ struct ValueActions {
         if constexpr (!HasText<S>) {
             room.clear();
             if constexpr (IsValues<P>) {
+                if (wstring const* const literal = Of(property).GetLiteral(index)) return *literal;
                 AppendText<S>(room, Of(property)[index]);
             } else {
+                if (wstring const* const literal = Of(property).GetLiteral()) return *literal;
                 AppendText<S>(room, *Of(property));
             }
             return room;

@@ -1,6 +1,8 @@
 // Elements of simple type that may be nil.
 #pragma once
 
+#include <concepts>
+#include <type_traits>
 #include <utility>
 
 #include "BxXmlLib5/generated/CObject.h"
@@ -18,6 +20,12 @@ public:
     CNillable() = default;
     /// @throws CBxInvalidValueException if the value breaks a facet of S
     CNillable(typename S::Value value) { Value.Set(std::move(value)); }
+    /// From what converts to a value: a CDateTime for a date.
+    /// @throws CBxInvalidValueException as above
+    template <class V>
+    requires(std::is_class_v<V> && !std::derived_from<V, CObject> && !std::same_as<V, typename S::Value> &&
+             std::convertible_to<V const&, typename S::Value>) CNillable(V const& value)
+        : CNillable(typename S::Value(value)) {}
 
     static Class const kClass;
 

@@ -45,9 +45,6 @@ public:
     /// @throws CBxInvalidValueException if a value of this length is too short or too long
     void TestLength(std::size_t length) const;
 
-    /// @throws CBxInvalidValueException if the literal is none of the enumeration
-    void TestValues(std::u16string_view literal) const;
-
 protected:
     ~LiteralTests() = default;
 
@@ -57,8 +54,8 @@ private:
     CCompiledPattern const* m_pattern;  // never freed, as the object itself; null for none
 };
 
-/// All tests of the types whose values are V: CDecimal, CBigInteger, CDateTime, CDateTimeSpan, CBinaryData,
-/// wstring, bool, float, double and the integers of 8 to 64 bits. Bounds are converted once.
+/// All tests of the types whose values are V: CDecimal, CBigInteger, CSchemaDate, CSchemaDuration,
+/// CBinaryData, wstring, bool, float, double and the integers of 8 to 64 bits. Bounds are converted once.
 template <class V>
 class BXXMLLIB5_API FacetTests : public LiteralTests {
 public:

@@ -3,12 +3,14 @@
 
 #include <concepts>
 #include <initializer_list>
+#include <iterator>
 #include <memory>
 #include <string_view>
 #include <type_traits>
 #include <utility>
 #include <vector>
 
+#include "BxXmlLib5/generated/KeptText.h"
 #include "BxXmlLib5/generated/SimpleTypes.h"
 #include "BxXmlLib5/platform/Export.h"
 #include "BxXmlLib5/platform/Text.h"
@@ -95,6 +97,44 @@ private:
     std::unique_ptr<V> m_value;
 };
 
+/// Whether a literal must be kept beside its value.
+template <class S>
+bool IsToBeKept(typename S::Value const& value, std::u16string_view literal) {
+    wstring const usual = TextOf<S, false>(value);
+    return usual != literal && usual != Trimmed(literal);
+}
+
+/// Room for a literal that says more than its value; none for types that have no such literals.
+template <class S>
+class LiteralRoom {
+public:
+    LiteralRoom() = default;
+    LiteralRoom(typename S::Value const& value, std::u16string_view literal) {
+        if (IsToBeKept<S>(value, literal)) m_text = KeptText(literal);
+    }
+    wstring const* Get() const { return m_text ? &*m_text : nullptr; }
+
+private:
+    KeptText m_text;
+};
+template <class S>
+requires(!SaysMore<S>()) class LiteralRoom<S> {
+public:
+    LiteralRoom() = default;
+    LiteralRoom(typename S::Value const&, std::u16string_view) {}
+    wstring const* Get() const { return nullptr; }
+};
+
+/// What an arrow leads to: the value, or what it has an arrow to itself.
+template <class V>
+decltype(auto) ArrowOf(V const& value) {
+    if constexpr (requires { value.operator->(); }) {
+        return value.operator->();
+    } else {
+        return &value;
+    }
+}
+
 /// A property of simple type S: a value, or none. Every value that comes in is tested against the facets of
 /// S. It reads like a pointer: `if (note.Duration) Use(*note.Duration);`.
 template <class S, class Room>
@@ -111,7 +151,7 @@ public:
         if (!m_room.Has()) ThrowNotSet();
         return m_room.Get();
     }
-    Value const* operator->() const { return &**this; }
+    decltype(auto) operator->() const { return ArrowOf(**this); }
 
     /// Whether there is this value.
     bool operator==(Value const& value) const { return m_room.Has() && IsSame(m_room.Get(), value); }
@@ -123,17 +163,34 @@ public:
     void Set(Value value) {
         Test<S>(value);
         m_room.Set(std::move(value));
+        m_literal = {};
     }
-    /// As Set(), with the value of a literal.
-    void SetText(std::u16string_view text) { m_room.Set(ValueOf<S>(text)); }
+    /// As Set(), with the value of a literal. The literal is kept if it says more than the value, so that what a
+    /// pattern or a union takes is written as it was read.
+    /// @throws CBxInvalidValueException if the text is no literal of S; the property keeps what it has
+    void SetText(std::u16string_view text) { Store(ValueOf<S>(text), text); }
 
-    void Clear() { m_room.Clear(); }
+    void Clear() {
+        m_room.Clear();
+        m_literal = {};
+    }
+
+    /// The literal that was kept, or null.
+    wstring const* GetLiteral() const { return m_literal.Get(); }
+
+protected:
+    /// @param value that of the literal
+    void Store(Value value, std::u16string_view literal) {
+        m_literal = LiteralRoom<S>(value, literal);
+        m_room.Set(std::move(value));
+    }
 
 private:
     Room m_room;
+    [[no_unique_address]] LiteralRoom<S> m_literal;
 };
 
-/// A property that must have a value when the object is written.
+/// A property that must have a value when the object is written. What is assigned is tested as by Set().
 template <class S>
 class Required : public Property<S, RoomInside<typename S::Value>> {
 public:
@@ -148,7 +205,7 @@ public:
     }
 };
 
-/// A property that may have a value.
+/// A property that may have a value. What is assigned is tested as by Set().
 template <class S>
 class Optional
     : public Property<S, std::conditional_t<(sizeof(typename S::Value) <= 24), RoomInside<typename S::Value>,
@@ -183,6 +240,12 @@ typename S::Value const& ConstantOf() {
     return s_value;
 }
 
+/// @throws CBxInvalidValueException if a value is not the one that the schema fixes
+template <class S, Literal kText>
+void TestFixed(typename S::Value const& value) {
+    if (!IsSame(value, ConstantOf<S, kText>())) ThrowNotFixed(kText.View(), TextOf<S>(value));
+}
+
 /// A property with a default value: it reads as that if it has none of its own. An element that is there and
 /// empty has the default.
 template <class S, Literal kText>
@@ -192,7 +255,7 @@ public:
     using Optional<S>::operator=;
 
     Value const& operator*() const { return *this ? Optional<S>::operator*() : ConstantOf<S, kText>(); }
-    Value const* operator->() const { return &**this; }
+    decltype(auto) operator->() const { return ArrowOf(**this); }
 
     /// Whether it reads as this value.
     bool operator==(Value const& value) const { return IsSame(**this, value); }
@@ -211,10 +274,15 @@ public:
 
     /// @throws CBxInvalidValueException for any other value
     void Set(Value value) {
-        if (!IsSame(value, ConstantOf<S, kText>())) ThrowNotFixed(kText.View(), TextOf<S>(value));
+        TestFixed<S, kText>(value);
         Optional<S>::Set(std::move(value));
     }
-    void SetText(std::u16string_view text) { Set(ValueOf<S>(text)); }
+    /// @throws CBxInvalidValueException for the literal of any other value
+    void SetText(std::u16string_view text) {
+        Value value = ValueOf<S>(text);
+        TestFixed<S, kText>(value);
+        this->Store(std::move(value), text);
+    }
 
     Fixed& operator=(typename S::Value value) requires(!HasText<S>) {
         this->Set(std::move(value));
@@ -236,10 +304,10 @@ public:
 
     Values() = default;
     Values(Values const& other)
-        : m_values(other.m_values ? std::make_unique<Vector>(*other.m_values) : nullptr) {}
+        : m_content(other.m_content ? std::make_unique<Content>(*other.m_content) : nullptr) {}
     Values(Values&&) noexcept = default;
     Values& operator=(Values other) noexcept {
-        m_values.swap(other.m_values);
+        m_content.swap(other.m_content);
         return *this;
     }
     ~Values() = default;
@@ -249,25 +317,43 @@ public:
     Values& operator=(std::initializer_list<Value> values) {
         Values other;
         for (Value const& value : values) other.AddTested(value);
-        m_values.swap(other.m_values);
+        m_content.swap(other.m_content);
         return *this;
     }
 
     bool IsEmpty() const { return Count() == 0; }
-    int Count() const { return m_values ? static_cast<int>(m_values->size()) : 0; }
+    int Count() const { return static_cast<int>(All().size()); }
     /// @throws CBxInvalidParamException unless index is 0 to Count() - 1
-    decltype(auto) operator[](int index) const { return (*m_values)[Index(index)]; }
+    decltype(auto) operator[](int index) const { return All()[Index(index)]; }
 
     auto begin() const { return All().begin(); }
     auto end() const { return All().end(); }
 
+    /// Appends a value.
     /// @throws CBxInvalidValueException if the value breaks a facet of S
     void Add(Value value) requires(!HasText<S>) { AddTested(std::move(value)); }
     template <IsText T>
     requires HasText<S>
     void Add(T&& text) { AddTested(Wide(std::forward<T>(text))); }
-    /// As Add(), with the value of a literal.
-    void AddText(std::u16string_view text) { Append(ValueOf<S>(text)); }
+    /// As Add(), with the value of a literal, which is kept as Property::SetText() does.
+    /// @throws CBxInvalidValueException if the text is no literal of S
+    void AddText(std::u16string_view text) {
+        Append(ValueOf<S>(text));
+        if constexpr (SaysMore<S>()) {
+            Vector const& values = m_content->values;
+            if (!IsToBeKept<S>(values.back(), text)) return;
+            m_content->literals.resize(values.size());
+            m_content->literals.back() = text;
+        }
+    }
+
+    /// The literal of a value that was kept, as for Property, or null.
+    /// @throws CBxInvalidParamException unless index is 0 to Count() - 1
+    wstring const* GetLiteral(int index) const {
+        std::size_t const at = Index(index);
+        auto const& literals = m_content->literals;
+        return at < literals.size() && !literals[at].empty() ? &literals[at] : nullptr;
+    }
 
     /// Replaces one value.
     /// @throws CBxInvalidParamException unless index is 0 to Count() - 1
@@ -275,14 +361,17 @@ public:
     void Set(int index, Value value) {
         std::size_t const at = Index(index);
         Test<S>(value);
-        (*m_values)[at] = std::move(value);
+        m_content->values[at] = std::move(value);
+        if (at < m_content->literals.size()) m_content->literals[at].clear();
     }
     /// @throws CBxInvalidParamException unless index is 0 to Count() - 1
     void Remove(int index) {
         auto const at = static_cast<std::ptrdiff_t>(Index(index));
-        m_values->erase(m_values->begin() + at);
+        m_content->values.erase(m_content->values.begin() + at);
+        auto& literals = m_content->literals;
+        if (at < std::ssize(literals)) literals.erase(literals.begin() + at);
     }
-    void Clear() { m_values.reset(); }
+    void Clear() { m_content.reset(); }
 
     bool operator==(Values const& other) const {
         if (Count() != other.Count()) return false;
@@ -297,9 +386,14 @@ public:
 private:
     using Vector = std::vector<Value>;
 
+    struct Content {
+        Vector values;
+        std::vector<wstring> literals;  // of the first values, empty where none is kept
+    };
+
     Vector const& All() const {
         static Vector const& s_none = *new Vector;
-        return m_values ? *m_values : s_none;
+        return m_content ? m_content->values : s_none;
     }
     std::size_t Index(int index) const {
         if (index < 0 || index >= Count()) ThrowNoIndex(index);
@@ -310,11 +404,55 @@ private:
         Append(std::move(value));
     }
     void Append(Value value) {
-        if (!m_values) m_values = std::make_unique<Vector>();
-        m_values->push_back(std::move(value));
+        if (!m_content) m_content = std::make_unique<Content>();
+        m_content->values.push_back(std::move(value));
     }
 
-    std::unique_ptr<Vector> m_values;
+    std::unique_ptr<Content> m_content;
+};
+
+/// A repeated element with a default value, which those that are there and empty have.
+template <class S, Literal kText>
+class ValuesWithDefault : public Values<S> {
+public:
+    using Values<S>::operator=;
+
+    static constexpr std::u16string_view kDefault = kText.View();
+};
+
+/// A repeated element whose values are all the one that the schema fixes.
+template <class S, Literal kText>
+class FixedValues : public ValuesWithDefault<S, kText> {
+    using Base = ValuesWithDefault<S, kText>;
+
+public:
+    using Value = typename S::Value;
+
+    /// @throws CBxInvalidValueException for any other value
+    FixedValues& operator=(std::initializer_list<Value> values) {
+        for (Value const& value : values) TestFixed<S, kText>(value);
+        Base::operator=(values);
+        return *this;
+    }
+    void Add(Value value) requires(!HasText<S>) {
+        TestFixed<S, kText>(value);
+        Base::Add(std::move(value));
+    }
+    template <IsText T>
+    requires HasText<S>
+    void Add(T&& text) {
+        wstring value = Wide(std::forward<T>(text));
+        TestFixed<S, kText>(value);
+        Base::Add(std::move(value));
+    }
+    void AddText(std::u16string_view text) {
+        TestFixed<S, kText>(ValueOf<S>(text));
+        Base::AddText(text);
+    }
+    void Set(int index, Value value) {
+        TestFixed<S, kText>(value);
+        Base::Set(index, std::move(value));
+    }
 };
 
 }  // namespace BxXmlLib5::Generated

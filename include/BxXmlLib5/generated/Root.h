@@ -3,6 +3,7 @@
 
 #include <string>
 #include <string_view>
+#include <type_traits>
 
 #include "BxXmlLib5/binding/CXmlSerializationContext.h"
 #include "BxXmlLib5/generated/CObject.h"
@@ -32,9 +33,15 @@ enum class RootForm { Text, FastInfoset };
 BXXMLLIB5_API CXmlSerializationContext RootContext(CObject const& root, RootForm form);
 /// @}
 
+/// T with the mark, which the class of a root has already.
+template <class T, bool = std::is_base_of_v<RootTag, T>>
+class Marked : public T, public RootTag {};
+template <class T>
+class Marked<T, true> : public T {};
+
 /// What a root has beside T: nothing, unless other types may derive from that of T.
 template <class T>
-class RootContent : public T, public RootTag {
+class RootContent : public Marked<T> {
 public:
     /// The content of a document whose root names a type that derives from T by xsi:type: of the class of that type.
     /// The properties of the root itself are not set then, and writing refuses both.
@@ -44,7 +51,7 @@ public:
     Object<T> XsiTyped;
 };
 template <>
-class RootContent<CObject> : public CObject, public RootTag {};
+class RootContent<CObject> : public Marked<CObject> {};
 
 /// The class of a global element, over T, the class of its type, or over CObject if the type has no name.
 template <class T>
@@ -66,7 +73,8 @@ public:
         ParseRoot(*this, document, context);
     }
 
-    /// Writes a file of XML text in UTF-8. One of that name is replaced, but only when all is written.
+    /// Writes a file of XML text in UTF-8. One of that name is replaced, but only once the whole document
+    /// is made: what Validate() tells leaves it as it was.
     /// @param path in UTF-8
     /// @throws CBxValidationException for what Validate() tells
     /// @throws CBxException if the file cannot be written

@@ -12,6 +12,8 @@
 //     struct FontSize : Bx::Union<Xs::decimal, CssFontSizeType> {};
 #pragma once
 
+#include <concepts>
+#include <cstddef>
 #include <iterator>
 #include <optional>
 #include <string_view>
@@ -22,9 +24,14 @@
 #include <vector>
 
 #include "BxXmlLib5/core/CBxException.h"
+#include "BxXmlLib5/generated/CSchemaDate.h"
+#include "BxXmlLib5/generated/CSchemaDuration.h"
 #include "BxXmlLib5/generated/Facets.h"
 #include "BxXmlLib5/platform/Export.h"
 #include "BxXmlLib5/platform/Text.h"
+#include "BxXmlLib5/values/CBigInteger.h"
+#include "BxXmlLib5/values/CDecimal.h"
+#include "BxXmlLib5/values/CWhitespaceUtils.h"
 
 namespace BxXmlLib5::Generated {
 
@@ -34,11 +41,17 @@ struct Restriction : S {
     using Base = S;
 };
 
+namespace Xs {
+struct string;
+}
+
 /// A type whose values are the enumerators of E, numbered from 0. The derived struct gives kTexts, the text of
 /// each enumerator in their order.
-template <class E>
+/// @tparam S a type of text, under whose whitespace rule a literal is looked up
+template <class E, class S = Xs::string>
 struct Enumeration {
     using Value = E;
+    using Text = S;
 };
 
 /// A type whose values are lists of values of S, in one text.
@@ -75,15 +88,17 @@ concept IsAtomic = !IsEnumeration<S> && !IsList<S> && !IsUnion<S>;
 template <class S>
 typename S::Value ValueOf(std::u16string_view text);
 
-/// Appends the literal of a value of type S.
-template <class S>
+/// Appends the literal of a value of type S. That of a union is spelled so that the same member takes it again,
+/// where one of the known spellings is: 1 of a number behind a boolean is "1.0".
+/// @tparam kComesBack false for the usual spelling in any case
+template <class S, bool kComesBack = true>
 void AppendText(wstring& text, typename S::Value const& value);
 
-/// The literal of a value of type S.
-template <class S>
+/// The literal of a value of type S, as AppendText() gives it.
+template <class S, bool kComesBack = true>
 wstring TextOf(typename S::Value const& value) {
     wstring text;
-    AppendText<S>(text, value);
+    AppendText<S, kComesBack>(text, value);
     return text;
 }
 
@@ -92,11 +107,47 @@ wstring TextOf(typename S::Value const& value) {
 template <class S>
 void Test(typename S::Value const& value);
 
+template <class V>
+inline constexpr bool kIsVector = false;
+template <class V>
+inline constexpr bool kIsVector<std::vector<V>> = true;
+template <class V>
+inline constexpr bool kIsVariant = false;
+template <class... V>
+inline constexpr bool kIsVariant<std::variant<V...>> = true;
+
+/// Calls a function with the index of a variant's value as a type, std::integral_constant.
+template <class V, class F>
+void WithIndex(V const& variant, F const& function) {
+    [&]<std::size_t... kIndexes>(std::index_sequence<kIndexes...>) {
+        (void)((variant.index() == kIndexes &&
+                (function(std::integral_constant<std::size_t, kIndexes>()), true)) ||
+               ...);
+    }
+    (std::make_index_sequence<std::variant_size_v<V>>());
+}
+
 /// Whether two values are the same: not-a-number is the same as itself.
 template <class V>
 bool IsSame(V const& a, V const& b) {
     if constexpr (std::is_floating_point_v<V>) {
         return a == b || (a != a && b != b);
+    } else if constexpr (kIsVector<V>) {
+        if (a.size() != b.size()) return false;
+        for (std::size_t i = 0; i < a.size(); ++i) {
+            typename V::value_type const& left = a[i];
+            typename V::value_type const& right = b[i];
+            if (!IsSame(left, right)) return false;
+        }
+        return true;
+    } else if constexpr (kIsVariant<V>) {
+        bool isSame = false;
+        if (a.index() == b.index()) {
+            WithIndex(a, [&](auto index) {
+                isSame = IsSame(*std::get_if<index()>(&a), *std::get_if<index()>(&b));
+            });
+        }
+        return isSame;
     } else {
         return a == b;
     }
@@ -108,18 +159,37 @@ bool IsSame(V const& a, V const& b) {
 /// A text without XML whitespace at its ends.
 BXXMLLIB5_API std::u16string_view Trimmed(std::u16string_view text);
 
+/// A text without XML whitespace at its ends, and with one blank for each other run of it.
+BXXMLLIB5_API wstring Collapsed(std::u16string_view text);
+
 /// The first item of a list, which is taken from its front; none at its end.
 BXXMLLIB5_API std::optional<std::u16string_view> TakeItem(std::u16string_view& list);
 
 /// The index of a literal among some texts, -1 if it is none of them.
 BXXMLLIB5_API int FindText(std::span<char16_t const* const> texts, std::u16string_view literal);
 
-/// The number of the enumerator that a text stands for once whitespace is collapsed, -1 if there is none.
-BXXMLLIB5_API int FindEnumerator(std::span<char16_t const* const> texts, std::u16string_view text);
+/// The number of the enumerator that a text stands for by a whitespace rule, -1 if there is none.
+BXXMLLIB5_API int FindEnumerator(std::span<char16_t const* const> texts, std::u16string_view text,
+                                 CWhitespaceUtils::WhitespaceRule rule);
 
+/// @throws CBxInvalidValueException always, for what is no enumerator, and for what no member of a union takes
+/// @{
 [[noreturn]] BXXMLLIB5_API void ThrowNoEnumerator(std::u16string_view literal);
 [[noreturn]] BXXMLLIB5_API void ThrowNoEnumerator(int value);
 [[noreturn]] BXXMLLIB5_API void ThrowNoMember(std::u16string_view literal);
+/// @}
+
+/// Whether a text begins, behind whitespace, with one of some characters.
+BXXMLLIB5_API bool StartsWithAny(std::u16string_view text, std::u16string_view characters);
+
+/// Other literals that a text may have as a number, a truth value or digits.
+/// @param index from 0 on
+/// @return empty past the last
+BXXMLLIB5_API wstring OtherSpelling(wstring const& text, std::size_t index);
+
+/// The value of a literal that nothing is tested of but its form.
+template <class S>
+typename S::Value Converted(std::u16string_view text);
 
 template <class S>
 struct StepOf {
@@ -142,6 +212,21 @@ struct StepOf {
     }
 };
 
+/// Tests a value that is no atomic one against an enumeration.
+template <class S>
+void TestListed(typename S::Value const& value) {
+    using Value = typename S::Value;
+    static std::vector<Value> const& s_values = []() -> std::vector<Value> const& {
+        auto* const values = new std::vector<Value>;
+        for (char16_t const* text : S::kFacets.values) values->push_back(Converted<S>(text));
+        return *values;
+    }();
+    for (Value const& one : s_values) {
+        if (IsSame(one, value)) return;
+    }
+    ThrowNoEnumerator(TextOf<S, false>(value));
+}
+
 /// All but the patterns.
 template <class S>
 void TestValue(typename S::Value const& value) {
@@ -157,7 +242,7 @@ void TestValue(typename S::Value const& value) {
         Step::Tests().Test(value);
     } else {
         if constexpr (IsList<S>) Step::Tests().TestLength(value.size());
-        if constexpr (!S::kFacets.values.empty()) Step::Tests().TestValues(TextOf<S>(value));
+        if constexpr (!S::kFacets.values.empty()) TestListed<S>(value);
     }
 }
 
@@ -182,9 +267,35 @@ constexpr bool HasPattern() {
     }
 }
 
-/// The value of a literal that nothing is tested of but its form.
+/// The characters that a literal of a type of these values begins with; empty for any.
+template <class V>
+constexpr std::u16string_view FirstCharacters() {
+    if constexpr (std::same_as<V, bool>) {
+        return u"tf01";
+    } else if constexpr (std::is_floating_point_v<V>) {
+        return u"0123456789-+.IN";
+    } else if constexpr (std::is_arithmetic_v<V> || std::same_as<V, CDecimal> ||
+                         std::same_as<V, CBigInteger>) {
+        return u"0123456789-+.";
+    } else if constexpr (std::same_as<V, CSchemaDate>) {
+        return u"0123456789-";
+    } else if constexpr (std::same_as<V, CSchemaDuration>) {
+        return u"-P";
+    } else {
+        return {};
+    }
+}
+
+/// False for most texts that a type does not take, so that they are passed over without an exception.
 template <class S>
-typename S::Value Converted(std::u16string_view text);
+bool MayTake(std::u16string_view text) {
+    if constexpr (IsEnumeration<S>) {
+        return FindEnumerator(S::kTexts, text, S::Text::kRule) >= 0;
+    } else {
+        constexpr std::u16string_view kFirst = FirstCharacters<typename S::Value>();
+        return kFirst.empty() || StartsWithAny(text, kFirst);
+    }
+}
 
 template <class S, std::size_t kIndex = 0>
 typename S::Value ConvertedMember(std::u16string_view text) {
@@ -192,15 +303,12 @@ typename S::Value ConvertedMember(std::u16string_view text) {
         ThrowNoMember(text);
     } else {
         using Member = std::tuple_element_t<kIndex, typename S::Members>;
-        using V = typename S::Value;
-        if constexpr (IsEnumeration<Member>) {
-            // The usual case of a member that does not take the text goes without an exception.
-            if (FindEnumerator(Member::kTexts, text) < 0) return ConvertedMember<S, kIndex + 1>(text);
-        }
-        try {
-            return V(std::in_place_index<kIndex>, ValueOf<Member>(text));
-        } catch (CBxInvalidValueException const&) {
-            // The next one may take it.
+        if (MayTake<Member>(text)) {
+            try {
+                return typename S::Value(std::in_place_index<kIndex>, ValueOf<Member>(text));
+            } catch (CBxInvalidValueException const&) {
+                // The next one may take it.
+            }
         }
         return ConvertedMember<S, kIndex + 1>(text);
     }
@@ -209,8 +317,8 @@ typename S::Value ConvertedMember(std::u16string_view text) {
 template <class S>
 typename S::Value Converted(std::u16string_view text) {
     if constexpr (IsEnumeration<S>) {
-        int const index = FindEnumerator(S::kTexts, text);
-        if (index < 0) ThrowNoEnumerator(Trimmed(text));
+        int const index = FindEnumerator(S::kTexts, text, S::Text::kRule);
+        if (index < 0) ThrowNoEnumerator(text);
         return static_cast<typename S::Value>(index);
     } else if constexpr (IsList<S>) {
         typename S::Value items;
@@ -220,6 +328,42 @@ typename S::Value Converted(std::u16string_view text) {
         return ConvertedMember<S>(text);
     } else {
         return S::FromText(text);
+    }
+}
+
+/// Whether a text has this value by union S, and by the same member.
+template <class S>
+bool Gives(std::u16string_view text, typename S::Value const& value) {
+    try {
+        return IsSame(ValueOf<S>(text), value);
+    } catch (CBxInvalidValueException const&) {
+        return false;
+    }
+}
+
+template <class S>
+wstring SpelledMember(typename S::Value const& value) {
+    wstring usual = TextOf<S, false>(value);
+    // What no earlier member can take comes back.
+    if (value.index() == 0 || Gives<S>(usual, value)) return usual;
+    for (std::size_t i = 0;; ++i) {
+        wstring other = OtherSpelling(usual, i);
+        if (other.empty()) return usual;
+        if (Gives<S>(other, value)) return other;
+    }
+}
+
+/// Whether a literal can say more than its value: which member of a union it is of, or what a pattern asks for.
+template <class S>
+constexpr bool SaysMore() {
+    if constexpr (IsEnumeration<S> || std::is_same_v<typename S::Value, wstring>) {
+        return false;
+    } else if constexpr (IsUnion<S>) {
+        return true;
+    } else if constexpr (IsList<S>) {
+        return HasPattern<S>() || SaysMore<typename S::Item>();
+    } else {
+        return HasPattern<S>();
     }
 }
 /// @}
@@ -232,15 +376,18 @@ typename S::Value ValueOf(std::u16string_view text) {
             TestPattern<S>(value);
         } else if constexpr (IsEnumeration<S>) {
             TestPattern<S>(TextOf<S>(value));
+        } else if constexpr (IsUnion<S>) {
+            // Of the members, texts alone may keep whitespace.
+            TestPattern<S>(TextOf<S, false>(value) == text ? wstring(text) : Collapsed(text));
         } else {
-            TestPattern<S>(Trimmed(text));
+            TestPattern<S>(Collapsed(text));
         }
     }
     TestValue<S>(value);
     return value;
 }
 
-template <class S>
+template <class S, bool kComesBack>
 void AppendText(wstring& text, typename S::Value const& value) {
     if constexpr (IsEnumeration<S>) {
         auto const index = static_cast<std::size_t>(value);
@@ -250,17 +397,15 @@ void AppendText(wstring& text, typename S::Value const& value) {
         std::size_t const start = text.size();
         for (auto const& item : value) {
             if (text.size() > start) text += u' ';
-            AppendText<typename S::Item>(text, item);
+            AppendText<typename S::Item, kComesBack>(text, item);
         }
+    } else if constexpr (IsUnion<S> && kComesBack) {
+        text += SpelledMember<S>(value);
     } else if constexpr (IsUnion<S>) {
-        [&]<std::size_t... kIndexes>(std::index_sequence<kIndexes...>) {
-            (void)((value.index() == kIndexes &&
-                    (AppendText<std::tuple_element_t<kIndexes, typename S::Members>>(
-                         text, *std::get_if<kIndexes>(&value)),
-                     true)) ||
-                   ...);
-        }
-        (std::make_index_sequence<std::tuple_size_v<typename S::Members>>());
+        WithIndex(value, [&](auto index) {
+            using Member = std::tuple_element_t<index(), typename S::Members>;
+            AppendText<Member, false>(text, *std::get_if<index()>(&value));
+        });
     } else if constexpr (requires { S::AppendText(text, value); }) {
         S::AppendText(text, value);
     } else {
@@ -273,13 +418,9 @@ void Test(typename S::Value const& value) {
     if constexpr (IsList<S>) {
         for (auto const& item : value) Test<typename S::Item>(item);
     } else if constexpr (IsUnion<S>) {
-        [&]<std::size_t... kIndexes>(std::index_sequence<kIndexes...>) {
-            (void)((value.index() == kIndexes && (Test<std::tuple_element_t<kIndexes, typename S::Members>>(
-                                                      *std::get_if<kIndexes>(&value)),
-                                                  true)) ||
-                   ...);
-        }
-        (std::make_index_sequence<std::tuple_size_v<typename S::Members>>());
+        WithIndex(value, [&](auto index) {
+            Test<std::tuple_element_t<index(), typename S::Members>>(*std::get_if<index()>(&value));
+        });
     } else if constexpr (IsEnumeration<S>) {
         if (static_cast<std::size_t>(value) >= std::size(S::kTexts))
             ThrowNoEnumerator(static_cast<int>(value));

@@ -27,7 +27,8 @@ requires requires {
     typename P::Type;
 }
 std::string Utf8(P const& property) {
-    return ToUtf8(TextOf<typename P::Type>(*property));
+    wstring const* const literal = property.GetLiteral();
+    return ToUtf8(literal != nullptr ? *literal : TextOf<typename P::Type>(*property));
 }
 
 }  // namespace BxXmlLib5::Generated

@@ -5,12 +5,12 @@
 #include <cstdint>
 #include <string_view>
 
+#include "BxXmlLib5/generated/CSchemaDate.h"
+#include "BxXmlLib5/generated/CSchemaDuration.h"
 #include "BxXmlLib5/generated/SimpleTypes.h"
 #include "BxXmlLib5/platform/Export.h"
 #include "BxXmlLib5/values/CBigInteger.h"
 #include "BxXmlLib5/values/CBinaryData.h"
-#include "BxXmlLib5/values/CDateTime.h"
-#include "BxXmlLib5/values/CDateTimeSpan.h"
 #include "BxXmlLib5/values/CDecimal.h"
 #include "BxXmlLib5/values/CWhitespaceUtils.h"
 
@@ -19,13 +19,15 @@ namespace BxXmlLib5::Generated {
 /// @name Literals
 ///
 /// The forms are those of the standard and no others: the conversions of the library take more. Whitespace at
-/// the ends is passed over.
+/// the ends is passed over. FromText() throws CBxInvalidValueException for what is no literal of the type; ToText() gives the
+/// literal of a value.
 /// @{
 
 /// A type whose value is text under a whitespace rule.
-template <CWhitespaceUtils::WhitespaceRule kRule>
+template <CWhitespaceUtils::WhitespaceRule kItsRule>
 struct TextType {
     using Value = wstring;
+    static constexpr CWhitespaceUtils::WhitespaceRule kRule = kItsRule;
     static wstring FromText(std::u16string_view text);
     static wstring ToText(wstring const& value) { return value; }
 };
@@ -36,6 +38,7 @@ BXXMLLIB5_API wstring TextType<CWhitespaceUtils::ws_Replace>::FromText(std::u16s
 template <>
 BXXMLLIB5_API wstring TextType<CWhitespaceUtils::ws_Collapse>::FromText(std::u16string_view text);
 
+/// @throws CBxInvalidValueException always, for a literal that has not the form of its type
 [[noreturn]] BXXMLLIB5_API void ThrowBadForm(std::u16string_view literal);
 
 /// A text with a grammar that a pattern could give, but a function gives faster.
@@ -65,10 +68,11 @@ struct FloatType {
 /// One of the eight date and time types.
 template <CDateTime::DTType kType>
 struct DateType {
-    using Value = CDateTime;
-    BXXMLLIB5_API static CDateTime FromText(std::u16string_view text);
-    BXXMLLIB5_API static wstring ToText(CDateTime const& value);
-    BXXMLLIB5_API static void TestForm(CDateTime const& value);
+    using Value = CSchemaDate;
+    BXXMLLIB5_API static CSchemaDate FromText(std::u16string_view text);
+    static wstring ToText(CSchemaDate const& value) { return value.GetText(); }
+    /// @throws CBxInvalidValueException for a value of another of the types
+    BXXMLLIB5_API static void TestForm(CSchemaDate const& value);
 };
 /// @}
 
@@ -83,6 +87,7 @@ struct token            : TextType<CWhitespaceUtils::ws_Collapse> {};
 struct anyURI           : TextType<CWhitespaceUtils::ws_Collapse> {};
 // clang-format on
 
+// The grammars of names and the like, for a text whose whitespace is collapsed.
 BXXMLLIB5_API bool IsLanguage(std::u16string_view text);
 BXXMLLIB5_API bool IsNmtoken(std::u16string_view text);
 BXXMLLIB5_API bool IsName(std::u16string_view text);
@@ -153,9 +158,9 @@ struct gMonth     : DateType<CDateTime::dt_gMonth> {};
 // clang-format on
 
 struct duration {
-    using Value = CDateTimeSpan;
-    BXXMLLIB5_API static CDateTimeSpan FromText(std::u16string_view text);
-    BXXMLLIB5_API static wstring ToText(CDateTimeSpan const& value);
+    using Value = CSchemaDuration;
+    BXXMLLIB5_API static CSchemaDuration FromText(std::u16string_view text);
+    static wstring ToText(CSchemaDuration const& value) { return value.GetText(); }
 };
 
 struct hexBinary {

@@ -53,12 +53,12 @@ std::string EnumClass(SimplePlan const& simple) {
     return isDocumented ? head + "{\n" + lines + "};\n" : Table(head, names, " ");
 }
 
-std::string Enumeration(SimplePlan const& simple) {
+std::string Enumeration(SimplePlan const& simple, std::string const& base) {
     std::vector<std::string> texts;
     for (EnumeratorPlan const& enumerator : simple.m_enumerators) texts.push_back(enumerator.m_text);
     std::string text = Comment(simple.m_documentation, "") + EnumClass(simple);
     text += "\n/// The type of " + simple.m_enum + " in documents.\n";
-    text += "struct " + simple.m_name + " : Bx::Enumeration<" + simple.m_enum + "> {\n";
+    text += "struct " + simple.m_name + " : " + base + " {\n";
     return text + TextTable("kTexts", texts) + "};\n\n";
 }
 
@@ -89,7 +89,7 @@ std::string HeaderEmitter::Constants() const {
 }
 
 std::string HeaderEmitter::Simple(SimplePlan const& simple, References& references) {
-    if (!simple.m_enum.empty()) return Enumeration(simple);
+    if (!simple.m_enum.empty()) return Enumeration(simple, references.Type(simple.m_base));
     std::string text = Comment(simple.m_documentation, "");
     if (simple.m_isAlias)
         return text + "using " + simple.m_name + " = " + references.Type(simple.m_base) + ";\n\n";

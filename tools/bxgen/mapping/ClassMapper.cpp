@@ -5,6 +5,7 @@
 
 #include "mapping/Comments.h"
 #include "mapping/ContentMapper.h"
+#include "mapping/Runs.h"
 
 namespace BxGen {
 
@@ -131,7 +132,10 @@ bool ClassMapper::MakeAlias(ComplexType const& type, ClassFacts& base, ClassFact
 void ClassMapper::AddContent(ComplexType const& type, Particle const* particle, ClassFacts& facts) {
     if (particle != nullptr) {
         std::optional<ContentNode> node = Normalised(*particle, m_mapping.m_diagnostics);
-        if (node) ContentMapper(*this, facts).Add(std::move(*node));
+        if (node) {
+            WarnOfRuns(*node, m_mapping.m_diagnostics);
+            ContentMapper(*this, facts).Add(std::move(*node));
+        }
     }
     if (type.m_content == ContentKind::kMixed) AddMixedText(type, facts.m_plan->m_xmlName, facts);
 }
@@ -397,6 +401,7 @@ bool ClassMapper::Restrict(ComplexType const& type, ClassFacts& base, ClassFacts
     AddRow(facts, "Restrict").m_class = base.m_plan;
     std::optional<ContentNode> node;
     if (type.m_particle != nullptr) node = Normalised(*type.m_particle, m_mapping.m_diagnostics);
+    if (node) WarnOfRuns(*node, m_mapping.m_diagnostics);
     if (node && !ContentMapper(*this, facts).AddRestricted(std::move(*node), used, isNarrower)) {
         facts.m_plan->m_rows.clear();
         return false;

@@ -333,8 +333,8 @@ void ContentMapper::WarnOfValue(Draft const& draft) const {
     m_classes.m_mapping.m_diagnostics.Warning(
         first.m_particle->m_place, "default",
         "the default or fixed value of " + Quoted(first.Element()->m_name.m_local) +
-            " is not used, since the element is repeated, may be nil, is of any type or has others elsewhere; set it in "
-            "your program");
+            " is not used, since the element may be nil, is of any type or has others elsewhere; set it in your "
+            "program");
 }
 
 void ContentMapper::MakeElement(Draft const& draft, PropertyFacts& property, TypeExpression& type) {
@@ -388,7 +388,7 @@ void ContentMapper::MakeValue(Draft const& draft, SimpleType const& simple, bool
                (!other || (other->m_value == element.m_value->m_value &&
                            other->m_isFixed == element.m_value->m_isFixed));
     });
-    bool const isConstrained = element.m_value && isAlike && !isRepeated && !property.m_isNillable;
+    bool const isConstrained = element.m_value && isAlike && !property.m_isNillable;
     if (HasValue(draft) && !isConstrained) WarnOfValue(draft);
     if (property.m_isNillable) {
         property.m_shape = isRepeated ? Shape::kCollection : Shape::kObject;
@@ -401,13 +401,15 @@ void ContentMapper::MakeValue(Draft const& draft, SimpleType const& simple, bool
     property.m_shape = isRepeated ? Shape::kValues : Shape::kValue;
     property.m_isConstrained = isConstrained;
     property.m_isFixed = isConstrained && element.m_value->m_isFixed;
-    if (isRepeated) {
-        type = {"Bx::Values", nullptr, {value}, {}};
-    } else if (isConstrained) {
-        type = {element.m_value->m_isFixed ? "Bx::Fixed" : "Bx::WithDefault",
+    if (isConstrained) {
+        std::string const constraint = element.m_value->m_isFixed ? "Fixed" : "WithDefault";
+        std::string const repeated = element.m_value->m_isFixed ? "FixedValues" : "ValuesWithDefault";
+        type = {"Bx::" + (isRepeated ? repeated : constraint),
                 nullptr,
                 {value},
                 std::string(element.m_value->m_value)};
+    } else if (isRepeated) {
+        type = {"Bx::Values", nullptr, {value}, {}};
     } else {
         property.m_isRequired = draft.m_isMandatory;
         type = {property.m_isRequired ? "Bx::Required" : "Bx::Optional", nullptr, {value}, {}};
@@ -497,9 +499,9 @@ void ContentMapper::AddElementRow(ElementDeclaration const& element, PropertyFac
         m_classes.m_units.Need(element.m_name.m_namespace);
     }
     if (element.m_name.m_namespace.empty()) m_classes.m_mapping.m_plan.m_hasDefaultNamespace = false;
-    row.m_isNillable = element.m_isNillable && isObject;
-    row.m_blocked = BlockedWays(element);
     bool const isValue = property.m_shape == Shape::kValue || property.m_shape == Shape::kValues;
+    row.m_isNillable = element.m_isNillable && !isValue;
+    row.m_blocked = BlockedWays(element);
     if (isValue && element.m_type != property.m_type)
         row.m_narrowed = m_classes.m_simples.Expression(*element.m_type->AsSimple());
     bool const isRepeated = IsRepeated(property.m_shape);

@@ -40,6 +40,7 @@ void MapAll(Mapping const& mapping) {
     for (ComplexType const* const type : names.Types()) classes.Class(*type);
     for (ElementDeclaration const* const root : roots) classes.Root(*root);
     if (NeedsInstanceNamespace(mapping.m_plan)) units.Need(kXsiNamespace);
+    names.TellUnused();
     units.NameConstants();
     units.CheckOrder();
 }

@@ -1,9 +1,11 @@
 #include "mapping/Names.h"
 
 #include <algorithm>
-#include <fstream>
+#include <sstream>
+#include <system_error>
 
 #include "schema/Text.h"
+#include "xml/File.h"
 
 namespace BxGen {
 
@@ -12,11 +14,7 @@ bool IsTextEnumeration(SimpleType const& type) {
                         (type.m_primitive == BuiltIn::kString || type.m_primitive == BuiltIn::kAnyUri);
     if (!isText || type.EnumerationStep() != &type || type.m_builtIn != BuiltIn::kNone) return false;
     SimpleType const* const base = type.RestrictedType();
-    if (base != nullptr && base->EnumerationStep() != nullptr) return false;
-    return std::ranges::all_of(type.m_facets, [&](Facet const* facet) {
-        return facet->m_kind != FacetKind::kEnumeration || type.m_whiteSpace == WhiteSpace::kCollapse ||
-               facet->m_value == Collapsed(facet->m_value);
-    });
+    return base == nullptr || base->EnumerationStep() == nullptr;
 }
 
 namespace {
@@ -95,29 +93,44 @@ Names::Names(Mapping const& mapping, Units& units, std::vector<ElementDeclaratio
 
 void Names::ReadNamesFile() {
     if (!m_mapping.m_options.m_namesFile) return;
-    std::ifstream file(*m_mapping.m_options.m_namesFile);
-    if (!file) {
-        m_mapping.m_diagnostics.FileError({}, Quoted(*m_mapping.m_options.m_namesFile) + " cannot be read");
+    std::string const& name = *m_mapping.m_options.m_namesFile;
+    std::string text;
+    try {
+        text = ReadFile(name);
+    } catch (std::system_error const& failure) {
+        m_mapping.m_diagnostics.FileError({}, Quoted(name) + " cannot be read: " + failure.code().message());
         return;
     }
+    std::istringstream lines(text);
     std::string line;
-    for (int number = 1; std::getline(file, line); ++number) {
+    for (std::uint32_t number = 1; std::getline(lines, line); ++number) {
         std::vector<std::string_view> const items = Items(line);
         if (items.empty() || items[0].starts_with('#')) continue;
+        Place const place{name, number, 1};
         if (items.size() != 3 || std::ranges::find(kKindsOfNames, items[0]) == std::end(kKindsOfNames) ||
             !IsIdentifier(items[2])) {
-            m_mapping.m_diagnostics.Error(
-                {*m_mapping.m_options.m_namesFile, static_cast<std::uint32_t>(number), 1}, "names",
-                "a line must be: type|element|group|property {namespace}name NAME");
+            m_mapping.m_diagnostics.Error(place, "names",
+                                          "a line must be: type|element|group|property {namespace}name NAME");
             continue;
         }
-        m_given[std::string(items[0]) + ' ' + std::string(items[1])] = items[2];
+        m_given.insert_or_assign(std::string(items[0]) + ' ' + std::string(items[1]),
+                                 GivenName{std::string(items[2]), place});
+    }
+}
+
+void Names::TellUnused() const {
+    for (auto const& [what, given] : m_given) {
+        if (!given.m_isUsed)
+            m_mapping.m_diagnostics.Warning(given.m_place, "names",
+                                            Quoted(what) + " is nothing that gets a name here");
     }
 }
 
 std::optional<std::string> Names::Given(std::string_view kind, QName const& name) const {
     auto const found = m_given.find(std::string(kind) + ' ' + ToString(name));
-    return found == m_given.end() ? std::nullopt : std::optional(found->second);
+    if (found == m_given.end()) return std::nullopt;
+    found->second.m_isUsed = true;
+    return found->second.m_name;
 }
 
 std::string Names::CamelOf(std::string_view name) const {

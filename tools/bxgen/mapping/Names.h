@@ -55,7 +55,17 @@ public:
     /// All complex types, in the order in which their classes are generated.
     std::vector<ComplexType const*> const& Types() const { return m_types; }
 
+    /// Warns of lines of the file of names that name nothing, once all is mapped.
+    void TellUnused() const;
+
 private:
+    /// A line of the file of names.
+    struct GivenName {
+        std::string m_name;
+        Place m_place;
+        mutable bool m_isUsed = false;
+    };
+
     std::string CamelOf(std::string_view name) const;
     std::string StrippedCamelOf(std::string_view name) const;
     std::optional<std::string> Given(std::string_view kind, QName const& name) const;
@@ -79,11 +89,11 @@ private:
     std::unordered_map<ElementDeclaration const*, ClassPlan*> m_roots;
     std::unordered_map<void const*, std::string> m_suggestions;
     std::unordered_set<Type const*> m_nillable;
-    std::map<std::string, std::string, std::less<>> m_given;
+    std::map<std::string, GivenName, std::less<>> m_given;
     std::vector<ComplexType const*> m_types;
 };
 
-/// True for a type that becomes an enum class: this step enumerates texts that need no whitespace kept.
+/// True for a type that becomes an enum class: this step is the first that enumerates texts.
 bool IsTextEnumeration(SimpleType const& type);
 
 }  // namespace BxGen

@@ -125,11 +125,21 @@ struct MultiCharacterEscape {
     std::string_view m_members;  ///< as they stand in a class of PCRE2
 };
 
-/// Appendix F.1.1, with the characters of names by their categories.
+// Productions [4] and [4a] of XML 1.0, fifth edition.
+#define BX_NAME_START                                                                                     \
+    R"(\:A-Z_a-z\x{C0}-\x{D6}\x{D8}-\x{F6}\x{F8}-\x{2FF}\x{370}-\x{37D}\x{37F}-\x{1FFF}\x{200C}\x{200D})" \
+    R"(\x{2070}-\x{218F}\x{2C00}-\x{2FEF}\x{3001}-\x{D7FF}\x{F900}-\x{FDCF}\x{FDF0}-\x{FFFD}\x{10000}-\x{EFFFF})"
+
+/// Appendix F.1.1, with the characters of names as XML has them today.
 constexpr MultiCharacterEscape kEscapes[] = {
-    {'s', R"(\x20\t\n\r)"}, {'i', R"(\p{L}\p{Nl}_:)"},        {'c', R"(\p{L}\p{M}\p{Nl}\p{Nd}_:.\-\x{B7})"},
-    {'d', R"(\p{Nd})"},     {'w', R"(\p{L}\p{M}\p{N}\p{S})"},
+    {'s', R"(\x20\t\n\r)"},
+    {'i', BX_NAME_START},
+    {'c', BX_NAME_START R"(\-.0-9\x{B7}\x{300}-\x{36F}\x{203F}\x{2040})"},
+    {'d', R"(\p{Nd})"},
+    {'w', R"(\p{L}\p{M}\p{N}\p{S})"},
 };
+
+#undef BX_NAME_START
 
 constexpr std::uint64_t kMaxRepeats = 65535;  // of PCRE2
 

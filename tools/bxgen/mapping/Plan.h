@@ -90,7 +90,6 @@ struct SimplePlan : Symbol {
     std::vector<EnumeratorPlan> m_enumerators;
     std::vector<FacetPlan> m_facets;
     std::vector<std::string> m_values;  ///< the allowed ones, of an enumeration of another base
-    std::vector<SimplePlan const*> m_needs;
 };
 
 /// A class, or an alias for one.

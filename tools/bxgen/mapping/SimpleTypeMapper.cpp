@@ -2,11 +2,13 @@
 
 #include <algorithm>
 #include <climits>
+#include <iterator>
 #include <set>
 
 #include "mapping/Comments.h"
 #include "mapping/Patterns.h"
 #include "schema/Text.h"
+#include "schema/Values.h"
 #include "schema/XmlNames.h"
 
 namespace BxGen {
@@ -32,11 +34,75 @@ bool Has(SimpleType const& type, FacetKind kind) {
     return std::ranges::find(type.m_facets, kind, &Facet::m_kind) != type.m_facets.end();
 }
 
+/// The type of texts under a whitespace rule.
+std::string_view TextTypeOf(WhiteSpace rule) {
+    constexpr std::string_view kTypes[] = {"Xs::string", "Xs::normalizedString", "Xs::token"};
+    return kTypes[static_cast<std::size_t>(rule)];
+}
+
 /// A type that takes whitespace away that its base keeps.
 bool ChangesWhiteSpace(SimpleType const& type) {
     SimpleType const* const base = type.RestrictedType();
     return type.m_variety == Variety::kAtomic && type.m_builtIn == BuiltIn::kNone && base != nullptr &&
            base->m_whiteSpace != type.m_whiteSpace;
+}
+
+/// A type of C++ for integers, and how many digits all fit.
+struct IntegerKind {
+    BuiltIn m_type;
+    std::string_view m_text;
+    std::uint64_t m_digits;  ///< 0 where a sign does not fit
+};
+
+constexpr IntegerKind kIntegerKinds[] = {
+    {BuiltIn::kInt, "Xs::int_", 9},
+    {BuiltIn::kLong, "Xs::long_", 18},
+    {BuiltIn::kUnsignedLong, "Xs::unsignedLong", 0},
+};
+
+/// Whether all values of a type are within an integer kind, as far as its facets tell, and all bounds too.
+bool Fits(SimpleType const& type, IntegerKind const& kind) {
+    auto const fits = [&](Facet const* facet) { return IsLexical(kind.m_type, Collapsed(facet->m_value)); };
+    if (SimpleType const* const step = type.EnumerationStep()) {
+        bool const isListed = std::ranges::all_of(step->m_facets, [&](Facet const* facet) {
+            return facet->m_kind != FacetKind::kEnumeration || fits(facet);
+        });
+        if (isListed) return true;
+    }
+    Facet const* const digits = type.Find(FacetKind::kTotalDigits);
+    bool const isShort = digits != nullptr && digits->m_number <= kind.m_digits;
+    bool hasLeast = isShort;
+    bool hasMost = isShort;
+    for (FacetKind const bound : {FacetKind::kMinInclusive, FacetKind::kMinExclusive,
+                                  FacetKind::kMaxInclusive, FacetKind::kMaxExclusive}) {
+        Facet const* const facet = type.Find(bound);
+        if (facet == nullptr) continue;
+        if (!fits(facet)) return false;
+        bool const isLeast = bound == FacetKind::kMinInclusive || bound == FacetKind::kMinExclusive;
+        (isLeast ? hasLeast : hasMost) = true;
+    }
+    return hasLeast && hasMost;
+}
+
+/// The built-in type of C++ integers that a type of integers without a limit is mapped to; null if there is none.
+IntegerKind const* IntegerKindOf(SimpleType const& type) {
+    constexpr BuiltIn kUnlimited[] = {BuiltIn::kInteger, BuiltIn::kNonPositiveInteger,
+                                      BuiltIn::kNegativeInteger, BuiltIn::kNonNegativeInteger,
+                                      BuiltIn::kPositiveInteger};
+    bool const isUnlimited = type.m_variety == Variety::kAtomic &&
+                             std::ranges::find(kUnlimited, type.NearestBuiltIn()) != std::end(kUnlimited);
+    if (!isUnlimited || type.m_builtIn != BuiltIn::kNone) return nullptr;
+    auto const* const kind =
+        std::ranges::find_if(kIntegerKinds, [&](IntegerKind const& row) { return Fits(type, row); });
+    return kind != std::end(kIntegerKinds) ? kind : nullptr;
+}
+
+/// The built-in type that stands for all steps of a type, if it is not the one that its base stands on.
+std::string_view OtherBase(SimpleType const& type) {
+    if (ChangesWhiteSpace(type)) return TextTypeOf(type.m_whiteSpace);
+    IntegerKind const* const kind = IntegerKindOf(type);
+    return kind != nullptr && kind != IntegerKindOf(*type.RestrictedType()) ? kind->m_text
+                                                                            : std::string_view();
 }
 
 std::string PatternsOf(SimpleType const& step) {
@@ -70,8 +136,13 @@ std::string BuiltInText(SimpleType const& type) {
 
 /// The text of an enumeration's value under the type's whitespace rule.
 std::string ValueText(SimpleType const& type, std::string_view value) {
-    bool const isAsWritten = type.m_variety == Variety::kAtomic && type.m_whiteSpace == WhiteSpace::kPreserve;
-    return isAsWritten ? std::string(value) : Collapsed(value);
+    if (type.m_variety != Variety::kAtomic || type.m_whiteSpace == WhiteSpace::kCollapse)
+        return Collapsed(value);
+    std::string text(value);
+    if (type.m_whiteSpace == WhiteSpace::kReplace)
+        std::ranges::replace_if(
+            text, [](char c) { return kWhitespace.find(c) != kWhitespace.npos; }, ' ');
+    return text;
 }
 
 int Clamped(std::uint64_t number) {
@@ -139,6 +210,8 @@ TypeExpression SimpleTypeMapper::MakeStruct(SimpleType const& type) {
 
 void SimpleTypeMapper::AddEnumerators(SimpleType const& type, SimplePlan& plan) {
     plan.m_base = {"Bx::Enumeration", nullptr, {{plan.m_enum, nullptr, {}, {}}}, {}};
+    if (type.m_whiteSpace != WhiteSpace::kPreserve)
+        plan.m_base.m_arguments.push_back({std::string(TextTypeOf(type.m_whiteSpace)), nullptr, {}, {}});
     NameScope scope;
     std::set<std::string> texts;
     for (Facet const* const facet : type.m_facets) {
@@ -158,17 +231,20 @@ void SimpleTypeMapper::AddEnumerators(SimpleType const& type, SimplePlan& plan) 
 void SimpleTypeMapper::AddFacets(SimpleType const& type, SimplePlan& plan) {
     SimpleType const& restricted = *type.RestrictedType();
     SimpleType const* const enumeration = type.EnumerationStep();
-    bool const isOverEnum = enumeration != nullptr && enumeration != &type && IsTextEnumeration(*enumeration);
-    bool const isWhole = ChangesWhiteSpace(type) && !isOverEnum;
-    if (isWhole) {
-        // Another base: all steps below are repeated.
-        bool const collapses = type.m_whiteSpace == WhiteSpace::kCollapse;
-        plan.m_base.m_text = collapses ? "Xs::token" : "Xs::normalizedString";
+    bool const isOverEnum = enumeration != nullptr && enumeration != &type &&
+                            IsTextEnumeration(*enumeration) && !ChangesWhiteSpace(type);
+    std::string_view const otherBase = isOverEnum ? std::string_view() : OtherBase(type);
+    if (!otherBase.empty()) {
+        // All steps below are repeated.
+        plan.m_base.m_text = otherBase;
         std::string pattern = AllPatternsOf(type);
         if (!pattern.empty()) plan.m_facets.push_back({"pattern", std::move(pattern), false});
         for (FacetKind const kind : kOrder) {
             Facet const* const facet = kind == FacetKind::kPattern ? nullptr : type.Find(kind);
-            if (facet != nullptr) AddFacet(type, *facet, plan);
+            // That integers have no fraction goes without saying.
+            bool const isSaid = facet != nullptr &&
+                                (kind != FacetKind::kFractionDigits || type.m_primitive != BuiltIn::kDecimal);
+            if (isSaid) AddFacet(type, *facet, plan);
         }
         if (enumeration != nullptr) AddValues(*enumeration, plan);
     } else {
@@ -201,9 +277,27 @@ void SimpleTypeMapper::AddFacet(SimpleType const& type, Facet const& facet, Simp
 }
 
 void SimpleTypeMapper::AddValues(SimpleType const& step, SimplePlan& plan) {
+    if (HasPrefixes(step)) return AddNames(step, plan);
     for (Facet const* const facet : step.m_facets) {
         if (facet->m_kind == FacetKind::kEnumeration)
             plan.m_values.push_back(ValueText(step, facet->m_value));
+    }
+}
+
+/// Documents have prefixes of their own, so that local names alone can be compared.
+void SimpleTypeMapper::AddNames(SimpleType const& step, SimplePlan& plan) {
+    std::string names;
+    for (Facet const* const facet : step.m_facets) {
+        if (facet->m_kind != FacetKind::kEnumeration) continue;
+        names += names.empty() ? "" : "|";
+        for (char const c : facet->m_name.m_local) names += c == '.' ? std::string("\\.") : std::string(1, c);
+    }
+    std::string pattern = "(?:[^:]*:)?(?:" + names + ')';
+    std::vector<FacetPlan>& facets = plan.m_facets;
+    if (!facets.empty() && facets[0].m_name == "pattern") {
+        facets[0].m_value = "(?=(?:" + facets[0].m_value + ")\\z)(?:" + pattern + ')';
+    } else {
+        facets.insert(facets.begin(), {"pattern", std::move(pattern), false});
     }
 }
 

@@ -32,6 +32,7 @@ private:
     void AddFacets(SimpleType const& type, SimplePlan& plan);
     void AddFacet(SimpleType const& type, Facet const& facet, SimplePlan& plan);
     void AddValues(SimpleType const& step, SimplePlan& plan);
+    void AddNames(SimpleType const& step, SimplePlan& plan);
     void KeepLengths(SimpleType const& type, SimplePlan& plan);
 
     Mapping m_mapping;

@@ -27,7 +27,6 @@ public:
         std::vector<T const*> m_order;
         std::vector<T const*> m_cycles;   ///< one component of each cycle
         std::vector<T const*> m_tooDeep;  ///< the first of each chain beyond kMaxDepth
-        bool IsGood() const { return m_cycles.empty() && m_tooDeep.empty(); }
     };
 
     explicit DependencyOrder(std::function<Edges(T const&)> edgesOf) : m_edgesOf(std::move(edgesOf)) {}

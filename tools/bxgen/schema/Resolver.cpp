@@ -8,6 +8,7 @@
 #include "schema/ContentModels.h"
 #include "schema/Declarations.h"
 #include "schema/Order.h"
+#include "schema/Restrictions.h"
 #include "schema/SimpleTypes.h"
 
 namespace BxGen {
@@ -309,6 +310,8 @@ void ResolveComponents(SchemaStore& store, Diagnostics& diagnostics) {
     FinishElements(store, elementOrder, diagnostics);
     if (diagnostics.HasErrors()) return;
     CheckContentModels(store, diagnostics);
+    if (diagnostics.HasErrors()) return;
+    CheckRestrictions(store, diagnostics);
 }
 
 }  // namespace BxGen

@@ -53,25 +53,24 @@ std::optional<std::string> CheckDigits(SimpleType const& type, std::string_view 
     return std::nullopt;
 }
 
-/// A bound, and whether a value that compares so with it is refused.
+/// A bound, and whether a value that compares so with it is within it. What cannot be compared is not.
 struct BoundRule {
     FacetKind m_kind;
-    bool (*m_isBeyond)(std::partial_ordering);
+    bool (*m_holds)(std::partial_ordering);
     std::string_view m_text;
 };
 
 constexpr BoundRule kBoundRules[] = {
-    {FacetKind::kMinInclusive, std::is_lt, "it is less than "},
-    {FacetKind::kMinExclusive, std::is_lteq, "it is not more than "},
-    {FacetKind::kMaxInclusive, std::is_gt, "it is more than "},
-    {FacetKind::kMaxExclusive, std::is_gteq, "it is not less than "},
+    {FacetKind::kMinInclusive, std::is_gteq, "it is less than "},
+    {FacetKind::kMinExclusive, std::is_gt, "it is not more than "},
+    {FacetKind::kMaxInclusive, std::is_lteq, "it is more than "},
+    {FacetKind::kMaxExclusive, std::is_lt, "it is not less than "},
 };
 
 std::optional<std::string> CheckBounds(SimpleType const& type, std::string_view text) {
     for (BoundRule const& rule : kBoundRules) {
         Facet const* const bound = type.Find(rule.m_kind);
-        if (bound == nullptr || !rule.m_isBeyond(CompareValues(type.m_primitive, text, bound->m_value)))
-            continue;
+        if (bound == nullptr || rule.m_holds(CompareValues(type.m_primitive, text, bound->m_value))) continue;
         return std::string(rule.m_text) + std::string(bound->m_value);
     }
     return std::nullopt;
