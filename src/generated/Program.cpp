@@ -14,6 +14,7 @@
 #include "BxXmlLib5/document/CXmlDocument.h"
 #include "BxXmlLib5/generated/Root.h"
 #include "BxXmlLib5/values/CBinaryData.h"
+#include "generated/RootElement.h"
 
 namespace BxXmlLib5::Generated {
 
@@ -102,10 +103,10 @@ CBinaryData Written(CObject const& root, Wish const& wish) {
 CSmartPtr<CObject> Parsed(std::string const& octets, std::span<Class const* const> roots) {
     CXmlDocument document(st_Default);
     document.LoadXmlStream(reinterpret_cast<unsigned char const*>(octets.data()), octets.size());
-    if (!document.IsComplete()) throw CBxException(u"The document ends before its root does");
-    CSmartPtr<CObject> root = RootOf(*document.GetDocumentElement(), roots).GetFacts().make();
+    CXmlElement const* const element = RootElement(document);
+    CSmartPtr<CObject> root = RootOf(*element, roots).GetFacts().make();
     CXmlSerializationContext context;
-    root->FromXmlElement(document.GetDocumentElement(), context);
+    root->FromXmlElement(element, context);
     return root;
 }
 

@@ -2,12 +2,12 @@
 
 #include <set>
 
-#include "BxXmlLib5/core/CBxException.h"
 #include "BxXmlLib5/document/CXmlDocument.h"
 #include "BxXmlLib5/generated/BuiltInTypes.h"
 #include "BxXmlLib5/values/CBinaryData.h"
 #include "generated/ForeignNamespaces.h"
 #include "generated/ObjectAccess.h"
+#include "generated/RootElement.h"
 #include "platform/StandardNamespaces.h"
 
 namespace BxXmlLib5::Generated {
@@ -15,9 +15,8 @@ namespace BxXmlLib5::Generated {
 namespace {
 
 void FromDocument(CObject& root, CXmlDocument const& document, CXmlSerializationContext const& context) {
-    if (!document.IsComplete()) throw CBxException(u"The document ends before its root does");
     CXmlSerializationContext own(context);
-    root.FromXmlElement(document.GetDocumentElement(), own);
+    root.FromXmlElement(RootElement(document), own);
 }
 
 }  // namespace
