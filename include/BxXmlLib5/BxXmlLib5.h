@@ -27,6 +27,7 @@
 #include "BxXmlLib5/collections/CdatetimeBaseCol.h"
 #include "BxXmlLib5/collections/TypedCollections.h"
 #include "BxXmlLib5/core/CBxException.h"
+#include "BxXmlLib5/core/CBxLocation.h"
 #include "BxXmlLib5/core/CCounted.h"
 #include "BxXmlLib5/core/CInstanceMonitor.h"
 #include "BxXmlLib5/core/CMadeOnce.h"
