@@ -17,8 +17,8 @@ case ${1:-} in
         ;;
 esac
 if [[ ${1:-} == --all ]]; then
-    packages+=(git clang clang-format clang-tidy libclang-rt-dev libxerces-c-dev)
-    tools+=(git clang++ clang-format clang-tidy)
+    packages+=(git clang clang-format clang-tidy libclang-rt-dev libxerces-c-dev doxygen)
+    tools+=(git clang++ clang-format clang-tidy doxygen)
 fi
 
 is_installed() {
