@@ -16,7 +16,7 @@ void CDocumentBuilder::Clear() {
     m_nodes.Clear();
 }
 
-CXmlElement* CDocumentBuilder::AddElement(CXmlName const& name, int line) {
+CXmlElement* CDocumentBuilder::AddElement(CXmlName const& name, std::size_t line) {
     if (m_elementStack.size() == kMaxElementDepth) ThrowNestedTooDeeply();
     CXmlElement* const element =
         m_documentElement == nullptr ? AddDocElement(name, line) : AddChildElement(name, line);
@@ -24,11 +24,11 @@ CXmlElement* CDocumentBuilder::AddElement(CXmlName const& name, int line) {
     return element;
 }
 
-CXmlElement* CDocumentBuilder::AddDocElement(CXmlName const& name, int line) {
+CXmlElement* CDocumentBuilder::AddDocElement(CXmlName const& name, std::size_t line) {
     return m_documentElement = m_nodes.m_elements.Create(&m_document, name, m_nodes.m_noAttributes, line);
 }
 
-CXmlElement* CDocumentBuilder::AddChildElement(CXmlName const& name, int line) {
+CXmlElement* CDocumentBuilder::AddChildElement(CXmlName const& name, std::size_t line) {
     CXmlElement* const child = m_nodes.m_elements.Create(&m_document, name, m_nodes.m_noAttributes, line);
     OpenElement& parent = m_elementStack.back();
     (parent.m_lastChild == nullptr ? parent.m_element->m_firstChild : parent.m_lastChild->m_nextSibling) =

@@ -92,9 +92,12 @@ bool ParsePart(XML_Parser parser, std::span<unsigned char const> octets, int isF
 }
 
 [[noreturn]] void ThrowError(XML_Parser parser) {
-    throw CBxException(FormatString(u"%s at line %d",
-                                    FromUtf8(XML_ErrorString(XML_GetErrorCode(parser))).c_str(),
-                                    static_cast<int>(XML_GetCurrentLineNumber(parser))));
+    XML_Size const line = XML_GetCurrentLineNumber(parser);
+    CBxException failure(FormatString(u"%s at line %d",
+                                      FromUtf8(XML_ErrorString(XML_GetErrorCode(parser))).c_str(),
+                                      static_cast<int>(line)));
+    failure.SetLocation(CBxLocation({}, line, XML_GetCurrentColumnNumber(parser) + 1));
+    throw failure;
 }
 
 std::vector<unsigned char> Utf8Of(std::u16string_view units) {
@@ -264,7 +267,7 @@ void CExpatReader::StartElement(char16_t const* name, char16_t const* const* att
 }
 
 /// The line of the event that Expat tells. Expat's own count would look at each octet once more.
-int CExpatReader::Line() {
+std::size_t CExpatReader::Line() {
     return m_lines.LineAt(
         static_cast<std::size_t>(std::max<XML_Index>(XML_GetCurrentByteIndex(m_parser), 0)));
 }

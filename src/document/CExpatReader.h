@@ -44,7 +44,7 @@ private:
     bool ParseWhole(char16_t const* encoding, std::span<unsigned char const> input);
     void ParseOpen(char16_t const* encoding, std::span<unsigned char const> input);
     bool ParseInSlices(std::span<unsigned char const> input);
-    int Line();
+    std::size_t Line();
     CXmlName const& SplitName(std::u16string_view expanded);
 
     void CountDefaulted(std::u16string_view value);
