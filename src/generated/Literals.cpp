@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <optional>
 #include <type_traits>
+#include <utility>
 
 #include "BxXmlLib5/core/FormatString.h"
 #include "BxXmlLib5/generated/Xs.h"
@@ -35,11 +37,6 @@ bool TakeDecimal(Scan& scan) {
     std::size_t digits = scan.TakeDigits().size();
     if (scan.Take(u'.')) digits += scan.TakeDigits().size();
     return digits > 0;
-}
-
-bool IsDecimal(std::u16string_view text) {
-    Scan scan(text);
-    return TakeDecimal(scan) && scan.AtEnd();
 }
 
 bool IsFloat(std::u16string_view text) {
@@ -117,7 +114,8 @@ wstring boolean::ToText(bool value) {
 
 CDecimal decimal::FromText(std::u16string_view text) {
     std::u16string_view const literal = Trimmed(text);
-    if (!IsDecimal(literal)) ThrowBadForm(literal);
+    std::optional<CDecimal> value = CDecimal::FromLiteral(literal);
+    if (!value) ThrowBadForm(literal);
     int const limit = CDecimal::GetMaxDecimalPlaces();
     std::size_t const point = std::cmp_greater(literal.size(), limit) ? literal.find(u'.') : literal.npos;
     if (point != literal.npos) {
@@ -127,7 +125,7 @@ CDecimal decimal::FromText(std::u16string_view text) {
                                                         wstring(literal).c_str(), limit));
         }
     }
-    return CDecimal(literal);
+    return *std::move(value);
 }
 
 CBigInteger integer::FromText(std::u16string_view text) {
