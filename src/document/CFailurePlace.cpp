@@ -68,7 +68,7 @@ void CFailurePlace::Locate(CBxException& failure, CXmlElement const& root) {
     for (CXmlAttribute const* const attribute : branch.back()->GetAttributes()) {
         if (attribute == place->m_attribute) AddPathAttribute(path, attribute->GetLocalName());
     }
-    place->m_location = CBxLocation(std::move(path));
+    place->m_location = CBxLocation(std::move(path), branch.back()->GetLine());
     failure.m_place = place;
 }
 
