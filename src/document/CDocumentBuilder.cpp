@@ -16,19 +16,20 @@ void CDocumentBuilder::Clear() {
     m_nodes.Clear();
 }
 
-CXmlElement* CDocumentBuilder::AddElement(CXmlName const& name) {
+CXmlElement* CDocumentBuilder::AddElement(CXmlName const& name, std::size_t line) {
     if (m_elementStack.size() == kMaxElementDepth) ThrowNestedTooDeeply();
-    CXmlElement* const element = m_documentElement == nullptr ? AddDocElement(name) : AddChildElement(name);
+    CXmlElement* const element =
+        m_documentElement == nullptr ? AddDocElement(name, line) : AddChildElement(name, line);
     m_elementStack.push_back({.m_element = element, .m_textStart = m_openText.size()});
     return element;
 }
 
-CXmlElement* CDocumentBuilder::AddDocElement(CXmlName const& name) {
-    return m_documentElement = m_nodes.m_elements.Create(&m_document, name, m_nodes.m_noAttributes);
+CXmlElement* CDocumentBuilder::AddDocElement(CXmlName const& name, std::size_t line) {
+    return m_documentElement = m_nodes.m_elements.Create(&m_document, name, m_nodes.m_noAttributes, line);
 }
 
-CXmlElement* CDocumentBuilder::AddChildElement(CXmlName const& name) {
-    CXmlElement* const child = m_nodes.m_elements.Create(&m_document, name, m_nodes.m_noAttributes);
+CXmlElement* CDocumentBuilder::AddChildElement(CXmlName const& name, std::size_t line) {
+    CXmlElement* const child = m_nodes.m_elements.Create(&m_document, name, m_nodes.m_noAttributes, line);
     OpenElement& parent = m_elementStack.back();
     (parent.m_lastChild == nullptr ? parent.m_element->m_firstChild : parent.m_lastChild->m_nextSibling) =
         child;

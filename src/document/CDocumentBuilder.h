@@ -23,8 +23,9 @@ public:
 
     /// Opens the root, or a child of the innermost open element.
     /// @param name of the name table
+    /// @param line of the tag, 0 where there are no lines
     /// @throws CBxException if elements are nested too deeply
-    CXmlElement* AddElement(CXmlName const& name);
+    CXmlElement* AddElement(CXmlName const& name, std::size_t line = 0);
     /// Makes room for attributes that are about to be added. Call it before the first one, but not if there is
     /// none.
     void ReserveElementAttributes(CXmlElement* element, std::size_t count);
@@ -68,8 +69,8 @@ private:
     };
 
     std::u16string_view StoreText(OpenElement const& element, std::u16string_view text);
-    CXmlElement* AddDocElement(CXmlName const& name);
-    CXmlElement* AddChildElement(CXmlName const& name);
+    CXmlElement* AddDocElement(CXmlName const& name, std::size_t line);
+    CXmlElement* AddChildElement(CXmlName const& name, std::size_t line);
 
     CXmlDocument const& m_document;
     CDocumentNodes& m_nodes;

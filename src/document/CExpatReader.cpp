@@ -92,9 +92,12 @@ bool ParsePart(XML_Parser parser, std::span<unsigned char const> octets, int isF
 }
 
 [[noreturn]] void ThrowError(XML_Parser parser) {
-    throw CBxException(FormatString(u"%s at line %d",
-                                    FromUtf8(XML_ErrorString(XML_GetErrorCode(parser))).c_str(),
-                                    static_cast<int>(XML_GetCurrentLineNumber(parser))));
+    XML_Size const line = XML_GetCurrentLineNumber(parser);
+    CBxException failure(FormatString(u"%s at line %d",
+                                      FromUtf8(XML_ErrorString(XML_GetErrorCode(parser))).c_str(),
+                                      static_cast<int>(line)));
+    failure.SetLocation(CBxLocation({}, line, XML_GetCurrentColumnNumber(parser) + 1));
+    throw failure;
 }
 
 std::vector<unsigned char> Utf8Of(std::u16string_view units) {
@@ -183,9 +186,11 @@ void CExpatReader::ParseAs(char16_t const* encoding, std::span<unsigned char con
     ParseOpen(encoding, input);
 }
 
-CExpatReader::Parser CExpatReader::MakeParser(char16_t const* encoding) {
+CExpatReader::Parser CExpatReader::MakeParser(char16_t const* encoding,
+                                              std::span<unsigned char const> input) {
     Parser parser = NewParser(encoding, m_schemaType);
     m_parser = parser.get();
+    m_lines = {input, encoding == nullptr ? HighOctetOfUtf16(input) : std::nullopt};
     m_lastNamespace = nullptr;
     m_noNamespace = &m_builder.Names().InternText({});
     m_nestingEntities = 0;
@@ -202,14 +207,14 @@ CExpatReader::Parser CExpatReader::MakeParser(char16_t const* encoding) {
 }
 
 bool CExpatReader::ParseWhole(char16_t const* encoding, std::span<unsigned char const> input) {
-    Parser const parser = MakeParser(encoding);
+    Parser const parser = MakeParser(encoding, input);
     bool const parsed = ParsePart(m_parser, input, kFinal);
     if (m_failure) std::rethrow_exception(m_failure);
     return parsed;
 }
 
 void CExpatReader::ParseOpen(char16_t const* encoding, std::span<unsigned char const> input) {
-    Parser const parser = MakeParser(encoding);
+    Parser const parser = MakeParser(encoding, input);
     bool const parsed = ParseInSlices(input);
     if (m_failure) std::rethrow_exception(m_failure);
     if (!parsed) ThrowError(m_parser);
@@ -248,7 +253,7 @@ CXmlName const& CExpatReader::SplitName(std::u16string_view expanded) {
 
 void CExpatReader::StartElement(char16_t const* name, char16_t const* const* attributes) {
     CXmlName const& elementName = SplitName(name);
-    CXmlElement* const element = m_builder.AddElement(elementName);
+    CXmlElement* const element = m_builder.AddElement(elementName, Line());
     std::size_t count = 0;
     while (attributes[2 * count] != nullptr) ++count;
     if (count == 0) return;
@@ -259,6 +264,12 @@ void CExpatReader::StartElement(char16_t const* name, char16_t const* const* att
         if (i >= specified) CountDefaulted(value);
         m_builder.AddElementAttribute(element, SplitName(attributes[2 * i]), m_builder.Texts().Add(value));
     }
+}
+
+/// The line of the event that Expat tells. Expat's own count would look at each octet once more.
+std::size_t CExpatReader::Line() {
+    return m_lines.LineAt(
+        static_cast<std::size_t>(std::max<XML_Index>(XML_GetCurrentByteIndex(m_parser), 0)));
 }
 
 void CExpatReader::CountDefaulted(std::u16string_view value) {

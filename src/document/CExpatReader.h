@@ -10,6 +10,7 @@
 #include "BxXmlLib5/core/CInstanceMonitor.h"
 #include "BxXmlLib5/core/Enumerations.h"
 #include "BxXmlLib5/platform/Text.h"
+#include "document/CLineCounter.h"
 
 struct XML_ParserStruct;
 
@@ -38,11 +39,12 @@ private:
     void ParseAs(char16_t const* encoding, std::span<unsigned char const> input);
     /// Starts anew.
     /// @return the parser that m_parser refers to
-    Parser MakeParser(char16_t const* encoding);
+    Parser MakeParser(char16_t const* encoding, std::span<unsigned char const> input);
     /// @return false if Expat refuses the input, as it does one that breaks off
     bool ParseWhole(char16_t const* encoding, std::span<unsigned char const> input);
     void ParseOpen(char16_t const* encoding, std::span<unsigned char const> input);
     bool ParseInSlices(std::span<unsigned char const> input);
+    std::size_t Line();
     CXmlName const& SplitName(std::u16string_view expanded);
 
     void CountDefaulted(std::u16string_view value);
@@ -55,6 +57,7 @@ private:
     CDocumentBuilder& m_builder;
     SchemaType m_schemaType;
     XML_ParserStruct* m_parser = nullptr;
+    CLineCounter m_lines;
     wstring const* m_lastNamespace = nullptr;
     wstring const* m_noNamespace = nullptr;
     int m_nestingEntities = 0;

@@ -156,6 +156,7 @@ Particle& Model::AddParticle(Row const& row, Class::Facts const& facts) {
     particle.blocked = row.derivation;
     particle.narrowed = row.narrowed;
     particle.name = OrEmpty(row.name);
+    if (row.kind == Row::Kind::Element && row.min == 0) particle.glance = GlanceAt(particle.name);
     if (row.place != nullptr) particle.model = &Property(row, particle.property);
     if (row.kind == Row::Kind::Any) {
         particle.constraint =
