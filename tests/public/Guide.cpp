@@ -96,16 +96,25 @@ TEST_F(Guide, SmallDocuments) {
 TEST_F(Guide, Settings) {
     order.ToXmlFile(u"order.xml", true, true, enc_UTF8, eol_LF, context, cmp_None);
 #include "users-guide/16.inc"
-    EXPECT_THROW(tolerant.SetIgnoreMissingMandatoryElements(true), CBxInvalidStateException);
+    EXPECT_EQ(order.m_number, u"17");
+    EXPECT_THROW(order.FromXml("<order number='17'><item>", strict), CBxException);
+    order.m_number = u"\x01";
+    EXPECT_THROW(order.ToXml(false, false, eol_LF, strict), CBxInvalidValueException);
 
 #include "users-guide/17.inc"
+    EXPECT_THROW(tolerant.SetIgnoreMissingMandatoryElements(true), CBxInvalidStateException);
+
+#include "users-guide/18.inc"
     EXPECT_EQ(decorated.GetNamespaceAliases().GetNamespaceCount(), 1);
 }
 
 TEST_F(Guide, Errors) {
     std::ostringstream cerr;  // in the place of std::cerr
-#include "users-guide/18.inc"
+#include "users-guide/19.inc"
     EXPECT_EQ(cerr.str(), "not readable: Failed to open the file [missing.xml] Error [0x00000002]\n");
+    cerr.str("");
+#include "users-guide/20.inc"
+    EXPECT_TRUE(cerr.str().starts_with("order.xml:2:")) << cerr.str();
 }
 
 TEST_F(Guide, Threads) {
