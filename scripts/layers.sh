@@ -1,39 +1,44 @@
 #!/usr/bin/env bash
-# layers.sh: fails on an include of the library that runs upwards, and names its file and line.
+# layers.sh: fails on an include of the library or of bxgen that runs upwards, and names its file and line.
 source "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 
-# From low to high; rooms on one line may include each other.
-rooms=(
-    "platform"
-    "core"
-    "values"
-    "document fastinfoset"
-    "writers"
-    "collections binding"
-    "generated"
-)
-
-declare -A level
-for i in "${!rooms[@]}"; do
-    for room in ${rooms[i]}; do level[$room]=$i; done
-done
-
 status=0
-while IFS=: read -r file line text; do
-    from=${file#src/}
-    from=${from#include/BxXmlLib5/}
-    to=${text#*\"}
-    to=${to#BxXmlLib5/}
-    [[ $from == */* && $to == */* ]] || continue
-    for room in "${from%%/*}" "${to%%/*}"; do
-        if [[ -z ${level[$room]:-} ]]; then
-            echo "$file:$line: '$room' has no level in scripts/layers.sh" >&2
-            exit 1
-        fi
+
+# check NAME ROOMS... -- FOLDER...: looks through the folders, whose parts are rooms from low to high. Rooms of one
+# argument may include each other.
+check() {
+    local name=$1 i room folder file line text from to
+    local -A level=()
+    shift
+    for ((i = 0; $# > 0; ++i)); do
+        [[ $1 != -- ]] || break
+        for room in $1; do level[$room]=$i; done
+        shift
     done
-    if ((level[${to%%/*}] > level[${from%%/*}])); then
-        echo "$file:$line: ${from%%/*} includes ${to%%/*}, which lies above it: $text" >&2
-        status=1
-    fi
-done < <(git grep -n '^#include "' -- src include)
+    shift
+    while IFS=: read -r file line text; do
+        from=$file
+        for folder in "$@"; do from=${from#"$folder"/}; done
+        to=${text#*\"}
+        to=${to#BxXmlLib5/}
+        to=${to%%\"*}
+        [[ $from == */* && $to == */* ]] || continue
+        from=${from%%/*} to=${to%%/*}
+        for room in "$from" "$to"; do
+            if [[ -z ${level[$room]:-} ]]; then
+                echo "$file:$line: '$room' is no room of $name in scripts/layers.sh" >&2
+                exit 1
+            fi
+        done
+        if ((level[$to] > level[$from])); then
+            echo "$file:$line: $from includes $to, which lies above it: $text" >&2
+            status=1
+        fi
+    done < <(git grep -n '^#include "' -- "$@")
+}
+
+check "the library" platform core values "document fastinfoset" writers "collections binding" generated \
+    -- src include/BxXmlLib5 include
+check bxgen xml names schema mapping emit check -- tools/bxgen
+
 exit "$status"

@@ -6,8 +6,8 @@ source "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 packages=(g++ cmake make ninja-build libexpat1-dev zlib1g-dev libpcre2-dev libgtest-dev libgmock-dev libbenchmark-dev time)
 tools=(g++ cmake make ninja)
 if [[ ${1:-} == --all ]]; then
-    packages+=(git clang clang-format clang-tidy libclang-rt-14-dev libxerces-c-dev)
-    tools+=(git clang++ clang-format clang-tidy)
+    packages+=(git clang clang-format clang-tidy libclang-rt-14-dev libxerces-c-dev doxygen)
+    tools+=(git clang++ clang-format clang-tidy doxygen)
 fi
 
 is_installed() {

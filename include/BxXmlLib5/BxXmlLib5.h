@@ -27,6 +27,7 @@
 #include "BxXmlLib5/collections/CdatetimeBaseCol.h"
 #include "BxXmlLib5/collections/TypedCollections.h"
 #include "BxXmlLib5/core/CBxException.h"
+#include "BxXmlLib5/core/CBxLocation.h"
 #include "BxXmlLib5/core/CCounted.h"
 #include "BxXmlLib5/core/CInstanceMonitor.h"
 #include "BxXmlLib5/core/CMadeOnce.h"
@@ -50,3 +51,20 @@
 #include "BxXmlLib5/values/CWhitespaceUtils.h"
 #include "BxXmlLib5/values/ItemType.h"
 #include "BxXmlLib5/writers/CXmlWriter.h"
+
+/// @mainpage
+/// The public headers of BxXmlLib5. Where to begin: generated classes are CObject and Root, with the properties
+/// Required, Optional, Values, Object and Collection; any document without a class is a CElement; CXmlDocument is the
+/// tree to look at; CXmlSerializationContext has the settings of a read or write, and CBxException is what it throws.
+
+/// @namespace BxXmlLib5
+/// The library: values, documents, untyped content, writers, and the base of all that can be written and read.
+
+/// @namespace BxXmlLib5::Generated
+/// The kit that generated classes are made of.
+
+/// @namespace BxXmlLib5::Generated::Xs
+/// The built-in types of XML Schema (Part 2, 3), by their names there.
+
+/// @namespace BxXmlLib5Data
+/// The tables by which classes of CXmlGeneratedClass describe themselves.

@@ -9,16 +9,18 @@ CBxException::CBxException() = default;
 CBxException::CBxException(wstring message) : m_message(std::move(message)) {}
 
 CBxException::CBxException(wstring message, CBxException const& inner)
-    : m_message(std::move(message)), m_innerException(inner.Clone()) {}
+    : m_place(inner.m_place), m_message(std::move(message)), m_innerException(inner.Clone()) {}
 
 CBxException::CBxException(CBxException const& other)
-    : m_message(other.m_message),
+    : m_place(other.m_place),
+      m_message(other.m_message),
       m_innerException(other.m_innerException ? other.m_innerException->Clone() : nullptr) {}
 
 CBxException& CBxException::operator=(CBxException const& other) {
     CBxException copy(other);
     m_message.swap(copy.m_message);
     m_innerException.swap(copy.m_innerException);
+    std::swap(m_place, copy.m_place);
     return *this;
 }
 
@@ -40,6 +42,24 @@ wstring CBxException::GetFullMessage() const {
 
 CBxException const* CBxException::GetInnerException() const {
     return m_innerException.get();
+}
+
+CBxLocation CBxException::GetLocation() const {
+    return m_place ? m_place->m_location : CBxLocation();
+}
+
+void CBxException::SetLocation(CBxLocation const& location) {
+    m_place = new Place(location);
+}
+
+wstring CBxException::GetReport(std::u16string_view source) const {
+    CBxLocation const location = GetLocation();
+    wstring report(source);
+    // A line belongs to the source as terminals show it; a path is a text of its own.
+    if (!report.empty()) report += location.GetLine() != 0 ? u":" : u": ";
+    report += location.ToString();
+    if (location.IsKnown()) report += u": ";
+    return report += GetFullMessage();
 }
 
 CBxException* CBxException::Clone() const {

@@ -12,7 +12,8 @@ namespace {
 /// Whether text has what no element of the tree has: CR, which only comes from references, or a zero, which only
 /// Fast Infoset can have.
 bool HasDropped(std::u16string_view text) {
-    if (text.size() == 1) return text[0] == u'\r' || text[0] == u'\0';  // Expat gives each end of a line by itself
+    if (text.size() == 1)
+        return text[0] == u'\r' || text[0] == u'\0';  // Expat gives each end of a line by itself
     return HasUnit(text, [](std::uint64_t units) {
         return UnitsBelow(units ^ (kEachUnit * u'\r'), 1) | UnitsBelow(units, 1);
     });

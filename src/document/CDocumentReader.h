@@ -47,7 +47,8 @@ public:
     /// @return whether there may be more
     virtual bool Read() = 0;
     /// To be called by the receiver while it is told something: Read() returns soon. What belongs to the same piece
-    /// of the input may still come first: the rest of a text, the end of an empty element.
+    /// of the input may still come first: the rest of a text, the end of an empty element, all that an entity stands
+    /// for.
     virtual void Pause() = 0;
     virtual DocumentPlace Place() const = 0;
 

@@ -39,7 +39,8 @@ CDocumentStream::CDocumentStream(COctetSource& source, CDocumentReceiver& receiv
     names.LimitSize(kMaxOctetsOfNames);
     DocumentMemory const memory{names, m_texts, false};
     if (m_isFastInfoset) {
-        m_reader = Started(std::make_unique<CFastInfosetReader>(receiver, memory, settings.m_details), m_content);
+        m_reader =
+            Started(std::make_unique<CFastInfosetReader>(receiver, memory, settings.m_details), m_content);
     } else {
         m_reader = Started(
             std::make_unique<CExpatReader>(receiver, memory, settings.m_schemaType, settings.m_details),

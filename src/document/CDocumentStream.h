@@ -57,7 +57,8 @@ public:
     bool Read() { return m_reader->Read(); }
 
     /// To be called by the receiver while it is told something: Read() returns soon. What belongs to the same piece
-    /// of the input may still come first: the rest of a text, the end of an empty element.
+    /// of the input may still come first: the rest of a text, the end of an empty element, all that an entity stands
+    /// for.
     void Pause() { m_reader->Pause(); }
 
     /// Of what the receiver is told, or was told last.

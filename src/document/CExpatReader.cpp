@@ -41,6 +41,8 @@ int MostNestingEntities() {
     return static_cast<int>(std::min<std::size_t>(most, kMaxNestingEntities));
 }
 
+constexpr std::size_t kSlice = 64 * 1024;
+
 constexpr int kFinal = 1;
 constexpr int kNotFinal = 0;  // so that an input that ends inside an element is no error
 
@@ -65,6 +67,7 @@ struct CExpatReader::Callbacks {
         if (reader->m_failure) return;
         try {
             step(*reader);
+            if (reader->m_isPauseAsked) reader->PauseOutsideEntity();
         } catch (...) {
             reader->m_failure = std::current_exception();
             XML_StopParser(reader->m_parser.get(), XML_FALSE);
@@ -156,7 +159,9 @@ void CExpatReader::Parse(std::span<unsigned char const> input) {
 void CExpatReader::CheckDeclaration(std::span<unsigned char const> beginning) const {
     std::size_t const highOctet = *CUtf16Source::HighOctet(beginning);
     std::size_t end = 0;
-    auto const isEnd = [&] { return beginning[end + highOctet] == 0 && beginning[end + 1 - highOctet] == '>'; };
+    auto const isEnd = [&] {
+        return beginning[end + highOctet] == 0 && beginning[end + 1 - highOctet] == '>';
+    };
     while (end + 2 < beginning.size() && !isEnd()) end += 2;
     Parser const parser = NewParser(nullptr, m_schemaType);
     if (!ParsePart(parser.get(), beginning.first(std::min(end + 2, beginning.size())), kNotFinal)) {
@@ -200,6 +205,7 @@ void CExpatReader::Start(CPeekedSource& source) {
 }
 
 bool CExpatReader::Read() {
+    m_isPauseAsked = false;
     if (std::exchange(m_isPaused, false)) CheckParsed(XML_ResumeParser(m_parser.get()) != XML_STATUS_ERROR);
     while (!m_isPaused && !m_isAtEnd) {
         if (!ParseSlice(*m_source)) FinishStream();
@@ -217,8 +223,13 @@ void CExpatReader::FinishStream() {
     CheckParsed(parsed);
 }
 
-void CExpatReader::Pause() {
-    if (m_isPaused) return;
+/// Expat, up to 2.6, forgets the rest of an entity that refers to the one in which it is stopped.
+void CExpatReader::PauseOutsideEntity() {
+    int offset = 0, size = 0;
+    char const* const context = XML_GetInputContext(m_parser.get(), &offset, &size);
+    bool const isReference =
+        XML_GetCurrentByteCount(m_parser.get()) > 0 && context != nullptr && context[offset] == '&';
+    if (m_isPaused || isReference) return;
     m_isPaused = true;
     XML_StopParser(m_parser.get(), XML_TRUE);
 }
@@ -230,7 +241,6 @@ DocumentPlace CExpatReader::Place() const {
 
 void CExpatReader::MakeParser(char16_t const* encoding) {
     m_parser = NewParser(encoding, m_schemaType);
-    m_slice = 64 * 1024;
     m_hasRoot = false;
     m_lastNamespace = nullptr;
     m_noNamespace = &m_memory.m_names.InternText({});
@@ -255,21 +265,25 @@ void CExpatReader::MakeParser(char16_t const* encoding) {
     if (XML_SetReparseDeferralEnabled != nullptr) XML_SetReparseDeferralEnabled(parser, XML_FALSE);
 }
 
-/// Expat copies what it is given, so it gets the input in slices. It scans a token that is not complete anew
-/// with the next slice, so slices double while tokens outgrow them.
+/// Expat copies what it is given, so it gets the input in slices. It scans a token that is not complete anew with the
+/// next slice, which therefore is as long at least as what there is of the token.
 /// @return false at the end of the input
 bool CExpatReader::ParseSlice(COctetSource& source) {
-    XML_Parser const parser = m_parser.get();
-    std::uint64_t const scanned = ByteIndex();
-    if (m_octets - scanned > m_mostOctetsOfToken) {
+    std::size_t const incomplete = static_cast<std::size_t>(m_octets - ByteIndex());
+    if (incomplete > m_mostOctetsOfToken) {
         throw CBxException(
             FormatString(u"A tag, a comment or the like has more than %d octets, which is the limit",
                          static_cast<int>(m_mostOctetsOfToken)));
     }
-    if (m_octets - scanned > m_slice / 2) m_slice *= 2;
-    void* const room = XML_GetBuffer(parser, static_cast<int>(m_slice));
+    std::size_t const size = std::max(kSlice, incomplete);
+    XML_Parser const parser = m_parser.get();
+    void* const room = XML_GetBuffer(parser, static_cast<int>(size));
     if (room == nullptr) throw std::bad_alloc();
-    std::size_t const count = source.Read({static_cast<unsigned char*>(room), m_slice});
+    std::span const octets(static_cast<unsigned char*>(room), size);
+    std::size_t count = source.Read(octets);
+    for (std::size_t more = count; more > 0 && count < incomplete; count += more) {
+        more = source.Read(octets.subspan(count));
+    }
     if (count == 0) return false;
     m_octets += count;
     m_mostDefaultedUnits = std::max(m_mostDefaultedUnits, MaxRepeatedUnits(m_octets));

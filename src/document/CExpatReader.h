@@ -40,7 +40,7 @@ public:
     /// @param source outlives the reader
     void Start(CPeekedSource& source);
     bool Read() override;
-    void Pause() override;
+    void Pause() override { m_isPauseAsked = true; }
     DocumentPlace Place() const override;
 
 private:
@@ -64,6 +64,7 @@ private:
     void ParseOpen(char16_t const* encoding, std::span<unsigned char const> input);
     bool ParseSlice(COctetSource& source);
     void FinishStream();
+    void PauseOutsideEntity();
     void CheckParsed(bool parsed);
     ExpandedName SplitName(std::u16string_view expanded);
     ExpandedName SplitLocalName(wstring const& namespaceUri, std::u16string_view local);
@@ -82,10 +83,10 @@ private:
     std::unique_ptr<CUtf16Source> m_utf8;
     COctetSource* m_source = nullptr;  // if the text comes in slices
     CLineCounter m_lines;              // if it does not
-    std::size_t m_slice = 0;
     std::size_t m_mostOctetsOfToken = 0;
     std::uint64_t m_octets = 0;
     bool m_hasRoot = false;
+    bool m_isPauseAsked = false;
     bool m_isPaused = false;
     bool m_isAtEnd = false;
     wstring const* m_lastNamespace = nullptr;

@@ -61,8 +61,9 @@ CXmlName const& CNameTable::Combine(wstring const& namespaceUri, wstring const& 
 void CNameTable::Count(std::size_t octets) {
     m_octets += octets + kOctetsOfIndex;
     if (m_octets > m_mostOctets) {
-        throw CBxException(FormatString(u"The names of the document take more than %d octets, which is the limit",
-                                        static_cast<int>(m_mostOctets)));
+        throw CBxException(
+            FormatString(u"The names of the document take more than %d octets, which is the limit",
+                         static_cast<int>(m_mostOctets)));
     }
 }
 

@@ -40,7 +40,7 @@ private:
     CNodePool<wstring> m_texts;
     CHashIndex<wstring> m_textIndex;
     CNodePool<CXmlName> m_names;
-    CHashIndex<CXmlName> m_nameIndex;            // by the addresses of their parts
+    CHashIndex<CXmlName> m_nameIndex;  // by the addresses of their parts
     std::size_t m_octets = 0;
     std::size_t m_mostOctets = std::numeric_limits<std::size_t>::max();
     std::array<CXmlName const*, 64> m_recent{};  // by a number made of the local name, to be looked at first

@@ -5,8 +5,12 @@
 namespace BxXmlLib5 {
 
 CXmlElement::CXmlElement(CXmlDocument const* document, CXmlName const& name,
-                         std::vector<CXmlAttribute*>& attributes)
-    : CInstanceMonitor(u"CXmlElement"), m_document(document), m_attributes(&attributes), m_name(&name) {}
+                         std::vector<CXmlAttribute*>& attributes, int line)
+    : CInstanceMonitor(u"CXmlElement"),
+      m_document(document),
+      m_attributes(&attributes),
+      m_name(&name),
+      m_line(line) {}
 
 CXmlElement::~CXmlElement() = default;
 

@@ -54,6 +54,41 @@ TYPED_TEST(CBxExceptionKinds, AreMadeFromAnyOtherAndAssigned) {
     EXPECT_EQ(Chain(&copy), whole);
 }
 
+TYPED_TEST(CBxExceptionKinds, TakeThePlaceOfTheFailureThatLedToThem) {
+    TypeParam inner(u"m");
+    EXPECT_FALSE(inner.GetLocation().IsKnown());
+    inner.SetLocation(CBxLocation(u"/a/b", 7));
+    CBxValidationException const outer(u"n", inner);
+    TypeParam const made(static_cast<CBxException const&>(outer));
+    TypeParam assigned;
+    assigned = made;
+    inner.SetLocation(CBxLocation(u"/c"));
+    EXPECT_EQ(inner.GetReport(), u"/c: m");
+    EXPECT_EQ(assigned.GetReport(u"d.xml"), u"d.xml:7: /a/b: n\nm");
+    EXPECT_EQ(assigned.GetInnerException()->GetReport(), u"7: /a/b: m");
+    assigned.SetLocation(CBxLocation(u"/d"));
+    EXPECT_EQ(assigned.GetReport() + made.GetReport(), u"/d: n\nm7: /a/b: n\nm");
+}
+
+TEST(CBxException, ReportsWhatIsKnownOfItsPlace) {
+    struct {
+        CBxLocation location;
+        wstring report;
+    } const rows[] = {
+        {CBxLocation(), u"a.xml: m"},
+        {CBxLocation(u"", 0, 3), u"a.xml: m"},
+        {CBxLocation(u"/a"), u"a.xml: /a: m"},
+        {CBxLocation(u"", 2), u"a.xml:2: m"},
+        {CBxLocation(u"", 2, 3), u"a.xml:2:3: m"},
+        {CBxLocation(u"/a", 2, 3), u"a.xml:2:3: /a: m"},
+    };
+    for (auto const& row : rows) {
+        CBxException failure(u"m");
+        failure.SetLocation(row.location);
+        EXPECT_EQ(failure.GetReport(u"a.xml"), row.report);
+    }
+}
+
 static_assert(std::is_base_of_v<CBxValidationException, CBxInvalidValueException>);
 
 }  // namespace

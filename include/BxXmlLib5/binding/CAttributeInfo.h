@@ -37,8 +37,11 @@ protected:
     virtual void Validate(CXmlSerializationContext const& context, bool found) const = 0;
 
 public:
+    /// @{
+    /// Copies texts and facets; a format stays the same pointer.
     CAttributeInfo(CAttributeInfo const&) = default;
     CAttributeInfo& operator=(CAttributeInfo const&) = default;
+    /// @}
     virtual ~CAttributeInfo();
 
 protected:
@@ -46,25 +49,30 @@ protected:
     CAttributeInfo(char16_t const* attributeName, char16_t const* attributeNamespace, int propertyIndex,
                    bool optional, char16_t const* defaultValue);
 
+    /// Whether an attribute has the entry's name and, unless the context ignores namespaces, its namespace.
     /// @param attribute null gives false
     bool IsThisAttribute(CXmlSerializationContext const& context, CXmlAttribute* attribute) const;
 
+    /// CXmlGeneratedClass::AccessProperty() of the owner, for the entry's property.
     void AccessProperty(CXmlGeneratedClass* owner, bool read, BxVariant& value);
+    /// The entry's property of an owner that is not to be changed.
     void ReadProperty(CXmlGeneratedClass const* owner, BxVariant& value) const;
 
+    /// The operation of the object behind a property.
     static void ToXml_Int(CXmlObjectBase const* object, CXmlWriter* writer, bool isRoot,
                           char16_t const* namespaceUri, CXmlSerializationContext const& context);
+    /// The namespace in which the object would be written as a root.
     static wstring GetTargetNamespace(CXmlObjectBase const* object);
 
     /// @throws CBxInvalidNamespaceException if the wildcard does not allow the namespace
     static void TestNamespace(wstring const& namespaceUri, wstring const& allowed,
                               wstring const& targetNamespace);
 
-    wstring m_attributeName;
-    wstring m_namespace;
-    int m_propertyIndex;
-    bool m_optional;
-    wstring m_defaultValue;
+    wstring m_attributeName;  ///< the local name
+    wstring m_namespace;      ///< empty for none
+    int m_propertyIndex;      ///< as AccessProperty() takes it
+    bool m_optional;          ///< it may be missing
+    wstring m_defaultValue;   ///< empty for none
 
 private:
     friend class BxXmlLib5::CXmlGeneratedClass;
@@ -90,15 +98,16 @@ protected:
                           CXmlAttribute* attribute) override;
     void Validate(CXmlSerializationContext const& context, bool found) const override;
 
-    CPrimitiveRestrictions m_restrictions;
-    ItemType m_itemType;
-    char16_t const* m_format;
-    CWhitespaceUtils::WhitespaceRule m_whitespaceRule;
+    CPrimitiveRestrictions m_restrictions;              ///< the facets of its type
+    ItemType m_itemType;                                ///< the kind of its value
+    char16_t const* m_format;                           ///< not owned; null for the default
+    CWhitespaceUtils::WhitespaceRule m_whitespaceRule;  ///< for its text
 };
 
 /// An attribute of an enumeration.
 class BXXMLLIB5_API CAttributeInfoEnum : public CAttributeInfo {
 public:
+    /// @param enumToString,stringToEnum functions of the enumeration, which generated code supplies
     CAttributeInfoEnum(char16_t const* attributeName, char16_t const* attributeNamespace, int propertyIndex,
                        bool optional, Detail::EnumToString enumToString, Detail::StringToEnum stringToEnum,
                        char16_t const* defaultValue);
@@ -110,8 +119,8 @@ protected:
                           CXmlAttribute* attribute) override;
     void Validate(CXmlSerializationContext const& context, bool found) const override;
 
-    Detail::StringToEnum m_stringToEnum;
-    Detail::EnumToString m_enumToString;
+    Detail::StringToEnum m_stringToEnum;  ///< from text to value
+    Detail::EnumToString m_enumToString;  ///< from value to text
 };
 
 /// The anyAttribute wildcard of XML Schema: it takes every attribute that it is offered into a CAttributeCol,
@@ -131,8 +140,8 @@ protected:
                           CXmlAttribute* attribute) override;
     void Validate(CXmlSerializationContext const& context, bool found) const override;
 
-    wstring m_allowedNamespaces;
-    wstring m_targetNamespace;
+    wstring m_allowedNamespaces;  ///< what the wildcard admits
+    wstring m_targetNamespace;    ///< the namespace of the schema, for the wildcard
 };
 
 }  // namespace BxXmlLib5Data

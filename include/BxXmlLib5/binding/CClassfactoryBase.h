@@ -12,9 +12,12 @@ class CXmlElement;
 /// reads the xsi:type attribute (XML Schema Part 1, 2.6.1) of a document's element for them.
 class BXXMLLIB5_API CClassfactoryBase {
 public:
+    /// @{
+    /// A factory has no state.
     CClassfactoryBase() = default;
     CClassfactoryBase(CClassfactoryBase const&) = default;
     CClassfactoryBase& operator=(CClassfactoryBase const&) = default;
+    /// @}
     virtual ~CClassfactoryBase();
 
 protected:

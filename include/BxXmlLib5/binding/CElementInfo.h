@@ -101,8 +101,11 @@ protected:
                                            CXmlGeneratedClass const* owner, CXmlWriter* writer) const;
 
 public:
+    /// @{
+    /// Copies texts and facets; a format stays the same pointer.
     CElementInfo(CElementInfo const&) = default;
     CElementInfo& operator=(CElementInfo const&) = default;
+    /// @}
     virtual ~CElementInfo();
 
     /// Tests a value against the facets of the entry.
@@ -110,6 +113,10 @@ public:
     void CheckRestriction(BxVariant const& value) const;
 
 protected:
+    /// For anything but a simple type.
+    /// @param elementName the local name of the element
+    /// @param elementNamespace its namespace, empty for none
+    /// @param propertyIndex as CXmlGeneratedClass::AccessProperty() takes it
     CElementInfo(char16_t const* elementName, char16_t const* elementNamespace, int propertyIndex);
 
     /// For a simple type.
@@ -118,10 +125,14 @@ protected:
                  ItemType itemType, char16_t const* format, CWhitespaceUtils::WhitespaceRule whitespaceRule,
                  CPrimitiveRestrictions const& restrictions);
 
+    /// The local name.
     wstring GetElementName() const { return m_elementName; }
+    /// The namespace, empty for none.
     wstring GetElementNamespace() const { return m_namespace; }
+    /// As AccessProperty() takes it.
     int GetPropertyIndex() const { return m_propertyIndex; }
 
+    /// Whether an element has the entry's name and, unless the context ignores namespaces, its namespace.
     /// @param element null gives false
     bool IsThisElement(CXmlSerializationContext const& context, CXmlElement const* element) const;
 
@@ -129,21 +140,23 @@ protected:
     static wstring GetAnyDefaultNamespace(char16_t const* allowedNamespaces, char16_t const* namespaceUri,
                                           char16_t const* targetNamespace);
 
+    /// CXmlGeneratedClass::AccessProperty() of the owner, for the entry's property.
     void AccessProperty(CXmlGeneratedClass* owner, bool read, BxVariant& value);
+    /// The entry's property of an owner that is not to be changed.
     void ReadProperty(CXmlGeneratedClass const* owner, BxVariant& value) const;
 
-    /// @name The operations of the object behind a property
     /// @{
+    /// The operations of the object behind a property.
     static CXmlElement* FromXml_Int(CXmlObjectBase* object, CXmlElement* element, CXmlElement* firstChild,
                                     CXmlSerializationContext const& context, bool allowEmptyChoice);
     static void AttributesToXml_Int(CXmlObjectBase const* object, CXmlWriter* writer,
                                     CXmlSerializationContext const& context);
     /// @}
 
-    /// @name Writing, one operation for each kind
     /// @{
-
-    /// Nothing is written for a null object.
+    /// Write the property, one operation for each kind of value. Nothing is written for a property that is
+    /// not set.
+    /// @return whether anything was written
     bool ElementToXmlCls(CXmlSerializationContext const& context, CXmlGeneratedClass const* owner,
                          CXmlWriter* writer, bool allowEmptyChoice) const;
     bool ElementToXmlCol(CXmlSerializationContext const& context, CXmlGeneratedClass const* owner,
@@ -165,14 +178,15 @@ protected:
     /// What the entries of the library share.
     struct Steps;
 
-    wstring m_elementName;
-    wstring m_namespace;
-    int m_propertyIndex;
-    CPrimitiveRestrictions m_restrictions;
-    ItemType m_itemType = BxXmlLib5::it_invalid;
-    char16_t const* m_format = nullptr;
-    CWhitespaceUtils::WhitespaceRule m_whitespaceRule = CWhitespaceUtils::ws_Preserve;
-    bool m_isPrimitive = false;
+    wstring m_elementName;                        ///< the local name
+    wstring m_namespace;                          ///< empty for none
+    int m_propertyIndex;                          ///< as AccessProperty() takes it
+    CPrimitiveRestrictions m_restrictions;        ///< the facets of a simple type
+    ItemType m_itemType = BxXmlLib5::it_invalid;  ///< the kind of a value of simple type
+    char16_t const* m_format = nullptr;           ///< not owned; null for the default
+    CWhitespaceUtils::WhitespaceRule m_whitespaceRule =
+        CWhitespaceUtils::ws_Preserve;  ///< for the text of a value
+    bool m_isPrimitive = false;         ///< whether it is of simple type
 
 private:
     friend class BxXmlLib5::CXmlGeneratedClass;

@@ -16,6 +16,7 @@ protected:
 /// For entries that occur once at most; no entry of the library needs it.
 class BXXMLLIB5_API CElementInfoAllNonCol : public CElementInfoAll {
 public:
+    /// The arguments are those of CElementInfo.
     CElementInfoAllNonCol(char16_t const* elementName, char16_t const* elementNamespace, int propertyIndex);
 };
 
@@ -56,6 +57,7 @@ protected:
 /// the end.
 class BXXMLLIB5_API CElementInfoAllCol : public CElementInfoAll {
 public:
+    /// The arguments are those of CElementInfo.
     CElementInfoAllCol(char16_t const* elementName, char16_t const* elementNamespace, int propertyIndex);
 
 protected:
@@ -68,11 +70,13 @@ protected:
                   bool isElement) const override;
 };
 
+/// A value of simple type: a collection of them.
 class BXXMLLIB5_API CElementInfoAllPrimCol : public CElementInfoAllCol {
 public:
     using CElementInfoAllCol::CElementInfoAllCol;
 };
 
+/// A value of an enumeration: a collection of them.
 class BXXMLLIB5_API CElementInfoAllEnumCol : public CElementInfoAllCol {
 public:
     using CElementInfoAllCol::CElementInfoAllCol;
@@ -84,36 +88,43 @@ public:
     using CElementInfoAllCol::CElementInfoAllCol;
 };
 
+/// An object of a generated class: a collection of them.
 class BXXMLLIB5_API CElementInfoAllClsCol : public Detail::ClsColEntry<CElementInfoAllCol> {
 public:
     using ClsColEntry::ClsColEntry;
 };
 
+/// An object whose class the document picks: a collection of them.
 class BXXMLLIB5_API CElementInfoAllAbsClsCol : public Detail::ClsColEntry<CElementInfoAllCol> {
 public:
     using ClsColEntry::ClsColEntry;
 };
 
+/// A value of simple type: exactly one.
 class BXXMLLIB5_API CElementInfoAllPrimMnd : public Detail::PrimEntry<Detail::AllRequired> {
 public:
     using PrimEntry::PrimEntry;
 };
 
+/// A value of simple type: at most one.
 class BXXMLLIB5_API CElementInfoAllPrimOpt : public Detail::PrimEntry<Detail::AllOptional> {
 public:
     using PrimEntry::PrimEntry;
 };
 
+/// A value of an enumeration: exactly one.
 class BXXMLLIB5_API CElementInfoAllEnumMnd : public Detail::EnumEntry<Detail::AllRequired> {
 public:
     using EnumEntry::EnumEntry;
 };
 
+/// A value of an enumeration: at most one.
 class BXXMLLIB5_API CElementInfoAllEnumOpt : public Detail::EnumEntry<Detail::AllOptional> {
 public:
     using EnumEntry::EnumEntry;
 };
 
+/// An object of a generated class: exactly one.
 class BXXMLLIB5_API CElementInfoAllClsMnd : public Detail::ClsMndEntry<CElementInfoAll> {
 public:
     using ClsMndEntry::ClsMndEntry;
@@ -126,6 +137,7 @@ protected:
                   bool isElement) const override;
 };
 
+/// An object of a generated class: at most one.
 class BXXMLLIB5_API CElementInfoAllClsOpt : public Detail::ClsOptEntry<Detail::AllOptional> {
 public:
     using ClsOptEntry::ClsOptEntry;
@@ -136,6 +148,7 @@ protected:
                         XmlElementType ownerType) override;
 };
 
+/// An object whose class the document picks: exactly one.
 class BXXMLLIB5_API CElementInfoAllAbsClsMnd : public Detail::AllAbsClsEntry<Detail::AllRequired> {
 public:
     /// @param classId kept, not used
@@ -144,14 +157,16 @@ public:
                              int classId);
 
 protected:
-    int m_classId;
+    int m_classId;  ///< kept, not used
 };
 
+/// An object whose class the document picks: at most one.
 class BXXMLLIB5_API CElementInfoAllAbsClsOpt : public Detail::AllAbsClsEntry<Detail::AllOptional> {
 public:
     using AllAbsClsEntry::AllAbsClsEntry;
 };
 
+/// An untyped element: exactly one.
 class BXXMLLIB5_API CElementInfoAllUntpdMnd : public Detail::UntpdEntry<Detail::AllRequired> {
 public:
     using UntpdEntry::UntpdEntry;
@@ -162,6 +177,7 @@ protected:
                         XmlElementType ownerType) override;
 };
 
+/// An untyped element: at most one.
 class BXXMLLIB5_API CElementInfoAllUntpdOpt : public Detail::UntpdEntry<Detail::AllOptional> {
 public:
     using UntpdEntry::UntpdEntry;

@@ -21,6 +21,7 @@ protected:
 /// A collection, which is the member if there is an item of it.
 class BXXMLLIB5_API CElementInfoChoiceCol : public CElementInfoChoice {
 public:
+    /// The arguments are those of CElementInfo.
     CElementInfoChoiceCol(char16_t const* elementName, char16_t const* elementNamespace, int propertyIndex);
 
 protected:
@@ -31,21 +32,25 @@ protected:
                         XmlElementType ownerType) override;
 };
 
+/// A value of simple type: a collection of them.
 class BXXMLLIB5_API CElementInfoChoicePrimCol : public CElementInfoChoiceCol {
 public:
     using CElementInfoChoiceCol::CElementInfoChoiceCol;
 };
 
+/// A value of an enumeration: a collection of them.
 class BXXMLLIB5_API CElementInfoChoiceEnumCol : public CElementInfoChoiceCol {
 public:
     using CElementInfoChoiceCol::CElementInfoChoiceCol;
 };
 
+/// An object of a generated class: a collection of them.
 class BXXMLLIB5_API CElementInfoChoiceClsCol : public Detail::ClsColEntry<CElementInfoChoiceCol> {
 public:
     using ClsColEntry::ClsColEntry;
 };
 
+/// An object whose class the document picks: a collection of them.
 class BXXMLLIB5_API CElementInfoChoiceAbsClsCol : public Detail::ClsColEntry<CElementInfoChoiceCol> {
 public:
     using ClsColEntry::ClsColEntry;
@@ -63,11 +68,13 @@ protected:
                         XmlElementType ownerType) override;
 };
 
+/// A value of simple type: at most one.
 class BXXMLLIB5_API CElementInfoChoicePrimOpt : public Detail::PrimEntry<CElementInfoChoice> {
 public:
     using PrimEntry::PrimEntry;
 };
 
+/// A value of an enumeration: at most one.
 class BXXMLLIB5_API CElementInfoChoiceEnumOpt : public Detail::EnumEntry<CElementInfoChoice> {
 public:
     using EnumEntry::EnumEntry;
@@ -97,6 +104,7 @@ protected:
                         XmlElementType ownerType) override;
 };
 
+/// An untyped element: at most one.
 class BXXMLLIB5_API CElementInfoChoiceUntpdOpt : public Detail::UntpdEntry<CElementInfoChoice> {
 public:
     using UntpdEntry::UntpdEntry;

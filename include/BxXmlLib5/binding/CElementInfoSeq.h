@@ -20,12 +20,14 @@ protected:
 /// For entries that occur once at most; no entry of the library needs it.
 class BXXMLLIB5_API CElementInfoSeqNonCol : public CElementInfoSeq {
 public:
+    /// The arguments are those of CElementInfo.
     CElementInfoSeqNonCol(char16_t const* elementName, char16_t const* elementNamespace, int propertyIndex);
 };
 
 /// A collection, which reads the run of its elements.
 class BXXMLLIB5_API CElementInfoSeqCol : public CElementInfoSeq {
 public:
+    /// The arguments are those of CElementInfo.
     CElementInfoSeqCol(char16_t const* elementName, char16_t const* elementNamespace, int propertyIndex);
 
 protected:
@@ -36,21 +38,25 @@ protected:
                         XmlElementType ownerType) override;
 };
 
+/// A value of simple type: a collection of them.
 class BXXMLLIB5_API CElementInfoSeqPrimCol : public CElementInfoSeqCol {
 public:
     using CElementInfoSeqCol::CElementInfoSeqCol;
 };
 
+/// A value of an enumeration: a collection of them.
 class BXXMLLIB5_API CElementInfoSeqEnumCol : public CElementInfoSeqCol {
 public:
     using CElementInfoSeqCol::CElementInfoSeqCol;
 };
 
+/// An object of a generated class: a collection of them.
 class BXXMLLIB5_API CElementInfoSeqClsCol : public Detail::ClsColEntry<CElementInfoSeqCol> {
 public:
     using ClsColEntry::ClsColEntry;
 };
 
+/// An object whose class the document picks: a collection of them.
 class BXXMLLIB5_API CElementInfoSeqAbsClsCol : public Detail::ClsColEntry<CElementInfoSeqCol> {
 public:
     using ClsColEntry::ClsColEntry;
@@ -68,6 +74,7 @@ protected:
                         XmlElementType ownerType) override;
 };
 
+/// A value of simple type: exactly one.
 class BXXMLLIB5_API CElementInfoSeqPrimMnd : public Detail::PrimEntry<CElementInfoSeq> {
 public:
     using PrimEntry::PrimEntry;
@@ -78,6 +85,7 @@ protected:
                         XmlElementType ownerType) override;
 };
 
+/// A value of simple type: at most one.
 class BXXMLLIB5_API CElementInfoSeqPrimOpt : public Detail::PrimEntry<CElementInfoSeq> {
 public:
     using PrimEntry::PrimEntry;
@@ -88,6 +96,7 @@ protected:
                         XmlElementType ownerType) override;
 };
 
+/// A value of an enumeration: exactly one.
 class BXXMLLIB5_API CElementInfoSeqEnumMnd : public Detail::EnumEntry<CElementInfoSeq> {
 public:
     using EnumEntry::EnumEntry;
@@ -98,6 +107,7 @@ protected:
                         XmlElementType ownerType) override;
 };
 
+/// A value of an enumeration: at most one.
 class BXXMLLIB5_API CElementInfoSeqEnumOpt : public Detail::EnumEntry<CElementInfoSeq> {
 public:
     using EnumEntry::EnumEntry;
@@ -108,6 +118,7 @@ protected:
                         XmlElementType ownerType) override;
 };
 
+/// An object of a generated class: exactly one.
 class BXXMLLIB5_API CElementInfoSeqClsMnd : public Detail::ClsMndEntry<CElementInfoSeq> {
 public:
     using ClsMndEntry::ClsMndEntry;
@@ -118,6 +129,7 @@ protected:
                         XmlElementType ownerType) override;
 };
 
+/// An object of a generated class: at most one.
 class BXXMLLIB5_API CElementInfoSeqClsOpt : public Detail::ClsOptEntry<CElementInfoSeq> {
 public:
     using ClsOptEntry::ClsOptEntry;
@@ -128,6 +140,7 @@ protected:
                         XmlElementType ownerType) override;
 };
 
+/// An object whose class the document picks: exactly one.
 class BXXMLLIB5_API CElementInfoSeqAbsClsMnd : public Detail::AbsClsEntry<CElementInfoSeq> {
 public:
     using AbsClsEntry::AbsClsEntry;
@@ -138,6 +151,7 @@ protected:
                         XmlElementType ownerType) override;
 };
 
+/// An object whose class the document picks: at most one.
 class BXXMLLIB5_API CElementInfoSeqAbsClsOpt : public Detail::AbsClsEntry<CElementInfoSeq> {
 public:
     using AbsClsEntry::AbsClsEntry;
@@ -148,6 +162,7 @@ protected:
                         XmlElementType ownerType) override;
 };
 
+/// An untyped element: exactly one.
 class BXXMLLIB5_API CElementInfoSeqUntpdMnd : public Detail::UntpdEntry<CElementInfoSeq> {
 public:
     using UntpdEntry::UntpdEntry;
@@ -158,6 +173,7 @@ protected:
                         XmlElementType ownerType) override;
 };
 
+/// An untyped element: at most one.
 class BXXMLLIB5_API CElementInfoSeqUntpdOpt : public Detail::UntpdEntry<CElementInfoSeq> {
 public:
     using UntpdEntry::UntpdEntry;

@@ -14,6 +14,7 @@ public:
     /// Gives the namespace this alias, in place of any it had. Two namespaces may share an alias.
     void Add(char16_t const* alias, char16_t const* namespaceUri);
 
+    /// Removes the entry of a namespace.
     /// A namespace that is not there is no failure.
     void RemoveNamespace(char16_t const* namespaceUri);
 
@@ -25,8 +26,11 @@ public:
     /// is a write as far as threads go.
     wstring GetAliasFromNamespace(char16_t const* namespaceUri) const;
 
+    /// Whether the namespace has an entry, be it with the empty alias.
     bool DoesNamespaceExist(char16_t const* namespaceUri) const;
+    /// Whether a namespace has this alias.
     bool DoesAliasExist(char16_t const* alias) const;
+    /// The number of entries.
     int GetNamespaceCount() const;
 
     /// The URI at a position of the order.

@@ -22,9 +22,9 @@ enum XmlElementType : std::int32_t {
 
 /// How the children of a class are composed. Generated code passes it as a number, so the values are fixed.
 enum XmlElementGroupType : std::int32_t {
-    egt_Sequence = 0,
-    egt_Choice = 1,
-    egt_All = 2,
+    egt_Sequence = 0,  ///< in the order of the table
+    egt_Choice = 1,    ///< one of them
+    egt_All = 2,       ///< in any order
 };
 
 /// The one record of a generated class as a whole; elements and attributes have tables of their own. It never
@@ -42,6 +42,8 @@ public:
                        char16_t const* elementNamespace, int textPropertyIndex, bool failIfAttributeUnknown,
                        bool hasBaseClasses);
 
+    /// @{
+    /// What the constructor was given.
     XmlElementGroupType GetElementGroupType() const { return m_groupType; }
     XmlElementType GetElementType() const { return m_elementType; }
     wstring GetElementName() const { return m_elementName; }
@@ -49,6 +51,7 @@ public:
     int GetElementTextPropertyIndex() const { return m_textPropertyIndex; }
     bool GetFromXmlFailIfAttributeUnknown() const { return m_failIfAttributeUnknown; }
     bool GetHasBaseClasses() const { return m_hasBaseClasses; }
+    /// @}
 
 private:
     friend class BxXmlLib5::CXmlGeneratedClass;

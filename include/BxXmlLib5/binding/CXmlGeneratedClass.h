@@ -72,12 +72,21 @@ protected:
     virtual void ResetContent() = 0;
 
 public:
+    /// No element name; the derived class sets it.
     CXmlGeneratedClass();
+    /// @{
+    /// Takes what CXmlObjectBase copies; properties are the derived class's.
     CXmlGeneratedClass(CXmlGeneratedClass const& other);
     CXmlGeneratedClass& operator=(CXmlGeneratedClass const& other);
+    /// @}
     ~CXmlGeneratedClass() override;
 
 protected:
+    /// Offers each attribute of an element to the entries, and then lets each entry test whether it is
+    /// content.
+    /// @param failIfUnknown an attribute that no entry takes is an error, unless the context ignores it or it
+    ///     is infrastructure
+    /// @throws CBxValidationException for such an attribute, and what the entries throw
     void ProcessAttributesFromXml(CXmlSerializationContext const& context, CXmlElement* element,
                                   bool failIfUnknown);
 
@@ -90,6 +99,7 @@ protected:
     /// be chosen and have no items.
     bool DoesElementContainOptionalElementCollections() const;
 
+    /// AccessProperty() for reading, of an object that is not to be changed.
     void ReadProperty(int propertyIndex, BxVariant& value) const;
 
     /// Deletes metadata, the entries of the tables included, and sets the pointers to null. Nulls are

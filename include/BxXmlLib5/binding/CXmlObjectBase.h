@@ -36,7 +36,7 @@ class BXXMLLIB5_API CXmlObjectBase {
 public:
     /// What an OnEvent call tells.
     enum MsgType : std::int32_t {
-        msg_CollectionChanged = 0,
+        msg_CollectionChanged = 0,  ///< a collection has other items than before
     };
 
     /// The object itself; with several bases, the same pointer from each of them.
@@ -80,8 +80,10 @@ public:
     /// Leaves the counts of both objects as they are.
     CXmlObjectBase& operator=(CXmlObjectBase const& other);
 
+    /// The same for an object that is not to be changed.
     CXmlObjectBase const* GetBase() const { return const_cast<CXmlObjectBase*>(this)->GetBase(); }
 
+    /// Takes a reference.
     /// @return the new count
     std::int32_t AddRef();
     /// Deletes the object when no reference is left.
@@ -139,12 +141,14 @@ public:
     /// character.
     void FromXml(char16_t const* text, CXmlSerializationContext const& context);
 
+    /// @{
     /// As above, from a file or from octets, which are taken for what they are: XML text in any encoding that
     /// CXmlDocument reads, or Fast Infoset, either of them as such or compressed by gzip or zlib.
     /// @throws CBxException also if the file cannot be read or there are no octets
     void FromXmlFile(char16_t const* fileName, CXmlSerializationContext const& context);
     void FromXmlStream(CBinaryData const& data, CXmlSerializationContext const& context);
     void FromXmlStream(unsigned char const* data, std::size_t size, CXmlSerializationContext const& context);
+    /// @}
 
     /// Reads the object from an element, which stays the caller's.
     /// @param element not null
@@ -155,22 +159,28 @@ public:
     void FromXmlElement(CElement const* element, CXmlSerializationContext& context);
 
 protected:
+    /// No reference, and no element name.
     CXmlObjectBase();
 
     /// The local name under which the object is written, and which it takes from what it is read from.
     void SetElementName(char16_t const* name);
+    /// The local name of the element.
     wstring GetElementName() const;
+    /// SetElementName() of another object.
     static void SetElementName(CXmlObjectBase* object, char16_t const* name);
 
-    /// The operations of another object, for classes that hold it.
+    /// AttributesToXml_Int() of another object, for classes that hold it.
     static void AttributesToXml_Int(CXmlObjectBase const* object, CXmlWriter* writer,
                                     CXmlSerializationContext const& context);
+    /// ToXml_Int() of another object, for classes that hold it.
     static void ToXml_Int(CXmlObjectBase const* object, CXmlWriter* writer, bool isRoot,
                           char16_t const* namespaceUri, CXmlSerializationContext const& context,
                           bool allowEmptyChoice);
+    /// FromXml_Int() of another object, for classes that hold it.
     static CXmlElement* FromXml_Int(CXmlObjectBase* object, CXmlElement* element, CXmlElement* firstChild,
                                     CXmlSerializationContext const& context);
 
+    /// Refuses a null.
     /// @throws CBxInvalidParamException if value is null
     void Throw_IfPropertyIsNull(CXmlObjectBase* value, char16_t const* name);
 
@@ -202,12 +212,14 @@ protected:
                                 std::int32_t& count, CXmlSerializationContext const& context);
     /// @}
 
+    /// Refuses a namespace.
     /// @throws CBxInvalidNamespaceException if IsNamespaceValid() is false
     void TestNamespace(char16_t const* namespaceUri, char16_t const* allowed,
                        char16_t const* targetNamespace) const;
 
     /// Tests a namespace against the namespace attribute of a schema wildcard.
-    /// @param allowed tokens separated by single blanks: ##any, ##other, ##local, ##targetNamespace or a URI;
+    /// @param allowed tokens separated by single blanks: `##any`, `##other`, `##local`, `##targetNamespace` or a
+    ///        URI;
     ///        a URI, and an empty token, admits no namespace as well
     bool IsNamespaceValid(char16_t const* namespaceUri, char16_t const* allowed,
                           char16_t const* targetNamespace) const;
@@ -220,7 +232,7 @@ protected:
     /// Tells a listener that a collection changed.
     static void FireOnCollectionChangeEvent(CXmlObjectBase* listener, CXmlCollectionBase* collection);
 
-    wstring m_elementName;
+    wstring m_elementName;  ///< what GetElementName() gives
 
 private:
     friend class BxXmlLib5Data::CAttributeInfo;

@@ -13,21 +13,31 @@ namespace BxXmlLib5 {
 /// is the empty text.
 class BXXMLLIB5_API CAttribute : public CXmlObjectBase, public CInstanceMonitor {
 public:
+    /// @{
+    /// Copies name, value and namespace.
     CAttribute(CAttribute const&) = default;
     CAttribute& operator=(CAttribute const&) = default;
+    /// @}
     ~CAttribute() override;
 
     CXmlObjectBase* GetBase() override;
     using CXmlObjectBase::GetBase;
+    /// The namespace; empty for none.
     wstring GetNamespace() const override;
 
+    /// The local name.
     wstring GetName() const { return m_name.Get(); }
+    /// Sets the local name.
     void SetName(char16_t const* name);
+    /// The value, without markup.
     wstring GetValue() const { return m_value; }
+    /// Sets the value.
     void SetValue(char16_t const* value);
+    /// Sets the namespace; empty for none. The restriction of the collection is not looked at.
     void SetNamespace(char16_t const* ns);
 
 protected:
+    /// The arguments are those of CAttributeCol::Add.
     CAttribute(char16_t const* name, char16_t const* value, char16_t const* ns);
 
     wstring GetTargetNamespace() const override;
@@ -37,8 +47,11 @@ protected:
     CXmlElement* FromXml_Int(CXmlElement* element, CXmlElement* firstChild,
                              CXmlSerializationContext const& context, bool allowEmptyChoice) override;
 
+    /// @{
+    /// Do nothing: an attribute has no listeners.
     void FireOnChangeName(char16_t const* name);
     void FireOnChangeNamespace(char16_t const* ns);
+    /// @}
 
 private:
     template <class>

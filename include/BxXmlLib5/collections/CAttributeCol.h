@@ -26,33 +26,44 @@ public:
     ///        of the restriction is a concrete namespace, that is taken.
     /// @param namespaceRestriction as for CXmlObjectBase::IsNamespaceValid
     CAttributeCol(char16_t const* ns, char16_t const* namespaceRestriction, char16_t const* targetNamespace);
+    /// @{
+    /// Shares the attributes, as CXmlCollection does, and takes namespace and restriction along.
     CAttributeCol(CAttributeCol const& other);
     CAttributeCol& operator=(CAttributeCol const& other);
+    /// @}
     ~CAttributeCol() override;
 
+    /// @{
     /// Appends a new attribute. What is refused changes nothing.
     /// @throws CBxInvalidNamespaceException if the restriction does not allow the namespace
     CSmartPtr<CAttribute> Add(char16_t const* name, char16_t const* value, char16_t const* ns);
     CSmartPtr<CAttribute> Add(char16_t const* name, char16_t const* value);
     CSmartPtr<CAttribute> Add(char16_t const* name);
+    /// @}
 
     /// Appends an attribute; its namespace is not tested.
     CSmartPtr<CAttribute> Add(CAttribute* attribute);
 
+    /// @{
     /// Inserts an attribute beside another, at the front and at the end if that is null; its namespace is not
     /// tested.
     /// @throws CBxInvalidParamException if the other one is not in the collection
     void AddAfter(CAttribute const* after, CAttribute* attribute);
     void AddBefore(CAttribute const* before, CAttribute* attribute);
+    /// @}
 
+    /// The attribute at a position. This walks; use the iterators to go through all of them.
     /// @param index 0 to GetCount() - 1
     /// @throws CBxInvalidParamException for any other index
     CSmartPtr<CAttribute> Item(int index);
 
+    /// @{
+    /// Walk the attributes in order, as pointers.
     CBxIterator<CAttribute> begin() { return CBxIterator<CAttribute>(FirstNode()); }
     CBxIterator<CAttribute> end() { return CBxIterator<CAttribute>(nullptr); }
     CBxIterator<CAttribute const> begin() const { return CBxIterator<CAttribute const>(FirstNode()); }
     CBxIterator<CAttribute const> end() const { return CBxIterator<CAttribute const>(nullptr); }
+    /// @}
 
 protected:
     wstring GetTargetNamespace() const override;

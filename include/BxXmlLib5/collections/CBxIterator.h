@@ -14,15 +14,21 @@ namespace BxXmlLib5 {
 template <class T>
 class CBxIterator {
 public:
+    /// @{
+    /// What the standard asks of a forward iterator. What it leads to is a pointer to the item.
     using iterator_category = std::forward_iterator_tag;
     using value_type = T*;
     using difference_type = std::ptrdiff_t;
     using pointer = T*;
     using reference = T*;
+    /// @}
 
+    /// Behind the last item.
     CBxIterator() = default;
+    /// At a node; null for behind the last item.
     explicit CBxIterator(CNode* node) : m_node(node) {}
 
+    /// The same position, for items that are not to be changed.
     operator CBxIterator<T const>() const requires(!std::is_const_v<T>) {
         return CBxIterator<T const>(m_node);
     }
@@ -32,21 +38,26 @@ public:
         return m_node != other.m_node &&
                (m_node == nullptr || other.m_node == nullptr || m_node->m_item != other.m_node->m_item);
     }
+    /// Whether the positions are the same, as != sees them.
     bool operator==(CBxIterator const& other) const { return !(*this != other); }
 
+    /// Goes on to the next node; not behind the last one.
     CBxIterator& operator++() {
         m_node = m_node->m_next;
         return *this;
     }
+    /// Goes on to the next node. @return where it was
     CBxIterator operator++(int) {
         CBxIterator const before = *this;
         ++*this;
         return before;
     }
 
+    /// @{
     /// The item; null if the node holds none, or none of class T.
     T* operator*() const { return dynamic_cast<T*>(static_cast<CXmlObjectBase*>(m_node->m_item)); }
     T* operator->() const { return **this; }
+    /// @}
 
 private:
     CNode* m_node = nullptr;

@@ -21,9 +21,12 @@ public:
     /// @param name for the message: of the element, the attribute or the type
     /// @throws CBxException if the pattern is no regular expression
     CCompiledPattern(wstring const& pattern, wstring const& asGiven, char16_t const* name);
+    /// @{
     /// Leaves an object that can only be assigned to.
     CCompiledPattern(CCompiledPattern&& other) noexcept;
     CCompiledPattern& operator=(CCompiledPattern&& other) noexcept;
+    /// @}
+    /// Frees the compiled expression.
     ~CCompiledPattern();
 
     /// Whether the first match at the start of a value spans all of it; a longer one is not sought. There is none

@@ -28,10 +28,14 @@ public:
     /// @throws CBxInvalidNamespaceException if the restriction does not allow ns
     CElementCol(char16_t const* ns, char16_t const* namespaceRestriction, char16_t const* targetNamespace,
                 int minOccurs, int maxOccurs);
+    /// @{
+    /// Shares the elements, as CXmlCollection does, and takes namespace, restriction and bounds along.
     CElementCol(CElementCol const& other);
     CElementCol& operator=(CElementCol const& other);
+    /// @}
     ~CElementCol() override;
 
+    /// The default namespace of elements that are added without one.
     wstring GetNamespace() const override;
 
     /// Appends a new element.
@@ -42,19 +46,25 @@ public:
     /// Appends an element.
     CSmartPtr<CElement> Add(CElement* element);
 
+    /// @{
     /// Inserts an element beside another, at the front and at the end if that is null.
     /// @throws CBxInvalidParamException if the other one is not in the collection
     void AddAfter(CElement const* after, CElement* element);
     void AddBefore(CElement const* before, CElement* element);
+    /// @}
 
+    /// The element at a position. This walks; use the iterators to go through all of them.
     /// @param index 0 to GetCount() - 1
     /// @throws CBxInvalidParamException for any other index
     CSmartPtr<CElement> Item(int index);
 
+    /// @{
+    /// Walk the elements in order, as pointers.
     CBxIterator<CElement> begin() { return CBxIterator<CElement>(FirstNode()); }
     CBxIterator<CElement> end() { return CBxIterator<CElement>(nullptr); }
     CBxIterator<CElement const> begin() const { return CBxIterator<CElement const>(FirstNode()); }
     CBxIterator<CElement const> end() const { return CBxIterator<CElement const>(nullptr); }
+    /// @}
 
 protected:
     wstring GetTargetNamespace() const override;

@@ -8,9 +8,9 @@ namespace BxXmlLib5 {
 
 /// Holds one reference on its item, which may be null.
 struct CNode {
-    CSmartPtr<CXmlObjectBase> m_item;
-    CNode* m_next = nullptr;
-    CNode* m_prev = nullptr;
+    CSmartPtr<CXmlObjectBase> m_item;  ///< the item
+    CNode* m_next = nullptr;           ///< null at the end
+    CNode* m_prev = nullptr;           ///< null at the front
 };
 
 }  // namespace BxXmlLib5

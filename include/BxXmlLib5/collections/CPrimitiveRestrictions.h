@@ -19,20 +19,23 @@ public:
                            char16_t const* minInclusive, char16_t const* maxInclusive,
                            char16_t const* minExclusive, char16_t const* maxExclusive, int length);
 
+    /// @{
+    /// Copies or moves all facets.
     CPrimitiveRestrictions(CPrimitiveRestrictions const&) = default;
     CPrimitiveRestrictions(CPrimitiveRestrictions&&) = default;
     CPrimitiveRestrictions& operator=(CPrimitiveRestrictions const&) = default;
     CPrimitiveRestrictions& operator=(CPrimitiveRestrictions&&) = default;
+    /// @}
     virtual ~CPrimitiveRestrictions();
 
-    wstring m_pattern;     ///< In the regular expressions of XML Schema (Part 2, appendix F).
-    int m_minLength = -1;  ///< In octets or 16-bit units.
-    int m_maxLength = -1;  ///< In octets or 16-bit units.
-    wstring m_minInclusive;
-    wstring m_maxInclusive;
-    wstring m_minExclusive;
-    wstring m_maxExclusive;
-    int m_length = -1;  ///< In octets or 16-bit units.
+    wstring m_pattern;       ///< In the regular expressions of XML Schema (Part 2, appendix F).
+    int m_minLength = -1;    ///< In octets or 16-bit units.
+    int m_maxLength = -1;    ///< In octets or 16-bit units.
+    wstring m_minInclusive;  ///< a bound that belongs to the values
+    wstring m_maxInclusive;  ///< a bound that belongs to the values
+    wstring m_minExclusive;  ///< a bound that does not
+    wstring m_maxExclusive;  ///< a bound that does not
+    int m_length = -1;       ///< In octets or 16-bit units.
 };
 
 }  // namespace BxXmlLib5

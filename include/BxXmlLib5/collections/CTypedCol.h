@@ -13,21 +13,28 @@ namespace BxXmlLib5 {
 template <class T>
 class BXXMLLIB5_API CTypedValues : public CXmlTypeCollection {
 public:
+    /// The number of values.
     int GetCount() const override;
     /// Tells nobody.
     void Clear() override;
+    /// Removes the value at a position, and tells the listeners.
+    /// @param index 0 to GetCount() - 1
+    /// @throws CBxInvalidParamException for any other index
     void Remove(int index) override;
 
     /// A value that is written through an iterator passes no test, and nobody is told.
-    /// @{
     typename std::vector<T>::iterator begin() { return m_items.begin(); }
+    /// Behind the last value.
     typename std::vector<T>::iterator end() { return m_items.end(); }
+    /// The values in order.
     typename std::vector<T>::const_iterator begin() const { return m_items.begin(); }
+    /// Behind the last value.
     typename std::vector<T>::const_iterator end() const { return m_items.end(); }
-    /// @}
 
 protected:
+    /// Copies the values, the facets and the listeners.
     CTypedValues(CTypedValues const& other);
+    /// Copies the values, the facets and the listeners.
     CTypedValues& operator=(CTypedValues const& other);
     ~CTypedValues() override;
 
@@ -58,7 +65,9 @@ public:
               char16_t const* pattern, int minLength, int maxLength, char16_t const* minInclusive,
               char16_t const* maxInclusive, char16_t const* minExclusive, char16_t const* maxExclusive,
               int length, CWhitespaceUtils::WhitespaceRule rule, char16_t const* format);
+    /// Copies the values, the facets and the listeners.
     CTypedCol(CTypedCol const& other);
+    /// Copies the values, the facets and the listeners.
     CTypedCol& operator=(CTypedCol const& other);
     ~CTypedCol() override;
 
@@ -72,14 +81,18 @@ public:
     ///         value
     void AddAt(int index, Argument value);
 
+    /// A copy of the value at a position.
     /// @param index 0 to GetCount() - 1
     /// @throws CBxInvalidParamException for any other index
     T Item(int index) const requires std::is_arithmetic_v<T>;
+    /// As above.
     T Item(int index) requires std::is_class_v<T>;
 
 protected:
+    /// Writes an element for each value, after the count is tested.
     void ToXml_Int(CXmlWriter* writer, bool isRoot, char16_t const* namespaceUri,
                    CXmlSerializationContext const& context, bool allowEmptyChoice) const override;
+    /// Adds the value of a text at the end, as Add() does.
     void AddFromString(wstring text) override;
     using CXmlObjectBase::ToXml_Int;
 

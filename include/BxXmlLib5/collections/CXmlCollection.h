@@ -18,15 +18,23 @@ namespace BxXmlLib5 {
 /// A copy has a list of its own that shares the items; copying tells nobody.
 class BXXMLLIB5_API CXmlCollection : public CXmlCollectionBase {
 public:
+    /// @{
+    /// A list of its own with the same items, the same bounds and listeners.
     CXmlCollection(CXmlCollection const&) = default;
     CXmlCollection& operator=(CXmlCollection const& other);
+    /// @}
 
+    /// The number of nodes, those without an item included.
     int GetCount() const override;
+    /// Removes all items.
     void Clear() override;
+    /// Removes the item at a position, which is found by walking.
     void Remove(int index) override;
 
 protected:
+    /// A collection without name, namespace and bounds.
     CXmlCollection();
+    /// The arguments are those of CXmlCollectionBase.
     CXmlCollection(char16_t const* elementName, char16_t const* ns, int minOccurs, int maxOccurs);
     ~CXmlCollection() override;
 
@@ -39,7 +47,9 @@ protected:
                     CXmlSerializationContext const& context) const;
     using CXmlObjectBase::ToXml_Int;
 
+    /// Adds an item at the end.
     void AppendItem(CXmlObjectBase* item);
+    /// Adds an item at the front.
     void PrependItem(CXmlObjectBase* item);
 
     /// Inserts behind the first occurrence of an object, as the first item if that is null.
@@ -58,6 +68,7 @@ protected:
     /// Takes a node out of the list and frees it; tells nobody.
     void RemoveNode(CNode* node);
 
+    /// The node at a position.
     /// @throws CBxInvalidParamException unless index is 0 to GetCount() - 1
     CNode* GetNodeAtIndex(int index);
 
@@ -65,6 +76,7 @@ protected:
     /// @throws CBxInvalidParamException if there is none
     CNode* GetNodeForItem(CXmlObjectBase const* item);
 
+    /// Null if the list is empty.
     CNode* FirstNode() const { return m_list.m_head; }
 
 private:

@@ -22,6 +22,7 @@ protected:
     wstring GetTargetNamespace() const override;
 
 public:
+    /// The namespace of the elements.
     wstring GetNamespace() const override;
 
 protected:
@@ -31,8 +32,11 @@ protected:
                              CXmlSerializationContext const& context, bool allowEmptyChoice) override = 0;
 
 public:
+    /// The number of items.
     virtual int GetCount() const = 0;
+    /// Removes all items.
     virtual void Clear() = 0;
+    /// Removes the item at a position.
     /// @param index 0 to GetCount() - 1
     /// @throws CBxInvalidParamException for any other index
     virtual void Remove(int index) = 0;
@@ -41,11 +45,16 @@ public:
     /// @throws CBxValidationException if a bound is broken
     virtual void ValidateCount(CXmlSerializationContext const& context) const;
 
+    /// @{
+    /// Takes name, namespace, bounds and listeners.
     CXmlCollectionBase(CXmlCollectionBase const& other);
     CXmlCollectionBase& operator=(CXmlCollectionBase const& other);
+    /// @}
 
+    /// The least number of items.
     /// 0 for no minimum.
     int GetMinOccurs() const { return m_minOccurs; }
+    /// The greatest number of items.
     /// -1 for no maximum.
     int GetMaxOccurs() const { return m_maxOccurs; }
 
@@ -58,13 +67,17 @@ public:
     void RemoveEventListener(CXmlObjectBase* listener);
 
 protected:
+    /// Without name, namespace and bounds.
     CXmlCollectionBase();
+    /// @param elementName,ns of each element
+    /// @param minOccurs 0 for no minimum
+    /// @param maxOccurs -1 for no maximum
     CXmlCollectionBase(char16_t const* elementName, char16_t const* ns, int minOccurs, int maxOccurs);
 
     /// Tells all listeners, in the order of their addition.
     void FireOnCollectionChange();
 
-    CSharedText m_namespace;
+    CSharedText m_namespace;  ///< of the elements
 
 private:
     friend class CXmlCollection;

@@ -15,8 +15,11 @@ namespace BxXmlLib5 {
 /// are not tested again.
 class BXXMLLIB5_API CXmlTypeCollection : public CXmlCollectionBase {
 public:
+    /// @{
+    /// Takes the facets and all that CXmlCollectionBase copies.
     CXmlTypeCollection(CXmlTypeCollection const&) = default;
     CXmlTypeCollection& operator=(CXmlTypeCollection const&) = default;
+    /// @}
 
 protected:
     /// @param elementName,ns of each element
@@ -41,10 +44,10 @@ protected:
     /// @throws what CConversions throws for the text, and Add for the value
     virtual void AddFromString(wstring text) = 0;
 
-    CPrimitiveRestrictions m_restrictions;
-    ItemType m_itemType;
-    char16_t const* m_format;
-    CWhitespaceUtils::WhitespaceRule m_whitespaceRule;
+    CPrimitiveRestrictions m_restrictions;              ///< the facets
+    ItemType m_itemType;                                ///< the kind of the values
+    char16_t const* m_format;                           ///< not owned; null for the default
+    CWhitespaceUtils::WhitespaceRule m_whitespaceRule;  ///< for text that becomes a value
 };
 
 }  // namespace BxXmlLib5

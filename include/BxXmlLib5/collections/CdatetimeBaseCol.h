@@ -15,8 +15,11 @@ public:
                      char16_t const* minInclusive, char16_t const* maxInclusive, char16_t const* minExclusive,
                      char16_t const* maxExclusive, int length, CWhitespaceUtils::WhitespaceRule rule,
                      char16_t const* format);
+    /// @{
+    /// Copies the values, the facets and the listeners.
     CdatetimeBaseCol(CdatetimeBaseCol const&);
     CdatetimeBaseCol& operator=(CdatetimeBaseCol const&);
+    /// @}
     ~CdatetimeBaseCol() override;
 
     /// Adds a value at the end, through AddAt().
@@ -28,11 +31,13 @@ public:
     ///         value, then CBxInvalidParamException for any other index
     virtual void AddAt(int index, CDateTime const& value) = 0;
 
+    /// A copy of the value at a position.
     /// @param index 0 to GetCount() - 1
     /// @throws CBxInvalidParamException for any other index
     virtual CDateTime Item(int index);
 
 protected:
+    /// The text of a value in documents.
     virtual wstring ItemToString(CDateTime const& value) = 0;
 
     /// Inserts a value without testing it, and tells the listeners.
@@ -53,14 +58,19 @@ public:
                   char16_t const* pattern, int minLength, int maxLength, char16_t const* minInclusive,
                   char16_t const* maxInclusive, char16_t const* minExclusive, char16_t const* maxExclusive,
                   int length, CWhitespaceUtils::WhitespaceRule rule, char16_t const* format);
+    /// Copies the values, the facets and the listeners.
     CTypedDateCol(CTypedDateCol const&);
+    /// Copies the values, the facets and the listeners.
     CTypedDateCol& operator=(CTypedDateCol const&);
     ~CTypedDateCol() override;
 
+    /// As CdatetimeBaseCol::AddAt().
     void AddAt(int index, CDateTime const& value) override;
 
 protected:
+    /// Adds the value of a text at the end, as Add() does.
     void AddFromString(wstring text) override;
+    /// The text of a value in documents.
     wstring ItemToString(CDateTime const& value) override;
 };
 

@@ -10,7 +10,11 @@
 #pragma once
 
 #include <memory>
+#include <string_view>
 
+#include "BxXmlLib5/core/CBxLocation.h"
+#include "BxXmlLib5/core/CCounted.h"
+#include "BxXmlLib5/core/CSmartPtr.h"
 #include "BxXmlLib5/platform/Export.h"
 #include "BxXmlLib5/platform/Text.h"
 
@@ -37,11 +41,28 @@ public:
     /// The failure that led to this one, null if none. It lives as long as this object.
     CBxException const* GetInnerException() const;
 
+    /// Where in the document the failure lies; not known for failures that concern no document. A failure that
+    /// another one led to has the place of that one, unless it was given its own.
+    CBxLocation GetLocation() const;
+    void SetLocation(CBxLocation const& location);
+
+    /// The text for a terminal or a log: `source:line:column: path: message`, without what is not known. The
+    /// message is the full one.
+    /// @param source the name of the document, empty for none
+    wstring GetReport(std::u16string_view source = {}) const;
+
 protected:
     /// A copy of the same final class on the heap, owned by the caller.
     virtual CBxException* Clone() const;
 
 private:
+    struct Place : CCounted<Place> {
+        explicit Place(CBxLocation const& location) : m_location(location) {}
+
+        CBxLocation const m_location;
+    };
+
+    CSmartPtr<Place const> m_place;  // null if it is not known
     wstring m_message;
     std::unique_ptr<CBxException> m_innerException;
 };

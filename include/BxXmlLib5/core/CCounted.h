@@ -11,11 +11,16 @@ namespace BxXmlLib5 {
 template <class T>
 class CCounted {
 public:
+    /// No reference yet.
     CCounted() = default;
+    /// No reference yet, however many the other object has.
     CCounted(CCounted const&) {}
+    /// Leaves both counts as they are.
     CCounted& operator=(CCounted const&) { return *this; }
 
+    /// Takes a reference.
     void AddRef() const { m_refCount.fetch_add(1, std::memory_order_relaxed); }
+    /// Gives one up, and deletes the object if it was the last.
     void Release() const {
         if (m_refCount.fetch_sub(1, std::memory_order_acq_rel) == 1) delete static_cast<T const*>(this);
     }

@@ -11,10 +11,16 @@ namespace BxXmlLib5 {
 template <class T>
 class CMadeOnce {
 public:
+    /// Nothing is made yet.
     CMadeOnce() = default;
+    /// Takes a reference on an object that is there already.
     explicit CMadeOnce(T& object) { Set(&object); }
+    /// @{
+    /// Who wants a copy copies the object.
     CMadeOnce(CMadeOnce const&) = delete;
     CMadeOnce& operator=(CMadeOnce const&) = delete;
+    /// @}
+    /// Gives up the reference.
     ~CMadeOnce() {
         // Nobody else may ask any more, so no locked step is needed.
         if (T* const object = Get()) object->Release();
@@ -23,6 +29,8 @@ public:
     /// Null if it was not made.
     T* Get() const { return m_object.load(std::memory_order_acquire); }
 
+    /// The object, which is made if nobody asked before; of two threads that make one at the same time, one
+    /// throws its own away.
     /// @param make gives a new object
     template <class Make>
     T& GetOrMake(Make make) const {

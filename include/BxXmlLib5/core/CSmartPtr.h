@@ -14,16 +14,21 @@
 template <class T>
 class CSmartPtr {
 public:
+    /// Null.
     CSmartPtr() noexcept = default;
 
     /// Takes a reference of its own; null is accepted.
     CSmartPtr(T* object) : m_object(object) { Take(); }
+    /// Takes a reference of its own.
     CSmartPtr(CSmartPtr const& other) : m_object(other.m_object) { Take(); }
+    /// Takes over the reference; the other pointer is null afterwards.
     CSmartPtr(CSmartPtr&& other) noexcept : m_object(std::exchange(other.m_object, nullptr)) {}
 
+    /// Takes a reference of its own, from a pointer to a derived class.
     template <class U, class = std::enable_if_t<std::is_convertible_v<U*, T*>>>
     CSmartPtr(CSmartPtr<U> const& other) : CSmartPtr(static_cast<U*>(other)) {}
 
+    /// Gives up its reference.
     ~CSmartPtr() {
         if (m_object != nullptr) m_object->Release();
     }
@@ -34,9 +39,13 @@ public:
         return *this;
     }
 
+    /// The plain pointer, null for none.
     operator T*() const noexcept { return m_object; }
+    /// @{
+    /// The object; there must be one.
     T& operator*() const noexcept { return *m_object; }
     T* operator->() const noexcept { return m_object; }
+    /// @}
 
 private:
     void Take() {

@@ -14,8 +14,8 @@ enum SchemaType : std::int32_t {
 
 /// The line end of text output.
 enum EOLType : std::int32_t {
-    eol_CRLF = 0,
-    eol_LF = 1,
+    eol_CRLF = 0,  ///< carriage return and line feed
+    eol_LF = 1,    ///< line feed
 };
 
 /// The encoding of text output.
@@ -28,7 +28,7 @@ enum XmlEncoding : std::int32_t {
 
 /// Compression of output octets.
 enum CompressionType : std::int32_t {
-    cmp_None = 0,
+    cmp_None = 0,  ///< the octets as they are
     cmp_GZip = 1,  ///< The gzip wrapper (RFC 1952).
     cmp_ZLib = 2,  ///< The zlib wrapper (RFC 1950); for streams only.
 };

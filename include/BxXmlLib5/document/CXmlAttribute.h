@@ -15,18 +15,24 @@ class CNodePool;
 
 /// A name as a document holds it, once for all elements and attributes that have it.
 struct CXmlName {
-    wstring const& m_namespaceUri;
-    wstring const& m_localName;
+    wstring const& m_namespaceUri;  ///< empty for none
+    wstring const& m_localName;     ///< without a prefix
 };
 
 /// An attribute as a document holds it. It lives as long as the tree of its document.
 class BXXMLLIB5_API CXmlAttribute : public CInstanceMonitor {
 public:
+    /// @{
+    /// The document owns the attribute.
     CXmlAttribute(CXmlAttribute const&) = delete;
     CXmlAttribute& operator=(CXmlAttribute const&) = delete;
+    /// @}
     virtual ~CXmlAttribute();
 
+    /// The name without a prefix.
     wstring const& GetLocalName() const { return m_name->m_localName; }
+    /// The value, normalised as XML 1.0, 3.3.3, has it for an attribute of no declared type. The first call
+    /// makes a string of it.
     wstring const& GetValue() const;
     /// The value without making a string of it.
     std::u16string_view GetValueView() const { return m_value.View(); }

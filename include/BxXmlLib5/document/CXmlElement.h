@@ -39,6 +39,10 @@ public:
     CXmlElement* GetNextSiblingElement() const { return m_nextSibling; }
     CXmlDocument const* GetDocument() const { return m_document; }
 
+    /// The line of the text on which the element's tag begins, 1 for the first one; 0 where there are no lines, as
+    /// in Fast Infoset. An element that an entity stands for has the line of the outermost reference.
+    int GetLine() const { return m_line; }
+
     /// In document order.
     std::vector<CXmlAttribute*> const& GetAttributes() const { return *m_attributes; }
 
@@ -51,14 +55,16 @@ private:
     friend class CNodePool;
 
     /// @param name,attributes the document's, which outlive the element
-    CXmlElement(CXmlDocument const* document, CXmlName const& name, std::vector<CXmlAttribute*>& attributes);
+    CXmlElement(CXmlDocument const* document, CXmlName const& name, std::vector<CXmlAttribute*>& attributes,
+                int line);
 
     CXmlDocument const* m_document;
     CXmlElement* m_nextSibling = nullptr;
     CXmlElement* m_firstChild = nullptr;
     std::vector<CXmlAttribute*>* m_attributes;
-    CNodeText m_text;
     CXmlName const* m_name;
+    [[no_unique_address]] CNodeText m_text;  // which leaves the room for what follows
+    int m_line;
 };
 
 }  // namespace BxXmlLib5

@@ -14,6 +14,9 @@
 
 namespace BxXmlLib5::Generated {
 
+// Stands behind the rows: generated code names none of it.
+/// @cond
+
 /// What the rows of a class need to know of a property, one constant for each type of property.
 struct Actions {
     enum class Shape : unsigned char {
@@ -35,8 +38,7 @@ struct Actions {
     void (*copy)(void* property, void const* source);
     bool (*equals)(void const* a, void const* b);
 
-    /// @name For simple types, null for others
-    /// @{
+    // For simple types, null for others.
 
     /// Sets or adds the value of a literal.
     void (*read)(void* property, std::u16string_view text) = nullptr;
@@ -45,7 +47,6 @@ struct Actions {
     /// Reads and writes as the empty text.
     std::u16string_view (*defaultText)() = nullptr;
     SimpleType const* type = nullptr;
-    /// @}
 };
 
 BXXMLLIB5_API extern Actions const kObjectActions;
@@ -146,5 +147,7 @@ constexpr Actions const* ActionsOf() {
         return &kCollectionActions;
     }
 }
+
+/// @endcond
 
 }  // namespace BxXmlLib5::Generated

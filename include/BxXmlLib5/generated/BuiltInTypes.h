@@ -6,6 +6,7 @@
 
 namespace BxXmlLib5::Generated {
 
+/// The namespace of the built-in types.
 inline constexpr char16_t kXsNamespace[] = u"http://www.w3.org/2001/XMLSchema";
 
 /// Its prefix in documents where nothing gives it another.

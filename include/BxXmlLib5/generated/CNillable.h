@@ -14,9 +14,12 @@ namespace BxXmlLib5::Generated {
 template <class S>
 class CNillable : public CObject {
 public:
+    /// The value, which must be there unless the element is nil.
     Required<S> Value;
+    /// Whether the element is there without a value.
     Generated::Nil Nil;
 
+    /// Not nil, and without a value.
     CNillable() = default;
     /// @throws CBxInvalidValueException if the value breaks a facet of S
     CNillable(typename S::Value value) { Value.Set(std::move(value)); }
@@ -27,12 +30,14 @@ public:
              std::convertible_to<V const&, typename S::Value>) CNillable(V const& value)
         : CNillable(typename S::Value(value)) {}
 
+    /// The description of the class.
     static Class const kClass;
 
 protected:
     Class const& Describe() const override { return kClass; }
 };
 
+/// @cond
 template <class S>
 inline constexpr Row kNillableRows[] = {Text<&CNillable<S>::Value>(), NilMark<&CNillable<S>::Nil>()};
 
@@ -41,5 +46,6 @@ inline constexpr Set kNillableSet{};
 template <class S>
 constinit Class const CNillable<S>::kClass = Generated::Describe<CNillable<S>>(kNillableSet, u"nillable", u"",
                                                                                kNillableRows<S>);
+/// @endcond
 
 }  // namespace BxXmlLib5::Generated

@@ -64,11 +64,15 @@ public:
     wstring GetNamespace() const override;
 
 protected:
+    /// An object without properties; for derived classes, as all that follows.
     CObject();
+    /// Copies what its document named by xsi:type for values in it; derived classes copy their properties.
     CObject(CObject const& other);
+    /// As the copy does.
     CObject& operator=(CObject const& other);
     ~CObject() override;
 
+    /// The description of the object's own class, which outlives all objects.
     virtual Class const& Describe() const = 0;
 
     wstring GetTargetNamespace() const override;
@@ -98,9 +102,12 @@ private:
 /// A model group that may occur more often than once: an object without an element of its own.
 class BXXMLLIB5_API CGroup : public CObject {
 protected:
+    /// @{
+    /// As those of CObject.
     CGroup();
     CGroup(CGroup const& other);
     CGroup& operator=(CGroup const& other);
+    /// @}
     ~CGroup() override;
 };
 

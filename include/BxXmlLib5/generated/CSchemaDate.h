@@ -29,6 +29,7 @@ public:
     /// @throws CBxInvalidValueException for any other text
     CSchemaDate(CDateTime::DTType type, std::u16string_view text);
 
+    /// Which of the eight types the value is of; dt_yearZero for none.
     CDateTime::DTType GetType() const { return m_value.GetType(); }
 
     /// The literal that the value was made from, or that of the CDateTime.
@@ -36,16 +37,21 @@ public:
 
     /// Whether a CDateTime can hold the value. The hour 24 is the hour 0 of the next day.
     bool HasDateTime() const { return m_hasValue; }
+    /// @{
     /// @throws CBxInvalidValueException for a value that a CDateTime cannot hold: years beyond 9999, more than nine
     ///     digits of a fraction, offsets from -00:01 to -00:59
     CDateTime const& GetDateTime() const;
     operator CDateTime const&() const { return GetDateTime(); }
     CDateTime const* operator->() const { return &GetDateTime(); }
+    /// @}
 
+    /// @{
     /// The partial order of the standard (3.2.7.3): a value with a zone and one without can be compared only if
     /// they are more than 14 hours apart. Values of different types cannot.
     std::partial_ordering operator<=>(CSchemaDate const& other) const;
     bool operator==(CSchemaDate const& other) const;
+    /// @}
+    /// Whether the two are the same instant of the same type.
     bool operator==(CDateTime const& other) const { return *this == CSchemaDate(other); }
 
 private:

@@ -29,15 +29,20 @@ public:
 
     /// Whether a CDateTimeSpan can hold the value.
     bool HasSpan() const { return m_hasValue; }
+    /// @{
     /// @throws CBxInvalidValueException for a value that a CDateTimeSpan cannot hold: more than 65,535 years, months,
     ///     days or hours of more than 32 bits, more than nine digits of a fraction
     CDateTimeSpan const& GetSpan() const;
     operator CDateTimeSpan const&() const { return GetSpan(); }
     CDateTimeSpan const* operator->() const { return &GetSpan(); }
+    /// @}
 
+    /// @{
     /// The partial order of the standard (3.2.6.2): a month is no number of days.
     std::partial_ordering operator<=>(CSchemaDuration const& other) const;
     bool operator==(CSchemaDuration const& other) const;
+    /// @}
+    /// Whether both are equal by the order above.
     bool operator==(CDateTimeSpan const& other) const { return *this == CSchemaDuration(other); }
 
 private:

@@ -19,14 +19,14 @@ namespace BxXmlLib5::Generated {
 struct Facets {
     char16_t const* pattern = nullptr;  ///< A regular expression of PCRE2 that must match the whole literal.
     int length = -1;                    ///< In characters, octets or items.
-    int minLength = -1;
-    int maxLength = -1;
-    char16_t const* minInclusive = nullptr;
-    char16_t const* maxInclusive = nullptr;
-    char16_t const* minExclusive = nullptr;
-    char16_t const* maxExclusive = nullptr;
-    int totalDigits = -1;
-    int fractionDigits = -1;
+    int minLength = -1;                 ///< as length
+    int maxLength = -1;                 ///< as length
+    char16_t const* minInclusive = nullptr;        ///< a literal of the type, as all bounds
+    char16_t const* maxInclusive = nullptr;        ///< a bound that belongs to the values
+    char16_t const* minExclusive = nullptr;        ///< a bound that does not
+    char16_t const* maxExclusive = nullptr;        ///< a bound that does not
+    int totalDigits = -1;                          ///< for decimals and integers
+    int fractionDigits = -1;                       ///< for decimals
     std::span<char16_t const* const> values = {};  ///< The enumeration: literals, compared by value.
 };
 
@@ -36,8 +36,11 @@ public:
     /// @param facets must outlive the object
     /// @throws CBxException if the pattern is no regular expression
     explicit LiteralTests(Facets const& facets);
+    /// @{
+    /// There is one object for each type.
     LiteralTests(LiteralTests const&) = delete;
     LiteralTests& operator=(LiteralTests const&) = delete;
+    /// @}
 
     /// @throws CBxInvalidValueException if the pattern does not match
     void TestPattern(std::u16string_view literal) const;
@@ -48,6 +51,7 @@ public:
 protected:
     ~LiteralTests() = default;
 
+    /// Those that the constructor was given.
     Facets const& m_facets;
 
 private:

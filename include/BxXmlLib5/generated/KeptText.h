@@ -11,17 +11,23 @@ namespace BxXmlLib5::Generated {
 /// A text, or none in the room of a pointer.
 class KeptText {
 public:
+    /// No text.
     KeptText() = default;
+    /// A copy of the text, which may be empty.
     explicit KeptText(std::u16string_view text) : m_text(std::make_unique<wstring const>(text)) {}
+    /// Has a text of its own.
     KeptText(KeptText const& other)
         : m_text(other.m_text ? std::make_unique<wstring const>(*other.m_text) : nullptr) {}
+    /// Leaves the other object without a text.
     KeptText(KeptText&&) noexcept = default;
+    /// Takes the text of the argument, or none.
     KeptText& operator=(KeptText other) noexcept {
         m_text.swap(other.m_text);
         return *this;
     }
     ~KeptText() = default;
 
+    /// Whether there is a text.
     explicit operator bool() const { return m_text != nullptr; }
     /// There must be a text.
     wstring const& operator*() const { return *m_text; }

@@ -11,8 +11,8 @@ namespace BxXmlLib5::Generated {
 
 /// Ways of derivation, as bits.
 enum Derivation : unsigned char {
-    kExtension = 1,
-    kRestriction = 2,
+    kExtension = 1,    ///< by extension
+    kRestriction = 2,  ///< by restriction
 };
 
 /// A simple type without its struct: one constant for each.
@@ -23,8 +23,8 @@ struct SimpleType {
     std::span<SimpleType const* const> members = {};
 };
 
-/// @name What stands behind SimpleType
-/// @{
+// What stands behind SimpleType.
+/// @cond
 template <class S>
 void TestLiteral(std::u16string_view text) {
     (void)ValueOf<S>(text);
@@ -53,14 +53,14 @@ template <class S>
 struct SimpleTypeOf {
     static constexpr SimpleType kType{&TestLiteral<S>, MemberTypesOf<S>()};
 };
-/// @}
+/// @endcond
 
 /// A simple type with its name, and the one that it derives from.
 struct SimpleTypeName {
-    char16_t const* name;
-    char16_t const* namespaceUri;
-    SimpleType const* type;
-    SimpleType const* base;
+    char16_t const* name;          ///< the local name
+    char16_t const* namespaceUri;  ///< empty for none
+    SimpleType const* type;        ///< the type itself
+    SimpleType const* base;        ///< the one that it derives from
 };
 
 /// `Bx::Simple<CodeType, Xs::token>(u"code", kNamespace)`

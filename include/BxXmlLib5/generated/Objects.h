@@ -21,20 +21,28 @@ class CObject;
 /// What all properties for one object have in common: a counted pointer, null for none. Copies are deep.
 class BXXMLLIB5_API ObjectHolder {
 public:
+    /// No object.
     ObjectHolder() = default;
+    /// A copy of the object, if there is one.
     ObjectHolder(ObjectHolder const& other);
+    /// Leaves the other property without an object.
     ObjectHolder(ObjectHolder&& other) noexcept = default;
+    /// Takes the object of the argument, or none.
     ObjectHolder& operator=(ObjectHolder other) noexcept {
         std::swap(m_object, other.m_object);
         return *this;
     }
+    /// Gives up its reference.
     ~ObjectHolder();
 
+    /// Whether there is an object.
     explicit operator bool() const { return m_object != nullptr; }
+    /// Gives up the object.
     void Clear() { m_object = nullptr; }
 
     /// The object without its type, null for none.
     CXmlObjectBase* Held() const { return m_object; }
+    /// Takes an object, whose class is not tested, or none for null.
     void Hold(CSmartPtr<CXmlObjectBase> object) { m_object = std::move(object); }
 
 private:
@@ -45,19 +53,27 @@ private:
 /// are empty. Copies are deep.
 class BXXMLLIB5_API ObjectsHolder {
 public:
+    /// Without objects.
     ObjectsHolder() = default;
+    /// A copy of each object.
     ObjectsHolder(ObjectsHolder const& other);
+    /// Leaves the other property empty.
     ObjectsHolder(ObjectsHolder&& other) noexcept = default;
+    /// Takes the objects of the argument.
     ObjectsHolder& operator=(ObjectsHolder other) noexcept {
         m_objects.swap(other.m_objects);
         return *this;
     }
+    /// Gives up all references.
     ~ObjectsHolder();
 
+    /// Whether there is no object.
     bool IsEmpty() const { return Count() == 0; }
+    /// The number of objects.
     int Count() const { return m_objects ? static_cast<int>(m_objects->size()) : 0; }
     /// @throws CBxInvalidParamException unless index is 0 to Count() - 1
     void Remove(int index);
+    /// Gives up all objects.
     void Clear() { m_objects.reset(); }
 
     /// An object without its type.
@@ -67,10 +83,14 @@ public:
     void Append(CSmartPtr<CXmlObjectBase> object);
 
 protected:
+    /// Where the pointer to an object is.
     using Place = CSmartPtr<CXmlObjectBase> const*;
 
+    /// @{
+    /// The places from the first to behind the last one.
     Place First() const { return m_objects ? m_objects->data() : nullptr; }
     Place Last() const { return First() + Count(); }
+    /// @}
     /// @throws CBxInvalidParamException unless index is 0 to Count() - 1
     CXmlObjectBase* At(int index) const;
     /// @throws CBxInvalidParamException unless index is 0 to Count() and the object is not null
@@ -84,26 +104,37 @@ private:
 template <class T>
 class ObjectIterator {
 public:
+    /// @{
+    /// What the standard asks of a forward iterator.
     using value_type = T;
     using difference_type = std::ptrdiff_t;
     using reference = T&;
     using pointer = T*;
     using iterator_category = std::forward_iterator_tag;
+    /// @}
 
+    /// Not to be used before another is assigned.
     ObjectIterator() = default;
+    /// @param place of the object, in the vector that holds it
     explicit ObjectIterator(CSmartPtr<CXmlObjectBase> const* place) : m_place(place) {}
 
+    /// @{
+    /// The object.
     T& operator*() const { return static_cast<T&>(static_cast<CXmlObjectBase&>(**m_place)); }
     T* operator->() const { return &**this; }
+    /// @}
+    /// Goes on to the next object.
     ObjectIterator& operator++() {
         ++m_place;
         return *this;
     }
+    /// Goes on to the next object. @return where it was
     ObjectIterator operator++(int) {
         ObjectIterator old = *this;
         ++m_place;
         return old;
     }
+    /// Whether both are at the same object of the same property.
     bool operator==(ObjectIterator const&) const = default;
 
 private:
@@ -121,8 +152,11 @@ private:
 template <class T>
 class Object : public ObjectHolder {
 public:
+    /// The declared class of the object.
     using Class = T;
 
+    /// @{
+    /// The object.
     /// @throws CBxInvalidStateException if there is none
     T& operator*() {
         if (!*this) ThrowNotSet();
@@ -131,12 +165,14 @@ public:
     T const& operator*() const { return *const_cast<Object&>(*this); }
     T* operator->() { return &**this; }
     T const* operator->() const { return &**this; }
+    /// @}
 
     /// The object as one of class D; null if there is none, or none of that class.
     template <class D = T>
     D* Get() {
         return dynamic_cast<D*>(Held());
     }
+    /// The same for a property that is not to be changed.
     template <class D = T>
     D const* Get() const {
         return dynamic_cast<D const*>(static_cast<CXmlObjectBase const*>(Held()));
@@ -155,6 +191,7 @@ public:
         return *object;
     }
 
+    /// A deep copy of the object, which is of class T even if the argument's derives from it.
     Object& operator=(T const& object) {
         Hold(new T(object));
         return *this;
@@ -176,6 +213,7 @@ private:
 template <class T>
 class Collection : public ObjectsHolder {
 public:
+    /// The declared class of the objects.
     using Class = T;
 
     /// Appends a new object, of a class that may derive from T.
@@ -206,14 +244,19 @@ public:
         return *object;
     }
 
+    /// @{
     /// @throws CBxInvalidParamException unless index is 0 to Count() - 1
     T& operator[](int index) { return static_cast<T&>(*At(index)); }
     T const& operator[](int index) const { return static_cast<T const&>(*At(index)); }
+    /// @}
 
+    /// @{
+    /// Walk the objects in document order, as references.
     auto begin() { return ObjectIterator<T>(First()); }
     auto end() { return ObjectIterator<T>(Last()); }
     auto begin() const { return ObjectIterator<T const>(First()); }
     auto end() const { return ObjectIterator<T const>(Last()); }
+    /// @}
 };
 
 /// Whether an element is nil: there without content, but with its attributes.
@@ -221,7 +264,9 @@ public:
 ///     order.Due.Make().Nil = true;
 class Nil {
 public:
+    /// Whether it is nil.
     explicit operator bool() const { return m_isNil; }
+    /// Says whether it is nil. What has content is refused on writing then.
     Nil& operator=(bool isNil) {
         m_isNil = isNil;
         return *this;
@@ -234,9 +279,11 @@ private:
 /// One element that the schema leaves open.
 class BXXMLLIB5_API AnyElement : public ObjectHolder {
 public:
+    /// @{
     /// @throws CBxInvalidStateException if there is none
     CElement& operator*() const;
     CElement* operator->() const { return &**this; }
+    /// @}
 
     /// The element that is there, or a new one.
     CElement& Make(char16_t const* name, char16_t const* namespaceUri = u"");
@@ -256,24 +303,35 @@ public:
     /// @throws CBxInvalidParamException unless index is 0 to Count() - 1
     CElement& operator[](int index) const { return static_cast<CElement&>(*At(index)); }
 
+    /// @{
+    /// Walk the elements in document order, as references.
     auto begin() const { return ObjectIterator<CElement>(First()); }
     auto end() const { return ObjectIterator<CElement>(Last()); }
+    /// @}
 };
 
 /// Attributes that the schema leaves open.
 class BXXMLLIB5_API AnyAttributes {
 public:
+    /// Without attributes.
     AnyAttributes() = default;
+    /// A copy of each attribute.
     AnyAttributes(AnyAttributes const& other);
+    /// Leaves the other property empty.
     AnyAttributes(AnyAttributes&& other) noexcept = default;
+    /// Takes the attributes of the argument.
     AnyAttributes& operator=(AnyAttributes other) noexcept {
         std::swap(m_attributes, other.m_attributes);
         return *this;
     }
+    /// Gives up its reference on the collection.
     ~AnyAttributes() = default;
 
+    /// Whether there is no attribute.
     bool IsEmpty() const { return Count() == 0; }
+    /// The number of attributes.
     int Count() const { return m_attributes ? m_attributes->GetCount() : 0; }
+    /// Gives up all attributes.
     void Clear() { m_attributes = nullptr; }
 
     /// The collection itself, which is made by the first call.
@@ -288,6 +346,7 @@ public:
     auto begin() const {
         return m_attributes ? std::as_const(*m_attributes).begin() : CBxIterator<CAttribute const>(nullptr);
     }
+    /// Behind the last attribute.
     auto end() const { return CBxIterator<CAttribute const>(nullptr); }
 
 private:

@@ -48,6 +48,7 @@ wstring Wide(T&& text) {
     }
 }
 
+/// @cond
 /// Room for a value in the object itself.
 template <class V>
 class RoomInside {
@@ -134,13 +135,16 @@ decltype(auto) ArrowOf(V const& value) {
         return &value;
     }
 }
+/// @endcond
 
 /// A property of simple type S: a value, or none. Every value that comes in is tested against the facets of
 /// S. It reads like a pointer: `if (note.Duration) Use(*note.Duration);`.
 template <class S, class Room>
 class Property {
 public:
+    /// The simple type.
     using Type = S;
+    /// The type of its values in C++.
     using Value = typename S::Value;
 
     /// Whether there is a value.
@@ -151,10 +155,13 @@ public:
         if (!m_room.Has()) ThrowNotSet();
         return m_room.Get();
     }
+    /// The members of the value.
+    /// @throws CBxInvalidStateException if there is none
     decltype(auto) operator->() const { return ArrowOf(**this); }
 
     /// Whether there is this value.
     bool operator==(Value const& value) const { return m_room.Has() && IsSame(m_room.Get(), value); }
+    /// Whether both have the same value, or neither has one.
     bool operator==(Property const& other) const {
         return m_room.Has() == other.m_room.Has() && (!m_room.Has() || *this == other.m_room.Get());
     }
@@ -170,6 +177,7 @@ public:
     /// @throws CBxInvalidValueException if the text is no literal of S; the property keeps what it has
     void SetText(std::u16string_view text) { Store(ValueOf<S>(text), text); }
 
+    /// Leaves the property without a value.
     void Clear() {
         m_room.Clear();
         m_literal = {};
@@ -194,6 +202,9 @@ private:
 template <class S>
 class Required : public Property<S, RoomInside<typename S::Value>> {
 public:
+    /// @{
+    /// Sets the value; of a type of text, from any text that IsText takes.
+    /// @throws CBxInvalidValueException if the value breaks a facet of S; the property keeps what it has
     Required& operator=(typename S::Value value) requires(!HasText<S>) {
         this->Set(std::move(value));
         return *this;
@@ -203,6 +214,7 @@ public:
         this->Set(Wide(std::forward<T>(text)));
         return *this;
     }
+    /// @}
 };
 
 /// A property that may have a value. What is assigned is tested as by Set().
@@ -211,6 +223,8 @@ class Optional
     : public Property<S, std::conditional_t<(sizeof(typename S::Value) <= 24), RoomInside<typename S::Value>,
                                             RoomOutside<typename S::Value>>> {
 public:
+    /// @{
+    /// As those of Required.
     Optional& operator=(typename S::Value value) requires(!HasText<S>) {
         this->Set(std::move(value));
         return *this;
@@ -220,16 +234,20 @@ public:
         this->Set(Wide(std::forward<T>(text)));
         return *this;
     }
+    /// @}
 };
 
 /// A text as an argument of a template.
 template <std::size_t kSize>
 struct Literal {
+    /// The text with its terminator.
     char16_t m_text[kSize]{};
 
+    /// From a string literal.
     consteval Literal(char16_t const (&text)[kSize]) {
         for (std::size_t i = 0; i < kSize; ++i) m_text[i] = text[i];
     }
+    /// The text without its terminator.
     constexpr std::u16string_view View() const { return {m_text, kSize - 1}; }
 };
 
@@ -251,18 +269,23 @@ void TestFixed(typename S::Value const& value) {
 template <class S, Literal kText>
 class WithDefault : public Optional<S> {
 public:
+    /// The type of the values in C++.
     using Value = typename S::Value;
     using Optional<S>::operator=;
 
+    /// The value, or the default.
     Value const& operator*() const { return *this ? Optional<S>::operator*() : ConstantOf<S, kText>(); }
+    /// The members of the value, or of the default.
     decltype(auto) operator->() const { return ArrowOf(**this); }
 
     /// Whether it reads as this value.
     bool operator==(Value const& value) const { return IsSame(**this, value); }
+    /// Whether both have the same value, or neither has one of its own.
     bool operator==(WithDefault const& other) const {
         return static_cast<Optional<S> const&>(*this) == static_cast<Optional<S> const&>(other);
     }
 
+    /// The literal of the default.
     static constexpr std::u16string_view kDefault = kText.View();
 };
 
@@ -270,6 +293,7 @@ public:
 template <class S, Literal kText>
 class Fixed : public WithDefault<S, kText> {
 public:
+    /// The type of the value in C++.
     using Value = typename S::Value;
 
     /// @throws CBxInvalidValueException for any other value
@@ -284,6 +308,8 @@ public:
         this->Store(std::move(value), text);
     }
 
+    /// @{
+    /// As Set().
     Fixed& operator=(typename S::Value value) requires(!HasText<S>) {
         this->Set(std::move(value));
         return *this;
@@ -293,23 +319,31 @@ public:
         this->Set(Wide(std::forward<T>(text)));
         return *this;
     }
+    /// @}
 };
 
 /// A repeated element of simple type S. It takes the room of a pointer as long as it is empty.
 template <class S>
 class Values {
 public:
+    /// The simple type.
     using Type = S;
+    /// The type of its values in C++.
     using Value = typename S::Value;
 
+    /// Without values.
     Values() = default;
+    /// A copy of all values.
     Values(Values const& other)
         : m_content(other.m_content ? std::make_unique<Content>(*other.m_content) : nullptr) {}
+    /// Leaves the other property empty.
     Values(Values&&) noexcept = default;
+    /// Takes the values of the argument.
     Values& operator=(Values other) noexcept {
         m_content.swap(other.m_content);
         return *this;
     }
+    /// Frees the values.
     ~Values() = default;
 
     /// Replaces all values.
@@ -321,17 +355,24 @@ public:
         return *this;
     }
 
+    /// Whether there is no value.
     bool IsEmpty() const { return Count() == 0; }
+    /// The number of values.
     int Count() const { return static_cast<int>(All().size()); }
     /// @throws CBxInvalidParamException unless index is 0 to Count() - 1
     decltype(auto) operator[](int index) const { return All()[Index(index)]; }
 
+    /// @{
+    /// Walk the values in document order. They are constant: Set() changes one, and tests it.
     auto begin() const { return All().begin(); }
     auto end() const { return All().end(); }
+    /// @}
 
     /// Appends a value.
     /// @throws CBxInvalidValueException if the value breaks a facet of S
     void Add(Value value) requires(!HasText<S>) { AddTested(std::move(value)); }
+    /// Appends a text, in any form that IsText takes.
+    /// @throws CBxInvalidValueException if it breaks a facet of S
     template <IsText T>
     requires HasText<S>
     void Add(T&& text) { AddTested(Wide(std::forward<T>(text))); }
@@ -371,8 +412,10 @@ public:
         auto& literals = m_content->literals;
         if (at < std::ssize(literals)) literals.erase(literals.begin() + at);
     }
+    /// Drops all values.
     void Clear() { m_content.reset(); }
 
+    /// Whether both have the same values in the same order.
     bool operator==(Values const& other) const {
         if (Count() != other.Count()) return false;
         for (int i = 0; i < Count(); ++i) {
@@ -417,6 +460,7 @@ class ValuesWithDefault : public Values<S> {
 public:
     using Values<S>::operator=;
 
+    /// The literal of the default.
     static constexpr std::u16string_view kDefault = kText.View();
 };
 
@@ -426,6 +470,7 @@ class FixedValues : public ValuesWithDefault<S, kText> {
     using Base = ValuesWithDefault<S, kText>;
 
 public:
+    /// The type of the value in C++.
     using Value = typename S::Value;
 
     /// @throws CBxInvalidValueException for any other value
@@ -434,6 +479,9 @@ public:
         Base::operator=(values);
         return *this;
     }
+    /// @{
+    /// As those of Values.
+    /// @throws CBxInvalidValueException for any other value
     void Add(Value value) requires(!HasText<S>) {
         TestFixed<S, kText>(value);
         Base::Add(std::move(value));
@@ -449,6 +497,9 @@ public:
         TestFixed<S, kText>(ValueOf<S>(text));
         Base::AddText(text);
     }
+    /// @}
+    /// As that of Values.
+    /// @throws CBxInvalidValueException for any other value
     void Set(int index, Value value) {
         TestFixed<S, kText>(value);
         Base::Set(index, std::move(value));

@@ -13,15 +13,15 @@ namespace BxXmlLib5::Generated {
 
 /// How a document is laid out. Line breaks would change the text of mixed content.
 enum class Layout {
-    Compact,
-    Indented,
+    Compact,   ///< as it stands, on one line
+    Indented,  ///< a line for each element, indented by tabs
 };
 
 /// Marks the classes of roots.
 class RootTag {};
 
-/// @name What stands behind Root
-/// @{
+// What stands behind Root.
+/// @cond
 BXXMLLIB5_API void LoadRoot(CObject& root, std::string_view path, CXmlSerializationContext const& context);
 BXXMLLIB5_API void ParseRoot(CObject& root, std::string_view document,
                              CXmlSerializationContext const& context);
@@ -31,13 +31,13 @@ BXXMLLIB5_API std::string RootText(CObject const& root, Layout layout,
                                    CXmlSerializationContext const& context);
 enum class RootForm { Text, FastInfoset };
 BXXMLLIB5_API CXmlSerializationContext RootContext(CObject const& root, RootForm form);
-/// @}
 
 /// T with the mark, which the class of a root has already.
 template <class T, bool = std::is_base_of_v<RootTag, T>>
 class Marked : public T, public RootTag {};
 template <class T>
 class Marked<T, true> : public T {};
+/// @endcond
 
 /// What a root has beside T: nothing, unless other types may derive from that of T.
 template <class T>
@@ -50,8 +50,10 @@ public:
     ///     drawing.XsiTyped.Make<CCircle>().Radius = 2;
     Object<T> XsiTyped;
 };
+/// @cond
 template <>
 class RootContent<CObject> : public Marked<CObject> {};
+/// @endcond
 
 /// The class of a global element, over T, the class of its type, or over CObject if the type has no name.
 template <class T>
@@ -81,6 +83,7 @@ public:
     void Save(std::string_view path, Layout layout = Layout::Compact) const {
         SaveRoot(*this, path, layout, WritingContext());
     }
+    /// As above, under settings of the caller, best made from WritingContext().
     void Save(std::string_view path, Layout layout, CXmlSerializationContext const& context) const {
         SaveRoot(*this, path, layout, context);
     }
@@ -90,6 +93,7 @@ public:
     std::string ToText(Layout layout = Layout::Compact) const {
         return RootText(*this, layout, WritingContext());
     }
+    /// As above, under settings of the caller, best made from WritingContext().
     std::string ToText(Layout layout, CXmlSerializationContext const& context) const {
         return RootText(*this, layout, context);
     }

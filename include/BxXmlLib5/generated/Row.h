@@ -27,37 +27,44 @@ inline constexpr int kMany = -1;
 
 /// One line of a class's description.
 struct Row {
+    /// What the row says; named for the function or constant that makes it.
     enum class Kind : unsigned char {
-        Element,
-        Any,
-        Items,
-        Attribute,
-        AnyAttribute,
-        Text,
-        Sequence,
-        Choice,
-        All,
-        End,
-        Inherit,
-        Restrict,
-        Prohibited,
-        Nil,
-        MayBeNil,
-        Block,
-        OwnType,
+        Element,       ///< Element()
+        Any,           ///< Any()
+        Items,         ///< Items()
+        Attribute,     ///< Attribute()
+        AnyAttribute,  ///< AnyAttribute()
+        Text,          ///< Text()
+        Sequence,      ///< the start of a sequence
+        Choice,        ///< the start of a choice
+        All,           ///< the start of an all group
+        End,           ///< the end of a group
+        Inherit,       ///< Inherit()
+        Restrict,      ///< Restrict()
+        Prohibited,    ///< Prohibited()
+        Nil,           ///< NilMark()
+        MayBeNil,      ///< MayBeNil
+        Block,         ///< Blocks()
+        OwnType,       ///< OwnType
     };
 
+    /// What the row says.
     Kind kind;
+    /// How often it must occur.
     int min = 1;
+    /// How often it may occur, kMany for no bound.
     int max = 1;
+    /// The local name in documents, or what messages call the row.
     char16_t const* name = nullptr;
     /// Null for the namespace that the class has for its elements; of a wildcard, what it admits.
     char16_t const* namespaceUri = nullptr;
     /// Where the property is in an object.
     void* (*place)(CObject& object) = nullptr;
+    /// What the property can do.
     Actions const* actions = nullptr;
     /// The class of the objects; of Inherit and Restrict, the base.
     Class const* type = nullptr;
+    /// Set by Nillable().
     bool isNillable = false;
     /// Ways of derivation, as bits: that of Inherit and Restrict; those that Block and an element refuse.
     unsigned char derivation = 0;
@@ -69,7 +76,9 @@ struct Row {
 /// `Bx::Choice(0, 1)` may be missing. A group that may occur more often is a class of its own, or holds
 /// nothing but rows of one collection.
 struct GroupRow : Row {
+    /// A group that occurs once.
     constexpr explicit GroupRow(Kind group) : Row{group} {}
+    /// The start of a group with these bounds.
     constexpr Row operator()(int minimum, int maximum = 1) const {
         Row row = *this;
         row.min = minimum;
@@ -78,9 +87,13 @@ struct GroupRow : Row {
     }
 };
 
+/// @{
+/// The start of a group: `Bx::Sequence, ..., Bx::End`.
 inline constexpr GroupRow Sequence{Row::Kind::Sequence};
 inline constexpr GroupRow Choice{Row::Kind::Choice};
 inline constexpr GroupRow All{Row::Kind::All};
+/// @}
+/// The end of the group that began last.
 inline constexpr Row End{Row::Kind::End};
 
 /// Says of the class of a root that its element is nillable.
@@ -118,8 +131,8 @@ constexpr Row Narrowed(Row row) {
 /// its base.
 inline constexpr Row OwnType{Row::Kind::OwnType};
 
-/// @name What stands behind the templates of rows
-/// @{
+// What stands behind the templates of rows.
+/// @cond
 template <class M>
 struct MemberOf;
 template <class P, class C>
@@ -164,7 +177,7 @@ template <class P>
 inline constexpr bool kIsRequired = false;
 template <class S>
 inline constexpr bool kIsRequired<Required<S>> = true;
-/// @}
+/// @endcond
 
 /// An element. Without bounds it is mandatory for a Required, repeated for Values, a Collection or
 /// AnyElements, and optional for all others.
@@ -176,10 +189,12 @@ constexpr Row Element(char16_t const* name, char16_t const* namespaceUri, int mi
     if constexpr (!std::is_void_v<T>) type = &T::kClass;
     return {Row::Kind::Element, min, max, name, namespaceUri, &PlaceOf<kMember>, kActionsOf<kMember>, type};
 }
+/// An element in the namespace that the class has for its elements.
 template <auto kMember, class T = void>
 constexpr Row Element(char16_t const* name, int min, int max = kIsRepeated<PropertyOf<kMember>> ? kMany : 1) {
     return Element<kMember, T>(name, nullptr, min, max);
 }
+/// An element with the bounds that the property gives it.
 template <auto kMember, class T = void>
 constexpr Row Element(char16_t const* name, char16_t const* namespaceUri = nullptr) {
     using P = PropertyOf<kMember>;
@@ -187,8 +202,8 @@ constexpr Row Element(char16_t const* name, char16_t const* namespaceUri = nullp
 }
 
 /// A wildcard for elements.
-/// @param namespaces the namespace attribute of the schema: ##any, ##other, or a list of ##local,
-///        ##targetNamespace and namespaces; ##other ahead of one of these is everything but it, and no namespace
+/// @param namespaces the namespace attribute of the schema: `##any`, `##other`, or a list of `##local`,
+///        `##targetNamespace` and namespaces; `##other` ahead of one of these is everything but it, and no namespace
 template <auto kMember>
 constexpr Row Any(char16_t const* namespaces = u"##any", int min = 0,
                   int max = kIsRepeated<PropertyOf<kMember>> ? kMany : 1) {

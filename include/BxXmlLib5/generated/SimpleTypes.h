@@ -38,6 +38,7 @@ namespace BxXmlLib5::Generated {
 /// A step of derivation. The derived struct may give kFacets; all else is that of the base.
 template <class S>
 struct Restriction : S {
+    /// The type that the step derives from.
     using Base = S;
 };
 
@@ -50,14 +51,18 @@ struct string;
 /// @tparam S a type of text, under whose whitespace rule a literal is looked up
 template <class E, class S = Xs::string>
 struct Enumeration {
+    /// The enumeration.
     using Value = E;
+    /// The type of text.
     using Text = S;
 };
 
 /// A type whose values are lists of values of S, in one text.
 template <class S>
 struct List {
+    /// The type of the items.
     using Item = S;
+    /// The values of the items in order.
     using Value = std::vector<typename S::Value>;
 };
 
@@ -65,16 +70,21 @@ struct List {
 /// value that it has in the first member that takes it.
 template <class... S>
 struct Union {
+    /// The types of the members.
     using Members = std::tuple<S...>;
+    /// The value of one of the members.
     using Value = std::variant<typename S::Value...>;
 };
 
+/// A type whose values are enumerators.
 template <class S>
 concept IsEnumeration = std::is_enum_v<typename S::Value>;
+/// A type whose values are lists.
 template <class S>
 concept IsList = requires {
     typename S::Item;
 };
+/// A type whose values are those of its members.
 template <class S>
 concept IsUnion = requires {
     typename S::Members;
@@ -107,6 +117,7 @@ wstring TextOf(typename S::Value const& value) {
 template <class S>
 void Test(typename S::Value const& value);
 
+/// @cond
 template <class V>
 inline constexpr bool kIsVector = false;
 template <class V>
@@ -126,6 +137,7 @@ void WithIndex(V const& variant, F const& function) {
     }
     (std::make_index_sequence<std::variant_size_v<V>>());
 }
+/// @endcond
 
 /// Whether two values are the same: not-a-number is the same as itself.
 template <class V>
@@ -153,8 +165,8 @@ bool IsSame(V const& a, V const& b) {
     }
 }
 
-/// @name What stands behind the templates
-/// @{
+// What stands behind the templates.
+/// @cond
 
 /// A text without XML whitespace at its ends.
 BXXMLLIB5_API std::u16string_view Trimmed(std::u16string_view text);
@@ -173,11 +185,9 @@ BXXMLLIB5_API int FindEnumerator(std::span<char16_t const* const> texts, std::u1
                                  CWhitespaceUtils::WhitespaceRule rule);
 
 /// @throws CBxInvalidValueException always, for what is no enumerator, and for what no member of a union takes
-/// @{
 [[noreturn]] BXXMLLIB5_API void ThrowNoEnumerator(std::u16string_view literal);
 [[noreturn]] BXXMLLIB5_API void ThrowNoEnumerator(int value);
 [[noreturn]] BXXMLLIB5_API void ThrowNoMember(std::u16string_view literal);
-/// @}
 
 /// Whether a text begins, behind whitespace, with one of some characters.
 BXXMLLIB5_API bool StartsWithAny(std::u16string_view text, std::u16string_view characters);
@@ -366,7 +376,6 @@ constexpr bool SaysMore() {
         return HasPattern<S>();
     }
 }
-/// @}
 
 template <class S>
 typename S::Value ValueOf(std::u16string_view text) {
@@ -434,5 +443,6 @@ void Test(typename S::Value const& value) {
     }
     TestValue<S>(value);
 }
+/// @endcond
 
 }  // namespace BxXmlLib5::Generated

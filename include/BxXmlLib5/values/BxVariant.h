@@ -36,22 +36,22 @@ class CXmlObjectBase;
 struct BXXMLLIB5_API BxVariant {
     /// The value itself, or a pointer to what is too large for the slot.
     union Value {
-        std::uint64_t m_bits = 0;  ///< All of the slot.
-        std::int8_t m_i1;
-        std::int16_t m_i2;
-        std::int32_t m_i4;
-        std::int64_t m_i8;
-        std::uint8_t m_ui1;
-        std::uint16_t m_ui2;
-        std::uint32_t m_ui4;
-        std::uint64_t m_ui8;
-        float m_r4;
-        double m_r8;
-        std::uint16_t m_year;
-        std::uint8_t m_month;
-        std::uint8_t m_day;
-        char16_t m_char;
-        bool m_boolean;
+        std::uint64_t m_bits = 0;             ///< All of the slot.
+        std::int8_t m_i1;                     ///< it_i1
+        std::int16_t m_i2;                    ///< it_i2
+        std::int32_t m_i4;                    ///< it_i4
+        std::int64_t m_i8;                    ///< it_i8
+        std::uint8_t m_ui1;                   ///< it_ui1
+        std::uint16_t m_ui2;                  ///< it_ui2
+        std::uint32_t m_ui4;                  ///< it_ui4
+        std::uint64_t m_ui8;                  ///< it_ui8
+        float m_r4;                           ///< it_r4
+        double m_r8;                          ///< it_r8
+        std::uint16_t m_year;                 ///< it_year
+        std::uint8_t m_month;                 ///< it_month
+        std::uint8_t m_day;                   ///< it_day
+        char16_t m_char;                      ///< it_char
+        bool m_boolean;                       ///< it_boolean
         CBinaryData* m_binary;                ///< Owned.
         CDateTimeSpan* m_duration;            ///< Owned.
         CDateTime* m_dateTime;                ///< Owned.
@@ -62,25 +62,37 @@ struct BXXMLLIB5_API BxVariant {
         CXmlCollectionBase* m_xmlCollection;  ///< One reference.
     };
 
+    /// The kind of what is held.
     ItemType m_type = it_invalid;
+    /// What is held, in the member of the kind; 0 in an invalid variant.
     Value m_value;
 
+    /// Invalid.
     BxVariant() = default;
 
+    /// @{
+    /// A copy of the value, by the rules above.
     /// @throws CBxException if the kind of the other variant is outside ItemType; this one is then invalid
     BxVariant(BxVariant const& other);
     BxVariant const& operator=(BxVariant const& other);
+    /// @}
 
+    /// @{
+    /// Takes the value over and leaves the other variant invalid.
     BxVariant(BxVariant&& other) noexcept;
     BxVariant const& operator=(BxVariant&& other) noexcept;
+    /// @}
 
+    /// Frees what the variant owns, and gives up its reference.
     ~BxVariant() { Clear(); }
 
     /// Drops what is held and leaves the variant invalid.
     void Clear() {
         if (IsValid()) Drop();
     }
+    /// As Clear().
     void SetInvalid() { Clear(); }
+    /// Whether there is a value.
     bool IsValid() const { return m_type != it_invalid; }
 
     /// The kind's name: that of its enumerator without the prefix.
@@ -99,8 +111,10 @@ struct BXXMLLIB5_API BxVariant {
     /// @throws CBxException if the type is no primitive kind, and what CConversions throws for the text
     void FromString(std::u16string_view text, ItemType type, CWhitespaceUtils::WhitespaceRule rule);
 
-    /// @name Numbers, characters and booleans
+    // Numbers, characters and booleans.
+
     /// @{
+    /// Takes the value, with the kind that the name tells.
     void SetI1(std::int8_t value) { Start(it_i1).m_i1 = value; }
     void SetI2(std::int16_t value) { Start(it_i2).m_i2 = value; }
     void SetI4(std::int32_t value) { Start(it_i4).m_i4 = value; }
@@ -116,7 +130,10 @@ struct BXXMLLIB5_API BxVariant {
     void SetDay(std::uint8_t value) { Start(it_day).m_day = value; }
     void SetChar(char16_t value) { Start(it_char).m_char = value; }
     void SetBoolean(bool value) { Start(it_boolean).m_boolean = value; }
+    /// @}
 
+    /// @{
+    /// The value, which must be of the kind that the name tells.
     std::int8_t GetI1() const { return m_value.m_i1; }
     std::int16_t GetI2() const { return m_value.m_i2; }
     std::int32_t GetI4() const { return m_value.m_i4; }
@@ -134,8 +151,10 @@ struct BXXMLLIB5_API BxVariant {
     bool GetBoolean() const { return m_value.m_boolean; }
     /// @}
 
-    /// @name Text and value classes
+    // Text and value classes.
+
     /// @{
+    /// Takes the value, with the kind that the name tells; the variant owns it.
     void SetString(wstring value);
     void SetHexBinary(CBinaryData value);
     void SetBase64Binary(CBinaryData value);
@@ -147,7 +166,11 @@ struct BXXMLLIB5_API BxVariant {
     void SetTime(CDateTime value);
     void SetDecimal(CDecimal value);
     void SetInteger(CBigInteger value);
+    /// @}
 
+    /// @{
+    /// The value, which must be of the kind that the name tells, or an empty one where the variant is
+    /// invalid. Of an rvalue, text and big numbers are handed over.
     wstring GetString() const&;
     wstring GetString() &&;
     CBinaryData GetHexBinary() const;
@@ -164,12 +187,16 @@ struct BXXMLLIB5_API BxVariant {
     CBigInteger GetInteger() &&;
     /// @}
 
-    /// @name Objects
-    /// @{
+    // Objects.
 
+    /// @{
+    /// Takes a reference to an object on the heap.
     /// @param value null is taken too
     void SetXmlObject(CXmlObjectBase* value);
     void SetXmlCollection(CXmlCollectionBase* value);
+    /// @}
+    /// @{
+    /// The object with a reference of its own, or null where the variant is invalid.
     CSmartPtr<CXmlObjectBase> GetXmlObject() const;
     CSmartPtr<CXmlCollectionBase> GetXmlCollection() const;
     /// @}

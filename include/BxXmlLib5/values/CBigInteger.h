@@ -38,6 +38,7 @@ public:
 
     /// Zero.
     CBigInteger() = default;
+    /// @{
     /// Any integer of a native type.
     CBigInteger(int value) : CBigInteger(static_cast<long long>(value)) {}
     CBigInteger(long value) : CBigInteger(static_cast<long long>(value)) {}
@@ -45,19 +46,26 @@ public:
     CBigInteger(unsigned value) : CBigInteger(static_cast<unsigned long long>(value)) {}
     CBigInteger(unsigned long value) : CBigInteger(static_cast<unsigned long long>(value)) {}
     CBigInteger(unsigned long long value);
+    /// @}
     /// Rounded to an integer, halves toward zero. @throws for infinity and not-a-number
     CBigInteger(double value);
     /// Rounded as CDecimal::ToBigInteger does.
     CBigInteger(CDecimal const& value);
+    /// @{
     /// Parse.
     CBigInteger(char16_t const* text);
     explicit CBigInteger(std::u16string_view text);
+    /// @}
 
+    /// @{
+    /// Copies the value.
     CBigInteger(CBigInteger const& other) = default;
     CBigInteger& operator=(CBigInteger const& other) = default;
+    /// @}
     /// Leaves the other object zero.
     CBigInteger(CBigInteger&& other) noexcept
         : m_sign(std::exchange(other.m_sign, 1)), m_digits(std::move(other.m_digits)) {}
+    /// Leaves the other object zero.
     CBigInteger& operator=(CBigInteger&& other) noexcept {
         if (this == &other) return *this;
         m_sign = std::exchange(other.m_sign, 1);
@@ -65,6 +73,7 @@ public:
         return *this;
     }
 
+    /// @{
     /// Replaces the value by that of a text.
     ///
     /// Text with anything but digits, signs, space, TAB, CR and LF is that of a decimal, rounded to an
@@ -75,37 +84,52 @@ public:
     /// @throws CBxInvalidValueException for a sign behind the last digit, and as CDecimal's constructor does
     void Parse(char16_t const* text);
     void Parse(std::u16string_view text);
+    /// @}
+    /// Decimal digits without a fill, behind a minus if the value is below 0.
     wstring ToString() const;
 
+    /// The value with the sign plus.
     CBigInteger GetAbs() const;
+    /// Sets the sign to plus.
     void Abs();
+    /// The value with the other sign; that of 0 is -0.
     CBigInteger GetNegative() const;
+    /// Changes the sign, that of 0 too.
     void Negate();
     /// Changes the sign of the object itself, of which it returns a reference: after `b = -a`, both have it.
     CBigInteger& operator-();
 
+    /// @{
+    /// Exact, whatever the size.
     CBigInteger operator+(CBigInteger const& other) const;
     CBigInteger operator-(CBigInteger const& other) const;
     CBigInteger operator*(CBigInteger const& other) const;
+    /// @}
     /// Truncates toward zero. @throws if the right operand is 0
     CBigInteger operator/(CBigInteger const& other) const;
     /// The sign is that of the left operand. @throws if the right operand is 0 or negative
     CBigInteger operator%(CBigInteger const& other) const;
 
+    /// @{
+    /// As the operators without assignment.
     CBigInteger& operator+=(CBigInteger const& other);
     CBigInteger& operator-=(CBigInteger const& other);
     CBigInteger& operator*=(CBigInteger const& other);
+    /// @}
     /// Unlike `/`, for positive divisors only. @throws if the right operand is 0 or negative
     CBigInteger& operator/=(CBigInteger const& other);
     /// @throws if the right operand is 0 or negative
     CBigInteger& operator%=(CBigInteger const& other);
 
+    /// @{
+    /// By value. `==` takes -0 and 0 for equal, `<` has -0 first.
     bool operator==(CBigInteger const& other) const;
     bool operator!=(CBigInteger const& other) const;
     bool operator<(CBigInteger const& other) const;
     bool operator>(CBigInteger const& other) const;
     bool operator<=(CBigInteger const& other) const;
     bool operator>=(CBigInteger const& other) const;
+    /// @}
     /// The order of `<`, so that -0 comes before 0, although == takes them for equal. Converts neither operand.
     template <std::same_as<CBigInteger> T>
     friend std::strong_ordering operator<=>(T const& a, T const& b) {
@@ -114,9 +138,11 @@ public:
 
     /// @throws outside MIN_LONG to MAX_LONG
     operator int() const;
+    /// @{
     /// @throws outside MIN_LONGLONG to MAX_LONGLONG
     operator long() const;
     operator long long() const;
+    /// @}
 
     /// The integer part of the square root. @throws for 0 and for negative values
     CBigInteger SquareRoot() const;
@@ -133,8 +159,11 @@ protected:
     /// @param sign 1 or -1
     CBigInteger(int sign, Digits const& digits);
 
+    /// @{
+    /// The digits of a number.
     static void Build(unsigned int value, Digits& result);
     static void BuildDWORDLONG(std::uint64_t value, Digits& result);
+    /// @}
     /// The magnitude, rounded to an integer, halves toward zero. @throws if it is not finite
     static void BuildDouble(double value, Digits& result);
     /// The run of digits at the end of a text.
@@ -143,15 +172,19 @@ protected:
     static void Clean(Digits& digits);
     /// -1, 0 or 1 for a less than, equal to, greater than b.
     static int Compare(Digits const& a, Digits const& b);
+    /// a + b.
     static void Add(Digits const& a, Digits const& b, Digits& result);
     /// a - b; a must not be smaller than b.
     static void Subtract(Digits const& a, Digits const& b, Digits& result);
+    /// a times one digit, 0 to 9.
     static void Multiply(Digits const& a, char16_t digit, Digits& result);
+    /// a times b.
     static void Multiply(Digits const& a, Digits const& b, Digits& result);
     /// Inserts n zeros at the bottom; none for n below 1.
     static void ShiftLeft(Digits& digits, int n);
     /// The number of digits, at least 1.
     static int Position(Digits const& digits);
+    /// 10 to the power n.
     static void Pow10(unsigned int n, Digits& result);
     /// @throws if the divisor is 0
     static void Divide(Digits const& dividend, Digits const& divisor, Digits& quotient, Digits& remainder);

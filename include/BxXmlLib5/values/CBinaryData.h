@@ -47,12 +47,15 @@ public:
 
     /// Shares the holder.
     CBinaryData(CBinaryData const& other) noexcept;
+    /// Drops its own holder and shares the other one.
     CBinaryData& operator=(CBinaryData const& other) noexcept;
 
     /// Takes the holder; the other object has none afterwards.
     CBinaryData(CBinaryData&& other) noexcept;
+    /// Drops its own holder and takes the other one; the other object has none afterwards.
     CBinaryData& operator=(CBinaryData&& other) noexcept;
 
+    /// Frees the octets with the last object that shares them.
     ~CBinaryData();
 
     /// @param takeOwnership the octets, which new[] allocated, belong to the object from now on, even if this
@@ -74,22 +77,27 @@ public:
     /// The octets themselves, null without a holder. They are those of all objects that share the holder; the
     /// pointer lasts until this object or the last of those changes.
     unsigned char* GetData() const;
+    /// The number of octets, 0 without a holder.
     std::size_t GetLength() const;
     /// GetData() and GetLength() in one. Not for a temporary object in the head of a range-based for loop.
     std::span<unsigned char const> GetOctets() const;
 
+    /// @{
     /// Replaces the content by a copy of the octets, or of the text's 16-bit units in the byte order of the
     /// platform, without the terminator.
     void SetBuffer(unsigned char const* data, std::size_t length);
     void SetBuffer(std::span<unsigned char const> octets);
     void SetBuffer(char16_t const* text);
+    /// @}
 
+    /// @{
     /// Adds octets at the end, of a text those that SetBuffer would take.
     void Append(unsigned char octet);
     void Append(unsigned char const* data, std::size_t length);
     void Append(std::span<unsigned char const> octets);
     void Append(char16_t const* text);
     void Append(CBinaryData const& other);
+    /// @}
 
     /// Hands the octets to the caller, who frees them with delete[], and leaves a holder of no octets.
     /// @return null without a holder
@@ -108,19 +116,23 @@ public:
 
     /// Two upper-case digits for each octet.
     wstring GetAsHexString() const;
+    /// @{
     /// Replaces the content. Digits of both cases are accepted, and nothing else, whitespace included.
     /// @throws CBxException for any other character, where "?" stands for U+0000 and half a surrogate pair,
     /// and for an odd number of digits, as if U+0000 followed; the object stays as it is
     void SetAsHexString(char16_t const* text);
     void SetAsHexString(std::u16string_view text);
+    /// @}
 
     /// Base64 (RFC 4648, 4): padded, without line breaks.
     wstring GetAsBase64() const;
+    /// @{
     /// Replaces the content. Only the low seven bits of a unit count. "=" is passed over wherever it stands
     /// and may be missing; bits that fill no octet are dropped. Any other character that is not of the
     /// alphabet, whitespace included, is no failure: there are no octets then.
     void SetAsBase64(char16_t const* text);
     void SetAsBase64(std::u16string_view text);
+    /// @}
 
     /// The values that the octets encode, with one blank between two. Infinite numbers and what is none print
     /// as in XML Schema Part 2: "INF", "-INF", "NaN". No octets give the empty text.
@@ -131,10 +143,12 @@ public:
     /// Two objects without a holder are equal, one without and one with a holder are not.
     bool operator==(CBinaryData const& other) const;
 
+    /// @{
     /// @throws CBxException if there are not so many octets, with the low 32 bits of the index as a signed
     /// number
     unsigned char const& operator[](std::size_t index) const;
     unsigned char& operator[](std::size_t index);
+    /// @}
 
     /// Writes the octets to a file, replacing the one that is there. Under enc_UTF16 and
     /// enc_UTF16NoDeclaration the byte order mark FF FE comes first. The encoding changes nothing else.
@@ -146,6 +160,7 @@ protected:
     /// Sees to it that no other object shares the holder, if there is one.
     void GetExclusiveDataHolder();
 
+    /// Two upper-case digits for each of the octets.
     static wstring GetAsHexString(unsigned char const* data, std::size_t length);
 
 private:

@@ -34,6 +34,7 @@ struct WideDate;
 /// type, and then leaves the fields as they were given.
 class BXXMLLIB5_API CDateTime {
 public:
+    /// The eight types, and that of an empty object.
     enum DTType : std::int32_t {
         dt_yearZero = 0,    ///< empty object
         dt_dateTime = 1,    ///< year, month, day, hour, minute, second, fraction
@@ -48,10 +49,10 @@ public:
 
     /// The results of the partial orders of dates and durations.
     enum DTCompareResult : std::int32_t {
-        dtc_equal = 0,
-        dtc_lessThan = 1,
-        dtc_greaterThan = 2,
-        dtc_indeterminate = 3,
+        dtc_equal = 0,          ///< the same instant or length
+        dtc_lessThan = 1,       ///< this one before or below the argument
+        dtc_greaterThan = 2,    ///< this one after or above the argument
+        dtc_indeterminate = 3,  ///< neither is certain
     };
 
     /// Type dt_yearZero.
@@ -61,6 +62,7 @@ public:
     /// As ParseXSDDateTime().
     CDateTime(char16_t const* text);
 
+    /// @{
     /// The following are as the assignments and setters of the same arguments, but what is no value gives
     /// an object of type dt_yearZero.
     CDateTime(std::int64_t const& time);
@@ -71,6 +73,7 @@ public:
               std::uint8_t second);
     CDateTime(std::int16_t year, std::uint8_t month, std::uint8_t day, std::uint8_t hour, std::uint8_t minute,
               std::uint8_t second, std::uint16_t milli, std::uint16_t micro, std::uint16_t nano);
+    /// @}
 
     /// The instant as dt_dateTime in UTC, cut to nanoseconds.
     /// @throws CBxInvalidValueException before the year -9999, in the year 0 and after the year 9999
@@ -81,8 +84,11 @@ public:
         SetInstant(seconds.time_since_epoch(), std::chrono::floor<std::chrono::nanoseconds>(time - seconds));
     }
 
+    /// @{
+    /// Copies the type, all fields and the zone, whatever type the object had.
     CDateTime(CDateTime const&) = default;
     CDateTime& operator=(CDateTime const&) = default;
+    /// @}
 
     /// Sets as dt_dateTime without zone the date in UTC of a count of seconds since 1970-01-01T00:00:00 UTC.
     CDateTime const& operator=(std::int64_t const& time);
@@ -103,6 +109,7 @@ public:
     /// common era are indeterminate too.
     DTCompareResult CompareTo(CDateTime const& other) const;
 
+    /// @{
     /// By CompareTo(). If that is indeterminate, only != is true.
     bool operator==(CDateTime const& other) const;
     bool operator!=(CDateTime const& other) const;
@@ -110,12 +117,14 @@ public:
     bool operator<=(CDateTime const& other) const;
     bool operator>(CDateTime const& other) const;
     bool operator>=(CDateTime const& other) const;
+    /// @}
     /// The same as a standard result, unordered for dtc_indeterminate. Converts neither operand.
     template <std::same_as<CDateTime> T>
     friend std::partial_ordering operator<=>(T const& left, T const& right) {
         return left.Order(right);
     }
 
+    /// @{
     /// Adds a duration as XML Schema Part 2, appendix E, does: first the months and years, with the day cut
     /// to the length of the month, then the rest. Type and zone stay. Fields that the type does not use count
     /// as their least value; what reaches them is lost. The result is not tested: its year can be 0 or above
@@ -123,16 +132,21 @@ public:
     /// @throws CBxInvalidValueException if the year leaves 16 bits; the object keeps its value
     CDateTime operator+(CDateTimeSpan const& span) const;
     CDateTime const& operator+=(CDateTimeSpan const& span);
+    /// @}
+    /// @{
     /// Goes back by the magnitude of the duration, also if that is negative. Otherwise as +.
     CDateTime operator-(CDateTimeSpan const& span) const;
     CDateTime const& operator-=(CDateTimeSpan const& span);
+    /// @}
     /// The duration of 0: the difference of two dates is not computed.
     CDateTimeSpan operator-(CDateTime const& other) const;
 
+    /// Which of the types the value is of.
     DTType GetType() const { return m_dtType; }
     /// The name of the type in XML Schema, "yearZero" for an empty object.
     wstring GetTypeAsString() const;
 
+    /// @{
     /// The fields. Each throws CBxInvalidStateException for a type that does not use it.
     std::int16_t GetYear() const;
     std::uint8_t GetMonth() const;
@@ -140,6 +154,7 @@ public:
     std::uint8_t GetHour() const;
     std::uint8_t GetMinute() const;
     std::uint8_t GetSecond() const;
+    /// @}
     /// The seconds with their fraction.
     double GetRealSecond() const;
     /// Digits 1 to 3 of the fraction of the second.
@@ -204,6 +219,7 @@ public:
     /// Now, as dt_dateTime in local time without zone.
     static CDateTime GetTickCount();
 
+    /// @{
     /// Set the fields as the type named, without zone: SetDateTime as dt_dateTime, SetDate as dt_date, and so
     /// on. SetFracTime is SetTime within the first second of the day.
     /// @throws CBxInvalidStateException if the object has another type, with the object unchanged
@@ -223,6 +239,7 @@ public:
     void SetGMonth(std::uint8_t month);
     void SetGMonthDay(std::uint8_t month, std::uint8_t day);
     void SetGDay(std::uint8_t day);
+    /// @}
 
     /// Takes over the source, zone included, as the target type, whatever type the object had. The source
     /// must use all fields that the target does, unless they are of one type or the target is dt_yearZero.
@@ -238,6 +255,7 @@ public:
     /// Sets the zone to UTC; the other fields stay as they are.
     void SetUTC();
 
+    /// @{
     /// Read a lexical form of XML Schema in place of any value that the object had. ParseXSDDate takes the
     /// forms of all six types without a time, and the type from the form; a month may also be written --MM--.
     /// Years have four digits. A fraction has at most nine digits. Offsets are taken up to 23:59; the hour 24
@@ -251,6 +269,7 @@ public:
     void ParseXSDDateTime(std::u16string_view text);
     void ParseXSDDate(std::u16string_view text);
     void ParseXSDTime(std::u16string_view text);
+    /// @}
 
 private:
     void SetDateTime(DTType type, DateTimeFields const& fields);

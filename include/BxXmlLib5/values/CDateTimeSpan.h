@@ -20,6 +20,7 @@ public:
     /// The duration of 0.
     CDateTimeSpan() = default;
 
+    /// @{
     /// What is not given is 0. The sign is plus.
     CDateTimeSpan(std::uint32_t hours, std::uint64_t minutes, std::uint64_t seconds);
     CDateTimeSpan(std::uint16_t years, std::uint32_t months, std::uint32_t days, std::uint32_t hours,
@@ -27,10 +28,15 @@ public:
     CDateTimeSpan(std::uint16_t years, std::uint32_t months, std::uint32_t days, std::uint32_t hours,
                   std::uint64_t minutes, std::uint64_t seconds, std::uint16_t milliSeconds,
                   std::uint16_t microSeconds, std::uint16_t nanoSeconds);
+    /// @}
 
+    /// @{
+    /// Copies all counts and the sign.
     CDateTimeSpan(CDateTimeSpan const&) = default;
     CDateTimeSpan& operator=(CDateTimeSpan const&) = default;
+    /// @}
 
+    /// @{
     /// As the constructors.
     void SetDateTimeSpan(std::uint32_t hours, std::uint64_t minutes, std::uint64_t seconds);
     void SetDateTimeSpan(std::uint16_t years, std::uint32_t months, std::uint32_t days, std::uint32_t hours,
@@ -38,13 +44,17 @@ public:
     void SetDateTimeSpan(std::uint16_t years, std::uint32_t months, std::uint32_t days, std::uint32_t hours,
                          std::uint64_t minutes, std::uint64_t seconds, std::uint16_t milliSeconds,
                          std::uint16_t microSeconds, std::uint16_t nanoSeconds);
+    /// @}
 
+    /// @{
+    /// A count as it was set or read, without its sign.
     std::uint16_t GetYears() const { return m_years; }
     std::uint32_t GetMonths() const { return m_months; }
     std::uint32_t GetDays() const { return m_days; }
     std::uint32_t GetHours() const { return m_hours; }
     std::uint64_t GetMinutes() const { return m_minutes; }
     std::uint64_t GetSeconds() const { return m_seconds; }
+    /// @}
     /// Digits 1 to 3 of the fraction of a second.
     std::uint16_t GetMilliSeconds() const { return m_milliSeconds; }
     /// Digits 4 to 6.
@@ -52,6 +62,7 @@ public:
     /// Digits 7 to 9.
     std::uint16_t GetNanoSeconds() const { return m_nanoSeconds; }
 
+    /// @{
     /// Each sets its count and leaves the sign.
     void SetYears(std::uint16_t years) { m_years = years; }
     void SetMonths(std::uint32_t months) { m_months = months; }
@@ -62,7 +73,9 @@ public:
     void SetMilliSeconds(std::uint16_t milliSeconds) { m_milliSeconds = milliSeconds; }
     void SetMicroSeconds(std::uint16_t microSeconds) { m_microSeconds = microSeconds; }
     void SetNanoSeconds(std::uint16_t nanoSeconds) { m_nanoSeconds = nanoSeconds; }
+    /// @}
 
+    /// Whether the sign is minus. A duration of 0 may have it too.
     bool IsNegative() const { return m_negative; }
     /// Flips the sign.
     void Negate() { m_negative = !m_negative; }
@@ -73,6 +86,7 @@ public:
     /// duration of 0 is "P", which ParseXSDDuration() does not take.
     wstring ToString() const;
 
+    /// @{
     /// Reads the lexical form of XML Schema in place of any value that the object had. A designator without
     /// digits counts 0, digits in front of "T" are dropped, a year may stand anywhere. A fraction has at most
     /// nine digits; "PT1." ends there.
@@ -80,16 +94,19 @@ public:
     ///     its field; what was read before stays in the object
     void ParseXSDDuration(char16_t const* text);
     void ParseXSDDuration(std::u16string_view text);
+    /// @}
 
     /// The partial order of XML Schema Part 2, 3.2.6.2: the results of adding both to each of four instants
     /// must agree.
     CDateTime::DTCompareResult CompareTo(CDateTimeSpan const& other) const;
 
+    /// @{
     /// By CompareTo(). If that is indeterminate, only != is true.
     bool operator==(CDateTimeSpan const& other) const;
     bool operator!=(CDateTimeSpan const& other) const;
     bool operator<(CDateTimeSpan const& other) const;
     bool operator>(CDateTimeSpan const& other) const;
+    /// @}
     /// The same as a standard result, unordered for dtc_indeterminate.
     template <std::same_as<CDateTimeSpan> T>
     friend std::partial_ordering operator<=>(T const& left, T const& right) {

@@ -30,6 +30,7 @@ class BXXMLLIB5_API CDecimal {
 public:
     /// Zero.
     CDecimal() = default;
+    /// @{
     /// Any integer of a native type.
     CDecimal(int value) : m_number{value} {}
     CDecimal(long value) : m_number{value} {}
@@ -37,11 +38,14 @@ public:
     CDecimal(unsigned value) : m_number{value} {}
     CDecimal(unsigned long value);
     CDecimal(unsigned long long value);
+    /// @}
     /// The double to 13 decimal places.
     /// @throws CBxInvalidValueException for infinity and not-a-number
     CDecimal(double value);
+    /// The integer, of any size.
     CDecimal(CBigInteger const& value);
 
+    /// @{
     /// The value of a text: digits, with a point and an exponent if need be.
     ///
     /// Among the digits before the point, and between the letter of the exponent and its digits, stand signs,
@@ -53,18 +57,22 @@ public:
     /// @throws CBxOverFlowException if the exponent adds more than 10,000 zeros to the digits
     CDecimal(char16_t const* text);
     explicit CDecimal(std::u16string_view text);
+    /// @}
 
+    /// Copies the value.
     CDecimal(CDecimal const& other)
         : m_number(other.m_number), m_places(other.m_places), m_isMinusZero(other.m_isMinusZero) {
         if (IsLong()) CopyLong(other);
     }
     /// Leaves the other object zero.
     CDecimal(CDecimal&& other) noexcept { Swap(other); }
+    /// Copies the value; if that fails, the object keeps its own.
     CDecimal& operator=(CDecimal const& other) {
         CDecimal copy = other;
         Swap(copy);
         return *this;
     }
+    /// Leaves the other object zero.
     CDecimal& operator=(CDecimal&& other) noexcept {
         CDecimal taken = std::move(other);
         Swap(taken);
@@ -74,11 +82,13 @@ public:
         if (IsLong()) DropLong();
     }
 
+    /// @{
     /// The limit of decimal places. It is not tested; below 0 it works like 0, for integers, and above
     /// 5,000,000 like that. It may be changed while other threads calculate: each operation keeps to one
     /// limit, that before or that after.
     static int GetMaxDecimalPlaces();
     static void SetMaxDecimalPlaces(int places);
+    /// @}
 
     /// The shortest text of the value, without an exponent.
     wstring ToString() const;
@@ -102,35 +112,50 @@ public:
     /// Rounded to an integer, a half toward zero.
     CBigInteger ToBigInteger() const;
 
+    /// The value with the other sign; that of 0 is -0.
     CDecimal GetNegative() const;
+    /// Changes the sign, that of 0 too.
     void Negate();
 
+    /// @{
+    /// Sums and differences are exact; products are rounded to the limit of decimal places, a half toward
+    /// zero.
     CDecimal operator+(CDecimal const& other) const;
     CDecimal operator-(CDecimal const& other) const;
     CDecimal operator*(CDecimal const& other) const;
+    /// @}
     /// Cut two places behind the limit of decimal places, then rounded.
     /// @throws CBxInvalidValueException if the right operand is 0
     CDecimal operator/(CDecimal const& other) const;
 
+    /// @{
+    /// As the operators without assignment.
     CDecimal& operator+=(CDecimal const& other);
     CDecimal& operator-=(CDecimal const& other);
     CDecimal& operator*=(CDecimal const& other);
+    /// @}
     /// @throws CBxInvalidValueException if the right operand is 0
     CDecimal& operator/=(CDecimal const& other);
 
+    /// @{
+    /// Adds or subtracts 1.
     CDecimal& operator++();
     CDecimal& operator--();
+    /// @}
     /// The value plus 1. The object keeps its value, unlike that of a native type.
     CDecimal operator++(int) const;
     /// The value minus 1. The object keeps its value, unlike that of a native type.
     CDecimal operator--(int) const;
 
+    /// @{
+    /// By value: 1.50 equals 1.5. `==` takes -0 and 0 for equal, `<` has -0 first.
     bool operator==(CDecimal const& other) const;
     bool operator!=(CDecimal const& other) const;
     bool operator<(CDecimal const& other) const;
     bool operator>(CDecimal const& other) const;
     bool operator<=(CDecimal const& other) const;
     bool operator>=(CDecimal const& other) const;
+    /// @}
     /// The order of `<`, so that -0 comes before 0, although == takes them for equal. Converts neither operand.
     template <std::same_as<CDecimal> T>
     friend std::strong_ordering operator<=>(T const& a, T const& b) {

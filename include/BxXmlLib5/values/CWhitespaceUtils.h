@@ -14,15 +14,16 @@ class BXXMLLIB5_API CWhitespaceUtils {
 public:
     /// Callers pass the rules as numbers, so the values are fixed.
     enum WhitespaceRule : std::int32_t {
-        ws_Preserve = 0,
-        ws_Replace = 1,
-        ws_Collapse = 2,
+        ws_Preserve = 0,  ///< as Preserve()
+        ws_Replace = 1,   ///< as Replace()
+        ws_Collapse = 2,  ///< as Collapse()
     };
 
     /// The first units of a text without its carriage returns.
     /// @param text at least length units; null counts as empty
     /// @param length below 1 for none
     static wstring Preserve(char16_t const* text, int length);
+    /// The text without its carriage returns.
     static wstring Preserve(wstring const& text);
 
     /// A blank for each tab, line feed and blank; carriage returns dropped.

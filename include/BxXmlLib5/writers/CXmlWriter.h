@@ -39,18 +39,23 @@ public:
     /// @throws CBxException if an element is open
     virtual void WriteEndDocument();
 
+    /// @param text written as it stands between the delimiters
     virtual void WriteComment(wstring const& text) = 0;
     /// @param text the complete instruction with its delimiters
     virtual void WriteProcessingInstruction(wstring const& text) = 0;
     /// @param text written as it stands, inside the open start tag
     virtual void WriteInLineSchema(wstring const& text) = 0;
 
+    /// Opens an element inside the one that is open.
     /// @throws CBxException if elements are nested too deeply
     virtual void WriteStartElement(wstring const& name, wstring const& namespaceUri) = 0;
+    /// Adds text to the open element.
     /// @param text the empty text needs no open element
     virtual void WriteText(wstring const& text) = 0;
+    /// Ends the open element. @throws CBxInvalidStateException if there is none
     virtual void WriteEndElement() = 0;
 
+    /// Adds an attribute to the open start tag.
     /// @throws CBxException if the open element has text or a child already
     virtual void WriteAttribute(wstring const& name, wstring const& namespaceUri, wstring const& value) = 0;
 

@@ -7,7 +7,7 @@
 #include <cstdio>
 #include <iterator>
 
-#include "schema/XmlNames.h"
+#include "xml/XmlNames.h"
 
 namespace BxGen {
 

@@ -9,7 +9,7 @@
 #include "mapping/Patterns.h"
 #include "schema/Text.h"
 #include "schema/Values.h"
-#include "schema/XmlNames.h"
+#include "xml/XmlNames.h"
 
 namespace BxGen {
 

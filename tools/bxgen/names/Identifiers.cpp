@@ -4,7 +4,7 @@
 #include <array>
 #include <cstdio>
 
-#include "schema/XmlNames.h"
+#include "xml/XmlNames.h"
 
 namespace BxGen {
 

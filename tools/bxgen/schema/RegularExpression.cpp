@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <iterator>
 
-#include "schema/XmlNames.h"
+#include "xml/XmlNames.h"
 
 namespace BxGen {
 

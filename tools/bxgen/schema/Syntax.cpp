@@ -11,7 +11,7 @@
 #include "schema/BuiltIn.h"
 #include "schema/Text.h"
 #include "schema/Values.h"
-#include "schema/XmlNames.h"
+#include "xml/XmlNames.h"
 
 namespace BxGen {
 

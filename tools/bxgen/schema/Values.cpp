@@ -8,7 +8,7 @@
 #include <string>
 
 #include "schema/Text.h"
-#include "schema/XmlNames.h"
+#include "xml/XmlNames.h"
 
 namespace BxGen {
 

@@ -1,4 +1,4 @@
-#include "schema/XmlNames.h"
+#include "xml/XmlNames.h"
 
 #include <algorithm>
 #include <cstddef>
