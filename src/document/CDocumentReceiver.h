@@ -24,7 +24,7 @@ struct DocumentElement {
     std::u16string_view m_prefix;  ///< as that of an attribute
     /// Without the declarations of namespaces, unless namespaces are not processed.
     std::span<DocumentAttribute const> m_attributes;
-    std::uint64_t m_line;  ///< from 1; 0 in Fast Infoset, and where lines are not asked for
+    std::size_t m_line;  ///< from 1; 0 in Fast Infoset, and where lines are not asked for
 };
 
 /// Takes what a parser tells of a document: the tree, a converter, a reader of records.

@@ -52,9 +52,12 @@ bool ParsePart(XML_Parser parser, std::span<unsigned char const> octets, int isF
 }
 
 [[noreturn]] void ThrowError(XML_Parser parser) {
-    throw CBxException(FormatString(u"%s at line %d",
-                                    FromUtf8(XML_ErrorString(XML_GetErrorCode(parser))).c_str(),
-                                    static_cast<int>(XML_GetCurrentLineNumber(parser))));
+    XML_Size const line = XML_GetCurrentLineNumber(parser);
+    CBxException failure(FormatString(u"%s at line %d",
+                                      FromUtf8(XML_ErrorString(XML_GetErrorCode(parser))).c_str(),
+                                      static_cast<int>(line)));
+    failure.SetLocation(CBxLocation({}, line, XML_GetCurrentColumnNumber(parser) + 1));
+    throw failure;
 }
 
 }  // namespace
@@ -340,9 +343,9 @@ void CExpatReader::StartElement(char16_t const* name, char16_t const* const* att
 
 /// The line of the event that Expat tells. Expat's own count looks at each octet once more, but it does so anyway
 /// behind each slice.
-std::uint64_t CExpatReader::Line() {
+std::size_t CExpatReader::Line() {
     if (m_source != nullptr) return XML_GetCurrentLineNumber(m_parser.get());
-    return static_cast<std::uint64_t>(m_lines.LineAt(static_cast<std::size_t>(ByteIndex())));
+    return m_lines.LineAt(static_cast<std::size_t>(ByteIndex()));
 }
 
 std::uint64_t CExpatReader::ByteIndex() const {

@@ -69,7 +69,7 @@ private:
     ExpandedName SplitName(std::u16string_view expanded);
     ExpandedName SplitLocalName(wstring const& namespaceUri, std::u16string_view local);
 
-    std::uint64_t Line();
+    std::size_t Line();
     std::uint64_t ByteIndex() const;
     void CountDefaulted(std::u16string_view value);
     void StartElement(char16_t const* name, char16_t const* const* attributes);

@@ -21,7 +21,7 @@ public:
 
     /// @param place of an octet, not less than in the call before
     /// @return 1 for the first line
-    int LineAt(std::size_t place) {
+    std::size_t LineAt(std::size_t place) {
         while (m_nextLine <= place) StepLine();
         return m_line;
     }
@@ -34,7 +34,7 @@ private:
 
     std::span<unsigned char const> m_text;
     std::optional<std::size_t> m_highOctet;
-    int m_line = 0;
+    std::size_t m_line = 0;
     std::size_t m_nextLine = 0;  // the place where it begins
     std::size_t m_behindLf = 0;  // the first one not before m_nextLine
     std::size_t m_behindCr = 0;  // the same

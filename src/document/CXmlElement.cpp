@@ -5,12 +5,12 @@
 namespace BxXmlLib5 {
 
 CXmlElement::CXmlElement(CXmlDocument const* document, CXmlName const& name,
-                         std::vector<CXmlAttribute*>& attributes, int line)
+                         std::vector<CXmlAttribute*>& attributes, std::size_t line)
     : CInstanceMonitor(u"CXmlElement"),
       m_document(document),
       m_attributes(&attributes),
       m_name(&name),
-      m_line(line) {}
+      m_line(static_cast<std::uint32_t>(line)) {}
 
 CXmlElement::~CXmlElement() = default;
 

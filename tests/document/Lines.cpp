@@ -24,8 +24,8 @@ std::string LinesOf(Way way, std::string const& text) {
     return Lines(document.GetDocumentElement());
 }
 
-int LineByDefinition(wstring const& text, std::size_t place) {
-    int line = 1;
+std::size_t LineByDefinition(wstring const& text, std::size_t place) {
+    std::size_t line = 1;
     for (std::size_t i = 0; i < place; ++i) {
         bool const isFirstOfTwo = text[i] == u'\r' && i + 1 < text.size() && text[i + 1] == u'\n';
         if ((text[i] == u'\r' && !isFirstOfTwo) || text[i] == u'\n') ++line;
@@ -50,6 +50,22 @@ TEST(Lines, OfElements) {
     EXPECT_TRUE(LinesOf(kOctets, "<a>" + many + "<c/><").ends_with(" b:59999 c:60001 "));
     EXPECT_EQ(LinesOf(kOctets, OctetsOf("E0 00 00 01 00 3C 00 'a' 3C 00 'b' FF F0")), "a:0 b:0 ");
     static_assert(sizeof(CXmlElement) <= 8 * sizeof(void*));
+}
+
+TEST(Lines, OfFailures) {
+    for (auto const& [text, place] : std::vector<std::pair<std::string, std::string>>{
+             {"<a>\n<b>é</c>", "2:7: mismatched tag at line 2"},
+             {"<a/>\r\n\t<b/>", "2:2: junk after document element at line 2"}}) {
+        for (Way const way : {kOctets, kFile, kNarrow, kWide}) {
+            CXmlDocument document;
+            try {
+                Load(way, document, text);
+                ADD_FAILURE() << text;
+            } catch (CBxException const& failure) {
+                EXPECT_EQ(ToUtf8(failure.GetReport()), place) << way;
+            }
+        }
+    }
 }
 
 TEST(Lines, CountedAtRandom) {

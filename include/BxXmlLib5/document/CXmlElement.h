@@ -1,6 +1,8 @@
 // An element of the in-memory tree.
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
 #include <string_view>
 #include <vector>
 
@@ -41,7 +43,7 @@ public:
 
     /// The line of the text on which the element's tag begins, 1 for the first one; 0 where there are no lines, as
     /// in Fast Infoset. An element that an entity stands for has the line of the outermost reference.
-    int GetLine() const { return m_line; }
+    std::size_t GetLine() const { return m_line; }
 
     /// In document order.
     std::vector<CXmlAttribute*> const& GetAttributes() const { return *m_attributes; }
@@ -56,7 +58,7 @@ private:
 
     /// @param name,attributes the document's, which outlive the element
     CXmlElement(CXmlDocument const* document, CXmlName const& name, std::vector<CXmlAttribute*>& attributes,
-                int line);
+                std::size_t line);
 
     CXmlDocument const* m_document;
     CXmlElement* m_nextSibling = nullptr;
@@ -64,7 +66,7 @@ private:
     std::vector<CXmlAttribute*>* m_attributes;
     CXmlName const* m_name;
     [[no_unique_address]] CNodeText m_text;  // which leaves the room for what follows
-    int m_line;
+    std::uint32_t m_line;
 };
 
 }  // namespace BxXmlLib5
