@@ -34,8 +34,8 @@ void CDocumentBuilder::DeclareNamespace(wstring const& alias, wstring const& nam
 }
 
 void CDocumentBuilder::StartElement(DocumentElement const& started) {
-    CXmlElement* const element = m_nodes.m_elements.Create(
-        &m_document, started.m_name, m_nodes.m_noAttributes, started.m_line);
+    CXmlElement* const element =
+        m_nodes.m_elements.Create(&m_document, started.m_name, m_nodes.m_noAttributes, started.m_line);
     AddElement(element);
     if (!started.m_attributes.empty()) AddAttributes(*element, started.m_attributes);
 }

@@ -29,9 +29,9 @@ struct DocumentDetails {
 
 /// Where in the input that stands which a receiver is told.
 struct DocumentPlace {
-    std::size_t m_line = 0;    // from 1; 0 in Fast Infoset, which has none
-    std::size_t m_column = 0;  // the same
-    std::uint64_t m_octet = 0;   // from 0, after decompression; of the UTF-8 form if the input is UTF-16
+    std::size_t m_line = 0;     // from 1; 0 in Fast Infoset, which has none
+    std::size_t m_column = 0;   // the same
+    std::uint64_t m_octet = 0;  // from 0, after decompression; of the UTF-8 form if the input is UTF-16
 };
 
 /// A parser that tells a receiver of a document piece by piece.
