@@ -105,7 +105,7 @@ TEST_F(Guide, Settings) {
 TEST_F(Guide, Errors) {
     std::ostringstream cerr;  // in the place of std::cerr
 #include "users-guide/18.inc"
-    EXPECT_EQ(cerr.str(), "not readable: Failed to open the file [missing.xml] Error [0x00000002]\n");
+    EXPECT_EQ(cerr.str(), "not readable: missing.xml: Failed to open the file [missing.xml] Error [0x00000002]\n");
 }
 
 TEST_F(Guide, Threads) {
