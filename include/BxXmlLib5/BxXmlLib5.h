@@ -38,6 +38,7 @@
 #include "BxXmlLib5/document/CXmlAttribute.h"
 #include "BxXmlLib5/document/CXmlDocument.h"
 #include "BxXmlLib5/document/CXmlElement.h"
+#include "BxXmlLib5/platform/CFileReplacement.h"
 #include "BxXmlLib5/platform/Export.h"
 #include "BxXmlLib5/platform/Text.h"
 #include "BxXmlLib5/platform/WindowsTime.h"
