@@ -18,6 +18,7 @@
 #include "BxXmlLib5/collections/CCompiledPattern.h"
 #include "BxXmlLib5/collections/CElement.h"
 #include "BxXmlLib5/collections/CElementCol.h"
+#include "BxXmlLib5/collections/CNamedElements.h"
 #include "BxXmlLib5/collections/CNode.h"
 #include "BxXmlLib5/collections/CPrimitiveRestrictions.h"
 #include "BxXmlLib5/collections/CTypedCol.h"

@@ -15,7 +15,7 @@
 #include "BxXmlLib5/generated/Root.h"
 #include "BxXmlLib5/platform/CFileReplacement.h"
 #include "BxXmlLib5/values/CBinaryData.h"
-#include "generated/RootElement.h"
+#include "document/RootElement.h"
 
 namespace BxXmlLib5::Generated {
 

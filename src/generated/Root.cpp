@@ -5,9 +5,9 @@
 #include "BxXmlLib5/document/CXmlDocument.h"
 #include "BxXmlLib5/generated/BuiltInTypes.h"
 #include "BxXmlLib5/values/CBinaryData.h"
+#include "document/RootElement.h"
 #include "generated/ForeignNamespaces.h"
 #include "generated/ObjectAccess.h"
-#include "generated/RootElement.h"
 #include "platform/StandardNamespaces.h"
 
 namespace BxXmlLib5::Generated {

@@ -6,6 +6,7 @@
 
 #include "BxXmlLib5/core/CBxException.h"
 #include "BxXmlLib5/core/FormatString.h"
+#include "BxXmlLib5/platform/CFileReplacement.h"
 #include "platform/Files.h"
 #include "platform/TextView.h"
 #include "values/Base64.h"
