@@ -13,9 +13,14 @@
 #include "BxXmlLib5/core/CSmartPtr.h"
 #include "BxXmlLib5/document/CXmlDocument.h"
 #include "BxXmlLib5/generated/Root.h"
+#include "BxXmlLib5/platform/CFileReplacement.h"
 #include "BxXmlLib5/values/CBinaryData.h"
+<<<<<<< HEAD
 #include "document/ReadPlace.h"
 #include "generated/RootElement.h"
+=======
+#include "document/RootElement.h"
+>>>>>>> next
 
 namespace BxXmlLib5::Generated {
 
@@ -75,12 +80,10 @@ bool ReadInput(std::string const& name, std::string& octets) {
 
 /// Writes a file, or to standard output. @return false with errno if that fails
 bool WriteOutput(std::string const& name, CBinaryData const& octets) {
-    auto const write = [&octets](std::FILE* file) {
-        return std::fwrite(octets.GetData(), 1, octets.GetLength(), file) == octets.GetLength();
-    };
-    if (name == kStandardStream) return write(stdout) && std::fflush(stdout) == 0;
-    std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(name.c_str(), "wb"), std::fclose);
-    return file && write(file.get()) && std::fclose(file.release()) == 0;
+    CFileReplacement file(name == kStandardStream ? "/dev/stdout" : std::string_view(name));
+    file.Write(octets.GetOctets());
+    errno = file.Finish();
+    return errno == 0;
 }
 
 /// @throws CBxValidationException if no class is that of the document's root
