@@ -57,6 +57,16 @@ private:
     std::vector<std::string> m_names;
 };
 
+/// Whether a benchmark gave up. Google Benchmark 1.8 tells it by another member than those before.
+template <class Run>
+bool GaveUp(Run const& run) {
+    if constexpr (requires { run.skipped; }) {
+        return static_cast<bool>(run.skipped);
+    } else {
+        return run.error_occurred;
+    }
+}
+
 /// Prints as usual and keeps the least time of each benchmark: the machine's noise only ever adds.
 class Reporter : public benchmark::ConsoleReporter {
 public:
@@ -64,7 +74,7 @@ public:
 
     void ReportRuns(std::vector<Run> const& runs) override {
         for (Run const& run : runs) {
-            if (run.run_type != Run::RT_Iteration || run.error_occurred) continue;
+            if (run.run_type != Run::RT_Iteration || GaveUp(run)) continue;
             // CPU time, unless the benchmark asks for the other, since it has threads of its own.
             bool const isReal = run.run_name.time_type == "real_time";
             double const time = (isReal ? run.GetAdjustedRealTime() : run.GetAdjustedCPUTime()) /

@@ -15,7 +15,7 @@ if [[ ${1:-} == --document ]]; then
     shift 2
 fi
 
-scripts/setup.sh
+scripts/setup.sh --tests
 build release BxXmlLib5 bxgen bxbench
 bxgen=$PWD/build/release/tools/bxgen/bxgen
 compiler="${CXX:-g++} -std=c++20 -I$PWD/include"

@@ -3,6 +3,6 @@
 # prints a table of their figures. Arguments begin with a hyphen and are those of Google Benchmark.
 source "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 
-scripts/setup.sh
+scripts/setup.sh --tests
 build release bxbench
 build/release/benchmarks/bxbench "$@"

@@ -3,11 +3,12 @@
 source "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 
 scripts/setup.sh
-build release BxXmlLib5 bxconvert bxgen gpxstat values
-PATH=$PWD/build/release/tools/bxconvert:$PWD/build/release/tools/bxgen:$PWD/build/release/examples/gpx:$PWD/build/release/examples/values:$PATH
+build package BxXmlLib5 bxconvert bxgen gpxstat values
+built=$PWD/build/package
+PATH=$built/tools/bxconvert:$built/tools/bxgen:$built/examples/gpx:$built/examples/values:$PATH
 
 # Where a compiler and a program look by themselves once the library is installed.
-export CPATH=$PWD/include LIBRARY_PATH=$PWD/build/release/src LD_LIBRARY_PATH=$PWD/build/release/src
+export CPATH=$PWD/include LIBRARY_PATH=$built/src LD_LIBRARY_PATH=$built/src
 
 compiler=${CXX:-g++}
 schema=$PWD/examples/gpx/gpx.xsd

@@ -14,13 +14,20 @@ quietly() {
     return "$status"
 }
 
-# build PRESET [TARGET...]: configures where that is needed, and builds.
+# Runs a command with its progress on a terminal; elsewhere what it prints is shown only if it fails.
+watched() {
+    if [[ -t 1 ]]; then
+        NINJA_STATUS='[%f/%t] ' "$@"
+    else
+        quietly "$@"
+    fi
+}
+
+# build PRESET [TARGET...]: configures and builds.
 build() {
     local preset=$1
     shift
     echo "Building (preset $preset) ..."
-    if [[ ! build/$preset/build.ninja -nt CMakePresets.json ]]; then
-        quietly cmake --preset "$preset"
-    fi
-    quietly cmake --build --preset "$preset" ${1:+--target "$@"}
+    quietly cmake --preset "$preset"
+    watched cmake --build --preset "$preset" --parallel "$(nproc)" ${1:+--target "$@"}
 }

@@ -1,12 +1,23 @@
 #!/usr/bin/env bash
-# setup.sh [--all]: installs what building and testing needs and is missing; with --all also what .ci/run needs
-# besides. Packages are those of Debian 12.
+# setup.sh [--tests|--all]: installs what building needs and is missing; with --tests also what the tests and
+# benchmarks need, with --all also what .ci/run needs besides. Packages are those of Debian 12 and 13.
 source "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 
-packages=(g++ cmake make ninja-build libexpat1-dev zlib1g-dev libpcre2-dev libgtest-dev libgmock-dev libbenchmark-dev time)
-tools=(g++ cmake make ninja)
+packages=(g++ cmake ninja-build libexpat1-dev zlib1g-dev libpcre2-dev)
+tools=(g++ cmake ninja)
+case ${1:-} in
+    '') ;;
+    --tests | --all)
+        packages+=(make pkgconf libgtest-dev libgmock-dev libbenchmark-dev time)
+        tools+=(make pkg-config)
+        ;;
+    *)
+        echo "Usage: scripts/setup.sh [--tests|--all]" >&2
+        exit 2
+        ;;
+esac
 if [[ ${1:-} == --all ]]; then
-    packages+=(git clang clang-format clang-tidy libclang-rt-14-dev libxerces-c-dev doxygen)
+    packages+=(git clang clang-format clang-tidy libclang-rt-dev libxerces-c-dev doxygen)
     tools+=(git clang++ clang-format clang-tidy doxygen)
 fi
 
@@ -20,23 +31,23 @@ for package in "${packages[@]}"; do
 done
 ((${#missing[@]} > 0)) || exit 0
 
-if ((EUID == 0)); then
-    as_root=(env DEBIAN_FRONTEND=noninteractive)
-else
-    as_root=(sudo env DEBIAN_FRONTEND=noninteractive)
-fi
-
-if command -v apt-get >/dev/null && command -v "${as_root[0]}" >/dev/null; then
-    echo "Installing ${missing[*]} ..."
-    quietly "${as_root[@]}" apt-get update
-    quietly "${as_root[@]}" apt-get install --yes --no-install-recommends "${missing[@]}"
+if ! command -v apt-get >/dev/null; then
+    echo "Needed are what Debian calls ${missing[*]}." >&2
+    for tool in "${tools[@]}"; do
+        command -v "$tool" >/dev/null || { echo "$tool is not there." >&2; exit 1; }
+    done
     exit 0
 fi
 
-echo "Nothing can be installed here. Needed are what Debian calls: ${missing[*]}" >&2
-for tool in "${tools[@]}"; do
-    if ! command -v "$tool" >/dev/null; then
-        echo "$tool is not there." >&2
-        exit 1
+install=(apt-get install --yes --no-install-recommends "${missing[@]}")
+as_root=(env DEBIAN_FRONTEND=noninteractive)
+((EUID == 0)) || as_root=(sudo "${as_root[@]}")
+if command -v "${as_root[0]}" >/dev/null; then
+    echo "Installing ${missing[*]} ..."
+    if quietly "${as_root[@]}" apt-get update && quietly "${as_root[@]}" "${install[@]}"; then
+        exit 0
     fi
-done
+fi
+echo "Packages are missing. Install them as root, and come again:" >&2
+echo "    ${install[*]}" >&2
+exit 1

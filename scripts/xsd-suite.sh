@@ -56,7 +56,7 @@ done
 if [[ -n $build ]]; then
     quietly cmake --build "$build" --target BxXmlLib5 bxgen
 else
-    scripts/setup.sh
+    scripts/setup.sh --tests
     build release BxXmlLib5 bxgen
     build=$PWD/build/release
 fi
