@@ -59,6 +59,7 @@ CXmlDocument::~CXmlDocument() = default;
 
 void CXmlDocument::Cleanup() {
     m_documentElement = nullptr;
+    m_openElements.clear();
     m_isComplete = false;
     m_isCompressed = false;
     m_isFastInfoset = false;
@@ -113,12 +114,26 @@ void CXmlDocument::Parse(std::span<unsigned char const> input, bool isText) {
         m_documentElement = builder.CloseAllElements();
         throw;
     }
-    m_isComplete = !builder.HasOpenElement();
+    m_openElements = builder.OpenElements();
+    m_isComplete = m_openElements.empty();
     m_documentElement = builder.CloseAllElements();
     if (m_documentElement == nullptr) {
         Cleanup();
         throw CBxException(u"Invalid or empty XML document");
     }
+    if (m_requireWholeDocument) ThrowIfNotWhole();
+}
+
+void CXmlDocument::ThrowIfNotWhole() const {
+    if (m_isComplete) return;
+    CBxException failure;
+    CFailurePlace::Mark(failure, m_openElements.back());
+    CFailurePlace::Locate(failure, *m_documentElement);
+    CBxLocation const open = failure.GetLocation();
+    failure = CBxException(FormatString(u"The document ends inside the element [%s], which begins on line %d",
+                                        open.GetPath().c_str(), static_cast<int>(open.GetLine())));
+    failure.SetLocation(open);
+    throw failure;
 }
 
 }  // namespace BxXmlLib5

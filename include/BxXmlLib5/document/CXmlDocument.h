@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <memory>
 #include <span>
+#include <vector>
 
 #include "BxXmlLib5/core/CInstanceMonitor.h"
 #include "BxXmlLib5/core/Enumerations.h"
@@ -41,6 +42,12 @@ public:
     CXmlDocument& operator=(CXmlDocument const&) = delete;
     virtual ~CXmlDocument();
 
+    /// Whether loads refuse an input of which something would be lost unseen: one that breaks off inside an element,
+    /// and one that refers to entities that it does not declare, as it may where its document type lies in another
+    /// file. They do not at first. The tree of what is refused is there nevertheless.
+    bool GetRequireWholeDocument() const { return m_requireWholeDocument; }
+    void SetRequireWholeDocument(bool value) { m_requireWholeDocument = value; }
+
     /// Loads a regular file.
     /// @throws CBxException also if it cannot be opened or read
     void Load(char16_t const* path);
@@ -60,6 +67,8 @@ public:
 
     /// Whether the input of the last load went on to the end of the root, or broke off inside an element.
     bool IsComplete() const { return m_isComplete; }
+    /// The elements in which the input of the last load broke off, from the root to the innermost one.
+    std::vector<CXmlElement const*> const& GetOpenElements() const { return m_openElements; }
 
     /// What the last load took its input for: a zlib or gzip stream, and Fast Infoset, in that stream or as
     /// such.
@@ -76,12 +85,15 @@ protected:
 
 private:
     void Parse(std::span<unsigned char const> input, bool isText);
+    void ThrowIfNotWhole() const;
 
     CXmlElement* m_documentElement = nullptr;
     SchemaType m_schemaType;
+    bool m_requireWholeDocument = false;
     bool m_isComplete = false;
     bool m_isCompressed = false;
     bool m_isFastInfoset = false;
+    std::vector<CXmlElement const*> m_openElements;
     std::unique_ptr<CDocumentNodes> m_nodes;
 };
 
