@@ -14,6 +14,7 @@
 #include "BxXmlLib5/values/BxVariant.h"
 #include "binding/SiblingSearch.h"
 #include "core/NestingDepth.h"
+#include "document/CFailurePlace.h"
 
 namespace BxXmlLib5 {
 
@@ -50,9 +51,11 @@ private:
 CXmlElement* EndOfElement(CXmlElement const* element, CXmlElement* child,
                           CXmlSerializationContext const& context) {
     if (child == nullptr || context.GetIgnoreUnknownElements()) return child;
-    throw CBxValidationException(FormatString(
-        u"Failed read all the elements held within the element [%s]. The unexpected element [%s] remains un processed",
-        element->GetLocalName().c_str(), child->GetLocalName().c_str()));
+    throw FailureAt(
+        child,
+        CBxValidationException(FormatString(
+            u"Failed read all the elements held within the element [%s]. The unexpected element [%s] remains un processed",
+            element->GetLocalName().c_str(), child->GetLocalName().c_str())));
 }
 
 [[noreturn]] void ThrowEmptyChoice(CXmlElement const* element) {
@@ -68,6 +71,11 @@ CXmlElement* CXmlGeneratedClass::FromXml_Int(CXmlElement* element, CXmlElement* 
     CNestingLevel const level;
     std::optional<CSiblingSearches> searches;
     if (context.GetIgnoreUnknownElements()) searches.emplace(element, context);
+    return ReadAt(element, [&] { return ReadFrom(element, firstChild, context, allowEmptyChoice); });
+}
+
+CXmlElement* CXmlGeneratedClass::ReadFrom(CXmlElement* element, CXmlElement* firstChild,
+                                          CXmlSerializationContext const& context, bool allowEmptyChoice) {
     CParentElementInfo const& info = *GetClassInfo();
     ResetContent();
     if (info.m_elementType == et_Element) m_elementName = element->GetLocalName();
@@ -105,12 +113,17 @@ void CXmlGeneratedClass::ProcessAttributesFromXml(CXmlSerializationContext const
     for (CXmlAttribute* const attribute : element->GetAttributes()) {
         if (attribute->IsNamespaceAttribute()) continue;
         std::size_t i = 0;
-        while (entries[i] != nullptr && !entries[i]->AttributeFromXml(context, this, attribute)) ++i;
+        auto const take = [&] {
+            while (entries[i] != nullptr && !entries[i]->AttributeFromXml(context, this, attribute)) ++i;
+        };
+        ReadAt(element, take, attribute);
         if (entries[i] != nullptr) {
             found.Set(i);
         } else if (refuses) {
-            throw CBxValidationException(
-                FormatString(u"Unexpected Attribute [%s] found.", attribute->GetLocalName().c_str()));
+            throw FailureAt(element,
+                            CBxValidationException(FormatString(u"Unexpected Attribute [%s] found.",
+                                                                attribute->GetLocalName().c_str())),
+                            attribute);
         }
     }
     for (std::size_t i = 0; entries[i] != nullptr; ++i) entries[i]->Validate(context, found.Get(i));

@@ -3,6 +3,7 @@
 #include "BxXmlLib5/collections/CElementCol.h"
 #include "BxXmlLib5/core/CBxException.h"
 #include "binding/PropertyValues.h"
+#include "document/CFailurePlace.h"
 #include "platform/TextView.h"
 
 namespace BxXmlLib5Data {
@@ -34,16 +35,20 @@ void CElementInfo::Steps::ItemsAttributesToXml(CElementInfo const& entry,
 }
 
 void CElementInfo::Steps::ReadPrim(CElementInfo& entry, CXmlGeneratedClass* owner, CXmlElement** child) {
-    BxVariant value;
-    value.FromString((*child)->GetTextView(), entry.m_itemType, entry.m_whitespaceRule);
-    entry.AccessProperty(owner, false, value);
+    ReadAt(*child, [&] {
+        BxVariant value;
+        value.FromString((*child)->GetTextView(), entry.m_itemType, entry.m_whitespaceRule);
+        entry.AccessProperty(owner, false, value);
+    });
     *child = (*child)->GetNextSiblingElement();
 }
 
 void CElementInfo::Steps::ReadEnum(CElementInfo& entry, CXmlGeneratedClass* owner, CXmlElement** child,
                                    Detail::StringToEnum stringToEnum) {
-    BxVariant value = EnumValue(stringToEnum, (*child)->GetTextView(), entry.m_elementName);
-    entry.AccessProperty(owner, false, value);
+    ReadAt(*child, [&] {
+        BxVariant value = EnumValue(stringToEnum, (*child)->GetTextView(), entry.m_elementName);
+        entry.AccessProperty(owner, false, value);
+    });
     *child = (*child)->GetNextSiblingElement();
 }
 

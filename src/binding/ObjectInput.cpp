@@ -3,6 +3,7 @@
 #include "BxXmlLib5/binding/CXmlObjectBase.h"
 #include "BxXmlLib5/values/CBinaryData.h"
 #include "binding/CContextDocument.h"
+#include "document/CFailurePlace.h"
 
 namespace BxXmlLib5 {
 
@@ -36,12 +37,14 @@ void CXmlObjectBase::FromXmlStream(CBinaryData const& data, CXmlSerializationCon
 }
 
 void CXmlObjectBase::FromXmlElement(CXmlElement const* element, CXmlSerializationContext& context) {
-    FromXml_Int(const_cast<CXmlElement*>(element), element->GetFirstElement(), context, false);
+    ReadTree(*element, [&] {
+        FromXml_Int(const_cast<CXmlElement*>(element), element->GetFirstElement(), context, false);
+    });
 }
 
 void CXmlObjectBase::FromDocument(CXmlDocument const& document, CXmlSerializationContext const& context) {
     CXmlElement* const root = document.GetDocumentElement();
-    FromXml_Int(root, root->GetFirstElement(), context, false);
+    ReadTree(*root, [&] { FromXml_Int(root, root->GetFirstElement(), context, false); });
 }
 
 }  // namespace BxXmlLib5

@@ -53,6 +53,8 @@ public:
         return std::u16string_view(m_openText).substr(m_elementStack.back().m_textStart);
     }
     void CloseElement();
+    /// From the root to the innermost one.
+    std::vector<CXmlElement const*> OpenElements() const;
     /// @return the root, null if there is none
     CXmlElement* CloseAllElements();
 

@@ -6,6 +6,7 @@
 #include "BxXmlLib5/core/FormatString.h"
 #include "document/CDocumentBuilder.h"
 #include "document/CExpatReader.h"
+#include "document/CFailurePlace.h"
 #include "document/Inflate.h"
 #include "document/InputLimits.h"
 #include "fastinfoset/CFastInfosetReader.h"

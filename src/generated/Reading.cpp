@@ -10,6 +10,7 @@
 #include "BxXmlLib5/document/CXmlDocument.h"
 #include "BxXmlLib5/document/CXmlElement.h"
 #include "core/NestingDepth.h"
+#include "document/CFailurePlace.h"
 #include "generated/Expected.h"
 #include "generated/ObjectAccess.h"
 #include "generated/Untyped.h"
@@ -35,6 +36,16 @@ void ReadElement(CObject& object, CXmlElement& element, bool mayBeNil,
     Reading(object, element, element.GetFirstElement(), context).Content(mayBeNil);
 }
 
+namespace {
+
+[[noreturn]] void ThrowUnexpected(CXmlElement const& child, CXmlElement const& element) {
+    throw FailureAt(&child, CBxValidationException(
+                                FormatString(u"Unexpected element [%s] found in the element [%s]",
+                                             child.GetLocalName().c_str(), element.GetLocalName().c_str())));
+}
+
+}  // namespace
+
 Reading::Reading(CObject& object, CXmlElement& element, CXmlElement* child,
                  CXmlSerializationContext const& context)
     : m_context(context),
@@ -58,9 +69,7 @@ void Reading::Content(bool mayBeNil) {
     }
     if (m_model.content != nullptr && !isNil) Read(*m_model.content);
     if (m_child != nullptr && !m_skipsUnknown) {
-        throw CBxValidationException(FormatString(u"Unexpected element [%s] found in the element [%s]",
-                                                  m_child->GetLocalName().c_str(),
-                                                  m_element.GetLocalName().c_str()));
+        ThrowUnexpected(*m_child, m_element);
     }
     ReadText(isNil);
 }
@@ -119,7 +128,7 @@ void Reading::ReadElements(Particle const& particle) {
     while (most < 0 || count < most) {
         if (m_skipsUnknown) SkipUnknown();
         if (!Matches(particle) && (count >= particle.min || !SkipTo(particle))) break;
-        ReadChild(particle);
+        ReadAt(m_child, [&] { ReadChild(particle); });
         m_child = m_child->GetNextSiblingElement();
         ++count;
     }
@@ -237,9 +246,7 @@ void ThrowIfNotSimple(CXmlElement const& element, bool mayBeNil, CXmlSerializati
                       Model const* type) {
     if (CXmlElement const* const inside = element.GetFirstElement();
         inside != nullptr && !context.GetIgnoreUnknownElements()) {
-        throw CBxValidationException(FormatString(u"Unexpected element [%s] found in the element [%s]",
-                                                  inside->GetLocalName().c_str(),
-                                                  element.GetLocalName().c_str()));
+        ThrowUnexpected(*inside, element);
     }
     if (context.GetIgnoreUnknownAttributes()) return;
     for (CXmlAttribute const* const attribute : element.GetAttributes()) {
@@ -247,8 +254,10 @@ void ThrowIfNotSimple(CXmlElement const& element, bool mayBeNil, CXmlSerializati
             attribute->GetLocalName() == u"nil" && attribute->GetNamespaceURI() == kXsiNamespace;
         if (attribute->IsNamespaceAttribute() || (isNil && mayBeNil)) continue;
         if (type != nullptr && type->KnowsAttribute(*attribute, context.GetIgnoreNamespaces())) continue;
-        throw CBxValidationException(
-            FormatString(u"Unexpected Attribute [%s] found.", attribute->GetLocalName().c_str()));
+        throw FailureAt(&element,
+                        CBxValidationException(FormatString(u"Unexpected Attribute [%s] found.",
+                                                            attribute->GetLocalName().c_str())),
+                        attribute);
     }
 }
 

@@ -128,6 +128,8 @@ private:
                                    BxXmlLib5Data::CElementInfo** elements, CXmlWriter* writer,
                                    bool allowEmptyChoice) const;
 
+    CXmlElement* ReadFrom(CXmlElement* element, CXmlElement* firstChild,
+                          CXmlSerializationContext const& context, bool allowEmptyChoice);
     CXmlElement* ProcessElementSeqFromXml(CXmlSerializationContext const& context, CXmlElement* element,
                                           CXmlElement* child, BxXmlLib5Data::XmlElementType elementType);
     CXmlElement* ProcessElementAllFromXml(CXmlSerializationContext const& context, CXmlElement* element,
