@@ -10,10 +10,10 @@ namespace {
 
 #define FLAG(name) std::pair(&Context::Get##name, &Context::Set##name)
 std::pair<bool (Context::*)() const, void (Context::*)(bool)> const kFlags[] = {
-    FLAG(IgnoreUnknownAttributes),         FLAG(IgnoreUnknownElements),
-    FLAG(IgnoreMissingMandatoryElements),  FLAG(IgnoreMissingChoice),
-    FLAG(IgnoreInvalidCollectionCounts),   FLAG(IgnoreNamespaces),
-    FLAG(NoOptionalAttributeDefaultOutput)};
+    FLAG(IgnoreUnknownAttributes),          FLAG(IgnoreUnknownElements),
+    FLAG(IgnoreMissingMandatoryElements),   FLAG(IgnoreMissingChoice),
+    FLAG(IgnoreInvalidCollectionCounts),    FLAG(IgnoreNamespaces),
+    FLAG(NoOptionalAttributeDefaultOutput), FLAG(RequireWholeDocument)};
 #undef FLAG
 
 /// All settings but the additional attributes; first a digit for each of kFlags.
@@ -29,7 +29,7 @@ std::string Settings(Context const& context) {
     return settings;
 }
 
-std::string const kNone = "0000000 0  ";
+std::string const kNone = "00000000 0  ";
 // Runs before main, in whatever order the linker chose.
 std::string const kDefaultBeforeMain = Settings(Context::GetDefaultContext());
 

@@ -169,7 +169,7 @@ TEST(Convert, RefusesBadDocuments) {
     std::string const unwritable = "a name or a text has characters that XML text cannot have";
     Row const rows[] = {
         {"", "", "XML Stream is empty!"},
-        {"", "<a><b/>", "the document ends inside an element"},
+        {"", "<a><b/>", "The document ends inside the element [/a], which begins on line 1"},
         {"", "\xE0\0\0\1\0\x3C\0a\x90\1\xFF"s, unwritable},
         {"", "\xE0\0\0\1\0\x3C\0r\x3C\4b/><c\xFF"s, unwritable},
         {"", "\xE0\0\0\1\0\x3C\1a \xFF"s, unwritable},
