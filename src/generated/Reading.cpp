@@ -124,7 +124,7 @@ void Reading::Read(Particle const& particle) {
 
 void Reading::ReadElements(Particle const& particle) {
     int count = 0;
-    int const most = MostOf(particle);
+    int const most = particle.goesOn ? MostOf(particle) : particle.max;
     while (most < 0 || count < most) {
         if (m_skipsUnknown) SkipUnknown();
         if (!Matches(particle) && (count >= particle.min || !SkipTo(particle))) break;
@@ -138,10 +138,10 @@ void Reading::ReadElements(Particle const& particle) {
     if (!isTolerated) ThrowMissing(particle);
 }
 
-/// How many elements of a run belong to this item, where the next one may begin with the same element: so many that
-/// what is left makes items too, and as many items as there must be.
+/// How many elements of a run belong to this item, for a particle with which the next one may begin too: so many
+/// that what is left makes items, and as many items as there must be.
 int Reading::MostOf(Particle const& particle) {
-    if (!particle.goesOn || m_round == nullptr || m_skipsUnknown) return particle.max;
+    if (m_round == nullptr || m_skipsUnknown) return particle.max;
     std::int64_t& run = m_round->run;
     if (run == 0) {
         for (CXmlElement* child = m_child;
@@ -179,24 +179,21 @@ void Reading::ReadItems(Particle const& particle) {
     }
 }
 
-/// Whether an element that may be missing is, as far as a glance tells: most of them are, in most objects.
-bool Reading::IsAbsent(Particle const& particle) const {
-    if (particle.kind != Row::Kind::Element || particle.min > 0 || m_skipsUnknown) return false;
-    if (m_child == nullptr) return true;
-    std::u16string_view const name = m_child->GetLocalName();
-    return name.size() != particle.name.size() || (!name.empty() && name[0] != particle.name[0]);
-}
-
 void Reading::ReadSequence(Particle const& sequence) {
     if (sequence.min == 0 && Started(sequence) == nullptr) return;
+    auto const glance = [this] { return m_child == nullptr ? 0 : GlanceAt(m_child->GetLocalName()); };
+    std::uint32_t next = glance();
     for (Particle const* const member : sequence.members) {
-        if (!IsAbsent(*member)) Read(*member);
+        // Most of the elements that may be missing are, in most objects.
+        if (member->glance != 0 && member->glance != next && !m_skipsUnknown) continue;
+        Read(*member);
+        next = glance();
     }
 }
 
 void Reading::ReadChoice(Particle const& choice) {
     int count = 0;
-    int const most = MostOf(choice);
+    int const most = choice.goesOn ? MostOf(choice) : choice.max;
     while (most < 0 || count < most) {
         Particle const* member = Started(choice);
         if (member == nullptr && count < choice.min && !choice.canBeEmpty && SkipTo(choice))
@@ -316,16 +313,19 @@ void ReadRootAs(CObject& root, CXmlElement& element, NamedType const& named,
 
 void Reading::ReadSimple(Particle const& particle) {
     PropertyModel const& property = *particle.model;
-    Set const& set = *m_model.type.GetFacts().set;
-    std::optional<NamedType> const named = NamedTypeOf(*m_child, set);
-    CSmartPtr<CObject> content;
     std::u16string_view const text = TextOrDefault(*m_child, property);
-    if (named)
-        content = ReadNamed(*m_child, text, false, *property.actions->type, *named, set, particle.blocked,
-                            m_context);
-    if (!content) ThrowIfNotSimple(*m_child, false, m_context);
+    if (!m_child->GetAttributes().empty()) {
+        Set const& set = *m_model.type.GetFacts().set;
+        if (auto const named = NamedTypeOf(*m_child, set)) {
+            CSmartPtr<CObject> content = ReadNamed(*m_child, text, false, *property.actions->type, *named,
+                                                   set, particle.blocked, m_context);
+            if (!content) ThrowIfNotSimple(*m_child, false, m_context);
+            ReadValue(m_object, property, particle.name, text, particle.narrowed);
+            return Keep(m_object, property, text, *named, std::move(content));
+        }
+    }
+    ThrowIfNotSimple(*m_child, false, m_context);
     ReadValue(m_object, property, particle.name, text, particle.narrowed);
-    if (named) Keep(m_object, property, text, *named, std::move(content));
 }
 
 CSmartPtr<CXmlObjectBase> Reading::ReadObject(Particle const& particle) {

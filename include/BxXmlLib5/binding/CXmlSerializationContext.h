@@ -66,6 +66,20 @@ public:
     bool GetNoOptionalAttributeDefaultOutput() const { return m_noOptionalAttributeDefaultOutput; }
     void SetNoOptionalAttributeDefaultOutput(bool value) { m_noOptionalAttributeDefaultOutput = value; }
 
+    /// Writing refuses what no parser would read or what would come back as something else, instead of writing it as
+    /// it is: in text and in values, characters outside XML 1.0 (control characters, halves of surrogate pairs);
+    /// names and prefixes that are none; two attributes of one name on an element; namespaces that cannot be
+    /// declared, two of them under one prefix, and what is in no namespace under a default one; instructions,
+    /// comments and an in-line schema that would break the markup; more than one root. The failure is a
+    /// CBxInvalidValueException for a character or a name, a CBxInvalidNamespaceException for a namespace, a
+    /// CBxInvalidStateException for the rest, and names the element or attribute.
+    ///
+    /// In XML text character references stand for the line ends and tabs of attribute values then, and for each CR
+    /// in text. What CXmlDocument reads leaves CR out of text all the same; other parsers give it. A formatted
+    /// document has line breaks and tabs beside the children of an element, also where it has text of its own.
+    bool GetCheckWellFormed() const { return m_checkWellFormed; }
+    void SetCheckWellFormed(bool value) { m_checkWellFormed = value; }
+
     /// The default namespace that the root declares; empty for none.
     wstring GetDefaultNamespaceURI() const { return m_defaultNamespaceUri; }
     void SetDefaultNamespaceURI(char16_t const* namespaceUri);
@@ -106,6 +120,7 @@ private:
     bool m_requireWholeDocument = false;
     SchemaType m_schemaType = st_Default;
     bool m_noOptionalAttributeDefaultOutput = false;
+    bool m_checkWellFormed = false;
 };
 
 }  // namespace BxXmlLib5

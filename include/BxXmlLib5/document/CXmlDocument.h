@@ -29,8 +29,8 @@ class CDocumentNodes;
 /// thread at a time, even for reading.
 ///
 /// All loads throw CBxException, with a message that says what is wrong, for input that is empty, too large
-/// or no well-formed document. Text that ends inside an element is not refused: the tree holds what was
-/// complete, and IsComplete() tells. Fast Infoset is refused then. Its initial vocabulary is not applied, and its
+/// or no well-formed document. Text that ends inside an element is not refused unless SetRequireWholeDocument() asks
+/// for it: the tree holds what was complete, and IsComplete() tells. Fast Infoset is refused then. Its initial vocabulary is not applied, and its
 /// root must come first: what else the document has is not looked at.
 class BXXMLLIB5_API CXmlDocument : public CInstanceMonitor {
 public:
