@@ -12,6 +12,7 @@
 #include "BxXmlLib5/core/FormatString.h"
 #include "BxXmlLib5/document/CXmlElement.h"
 #include "BxXmlLib5/values/BxVariant.h"
+#include "binding/IgnoredContent.h"
 #include "binding/SiblingSearch.h"
 #include "core/NestingDepth.h"
 #include "document/CFailurePlace.h"
@@ -74,9 +75,18 @@ CXmlElement* CXmlGeneratedClass::FromXml_Int(CXmlElement* element, CXmlElement* 
     return ReadAt(element, [&] { return ReadFrom(element, firstChild, context, allowEmptyChoice); });
 }
 
+void CXmlGeneratedClass::TestRoot(CXmlElement const& root, CXmlSerializationContext const& context) const {
+    if (GetClassInfo()->m_elementType != et_Element || m_elementName.empty()) return;
+    wstring const ns = GetTargetNamespace();
+    bool const isExpected = root.GetLocalName() == m_elementName &&
+                            (context.GetIgnoreNamespaces() || root.GetNamespaceURI() == ns);
+    if (!isExpected) ThrowUnexpectedRoot(root, m_elementName, ns);
+}
+
 CXmlElement* CXmlGeneratedClass::ReadFrom(CXmlElement* element, CXmlElement* firstChild,
                                           CXmlSerializationContext const& context, bool allowEmptyChoice) {
     CParentElementInfo const& info = *GetClassInfo();
+    CTakenContent const taken(element, context);
     ResetContent();
     if (info.m_elementType == et_Element) m_elementName = element->GetLocalName();
     ProcessAttributesFromXml(context, element, info.m_failIfAttributeUnknown);
@@ -99,7 +109,9 @@ CXmlElement* CXmlGeneratedClass::ReadFrom(CXmlElement* element, CXmlElement* fir
         BxVariant text;
         text.SetString(wstring(element->GetTextView()));
         AccessProperty(info.m_textPropertyIndex, false, text);
+        CTakenContent::TakeText(element);
     }
+    taken.End();
     return next;
 }
 
@@ -119,11 +131,9 @@ void CXmlGeneratedClass::ProcessAttributesFromXml(CXmlSerializationContext const
         ReadAt(element, take, attribute);
         if (entries[i] != nullptr) {
             found.Set(i);
+            CTakenContent::TakeAttribute(element, attribute);
         } else if (refuses) {
-            throw FailureAt(element,
-                            CBxValidationException(FormatString(u"Unexpected Attribute [%s] found.",
-                                                                attribute->GetLocalName().c_str())),
-                            attribute);
+            ThrowUnexpectedAttribute(*attribute, *element);
         }
     }
     for (std::size_t i = 0; entries[i] != nullptr; ++i) entries[i]->Validate(context, found.Get(i));

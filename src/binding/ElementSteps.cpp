@@ -34,8 +34,10 @@ void CElementInfo::Steps::ItemsAttributesToXml(CElementInfo const& entry,
     CElementInfo::AttributesToXml_Int(&PresentCollectionIn(value), writer, context);
 }
 
-void CElementInfo::Steps::ReadPrim(CElementInfo& entry, CXmlGeneratedClass* owner, CXmlElement** child) {
+void CElementInfo::Steps::ReadPrim(CElementInfo& entry, CXmlGeneratedClass* owner, CXmlElement** child,
+                                   CXmlSerializationContext const& context) {
     ReadAt(*child, [&] {
+        TestSimpleContent(**child, context);
         BxVariant value;
         value.FromString((*child)->GetTextView(), entry.m_itemType, entry.m_whitespaceRule);
         entry.AccessProperty(owner, false, value);
@@ -44,8 +46,10 @@ void CElementInfo::Steps::ReadPrim(CElementInfo& entry, CXmlGeneratedClass* owne
 }
 
 void CElementInfo::Steps::ReadEnum(CElementInfo& entry, CXmlGeneratedClass* owner, CXmlElement** child,
-                                   Detail::StringToEnum stringToEnum) {
+                                   Detail::StringToEnum stringToEnum,
+                                   CXmlSerializationContext const& context) {
     ReadAt(*child, [&] {
+        TestSimpleContent(**child, context);
         BxVariant value = EnumValue(stringToEnum, (*child)->GetTextView(), entry.m_elementName);
         entry.AccessProperty(owner, false, value);
     });
@@ -54,8 +58,22 @@ void CElementInfo::Steps::ReadEnum(CElementInfo& entry, CXmlGeneratedClass* owne
 
 void CElementInfo::Steps::ReadTag(CXmlObjectBase* object, CXmlElement** child,
                                   CXmlSerializationContext const& context, bool allowEmptyChoice) {
-    CElementInfo::FromXml_Int(object, *child, (*child)->GetFirstElement(), context, allowEmptyChoice);
+    CXmlElement const* const rest =
+        CElementInfo::FromXml_Int(object, *child, (*child)->GetFirstElement(), context, allowEmptyChoice);
+    TestRest(rest, **child, context);
     *child = (*child)->GetNextSiblingElement();
+}
+
+bool CElementInfo::Steps::ReadGroup(CXmlObjectBase* object, CXmlElement* element, CXmlElement** child,
+                                    CXmlSerializationContext const& context) {
+    auto const before = CTakenContent::Save(element);
+    CXmlElement* const next = CElementInfo::FromXml_Int(object, element, *child, context, false);
+    if (next == *child) {
+        CTakenContent::Restore(element, before);
+        return false;
+    }
+    *child = next;
+    return true;
 }
 
 CXmlElement* CElementInfo::Steps::ReadUntyped(CElementInfo const& entry, CXmlObjectBase* object,

@@ -1,8 +1,10 @@
 // The entry points of CXmlObjectBase that read a document.
 
+#include "BxXmlLib5/binding/CXmlGeneratedClass.h"
 #include "BxXmlLib5/binding/CXmlObjectBase.h"
 #include "BxXmlLib5/values/CBinaryData.h"
 #include "binding/CContextDocument.h"
+#include "binding/IgnoredContent.h"
 #include "document/CFailurePlace.h"
 
 namespace BxXmlLib5 {
@@ -44,7 +46,14 @@ void CXmlObjectBase::FromXmlElement(CXmlElement const* element, CXmlSerializatio
 
 void CXmlObjectBase::FromDocument(CXmlDocument const& document, CXmlSerializationContext const& context) {
     CXmlElement* const root = document.GetDocumentElement();
-    ReadTree(*root, [&] { FromXml_Int(root, root->GetFirstElement(), context, false); });
+    ReadTree(*root, [&] {
+        if (context.GetFailOnIgnoredContent()) {
+            auto const* const generated = dynamic_cast<CXmlGeneratedClass const*>(this);
+            generated != nullptr ? generated->TestRoot(*root, context)
+                                 : TestRootOfChildren(*this, *root, context);
+        }
+        TestRest(FromXml_Int(root, root->GetFirstElement(), context, false), *root, context);
+    });
 }
 
 }  // namespace BxXmlLib5

@@ -9,6 +9,7 @@
 #include "BxXmlLib5/core/FormatString.h"
 #include "BxXmlLib5/document/CXmlDocument.h"
 #include "BxXmlLib5/document/CXmlElement.h"
+#include "binding/IgnoredContent.h"
 #include "core/NestingDepth.h"
 #include "document/CFailurePlace.h"
 #include "generated/Expected.h"
@@ -36,16 +37,6 @@ void ReadElement(CObject& object, CXmlElement& element, bool mayBeNil,
     Reading(object, element, element.GetFirstElement(), context).Content(mayBeNil);
 }
 
-namespace {
-
-[[noreturn]] void ThrowUnexpected(CXmlElement const& child, CXmlElement const& element) {
-    throw FailureAt(&child, CBxValidationException(
-                                FormatString(u"Unexpected element [%s] found in the element [%s]",
-                                             child.GetLocalName().c_str(), element.GetLocalName().c_str())));
-}
-
-}  // namespace
-
 Reading::Reading(CObject& object, CXmlElement& element, CXmlElement* child,
                  CXmlSerializationContext const& context)
     : m_context(context),
@@ -68,9 +59,7 @@ void Reading::Content(bool mayBeNil) {
         ThrowNil(m_element);
     }
     if (m_model.content != nullptr && !isNil) Read(*m_model.content);
-    if (m_child != nullptr && !m_skipsUnknown) {
-        ThrowUnexpected(*m_child, m_element);
-    }
+    if (m_child != nullptr && !m_skipsUnknown) ThrowUnexpectedElement(*m_child, m_element);
     ReadText(isNil);
 }
 
@@ -85,16 +74,15 @@ std::u16string_view TextOrDefault(CXmlElement const& element, PropertyModel cons
 }  // namespace
 
 void Reading::ReadText(bool isNil) {
+    CTakenContent::TakeText(&m_element);
     bool const isSimple = m_model.text != nullptr && m_model.content == nullptr;
     std::u16string_view const text =
         isSimple && !isNil ? TextOrDefault(m_element, *m_model.text) : m_element.GetTextView();
     if ((!isSimple || isNil) && Trimmed(text).empty()) return;
     if (m_model.text != nullptr && !isNil) {
         ReadValue(m_object, *m_model.text, m_element.GetLocalName(), text, m_model.narrowedText);
-    } else if (!m_skipsUnknown) {
-        throw CBxValidationException(FormatString(u"Unexpected text [%s] found in the element [%s]",
-                                                  wstring(Trimmed(text)).c_str(),
-                                                  m_element.GetLocalName().c_str()));
+    } else if (!m_skipsUnknown || m_context.GetFailOnIgnoredContent()) {
+        ThrowUnexpectedText(m_element);
     }
 }
 
@@ -241,20 +229,14 @@ void Reading::ReadChild(Particle const& particle) {
 
 void ThrowIfNotSimple(CXmlElement const& element, bool mayBeNil, CXmlSerializationContext const& context,
                       Model const* type) {
-    if (CXmlElement const* const inside = element.GetFirstElement();
-        inside != nullptr && !context.GetIgnoreUnknownElements()) {
-        ThrowUnexpected(*inside, element);
-    }
+    ThrowIfHasChildren(element, context);
     if (context.GetIgnoreUnknownAttributes()) return;
     for (CXmlAttribute const* const attribute : element.GetAttributes()) {
         bool const isNil =
             attribute->GetLocalName() == u"nil" && attribute->GetNamespaceURI() == kXsiNamespace;
         if (attribute->IsNamespaceAttribute() || (isNil && mayBeNil)) continue;
         if (type != nullptr && type->KnowsAttribute(*attribute, context.GetIgnoreNamespaces())) continue;
-        throw FailureAt(&element,
-                        CBxValidationException(FormatString(u"Unexpected Attribute [%s] found.",
-                                                            attribute->GetLocalName().c_str())),
-                        attribute);
+        ThrowUnexpectedAttribute(*attribute, element);
     }
 }
 

@@ -81,7 +81,7 @@ struct Including : TestObject {
             m_element == nullptr ? other.FromXml(u"<o><x>bad</x></o>", context)
                                  : other.FromXmlElement(m_element, context);
         } catch (CBxException const& failure) {
-            m_inner = failure.GetLocation().ToString();
+            m_inner = failure.GetLocation().GetPath();
             if (m_wraps) throw CBxValidationException(u"outer", failure);
             throw;
         }
