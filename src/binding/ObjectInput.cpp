@@ -5,7 +5,7 @@
 #include "BxXmlLib5/values/CBinaryData.h"
 #include "binding/CContextDocument.h"
 #include "binding/IgnoredContent.h"
-#include "document/CFailurePlace.h"
+#include "document/ReadPlace.h"
 
 namespace BxXmlLib5 {
 

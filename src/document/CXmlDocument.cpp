@@ -6,7 +6,7 @@
 #include "BxXmlLib5/core/FormatString.h"
 #include "document/CDocumentBuilder.h"
 #include "document/CExpatReader.h"
-#include "document/CFailurePlace.h"
+#include "document/ReadPlace.h"
 #include "document/COctetSource.h"
 #include "document/Inflate.h"
 #include "document/InputLimits.h"
@@ -127,8 +127,8 @@ void CXmlDocument::Parse(std::span<unsigned char const> input, bool isText) {
 void CXmlDocument::ThrowIfNotWhole() const {
     if (m_isComplete) return;
     CBxException failure;
-    CFailurePlace::Mark(failure, m_openElements.back());
-    CFailurePlace::Locate(failure, *m_documentElement);
+    MarkRead(failure, m_openElements.back());
+    LocateRead(failure, *m_documentElement);
     CBxLocation const open = failure.GetLocation();
     failure = CBxException(FormatString(u"The document ends inside the element [%s], which begins on line %d",
                                         open.GetPath().c_str(), static_cast<int>(open.GetLine())));

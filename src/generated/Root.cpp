@@ -19,6 +19,10 @@ CXmlSerializationContext WholeContext(CXmlSerializationContext const& context) {
     return whole;
 }
 
+CBinaryData Written(CObject const& root, Layout layout, CXmlSerializationContext const& context) {
+    return root.ToXmlStream(true, layout == Layout::Indented, enc_UTF8, eol_LF, context, cmp_None);
+}
+
 }  // namespace
 
 void LoadRoot(CObject& root, std::string_view path, CXmlSerializationContext const& context) {
@@ -32,13 +36,11 @@ void ParseRoot(CObject& root, std::string_view octets, CXmlSerializationContext 
 
 void SaveRoot(CObject const& root, std::string_view path, Layout layout,
               CXmlSerializationContext const& context) {
-    root.ToXmlFile(FromUtf8(path).c_str(), true, layout == Layout::Indented, enc_UTF8, eol_LF, context,
-                   cmp_None);
+    Written(root, layout, context).SaveTo(path);
 }
 
 std::string RootText(CObject const& root, Layout layout, CXmlSerializationContext const& context) {
-    CBinaryData const octets =
-        root.ToXmlStream(true, layout == Layout::Indented, enc_UTF8, eol_LF, context, cmp_None);
+    CBinaryData const octets = Written(root, layout, context);
     return {reinterpret_cast<char const*>(octets.GetData()), octets.GetLength()};
 }
 
