@@ -132,7 +132,7 @@ void CXmlDocument::ThrowIfNotWhole() const {
     CBxLocation const open = failure.GetLocation();
     failure = CBxException(FormatString(u"The document ends inside the element [%s], which begins on line %d",
                                         open.GetPath().c_str(), static_cast<int>(open.GetLine())));
-    failure.SetLocation(open);
+    failure.SetLocation(CBxLocation({}, open.GetLine()));
     throw failure;
 }
 
