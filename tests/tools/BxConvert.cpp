@@ -182,10 +182,11 @@ TEST(Convert, RefusesBadDocuments) {
                   (Ending{1, "", "bxconvert: standard input: " + row.m_message + "\n"}))
             << row.m_options << ' ' << row.m_input.substr(0, 100);
     }
-    EXPECT_EQ(folder.Run("bxconvert - -o out.xml", "<a>\n<b>"),
-              (Ending{1, "",
-                      "bxconvert: standard input:2: The document ends inside the element [/a/b], which begins on "
-                      "line 2\n"}));
+    EXPECT_EQ(
+        folder.Run("bxconvert - -o out.xml", "<a>\n<b>"),
+        (Ending{1, "",
+                "bxconvert: standard input:2: The document ends inside the element [/a/b], which begins on "
+                "line 2\n"}));
     EXPECT_EQ(folder.Run("ls -A"), (Ending{0, "", ""}));
 }
 
