@@ -108,6 +108,7 @@ TEST_F(Guide, Settings) {
     EXPECT_EQ(order.m_number, u"17");
     order.m_number = u"\x01";
     EXPECT_THROW(order.ToXml(false, false, eol_LF, careful), CBxInvalidValueException);
+    EXPECT_THROW(order.FromXml("<order number='17'><item>", careful), CBxException);
     order.m_number = u"17";
 
 #include "users-guide/20.inc"
