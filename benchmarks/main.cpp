@@ -6,11 +6,13 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <limits>
 #include <map>
 #include <optional>
+#include <utility>
 
+#include "ChildProcess.h"
 #include "GpxDocument.h"
-#include "PeakMemory.h"
 #include "Report.h"
 
 namespace BxBench {
@@ -122,18 +124,46 @@ void PrintRow(std::string const& name, double figure, std::string const& floorNa
     std::printf("\n");
 }
 
+template <class Row>
+std::string InputOf(Row const& row, std::size_t octets) {
+    return row.m_takesFastInfoset ? GpxAsFastInfoset(octets) : GpxDocument(octets);
+}
+
 /// @return the rises of memory, in octets, by name
 std::map<std::string, double> MeasurePeaks(Choice const& choice) {
     std::map<std::string, double> peaks;
     for (Peak const& row : Rows<Peak>()) {
         if (!choice.Has(row.m_name)) continue;
-        std::string const input = row.m_takesFastInfoset ? GpxAsFastInfoset() : GpxDocument(kGpxOctets);
-        peaks[row.m_name] = static_cast<double>(PeakMemoryOf([&] { row.m_work(input); }));
+        std::string const input = InputOf(row, kGpxOctets);
+        peaks[row.m_name] = static_cast<double>(RunInChild([&] { row.m_work(input); }).m_octets);
     }
     return peaks;
 }
 
-void PrintTable(Reporter const& reporter, std::map<std::string, double> const& peaks) {
+double LeastTimeOf(Growth const& row, std::size_t octets, int times) {
+    std::string const input = InputOf(row, octets);
+    double least = std::numeric_limits<double>::infinity();
+    for (; times > 0; --times) least = std::min(least, RunInChild([&] { row.m_work(input); }).m_seconds);
+    return least;
+}
+
+constexpr std::size_t kSmall = 1'000'000;
+constexpr std::size_t kLarge = 50 * kSmall;
+
+/// @return the times of the small document and of the large one, by name
+std::map<std::string, std::pair<double, double>> MeasureGrowths(Choice const& choice) {
+    std::map<std::string, std::pair<double, double>> growths;
+    for (Growth const& row : Rows<Growth>()) {
+        if (choice.Has(row.m_name))
+            growths[row.m_name] = {LeastTimeOf(row, kSmall, 50), LeastTimeOf(row, kLarge, 5)};
+    }
+    return growths;
+}
+
+void PrintTable(Reporter const& reporter, std::map<std::string, double> const& peaks,
+                std::map<std::string, std::pair<double, double>> const& growths) {
+    // What the noise of a machine and its caches may add to the fifty times.
+    constexpr double kLinear = 52.5;
     std::printf("\n  %-32s %11s   %-28s %11s %8s %8s   %s\n", "figure", "", "floor", "", "ratio", "aim", "");
     for (Ratio const& row : Rows<Ratio>()) {
         auto const time = reporter.LeastTime(row.m_benchmark);
@@ -146,6 +176,8 @@ void PrintTable(Reporter const& reporter, std::map<std::string, double> const& p
         auto const document = static_cast<double>(GpxDocument(kGpxOctets).size());
         PrintRow(row.m_name, peak->second, "octets of the document", document, MegabytesText, row.m_aim);
     }
+    for (auto const& [name, times] : growths)
+        PrintRow(name, times.second, "a fiftieth of it", times.first, TimeText, kLinear);
 }
 
 void PrintSizes() {
@@ -166,6 +198,9 @@ Aims::Aims(std::vector<Ratio> const& rows) {
 PeakAims::PeakAims(std::vector<Peak> const& rows) {
     AddRows(rows);
 }
+Growths::Growths(std::vector<Growth> const& rows) {
+    AddRows(rows);
+}
 Sizes::Sizes(std::vector<Size> const& rows) {
     AddRows(rows);
 }
@@ -182,8 +217,9 @@ int main(int argc, char** argv) {
     BxBench::Choice const choice(names);
     // First, since a process that has worked has memory to reuse.
     auto const peaks = BxBench::MeasurePeaks(choice);
+    auto const growths = BxBench::MeasureGrowths(choice);
     BxBench::Reporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter, choice.Filter());
-    BxBench::PrintTable(reporter, peaks);
+    BxBench::PrintTable(reporter, peaks, growths);
     if (choice.Has("Sizes")) BxBench::PrintSizes();
 }

@@ -5,4 +5,4 @@ source "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 
 scripts/setup.sh --tests
 build release bxbench
-build/release/benchmarks/bxbench "$@"
+build/release/benchmarks/bxbench --benchmark_min_time=0.1 "$@"

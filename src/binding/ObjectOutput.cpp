@@ -6,6 +6,7 @@
 #include "BxXmlLib5/values/CBinaryData.h"
 #include "values/ByteOrderMark.h"
 #include "writers/CFastInfosetWriter.h"
+#include "writers/CWellFormedWriter.h"
 #include "writers/CXmlTextWriter.h"
 
 namespace BxXmlLib5 {
@@ -61,9 +62,20 @@ void CXmlObjectBase::WriteDocument(CXmlTextWriter& writer, bool includeDeclarati
                                    CXmlSerializationContext const& context) const {
     writer.SetFormatting(formatted);
     writer.SetEOLType(eol);
+    if (context.GetCheckWellFormed()) writer.WriteExactly();
     if (includeDeclaration) writer.WriteStartDocument(encoding);
-    ToXml_Int(&writer, true, GetTargetNamespace().c_str(), context, false);
+    WriteRoot(writer, Unprefixed::kIsDefault, context);
     if (includeDeclaration) writer.WriteEndDocument();
+}
+
+/// @param unprefixed what an element without prefix is in this format
+void CXmlObjectBase::WriteRoot(CXmlWriter& writer, Unprefixed unprefixed,
+                               CXmlSerializationContext const& context) const {
+    wstring const namespaceUri = GetTargetNamespace();
+    if (!context.GetCheckWellFormed()) return ToXml_Int(&writer, true, namespaceUri.c_str(), context, false);
+    CWellFormedWriter checked(writer, unprefixed);
+    ToXml_Int(&checked, true, namespaceUri.c_str(), context, false);
+    checked.TestEnd();
 }
 
 CBinaryData CXmlObjectBase::ToFastInfosetStream(FInfoDecl declaration,
@@ -71,7 +83,7 @@ CBinaryData CXmlObjectBase::ToFastInfosetStream(FInfoDecl declaration,
                                                 CompressionType compression) const {
     CFastInfosetWriter writer;
     writer.WriteStartDocument(declaration);
-    ToXml_Int(&writer, true, GetTargetNamespace().c_str(), context, false);
+    WriteRoot(writer, Unprefixed::kIsInNoNamespace, context);
     writer.WriteEndDocument();
     return writer.TakeBinaryData().CompressData(compression);
 }

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "core/FailurePlace.h"
+
 namespace BxXmlLib5 {
 
 CBxException::CBxException() = default;
@@ -49,7 +51,9 @@ CBxLocation CBxException::GetLocation() const {
 }
 
 void CBxException::SetLocation(CBxLocation const& location) {
-    m_place = new Place(location);
+    Place* const place = new Place;
+    m_place = place;
+    place->m_location = location;
 }
 
 wstring CBxException::GetReport(std::u16string_view source) const {

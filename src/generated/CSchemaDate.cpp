@@ -40,6 +40,8 @@ struct Parts {
     std::int64_t second = 0;
     std::u16string_view fraction;
     std::optional<std::int64_t> zone;  // minutes
+    bool isUtc = false;                // zone Z
+    bool isAsWritten = true;           // the literal is as CDateTime writes it, as all but a few are
 
     /// @param offset of the zone, in minutes
     Instant At(std::int64_t offset) const {
@@ -78,10 +80,14 @@ bool TakeTime(Scan& scan, Parts& parts) {
     auto const minute = scan.TakeTwoDigits(0, 59);
     if (!minute || !scan.Take(u':')) return false;
     auto const second = scan.TakeTwoDigits(0, 59);
-    if (!second || !scan.TakeFraction(parts.fraction)) return false;
+    if (!second) return false;
+    std::size_t const left = scan.Left();
+    if (!scan.TakeFraction(parts.fraction)) return false;
     parts.hour = *hour;
     parts.minute = *minute;
     parts.second = *second;
+    std::size_t const usual = parts.fraction.empty() ? 0 : parts.fraction.size() + 1;
+    parts.isAsWritten = *hour < 24 && left - scan.Left() == usual;
     return *hour < 24 || (*minute == 0 && *second == 0 && parts.fraction.empty());
 }
 
@@ -89,6 +95,7 @@ bool TakeZone(Scan& scan, Parts& parts) {
     if (scan.AtEnd()) return true;
     if (scan.Take(u'Z')) {
         parts.zone = 0;
+        parts.isUtc = true;
         return scan.AtEnd();
     }
     bool const isNegative = scan.Take(u'-');
@@ -98,6 +105,7 @@ bool TakeZone(Scan& scan, Parts& parts) {
     auto const minutes = scan.TakeTwoDigits(0, 59);
     if (!minutes || *hours * 60 + *minutes > kMostZone) return false;
     parts.zone = (isNegative ? -1 : 1) * (*hours * 60 + *minutes);
+    if (isNegative && parts.zone == 0) parts.isAsWritten = false;
     return scan.AtEnd();
 }
 
@@ -115,9 +123,10 @@ std::optional<Parts> ReadParts(CDateTime::DTType type, std::u16string_view liter
             if (!isThere) return std::nullopt;
         }
         // The first edition of the standard wrote months as "--MM--".
-        if (type == CDateTime::dt_gMonth && scan.Take(u'-') && !scan.Take(u'-')) {
-            // The hyphen was the sign of a zone.
-            scan = Scan(literal.substr(4));
+        if (type == CDateTime::dt_gMonth && scan.Take(u'-')) {
+            parts.isAsWritten = !scan.Take(u'-');
+            // A single hyphen was the sign of a zone.
+            if (parts.isAsWritten) scan = Scan(literal.substr(4));
         }
         if (!TakeZone(scan, parts)) return std::nullopt;
         return parts;
@@ -187,8 +196,7 @@ CSchemaDate::CSchemaDate(CDateTime const& value) : m_value(value), m_hasValue(tr
 CSchemaDate::CSchemaDate(CDateTime::DTType type, std::u16string_view text) : m_value(type) {
     auto parts = ReadParts(type, text);
     if (!parts) ThrowBadForm(text);
-    bool const isAtEndOfDay = parts->hour == 24;
-    if (isAtEndOfDay) MoveToNextDay(*parts, type);
+    if (parts->hour == 24) MoveToNextDay(*parts, type);
     m_hasValue = std::abs(parts->year) <= 9999 && parts->fraction.size() <= 9 &&
                  !IsNegativePartOfHour(parts->zone.value_or(0));
     if (!m_hasValue) {
@@ -196,21 +204,13 @@ CSchemaDate::CSchemaDate(CDateTime::DTType type, std::u16string_view text) : m_v
         return;
     }
     SetFields(m_value, type, *parts);
-    if (text.ends_with(u'Z')) {
+    if (parts->isUtc) {
         m_value.SetUTC();
     } else if (parts->zone) {
         m_value.SetTimeZone(static_cast<std::int16_t>(*parts->zone / 60),
                             static_cast<std::uint8_t>(std::abs(*parts->zone) % 60));
     }
-    // All but a few literals are as CDateTime writes them.
-    std::size_t const point = text.find(u'.');
-    bool const hasOneFraction =
-        point == text.npos
-            ? parts->fraction.empty()
-            : !parts->fraction.empty() && SkipDigits(text, point + 1) == point + 1 + parts->fraction.size();
-    bool const isAsWritten = !isAtEndOfDay && hasOneFraction && !text.ends_with(u"-00:00") &&
-                             !(type == CDateTime::dt_gMonth && text.substr(4).starts_with(u"--"));
-    if (!isAsWritten) m_text = KeptText(text);
+    if (!parts->isAsWritten) m_text = KeptText(text);
 }
 
 wstring CSchemaDate::GetText() const {

@@ -63,10 +63,7 @@ constexpr bool kIsOrdered =
 template <class V>
 std::partial_ordering Order(V const& a, V const& b) {
     // Zero may carry a sign, which the order of some sees.
-    if (a == b) return std::partial_ordering::equivalent;
-    return a < b   ? std::partial_ordering::less
-           : b < a ? std::partial_ordering::greater
-                   : std::partial_ordering::unordered;
+    return a == b ? std::partial_ordering::equivalent : std::partial_ordering(a <=> b);
 }
 
 /// The characters of a text; a pair of surrogates is one.

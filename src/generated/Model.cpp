@@ -156,6 +156,7 @@ Particle& Model::AddParticle(Row const& row, Class::Facts const& facts) {
     particle.blocked = row.derivation;
     particle.narrowed = row.narrowed;
     particle.name = OrEmpty(row.name);
+    if (row.kind == Row::Kind::Element && row.min == 0) particle.glance = GlanceAt(particle.name);
     if (row.place != nullptr) particle.model = &Property(row, particle.property);
     if (row.kind == Row::Kind::Any) {
         particle.constraint =
@@ -209,7 +210,7 @@ void Model::Finish(Particle& particle) {
     for (Particle const* const constMember : particle.members) {
         auto& member = const_cast<Particle&>(*constMember);
         Finish(member);
-        if (isChoice && member.property >= 0) {
+        if (isChoice && member.property >= 0 && !member.constraint) {
             for (Particle const* const other : particle.members) {
                 if (other == constMember) break;
                 if (other->property != member.property) continue;

@@ -1,6 +1,7 @@
 // The rows of a class, prepared for reading and writing.
 #pragma once
 
+#include <cstdint>
 #include <deque>
 #include <memory>
 #include <string_view>
@@ -37,6 +38,11 @@ struct PropertyModel {
     }
 };
 
+/// Tells most names apart: the size of one and its first unit. 0 for no name.
+inline std::uint32_t GlanceAt(std::u16string_view name) {
+    return name.empty() ? 0 : static_cast<std::uint32_t>(name.size()) << 16 | name[0];
+}
+
 /// An element, a wildcard or a group of the content.
 struct Particle {
     /// An element or wildcard that may come first, and the member that it belongs to.
@@ -46,6 +52,8 @@ struct Particle {
     };
 
     Row::Kind kind;
+    /// At the name of an element that may be missing; 0 for all else.
+    std::uint32_t glance = 0;
     int min = 1;
     int max = 1;
     bool canBeEmpty = false;

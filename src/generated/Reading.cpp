@@ -9,7 +9,9 @@
 #include "BxXmlLib5/core/FormatString.h"
 #include "BxXmlLib5/document/CXmlDocument.h"
 #include "BxXmlLib5/document/CXmlElement.h"
+#include "binding/IgnoredContent.h"
 #include "core/NestingDepth.h"
+#include "document/CFailurePlace.h"
 #include "generated/Expected.h"
 #include "generated/ObjectAccess.h"
 #include "generated/Untyped.h"
@@ -57,11 +59,7 @@ void Reading::Content(bool mayBeNil) {
         ThrowNil(m_element);
     }
     if (m_model.content != nullptr && !isNil) Read(*m_model.content);
-    if (m_child != nullptr && !m_skipsUnknown) {
-        throw CBxValidationException(FormatString(u"Unexpected element [%s] found in the element [%s]",
-                                                  m_child->GetLocalName().c_str(),
-                                                  m_element.GetLocalName().c_str()));
-    }
+    if (m_child != nullptr && !m_skipsUnknown) ThrowUnexpectedElement(*m_child, m_element);
     ReadText(isNil);
 }
 
@@ -76,16 +74,15 @@ std::u16string_view TextOrDefault(CXmlElement const& element, PropertyModel cons
 }  // namespace
 
 void Reading::ReadText(bool isNil) {
+    CTakenContent::TakeText(&m_element);
     bool const isSimple = m_model.text != nullptr && m_model.content == nullptr;
     std::u16string_view const text =
         isSimple && !isNil ? TextOrDefault(m_element, *m_model.text) : m_element.GetTextView();
     if ((!isSimple || isNil) && Trimmed(text).empty()) return;
     if (m_model.text != nullptr && !isNil) {
         ReadValue(m_object, *m_model.text, m_element.GetLocalName(), text, m_model.narrowedText);
-    } else if (!m_skipsUnknown) {
-        throw CBxValidationException(FormatString(u"Unexpected text [%s] found in the element [%s]",
-                                                  wstring(Trimmed(text)).c_str(),
-                                                  m_element.GetLocalName().c_str()));
+    } else if (!m_skipsUnknown || m_context.GetFailOnIgnoredContent()) {
+        ThrowUnexpectedText(m_element);
     }
 }
 
@@ -115,11 +112,11 @@ void Reading::Read(Particle const& particle) {
 
 void Reading::ReadElements(Particle const& particle) {
     int count = 0;
-    int const most = MostOf(particle);
+    int const most = particle.goesOn ? MostOf(particle) : particle.max;
     while (most < 0 || count < most) {
         if (m_skipsUnknown) SkipUnknown();
         if (!Matches(particle) && (count >= particle.min || !SkipTo(particle))) break;
-        ReadChild(particle);
+        ReadAt(m_child, [&] { ReadChild(particle); });
         m_child = m_child->GetNextSiblingElement();
         ++count;
     }
@@ -129,10 +126,10 @@ void Reading::ReadElements(Particle const& particle) {
     if (!isTolerated) ThrowMissing(particle);
 }
 
-/// How many elements of a run belong to this item, where the next one may begin with the same element: so many that
-/// what is left makes items too, and as many items as there must be.
+/// How many elements of a run belong to this item, for a particle with which the next one may begin too: so many
+/// that what is left makes items, and as many items as there must be.
 int Reading::MostOf(Particle const& particle) {
-    if (!particle.goesOn || m_round == nullptr || m_skipsUnknown) return particle.max;
+    if (m_round == nullptr || m_skipsUnknown) return particle.max;
     std::int64_t& run = m_round->run;
     if (run == 0) {
         for (CXmlElement* child = m_child;
@@ -170,24 +167,21 @@ void Reading::ReadItems(Particle const& particle) {
     }
 }
 
-/// Whether an element that may be missing is, as far as a glance tells: most of them are, in most objects.
-bool Reading::IsAbsent(Particle const& particle) const {
-    if (particle.kind != Row::Kind::Element || particle.min > 0 || m_skipsUnknown) return false;
-    if (m_child == nullptr) return true;
-    std::u16string_view const name = m_child->GetLocalName();
-    return name.size() != particle.name.size() || (!name.empty() && name[0] != particle.name[0]);
-}
-
 void Reading::ReadSequence(Particle const& sequence) {
     if (sequence.min == 0 && Started(sequence) == nullptr) return;
+    auto const glance = [this] { return m_child == nullptr ? 0 : GlanceAt(m_child->GetLocalName()); };
+    std::uint32_t next = glance();
     for (Particle const* const member : sequence.members) {
-        if (!IsAbsent(*member)) Read(*member);
+        // Most of the elements that may be missing are, in most objects.
+        if (member->glance != 0 && member->glance != next && !m_skipsUnknown) continue;
+        Read(*member);
+        next = glance();
     }
 }
 
 void Reading::ReadChoice(Particle const& choice) {
     int count = 0;
-    int const most = MostOf(choice);
+    int const most = choice.goesOn ? MostOf(choice) : choice.max;
     while (most < 0 || count < most) {
         Particle const* member = Started(choice);
         if (member == nullptr && count < choice.min && !choice.canBeEmpty && SkipTo(choice))
@@ -235,20 +229,14 @@ void Reading::ReadChild(Particle const& particle) {
 
 void ThrowIfNotSimple(CXmlElement const& element, bool mayBeNil, CXmlSerializationContext const& context,
                       Model const* type) {
-    if (CXmlElement const* const inside = element.GetFirstElement();
-        inside != nullptr && !context.GetIgnoreUnknownElements()) {
-        throw CBxValidationException(FormatString(u"Unexpected element [%s] found in the element [%s]",
-                                                  inside->GetLocalName().c_str(),
-                                                  element.GetLocalName().c_str()));
-    }
+    ThrowIfHasChildren(element, context);
     if (context.GetIgnoreUnknownAttributes()) return;
     for (CXmlAttribute const* const attribute : element.GetAttributes()) {
         bool const isNil =
             attribute->GetLocalName() == u"nil" && attribute->GetNamespaceURI() == kXsiNamespace;
         if (attribute->IsNamespaceAttribute() || (isNil && mayBeNil)) continue;
         if (type != nullptr && type->KnowsAttribute(*attribute, context.GetIgnoreNamespaces())) continue;
-        throw CBxValidationException(
-            FormatString(u"Unexpected Attribute [%s] found.", attribute->GetLocalName().c_str()));
+        ThrowUnexpectedAttribute(*attribute, element);
     }
 }
 
@@ -307,16 +295,19 @@ void ReadRootAs(CObject& root, CXmlElement& element, NamedType const& named,
 
 void Reading::ReadSimple(Particle const& particle) {
     PropertyModel const& property = *particle.model;
-    Set const& set = *m_model.type.GetFacts().set;
-    std::optional<NamedType> const named = NamedTypeOf(*m_child, set);
-    CSmartPtr<CObject> content;
     std::u16string_view const text = TextOrDefault(*m_child, property);
-    if (named)
-        content = ReadNamed(*m_child, text, false, *property.actions->type, *named, set, particle.blocked,
-                            m_context);
-    if (!content) ThrowIfNotSimple(*m_child, false, m_context);
+    if (!m_child->GetAttributes().empty()) {
+        Set const& set = *m_model.type.GetFacts().set;
+        if (auto const named = NamedTypeOf(*m_child, set)) {
+            CSmartPtr<CObject> content = ReadNamed(*m_child, text, false, *property.actions->type, *named,
+                                                   set, particle.blocked, m_context);
+            if (!content) ThrowIfNotSimple(*m_child, false, m_context);
+            ReadValue(m_object, property, particle.name, text, particle.narrowed);
+            return Keep(m_object, property, text, *named, std::move(content));
+        }
+    }
+    ThrowIfNotSimple(*m_child, false, m_context);
     ReadValue(m_object, property, particle.name, text, particle.narrowed);
-    if (named) Keep(m_object, property, text, *named, std::move(content));
 }
 
 CSmartPtr<CXmlObjectBase> Reading::ReadObject(Particle const& particle) {

@@ -53,7 +53,6 @@ private:
     CSmartPtr<CXmlObjectBase> ReadUntyped(Particle const& particle);
     void ReadText(bool isNil);
 
-    bool IsAbsent(Particle const& particle) const;
     bool Matches(Particle const& particle) const;
     Particle const* Started(Particle const& particle) const;
     bool IsKnown(CXmlElement const* child) const;

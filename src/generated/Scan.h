@@ -14,6 +14,7 @@ public:
     explicit Scan(std::u16string_view text) : m_rest(text) {}
 
     bool AtEnd() const { return m_rest.empty(); }
+    std::size_t Left() const { return m_rest.size(); }
     bool StartsWith(char16_t c) const { return m_rest.starts_with(c); }
     bool Take(char16_t c) {
         if (!StartsWith(c)) return false;
@@ -29,7 +30,7 @@ public:
 
     /// A number of two digits.
     std::optional<std::int64_t> TakeTwoDigits(std::int64_t least, std::int64_t most) {
-        if (SkipDigits(m_rest.substr(0, 2), 0) != 2) return std::nullopt;
+        if (m_rest.size() < 2 || !IsDigit(m_rest[0]) || !IsDigit(m_rest[1])) return std::nullopt;
         std::int64_t const number = (m_rest[0] - u'0') * 10 + (m_rest[1] - u'0');
         m_rest.remove_prefix(2);
         return number >= least && number <= most ? std::optional(number) : std::nullopt;

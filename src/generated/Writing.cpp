@@ -48,6 +48,12 @@ KeptTypes::Kept const* FindKept(CObject const& object, KeptTypes::Place place, i
     return types == nullptr ? nullptr : types->Find(place, index, text);
 }
 
+/// Whether an untyped element may stand for a particle.
+bool Fits(Particle const& particle, CElement const& element) {
+    if (particle.constraint) return particle.constraint->Admits(element.GetNamespace());
+    return element.GetName() == particle.name && element.GetNamespace() == particle.namespaceUri;
+}
+
 void WriteKept(KeptTypes::Kept const* kept, CXmlWriter* writer, CXmlSerializationContext const& context) {
     if (kept == nullptr) return;
     writer->WriteXsiType(kept->namespaceUri, kept->name);
@@ -258,9 +264,7 @@ void Writing::WriteObject(Particle const& particle, int index) {
 
 void Writing::WriteUntyped(Particle const& particle, int index) {
     auto& element = static_cast<CElement&>(*HeldBy(*particle.model, index));
-    if (particle.constraint
-            ? !particle.constraint->Admits(element.GetNamespace())
-            : element.GetName() != particle.name || element.GetNamespace() != particle.namespaceUri) {
+    if (!Fits(particle, element)) {
         return Refuse(FormatString(u"The element [%s] in the namespace [%s] does not fit [%s]",
                                    element.GetName().c_str(), element.GetNamespace().c_str(),
                                    particle.name.c_str()));
@@ -344,7 +348,7 @@ PropertySet const& Writing::Set() {
 bool Writing::IsSatisfied(Particle const& particle) {
     if (!particle.IsGroup()) {
         int const count = particle.model->CountToWrite(m_object, particle.min);
-        return (particle.canBeEmpty && count == 0) || particle.Admits(count);
+        return (particle.canBeEmpty && count == 0) || (particle.Admits(count) && FitAll(particle, count));
     }
     if (!IsSet(particle)) return particle.canBeEmpty;
     if (particle.kind == Row::Kind::Choice) {
@@ -355,6 +359,16 @@ bool Writing::IsSatisfied(Particle const& particle) {
     }
     for (Particle const* const member : particle.members) {
         if (!IsSatisfied(*member)) return false;
+    }
+    return true;
+}
+
+/// Whether all untyped elements of a property fit the particle: wildcards of several arms have one property.
+bool Writing::FitAll(Particle const& particle, int count) const {
+    Actions::Shape const shape = particle.model->actions->shape;
+    if (shape != Actions::Shape::AnyElement && shape != Actions::Shape::AnyElements) return true;
+    for (int i = 0; i < count; ++i) {
+        if (!Fits(particle, static_cast<CElement const&>(*HeldBy(*particle.model, i)))) return false;
     }
     return true;
 }

@@ -53,6 +53,7 @@ private:
     PropertySet const& Set();
     bool IsSet(Particle const& particle) { return Set().Meets(particle.properties); }
     bool IsSatisfied(Particle const& particle);
+    bool FitAll(Particle const& particle, int count) const;
     bool Covers(Particle const& member, Particle const& choice);
     Particle const* Chosen(Particle const& choice);
     Particle const* MemberFor(Particle const& choice, CObject const& object) const;

@@ -117,36 +117,62 @@ int CDecimal::PlacesLimit() {
     return std::clamp(m_maxDivider.load(std::memory_order_relaxed), 0, kMaxDecimalPlaces);
 }
 
+namespace {
+
+/// Moves past digits and appends them to a number.
+std::uint64_t TakeDigits(std::u16string_view text, std::size_t& at, std::uint64_t number) {
+    for (; at < text.size() && IsDigit(text[at]); ++at) number = number * 10 + (text[at] - u'0');
+    return number;
+}
+
+/// Whether a text is a sign and digits with a point among or beside them.
+bool IsLiteral(std::u16string_view text) {
+    std::size_t at = 0;
+    TakeSign(text, at);
+    text.remove_prefix(at);
+    std::size_t const whole = SkipDigits(text, 0);
+    if (whole == text.size()) return whole > 0;
+    return text[whole] == u'.' && text.size() > 1 && SkipDigits(text, whole + 1) == text.size();
+}
+
+}  // namespace
+
 /// Reads the form that nearly all texts have: a sign and few digits, with a point among or beside them.
 /// @return false if the text has another form or more places than the limit
 bool CDecimal::ParsePlain(std::u16string_view text, int limit) {
     constexpr std::size_t kMostUnits = 19;  // whose digits 64 bits hold
     std::size_t at = 0;
     bool const isNegative = TakeSign(text, at);
-    if (text.size() - at > kMostUnits) return false;
-    std::uint64_t scaled = 0;
-    std::size_t behindPoint = 0;
-    for (; at < text.size(); ++at) {
-        if (IsDigit(text[at])) {
-            scaled = scaled * 10 + (text[at] - u'0');
-        } else if (text[at] == u'.' && behindPoint == 0) {
-            behindPoint = at + 1;
-        } else {
-            return false;
-        }
+    std::size_t const units = text.size() - at;
+    if (units > kMostUnits) return false;
+    std::uint64_t scaled = TakeDigits(text, at, 0);
+    std::size_t places = 0;
+    if (at < text.size() && text[at] == u'.') {
+        if (units == 1) return false;
+        std::size_t const behindPoint = ++at;
+        scaled = TakeDigits(text, at, scaled);
+        places = at - behindPoint;
     }
-    if (scaled > INT64_MAX) return false;
+    if (at < text.size() || units == 0 || scaled > INT64_MAX) return false;
     auto const value = static_cast<std::int64_t>(scaled);
-    CDecimal number(isNegative ? -value : value, static_cast<int>(behindPoint == 0 ? 0 : at - behindPoint));
+    CDecimal number(isNegative ? -value : value, static_cast<int>(places));
     if (number.m_places > limit) return false;
     number.m_isMinusZero = isNegative && value == 0;
-    *this = std::move(number);
+    Swap(number);
     return true;
 }
 
 void CDecimal::Parse(std::u16string_view text) {
     int const limit = PlacesLimit();
     if (!ParsePlain(text, limit)) *this = CDecimal(CLongDecimal(text, limit));
+}
+
+std::optional<CDecimal> CDecimal::FromLiteral(std::u16string_view text) {
+    std::optional<CDecimal> value(std::in_place);
+    int const limit = PlacesLimit();
+    if (value->ParsePlain(text, limit)) return value;
+    if (!IsLiteral(text)) return std::nullopt;
+    return CDecimal(CLongDecimal(text, limit));
 }
 
 wstring CDecimal::ToString() const {

@@ -46,6 +46,19 @@ TEST(CDecimal, ReadsText) {
     EXPECT_EQ(Text(CDecimal(u"-1.5")) + Text(CDecimal(static_cast<char16_t const*>(nullptr))), "-1.50");
 }
 
+TEST(CDecimal, TakesLiteralsAlone) {
+    Values const values = {
+        {"+1.50", "1.5"}, {"-.5", "-0.5"}, {"5.", "5"}, {"12345678901234567890.5", "12345678901234567890.5"}};
+    for (auto const& [text, value] : values) {
+        std::optional<CDecimal> const read = CDecimal::FromLiteral(FromUtf8(text));
+        ASSERT_TRUE(read) << text;
+        EXPECT_EQ(Text(*read), value);
+    }
+    for (char const* text : {"", "-", ".", "+.", "-+1", "1.2.3", "1e2", " 1", "1 ", "12345678901234567890.5.",
+                             "12345678901234567890-", ".12345678901234567890x"})
+        EXPECT_FALSE(CDecimal::FromLiteral(FromUtf8(text))) << text;
+}
+
 TEST(CDecimal, ReadsExponents) {
     Values const values = {{"1.5E+", "1.5"},      {"-0e-", "-0"},      {"12.345e1", "123.45"},
                            {"1.2e \t+3", "1200"}, {"1e+ -2", "0.01"},  {"-12.5e-3", "-0.0125"},

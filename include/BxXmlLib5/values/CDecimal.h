@@ -59,6 +59,10 @@ public:
     explicit CDecimal(std::u16string_view text);
     /// @}
 
+    /// The value of a literal of the type: a sign, and digits with a point among or beside them.
+    /// @return none for any other text
+    static std::optional<CDecimal> FromLiteral(std::u16string_view text);
+
     /// Copies the value.
     CDecimal(CDecimal const& other)
         : m_number(other.m_number), m_places(other.m_places), m_isMinusZero(other.m_isMinusZero) {

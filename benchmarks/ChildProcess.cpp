@@ -1,9 +1,10 @@
-#include "PeakMemory.h"
+#include "ChildProcess.h"
 
 #include <malloc.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <ctime>
 #include <fstream>
 #include <string>
 
@@ -20,26 +21,34 @@ std::size_t Status(std::string const& key) {
     return 0;
 }
 
+double ProcessorTime() {
+    timespec time{};
+    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
+    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
+}
+
 }  // namespace
 
-std::size_t PeakMemoryOf(std::function<void()> const& work) {
+Taken RunInChild(std::function<void()> const& work) {
     malloc_trim(0);
     int ends[2];
-    if (pipe(ends) != 0) return 0;
+    if (pipe(ends) != 0) return {};
     pid_t const child = fork();
     if (child == 0) {
         std::size_t const before = Status("VmRSS");
+        double const start = ProcessorTime();
         work();
-        std::size_t const rise = Status("VmHWM") - before;
-        bool const written = write(ends[1], &rise, sizeof rise) == sizeof rise;
+        double const seconds = ProcessorTime() - start;
+        Taken const taken{Status("VmHWM") - before, seconds};
+        bool const written = write(ends[1], &taken, sizeof taken) == sizeof taken;
         _exit(written ? 0 : 1);
     }
     close(ends[1]);
-    std::size_t rise = 0;
-    if (child < 0 || read(ends[0], &rise, sizeof rise) != sizeof rise) rise = 0;
+    Taken taken;
+    if (child < 0 || read(ends[0], &taken, sizeof taken) != sizeof taken) taken = {};
     close(ends[0]);
     if (child > 0) waitpid(child, nullptr, 0);
-    return rise;
+    return taken;
 }
 
 }  // namespace BxBench
