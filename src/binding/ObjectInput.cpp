@@ -6,7 +6,7 @@
 #include "BxXmlLib5/document/CXmlDocument.h"
 #include "BxXmlLib5/values/CBinaryData.h"
 #include "binding/IgnoredContent.h"
-#include "document/CFailurePlace.h"
+#include "document/ReadPlace.h"
 
 namespace BxXmlLib5 {
 

@@ -19,7 +19,7 @@
 #include "core/Limits.h"
 #include "core/NestingDepth.h"
 #include "core/NeverDestroyed.h"
-#include "document/CFailurePlace.h"
+#include "document/ReadPlace.h"
 #include "platform/TextView.h"
 
 namespace BxXmlLib5 {
