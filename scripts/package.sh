@@ -21,6 +21,7 @@ ls build/package/*.deb
 root=$(mktemp -d)
 trap 'rm -rf "$root"' EXIT
 inside() { chroot "$root" env -i PATH=/usr/sbin:/usr/bin:/sbin:/bin HOME=/root DEBIAN_FRONTEND=noninteractive "$@"; }
+package() { basename build/package/"$1"_*.deb; }
 install() { quietly inside apt-get install --yes --no-install-recommends "$@"; }
 
 echo "Installing the packages in a fresh root ..."
@@ -29,7 +30,7 @@ cp build/package/*.deb examples/gpx/data/track.gpx "$root/tmp"
 cp -r tests/consumer "$root/tmp"
 
 # What they depend on is all that the tools have there.
-install /tmp/libbxxmllib5_*.deb /tmp/bxxmllib5-tools_*.deb
+install "/tmp/$(package libbxxmllib5)" "/tmp/$(package bxxmllib5-tools)"
 inside bxgen --version
 inside bxconvert --version
 inside bxconvert --to finf --compress gzip /tmp/track.gpx -o /tmp/track.finf.gz
@@ -39,7 +40,7 @@ for file in man/man1/bxgen.1.gz man/man1/bxconvert.1.gz bash-completion/completi
     test -s "$root/usr/share/$file" || { echo "$file is not installed." >&2; exit 1; }
 done
 
-install g++ cmake make pkgconf /tmp/libbxxmllib5-dev_*.deb
+install g++ cmake make pkgconf "/tmp/$(package libbxxmllib5-dev)"
 inside pkg-config --print-errors --exists bxxmllib5
 inside env CXXFLAGS=-O0 cmake -S /tmp/consumer -B /tmp/build -DCMAKE_BUILD_TYPE=None >/dev/null
 quietly inside cmake --build /tmp/build --target consumer
