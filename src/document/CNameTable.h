@@ -29,9 +29,10 @@ public:
     void Clear();
 
 private:
-    CNodePool<wstring> m_texts;
+    CBlockStore m_blocks;
+    CNodePool<wstring> m_texts{m_blocks};
     CHashIndex<wstring> m_textIndex;
-    CNodePool<CXmlName> m_names;
+    CNodePool<CXmlName> m_names{m_blocks};
     CHashIndex<CXmlName> m_nameIndex;            // by the addresses of their parts
     std::array<CXmlName const*, 64> m_recent{};  // by a number made of the local name, to be looked at first
 };

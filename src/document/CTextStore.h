@@ -6,11 +6,16 @@
 #include <string_view>
 #include <vector>
 
+#include "document/CBlockStore.h"
+
 namespace BxXmlLib5 {
 
 /// Texts that die together. Their addresses stay.
 class CTextStore {
 public:
+    /// @param blocks where the texts lie; to be cleared together with this store
+    explicit CTextStore(CBlockStore& blocks) : m_store(blocks) {}
+
     /// A copy of the text, which lives until Clear().
     std::u16string_view Add(std::u16string_view text);
 
@@ -22,7 +27,8 @@ public:
     void Clear();
 
 private:
-    std::vector<std::unique_ptr<char16_t[]>> m_blocks;
+    CBlockStore& m_store;
+    std::vector<std::unique_ptr<char16_t[]>> m_largeTexts;
     std::unique_ptr<char16_t[]> m_largeRoom;  // that Reserve gave outside of a block
     char16_t* m_next = nullptr;
     std::size_t m_left = 0;
