@@ -91,10 +91,11 @@ void WriteGpx(benchmark::State& state) {
     }
 }
 
-void WriteUtf8(benchmark::State& state, std::string const& input, bool formatted) {
+void WriteUtf8(benchmark::State& state, std::string const& input, bool formatted, bool checked = false) {
     Gpx::CGpx gpx;
     Read(gpx, input);
-    CXmlSerializationContext const context = gpx.WritingContext();
+    CXmlSerializationContext context = gpx.WritingContext();
+    context.SetCheckWellFormed(checked);
     for (auto _ : state) {
         CBinaryData const document = gpx.ToXmlStream(true, formatted, enc_UTF8, eol_LF, context, cmp_None);
         benchmark::DoNotOptimize(document.GetData());
@@ -103,6 +104,9 @@ void WriteUtf8(benchmark::State& state, std::string const& input, bool formatted
 
 void WriteGpxUtf8(benchmark::State& state) {
     WriteUtf8(state, Input(state), false);
+}
+void WriteGpxUtf8Checked(benchmark::State& state) {
+    WriteUtf8(state, Input(state), false, true);
 }
 void WriteGpxUtf8Formatted(benchmark::State& state) {
     WriteUtf8(state, Input(state), true);
@@ -151,6 +155,7 @@ BX_GPX_BENCHMARK(LoadFastInfosetTreeInThreads)->Arg(1)->Arg(2)->UseRealTime();
 BX_GPX_BENCHMARK(ReadFastInfosetGpxInThreads)->Arg(1)->Arg(2)->UseRealTime();
 BX_GPX_BENCHMARK(WriteGpx)->Arg(10);
 BX_GPX_BENCHMARK(WriteGpxUtf8)->Arg(10);
+BX_GPX_BENCHMARK(WriteGpxUtf8Checked)->Arg(10);
 BX_GPX_BENCHMARK(WriteGpxUtf8Formatted)->Arg(10);
 BX_GPX_BENCHMARK(WriteFastInfosetGpx)->Arg(10);
 BENCHMARK(MessageFloor)->Repetitions(5);
@@ -165,6 +170,7 @@ Aims const s_aims({
     {"ReadFastInfosetGpx/10", "Floor/10", 0.85},
     {"WriteGpx/10", "Floor/10", 0},
     {"WriteGpxUtf8/10", "Floor/10", 0.9},
+    {"WriteGpxUtf8Checked/10", "Floor/10", 1.0},
     {"WriteGpxUtf8Formatted/10", "Floor/10", 1.0},
     {"WriteFastInfosetGpx/10", "Floor/10", 0.8},
     {"ReadGpxMessage", "MessageFloor", 1.9},

@@ -28,7 +28,7 @@ public:
 
     CBlockStore m_blocks;
     CNameTable m_names;
-    CTextStore m_texts{m_blocks};
+    CTextStore m_texts;
     CNodePool<CXmlElement> m_elements{m_blocks};
     CNodePool<CXmlAttribute> m_attributes{m_blocks};
     CNodePool<std::vector<CXmlAttribute*>> m_attributeLists{m_blocks};

@@ -16,13 +16,14 @@ char16_t* CTextStore::Reserve(std::size_t size) {
         // Blocks grow, so that a small document stays small. A text that would fill half a block gets one of
         // its own.
         constexpr std::size_t kFirst = 256;
-        constexpr std::size_t kLargest = CBlockStore::kLargest / sizeof(char16_t);
+        constexpr std::size_t kLargest = 128 * 1024;
         m_blockSize = std::clamp(m_blockSize * 2, kFirst, kLargest);
         if (size > m_blockSize / 2) {
             m_largeRoom = std::make_unique_for_overwrite<char16_t[]>(size);
             return m_largeRoom.get();
         }
-        m_next = static_cast<char16_t*>(m_store.Allocate(m_blockSize * sizeof(char16_t)));
+        m_blocks.push_back(std::make_unique_for_overwrite<char16_t[]>(m_blockSize));
+        m_next = m_blocks.back().get();
         m_left = m_blockSize;
     }
     return m_next;
@@ -30,8 +31,8 @@ char16_t* CTextStore::Reserve(std::size_t size) {
 
 std::u16string_view CTextStore::Keep(std::size_t size) {
     if (m_largeRoom) {
-        m_largeTexts.push_back(std::move(m_largeRoom));
-        return {m_largeTexts.back().get(), size};
+        m_blocks.push_back(std::move(m_largeRoom));
+        return {m_blocks.back().get(), size};
     }
     std::u16string_view const text(m_next, size);
     m_next += size;
@@ -40,11 +41,19 @@ std::u16string_view CTextStore::Keep(std::size_t size) {
 }
 
 void CTextStore::Clear() {
-    m_largeTexts.clear();
+    m_blocks.clear();
     m_largeRoom.reset();
     m_next = nullptr;
     m_left = 0;
     m_blockSize = 0;
+}
+
+void CTextStore::Empty() {
+    bool const isOneBlock = m_blocks.size() == 1 && m_next != nullptr;
+    if (!isOneBlock) return Clear();
+    m_largeRoom.reset();
+    m_left += static_cast<std::size_t>(m_next - m_blocks[0].get());
+    m_next = m_blocks[0].get();
 }
 
 }  // namespace BxXmlLib5

@@ -6,16 +6,11 @@
 #include <string_view>
 #include <vector>
 
-#include "document/CBlockStore.h"
-
 namespace BxXmlLib5 {
 
 /// Texts that die together. Their addresses stay.
 class CTextStore {
 public:
-    /// @param blocks where the texts lie; to be cleared together with this store
-    explicit CTextStore(CBlockStore& blocks) : m_store(blocks) {}
-
     /// A copy of the text, which lives until Clear().
     std::u16string_view Add(std::u16string_view text);
 
@@ -25,10 +20,11 @@ public:
     std::u16string_view Keep(std::size_t size);
 
     void Clear();
+    /// The same, but some room is kept for the texts that come next.
+    void Empty();
 
 private:
-    CBlockStore& m_store;
-    std::vector<std::unique_ptr<char16_t[]>> m_largeTexts;
+    std::vector<std::unique_ptr<char16_t[]>> m_blocks;
     std::unique_ptr<char16_t[]> m_largeRoom;  // that Reserve gave outside of a block
     char16_t* m_next = nullptr;
     std::size_t m_left = 0;

@@ -3,9 +3,9 @@
 #include <algorithm>
 
 #include "BxXmlLib5/core/CBxException.h"
-#include "BxXmlLib5/core/FormatString.h"
 #include "document/CDocumentBuilder.h"
 #include "document/CExpatReader.h"
+#include "document/COctetSource.h"
 #include "document/Inflate.h"
 #include "document/InputLimits.h"
 #include "fastinfoset/CFastInfosetReader.h"
@@ -32,15 +32,12 @@ private:
 
 Buffer ReadFile(std::u16string_view path) {
     CInputFile file(path);
-    auto const fail = [&](char16_t const* format) {
-        throw CBxException(FormatString(format, wstring(path).c_str(), file.Error()));
-    };
-    if (!file.IsOpen()) fail(u"Failed to open the file [%s] Error [0x%08x]");
+    if (!file.IsOpen()) ThrowFileError(kCannotOpen, path, file);
     auto const size = file.Size();
-    if (!size) fail(u"Failed to get the size of the file [%s] Error [0x%08x]");
+    if (!size) ThrowFileError(u"Failed to get the size of the file [%s] Error [0x%08x]", path, file);
     ThrowIfInputTooLarge(*size);
     Buffer buffer(*size);
-    if (!file.Read(buffer.Octets())) fail(u"Failed to read the contents of the file [%s] Error [0x%08x]");
+    if (!file.Read(buffer.Octets())) ThrowFileError(kCannotRead, path, file);
     return buffer;
 }
 
@@ -105,10 +102,11 @@ void CXmlDocument::Parse(std::span<unsigned char const> input, bool isText) {
     auto const inflated = isText ? std::nullopt : Inflate(input);
     auto const octets = inflated ? std::span<unsigned char const>(*inflated) : input;
     m_isCompressed = inflated.has_value();
-    CDocumentBuilder builder(*this, *m_nodes);
+    CDocumentBuilder builder(*this, *m_nodes, CDocumentBuilder::kTextsAreKept);
+    DocumentMemory const memory{m_nodes->m_names, m_nodes->m_texts, true};
     try {
-        m_isFastInfoset = !isText && CFastInfosetReader(builder).Parse(octets);
-        if (!m_isFastInfoset) CExpatReader(builder, m_schemaType).Parse(octets);
+        m_isFastInfoset = !isText && CFastInfosetReader(builder, memory).Parse(octets);
+        if (!m_isFastInfoset) CExpatReader(builder, memory, m_schemaType, {.m_lines = true}).Parse(octets);
     } catch (...) {
         m_documentElement = builder.CloseAllElements();
         throw;
@@ -117,7 +115,7 @@ void CXmlDocument::Parse(std::span<unsigned char const> input, bool isText) {
     m_documentElement = builder.CloseAllElements();
     if (m_documentElement == nullptr) {
         Cleanup();
-        throw CBxException(u"Invalid or empty XML document");
+        ThrowNoRoot();
     }
 }
 

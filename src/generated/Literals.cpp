@@ -12,6 +12,8 @@
 #include "BxXmlLib5/values/CConversions.h"
 #include "generated/Scan.h"
 #include "platform/TextView.h"
+#include "platform/Utf.h"
+#include "platform/XmlCharacters.h"
 #include "values/NumberText.h"
 
 namespace BxXmlLib5::Generated {
@@ -59,45 +61,20 @@ bool IsBase64Digit(char16_t c) {
     return IsLetter(c) || IsDigit(c) || c == u'+' || c == u'/';
 }
 
-bool IsNameStart(char32_t c) {
-    if (c < 0x80) return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' || c == ':';
-    return (c >= 0xC0 && c <= 0x2FF && c != 0xD7 && c != 0xF7) || (c >= 0x370 && c <= 0x1FFF && c != 0x37E) ||
-           (c >= 0x200C && c <= 0x200D) || (c >= 0x2070 && c <= 0x218F) || (c >= 0x2C00 && c <= 0x2FEF) ||
-           (c >= 0x3001 && c <= 0xD7FF) || (c >= 0xF900 && c <= 0xFDCF) || (c >= 0xFDF0 && c <= 0xFFFD) ||
-           (c >= 0x10000 && c <= 0xEFFFF);
-}
-
-bool IsNameCharacter(char32_t c) {
-    return IsNameStart(c) || (c >= '0' && c <= '9') || c == '-' || c == '.' || c == 0xB7 ||
-           (c >= 0x300 && c <= 0x36F) || (c >= 0x203F && c <= 0x2040);
-}
-
-/// Takes a character from the front of a text that is not empty.
-char32_t TakeCharacter(std::u16string_view& text) {
-    char32_t c = text[0];
-    text.remove_prefix(1);
-    if (c >= 0xD800 && c <= 0xDBFF && !text.empty() && text[0] >= 0xDC00 && text[0] <= 0xDFFF) {
-        c = 0x10000 + ((c - 0xD800) << 10) + (static_cast<char32_t>(text[0]) - 0xDC00);
-        text.remove_prefix(1);
-    }
-    return c;
-}
-
 }  // namespace
 
 namespace Xs {
 
 bool IsNmtoken(std::u16string_view text) {
-    if (text.empty()) return false;
-    while (!text.empty()) {
-        if (!IsNameCharacter(TakeCharacter(text))) return false;
+    for (std::size_t at = 0; at < text.size();) {
+        if (!IsNameCharacter(Utf::Next(text, at))) return false;
     }
-    return true;
+    return !text.empty();
 }
 
 bool IsName(std::u16string_view text) {
-    std::u16string_view rest = text;
-    return !text.empty() && IsNameStart(TakeCharacter(rest)) && IsNmtoken(text);
+    std::size_t at = 0;
+    return !text.empty() && IsNameStart(Utf::Next(text, at)) && IsNmtoken(text);
 }
 
 bool IsNCName(std::u16string_view text) {

@@ -210,7 +210,7 @@ void Model::Finish(Particle& particle) {
     for (Particle const* const constMember : particle.members) {
         auto& member = const_cast<Particle&>(*constMember);
         Finish(member);
-        if (isChoice && member.property >= 0) {
+        if (isChoice && member.property >= 0 && !member.constraint) {
             for (Particle const* const other : particle.members) {
                 if (other == constMember) break;
                 if (other->property != member.property) continue;

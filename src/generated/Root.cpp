@@ -5,9 +5,9 @@
 #include "BxXmlLib5/document/CXmlDocument.h"
 #include "BxXmlLib5/generated/BuiltInTypes.h"
 #include "BxXmlLib5/values/CBinaryData.h"
+#include "document/RootElement.h"
 #include "generated/ForeignNamespaces.h"
 #include "generated/ObjectAccess.h"
-#include "generated/RootElement.h"
 #include "platform/StandardNamespaces.h"
 
 namespace BxXmlLib5::Generated {
@@ -17,6 +17,10 @@ namespace {
 void FromDocument(CObject& root, CXmlDocument const& document, CXmlSerializationContext const& context) {
     CXmlSerializationContext own(context);
     root.FromXmlElement(RootElement(document), own);
+}
+
+CBinaryData Written(CObject const& root, Layout layout, CXmlSerializationContext const& context) {
+    return root.ToXmlStream(true, layout == Layout::Indented, enc_UTF8, eol_LF, context, cmp_None);
 }
 
 }  // namespace
@@ -35,13 +39,11 @@ void ParseRoot(CObject& root, std::string_view octets, CXmlSerializationContext 
 
 void SaveRoot(CObject const& root, std::string_view path, Layout layout,
               CXmlSerializationContext const& context) {
-    root.ToXmlFile(FromUtf8(path).c_str(), true, layout == Layout::Indented, enc_UTF8, eol_LF, context,
-                   cmp_None);
+    Written(root, layout, context).SaveTo(path);
 }
 
 std::string RootText(CObject const& root, Layout layout, CXmlSerializationContext const& context) {
-    CBinaryData const octets =
-        root.ToXmlStream(true, layout == Layout::Indented, enc_UTF8, eol_LF, context, cmp_None);
+    CBinaryData const octets = Written(root, layout, context);
     return {reinterpret_cast<char const*>(octets.GetData()), octets.GetLength()};
 }
 

@@ -15,6 +15,12 @@ constexpr std::uint64_t UnitsBelow(std::uint64_t units, char16_t bound) {
     return (units - kEachUnit * bound) & ~units & (kEachUnit * 0x8000);
 }
 
+/// Whether one is at a bound of at least 0x8000, or above. Not 0 if so.
+constexpr std::uint64_t UnitsFrom(std::uint64_t units, char16_t bound) {
+    std::uint64_t const rest = units & (kEachUnit * 0x7FFF);
+    return (rest + kEachUnit * (0x10000u - bound)) & units & (kEachUnit * 0x8000);
+}
+
 /// Whether a search finds something in a text.
 /// @param find given four units, gives 0 if it finds nothing; and finds nothing in units of 0x30
 template <class Find>

@@ -17,18 +17,19 @@ constexpr std::size_t kChunkSize = 0xFFFF;
 /// Of a chunk that is converted and used again: it stays in the fastest memory.
 constexpr std::size_t kConvertedChunkSize = 4096;
 
-/// What AppendEscaped() does not copy as it stands.
-constexpr std::u16string_view kSpecial = u"&<>\"\r\n";
-
-constexpr auto kIsSpecial = [] {
+/// The units that are replaced.
+constexpr auto TableOf(std::u16string_view special) {
     std::array<bool, 64> table{};
-    for (char16_t const c : kSpecial) table[c] = true;
+    for (char16_t const c : special) table[c] = true;
     return table;
-}();
-
-bool IsSpecial(char16_t c) {
-    return c < kIsSpecial.size() && kIsSpecial[c];
 }
+
+constexpr auto kInContent = TableOf(u"&<>\"\r\n");
+constexpr auto kInExactValue = TableOf(u"&<>\"\r\n\t");
+
+/// What looks for the units of a table.
+template <auto const& kTable>
+constexpr auto kIsIn = [](char16_t c) { return c < kTable.size() && kTable[c]; };
 
 std::u16string_view Replacement(char16_t special, EOLType eolType) {
     switch (special) {
@@ -44,6 +45,20 @@ std::u16string_view Replacement(char16_t special, EOLType eolType) {
             return LineEnd(eolType);
         default:
             return {};  // CR
+    }
+}
+
+/// Line ends and tabs, which an XML processor would normalise (XML 1.0, 2.11 and 3.3.3).
+std::u16string_view ExactReplacement(char16_t special) {
+    switch (special) {
+        case u'\r':
+            return u"&#13;";
+        case u'\n':
+            return u"&#10;";
+        case u'\t':
+            return u"&#9;";
+        default:
+            return Replacement(special, eol_LF);
     }
 }
 
@@ -66,15 +81,30 @@ void CStringBuffer::Append(std::size_t count, char16_t c) {
     for (; count > 0; --count) Append(c);
 }
 
-void CStringBuffer::AppendEscaped(std::u16string_view text, EOLType eolType) {
+template <class IsSpecial, class Replacement>
+void CStringBuffer::AppendReplaced(std::u16string_view text, IsSpecial isSpecial, Replacement replacement) {
     for (;;) {
-        auto const special = std::find_if(text.begin(), text.end(), IsSpecial);
+        auto const special = std::find_if(text.begin(), text.end(), isSpecial);
         auto const plain = static_cast<std::size_t>(special - text.begin());
         Append(text.substr(0, plain));
         if (plain == text.size()) return;
-        Append(Replacement(*special, eolType));
+        Append(replacement(*special));
         text.remove_prefix(plain + 1);
     }
+}
+
+void CStringBuffer::AppendEscaped(std::u16string_view text, EOLType eolType) {
+    AppendReplaced(text, kIsIn<kInContent>, [eolType](char16_t c) { return Replacement(c, eolType); });
+}
+
+void CStringBuffer::AppendExactContent(std::u16string_view text, EOLType eolType) {
+    AppendReplaced(text, kIsIn<kInContent>, [eolType](char16_t c) {
+        return c == u'\r' ? ExactReplacement(c) : Replacement(c, eolType);
+    });
+}
+
+void CStringBuffer::AppendExactValue(std::u16string_view value) {
+    AppendReplaced(value, kIsIn<kInExactValue>, ExactReplacement);
 }
 
 void CStringBuffer::AppendAcrossChunks(std::u16string_view text) {

@@ -39,6 +39,11 @@ public:
     /// @throws CBxException at an LF if eolType is not one of the two
     void AppendEscaped(std::u16string_view text, EOLType eolType);
 
+    /// The same, but so that a parser gives back what was appended: a character reference stands for each CR of
+    /// content, and for each CR, LF and tab of the value of an attribute.
+    void AppendExactContent(std::u16string_view text, EOLType eolType);
+    void AppendExactValue(std::u16string_view value);
+
     void Clear();
 
     /// To be called first where the text is wanted as UTF-8 alone. TakeUtf8() gives it then and nothing else, and
@@ -73,6 +78,8 @@ private:
         std::size_t m_capacity;  // all of it is used, but in the last chunk
     };
 
+    template <class IsSpecial, class Replacement>
+    void AppendReplaced(std::u16string_view text, IsSpecial isSpecial, Replacement replacement);
     void AppendAcrossChunks(std::u16string_view text);
     void StartChunk();
     void ConvertChunk();

@@ -49,7 +49,11 @@ CBinaryData CXmlTextWriter::TakeBinaryData(XmlEncoding encoding) {
 void CXmlTextWriter::WriteComment(wstring const& text) {
     CloseStartTag();
     m_buffer.Append(u"<!--");
-    m_buffer.AppendEscaped(text, m_eolType);
+    if (m_isExact) {
+        m_buffer.Append(text);
+    } else {
+        m_buffer.AppendEscaped(text, m_eolType);
+    }
     m_buffer.Append(u"-->");
     m_buffer.Append(m_eol);
 }
@@ -102,7 +106,11 @@ void CXmlTextWriter::WriteAttribute(wstring const& name, wstring const& namespac
         m_buffer.Append(name);
     }
     m_buffer.Append(u"=\"");
-    m_buffer.AppendEscaped(value, m_eolType);
+    if (m_isExact) {
+        m_buffer.AppendExactValue(value);
+    } else {
+        m_buffer.AppendEscaped(value, m_eolType);
+    }
     m_buffer.Append(u'"');
 }
 
@@ -122,7 +130,11 @@ void CXmlTextWriter::WriteText(wstring const& text) {
         element.m_startTagOpen = false;
         m_buffer.Append(u'>');
     }
-    m_buffer.AppendEscaped(text, m_eolType);
+    if (m_isExact) {
+        m_buffer.AppendExactContent(text, m_eolType);
+    } else {
+        m_buffer.AppendEscaped(text, m_eolType);
+    }
 }
 
 void CXmlTextWriter::WriteEndElement() {

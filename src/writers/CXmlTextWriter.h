@@ -23,6 +23,10 @@ public:
     /// @throws CBxException for a type that is not one of the two; nothing changes
     void SetEOLType(EOLType eolType);
 
+    /// Keeps what a parser would not give back otherwise: line ends and tabs of attribute values and CR in text
+    /// become character references, and comments stay as they are.
+    void WriteExactly() { m_isExact = true; }
+
     /// Begins anew, with an XML declaration.
     void WriteStartDocument(XmlEncoding encoding);
 
@@ -62,6 +66,7 @@ private:
     std::u16string_view m_eol = u"\n";
     EOLType m_eolType = eol_LF;
     bool m_formatting = true;
+    bool m_isExact = false;
     XmlEncoding m_encoding = enc_Unspecified;
 };
 

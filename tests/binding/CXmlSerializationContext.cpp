@@ -10,10 +10,10 @@ namespace {
 
 #define FLAG(name) std::pair(&Context::Get##name, &Context::Set##name)
 std::pair<bool (Context::*)() const, void (Context::*)(bool)> const kFlags[] = {
-    FLAG(IgnoreUnknownAttributes),         FLAG(IgnoreUnknownElements),
-    FLAG(IgnoreMissingMandatoryElements),  FLAG(IgnoreMissingChoice),
-    FLAG(IgnoreInvalidCollectionCounts),   FLAG(IgnoreNamespaces),
-    FLAG(NoOptionalAttributeDefaultOutput)};
+    FLAG(IgnoreUnknownAttributes),          FLAG(IgnoreUnknownElements),
+    FLAG(IgnoreMissingMandatoryElements),   FLAG(IgnoreMissingChoice),
+    FLAG(IgnoreInvalidCollectionCounts),    FLAG(IgnoreNamespaces),
+    FLAG(NoOptionalAttributeDefaultOutput), FLAG(CheckWellFormed)};
 #undef FLAG
 
 /// All settings but the additional attributes; first a digit for each of kFlags.
@@ -29,7 +29,7 @@ std::string Settings(Context const& context) {
     return settings;
 }
 
-std::string const kNone = "0000000 0  ";
+std::string const kNone = std::string(std::size(kFlags), '0') + " 0  ";
 // Runs before main, in whatever order the linker chose.
 std::string const kDefaultBeforeMain = Settings(Context::GetDefaultContext());
 
@@ -90,7 +90,8 @@ TEST(CXmlSerializationContext, CopiesAllButTheAdditionalRootAttributesByValue) {
     source.SetInLineSchema(nullptr);
     EXPECT_EQ(Settings(source), kNone);
     EXPECT_EQ(source.GetAdditionalRootAttributes(), attributes);
-    EXPECT_EQ(Settings(copy), "1011111 5 default <schema/> <?a?> <?b?> p:P");
+    EXPECT_EQ(Settings(copy),
+              "10" + std::string(std::size(kFlags) - 2, '1') + " 5 default <schema/> <?a?> <?b?> p:P");
     EXPECT_EQ(Settings(assigned), Settings(copy));
     EXPECT_EQ(copy.GetAdditionalRootAttributes()->GetCount(), 1);
 }

@@ -17,7 +17,6 @@ std::string const kNoRoot = " => Invalid or empty XML document";
 std::string const kInvalidToken = " => not well-formed (invalid token) at line 1";
 std::string const kWrongEncoding = " => encoding specified in XML declaration is incorrect at line 1";
 constexpr char const* kTooLarge = "The document has more than 2147483647 octets, which is the limit";
-constexpr int kGZip = 31, kZLib = 15;
 
 std::string Declared(std::string const& encoding, std::string const& text) {
     return "<?xml version='1.0' encoding='" + encoding + "'?><a>" + text + "</a>";
@@ -32,23 +31,6 @@ std::string Utf16(std::string const& text, bool lowOctetFirst) {
         octets += static_cast<char>(lowOctetFirst ? unit >> 8 : unit & 0xFF);
     }
     return octets;
-}
-
-std::string Deflate(std::string content, int windowBits, std::string dictionary = {}) {
-    auto const octets = [](std::string& text) { return reinterpret_cast<Bytef*>(text.data()); };
-    z_stream stream{};
-    deflateInit2(&stream, 1, Z_DEFLATED, windowBits, 8, Z_DEFAULT_STRATEGY);
-    if (!dictionary.empty())
-        deflateSetDictionary(&stream, octets(dictionary), static_cast<uInt>(dictionary.size()));
-    std::string output(deflateBound(&stream, content.size()), '\0');
-    stream.next_in = octets(content);
-    stream.avail_in = static_cast<uInt>(content.size());
-    stream.next_out = octets(output);
-    stream.avail_out = static_cast<uInt>(output.size());
-    EXPECT_EQ(deflate(&stream, Z_FINISH), Z_STREAM_END);
-    output.resize(stream.total_out);
-    deflateEnd(&stream);
-    return output;
 }
 
 struct CountingDocument : CXmlDocument {

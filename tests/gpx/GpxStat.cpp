@@ -70,7 +70,7 @@ TEST_F(GpxStat, Failures) {
         return Ending{2, "", "gpxstat: " + message + ". Try 'gpxstat --help'.\n"};
     };
     std::string const noRoot =
-        "gpxstat: k.gpx: The root is the element [kml] in the namespace [], it must be [gpx] in "
+        "gpxstat: k.gpx:1: /kml: The root is the element [kml] in the namespace [], it must be [gpx] in "
         "[http://www.topografix.com/GPX/1/1]\n";
     Row const rows[] = {
         {"gpxstat", usage("FILE is missing")},

@@ -1,5 +1,6 @@
 // The examples of docs/users-guide.md, in its order.
 
+#include <limits>
 #include <sstream>
 #include <thread>
 
@@ -67,21 +68,28 @@ TEST_F(Guide, WritingAndReading) {
 
 TEST_F(Guide, DocumentsWithoutAClass) {
     order.ToFastInfosetFile(u"order.finf", fi_None, context, cmp_None);
+    wstring all;
 #include "users-guide/12.inc"
-    EXPECT_EQ(note.ToXml(false, false, eol_LF, context),
-              u"<AA:note xmlns:AA=\"urn:notes\" urgent=\"yes\"><AA:b>noon</AA:b>by </AA:note>");
+    EXPECT_EQ(all, u"1newsnone");
+    EXPECT_EQ(feed->Find(u"entry")->GetText(), u"no news");
 
 #include "users-guide/13.inc"
+    EXPECT_EQ(note.ToXml(false, false, eol_LF, context),
+              u"<AA:note xmlns:AA=\"urn:notes\" urgent=\"yes\"><AA:b>noon</AA:b>by </AA:note>");
+#include "users-guide/14.inc"
+    EXPECT_EQ(CElement::Load("note.xml")->GetChildElements()->GetCount(), 1);
+
+#include "users-guide/15.inc"
     ExpectRead(20);
 
-    wstring all;
-#include "users-guide/14.inc"
+    all.clear();
+#include "users-guide/16.inc"
     EXPECT_EQ(all.size(), 100U);
 }
 
 namespace {
 
-#include "users-guide/15.inc"
+#include "users-guide/17.inc"
 
 }  // namespace
 
@@ -93,22 +101,89 @@ TEST_F(Guide, SmallDocuments) {
 }
 
 TEST_F(Guide, Settings) {
+#include "users-guide/18.inc"
+    EXPECT_GT(checked.GetLength(), 20U);
     order.ToXmlFile(u"order.xml", true, true, enc_UTF8, eol_LF, context, cmp_None);
-#include "users-guide/16.inc"
+#include "users-guide/19.inc"
     EXPECT_THROW(tolerant.SetIgnoreMissingMandatoryElements(true), CBxInvalidStateException);
 
-#include "users-guide/17.inc"
+#include "users-guide/20.inc"
     EXPECT_EQ(decorated.GetNamespaceAliases().GetNamespaceCount(), 1);
 }
 
 TEST_F(Guide, Errors) {
     std::ostringstream cerr;  // in the place of std::cerr
-#include "users-guide/18.inc"
-    EXPECT_EQ(cerr.str(), "not readable: Failed to open the file [missing.xml] Error [0x00000002]\n");
+#include "users-guide/21.inc"
+    EXPECT_EQ(cerr.str(),
+              "not readable: missing.xml: Failed to open the file [missing.xml] Error [0x00000002]\n");
 }
 
 TEST_F(Guide, Threads) {
     std::thread other([this] { Order().ToXml(false, false, eol_LF, context); });
     order.ToXml(false, false, eol_LF, context);
     other.join();
+}
+
+namespace {
+
+/// What comes back of a value that is written and read again: the same text, another one, or "refused".
+wstring BackFrom(BxVariant const& written, char16_t const* format = nullptr) {
+    BxVariant read;
+    try {
+        read.FromString(written.ToString(format), written.m_type, CWhitespaceUtils::ws_Collapse);
+    } catch (CBxException const&) {
+        return u"refused";
+    }
+    return read.ToString(format);
+}
+
+CDateTimeSpan Span(std::u16string_view text) {
+    CDateTimeSpan span;
+    span.ParseXSDDuration(text);
+    return span;
+}
+
+CDateTime Date(std::u16string_view text) {
+    CDateTime date;
+    date.ParseXSDDate(text);
+    return date;
+}
+
+}  // namespace
+
+TEST(GuideOfValues, WrittenButNotReadAgain) {
+    BxVariant value;
+    auto const set = [&value](auto setter, auto what) -> BxVariant const& {
+        (value.*setter)(what);
+        return value;
+    };
+    EXPECT_EQ(BackFrom(set(&BxVariant::SetR4, std::numeric_limits<float>::infinity())), u"refused");
+    EXPECT_EQ(BackFrom(set(&BxVariant::SetR8, std::numeric_limits<double>::quiet_NaN())), u"refused");
+    EXPECT_EQ(BackFrom(set(&BxVariant::SetR8, 0.1 + 0.2)), u"0.3");
+    EXPECT_EQ(BackFrom(set(&BxVariant::SetR8, 0.1 + 0.2), u"%.17g"), u"0.30000000000000004");
+    EXPECT_EQ(BackFrom(set(&BxVariant::SetDecimal, CDecimal(u"1.25")), u"1"), u"1.3");
+    EXPECT_EQ(BackFrom(set(&BxVariant::SetDuration, CDateTimeSpan())), u"refused");
+    EXPECT_EQ(BackFrom(set(&BxVariant::SetDate, CDateTime())), u"refused");
+    EXPECT_EQ(BackFrom(set(&BxVariant::SetDate, Date(u"-0001-01-01") + Span(u"P1Y"))), u"refused");
+    EXPECT_EQ(BackFrom(set(&BxVariant::SetDate, Date(u"9999-12-31") + Span(u"P1D"))), u"refused");
+    EXPECT_EQ(BackFrom(set(&BxVariant::SetYear, std::uint16_t{5})), u"refused");
+    EXPECT_EQ(BackFrom(set(&BxVariant::SetMonth, std::uint8_t{13})), u"refused");
+    EXPECT_EQ(BackFrom(set(&BxVariant::SetChar, u' ')), u"refused");
+    EXPECT_EQ(BackFrom(set(&BxVariant::SetString, wstring(u"a\r\n b"))), u"a b");
+}
+
+TEST(GuideOfValues, WhatBoundsDoNotCatch) {
+    CDateTime::DTCompareResult const unknown = CDateTime::dtc_indeterminate;
+    EXPECT_EQ(Date(u"2026-05-01").CompareTo(Date(u"2026-05-01Z")), unknown);
+    EXPECT_EQ(Date(u"2026-05-01").CompareTo(Date(u"2026-05-02Z")), CDateTime::dtc_lessThan);
+    EXPECT_EQ(Date(u"2026").CompareTo(Date(u"2026-05-01")), unknown);
+    EXPECT_EQ(Date(u"-0001-01-01").CompareTo(Date(u"2026-01-01")), unknown);
+    EXPECT_EQ(Span(u"P1M").CompareTo(Span(u"P30D")), unknown);
+    EXPECT_EQ(Span(u"P1M").CompareTo(Span(u"P27D")), CDateTime::dtc_greaterThan);
+    EXPECT_EQ(Span(u"P1Y").CompareTo(Span(u"P12M")), CDateTime::dtc_equal);
+
+    CdateCol days(u"day", u"", 0, -1, u"", -1, -1, u"2026-05-01Z", u"", u"", u"", -1,
+                  CWhitespaceUtils::ws_Collapse, nullptr);
+    days.Add(Date(u"2026-05-01"));
+    EXPECT_THROW(days.Add(Date(u"2026-04-30Z")), CBxException);
 }

@@ -253,7 +253,7 @@ TEST(Files, AreReadAndWritten) {
             {0, ".:\nbad.xml\nd\nin.xml\nll\n\nd:\nl\nold.xml\n" + a, ""}},
         {"ln -s new.xml l; B in.xml -o l; readlink l; cat new.xml", {0, "new.xml\n" + a, ""}},
         // Failures leave things as they were
-        {"B bad.xml -o old.xml || cat old.xml; ls -A", {0, "oldbad.xml\nin.xml\nold.xml\n", "bxconvert: bad.xml: mismatched tag at line 1\n"}},
+        {"B bad.xml -o old.xml || cat old.xml; ls -A", {0, "oldbad.xml\nin.xml\nold.xml\n", "bxconvert: bad.xml:1:6: mismatched tag at line 1\n"}},
         {"B in.xml -o none/new.xml", fails("none/new.xml: No such file or directory")},
         {"ln -s l l; B in.xml -o l", fails("l: Too many levels of symbolic links")},
         {"B in.xml >/dev/full", fails("standard output: No space left on device")},

@@ -51,6 +51,21 @@ TEST(Tutorial, Program) {
         EXPECT_NE(Content(BX_TUTORIAL).find("\n    " + line), std::string::npos) << line;
 }
 
+/// The example of a page between two lines, from the first one like `begin` on.
+std::string Example(std::string const& page, std::string const& begin, std::string const& end) {
+    std::size_t const first = page.find(begin) + begin.size();
+    return page.substr(first, page.find(end, first) - first);
+}
+
+TEST(Readme, ProgramAndSchema) {
+    std::string const page = Content(BX_README);
+    EXPECT_NE(Content(BX_TUTORIAL).find(Example(page, "```xml\n", "```")), std::string::npos);
+    BxTest::TemporaryFolder const folder;
+    folder.Write("order.xml", Example(page, "Given\n\n    ", "\n"));
+    auto const ending = folder.Run(BX_README_PROGRAM, "'" BX_README_PROGRAM "' 2>&1");
+    EXPECT_EQ(ending.m_out, Example(page, "it prints\n\n```xml\n", "```"));
+}
+
 /// The lines of a text without those that all classes have, without comments on their place, and without indentation.
 std::string Plain(std::string const& text) {
     std::istringstream lines(text);
@@ -66,9 +81,9 @@ std::string Plain(std::string const& text) {
     return plain;
 }
 
-TEST(Tutorial, ClassesAreThoseOfThePage) {
-    std::string const page = Content(BX_TUTORIAL);
-    std::string const classes = Plain(Content(BX_TUTORIAL_CLASSES "/tutorial_program/Shop.h")) +
+TEST(Tutorial, ClassesAreThoseOfThePages) {
+    std::string const page = Content(BX_README) + Content(BX_TUTORIAL);
+    std::string const classes = Plain(Content(BX_TUTORIAL_CLASSES "/tutorial_shop/Shop.h")) +
                                 Plain(Content(BX_TUTORIAL_CLASSES "/tutorial_tests/Tutorial.h"));
     std::string const begin = "```c++\n";
     int count = 0;
@@ -78,7 +93,7 @@ TEST(Tutorial, ClassesAreThoseOfThePage) {
         EXPECT_NE(classes.find(block), classes.npos) << block;
         ++count;
     }
-    EXPECT_EQ(count, 16);
+    EXPECT_EQ(count, 17);
 }
 
 TEST(Tutorial, Values) {

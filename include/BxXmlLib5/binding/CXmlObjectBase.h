@@ -17,6 +17,7 @@ class CElementInfo;
 namespace BxXmlLib5 {
 
 class CBinaryData;
+class CBxException;
 class CElement;
 class CXmlCollectionBase;
 class CXmlDocument;
@@ -24,6 +25,7 @@ class CXmlElement;
 class CXmlSerializationContext;
 class CXmlTextWriter;
 class CXmlWriter;
+enum class Unprefixed;
 
 /// An object that writes itself through a CXmlWriter and reads itself from a tree of CXmlElement.
 ///
@@ -240,6 +242,9 @@ private:
 
     void WriteDocument(CXmlTextWriter& writer, bool includeDeclaration, bool formatted, XmlEncoding encoding,
                        EOLType eol, CXmlSerializationContext const& context) const;
+    void WriteRoot(CXmlWriter& writer, Unprefixed unprefixed, CXmlSerializationContext const& context) const;
+    void FindPlace(CBxException& failure, Unprefixed unprefixed,
+                   CXmlSerializationContext const& context) const;
     void FromDocument(CXmlDocument const& document, CXmlSerializationContext const& context);
     void Delete();
 

@@ -49,6 +49,15 @@ public:
     bool GetIgnoreMissingChoice() const { return m_ignoreMissingChoice; }
     void SetIgnoreMissingChoice(bool value) { m_ignoreMissingChoice = value; }
 
+    /// Reading fails for what it would drop in silence otherwise: attributes that no entry takes, text but
+    /// whitespace in an element whose object has no place for it, children and attributes of an element that
+    /// gives its text alone, children that an object leaves over, and a document's root of another name or
+    /// namespace than the object would be written under. Unknown elements and attributes that are ignored are
+    /// no failure; text in an element that has no place for it always is.
+    /// The failure is a CBxValidationException.
+    bool GetFailOnIgnoredContent() const { return m_failOnIgnoredContent; }
+    void SetFailOnIgnoredContent(bool value) { m_failOnIgnoredContent = value; }
+
     /// The number of items of a collection is not tested.
     bool GetIgnoreInvalidCollectionCounts() const { return m_ignoreInvalidCollectionCounts; }
     void SetIgnoreInvalidCollectionCounts(bool value) { m_ignoreInvalidCollectionCounts = value; }
@@ -60,6 +69,20 @@ public:
     /// Writing leaves out an optional attribute whose value is its default.
     bool GetNoOptionalAttributeDefaultOutput() const { return m_noOptionalAttributeDefaultOutput; }
     void SetNoOptionalAttributeDefaultOutput(bool value) { m_noOptionalAttributeDefaultOutput = value; }
+
+    /// Writing refuses what no parser would read or what would come back as something else, instead of writing it as
+    /// it is: in text and in values, characters outside XML 1.0 (control characters, halves of surrogate pairs);
+    /// names and prefixes that are none; two attributes of one name on an element; namespaces that cannot be
+    /// declared, two of them under one prefix, and what is in no namespace under a default one; instructions,
+    /// comments and an in-line schema that would break the markup; more than one root. The failure is a
+    /// CBxInvalidValueException for a character or a name, a CBxInvalidNamespaceException for a namespace, a
+    /// CBxInvalidStateException for the rest, and names the element or attribute.
+    ///
+    /// In XML text character references stand for the line ends and tabs of attribute values then, and for each CR
+    /// in text. What CXmlDocument reads leaves CR out of text all the same; other parsers give it. A formatted
+    /// document has line breaks and tabs beside the children of an element, also where it has text of its own.
+    bool GetCheckWellFormed() const { return m_checkWellFormed; }
+    void SetCheckWellFormed(bool value) { m_checkWellFormed = value; }
 
     /// The default namespace that the root declares; empty for none.
     wstring GetDefaultNamespaceURI() const { return m_defaultNamespaceUri; }
@@ -98,8 +121,10 @@ private:
     bool m_ignoreUnknownElements = false;
     bool m_ignoreUnknownAttributes = false;
     bool m_ignoreNamespaces = false;
+    bool m_failOnIgnoredContent = false;
     SchemaType m_schemaType = st_Default;
     bool m_noOptionalAttributeDefaultOutput = false;
+    bool m_checkWellFormed = false;
 };
 
 }  // namespace BxXmlLib5

@@ -51,11 +51,9 @@ public:
     CXmlCollectionBase& operator=(CXmlCollectionBase const& other);
     /// @}
 
-    /// The least number of items.
-    /// 0 for no minimum.
+    /// The least number of items, 0 for no minimum.
     int GetMinOccurs() const { return m_minOccurs; }
-    /// The greatest number of items.
-    /// -1 for no maximum.
+    /// The greatest number of items, -1 for no maximum.
     int GetMaxOccurs() const { return m_maxOccurs; }
 
     /// The listener hears of each change through OnEvent, once for each time it was added. It is not owned

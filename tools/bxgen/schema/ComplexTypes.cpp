@@ -199,7 +199,7 @@ private:
     void FinishAttributes() {
         auto own = Collect(m_store, m_type, m_type.m_ownItems, m_type.m_ownWildcard, m_diagnostics);
         ComplexType const* const base = m_type.m_base->AsComplex();
-        if (base == nullptr || base->IsAnyType()) {
+        if (base == nullptr || (base->IsAnyType() && !IsExtension())) {
             m_type.m_wildcard = own.m_wildcard;
             AddAll(own.m_uses);
         } else if (IsExtension()) {

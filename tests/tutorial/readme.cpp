@@ -1,0 +1,1 @@
+#include "README/01.inc"
