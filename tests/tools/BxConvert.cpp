@@ -216,6 +216,8 @@ TEST(CommandLine, UsageErrors) {
 TEST(CommandLine, HelpAndVersion) {
     Folder const folder;
     EXPECT_EQ(folder.Run("bxconvert --version"), (Ending{0, "bxconvert " BX_VERSION "\n", ""}));
+    EXPECT_EQ(folder.Run("bxconvert -V"), folder.Run("bxconvert --version"));
+    EXPECT_EQ(folder.Run("bxconvert -h"), folder.Run("bxconvert --help"));
     auto const [status, help, errors] = folder.Run("bxconvert --help");
     EXPECT_EQ(status, 0);
     for (char const* const text :
