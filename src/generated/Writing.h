@@ -28,7 +28,8 @@ public:
             std::vector<wstring>* complaints = nullptr);
 
     /// @throws CBxValidationException for what is missing or does not fit
-    void Content(bool mayBeNil);
+    /// @param value of the element; if it has none, that of the class counts
+    void Content(bool mayBeNil, ElementValue value = {});
     void Attribute(AttributeModel const& attribute);
     void NilAttribute();
     /// In the order in which those of a root are written.
@@ -42,7 +43,7 @@ private:
     void WriteItems(Particle const& particle);
     void WriteChoice(Particle const& choice);
     void WriteSubstitutes(Particle const& choice);
-    void TypedContent(CObject const& typed, bool mayBeNil);
+    void TypedContent(CObject const& typed, bool mayBeNil, ElementValue value);
     void NilContent(bool mayBeNil);
     void WriteText();
     void OpenAttributes(AttributeModel const& wildcard);
@@ -60,6 +61,7 @@ private:
     CXmlObjectBase* HeldBy(PropertyModel const& property, int index) const;
 
     void TestNarrowed(SimpleType const* narrowed, wstring const& name, wstring const& text);
+    void TestFixedValue(wstring const& name, std::u16string_view fixed);
     void Refuse(wstring message);
     void RefuseCount(Particle const& particle, int count);
     wstring Path() const;
@@ -72,6 +74,7 @@ private:
     Writing const* m_outer = nullptr;
     wstring const* m_name = nullptr;
     int m_index = -1;
+    bool m_isTypeWritten = false;
     std::optional<PropertySet> m_set;
     wstring m_ownRoom;
     wstring& m_room;  // for the text of a value, that of the outermost one
