@@ -45,7 +45,9 @@ bool CElementInfoAllCol::ElementToXml(CXmlSerializationContext const& context,
 bool CElementInfoAllCol::ElementFromXml(CXmlSerializationContext const& context, CXmlGeneratedClass* owner,
                                         CXmlElement* element, CXmlElement** child, char16_t const*,
                                         XmlElementType) {
+    CXmlElement const* const first = *child;
     *child = FromXml_Int(Steps::CollectionInPlace(*this, owner), element, *child, context, false);
+    Steps::TestItems<CElementInfoAllPrimCol, CElementInfoAllEnumCol>(*this, first, *child, context);
     return false;
 }
 

@@ -25,6 +25,7 @@ bool CElementInfoChoiceCol::ElementFromXml(CXmlSerializationContext const& conte
                                            XmlElementType) {
     CSmartPtr<CXmlCollectionBase> const collection = Steps::CollectionInPlace(*this, owner);
     CXmlElement* const next = FromXml_Int(collection, element, *child, context, false);
+    Steps::TestItems<CElementInfoChoicePrimCol, CElementInfoChoiceEnumCol>(*this, *child, next, context);
     return Steps::Advance(*collection, child, next, context);
 }
 
@@ -53,13 +54,9 @@ bool CElementInfoChoiceClsOpt::ElementFromXml(CXmlSerializationContext const& co
         Steps::ReadTag(object, child, context, true);
         return true;
     }
-    CXmlElement* const next = FromXml_Int(object, element, *child, context, false);
-    if (next == *child) {
-        Steps::StoreObject(*this, owner, nullptr);
-        return false;
-    }
-    *child = next;
-    return true;
+    if (Steps::ReadGroup(object, element, child, context)) return true;
+    Steps::StoreObject(*this, owner, nullptr);
+    return false;
 }
 
 bool CElementInfoChoiceAbsClsOpt::ElementFromXml(CXmlSerializationContext const& context,

@@ -73,7 +73,9 @@ bool CElementInfoSeqCol::ElementFromXml(CXmlSerializationContext const& context,
                                         CXmlElement* element, CXmlElement** child, char16_t const*,
                                         XmlElementType) {
     CSmartPtr<CXmlCollectionBase> const collection = Steps::CollectionInPlace(*this, owner);
+    CXmlElement const* const first = *child;
     *child = FromXml_Int(collection, element, *child, context, false);
+    Steps::TestItems<CElementInfoSeqPrimCol, CElementInfoSeqEnumCol>(*this, first, *child, context);
     Steps::ValidateCount(*collection, context);
     return true;
 }
@@ -93,7 +95,7 @@ bool CElementInfoSeqPrimMnd::ElementFromXml(CXmlSerializationContext const& cont
     return ReadMandatory(
         this, m_elementName, context, child, ownerType, Skip::Always,
         [&](CXmlElement const* candidate) { return IsThisElement(context, candidate); },
-        [&] { Steps::ReadPrim(*this, owner, child); });
+        [&] { Steps::ReadPrim(*this, owner, child, context); });
 }
 
 bool CElementInfoSeqPrimOpt::ElementFromXml(CXmlSerializationContext const& context,
@@ -110,7 +112,7 @@ bool CElementInfoSeqEnumMnd::ElementFromXml(CXmlSerializationContext const& cont
     return ReadMandatory(
         this, m_elementName, context, child, ownerType, Skip::UnderElement,
         [&](CXmlElement const* candidate) { return IsThisElement(context, candidate); },
-        [&] { Steps::ReadEnum(*this, owner, child, m_stringToEnum); });
+        [&] { Steps::ReadEnum(*this, owner, child, m_stringToEnum, context); });
 }
 
 bool CElementInfoSeqEnumOpt::ElementFromXml(CXmlSerializationContext const& context,

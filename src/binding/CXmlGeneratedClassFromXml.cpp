@@ -12,8 +12,10 @@
 #include "BxXmlLib5/core/FormatString.h"
 #include "BxXmlLib5/document/CXmlElement.h"
 #include "BxXmlLib5/values/BxVariant.h"
+#include "binding/IgnoredContent.h"
 #include "binding/SiblingSearch.h"
 #include "core/NestingDepth.h"
+#include "document/ReadPlace.h"
 
 namespace BxXmlLib5 {
 
@@ -50,9 +52,11 @@ private:
 CXmlElement* EndOfElement(CXmlElement const* element, CXmlElement* child,
                           CXmlSerializationContext const& context) {
     if (child == nullptr || context.GetIgnoreUnknownElements()) return child;
-    throw CBxValidationException(FormatString(
-        u"Failed read all the elements held within the element [%s]. The unexpected element [%s] remains un processed",
-        element->GetLocalName().c_str(), child->GetLocalName().c_str()));
+    throw FailureAt(
+        child,
+        CBxValidationException(FormatString(
+            u"Failed read all the elements held within the element [%s]. The unexpected element [%s] remains un processed",
+            element->GetLocalName().c_str(), child->GetLocalName().c_str())));
 }
 
 [[noreturn]] void ThrowEmptyChoice(CXmlElement const* element) {
@@ -68,7 +72,21 @@ CXmlElement* CXmlGeneratedClass::FromXml_Int(CXmlElement* element, CXmlElement* 
     CNestingLevel const level;
     std::optional<CSiblingSearches> searches;
     if (context.GetIgnoreUnknownElements()) searches.emplace(element, context);
+    return ReadAt(element, [&] { return ReadFrom(element, firstChild, context, allowEmptyChoice); });
+}
+
+void CXmlGeneratedClass::TestRoot(CXmlElement const& root, CXmlSerializationContext const& context) const {
+    if (GetClassInfo()->m_elementType != et_Element || m_elementName.empty()) return;
+    wstring const ns = GetTargetNamespace();
+    bool const isExpected = root.GetLocalName() == m_elementName &&
+                            (context.GetIgnoreNamespaces() || root.GetNamespaceURI() == ns);
+    if (!isExpected) ThrowUnexpectedRoot(root, m_elementName, ns);
+}
+
+CXmlElement* CXmlGeneratedClass::ReadFrom(CXmlElement* element, CXmlElement* firstChild,
+                                          CXmlSerializationContext const& context, bool allowEmptyChoice) {
     CParentElementInfo const& info = *GetClassInfo();
+    CTakenContent const taken(element, context);
     ResetContent();
     if (info.m_elementType == et_Element) m_elementName = element->GetLocalName();
     ProcessAttributesFromXml(context, element, info.m_failIfAttributeUnknown);
@@ -91,7 +109,9 @@ CXmlElement* CXmlGeneratedClass::FromXml_Int(CXmlElement* element, CXmlElement* 
         BxVariant text;
         text.SetString(wstring(element->GetTextView()));
         AccessProperty(info.m_textPropertyIndex, false, text);
+        CTakenContent::TakeText(element);
     }
+    taken.End();
     return next;
 }
 
@@ -105,12 +125,15 @@ void CXmlGeneratedClass::ProcessAttributesFromXml(CXmlSerializationContext const
     for (CXmlAttribute* const attribute : element->GetAttributes()) {
         if (attribute->IsNamespaceAttribute()) continue;
         std::size_t i = 0;
-        while (entries[i] != nullptr && !entries[i]->AttributeFromXml(context, this, attribute)) ++i;
+        auto const take = [&] {
+            while (entries[i] != nullptr && !entries[i]->AttributeFromXml(context, this, attribute)) ++i;
+        };
+        ReadAt(element, take, attribute);
         if (entries[i] != nullptr) {
             found.Set(i);
+            CTakenContent::TakeAttribute(element, attribute);
         } else if (refuses) {
-            throw CBxValidationException(
-                FormatString(u"Unexpected Attribute [%s] found.", attribute->GetLocalName().c_str()));
+            ThrowUnexpectedAttribute(*attribute, *element);
         }
     }
     for (std::size_t i = 0; entries[i] != nullptr; ++i) entries[i]->Validate(context, found.Get(i));

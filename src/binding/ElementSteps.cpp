@@ -3,6 +3,7 @@
 #include "BxXmlLib5/collections/CElementCol.h"
 #include "BxXmlLib5/core/CBxException.h"
 #include "binding/PropertyValues.h"
+#include "document/ReadPlace.h"
 #include "platform/TextView.h"
 
 namespace BxXmlLib5Data {
@@ -33,24 +34,46 @@ void CElementInfo::Steps::ItemsAttributesToXml(CElementInfo const& entry,
     CElementInfo::AttributesToXml_Int(&PresentCollectionIn(value), writer, context);
 }
 
-void CElementInfo::Steps::ReadPrim(CElementInfo& entry, CXmlGeneratedClass* owner, CXmlElement** child) {
-    BxVariant value;
-    value.FromString((*child)->GetTextView(), entry.m_itemType, entry.m_whitespaceRule);
-    entry.AccessProperty(owner, false, value);
+void CElementInfo::Steps::ReadPrim(CElementInfo& entry, CXmlGeneratedClass* owner, CXmlElement** child,
+                                   CXmlSerializationContext const& context) {
+    ReadAt(*child, [&] {
+        TestSimpleContent(**child, context);
+        BxVariant value;
+        value.FromString((*child)->GetTextView(), entry.m_itemType, entry.m_whitespaceRule);
+        entry.AccessProperty(owner, false, value);
+    });
     *child = (*child)->GetNextSiblingElement();
 }
 
 void CElementInfo::Steps::ReadEnum(CElementInfo& entry, CXmlGeneratedClass* owner, CXmlElement** child,
-                                   Detail::StringToEnum stringToEnum) {
-    BxVariant value = EnumValue(stringToEnum, (*child)->GetTextView(), entry.m_elementName);
-    entry.AccessProperty(owner, false, value);
+                                   Detail::StringToEnum stringToEnum,
+                                   CXmlSerializationContext const& context) {
+    ReadAt(*child, [&] {
+        TestSimpleContent(**child, context);
+        BxVariant value = EnumValue(stringToEnum, (*child)->GetTextView(), entry.m_elementName);
+        entry.AccessProperty(owner, false, value);
+    });
     *child = (*child)->GetNextSiblingElement();
 }
 
 void CElementInfo::Steps::ReadTag(CXmlObjectBase* object, CXmlElement** child,
                                   CXmlSerializationContext const& context, bool allowEmptyChoice) {
-    CElementInfo::FromXml_Int(object, *child, (*child)->GetFirstElement(), context, allowEmptyChoice);
+    CXmlElement const* const rest =
+        CElementInfo::FromXml_Int(object, *child, (*child)->GetFirstElement(), context, allowEmptyChoice);
+    TestRest(rest, **child, context);
     *child = (*child)->GetNextSiblingElement();
+}
+
+bool CElementInfo::Steps::ReadGroup(CXmlObjectBase* object, CXmlElement* element, CXmlElement** child,
+                                    CXmlSerializationContext const& context) {
+    auto const before = CTakenContent::Save(element);
+    CXmlElement* const next = CElementInfo::FromXml_Int(object, element, *child, context, false);
+    if (next == *child) {
+        CTakenContent::Restore(element, before);
+        return false;
+    }
+    *child = next;
+    return true;
 }
 
 CXmlElement* CElementInfo::Steps::ReadUntyped(CElementInfo const& entry, CXmlObjectBase* object,

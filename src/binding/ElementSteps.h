@@ -6,6 +6,7 @@
 #include "BxXmlLib5/binding/CXmlSerializationContext.h"
 #include "BxXmlLib5/collections/CXmlCollectionBase.h"
 #include "BxXmlLib5/document/CXmlElement.h"
+#include "binding/IgnoredContent.h"
 
 namespace BxXmlLib5Data {
 
@@ -13,11 +14,17 @@ using BxXmlLib5::CXmlCollectionBase;
 
 /// The operations that read a child which the entry takes move on to its next sibling.
 struct CElementInfo::Steps {
-    static void ReadPrim(CElementInfo& entry, CXmlGeneratedClass* owner, CXmlElement** child);
+    static void ReadPrim(CElementInfo& entry, CXmlGeneratedClass* owner, CXmlElement** child,
+                         CXmlSerializationContext const& context);
     static void ReadEnum(CElementInfo& entry, CXmlGeneratedClass* owner, CXmlElement** child,
-                         Detail::StringToEnum stringToEnum);
+                         Detail::StringToEnum stringToEnum, CXmlSerializationContext const& context);
     static void ReadTag(CXmlObjectBase* object, CXmlElement** child, CXmlSerializationContext const& context,
                         bool allowEmptyChoice = false);
+
+    /// Reads an object without a tag that may stand there.
+    /// @return whether it consumed a child
+    static bool ReadGroup(CXmlObjectBase* object, CXmlElement* element, CXmlElement** child,
+                          CXmlSerializationContext const& context);
 
     /// The untyped element or the collection of them reads the child if the entry admits its name.
     /// @return the first child that was not consumed
@@ -33,6 +40,17 @@ struct CElementInfo::Steps {
                                                    CXmlGeneratedClass const* owner);
     static CSmartPtr<CXmlCollectionBase> CollectionInPlace(CElementInfo const& entry,
                                                            CXmlGeneratedClass const* owner);
+
+    /// Tests what a collection has read, as TestSimpleContent does, if its entry is of one of these classes.
+    /// @param next the first child that it did not consume
+    template <class... Simple>
+    static void TestItems(CElementInfo const& entry, CXmlElement const* first, CXmlElement const* next,
+                          CXmlSerializationContext const& context) {
+        if (!context.GetFailOnIgnoredContent() || !(... || (dynamic_cast<Simple const*>(&entry) != nullptr)))
+            return;
+        for (; first != nullptr && first != next; first = first->GetNextSiblingElement())
+            BxXmlLib5::TestSimpleContent(*first, context);
+    }
 
     /// @throws CBxValidationException if a bound is broken that the context does not ignore
     static void ValidateCount(CXmlCollectionBase const& collection, CXmlSerializationContext const& context);

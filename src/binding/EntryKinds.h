@@ -24,7 +24,7 @@ template <class Family>
 bool PrimEntry<Family>::ElementFromXml(CXmlSerializationContext const& context, CXmlGeneratedClass* owner,
                                        CXmlElement*, CXmlElement** child, char16_t const*, XmlElementType) {
     if (!this->IsThisElement(context, *child)) return false;
-    Family::Steps::ReadPrim(*this, owner, child);
+    Family::Steps::ReadPrim(*this, owner, child, context);
     return true;
 }
 
@@ -45,7 +45,7 @@ template <class Family>
 bool EnumEntry<Family>::ElementFromXml(CXmlSerializationContext const& context, CXmlGeneratedClass* owner,
                                        CXmlElement*, CXmlElement** child, char16_t const*, XmlElementType) {
     if (!this->IsThisElement(context, *child)) return false;
-    Family::Steps::ReadEnum(*this, owner, child, m_stringToEnum);
+    Family::Steps::ReadEnum(*this, owner, child, m_stringToEnum, context);
     return true;
 }
 
@@ -83,13 +83,11 @@ bool ClsOptEntry<Family>::ReadNew(CXmlSerializationContext const& context, CXmlG
     if (isPseudo ? *child == nullptr : !this->IsThisElement(context, *child)) return false;
     CSmartPtr<CXmlObjectBase> const object = Family::Steps::Create(*this, m_createByClass, m_classId);
     if (!object) return false;
-    CXmlElement* const first = *child;
-    if (isPseudo) {
-        *child = this->FromXml_Int(object, element, first, context, false);
-    } else {
+    if (!isPseudo) {
         Family::Steps::ReadTag(object, child, context);
+    } else if (!Family::Steps::ReadGroup(object, element, child, context)) {
+        return false;
     }
-    if (*child == first) return false;
     Family::Steps::StoreObject(*this, owner, object);
     return true;
 }

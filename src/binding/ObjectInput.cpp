@@ -1,33 +1,35 @@
 // The entry points of CXmlObjectBase that read a document.
 
+#include "BxXmlLib5/binding/CXmlGeneratedClass.h"
 #include "BxXmlLib5/binding/CXmlObjectBase.h"
-#include "BxXmlLib5/binding/CXmlSerializationContext.h"
-#include "BxXmlLib5/document/CXmlDocument.h"
 #include "BxXmlLib5/values/CBinaryData.h"
+#include "binding/CContextDocument.h"
+#include "binding/IgnoredContent.h"
+#include "document/ReadPlace.h"
 
 namespace BxXmlLib5 {
 
 void CXmlObjectBase::FromXml(char const* text, CXmlSerializationContext const& context) {
-    CXmlDocument document(context.GetSchemaType());
+    CContextDocument document(context);
     document.LoadXml(text);
     FromDocument(document, context);
 }
 
 void CXmlObjectBase::FromXml(char16_t const* text, CXmlSerializationContext const& context) {
-    CXmlDocument document(context.GetSchemaType());
+    CContextDocument document(context);
     document.LoadXml(text);
     FromDocument(document, context);
 }
 
 void CXmlObjectBase::FromXmlFile(char16_t const* fileName, CXmlSerializationContext const& context) {
-    CXmlDocument document(context.GetSchemaType());
+    CContextDocument document(context);
     document.Load(fileName);
     FromDocument(document, context);
 }
 
 void CXmlObjectBase::FromXmlStream(unsigned char const* data, std::size_t size,
                                    CXmlSerializationContext const& context) {
-    CXmlDocument document(context.GetSchemaType());
+    CContextDocument document(context);
     document.LoadXmlStream(data, size);
     FromDocument(document, context);
 }
@@ -37,12 +39,21 @@ void CXmlObjectBase::FromXmlStream(CBinaryData const& data, CXmlSerializationCon
 }
 
 void CXmlObjectBase::FromXmlElement(CXmlElement const* element, CXmlSerializationContext& context) {
-    FromXml_Int(const_cast<CXmlElement*>(element), element->GetFirstElement(), context, false);
+    ReadTree(*element, [&] {
+        FromXml_Int(const_cast<CXmlElement*>(element), element->GetFirstElement(), context, false);
+    });
 }
 
 void CXmlObjectBase::FromDocument(CXmlDocument const& document, CXmlSerializationContext const& context) {
     CXmlElement* const root = document.GetDocumentElement();
-    FromXml_Int(root, root->GetFirstElement(), context, false);
+    ReadTree(*root, [&] {
+        if (context.GetFailOnIgnoredContent()) {
+            auto const* const generated = dynamic_cast<CXmlGeneratedClass const*>(this);
+            generated != nullptr ? generated->TestRoot(*root, context)
+                                 : TestRootOfChildren(*this, *root, context);
+        }
+        TestRest(FromXml_Int(root, root->GetFirstElement(), context, false), *root, context);
+    });
 }
 
 }  // namespace BxXmlLib5

@@ -9,6 +9,7 @@
 #include "collections/CContentReader.h"
 #include "collections/ReadItems.h"
 #include "collections/Wildcards.h"
+#include "document/ReadPlace.h"
 #include "platform/TextView.h"
 
 namespace BxXmlLib5 {
@@ -91,8 +92,11 @@ void CAttributeCol::Read(CXmlElement const& element, CSharedNames& names, CBlock
         wstring const& ns = attribute->GetNamespaceURI();
         if (!BxXmlLib5::IsNamespaceValid(ns, m_wildcard->m_namespaceRestriction,
                                          m_wildcard->m_targetNamespace)) {
-            throw CBxInvalidNamespaceException(FormatString(
-                u"Invalid Attribute [%s]. The attributes namespace is Inappropriate.", name.c_str()));
+            throw FailureAt(
+                &element,
+                CBxInvalidNamespaceException(FormatString(
+                    u"Invalid Attribute [%s]. The attributes namespace is Inappropriate.", name.c_str())),
+                attribute);
         }
         auto* const added = new (memory)
             CReadItem<CAttribute>(names.Name(name), attribute->GetValueView(), names.Namespace(ns));

@@ -19,6 +19,7 @@
 #include "core/Limits.h"
 #include "core/NestingDepth.h"
 #include "core/NeverDestroyed.h"
+#include "document/ReadPlace.h"
 #include "platform/TextView.h"
 
 namespace BxXmlLib5 {
@@ -227,8 +228,9 @@ CXmlElement* CElement::FromXml_Int(CXmlElement*, CXmlElement* firstChild,
     if (CXmlElement* const grandchild = firstChild->GetFirstElement()) {
         CSmartPtr<CElementCol> const children = &ChildElements();
         if (children->FromXml_Int(firstChild, grandchild, context, false) != nullptr) {
-            throw CBxValidationException(FormatString(u"Invalid Element [%s] found in element [%s]",
-                                                      firstChild->GetLocalName().c_str(), m_name.c_str()));
+            throw FailureAt(firstChild, CBxValidationException(FormatString(
+                                            u"Invalid Element [%s] found in element [%s]",
+                                            firstChild->GetLocalName().c_str(), m_name.c_str())));
         }
     }
     m_text = firstChild->GetTextView();
@@ -238,10 +240,12 @@ CXmlElement* CElement::FromXml_Int(CXmlElement*, CXmlElement* firstChild,
 }
 
 void CElement::FromXml(char16_t const* text) {
+    CXmlSerializationContext const& context = CXmlSerializationContext::GetDefaultContext();
     CXmlDocument document(st_Default);
+    document.SetRequireWholeDocument(context.GetRequireWholeDocument());
     document.LoadXml(text);
     CXmlElement* const root = document.GetDocumentElement();
-    FromXml_Int(root, root, CXmlSerializationContext::GetDefaultContext(), false);
+    ReadTree(*root, [&] { FromXml_Int(root, root, context, false); });
 }
 
 void CElement::FireOnChangeName(char16_t const*) {}

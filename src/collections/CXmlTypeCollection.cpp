@@ -1,6 +1,8 @@
 #include "BxXmlLib5/collections/CXmlTypeCollection.h"
 
 #include "BxXmlLib5/document/CXmlElement.h"
+#include "binding/IgnoredContent.h"
+#include "document/ReadPlace.h"
 
 namespace BxXmlLib5 {
 
@@ -24,7 +26,10 @@ CXmlElement* CXmlTypeCollection::FromXml_Int(CXmlElement*, CXmlElement* firstChi
     CXmlElement* child = firstChild;
     while (child != nullptr &&
            DoesElementNameMatch(context, child, m_elementName.c_str(), m_namespace.c_str())) {
-        AddFromString(wstring(child->GetTextView()));
+        ReadAt(child, [&] {
+            TestSimpleContent(*child, context);
+            AddFromString(wstring(child->GetTextView()));
+        });
         child = child->GetNextSiblingElement();
     }
     return child;

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "core/FailurePlace.h"
+
 namespace BxXmlLib5 {
 
 CBxException::CBxException() = default;
@@ -49,7 +51,9 @@ CBxLocation CBxException::GetLocation() const {
 }
 
 void CBxException::SetLocation(CBxLocation const& location) {
-    m_place = new Place(location);
+    CSmartPtr<Place> const place = CFailurePlace::Copy(*this);
+    place->m_location = location;
+    m_place = place;
 }
 
 wstring CBxException::GetReport(std::u16string_view source) const {

@@ -22,6 +22,14 @@ inline constexpr std::size_t kUnknownStack = 16 * 1024;
 /// Octets of a document, before and after decompression: what one call of Expat takes.
 inline constexpr std::size_t kMaxInputSize = INT_MAX;
 
+/// Octets of a tag, a comment or, in Fast Infoset, a string, in a document that is read piece by piece: what must
+/// be there as a whole.
+inline constexpr std::size_t kMaxOctetsOfToken = 64 * 1024 * 1024;
+
+/// Octets that the names, and in Fast Infoset the tables, of such a document may take: all of it that stays.
+inline constexpr std::size_t kMaxOctetsOfNames = 64 * 1024 * 1024;
+inline constexpr std::size_t kMaxOctetsOfVocabulary = 256 * 1024 * 1024;
+
 /// General entities of a document type that refer to other entities. Expat recurses once for each level of
 /// reference, so their number bounds its stack, of which a level takes less than so many octets.
 inline constexpr int kMaxNestingEntities = 1024;
@@ -41,9 +49,9 @@ inline constexpr std::size_t kMaxNamespaceLength = 4096;
 /// to elements, each value counting some more for itself, and what the indices of Fast Infoset repeat of texts,
 /// values and very long names, where text that is joined from chunks counts more, since joining copies it. A short
 /// document must not grow without measure.
-constexpr std::size_t MaxRepeatedUnits(std::size_t inputSize) {
-    constexpr std::size_t kAlways = 8 * 1024 * 1024;
-    constexpr std::size_t kForEachOctet = 100;
+constexpr std::size_t MaxRepeatedUnits(std::uint64_t inputSize) {
+    constexpr std::uint64_t kAlways = 8 * 1024 * 1024;
+    constexpr std::uint64_t kForEachOctet = 100;
     return std::max(kAlways, inputSize * kForEachOctet);
 }
 inline constexpr std::size_t kUnitsOfDefaultedAttribute = 8;

@@ -2,13 +2,26 @@
 
 #include <utility>
 
-#include "core/Limits.h"
-#include "core/NestingDepth.h"
 #include "platform/TextView.h"
+#include "platform/UnitScan.h"
 
 namespace BxXmlLib5 {
 
-void CDocumentBuilder::Clear() {
+namespace {
+
+/// Whether text has what no element of the tree has: CR, which only comes from references, or a zero, which only
+/// Fast Infoset can have.
+bool HasDropped(std::u16string_view text) {
+    if (text.size() == 1)
+        return text[0] == u'\r' || text[0] == u'\0';  // Expat gives each end of a line by itself
+    return HasUnit(text, [](std::uint64_t units) {
+        return UnitsBelow(units ^ (kEachUnit * u'\r'), 1) | UnitsBelow(units, 1);
+    });
+}
+
+}  // namespace
+
+void CDocumentBuilder::Restart() {
     m_documentElement = nullptr;
     m_elementStack.clear();
     m_openText.clear();
@@ -16,52 +29,53 @@ void CDocumentBuilder::Clear() {
     m_nodes.Clear();
 }
 
-CXmlElement* CDocumentBuilder::AddElement(CXmlName const& name, std::size_t line) {
-    if (m_elementStack.size() == kMaxElementDepth) ThrowNestedTooDeeply();
-    CXmlElement* const element =
-        m_documentElement == nullptr ? AddDocElement(name, line) : AddChildElement(name, line);
-    m_elementStack.push_back({.m_element = element, .m_textStart = m_openText.size()});
-    return element;
-}
-
-CXmlElement* CDocumentBuilder::AddDocElement(CXmlName const& name, std::size_t line) {
-    return m_documentElement = m_nodes.m_elements.Create(&m_document, name, m_nodes.m_noAttributes, line);
-}
-
-CXmlElement* CDocumentBuilder::AddChildElement(CXmlName const& name, std::size_t line) {
-    CXmlElement* const child = m_nodes.m_elements.Create(&m_document, name, m_nodes.m_noAttributes, line);
-    OpenElement& parent = m_elementStack.back();
-    (parent.m_lastChild == nullptr ? parent.m_element->m_firstChild : parent.m_lastChild->m_nextSibling) =
-        child;
-    parent.m_lastChild = child;
-    return child;
-}
-
-void CDocumentBuilder::ReserveElementAttributes(CXmlElement* element, std::size_t count) {
-    element->m_attributes = m_nodes.m_attributeLists.Create();
-    element->m_attributes->reserve(count);
-}
-
-void CDocumentBuilder::AddElementAttribute(CXmlElement* element, CXmlName const& name,
-                                           std::u16string_view value) {
-    element->m_attributes->push_back(m_nodes.m_attributes.Create(name, value));
-}
-
 void CDocumentBuilder::DeclareNamespace(wstring const& alias, wstring const& namespaceUri) {
     m_nodes.m_namespaceAliases.insert_or_assign(&alias, &namespaceUri);
 }
 
-void CDocumentBuilder::AppendTextExcludingCR(std::u16string_view text) {
-    // In runs between the CRs, which only come from character references: Expat normalises line ends.
-    for (;;) {
-        std::size_t const cr = text.find(u'\r');
-        AppendText(text.substr(0, cr));
-        if (cr == text.npos) return;
-        text.remove_prefix(cr + 1);
+void CDocumentBuilder::StartElement(DocumentElement const& started) {
+    CXmlElement* const element =
+        m_nodes.m_elements.Create(&m_document, started.m_name, m_nodes.m_noAttributes, started.m_line);
+    AddElement(element);
+    if (!started.m_attributes.empty()) AddAttributes(*element, started.m_attributes);
+}
+
+void CDocumentBuilder::AddElement(CXmlElement* element) {
+    if (m_elementStack.empty()) {
+        m_documentElement = element;
+    } else {
+        OpenElement& parent = m_elementStack.back();
+        (parent.m_lastChild == nullptr ? parent.m_element->m_firstChild : parent.m_lastChild->m_nextSibling) =
+            element;
+        parent.m_lastChild = element;
+    }
+    m_elementStack.push_back({.m_element = element, .m_textStart = m_openText.size()});
+}
+
+void CDocumentBuilder::AddAttributes(CXmlElement& element, std::span<DocumentAttribute const> attributes) {
+    auto& list = *m_nodes.m_attributeLists.Create();
+    element.m_attributes = &list;
+    list.reserve(attributes.size());
+    for (DocumentAttribute const& attribute : attributes) {
+        std::u16string_view const value =
+            m_texts == kTextsAreKept ? attribute.m_value : m_nodes.m_texts.Add(attribute.m_value);
+        list.push_back(m_nodes.m_attributes.Create(*attribute.m_name, value));
     }
 }
 
-std::size_t CDocumentBuilder::AppendStoredText(std::u16string_view text) {
+void CDocumentBuilder::AddText(std::u16string_view text) {
+    if (!HasDropped(text)) {
+        if (text.size() == 1) return m_openText.push_back(text[0]);
+        m_openText.append(text);
+        return;
+    }
+    for (char16_t const unit : text) {
+        if (unit == u'\0') return;
+        if (unit != u'\r') m_openText.push_back(unit);
+    }
+}
+
+std::size_t CDocumentBuilder::AddKeptText(std::u16string_view text) {
     OpenElement& open = m_elementStack.back();
     std::size_t const former = m_openText.size();
     if (open.m_storedText.empty() && former == open.m_textStart) {
@@ -72,7 +86,7 @@ std::size_t CDocumentBuilder::AppendStoredText(std::u16string_view text) {
     return m_openText.size() - former;
 }
 
-void CDocumentBuilder::CloseElement() {
+void CDocumentBuilder::EndElement() {
     OpenElement const closed = m_elementStack.back();
     std::u16string_view const text = OpenText();
     closed.m_element->m_text.Set(text.empty() ? closed.m_storedText : StoreText(closed, text));
@@ -82,13 +96,19 @@ void CDocumentBuilder::CloseElement() {
 
 /// The white space around children is mostly that of the element before.
 std::u16string_view CDocumentBuilder::StoreText(OpenElement const& element, std::u16string_view text) {
-    if (element.m_lastChild == nullptr) return Texts().Add(text);
-    if (!Equal(text, m_lastMixedText)) m_lastMixedText = Texts().Add(text);
+    if (element.m_lastChild == nullptr) return m_nodes.m_texts.Add(text);
+    if (!Equal(text, m_lastMixedText)) m_lastMixedText = m_nodes.m_texts.Add(text);
     return m_lastMixedText;
 }
 
+std::vector<CXmlElement const*> CDocumentBuilder::OpenElements() const {
+    std::vector<CXmlElement const*> elements;
+    for (OpenElement const& open : m_elementStack) elements.push_back(open.m_element);
+    return elements;
+}
+
 CXmlElement* CDocumentBuilder::CloseAllElements() {
-    while (HasOpenElement()) CloseElement();
+    while (HasOpenElement()) EndElement();
     return m_documentElement;
 }
 

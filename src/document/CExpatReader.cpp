@@ -8,21 +8,18 @@ extern "C" XML_Bool XMLCALL XML_SetReparseDeferralEnabled(XML_Parser parser, XML
     __attribute__((weak));
 
 #include <algorithm>
-#include <memory>
 #include <new>
-#include <optional>
 #include <type_traits>
-#include <vector>
+#include <utility>
 
 #include "BxXmlLib5/core/CBxException.h"
 #include "BxXmlLib5/core/FormatString.h"
 #include "core/Limits.h"
-#include "document/CDocumentBuilder.h"
+#include "document/COctetSource.h"
+#include "document/CUtf16Source.h"
 #include "document/InputLimits.h"
 #include "platform/Stack.h"
 #include "platform/TextView.h"
-#include "platform/UnitScan.h"
-#include "values/Utf8Conversion.h"
 
 namespace BxXmlLib5 {
 
@@ -37,11 +34,6 @@ char16_t const* Units(XML_Char const* text) {
     return reinterpret_cast<char16_t const*>(text);
 }
 
-bool HasCarriageReturn(std::u16string_view text) {
-    if (text.size() == 1) return text[0] == u'\r';  // Expat gives each end of a line by itself
-    return HasUnit(text, [](std::uint64_t units) { return UnitsBelow(units ^ (kEachUnit * u'\r'), 1); });
-}
-
 /// Expat recurses once for each level of reference, so what is left of the stack counts.
 int MostNestingEntities() {
     std::size_t const left = StackLeft().value_or(kStackForLevel + kUnknownStack);
@@ -49,39 +41,7 @@ int MostNestingEntities() {
     return static_cast<int>(std::min<std::size_t>(most, kMaxNestingEntities));
 }
 
-/// The place of the high octet in each unit, if the input is UTF-16; Expat tells it by the same octets.
-std::optional<std::size_t> HighOctetOfUtf16(std::span<unsigned char const> input) {
-    if (input.size() < 2) return std::nullopt;
-    if (input[0] == 0 || (input[0] == 0xFE && input[1] == 0xFF)) return 0;
-    if (input[1] == 0 || (input[0] == 0xFF && input[1] == 0xFE)) return 1;
-    return std::nullopt;
-}
-
-bool HasSurrogate(std::span<unsigned char const> input, std::size_t highOctet) {
-    bool hasSurrogate = false;
-    for (std::size_t at = highOctet; at < input.size(); at += 2) hasSurrogate |= (input[at] & 0xF8) == 0xD8;
-    return hasSurrogate;
-}
-
-wstring UnitsOf(std::span<unsigned char const> input, std::size_t highOctet) {
-    wstring units(input.size() / 2, u'\0');
-    for (std::size_t i = 0; i < units.size(); ++i) {
-        units[i] = static_cast<char16_t>(input[2 * i + highOctet] << 8 | input[2 * i + 1 - highOctet]);
-    }
-    return units;
-}
-
-using Parser = std::unique_ptr<XML_ParserStruct, void (*)(XML_Parser)>;
-
-/// @param encoding null for what the input says
-Parser NewParser(char16_t const* encoding, SchemaType schemaType) {
-    auto const* const name = reinterpret_cast<XML_Char const*>(encoding);
-    Parser parser(
-        schemaType == st_NoNamespaces ? XML_ParserCreate(name) : XML_ParserCreateNS(name, kSeparator),
-        XML_ParserFree);
-    if (!parser) throw std::bad_alloc();
-    return parser;
-}
+constexpr std::size_t kSlice = 64 * 1024;
 
 constexpr int kFinal = 1;
 constexpr int kNotFinal = 0;  // so that an input that ends inside an element is no error
@@ -100,13 +60,6 @@ bool ParsePart(XML_Parser parser, std::span<unsigned char const> octets, int isF
     throw failure;
 }
 
-std::vector<unsigned char> Utf8Of(std::u16string_view units) {
-    std::vector<unsigned char> octets(Utf8Size(units));
-    if (octets.empty()) throw CBxException(u"A text has half of a surrogate pair");
-    WriteUtf8(units, octets);
-    return octets;
-}
-
 }  // namespace
 
 /// What Expat calls, with the reader as its user data.
@@ -117,9 +70,10 @@ struct CExpatReader::Callbacks {
         if (reader->m_failure) return;
         try {
             step(*reader);
+            if (reader->m_isPauseAsked) reader->PauseOutsideEntity();
         } catch (...) {
             reader->m_failure = std::current_exception();
-            XML_StopParser(reader->m_parser, XML_FALSE);
+            XML_StopParser(reader->m_parser.get(), XML_FALSE);
         }
     }
 
@@ -146,6 +100,20 @@ struct CExpatReader::Callbacks {
         });
     }
 
+    static void Comment(void* userData, XML_Char const* text) {
+        Run(userData, [=](CExpatReader& reader) { reader.m_receiver.AddComment(Units(text)); });
+    }
+
+    static void Instruction(void* userData, XML_Char const* target, XML_Char const* content) {
+        Run(userData,
+            [=](CExpatReader& reader) { reader.m_receiver.AddInstruction(Units(target), Units(content)); });
+    }
+
+    static void SkippedEntity(void* userData, XML_Char const* name, int isParameterEntity) {
+        if (isParameterEntity != 0) return;
+        Run(userData, [=](CExpatReader& reader) { reader.m_receiver.AddEntityReference(Units(name)); });
+    }
+
     static void Entity(void* userData, XML_Char const*, int isParameterEntity, XML_Char const* value,
                        int length, XML_Char const*, XML_Char const*, XML_Char const*, XML_Char const*) {
         if (isParameterEntity != 0 || value == nullptr) return;
@@ -155,121 +123,233 @@ struct CExpatReader::Callbacks {
     }
 };
 
-CExpatReader::CExpatReader(CDocumentBuilder& builder, SchemaType schemaType)
-    : CInstanceMonitor(u"CExpatReader"), m_builder(builder), m_schemaType(schemaType) {}
+CExpatReader::CExpatReader(CDocumentReceiver& receiver, DocumentMemory const& memory, SchemaType schemaType,
+                           DocumentDetails details)
+    : CInstanceMonitor(u"CExpatReader"),
+      CDocumentReader(receiver, memory, details),
+      m_schemaType(schemaType) {}
 CExpatReader::~CExpatReader() = default;
 
+void CExpatReader::FreeParser::operator()(XML_ParserStruct* parser) const {
+    XML_ParserFree(parser);
+}
+
+/// @param encoding null for what the input says
+CExpatReader::Parser CExpatReader::NewParser(char16_t const* encoding, SchemaType schemaType) {
+    auto const* const name = reinterpret_cast<XML_Char const*>(encoding);
+    Parser parser(schemaType == st_NoNamespaces ? XML_ParserCreate(name)
+                                                : XML_ParserCreateNS(name, kSeparator));
+    if (!parser) throw std::bad_alloc();
+    return parser;
+}
+
 void CExpatReader::Parse(std::span<unsigned char const> input) {
-    m_mostNestingEntities = MostNestingEntities();
-    m_mostDefaultedUnits = MaxRepeatedUnits(input.size());
-    auto const highOctet = HighOctetOfUtf16(input);
-    if (!highOctet || !HasSurrogate(input, *highOctet)) return ParseAs(nullptr, input);
+    m_mostOctetsOfToken = kMaxInputSize;
+    m_octets = input.size();
+    auto const highOctet = CUtf16Source::HighOctet(input);
+    if (!highOctet || !CUtf16Source::HasSurrogate(input, *highOctet)) return ParseAs(nullptr, input);
     // In UTF-16 Expat takes whatever unit follows the first half of a pair for the second, and some releases
     // lose the second half of one that ends a long text.
-    wstring const units = UnitsOf(input, *highOctet);
-    std::vector<unsigned char> const octets = Utf8Of(units);
-    ThrowIfInputTooLarge(octets.size());
-    // Expat does not look at the declared encoding if it is told another one.
-    std::size_t const declaration = std::min(units.find(u'>'), units.size() - 1) + 1;
+    CheckDeclaration(input);
+    CMemorySource source(input);
+    CUtf16Source utf8(source, *highOctet);
+    std::vector<unsigned char> const octets = ReadAll(utf8);
+    ParseAs(u"UTF-8", octets);
+}
+
+/// Expat does not look at the declared encoding if it is told another one.
+/// @param beginning of UTF-16
+void CExpatReader::CheckDeclaration(std::span<unsigned char const> beginning) const {
+    std::size_t const highOctet = *CUtf16Source::HighOctet(beginning);
+    std::size_t end = 0;
+    auto const isEnd = [&] {
+        return beginning[end + highOctet] == 0 && beginning[end + 1 - highOctet] == '>';
+    };
+    while (end + 2 < beginning.size() && !isEnd()) end += 2;
     Parser const parser = NewParser(nullptr, m_schemaType);
-    if (!ParsePart(parser.get(), input.first(declaration * sizeof(char16_t)), kNotFinal)) {
+    if (!ParsePart(parser.get(), beginning.first(std::min(end + 2, beginning.size())), kNotFinal)) {
         ThrowError(parser.get());
     }
-    ParseAs(u"UTF-8", octets);
 }
 
 /// A final call is faster, since Expat counts the lines after any other. It refuses an input that breaks off, so
 /// what it refuses is parsed anew.
 void CExpatReader::ParseAs(char16_t const* encoding, std::span<unsigned char const> input) {
-    if (ParseWhole(encoding, input)) return;
-    m_builder.Clear();
+    MakeParser(encoding);
+    std::optional const highOctet = encoding == nullptr ? CUtf16Source::HighOctet(input) : std::nullopt;
+    m_lines = {input, highOctet};
+    bool const parsed = ParsePart(m_parser.get(), input, kFinal);
+    if (m_failure) std::rethrow_exception(m_failure);
+    if (parsed) return;
+    m_receiver.Restart();
+    m_depth = 0;
+    m_lines = {input, highOctet};
     ParseOpen(encoding, input);
 }
 
-CExpatReader::Parser CExpatReader::MakeParser(char16_t const* encoding,
-                                              std::span<unsigned char const> input) {
-    Parser parser = NewParser(encoding, m_schemaType);
-    m_parser = parser.get();
-    m_lines = {input, encoding == nullptr ? HighOctetOfUtf16(input) : std::nullopt};
-    m_lastNamespace = nullptr;
-    m_noNamespace = &m_builder.Names().InternText({});
-    m_nestingEntities = 0;
-    m_defaultedUnits = 0;
-    XML_SetUserData(m_parser, this);
-    XML_SetElementHandler(m_parser, Callbacks::StartElement, Callbacks::EndElement);
-    XML_SetNamespaceDeclHandler(m_parser, Callbacks::StartNamespace, Callbacks::EndNamespace);
-    XML_SetCharacterDataHandler(m_parser, Callbacks::Text);
-    XML_SetEntityDeclHandler(m_parser, Callbacks::Entity);
-    // Expat 2.6, and older ones with its mends, would leave a token that a slice cuts for a final call, which
-    // never comes.
-    if (XML_SetReparseDeferralEnabled != nullptr) XML_SetReparseDeferralEnabled(m_parser, XML_FALSE);
-    return parser;
-}
-
-bool CExpatReader::ParseWhole(char16_t const* encoding, std::span<unsigned char const> input) {
-    Parser const parser = MakeParser(encoding, input);
-    bool const parsed = ParsePart(m_parser, input, kFinal);
-    if (m_failure) std::rethrow_exception(m_failure);
-    return parsed;
-}
-
 void CExpatReader::ParseOpen(char16_t const* encoding, std::span<unsigned char const> input) {
-    Parser const parser = MakeParser(encoding, input);
-    bool const parsed = ParseInSlices(input);
-    if (m_failure) std::rethrow_exception(m_failure);
-    if (!parsed) ThrowError(m_parser);
+    MakeParser(encoding);
+    CMemorySource source(input);
+    m_octets = 0;
+    while (ParseSlice(source)) {
+    }
 }
 
-/// Expat copies what it is given, so it gets the input in slices. It scans a token that is not complete anew
-/// with the next slice, so slices double while tokens outgrow them.
-bool CExpatReader::ParseInSlices(std::span<unsigned char const> input) {
-    std::size_t slice = 64 * 1024;
-    for (std::size_t parsed = 0; parsed < input.size();) {
-        auto const octets = input.subspan(parsed, std::min(slice, input.size() - parsed));
-        if (!ParsePart(m_parser, octets, kNotFinal)) return false;
-        parsed += octets.size();
-        std::size_t const scanned =
-            static_cast<std::size_t>(std::max<XML_Index>(XML_GetCurrentByteIndex(m_parser), 0));
-        if (parsed - scanned > slice / 2) slice *= 2;
+void CExpatReader::Start(CPeekedSource& source) {
+    m_mostOctetsOfToken = kMaxOctetsOfToken;
+    auto const highOctet = CUtf16Source::HighOctet(source.Beginning());
+    m_source = &source;
+    if (highOctet) {
+        CheckDeclaration(source.Beginning());
+        m_utf8 = std::make_unique<CUtf16Source>(source, *highOctet);
+        m_source = m_utf8.get();
     }
+    MakeParser(highOctet ? u"UTF-8" : nullptr);
+}
+
+bool CExpatReader::Read() {
+    m_isPauseAsked = false;
+    if (std::exchange(m_isPaused, false)) CheckParsed(XML_ResumeParser(m_parser.get()) != XML_STATUS_ERROR);
+    while (!m_isPaused && !m_isAtEnd) {
+        if (!ParseSlice(*m_source)) FinishStream();
+    }
+    return m_isPaused;
+}
+
+/// By the final call, whose failure can only mean that the input breaks off.
+void CExpatReader::FinishStream() {
+    m_isAtEnd = true;
+    bool const parsed = ParsePart(m_parser.get(), {}, kFinal);
+    if (m_failure) std::rethrow_exception(m_failure);
+    if (!m_hasRoot) ThrowNoRoot();
+    if (HasOpenElement()) ThrowEndsInElement();
+    CheckParsed(parsed);
+}
+
+/// Expat, up to 2.6, forgets the rest of an entity that refers to the one in which it is stopped.
+void CExpatReader::PauseOutsideEntity() {
+    int offset = 0, size = 0;
+    char const* const context = XML_GetInputContext(m_parser.get(), &offset, &size);
+    bool const isReference =
+        XML_GetCurrentByteCount(m_parser.get()) > 0 && context != nullptr && context[offset] == '&';
+    if (m_isPaused || isReference) return;
+    m_isPaused = true;
+    XML_StopParser(m_parser.get(), XML_TRUE);
+}
+
+DocumentPlace CExpatReader::Place() const {
+    return {XML_GetCurrentLineNumber(m_parser.get()), XML_GetCurrentColumnNumber(m_parser.get()) + 1,
+            ByteIndex()};
+}
+
+void CExpatReader::MakeParser(char16_t const* encoding) {
+    m_parser = NewParser(encoding, m_schemaType);
+    m_hasRoot = false;
+    m_lastNamespace = nullptr;
+    m_noNamespace = &m_memory.m_names.InternText({});
+    m_nestingEntities = 0;
+    m_mostNestingEntities = MostNestingEntities();
+    m_defaultedUnits = 0;
+    m_mostDefaultedUnits = MaxRepeatedUnits(m_octets);
+    XML_Parser const parser = m_parser.get();
+    XML_SetUserData(parser, this);
+    XML_SetElementHandler(parser, Callbacks::StartElement, Callbacks::EndElement);
+    XML_SetNamespaceDeclHandler(parser, Callbacks::StartNamespace, Callbacks::EndNamespace);
+    XML_SetCharacterDataHandler(parser, Callbacks::Text);
+    XML_SetEntityDeclHandler(parser, Callbacks::Entity);
+    if (m_details.m_prefixes) XML_SetReturnNSTriplet(parser, XML_TRUE);
+    if (m_details.m_markup) {
+        XML_SetCommentHandler(parser, Callbacks::Comment);
+        XML_SetProcessingInstructionHandler(parser, Callbacks::Instruction);
+        XML_SetSkippedEntityHandler(parser, Callbacks::SkippedEntity);
+    }
+    // Expat 2.6, and older ones with its mends, would leave a token that a slice cuts for a final call, which
+    // an input that may break off does not have.
+    if (XML_SetReparseDeferralEnabled != nullptr) XML_SetReparseDeferralEnabled(parser, XML_FALSE);
+}
+
+/// Expat copies what it is given, so it gets the input in slices. It scans a token that is not complete anew with the
+/// next slice, which therefore is as long at least as what there is of the token.
+/// @return false at the end of the input
+bool CExpatReader::ParseSlice(COctetSource& source) {
+    std::size_t const incomplete = static_cast<std::size_t>(m_octets - ByteIndex());
+    if (incomplete > m_mostOctetsOfToken) {
+        throw CBxException(
+            FormatString(u"A tag, a comment or the like has more than %d octets, which is the limit",
+                         static_cast<int>(m_mostOctetsOfToken)));
+    }
+    std::size_t const size = std::max(kSlice, incomplete);
+    XML_Parser const parser = m_parser.get();
+    void* const room = XML_GetBuffer(parser, static_cast<int>(size));
+    if (room == nullptr) throw std::bad_alloc();
+    std::span const octets(static_cast<unsigned char*>(room), size);
+    std::size_t count = source.Read(octets);
+    for (std::size_t more = count; more > 0 && count < incomplete; count += more) {
+        more = source.Read(octets.subspan(count));
+    }
+    if (count == 0) return false;
+    m_octets += count;
+    m_mostDefaultedUnits = std::max(m_mostDefaultedUnits, MaxRepeatedUnits(m_octets));
+    CheckParsed(XML_ParseBuffer(parser, static_cast<int>(count), kNotFinal) != XML_STATUS_ERROR);
     return true;
 }
 
-CXmlName const& CExpatReader::SplitName(std::u16string_view expanded) {
-    CNameTable& names = m_builder.Names();
+void CExpatReader::CheckParsed(bool parsed) {
+    if (m_failure) std::rethrow_exception(m_failure);
+    if (!parsed) ThrowError(m_parser.get());
+}
+
+CExpatReader::ExpandedName CExpatReader::SplitName(std::u16string_view expanded) {
     // A name is mostly in the namespace of the one before it, which is compared faster than the separator is
     // found.
     if (m_lastNamespace != nullptr) {
         std::size_t const size = m_lastNamespace->size();
         if (size < expanded.size() && expanded[size] == kSeparator &&
             Equal(expanded.substr(0, size), *m_lastNamespace))
-            return names.Intern(*m_lastNamespace, expanded.substr(size + 1));
+            return SplitLocalName(*m_lastNamespace, expanded.substr(size + 1));
     }
     std::size_t const separator = expanded.find(kSeparator);
-    if (separator == expanded.npos) return names.Intern(*m_noNamespace, expanded);
-    m_lastNamespace = &names.InternText(expanded.substr(0, separator));
-    return names.Intern(*m_lastNamespace, expanded.substr(separator + 1));
+    if (separator == expanded.npos) return {m_memory.m_names.Intern(*m_noNamespace, expanded), {}};
+    m_lastNamespace = &m_memory.m_names.InternText(expanded.substr(0, separator));
+    return SplitLocalName(*m_lastNamespace, expanded.substr(separator + 1));
+}
+
+/// @param local with the prefix behind it, if prefixes are asked for and there is one
+CExpatReader::ExpandedName CExpatReader::SplitLocalName(wstring const& namespaceUri,
+                                                        std::u16string_view local) {
+    std::size_t const separator = m_details.m_prefixes ? local.find(kSeparator) : local.npos;
+    if (separator == local.npos) return {m_memory.m_names.Intern(namespaceUri, local), {}};
+    return {m_memory.m_names.Intern(namespaceUri, local.substr(0, separator)), local.substr(separator + 1)};
 }
 
 void CExpatReader::StartElement(char16_t const* name, char16_t const* const* attributes) {
-    CXmlName const& elementName = SplitName(name);
-    CXmlElement* const element = m_builder.AddElement(elementName, Line());
-    std::size_t count = 0;
-    while (attributes[2 * count] != nullptr) ++count;
-    if (count == 0) return;
-    m_builder.ReserveElementAttributes(element, count);
-    auto const specified = static_cast<std::size_t>(XML_GetSpecifiedAttributeCount(m_parser)) / 2;
-    for (std::size_t i = 0; i < count; ++i) {
-        std::u16string_view const value = attributes[2 * i + 1];
-        if (i >= specified) CountDefaulted(value);
-        m_builder.AddElementAttribute(element, SplitName(attributes[2 * i]), m_builder.Texts().Add(value));
+    ThrowIfTooDeep();
+    m_hasRoot = true;
+    m_attributes.clear();
+    if (attributes[0] != nullptr) {
+        auto const specified = static_cast<std::size_t>(XML_GetSpecifiedAttributeCount(m_parser.get())) / 2;
+        for (; attributes[0] != nullptr; attributes += 2) {
+            bool const isSpecified = m_attributes.size() < specified;
+            std::u16string_view value = attributes[1];
+            if (!isSpecified) CountDefaulted(value);
+            if (m_memory.m_keepsTexts) value = m_memory.m_texts.Add(value);
+            auto const [attribute, prefix] = SplitName(attributes[0]);
+            m_attributes.push_back({&attribute, prefix, value, isSpecified});
+        }
     }
+    auto const [element, prefix] = SplitName(name);
+    CDocumentReader::StartElement({element, prefix, m_attributes, m_details.m_lines ? Line() : 0});
 }
 
-/// The line of the event that Expat tells. Expat's own count would look at each octet once more.
+/// The line of the event that Expat tells. Expat's own count looks at each octet once more, but it does so anyway
+/// behind each slice.
 std::size_t CExpatReader::Line() {
-    return m_lines.LineAt(
-        static_cast<std::size_t>(std::max<XML_Index>(XML_GetCurrentByteIndex(m_parser), 0)));
+    if (m_source != nullptr) return XML_GetCurrentLineNumber(m_parser.get());
+    return m_lines.LineAt(static_cast<std::size_t>(ByteIndex()));
+}
+
+std::uint64_t CExpatReader::ByteIndex() const {
+    return static_cast<std::uint64_t>(std::max<XML_Index>(XML_GetCurrentByteIndex(m_parser.get()), 0));
 }
 
 void CExpatReader::CountDefaulted(std::u16string_view value) {
@@ -280,23 +360,18 @@ void CExpatReader::CountDefaulted(std::u16string_view value) {
 }
 
 void CExpatReader::EndElement() {
-    if (m_builder.HasOpenElement()) m_builder.CloseElement();
+    if (HasOpenElement()) CDocumentReader::EndElement();
 }
 
 void CExpatReader::DeclareNamespace(char16_t const* prefix, char16_t const* namespaceUri) {
     ThrowIfNamespaceTooLong(TextOf(namespaceUri));
     // No prefix is the default namespace; no URI is xmlns="".
-    CNameTable& names = m_builder.Names();
-    m_builder.DeclareNamespace(names.InternText(TextOf(prefix)), names.InternText(TextOf(namespaceUri)));
+    CNameTable& names = m_memory.m_names;
+    m_receiver.DeclareNamespace(names.InternText(TextOf(prefix)), names.InternText(TextOf(namespaceUri)));
 }
 
 void CExpatReader::AddText(std::u16string_view text) {
-    if (text.empty() || !m_builder.HasOpenElement()) return;
-    if (HasCarriageReturn(text)) {
-        m_builder.AppendTextExcludingCR(text);
-    } else {
-        m_builder.AppendText(text);
-    }
+    if (!text.empty() && HasOpenElement()) m_receiver.AddText(text);
 }
 
 void CExpatReader::DeclareEntity(std::u16string_view value) {

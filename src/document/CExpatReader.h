@@ -1,52 +1,76 @@
-// The Expat adapter: XML text into the tree of a document.
+// The Expat adapter: XML text to a receiver.
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <exception>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string_view>
+#include <vector>
 
 #include "BxXmlLib5/core/CInstanceMonitor.h"
 #include "BxXmlLib5/core/Enumerations.h"
-#include "BxXmlLib5/platform/Text.h"
+#include "document/CDocumentReader.h"
 #include "document/CLineCounter.h"
 
 struct XML_ParserStruct;
 
 namespace BxXmlLib5 {
 
-class CDocumentBuilder;
-struct CXmlName;
+class COctetSource;
+class CPeekedSource;
+class CUtf16Source;
 
-/// Parses one text into a tree. The callbacks run inside Expat, whose frames no exception may cross: a
-/// failure in one stops the parser, further callbacks do nothing, and Parse() throws it on.
-class CExpatReader : public CInstanceMonitor {
+/// Parses one text, that is given whole or comes in slices. The callbacks run inside Expat, whose frames no
+/// exception may cross: a failure in one stops the parser, further callbacks do nothing, and the caller gets what
+/// was thrown.
+class CExpatReader : public CInstanceMonitor, public CDocumentReader {
 public:
-    CExpatReader(CDocumentBuilder& builder, SchemaType schemaType);
+    CExpatReader(CDocumentReceiver& receiver, DocumentMemory const& memory, SchemaType schemaType,
+                 DocumentDetails details = {});
     virtual ~CExpatReader();
 
-    /// An input that ends inside an element, or has none, is no failure here.
+    /// A whole text. One that ends inside an element, or has none, is no failure here.
     /// @throws CBxException for text that is not well-formed or breaks a limit
     void Parse(std::span<unsigned char const> input);
 
+    /// Begins with a text that comes in slices. Read() throws what Parse() does, and refuses one that breaks off.
+    /// @param source outlives the reader
+    void Start(CPeekedSource& source);
+    bool Read() override;
+    void Pause() override { m_isPauseAsked = true; }
+    DocumentPlace Place() const override;
+
 private:
     struct Callbacks;
+    struct FreeParser {
+        void operator()(XML_ParserStruct* parser) const;
+    };
+    using Parser = std::unique_ptr<XML_ParserStruct, FreeParser>;
 
-    using Parser = std::unique_ptr<XML_ParserStruct, void (*)(XML_ParserStruct*)>;
+    struct ExpandedName {
+        CXmlName const& m_name;
+        std::u16string_view m_prefix;
+    };
 
+    static Parser NewParser(char16_t const* encoding, SchemaType schemaType);
+    void CheckDeclaration(std::span<unsigned char const> beginning) const;
     /// @param encoding null for what the input says
     void ParseAs(char16_t const* encoding, std::span<unsigned char const> input);
     /// Starts anew.
-    /// @return the parser that m_parser refers to
-    Parser MakeParser(char16_t const* encoding, std::span<unsigned char const> input);
-    /// @return false if Expat refuses the input, as it does one that breaks off
-    bool ParseWhole(char16_t const* encoding, std::span<unsigned char const> input);
+    void MakeParser(char16_t const* encoding);
     void ParseOpen(char16_t const* encoding, std::span<unsigned char const> input);
-    bool ParseInSlices(std::span<unsigned char const> input);
-    std::size_t Line();
-    CXmlName const& SplitName(std::u16string_view expanded);
+    bool ParseSlice(COctetSource& source);
+    void FinishStream();
+    void PauseOutsideEntity();
+    void CheckParsed(bool parsed);
+    ExpandedName SplitName(std::u16string_view expanded);
+    ExpandedName SplitLocalName(wstring const& namespaceUri, std::u16string_view local);
 
+    std::size_t Line();
+    std::uint64_t ByteIndex() const;
     void CountDefaulted(std::u16string_view value);
     void StartElement(char16_t const* name, char16_t const* const* attributes);
     void EndElement();
@@ -54,12 +78,20 @@ private:
     void AddText(std::u16string_view text);
     void DeclareEntity(std::u16string_view value);
 
-    CDocumentBuilder& m_builder;
     SchemaType m_schemaType;
-    XML_ParserStruct* m_parser = nullptr;
-    CLineCounter m_lines;
+    Parser m_parser;
+    std::unique_ptr<CUtf16Source> m_utf8;
+    COctetSource* m_source = nullptr;  // if the text comes in slices
+    CLineCounter m_lines;              // if it does not
+    std::size_t m_mostOctetsOfToken = 0;
+    std::uint64_t m_octets = 0;
+    bool m_hasRoot = false;
+    bool m_isPauseAsked = false;
+    bool m_isPaused = false;
+    bool m_isAtEnd = false;
     wstring const* m_lastNamespace = nullptr;
     wstring const* m_noNamespace = nullptr;
+    std::vector<DocumentAttribute> m_attributes;
     int m_nestingEntities = 0;
     int m_mostNestingEntities = 0;
     std::size_t m_defaultedUnits = 0;

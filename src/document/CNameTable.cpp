@@ -1,11 +1,15 @@
 #include "document/CNameTable.h"
 
+#include "BxXmlLib5/core/CBxException.h"
+#include "BxXmlLib5/core/FormatString.h"
 #include "platform/KeyedHash.h"
 #include "platform/TextView.h"
 
 namespace BxXmlLib5 {
 
 namespace {
+
+constexpr std::size_t kOctetsOfIndex = 48;  // what the place of an entry takes, most of all
 
 /// Tells most of the names of one document apart.
 std::size_t Slot(std::u16string_view name) {
@@ -22,6 +26,7 @@ wstring const& CNameTable::InternText(std::u16string_view text) {
     std::uint64_t const hash = HashOf(text);
     auto const isText = [text](wstring const& known) { return Equal(known, text); };
     if (wstring const* const known = m_textIndex.Find(hash, isText)) return *known;
+    Count(sizeof(wstring) + text.size() * sizeof(char16_t));
     wstring const& added = *m_texts.Create(text);
     m_textIndex.Add(hash, added);
     return added;
@@ -47,17 +52,29 @@ CXmlName const& CNameTable::Combine(wstring const& namespaceUri, wstring const& 
         return &name.m_namespaceUri == &namespaceUri && &name.m_localName == &localName;
     });
     if (known != nullptr) return *known;
+    Count(sizeof(CXmlName));
     CXmlName const& added = *m_names.Create(CXmlName{namespaceUri, localName});
     m_nameIndex.Add(hash, added);
     return added;
 }
 
+void CNameTable::Count(std::size_t octets) {
+    m_octets += octets + kOctetsOfIndex;
+    if (m_octets > m_mostOctets) {
+        throw CBxException(
+            FormatString(u"The names of the document take more than %d octets, which is the limit",
+                         static_cast<int>(m_mostOctets)));
+    }
+}
+
 void CNameTable::Clear() {
+    m_octets = 0;
     m_recent.fill(nullptr);
     m_nameIndex.Clear();
     m_names.Clear();
     m_textIndex.Clear();
     m_texts.Clear();
+    m_blocks.Clear();
 }
 
 }  // namespace BxXmlLib5

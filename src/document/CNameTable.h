@@ -2,6 +2,8 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
+#include <limits>
 #include <string_view>
 
 #include "BxXmlLib5/document/CXmlAttribute.h"
@@ -15,6 +17,7 @@ namespace BxXmlLib5 {
 class CNameTable {
 public:
     /// The text, which is the same object for equal texts.
+    /// @throws CBxException if the names take more octets than they may
     wstring const& InternText(std::u16string_view text);
     /// The same, null if there is none.
     wstring const* FindText(std::u16string_view text) const;
@@ -28,11 +31,19 @@ public:
 
     void Clear();
 
+    /// From now on the names take at most so many octets.
+    void LimitSize(std::size_t octets) { m_mostOctets = octets; }
+
 private:
-    CNodePool<wstring> m_texts;
+    void Count(std::size_t octets);
+
+    CBlockStore m_blocks;
+    CNodePool<wstring> m_texts{m_blocks};
     CHashIndex<wstring> m_textIndex;
-    CNodePool<CXmlName> m_names;
-    CHashIndex<CXmlName> m_nameIndex;            // by the addresses of their parts
+    CNodePool<CXmlName> m_names{m_blocks};
+    CHashIndex<CXmlName> m_nameIndex;  // by the addresses of their parts
+    std::size_t m_octets = 0;
+    std::size_t m_mostOctets = std::numeric_limits<std::size_t>::max();
     std::array<CXmlName const*, 64> m_recent{};  // by a number made of the local name, to be looked at first
 };
 

@@ -48,4 +48,12 @@ void CTextStore::Clear() {
     m_blockSize = 0;
 }
 
+void CTextStore::Empty() {
+    bool const isOneBlock = m_blocks.size() == 1 && m_next != nullptr;
+    if (!isOneBlock) return Clear();
+    m_largeRoom.reset();
+    m_left += static_cast<std::size_t>(m_next - m_blocks[0].get());
+    m_next = m_blocks[0].get();
+}
+
 }  // namespace BxXmlLib5

@@ -20,6 +20,8 @@ public:
     std::u16string_view Keep(std::size_t size);
 
     void Clear();
+    /// The same, but some room is kept for the texts that come next.
+    void Empty();
 
 private:
     std::vector<std::unique_ptr<char16_t[]>> m_blocks;

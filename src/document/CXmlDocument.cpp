@@ -6,8 +6,10 @@
 #include "BxXmlLib5/core/FormatString.h"
 #include "document/CDocumentBuilder.h"
 #include "document/CExpatReader.h"
+#include "document/COctetSource.h"
 #include "document/Inflate.h"
 #include "document/InputLimits.h"
+#include "document/ReadPlace.h"
 #include "fastinfoset/CFastInfosetReader.h"
 #include "platform/Files.h"
 #include "platform/TextView.h"
@@ -32,15 +34,12 @@ private:
 
 Buffer ReadFile(std::u16string_view path) {
     CInputFile file(path);
-    auto const fail = [&](char16_t const* format) {
-        throw CBxException(FormatString(format, wstring(path).c_str(), file.Error()));
-    };
-    if (!file.IsOpen()) fail(u"Failed to open the file [%s] Error [0x%08x]");
+    if (!file.IsOpen()) ThrowFileError(kCannotOpen, path, file);
     auto const size = file.Size();
-    if (!size) fail(u"Failed to get the size of the file [%s] Error [0x%08x]");
+    if (!size) ThrowFileError(u"Failed to get the size of the file [%s] Error [0x%08x]", path, file);
     ThrowIfInputTooLarge(*size);
     Buffer buffer(*size);
-    if (!file.Read(buffer.Octets())) fail(u"Failed to read the contents of the file [%s] Error [0x%08x]");
+    if (!file.Read(buffer.Octets())) ThrowFileError(kCannotRead, path, file);
     return buffer;
 }
 
@@ -59,6 +58,7 @@ CXmlDocument::~CXmlDocument() = default;
 
 void CXmlDocument::Cleanup() {
     m_documentElement = nullptr;
+    m_openElements.clear();
     m_isComplete = false;
     m_isCompressed = false;
     m_isFastInfoset = false;
@@ -105,20 +105,35 @@ void CXmlDocument::Parse(std::span<unsigned char const> input, bool isText) {
     auto const inflated = isText ? std::nullopt : Inflate(input);
     auto const octets = inflated ? std::span<unsigned char const>(*inflated) : input;
     m_isCompressed = inflated.has_value();
-    CDocumentBuilder builder(*this, *m_nodes);
+    CDocumentBuilder builder(*this, *m_nodes, CDocumentBuilder::kTextsAreKept);
+    DocumentMemory const memory{m_nodes->m_names, m_nodes->m_texts, true};
     try {
-        m_isFastInfoset = !isText && CFastInfosetReader(builder).Parse(octets);
-        if (!m_isFastInfoset) CExpatReader(builder, m_schemaType).Parse(octets);
+        m_isFastInfoset = !isText && CFastInfosetReader(builder, memory).Parse(octets);
+        if (!m_isFastInfoset) CExpatReader(builder, memory, m_schemaType, {.m_lines = true}).Parse(octets);
     } catch (...) {
         m_documentElement = builder.CloseAllElements();
         throw;
     }
-    m_isComplete = !builder.HasOpenElement();
+    m_openElements = builder.OpenElements();
+    m_isComplete = m_openElements.empty();
     m_documentElement = builder.CloseAllElements();
     if (m_documentElement == nullptr) {
         Cleanup();
-        throw CBxException(u"Invalid or empty XML document");
+        ThrowNoRoot();
     }
+    if (m_requireWholeDocument) ThrowIfNotWhole();
+}
+
+void CXmlDocument::ThrowIfNotWhole() const {
+    if (m_isComplete) return;
+    CBxException failure;
+    MarkRead(failure, m_openElements.back());
+    LocateRead(failure, *m_documentElement);
+    CBxLocation const open = failure.GetLocation();
+    failure = CBxException(FormatString(u"The document ends inside the element [%s], which begins on line %d",
+                                        open.GetPath().c_str(), static_cast<int>(open.GetLine())));
+    failure.SetLocation(CBxLocation({}, open.GetLine()));
+    throw failure;
 }
 
 }  // namespace BxXmlLib5

@@ -18,4 +18,12 @@ void ThrowIfNamespaceTooLong(std::u16string_view namespaceUri) {
                                     static_cast<int>(kMaxNamespaceLength)));
 }
 
+void ThrowNoRoot() {
+    throw CBxException(u"Invalid or empty XML document");
+}
+
+void ThrowEndsInElement() {
+    throw CBxException(u"The document ends inside an element");
+}
+
 }  // namespace BxXmlLib5

@@ -1,4 +1,4 @@
-// The limits of a document that all readers share, as far as they are failures of their own.
+// What all readers refuse in the same words.
 #pragma once
 
 #include <cstddef>
@@ -11,5 +11,11 @@ void ThrowIfInputTooLarge(std::size_t size);
 
 /// @throws CBxException if the name of a namespace exceeds kMaxNamespaceLength
 void ThrowIfNamespaceTooLong(std::u16string_view namespaceUri);
+
+/// @throws CBxException always, for a document without a root
+[[noreturn]] void ThrowNoRoot();
+
+/// @throws CBxException always, for a document that breaks off
+[[noreturn]] void ThrowEndsInElement();
 
 }  // namespace BxXmlLib5

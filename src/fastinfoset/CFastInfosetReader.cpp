@@ -4,8 +4,9 @@
 #include <optional>
 
 #include "BxXmlLib5/core/CBxException.h"
+#include "BxXmlLib5/core/FormatString.h"
 #include "core/Limits.h"
-#include "document/CDocumentBuilder.h"
+#include "document/COctetSource.h"
 #include "document/InputLimits.h"
 #include "fastinfoset/Format.h"
 
@@ -56,20 +57,51 @@ constexpr unsigned kHasPublicIdentifier = 0x01;
 
 }  // namespace
 
-CFastInfosetReader::CFastInfosetReader(CDocumentBuilder& builder)
-    : CInstanceMonitor(u"CFastInfosetReader"), m_builder(builder), m_input(builder.Texts()) {}
+CFastInfosetReader::CFastInfosetReader(CDocumentReceiver& receiver, DocumentMemory const& memory,
+                                       DocumentDetails details)
+    : CInstanceMonitor(u"CFastInfosetReader"),
+      CDocumentReader(receiver, memory, details),
+      m_input(memory.m_texts) {}
 CFastInfosetReader::~CFastInfosetReader() = default;
+
+bool CFastInfosetReader::Recognises(Octets beginning) {
+    return FindOptionalComponents(beginning).has_value();
+}
 
 bool CFastInfosetReader::Parse(Octets input) {
     auto const components = FindOptionalComponents(input);
     if (!components) return false;
     m_input.Start(*components);
-    m_repeatableUnits = MaxRepeatedUnits(input.size());
-    m_namespaceNames.Add(&m_builder.Names().InternText(kBuiltInNamespace));
-    m_prefixes.Add(&m_builder.Names().InternText(kBuiltInPrefix));
-    SkipOptionalComponents();
+    ReadStart();
     ReadDocumentChild();
     return true;
+}
+
+void CFastInfosetReader::Start(CPeekedSource& source) {
+    std::size_t const size = source.Beginning().size();
+    auto const components = FindOptionalComponents(source.Beginning());
+    m_input.Start(source);
+    m_input.ReadOctets(size - components.value_or(Octets()).size());
+    ReadStart();
+}
+
+bool CFastInfosetReader::Read() {
+    m_isPaused = false;
+    while (!m_isPaused && !m_isAtEnd) {
+        if (HasOpenElement()) {
+            ReadItem(m_input.ReadOctet());
+        } else {
+            m_isAtEnd = !ReadItemOfDocument();
+        }
+        m_memory.m_texts.Empty();
+    }
+    return m_isPaused;
+}
+
+void CFastInfosetReader::ReadStart() {
+    m_namespaceNames.Add(&m_memory.m_names.InternText(kBuiltInNamespace));
+    m_prefixes.Add(&m_memory.m_names.InternText(kBuiltInPrefix));
+    SkipOptionalComponents();
 }
 
 // C.2: what stands ahead of the document's children, in this order.
@@ -84,7 +116,7 @@ void CFastInfosetReader::SkipOptionalComponents() {
         {0x08, [](auto& reader) { reader.SkipUnparsedEntities(); }},
         {0x04, [](auto& reader) { reader.SkipOctetString(); }},    // character-encoding-scheme
         {0x02, [](auto& reader) { reader.m_input.ReadOctet(); }},  // standalone
-        {0x01, [](auto& reader) { reader.m_input.ReadNonIdentifyingStringOrIndexOnFirstBit(); }},  // version
+        {0x01, [](auto& reader) { reader.ReadOtherString(); }},    // version
     };
     unsigned const present = m_input.ReadOctet();
     for (auto const& component : kComponents) {
@@ -148,7 +180,7 @@ void CFastInfosetReader::SkipNameSurrogate() {
 void CFastInfosetReader::SkipNotations() {
     unsigned char first = m_input.ReadOctet();
     for (; kNotation.Matches(first); first = m_input.ReadOctet()) {
-        m_input.ReadIdentifyingStringOrIndex();  // name
+        ReadOtherName();
         SkipIdentifiers(first);
     }
 }
@@ -157,10 +189,10 @@ void CFastInfosetReader::SkipNotations() {
 void CFastInfosetReader::SkipUnparsedEntities() {
     unsigned char first = m_input.ReadOctet();
     for (; kUnparsedEntity.Matches(first); first = m_input.ReadOctet()) {
-        m_input.ReadIdentifyingStringOrIndex();                                           // name
+        ReadOtherName();
         m_input.ReadIdentifyingStringOrIndex();                                           // system identifier
         if ((first & kHasPublicIdentifier) != 0) m_input.ReadIdentifyingStringOrIndex();  // public identifier
-        m_input.ReadIdentifyingStringOrIndex();                                           // notation name
+        ReadOtherName();                                                                  // notation name
     }
 }
 
@@ -169,15 +201,35 @@ void CFastInfosetReader::SkipIdentifiers(unsigned char present) {
     if ((present & kHasPublicIdentifier) != 0) m_input.ReadIdentifyingStringOrIndex();
 }
 
+// C.9
+void CFastInfosetReader::SkipDocumentType(unsigned char first) {
+    SkipIdentifiers(first);
+    unsigned char next = m_input.ReadOctet();
+    for (; kProcessingInstruction.Matches(next); next = m_input.ReadOctet()) {
+        ReadOtherName();
+        ReadOtherString();
+    }
+    if (next != kTerminator) ThrowInvalidElement();
+}
+
 // C.5
-void CFastInfosetReader::SkipProcessingInstruction() {
-    m_input.ReadIdentifyingStringOrIndex();               // target
-    m_input.ReadNonIdentifyingStringOrIndexOnFirstBit();  // content
+void CFastInfosetReader::ReadProcessingInstruction() {
+    NamePart const target = ReadOtherName();
+    std::u16string_view const content = ReadOtherString();
+    if (m_details.m_markup) m_receiver.AddInstruction(target.m_text, content);
 }
 
 // C.8
-void CFastInfosetReader::SkipComment() {
-    m_input.ReadNonIdentifyingStringOrIndexOnFirstBit();
+void CFastInfosetReader::ReadComment() {
+    std::u16string_view const text = ReadOtherString();
+    if (m_details.m_markup) m_receiver.AddComment(text);
+}
+
+// C.6
+void CFastInfosetReader::ReadEntityReference(unsigned char first) {
+    NamePart const name = ReadOtherName();
+    SkipIdentifiers(first);
+    if (m_details.m_markup) m_receiver.AddEntityReference(name.m_text);
 }
 
 // C.2: of the document's children only the first is looked at.
@@ -185,14 +237,40 @@ void CFastInfosetReader::ReadDocumentChild() {
     unsigned char const first = m_input.ReadOctet();
     if (kElement.Matches(first)) {
         ReadElement(first);
-        while (m_builder.HasOpenElement()) ReadItem(m_input.ReadOctet());
-    } else if (kProcessingInstruction.Matches(first)) {
-        SkipProcessingInstruction();
-    } else if (kComment.Matches(first)) {
-        SkipComment();
+        while (HasOpenElement()) ReadItem(m_input.ReadOctet());
     } else if (kDocumentType.Matches(first)) {
         SkipIdentifiers(first);
+    } else {
+        ReadMarkup(first);
     }
+}
+
+/// @return false if the document ends here
+bool CFastInfosetReader::ReadItemOfDocument() {
+    if (m_hasRoot && m_input.IsAtEnd()) return false;
+    unsigned char const first = m_input.ReadOctet();
+    if (kElement.Matches(first) && !m_hasRoot) {
+        ReadElement(first);
+    } else if (kDocumentType.Matches(first) && !m_hasRoot) {
+        SkipDocumentType(first);
+    } else if (!ReadMarkup(first)) {
+        if (!m_hasRoot) ThrowNoRoot();
+        return false;
+    }
+    return true;
+}
+
+/// A comment or an instruction.
+/// @return false if it is something else
+bool CFastInfosetReader::ReadMarkup(unsigned char first) {
+    if (kProcessingInstruction.Matches(first)) {
+        ReadProcessingInstruction();
+    } else if (kComment.Matches(first)) {
+        ReadComment();
+    } else {
+        return false;
+    }
+    return true;
 }
 
 /// What the innermost open element has next: an item of its content, or its end.
@@ -202,18 +280,13 @@ void CFastInfosetReader::ReadItem(unsigned char first) {
     } else if (kCharacterChunk.Matches(first)) {
         ReadCharacterChunk(first);
     } else if (first == kTerminator) {
-        m_builder.CloseElement();
+        EndElement();
     } else if (first == kTwoTerminators) {
-        m_builder.CloseElement();
-        if (m_builder.HasOpenElement()) m_builder.CloseElement();
-    } else if (kProcessingInstruction.Matches(first)) {
-        SkipProcessingInstruction();
-    } else if (kComment.Matches(first)) {
-        SkipComment();
+        EndElement();
+        if (HasOpenElement()) EndElement();
     } else if (kUnexpandedEntityReference.Matches(first)) {
-        m_input.ReadIdentifyingStringOrIndex();  // name
-        SkipIdentifiers(first);
-    } else {
+        ReadEntityReference(first);
+    } else if (!ReadMarkup(first)) {
         ThrowInvalidElement();
     }
 }
@@ -226,54 +299,71 @@ void CFastInfosetReader::ReadElement(unsigned char first) {
         for (; kNamespaceAttribute.Matches(next); next = m_input.ReadOctet()) ReadNamespaceAttribute(next);
         nameStart = m_input.ReadOctet();
     }
-    CXmlName const& name = kLiteralElementName.Matches(nameStart)
-                               ? ReadLiteralName(nameStart, m_elementNames)
-                               : FindName(m_elementNames, m_input.ReadIndexOnThirdBit(nameStart));
-    CXmlElement* const element = m_builder.AddElement(name);
-    if ((first & kHasAttributes) != 0) ReadAttributes(element);
+    PrefixedName const name = kLiteralElementName.Matches(nameStart)
+                                  ? ReadLiteralName(nameStart, m_elementNames)
+                                  : FindName(m_elementNames, m_input.ReadIndexOnThirdBit(nameStart));
+    ThrowIfTooDeep();
+    m_attributes.clear();
+    bool const isEmpty = (first & kHasAttributes) != 0 && ReadAttributes();
+    m_hasRoot = true;
+    StartElement({*name.m_name, PrefixOf(name), m_attributes, 0});
+    if (isEmpty) EndElement();
 }
 
-void CFastInfosetReader::ReadAttributes(CXmlElement* element) {
-    constexpr std::size_t kMostlyEnough = 3;  // take no more memory than one
-    m_builder.ReserveElementAttributes(element, kMostlyEnough);
+/// @return whether the element ends with them
+bool CFastInfosetReader::ReadAttributes() {
     unsigned char next = m_input.ReadOctet();
-    for (; kAttribute.Matches(next); next = m_input.ReadOctet()) ReadAttribute(element, next);
+    for (; kAttribute.Matches(next); next = m_input.ReadOctet()) ReadAttribute(next);
+    if (next != kTwoTerminators && next != kTerminator) ThrowInvalidElement();
     // Here the second terminator is the element's own.
-    if (next == kTwoTerminators) {
-        m_builder.CloseElement();
-    } else if (next != kTerminator) {
-        ThrowInvalidElement();
-    }
+    return next == kTwoTerminators;
 }
 
 // C.4
-void CFastInfosetReader::ReadAttribute(CXmlElement* element, unsigned char first) {
-    CXmlName const& name = kLiteralAttributeName.Matches(first)
-                               ? ReadLiteralName(first, m_attributeNames)
-                               : FindName(m_attributeNames, m_input.ReadIndexOnSecondBit(first));
-    StringOrIndex const value = m_input.ReadNonIdentifyingStringOrIndexOnFirstBit();
-    bool const isEmpty = value.m_isIndex && value.m_index == 0;
-    m_builder.AddElementAttribute(element, name,
-                                  isEmpty ? std::u16string_view() : Resolve(value, m_attributeValues));
+void CFastInfosetReader::ReadAttribute(unsigned char first) {
+    PrefixedName const name = kLiteralAttributeName.Matches(first)
+                                  ? ReadLiteralName(first, m_attributeNames)
+                                  : FindName(m_attributeNames, m_input.ReadIndexOnSecondBit(first));
+    m_attributes.push_back({name.m_name, PrefixOf(name), ReadStringOnFirstBit(m_attributeValues)});
+}
+
+// C.14
+std::u16string_view CFastInfosetReader::ReadStringOnFirstBit(Strings& table) {
+    StringOrIndex const string = m_input.ReadNonIdentifyingStringOrIndexOnFirstBit();
+    bool const isEmpty = string.m_isIndex && string.m_index == 0;
+    return isEmpty ? std::u16string_view() : Resolve(string, table);
+}
+
+std::u16string_view CFastInfosetReader::ReadOtherString() {
+    if (m_details.m_markup) return ReadStringOnFirstBit(m_otherStrings);
+    m_input.ReadNonIdentifyingStringOrIndexOnFirstBit();
+    return {};
+}
+
+CFastInfosetReader::NamePart CFastInfosetReader::ReadOtherName() {
+    if (m_details.m_markup) return ReadNamePart(m_otherNames);
+    m_input.ReadIdentifyingStringOrIndex();
+    return NoNamePart();
 }
 
 // C.12
 void CFastInfosetReader::ReadNamespaceAttribute(unsigned char first) {
     NamePart const prefix = (first & kHasPrefix) != 0 ? ReadNamePart(m_prefixes) : NoNamePart();
     NamePart const namespaceUri = (first & kHasNamespace) != 0 ? ReadNamespaceName() : NoNamePart();
-    m_builder.DeclareNamespace(prefix.m_text, namespaceUri.m_text);
+    m_receiver.DeclareNamespace(prefix.m_text, namespaceUri.m_text);
 }
 
 // C.7
 void CFastInfosetReader::ReadCharacterChunk(unsigned char first) {
     StringOrIndex chunk = m_input.ReadNonIdentifyingStringOrIndexOnThirdBit(first);
+    if (!m_memory.m_keepsTexts) return m_receiver.AddText(Resolve(chunk, m_characterChunks));
     chunk.m_string = ExcludingCR(chunk.m_string);
-    std::size_t const copied = m_builder.AppendStoredText(Resolve(chunk, m_characterChunks));
+    std::size_t const copied = m_receiver.AddKeptText(Resolve(chunk, m_characterChunks));
     CountRepeated(copied * kUnitsOfJoinedUnit);
 }
 
 // C.17, C.18
-CXmlName const& CFastInfosetReader::ReadLiteralName(unsigned char first, Names& names) {
+CFastInfosetReader::PrefixedName CFastInfosetReader::ReadLiteralName(unsigned char first, Names& names) {
     bool const hasPrefix = (first & kHasPrefix) != 0;
     bool const hasNamespace = (first & kHasNamespace) != 0;
     if (hasPrefix && !hasNamespace) {
@@ -282,16 +372,20 @@ CXmlName const& CFastInfosetReader::ReadLiteralName(unsigned char first, Names& 
     NamePart const prefix = hasPrefix ? ReadNamePart(m_prefixes) : NoNamePart();
     NamePart const namespaceUri = hasNamespace ? ReadNamespaceName() : NoNamePart();
     NamePart const localName = ReadNamePart(m_localNames);
-    CXmlName const& name = m_builder.Names().Combine(namespaceUri.m_text, localName.m_text);
-    CountName(name);
-    if (prefix.m_hasIndex && namespaceUri.m_hasIndex && localName.m_hasIndex) names.Add(&name);
+    PrefixedName const name{&m_memory.m_names.Combine(namespaceUri.m_text, localName.m_text), &prefix.m_text};
+    CountName(*name.m_name);
+    if (prefix.m_hasIndex && namespaceUri.m_hasIndex && localName.m_hasIndex) names.Add(name);
     return name;
 }
 
-CXmlName const& CFastInfosetReader::FindName(Names const& names, std::uint64_t index) {
-    CXmlName const& name = *names.At(index);
-    CountName(name);
+CFastInfosetReader::PrefixedName CFastInfosetReader::FindName(Names const& names, std::uint64_t index) {
+    PrefixedName const name = names.At(index);
+    CountName(*name.m_name);
     return name;
+}
+
+std::u16string_view CFastInfosetReader::PrefixOf(PrefixedName const& name) const {
+    return m_details.m_prefixes ? std::u16string_view(*name.m_prefix) : std::u16string_view();
 }
 
 /// The tree holds a name once, but what is read from the tree holds the local one for each element.
@@ -301,13 +395,13 @@ void CFastInfosetReader::CountName(CXmlName const& name) {
 }
 
 CFastInfosetReader::NamePart CFastInfosetReader::NoNamePart() const {
-    return {m_builder.Names().InternText({})};
+    return {m_memory.m_names.InternText({})};
 }
 
 CFastInfosetReader::NamePart CFastInfosetReader::ReadNamePart(NameParts& table) {
     StringOrIndex const part = m_input.ReadIdentifyingStringOrIndex();
     if (part.m_isIndex) return {*table.At(part.m_index)};
-    wstring const& text = m_builder.Names().InternText({part.m_string.data(), part.m_string.size()});
+    wstring const& text = m_memory.m_names.InternText({part.m_string.data(), part.m_string.size()});
     NamePart const name{text, !table.IsFull()};
     table.Add(&text);
     return name;
@@ -325,17 +419,28 @@ std::u16string_view CFastInfosetReader::Resolve(StringOrIndex const& string, Str
         CountRepeated(known.size());
         return known;
     }
-    std::u16string_view const kept = m_builder.Texts().Keep(string.m_string.size());
-    if (string.m_addToTable) table.Add(kept);
+    std::u16string_view const kept = m_memory.m_texts.Keep(string.m_string.size());
+    if (string.m_addToTable) table.Add(m_memory.m_keepsTexts ? kept : KeepInVocabulary(kept));
     return kept;
 }
 
-void CFastInfosetReader::CountRepeated(std::size_t units) {
-    if (units > m_repeatableUnits) {
-        throw CBxException(
-            u"Failed to parse FastInfoset. The indices repeat more text than a document of this size may have.");
+std::u16string_view CFastInfosetReader::KeepInVocabulary(std::u16string_view text) {
+    m_vocabularyOctets += text.size() * sizeof(char16_t);
+    if (m_vocabularyOctets > kMaxOctetsOfVocabulary) {
+        throw CBxException(FormatString(
+            u"Failed to parse FastInfoset. The tables take more than %d octets, which is the limit.",
+            static_cast<int>(kMaxOctetsOfVocabulary)));
     }
-    m_repeatableUnits -= units;
+    return m_vocabularyTexts.Add(text);
+}
+
+void CFastInfosetReader::CountRepeated(std::size_t units) {
+    m_repeatedUnits += units;
+    if (m_repeatedUnits <= m_repeatableUnits) return;
+    m_repeatableUnits = MaxRepeatedUnits(m_input.Received());
+    if (m_repeatedUnits <= m_repeatableUnits) return;
+    throw CBxException(
+        u"Failed to parse FastInfoset. The indices repeat more text than a document of this size may have.");
 }
 
 }  // namespace BxXmlLib5

@@ -4,27 +4,38 @@
 #include <cstddef>
 #include <cstdint>
 #include <span>
+#include <vector>
 
-#include "BxXmlLib5/core/CBxException.h"
+#include "document/COctetSource.h"
 #include "fastinfoset/IntegerForms.h"
 
 namespace BxXmlLib5::FastInfoset {
 
-/// Octets that are read once, from start to end. Each read is tested against what is left.
+/// Octets that are read once, from start to end: of one piece of memory, or of a source. Each read is tested
+/// against what is left.
 class COctetReader {
 public:
     COctetReader() = default;
-    explicit COctetReader(std::span<unsigned char const> octets) : m_left(octets) {}
+    explicit COctetReader(std::span<unsigned char const> octets) { Start(octets); }
 
     /// Begins anew, with other octets.
-    void Start(std::span<unsigned char const> octets) { m_left = octets; }
+    void Start(std::span<unsigned char const> octets) {
+        m_left = octets;
+        m_source = nullptr;
+        m_received = octets.size();
+    }
+    /// The same.
+    /// @param source outlives the reader
+    void Start(COctetSource& source) {
+        m_left = {};
+        m_source = &source;
+        m_received = 0;
+    }
 
-    /// The next octets.
-    /// @throws CBxException if there are not so many
+    /// The next octets, which last until the next call.
+    /// @throws CBxException if there are not so many, or more than a source may give at once
     std::span<unsigned char const> ReadOctets(std::uint64_t count) {
-        if (count > m_left.size()) {
-            throw CBxException(u"Failed to parse FastInfoset. Unexpected End of File.");
-        }
+        if (count > m_left.size()) Refill(count);
         auto const octets = m_left.first(static_cast<std::size_t>(count));
         m_left = m_left.subspan(octets.size());
         return octets;
@@ -47,8 +58,21 @@ public:
         return 0;
     }
 
+    /// Whether no octet is left.
+    bool IsAtEnd() { return m_left.empty() && !Fill(1); }
+
+    /// How many octets came so far, and how many of them were read.
+    std::uint64_t Received() const { return m_received; }
+    std::uint64_t Position() const { return m_received - m_left.size(); }
+
 private:
+    void Refill(std::uint64_t count);
+    bool Fill(std::size_t count);
+
     std::span<unsigned char const> m_left;
+    COctetSource* m_source = nullptr;
+    std::vector<unsigned char> m_buffer;
+    std::uint64_t m_received = 0;
 };
 
 }  // namespace BxXmlLib5::FastInfoset

@@ -2,8 +2,8 @@
 
 #include "BxXmlLib5/binding/CXmlSerializationContext.h"
 #include "BxXmlLib5/core/CBxException.h"
-#include "BxXmlLib5/core/FormatString.h"
 #include "BxXmlLib5/document/CXmlElement.h"
+#include "binding/IgnoredContent.h"
 #include "core/NestingDepth.h"
 #include "generated/Model.h"
 #include "generated/ObjectAccess.h"
@@ -71,10 +71,7 @@ CXmlElement* CObject::FromXml_Int(CXmlElement* element, CXmlElement* firstChild,
         (BxXmlLib5::Equal(element->GetLocalName(), model.name) &&
          (context.GetIgnoreNamespaces() || BxXmlLib5::Equal(element->GetNamespaceURI(), model.namespaceUri)));
     if (!isExpected) {
-        throw CBxValidationException(
-            FormatString(u"The root is the element [%s] in the namespace [%s], it must be [%s] in [%s]",
-                         element->GetLocalName().c_str(), element->GetNamespaceURI().c_str(),
-                         model.name.c_str(), model.namespaceUri.c_str()));
+        ThrowUnexpectedRoot(*element, model.name, model.namespaceUri);
     }
     if (model.type.GetFacts().isRoot) {
         if (auto const named = NamedTypeOf(*element, *model.type.GetFacts().set)) {
@@ -125,9 +122,18 @@ bool CObject::Equals(CObject const& other) const {
 std::vector<wstring> CObject::Validate() const {
     std::vector<wstring> complaints;
     CXmlSerializationContext const context;
-    Writing writing(*this, context, nullptr, &complaints);
-    writing.Attributes();
-    writing.Content(Describe().GetModel().isNillable);
+    auto const list = [&](CPathWriter* path) {
+        complaints.clear();
+        Writing writing(*this, context, path, &complaints, path);
+        writing.Attributes();
+        writing.Content(Describe().GetModel().isNillable);
+    };
+    list(nullptr);
+    if (complaints.empty()) return complaints;
+    // Only what is wrong somewhere is worth the account of where.
+    CPathWriter path(nullptr);
+    path.WriteStartElement(Describe().GetModel().name, {});
+    list(&path);
     return complaints;
 }
 

@@ -10,9 +10,9 @@ namespace BxXmlLib5::Generated {
 
 namespace {
 
-[[noreturn]] void ThrowOther(wstring const& name, std::u16string_view fixed) {
+[[noreturn]] void ThrowOther(std::u16string_view fixed) {
     throw CBxInvalidValueException(
-        FormatString(u"The element [%s] has not the fixed value [%s]", name.c_str(), wstring(fixed).c_str()));
+        FormatString(u"The element has not the fixed value [%s]", wstring(fixed).c_str()));
 }
 
 bool HasChildren(CObject const& object, Model const& model) {
@@ -25,20 +25,19 @@ bool HasChildren(CObject const& object, Model const& model) {
 
 }  // namespace
 
-void TestFixed(CObject const& object, wstring const& name, std::u16string_view fixed) {
+void TestFixed(CObject const& object, std::u16string_view fixed) {
     Model const& model = ObjectAccess::ModelOf(object);
-    if (model.text == nullptr || model.IsNil(object) || HasChildren(object, model)) ThrowOther(name, fixed);
+    if (model.text == nullptr || model.IsNil(object) || HasChildren(object, model)) ThrowOther(fixed);
     // Values are compared, not their texts: what has the value is made.
     CSmartPtr<CObject> const wanted = model.type.GetFacts().make();
     PropertyModel const& text = *model.text;
     text.actions->read(text.Of(*wanted), fixed);
-    if (!text.actions->equals(text.Of(object), text.Of(*wanted))) ThrowOther(name, fixed);
+    if (!text.actions->equals(text.Of(object), text.Of(*wanted))) ThrowOther(fixed);
 }
 
 void TestFixed(CElement const& element, std::u16string_view fixed) {
     wstring const text = element.GetText();
-    if (element.GetChildElements()->GetCount() > 0 || (!text.empty() && text != fixed))
-        ThrowOther(element.GetName(), fixed);
+    if (element.GetChildElements()->GetCount() > 0 || (!text.empty() && text != fixed)) ThrowOther(fixed);
 }
 
 }  // namespace BxXmlLib5::Generated

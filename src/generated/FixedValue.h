@@ -9,8 +9,7 @@
 namespace BxXmlLib5::Generated {
 
 /// @throws CBxInvalidValueException unless the object has the text as its value, and nothing but it
-/// @param name of its element
-void TestFixed(CObject const& object, wstring const& name, std::u16string_view fixed);
+void TestFixed(CObject const& object, std::u16string_view fixed);
 
 /// The same for an untyped element, whose value is its text; it may be empty, which stands for the value.
 void TestFixed(CElement const& element, std::u16string_view fixed);

@@ -9,7 +9,9 @@
 #include "BxXmlLib5/core/FormatString.h"
 #include "BxXmlLib5/document/CXmlDocument.h"
 #include "BxXmlLib5/document/CXmlElement.h"
+#include "binding/IgnoredContent.h"
 #include "core/NestingDepth.h"
+#include "document/ReadPlace.h"
 #include "generated/Expected.h"
 #include "generated/FixedValue.h"
 #include "generated/ObjectAccess.h"
@@ -59,13 +61,9 @@ void Reading::Content(bool mayBeNil, ElementValue value) {
         ThrowNil(m_element);
     }
     if (m_model.content != nullptr && !isNil) Read(*m_model.content);
-    if (m_child != nullptr && !m_skipsUnknown) {
-        throw CBxValidationException(FormatString(u"Unexpected element [%s] found in the element [%s]",
-                                                  m_child->GetLocalName().c_str(),
-                                                  m_element.GetLocalName().c_str()));
-    }
+    if (m_child != nullptr && !m_skipsUnknown) ThrowUnexpectedElement(*m_child, m_element);
     ReadText(isNil, value);
-    if (value.isFixed) TestFixed(m_object, m_element.GetLocalName(), value.text);
+    if (value.isFixed) TestFixed(m_object, value.text);
 }
 
 namespace {
@@ -84,16 +82,15 @@ std::u16string_view TextOrDefault(CXmlElement const& element, PropertyModel cons
 }  // namespace
 
 void Reading::ReadText(bool isNil, ElementValue value) {
+    CTakenContent::TakeText(&m_element);
     bool const isSimple = m_model.text != nullptr && m_model.content == nullptr;
     std::u16string_view const text =
         isNil ? m_element.GetTextView() : TextOrDefault(m_element, isSimple ? m_model.text : nullptr, value);
     if ((!isSimple || isNil) && Trimmed(text).empty()) return;
     if (m_model.text != nullptr && !isNil) {
         ReadValue(m_object, *m_model.text, m_element.GetLocalName(), text, m_model.narrowedText);
-    } else if (!m_skipsUnknown) {
-        throw CBxValidationException(FormatString(u"Unexpected text [%s] found in the element [%s]",
-                                                  wstring(Trimmed(text)).c_str(),
-                                                  m_element.GetLocalName().c_str()));
+    } else if (!m_skipsUnknown || m_context.GetFailOnIgnoredContent()) {
+        ThrowUnexpectedText(m_element);
     }
 }
 
@@ -127,7 +124,7 @@ void Reading::ReadElements(Particle const& particle) {
     while (most < 0 || count < most) {
         if (m_skipsUnknown) SkipUnknown();
         if (!Matches(particle) && (count >= particle.min || !SkipTo(particle))) break;
-        ReadChild(particle);
+        ReadAt(m_child, [&] { ReadChild(particle); });
         m_child = m_child->GetNextSiblingElement();
         ++count;
     }
@@ -240,20 +237,14 @@ void Reading::ReadChild(Particle const& particle) {
 
 void ThrowIfNotSimple(CXmlElement const& element, bool mayBeNil, CXmlSerializationContext const& context,
                       Model const* type) {
-    if (CXmlElement const* const inside = element.GetFirstElement();
-        inside != nullptr && !context.GetIgnoreUnknownElements()) {
-        throw CBxValidationException(FormatString(u"Unexpected element [%s] found in the element [%s]",
-                                                  inside->GetLocalName().c_str(),
-                                                  element.GetLocalName().c_str()));
-    }
+    ThrowIfHasChildren(element, context);
     if (context.GetIgnoreUnknownAttributes()) return;
     for (CXmlAttribute const* const attribute : element.GetAttributes()) {
         bool const isNil =
             attribute->GetLocalName() == u"nil" && attribute->GetNamespaceURI() == kXsiNamespace;
         if (attribute->IsNamespaceAttribute() || (isNil && mayBeNil)) continue;
         if (type != nullptr && type->KnowsAttribute(*attribute, context.GetIgnoreNamespaces())) continue;
-        throw CBxValidationException(
-            FormatString(u"Unexpected Attribute [%s] found.", attribute->GetLocalName().c_str()));
+        ThrowUnexpectedAttribute(*attribute, element);
     }
 }
 

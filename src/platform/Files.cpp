@@ -48,7 +48,7 @@ CInputFile::CInputFile(std::u16string_view path) {
 }
 
 CInputFile::~CInputFile() {
-    if (m_file >= 0) close(m_file);
+    if (m_isOwned && m_file >= 0) close(m_file);
 }
 
 std::optional<std::size_t> CInputFile::Size() {
@@ -62,19 +62,27 @@ std::optional<std::size_t> CInputFile::Size() {
 
 bool CInputFile::Read(std::span<unsigned char> buffer) {
     while (!buffer.empty()) {
-        ssize_t const count = read(m_file, buffer.data(), buffer.size());
-        if (count < 0 && errno == EINTR) continue;
-        if (count <= 0) {
-            m_error = count < 0 ? errno : 0;
-            return false;
-        }
-        buffer = buffer.subspan(static_cast<std::size_t>(count));
+        auto const count = ReadSome(buffer);
+        if (count == 0U) m_error = 0;
+        if (count.value_or(0) == 0) return false;
+        buffer = buffer.subspan(*count);
     }
     return true;
 }
 
+std::optional<std::size_t> CInputFile::ReadSome(std::span<unsigned char> buffer) {
+    for (;;) {
+        ssize_t const count = read(m_file, buffer.data(), buffer.size());
+        if (count >= 0) return static_cast<std::size_t>(count);
+        m_error = errno;
+        if (m_error != EINTR) return std::nullopt;
+    }
+}
+
 COutputFile::COutputFile(std::u16string_view path)
     : m_file(Open(path, O_WRONLY | O_CREAT | O_TRUNC, m_error)) {}
+
+COutputFile::COutputFile(int file) : m_error(file < 0 ? errno : 0), m_file(file) {}
 
 COutputFile::~COutputFile() {
     Close();

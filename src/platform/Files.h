@@ -8,12 +8,15 @@
 
 namespace BxXmlLib5 {
 
-/// A regular file opened for reading, closed by the destructor. Where a step fails, Error() has the error
+/// A file for reading. Where a step fails, Error() has the error
 /// number of the system.
 class CInputFile {
 public:
-    /// @param path in UTF-8 at the system. Anything but a regular file does not open.
+    /// A regular file, closed by the destructor; anything else does not open.
+    /// @param path in UTF-8 at the system
     explicit CInputFile(std::u16string_view path);
+    /// @param descriptor of anything that can be read; it stays the caller's
+    explicit CInputFile(int descriptor) : m_file(descriptor), m_isOwned(false) {}
     CInputFile(CInputFile const&) = delete;
     CInputFile& operator=(CInputFile const&) = delete;
     ~CInputFile();
@@ -23,10 +26,14 @@ public:
     std::optional<std::size_t> Size();
     /// Fills the buffer from the current position; false if that fails or the file ends before.
     bool Read(std::span<unsigned char> buffer);
+    /// Fills the beginning of a buffer that is not empty with what there is, for which it waits.
+    /// @return how many octets came, 0 at the end of the file; empty if that fails
+    std::optional<std::size_t> ReadSome(std::span<unsigned char> buffer);
     int Error() const { return m_error; }
 
 private:
     int m_file = -1;
+    bool m_isOwned = true;
     int m_error = 0;
 };
 
@@ -36,6 +43,8 @@ class COutputFile {
 public:
     /// @param path in UTF-8 at the system
     explicit COutputFile(std::u16string_view path);
+    /// @param file a descriptor, which is the object's now; or a negative one, with errno
+    explicit COutputFile(int file);
     COutputFile(COutputFile const&) = delete;
     COutputFile& operator=(COutputFile const&) = delete;
     ~COutputFile();

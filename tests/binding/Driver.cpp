@@ -3,6 +3,7 @@
 #include <random>
 
 #include "binding/DriverModel.h"
+#include "support/Follow.h"
 
 using namespace BxTest;
 
@@ -163,6 +164,43 @@ TEST(Driver, DoesWhatTheModelDoes) {
         }
     }
     EXPECT_TRUE(written > 3000 && lost > 3000) << written << " " << lost;
+}
+
+/// A number of a document that is read is none any more.
+TEST(Driver, FindsWhatItCannotRead) {
+    Class("=a x:number?");
+    Class("=E x:number");
+    Random random;
+    std::regex const value(R"((<(\w:)?\w+>|')(1|2\.5)(?=[<']))");
+    int elements = 0, attributes = 0;
+    for (int i = 0; i < 5000 && !HasFailure(); ++i) {
+        std::string const description = random.ClassOf(3);
+        TestObject object(Class(description));
+        std::string const text = random.DocumentOf(object.m_class), settings = random.Settings();
+        if (Thrown([&] { Read(object, text, settings); }) != "nothing") continue;
+        for (std::sregex_iterator at(text.begin(), text.end(), value), end; at != end; ++at) {
+            std::string broken = text;
+            if (i % 2 == 0) std::replace(broken.begin(), broken.end(), ' ', '\n');
+            broken.replace(static_cast<std::size_t>(at->position(3)), static_cast<std::size_t>(at->length(3)),
+                           "broken");
+            SCOPED_TRACE("class:    " + description + "\nsettings: " + settings + "\ndocument: " + broken);
+            try {
+                Read(object, broken, settings);
+            } catch (CBxInvalidValueException const& failure) {
+                CXmlDocument document;
+                document.LoadXml(InRoot(broken).c_str());
+                wstring const path = failure.GetLocation().GetPath();
+                Found const found = Follow(document, path);
+                ASSERT_TRUE(found.m_element != nullptr) << ToUtf8(path);
+                EXPECT_EQ(found.m_attribute ? found.m_attribute->GetValue() : found.m_element->GetText(),
+                          u"broken")
+                    << ToUtf8(path);
+                EXPECT_EQ(failure.GetLocation().GetLine(), found.m_element->GetLine());
+                ++(found.m_attribute ? attributes : elements);
+            }
+        }
+    }
+    EXPECT_TRUE(elements > 300 && attributes > 100) << elements << " " << attributes;
 }
 
 }  // namespace

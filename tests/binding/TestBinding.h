@@ -470,7 +470,8 @@ inline TestClass::~TestClass() {
 }
 
 /// Letters: E unknown elements, A unknown attributes, M missing mandatory elements, C missing choices, # counts
-/// and N namespaces are ignored; 2 no namespaces; D no defaults are written.
+/// and N namespaces are ignored; F what is ignored otherwise fails; 2 no namespaces; D no
+/// defaults are written.
 inline CXmlSerializationContext Settings(std::string_view letters = "") {
     auto const has = [&](char letter) { return letters.find(letter) != letters.npos; };
     CXmlSerializationContext context;
@@ -480,6 +481,7 @@ inline CXmlSerializationContext Settings(std::string_view letters = "") {
     context.SetIgnoreMissingChoice(has('C'));
     context.SetIgnoreInvalidCollectionCounts(has('#'));
     context.SetIgnoreNamespaces(has('N'));
+    context.SetFailOnIgnoredContent(has('F'));
     context.SetNoOptionalAttributeDefaultOutput(has('D'));
     context.SetSchemaType(has('2') ? st_NoNamespaces : st_Default);
     return context;
@@ -505,6 +507,9 @@ inline std::string Failure(std::string text) {
         {"never", "CBxException: Not implemented, should never be called"},
         {"no-attribute", "Failed to find the required Attribute [%]"},
         {"unexpected", "Unexpected Attribute [%] found."},
+        {"element", "Unexpected element [%] found in the element [%]"},
+        {"stray", "Unexpected text [%] found in the element [%]"},
+        {"root", "The root is the element [%] in the namespace [%], it must be [%] in [%]"},
         {"namespace",
          "CBxInvalidNamespaceException: Invalid namespace [%]. The namespace must be one of [%] where the target namespace is [%]"},
         {"no-double", "CBxInvalidValueException: The value [%] can not be converted to a r8"},

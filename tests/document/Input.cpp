@@ -5,6 +5,7 @@
 #include <climits>
 #include <random>
 
+#include "BxXmlLib5/core/FormatString.h"
 #include "document/Trees.h"
 
 using namespace BxTest;
@@ -17,7 +18,6 @@ std::string const kNoRoot = " => Invalid or empty XML document";
 std::string const kInvalidToken = " => not well-formed (invalid token) at line 1";
 std::string const kWrongEncoding = " => encoding specified in XML declaration is incorrect at line 1";
 constexpr char const* kTooLarge = "The document has more than 2147483647 octets, which is the limit";
-constexpr int kGZip = 31, kZLib = 15;
 
 std::string Declared(std::string const& encoding, std::string const& text) {
     return "<?xml version='1.0' encoding='" + encoding + "'?><a>" + text + "</a>";
@@ -32,23 +32,6 @@ std::string Utf16(std::string const& text, bool lowOctetFirst) {
         octets += static_cast<char>(lowOctetFirst ? unit >> 8 : unit & 0xFF);
     }
     return octets;
-}
-
-std::string Deflate(std::string content, int windowBits, std::string dictionary = {}) {
-    auto const octets = [](std::string& text) { return reinterpret_cast<Bytef*>(text.data()); };
-    z_stream stream{};
-    deflateInit2(&stream, 1, Z_DEFLATED, windowBits, 8, Z_DEFAULT_STRATEGY);
-    if (!dictionary.empty())
-        deflateSetDictionary(&stream, octets(dictionary), static_cast<uInt>(dictionary.size()));
-    std::string output(deflateBound(&stream, content.size()), '\0');
-    stream.next_in = octets(content);
-    stream.avail_in = static_cast<uInt>(content.size());
-    stream.next_out = octets(output);
-    stream.avail_out = static_cast<uInt>(output.size());
-    EXPECT_EQ(deflate(&stream, Z_FINISH), Z_STREAM_END);
-    output.resize(stream.total_out);
-    deflateEnd(&stream);
-    return output;
 }
 
 struct CountingDocument : CXmlDocument {
@@ -204,6 +187,35 @@ TEST(Input, EveryLoadReplacesWhatWasThere) {
         document.LoadXml("<new xmlns='v'>y</new>");
         EXPECT_EQ(Dump(document.GetDocumentElement()), "{v}new'y'");
     }
+}
+
+TEST(Input, RefusesWhatIsNotWhole) {
+    CXmlDocument document;
+    document.SetRequireWholeDocument(true);
+    for (auto const& [text, path, line] : std::vector<std::tuple<std::string, std::string, std::size_t>>{
+             {"<a", "", 0},
+             {"<a>", "/a", 1},
+             {"<a><b/>\n<c/><b>\n</b>\n<b k='1'\n><d>\n<", "/a/b[3]/d", 5},
+             {"<a><b/>\n<x:c xmlns:x='u'>t", "/a/c", 2}}) {
+        for (Way const way : {kOctets, kFile, kNarrow, kWide}) {
+            try {
+                Load(way, document, text);
+                ADD_FAILURE() << text;
+            } catch (CBxException const& failure) {
+                wstring const open =
+                    FormatString(u"The document ends inside the element [%s], which begins on line %d",
+                                 FromUtf8(path).c_str(), static_cast<int>(line));
+                EXPECT_EQ(failure.GetMessage(), line == 0 ? u"Invalid or empty XML document" : open);
+                EXPECT_EQ(failure.GetLocation().GetLine(), line);
+            }
+            EXPECT_FALSE(document.IsComplete());
+            std::size_t const levels = static_cast<std::size_t>(std::ranges::count(path, '/'));
+            ASSERT_EQ(document.GetOpenElements().size(), levels);
+            EXPECT_TRUE(levels == 0 || document.GetOpenElements().front() == document.GetDocumentElement());
+        }
+    }
+    EXPECT_EQ(Thrown([&] { document.LoadXml("<a/><!-- cut"); }), "nothing");
+    EXPECT_TRUE(document.IsComplete() && document.GetOpenElements().empty());
 }
 
 TEST(Input, TellsWhatItWas) {

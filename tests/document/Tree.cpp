@@ -29,11 +29,12 @@ TEST(Tree, Shape) {
 TEST(Tree, TextLeavesOutEachCR) {
     CXmlDocument const document;
     CDocumentNodes nodes;
-    CDocumentBuilder builder(document, nodes);
-    CNameTable& names = builder.Names();
-    builder.AddElement(names.Intern(names.InternText({}), u"a"));
-    builder.AppendTextExcludingCR(u"\rx\r\ry\r");
-    builder.AppendTextExcludingCR(u"z");
+    CDocumentBuilder builder(document, nodes, CDocumentBuilder::kTextsPass);
+    CNameTable& names = nodes.m_names;
+    builder.StartElement({names.Intern(names.InternText({}), u"a"), {}, {}, 0});
+    builder.AddText(u"\rx\r\ry\r");
+    builder.AddText(u"\r");
+    builder.AddText(u"z");
     EXPECT_EQ(Dump(builder.CloseAllElements()), "a'xyz'");
 }
 

@@ -65,6 +65,25 @@ inline void ExpectLoads(std::vector<std::string> const& rows,
     }
 }
 
+inline constexpr int kGZip = 31, kZLib = 15;
+
+inline std::string Deflate(std::string content, int windowBits = kGZip, std::string dictionary = {}) {
+    auto const octets = [](std::string& text) { return reinterpret_cast<Bytef*>(text.data()); };
+    z_stream stream{};
+    deflateInit2(&stream, 1, Z_DEFLATED, windowBits, 8, Z_DEFAULT_STRATEGY);
+    if (!dictionary.empty())
+        deflateSetDictionary(&stream, octets(dictionary), static_cast<uInt>(dictionary.size()));
+    std::string output(deflateBound(&stream, content.size()), '\0');
+    stream.next_in = octets(content);
+    stream.avail_in = static_cast<uInt>(content.size());
+    stream.next_out = octets(output);
+    stream.avail_out = static_cast<uInt>(output.size());
+    EXPECT_EQ(deflate(&stream, Z_FINISH), Z_STREAM_END);
+    output.resize(stream.total_out);
+    deflateEnd(&stream);
+    return output;
+}
+
 inline std::string Repeat(std::string_view piece, int times) {
     std::string text;
     for (int i = 0; i < times; ++i) text += piece;

@@ -109,6 +109,7 @@ protected:
                               BxXmlLib5Data::CAttributeInfo**& attributes);
 
 private:
+    friend class CXmlObjectBase;
     friend class BxXmlLib5Data::CElementInfo;
     friend class BxXmlLib5Data::CAttributeInfo;
 
@@ -128,6 +129,9 @@ private:
                                    BxXmlLib5Data::CElementInfo** elements, CXmlWriter* writer,
                                    bool allowEmptyChoice) const;
 
+    void TestRoot(CXmlElement const& root, CXmlSerializationContext const& context) const;
+    CXmlElement* ReadFrom(CXmlElement* element, CXmlElement* firstChild,
+                          CXmlSerializationContext const& context, bool allowEmptyChoice);
     CXmlElement* ProcessElementSeqFromXml(CXmlSerializationContext const& context, CXmlElement* element,
                                           CXmlElement* child, BxXmlLib5Data::XmlElementType elementType);
     CXmlElement* ProcessElementAllFromXml(CXmlSerializationContext const& context, CXmlElement* element,

@@ -49,6 +49,15 @@ public:
     bool GetIgnoreMissingChoice() const { return m_ignoreMissingChoice; }
     void SetIgnoreMissingChoice(bool value) { m_ignoreMissingChoice = value; }
 
+    /// Reading fails for what it would drop in silence otherwise: attributes that no entry takes, text but
+    /// whitespace in an element whose object has no place for it, children and attributes of an element that
+    /// gives its text alone, children that an object leaves over, and a document's root of another name or
+    /// namespace than the object would be written under. Unknown elements and attributes that are ignored are
+    /// no failure; text in an element that has no place for it always is.
+    /// The failure is a CBxValidationException.
+    bool GetFailOnIgnoredContent() const { return m_failOnIgnoredContent; }
+    void SetFailOnIgnoredContent(bool value) { m_failOnIgnoredContent = value; }
+
     /// The number of items of a collection is not tested.
     bool GetIgnoreInvalidCollectionCounts() const { return m_ignoreInvalidCollectionCounts; }
     void SetIgnoreInvalidCollectionCounts(bool value) { m_ignoreInvalidCollectionCounts = value; }
@@ -56,6 +65,11 @@ public:
     /// Reading compares local names only. Always true under st_NoNamespaces.
     bool GetIgnoreNamespaces() const { return m_ignoreNamespaces || m_schemaType == st_NoNamespaces; }
     void SetIgnoreNamespaces(bool value) { m_ignoreNamespaces = value; }
+
+    /// Reading refuses an input of which something would be lost unseen: text that breaks off inside an element, and
+    /// references to entities that only another file declares (CXmlDocument::SetRequireWholeDocument).
+    bool GetRequireWholeDocument() const { return m_requireWholeDocument; }
+    void SetRequireWholeDocument(bool value) { m_requireWholeDocument = value; }
 
     /// Writing leaves out an optional attribute whose value is its default.
     bool GetNoOptionalAttributeDefaultOutput() const { return m_noOptionalAttributeDefaultOutput; }
@@ -112,6 +126,8 @@ private:
     bool m_ignoreUnknownElements = false;
     bool m_ignoreUnknownAttributes = false;
     bool m_ignoreNamespaces = false;
+    bool m_requireWholeDocument = false;
+    bool m_failOnIgnoredContent = false;
     SchemaType m_schemaType = st_Default;
     bool m_noOptionalAttributeDefaultOutput = false;
     bool m_checkWellFormed = false;

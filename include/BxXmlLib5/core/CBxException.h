@@ -13,7 +13,6 @@
 #include <string_view>
 
 #include "BxXmlLib5/core/CBxLocation.h"
-#include "BxXmlLib5/core/CCounted.h"
 #include "BxXmlLib5/core/CSmartPtr.h"
 #include "BxXmlLib5/platform/Export.h"
 #include "BxXmlLib5/platform/Text.h"
@@ -56,11 +55,8 @@ protected:
     virtual CBxException* Clone() const;
 
 private:
-    struct Place : CCounted<Place> {
-        explicit Place(CBxLocation const& location) : m_location(location) {}
-
-        CBxLocation const m_location;
-    };
+    friend class CFailurePlace;
+    struct Place;
 
     CSmartPtr<Place const> m_place;  // null if it is not known
     wstring m_message;

@@ -1,0 +1,76 @@
+// What the parsers have in common.
+#pragma once
+
+#include <cstdint>
+
+#include "core/Limits.h"
+#include "core/NestingDepth.h"
+#include "document/CDocumentReceiver.h"
+#include "document/CNameTable.h"
+#include "document/CTextStore.h"
+
+namespace BxXmlLib5 {
+
+/// Where a parser puts what it tells of.
+struct DocumentMemory {
+    CNameTable& m_names;
+    CTextStore& m_texts;
+    /// Whether values of attributes, and texts told by AddKeptText(), live as long as the store. If not, the parser
+    /// uses the store for its own purposes, and empties it.
+    bool m_keepsTexts;
+};
+
+/// What not every receiver needs.
+struct DocumentDetails {
+    bool m_prefixes = false;
+    bool m_lines = false;
+    bool m_markup = false;  // comments, instructions, the document type, references to entities
+};
+
+/// Where in the input that stands which a receiver is told.
+struct DocumentPlace {
+    std::size_t m_line = 0;     // from 1; 0 in Fast Infoset, which has none
+    std::size_t m_column = 0;   // the same
+    std::uint64_t m_octet = 0;  // from 0, after decompression; of the UTF-8 form if the input is UTF-16
+};
+
+/// A parser that tells a receiver of a document piece by piece.
+class CDocumentReader {
+public:
+    CDocumentReader(CDocumentReceiver& receiver, DocumentMemory const& memory, DocumentDetails details)
+        : m_receiver(receiver), m_memory(memory), m_details(details) {}
+    CDocumentReader(CDocumentReader const&) = delete;
+    CDocumentReader& operator=(CDocumentReader const&) = delete;
+    virtual ~CDocumentReader() = default;
+
+    /// Tells the receiver what comes next, up to the end of the document or until Pause() is called.
+    /// @return whether there may be more
+    virtual bool Read() = 0;
+    /// To be called by the receiver while it is told something: Read() returns soon. What belongs to the same piece
+    /// of the input may still come first: the rest of a text, the end of an empty element, all that an entity stands
+    /// for.
+    virtual void Pause() = 0;
+    virtual DocumentPlace Place() const = 0;
+
+protected:
+    void StartElement(DocumentElement const& element) {
+        ++m_depth;
+        m_receiver.StartElement(element);
+    }
+    void EndElement() {
+        --m_depth;
+        m_receiver.EndElement();
+    }
+    bool HasOpenElement() const { return m_depth > 0; }
+    /// @throws CBxException if no other element may be opened
+    void ThrowIfTooDeep() const {
+        if (m_depth == kMaxElementDepth) ThrowNestedTooDeeply();
+    }
+
+    CDocumentReceiver& m_receiver;
+    DocumentMemory m_memory;
+    DocumentDetails m_details;
+    int m_depth = 0;
+};
+
+}  // namespace BxXmlLib5

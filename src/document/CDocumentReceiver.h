@@ -1,0 +1,75 @@
+// What parsers tell of a document, in its order.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string_view>
+
+#include "BxXmlLib5/document/CXmlAttribute.h"
+
+namespace BxXmlLib5 {
+
+/// An attribute of an element that starts.
+struct DocumentAttribute {
+    CXmlName const* m_name;
+    std::u16string_view m_prefix;  ///< empty for none, and where prefixes are not asked for
+    std::u16string_view m_value;
+    bool m_isSpecified = true;  ///< false for one that the document type adds
+};
+
+/// An element that starts.
+struct DocumentElement {
+    CXmlName const& m_name;
+    std::u16string_view m_prefix;  ///< as that of an attribute
+    /// Without the declarations of namespaces, unless namespaces are not processed.
+    std::span<DocumentAttribute const> m_attributes;
+    std::size_t m_line;  ///< from 1; 0 in Fast Infoset, and where lines are not asked for
+};
+
+/// Takes what a parser tells of a document: the tree, a converter, a reader of records.
+///
+/// Names, and the texts of namespaces, live as long as the table that the parser was given. Any other text lives
+/// until the operation returns, unless the parser was told to keep texts (DocumentMemory). Operations may throw:
+/// the parser ends then, and its caller gets what was thrown.
+class CDocumentReceiver {
+public:
+    virtual ~CDocumentReceiver() = default;
+
+    /// Drops all that came so far: it comes anew. Only a document that is given whole may do that.
+    virtual void Restart() {}
+
+    /// Comes ahead of the element that declares it.
+    /// @param prefix empty for the default namespace
+    /// @param namespaceUri empty for none
+    virtual void DeclareNamespace(wstring const& prefix, wstring const& namespaceUri) = 0;
+
+    virtual void StartElement(DocumentElement const& element) = 0;
+
+    /// Text of the innermost open element, a part of it: a text may come in any number of parts. A CR in it was
+    /// written as a reference, and Fast Infoset may have any unit.
+    virtual void AddText(std::u16string_view text) = 0;
+
+    /// The same from a parser that keeps texts, for a text that is kept already, without CR.
+    /// @return how many units the receiver copied
+    virtual std::size_t AddKeptText(std::u16string_view text) {
+        AddText(text);
+        return 0;
+    }
+
+    virtual void EndElement() = 0;
+
+    // What follows comes only where markup is asked for (DocumentDetails), inside of elements and outside.
+
+    virtual void AddComment(std::u16string_view /*text*/) {}
+
+    virtual void AddInstruction(std::u16string_view /*target*/, std::u16string_view /*content*/) {}
+
+    /// @param text as the document has it, from <!DOCTYPE to >
+    virtual void AddDocumentType(std::u16string_view /*text*/) {}
+
+    /// A reference to an entity, in an element, whose declaration is not in the document.
+    virtual void AddEntityReference(std::u16string_view /*name*/) {}
+};
+
+}  // namespace BxXmlLib5

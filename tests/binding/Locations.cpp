@@ -1,0 +1,212 @@
+// Where a failure lies.
+
+#include "binding/TestBinding.h"
+
+using namespace BxTest;
+
+namespace {
+
+/// The path of the failure of an action.
+template <class Action>
+std::string PathOf(Action action) {
+    try {
+        action();
+    } catch (CBxException const& failure) {
+        return ToUtf8(failure.GetLocation().GetPath());
+    }
+    return "nothing";
+}
+
+TEST(Locations, AreThoseOfWhatCannotBeRead) {
+    struct {
+        std::string type;
+        std::string document;
+        std::string path;
+    } const rows[] = {
+        {"a:number", "<a>x</a>", "/r/a"},
+        {"a:number*", "<a>1</a><a>x</a><a>2</a>", "/r/a[2]"},
+        {"a:number*", "<a>x</a>", "/r/a"},
+        {"a:{b:number?}*", "<a/><a><b>x</b></a>", "/r/a[2]/b"},
+        {"g:(a:number, b:text)*", "<a>1</a><b/><a>x</a><b/>", "/r/a[2]"},
+        {"| a:number? | b:{c:number}?", "<b><c>x</c></b>", "/r/b/c"},
+        {"& a:number & b:number", "<b>x</b><a>1</a>", "/r/b"},
+        {"A:number, a:number", "<A xmlns='n'>1</A><a>x</a>", "/r/a"},
+        // Local names alone count.
+        {"A:number, _:any, a:{b:number}", "<A xmlns='n'>1</A><A/><a><b>x</b></a>", "/r/a/b"},
+        {"a:{@k:number}*", "<a k='1'/><a k='x'/>", "/r/a[2]/@k"},
+        {"g:(@k:number)~", "<r k='x'/>", "/r/@k"},
+        {"strict a:text?", "<r k='x'/>", "/r/@k"},
+        {"a:{@k:text}*", "<a k='1'/><a/>", "/r/a[2]"},
+        // What is missing has its parent's place, what is unexpected its own.
+        {"a:{b:text}*", "<a><b/></a><a/>", "/r/a[2]"},
+        {"a:text*2-3", "<a/>", "/r"},
+        {"a:{b:text?}*", "<a/><a><b/><c/><c/></a>", "/r/a[2]/c[1]"},
+        {"a:{| b:text? | c:text?}", "<a/>", "/r/a"},
+        {"| a:text? | b:text?", "<a/><b/>", "/r/b"},
+        {"a:any?[##other;]", "<a/>", "/r"},
+    };
+    for (auto const& row : rows) {
+        TestObject object(Class(row.type));
+        EXPECT_EQ(PathOf([&] { Read(object, row.document); }), row.path) << row.type << " " << row.document;
+    }
+}
+
+TEST(Locations, AreTheSameWhateverTheEntryPoint) {
+    TestObject object(Class("a:{b:number}*"));
+    std::string const text = "<r><a><b>1</b></a><a><b>x</b></a></r>";
+    auto const* const octets = reinterpret_cast<unsigned char const*>(text.data());
+    CXmlSerializationContext context;
+    EXPECT_EQ(PathOf([&] { object.FromXml(text.c_str(), context); }), "/r/a[2]/b");
+    EXPECT_EQ(PathOf([&] { object.FromXmlStream(octets, text.size(), context); }), "/r/a[2]/b");
+    CXmlDocument document;
+    document.LoadXml(text.c_str());
+    CXmlElement* const root = document.GetDocumentElement();
+    EXPECT_EQ(PathOf([&] { object.FromXmlElement(root, context); }), "/r/a[2]/b");
+    // A path begins at the element that was handed over.
+    TestObject item(Class("b:number"));
+    CXmlElement* const second = root->GetFirstElement()->GetNextSiblingElement();
+    EXPECT_EQ(PathOf([&] { item.FromXmlElement(second, context); }), "/a/b");
+    // A document that is none has no place in a tree.
+    EXPECT_EQ(PathOf([&] { object.FromXml("", context); }), "");
+}
+
+/// Reads another document, or part of the same one, on the way.
+struct Including : TestObject {
+    using TestObject::TestObject;
+
+    void AccessProperty(int, bool, BxVariant&) override {
+        TestObject other(Class("x:number"));
+        CXmlSerializationContext context;
+        try {
+            m_element == nullptr ? other.FromXml(u"<o><x>bad</x></o>", context)
+                                 : other.FromXmlElement(m_element, context);
+        } catch (CBxException const& failure) {
+            m_inner = failure.GetLocation().GetPath();
+            if (m_wraps) throw CBxValidationException(u"outer", failure);
+            throw;
+        }
+    }
+
+    CXmlElement* m_element = nullptr;
+    bool m_wraps = false;
+    wstring m_inner;
+};
+
+TEST(Locations, AreInTheDocumentThatTheCallerReads) {
+    for (bool const wraps : {false, true}) {
+        for (bool const isSame : {false, true}) {
+            Including object(Class("a:text, b:text?"));
+            CXmlDocument document;
+            document.LoadXml("<r><a><x>1</x><x>bad</x></a></r>");
+            CXmlElement* const root = document.GetDocumentElement();
+            object.m_wraps = wraps;
+            if (isSame) object.m_element = root->GetFirstElement();
+            CXmlSerializationContext context;
+            try {
+                object.FromXmlElement(root, context);
+                ADD_FAILURE();
+            } catch (CBxException const& failure) {
+                EXPECT_EQ(failure.GetLocation().GetPath(), isSame ? u"/r/a/x[2]" : u"/r/a");
+                EXPECT_EQ(failure.GetInnerException() != nullptr, wraps);
+            }
+            EXPECT_EQ(object.m_inner, isSame ? u"/a/x[2]" : u"/o/x");
+        }
+    }
+}
+
+TEST(Locations, OfUntypedContent) {
+    CElement element(u"e", u"", u"##other", u"t");
+    EXPECT_EQ(PathOf([&] { element.FromXml(u"<a/>"); }), "nothing");
+    CAttributeCol attributes(u"", u"##other", u"");
+    struct Reader : CAttributeCol {
+        using CAttributeCol::CAttributeCol;
+        using CAttributeCol::FromXml_Int;
+    } reader(u"", u"##other", u"");
+    CXmlSerializationContext context;
+    EXPECT_EQ(PathOf([&] { reader.FromXml("<r k='1'/>", context); }), "/r/@k");
+}
+
+/// Objects that are set past their setters, so that they cannot be written.
+TEST(Locations, AreThoseOfWhatCannotBeWritten) {
+    auto const bad = [](TestObject& object, char16_t const* name) { object[name].SetString(u"long"); };
+    auto const pathOf = [](TestObject const& object, std::string const& settings = "") {
+        return PathOf([&] { Written(object, settings); });
+    };
+    for (std::string const type : {"a:short", "| a:short?", "& a:short?"}) {
+        TestObject object(Class(type));
+        bad(object, u"a");
+        EXPECT_EQ(pathOf(object), "/r/a") << type;
+    }
+    TestObject attribute(Class("@k:short"));
+    bad(attribute, u"k");
+    EXPECT_EQ(pathOf(attribute), "/r/@k");
+    TestObject enumeration(Class("@k:enum"));
+    enumeration[u"k"].SetI4(7);
+    EXPECT_EQ(pathOf(enumeration), "/r/@k");
+    // The place is the same in all formats, and where something else is counted too.
+    CXmlSerializationContext const context;
+    EXPECT_EQ(PathOf([&] { enumeration.ToFastInfosetStream(fi_None, context, cmp_None); }), "/r/@k");
+
+    // Items are numbered if there are several, and others from the second one on.
+    TestObject list(Class("a:{b:short?, @c:short?}*, p:(a:text?, b:short?)*, b:{}"));
+    auto const add = [&](char16_t const* name) {
+        auto* const items = static_cast<TestCol*>(list[name].m_value.m_xmlCollection);
+        auto const& field = name[0] == u'a' ? list.m_class.m_fields[0] : list.m_class.m_fields[1];
+        CSmartPtr<TestObject> const item = new TestObject(*field.m_class, name);
+        items->AppendItem(item);
+        return item;
+    };
+    auto const first = add(u"a");
+    bad(*first, u"b");
+    EXPECT_EQ(pathOf(list), "/r/a/b");
+    auto const second = add(u"a");
+    EXPECT_EQ(pathOf(list), "/r/a[1]/b");
+    (*first)[u"b"].Clear();
+    bad(*second, u"c");
+    EXPECT_EQ(pathOf(list), "/r/a[2]/@c");
+    (*second)[u"c"].Clear();
+    auto const group = add(u"p");
+    bad(*group, u"b");
+    EXPECT_EQ(pathOf(list), "/r/b");
+    (*group)[u"b"].SetString(u"ok");
+    bad(*add(u"p"), u"b");
+    EXPECT_EQ(pathOf(list), "/r/b[2]");
+
+    // A choice with no member has no child to blame.
+    TestObject choice(Class("a:{| b:text?}"));
+    EXPECT_EQ(pathOf(choice), "/r/a");
+    EXPECT_EQ(pathOf(choice, "C"), "nothing");
+}
+
+TEST(Locations, OfWhatIsNotWellFormed) {
+    CXmlSerializationContext context;
+    context.SetCheckWellFormed(true);
+    CElement element(u"r");
+    CSmartPtr<CElement> const child = element.GetChildElements()->Add(u"a", u"");
+    CSmartPtr<CElement> const second = element.GetChildElements()->Add(u"a", u"");
+    auto const path = [&] {
+        return PathOf([&] { element.ToXmlStream(true, true, enc_UTF8, eol_LF, context, cmp_None); });
+    };
+    EXPECT_EQ(path(), "nothing");
+    second->SetText(u"\x1");
+    EXPECT_EQ(path(), "/r/a[2]");
+    second->SetText(u"");
+    second->GetAttributes()->Add(u"k", u"\x1", u"");
+    EXPECT_EQ(path(), "/r/a[2]/@k");
+    child->SetName(u"-");
+    EXPECT_EQ(path(), "/r/-");
+}
+
+/// What fails in another way when it is tried again has no place that could be told.
+TEST(Locations, AreNotGuessed) {
+    struct Fickle : TestObject {
+        using TestObject::TestObject;
+        void AccessProperty(int, bool, BxVariant&) override {
+            throw CBxException(FromUtf8(std::to_string(++m_count)));
+        }
+        int m_count = 0;
+    } object(Class("a:text"));
+    EXPECT_EQ(PathOf([&] { Written(object); }), "");
+}
+
+}  // namespace
