@@ -6,9 +6,7 @@
 
 namespace BxConvert {
 
-/// Writes octets to a file or a stream. A regular file is replaced by a new one once that is complete; after
-/// a failure it is as it was. A symbolic link stays, and the file behind it is replaced. A device, a pipe or
-/// an open file under /dev/fd is written to as it is.
+/// Writes octets to standard output or to a file, as CFileReplacement does: after a failure it is as it was.
 /// @param name as given on the command line
 /// @throws std::system_error
 void WriteOutput(std::string const& name, std::span<unsigned char const> octets);

@@ -37,7 +37,7 @@ bool Try(std::string const& file, Step step) {
         step();
         return true;
     } catch (CBxException const& failure) {
-        report(ToUtf8(failure.GetFullMessage()));
+        Report(ToUtf8(failure.GetReport(FromUtf8(file))));
     } catch (std::bad_alloc const&) {
         report("not enough memory");
     } catch (std::system_error const& failure) {
