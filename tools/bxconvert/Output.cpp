@@ -37,21 +37,21 @@ private:
 };
 
 /// A new file beside the one that it is to replace; it is gone at the end unless it did.
-class Replacement {
+class Replacement : public Sink {
 public:
     explicit Replacement(fs::path target) : m_target(std::move(target)), m_file(Create()) {}
     Replacement(Replacement const&) = delete;
     Replacement& operator=(Replacement const&) = delete;
 
-    ~Replacement() {
+    ~Replacement() override {
         std::error_code ignored;
         if (!m_path.empty()) fs::remove(m_path, ignored);
     }
 
     void TakePermissions(fs::perms permissions) { fs::permissions(m_path, permissions); }
-    void Write(std::span<unsigned char const> octets) { m_file.Write(octets); }
+    void Write(std::span<unsigned char const> octets) override { m_file.Write(octets); }
 
-    void Finish() {
+    void Finish() override {
         m_file.Close();
         fs::rename(m_path, m_target);
         m_path.clear();
@@ -93,27 +93,55 @@ bool NamesOpenFile(std::string_view name) {
     return std::ranges::any_of(kPrefixes, [name](auto prefix) { return name.starts_with(prefix); });
 }
 
-void WriteDirectly(std::FILE* stream, std::span<unsigned char const> octets) {
-    OpenFile file(stream);
-    file.Write(octets);
-    file.Close();
-}
+class DirectOutput : public Sink {
+public:
+    explicit DirectOutput(std::FILE* stream) : m_file(stream) {}
+    void Write(std::span<unsigned char const> octets) override { m_file.Write(octets); }
+    void Finish() override { m_file.Close(); }
 
-}  // namespace
+private:
+    OpenFile m_file;
+};
 
-void WriteOutput(std::string const& name, std::span<unsigned char const> octets) {
-    if (NamesStandardOutput(name)) return WriteDirectly(stdout, octets);
+std::unique_ptr<Sink> Open(std::string const& name) {
+    if (NamesStandardOutput(name)) return std::make_unique<DirectOutput>(stdout);
     std::error_code notThere;
     fs::file_status const status = fs::status(name, notThere);
     bool const isThere = fs::exists(status);
     if (isThere && (NamesOpenFile(name) || !fs::is_regular_file(status))) {
         // Appending, so that what an open file has stays; devices and pipes do not care.
-        return WriteDirectly(std::fopen(name.c_str(), "ab"), octets);
+        return std::make_unique<DirectOutput>(std::fopen(name.c_str(), "ab"));
     }
-    Replacement replacement(FollowLinks(name));
-    if (isThere) replacement.TakePermissions(status.permissions() & fs::perms::all);
-    replacement.Write(octets);
-    replacement.Finish();
+    auto replacement = std::make_unique<Replacement>(FollowLinks(name));
+    if (isThere) replacement->TakePermissions(status.permissions() & fs::perms::all);
+    return replacement;
+}
+
+/// Runs a step whose failures are those of the output.
+template <class Step>
+void Try(Step step) {
+    try {
+        step();
+    } catch (std::system_error const& failure) {
+        throw OutputFailure(failure.code());
+    }
+}
+
+}  // namespace
+
+Output::Output(std::string name) : m_name(std::move(name)) {}
+Output::~Output() = default;
+
+void Output::Write(std::span<unsigned char const> octets) {
+    Try([&] {
+        if (!m_file) m_file = Open(m_name);
+        m_file->Write(octets);
+    });
+}
+
+void Output::Finish() {
+    Write({});
+    Try([this] { m_file->Finish(); });
 }
 
 }  // namespace BxConvert
