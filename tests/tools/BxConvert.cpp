@@ -153,9 +153,9 @@ TEST(Convert, ReadsBackTheFormsThatItWrites) {
     };
     Folder const folder;
     for (auto const& [options, form, start] : rows) {
-        auto const [status, out, errors] =
-            folder.Run("bxconvert " BX_TRACK " -o expected; bxconvert " BX_TRACK " -o form " + options +
-                       "; bxconvert form | cmp - expected; bxconvert --info form | head -n 1; cat form");
+        auto const [status, out, errors] = folder.Run(
+            "grep -v '^<!--' " BX_TRACK " >in; bxconvert in -o expected; bxconvert in -o form " + options +
+            "; bxconvert form | cmp - expected; bxconvert --info form | head -n 1; cat form");
         EXPECT_EQ(out.substr(0, out.find('\n') + 1 + start.size()), "form: " + form + "\n" + start);
         EXPECT_EQ(errors, "") << options;
     }
