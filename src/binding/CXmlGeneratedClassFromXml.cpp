@@ -15,7 +15,7 @@
 #include "binding/IgnoredContent.h"
 #include "binding/SiblingSearch.h"
 #include "core/NestingDepth.h"
-#include "document/CFailurePlace.h"
+#include "document/ReadPlace.h"
 
 namespace BxXmlLib5 {
 

@@ -251,7 +251,7 @@ void CExpatReader::FinishStream() {
     bool const parsed = ParsePart(m_parser.get(), {}, kFinal);
     if (m_failure) std::rethrow_exception(m_failure);
     if (!m_hasRoot) ThrowNoRoot();
-    if (HasOpenElement()) ThrowEndsInElement();
+    if (HasOpenElement()) ThrowEndsInElement(CBxLocation({}, Place().m_line, Place().m_column));
     CheckParsed(parsed);
 }
 

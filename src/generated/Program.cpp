@@ -13,8 +13,9 @@
 #include "BxXmlLib5/core/CSmartPtr.h"
 #include "BxXmlLib5/document/CXmlDocument.h"
 #include "BxXmlLib5/generated/Root.h"
+#include "BxXmlLib5/platform/CFileReplacement.h"
 #include "BxXmlLib5/values/CBinaryData.h"
-#include "generated/RootElement.h"
+#include "document/ReadPlace.h"
 
 namespace BxXmlLib5::Generated {
 
@@ -74,12 +75,10 @@ bool ReadInput(std::string const& name, std::string& octets) {
 
 /// Writes a file, or to standard output. @return false with errno if that fails
 bool WriteOutput(std::string const& name, CBinaryData const& octets) {
-    auto const write = [&octets](std::FILE* file) {
-        return std::fwrite(octets.GetData(), 1, octets.GetLength(), file) == octets.GetLength();
-    };
-    if (name == kStandardStream) return write(stdout) && std::fflush(stdout) == 0;
-    std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(name.c_str(), "wb"), std::fclose);
-    return file && write(file.get()) && std::fclose(file.release()) == 0;
+    CFileReplacement file(name == kStandardStream ? "/dev/stdout" : std::string_view(name));
+    file.Write(octets.GetOctets());
+    errno = file.Finish();
+    return errno == 0;
 }
 
 /// @throws CBxValidationException if no class is that of the document's root
@@ -101,22 +100,24 @@ CBinaryData Written(CObject const& root, Wish const& wish) {
 }
 
 CSmartPtr<CObject> Parsed(std::string const& octets, std::span<Class const* const> roots) {
-    CXmlDocument document(st_Default);
+    CXmlDocument document;
+    document.SetRequireWholeDocument(true);
     document.LoadXmlStream(reinterpret_cast<unsigned char const*>(octets.data()), octets.size());
-    CXmlElement const* const element = RootElement(document);
-    CSmartPtr<CObject> root = RootOf(*element, roots).GetFacts().make();
+    CXmlElement const* const element = document.GetDocumentElement();
+    CSmartPtr<CObject> root;
+    ReadTree(*element, [&] { root = RootOf(*element, roots).GetFacts().make(); });
     CXmlSerializationContext context;
     root->FromXmlElement(element, context);
     return root;
 }
 
-Status Failed(Status status, std::string const& file, std::string const& message) {
-    std::fprintf(stderr, "%s: %s\n", file.c_str(), message.c_str());
+Status Failed(Status status, std::string const& report) {
+    std::fprintf(stderr, "%s\n", report.c_str());
     return status;
 }
 
 Status NoFile(std::string const& name) {
-    return Failed(kNoFile, name, std::generic_category().message(errno));
+    return Failed(kNoFile, name + ": " + std::generic_category().message(errno));
 }
 
 Status Convert(Wish const& wish, std::span<Class const* const> roots) {
@@ -141,9 +142,9 @@ int RunProgram(int argc, char const* const* argv, std::span<Class const* const> 
     try {
         return Convert(*wish, roots);
     } catch (CBxException const& failure) {
-        return Failed(kUnfit, wish->m_input, ToUtf8(failure.GetFullMessage()));
+        return Failed(kUnfit, ToUtf8(failure.GetReport(FromUtf8(wish->m_input))));
     } catch (std::bad_alloc const&) {
-        return Failed(kUnfit, wish->m_input, "not enough memory");
+        return Failed(kUnfit, wish->m_input + ": not enough memory");
     }
 }
 

@@ -11,7 +11,7 @@
 #include "BxXmlLib5/document/CXmlElement.h"
 #include "binding/IgnoredContent.h"
 #include "core/NestingDepth.h"
-#include "document/CFailurePlace.h"
+#include "document/ReadPlace.h"
 #include "generated/Expected.h"
 #include "generated/ObjectAccess.h"
 #include "generated/Untyped.h"

@@ -2,46 +2,45 @@
 
 #include <set>
 
-#include "BxXmlLib5/document/CXmlDocument.h"
 #include "BxXmlLib5/generated/BuiltInTypes.h"
 #include "BxXmlLib5/values/CBinaryData.h"
 #include "generated/ForeignNamespaces.h"
 #include "generated/ObjectAccess.h"
-#include "generated/RootElement.h"
 #include "platform/StandardNamespaces.h"
 
 namespace BxXmlLib5::Generated {
 
 namespace {
 
-void FromDocument(CObject& root, CXmlDocument const& document, CXmlSerializationContext const& context) {
-    CXmlSerializationContext own(context);
-    root.FromXmlElement(RootElement(document), own);
+/// Nothing is lost unseen of what an object of the kit is loaded from.
+CXmlSerializationContext WholeContext(CXmlSerializationContext const& context) {
+    CXmlSerializationContext whole(context);
+    whole.SetRequireWholeDocument(true);
+    return whole;
+}
+
+CBinaryData Written(CObject const& root, Layout layout, CXmlSerializationContext const& context) {
+    return root.ToXmlStream(true, layout == Layout::Indented, enc_UTF8, eol_LF, context, cmp_None);
 }
 
 }  // namespace
 
 void LoadRoot(CObject& root, std::string_view path, CXmlSerializationContext const& context) {
-    CXmlDocument document(context.GetSchemaType());
-    document.Load(FromUtf8(path).c_str());
-    FromDocument(root, document, context);
+    root.FromXmlFile(FromUtf8(path).c_str(), WholeContext(context));
 }
 
 void ParseRoot(CObject& root, std::string_view octets, CXmlSerializationContext const& context) {
-    CXmlDocument document(context.GetSchemaType());
-    document.LoadXmlStream(reinterpret_cast<unsigned char const*>(octets.data()), octets.size());
-    FromDocument(root, document, context);
+    root.FromXmlStream(reinterpret_cast<unsigned char const*>(octets.data()), octets.size(),
+                       WholeContext(context));
 }
 
 void SaveRoot(CObject const& root, std::string_view path, Layout layout,
               CXmlSerializationContext const& context) {
-    root.ToXmlFile(FromUtf8(path).c_str(), true, layout == Layout::Indented, enc_UTF8, eol_LF, context,
-                   cmp_None);
+    Written(root, layout, context).SaveTo(path);
 }
 
 std::string RootText(CObject const& root, Layout layout, CXmlSerializationContext const& context) {
-    CBinaryData const octets =
-        root.ToXmlStream(true, layout == Layout::Indented, enc_UTF8, eol_LF, context, cmp_None);
+    CBinaryData const octets = Written(root, layout, context);
     return {reinterpret_cast<char const*>(octets.GetData()), octets.GetLength()};
 }
 

@@ -43,6 +43,8 @@ class COutputFile {
 public:
     /// @param path in UTF-8 at the system
     explicit COutputFile(std::u16string_view path);
+    /// @param file a descriptor, which is the object's now; or a negative one, with errno
+    explicit COutputFile(int file);
     COutputFile(COutputFile const&) = delete;
     COutputFile& operator=(COutputFile const&) = delete;
     ~COutputFile();

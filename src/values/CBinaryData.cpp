@@ -6,6 +6,7 @@
 
 #include "BxXmlLib5/core/CBxException.h"
 #include "BxXmlLib5/core/FormatString.h"
+#include "BxXmlLib5/platform/CFileReplacement.h"
 #include "platform/Files.h"
 #include "platform/TextView.h"
 #include "values/Base64.h"
@@ -251,14 +252,27 @@ unsigned char& CBinaryData::operator[](std::size_t index) {
     return GetData()[index];
 }
 
+namespace {
+
+[[noreturn]] void ThrowNotWritten(wstring const& path, int error) {
+    throw CBxException(
+        FormatString(u"Failed to write data to the file [%s] error [0x%08X]", path.c_str(), error));
+}
+
+}  // namespace
+
 void CBinaryData::ToFile(char16_t const* fileName, XmlEncoding encoding) const {
     COutputFile file(TextOf(fileName));
     file.Write(ByteOrderMark(encoding));
     file.Write(GetOctets());
     file.Close();
-    if (file.Error() == 0) return;
-    throw CBxException(FormatString(u"Failed to write data to the file [%s] error [0x%08X]",
-                                    wstring(TextOf(fileName)).c_str(), file.Error()));
+    if (file.Error() != 0) ThrowNotWritten(wstring(TextOf(fileName)), file.Error());
+}
+
+void CBinaryData::SaveTo(std::string_view path) const {
+    CFileReplacement file(path);
+    file.Write(GetOctets());
+    if (file.Finish() != 0) ThrowNotWritten(FromUtf8(path), file.Error());
 }
 
 }  // namespace BxXmlLib5

@@ -68,21 +68,28 @@ TEST_F(Guide, WritingAndReading) {
 
 TEST_F(Guide, DocumentsWithoutAClass) {
     order.ToFastInfosetFile(u"order.finf", fi_None, context, cmp_None);
+    wstring all;
 #include "users-guide/12.inc"
-    EXPECT_EQ(note.ToXml(false, false, eol_LF, context),
-              u"<AA:note xmlns:AA=\"urn:notes\" urgent=\"yes\"><AA:b>noon</AA:b>by </AA:note>");
+    EXPECT_EQ(all, u"1newsnone");
+    EXPECT_EQ(feed->Find(u"entry")->GetText(), u"no news");
 
 #include "users-guide/13.inc"
+    EXPECT_EQ(note.ToXml(false, false, eol_LF, context),
+              u"<AA:note xmlns:AA=\"urn:notes\" urgent=\"yes\"><AA:b>noon</AA:b>by </AA:note>");
+#include "users-guide/14.inc"
+    EXPECT_EQ(CElement::Load("note.xml")->GetChildElements()->GetCount(), 1);
+
+#include "users-guide/15.inc"
     ExpectRead(20);
 
-    wstring all;
-#include "users-guide/14.inc"
+    all.clear();
+#include "users-guide/16.inc"
     EXPECT_EQ(all.size(), 100U);
 }
 
 namespace {
 
-#include "users-guide/15.inc"
+#include "users-guide/17.inc"
 
 }  // namespace
 
@@ -94,18 +101,21 @@ TEST_F(Guide, SmallDocuments) {
 }
 
 TEST_F(Guide, Settings) {
+#include "users-guide/18.inc"
+    EXPECT_GT(checked.GetLength(), 20U);
     order.ToXmlFile(u"order.xml", true, true, enc_UTF8, eol_LF, context, cmp_None);
-#include "users-guide/16.inc"
+#include "users-guide/19.inc"
     EXPECT_THROW(tolerant.SetIgnoreMissingMandatoryElements(true), CBxInvalidStateException);
 
-#include "users-guide/17.inc"
+#include "users-guide/20.inc"
     EXPECT_EQ(decorated.GetNamespaceAliases().GetNamespaceCount(), 1);
 }
 
 TEST_F(Guide, Errors) {
     std::ostringstream cerr;  // in the place of std::cerr
-#include "users-guide/18.inc"
-    EXPECT_EQ(cerr.str(), "not readable: Failed to open the file [missing.xml] Error [0x00000002]\n");
+#include "users-guide/21.inc"
+    EXPECT_EQ(cerr.str(),
+              "not readable: missing.xml: Failed to open the file [missing.xml] Error [0x00000002]\n");
 }
 
 TEST_F(Guide, Threads) {

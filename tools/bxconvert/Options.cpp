@@ -113,8 +113,10 @@ constexpr Option kOptions[] = {
     {"--max-size",         "OCTETS",                    "refuse a document of more octets, after decompression; with K, M or G for 1000 and so on (default 1G for compressed input, no limit else)", SetMaxSize},
     {"--strict",           "",                          "refuse a document that the form cannot hold whole",     Set<&Options::m_strict, true>},
     {"--info",             "",                          "print facts about the document instead",               Set<&Options::m_info, true>},
-    {"--help",             "",                          "print this text",                                      Set<&Options::m_help, true>},
-    {"--version",          "",                          "print the version",                                    Set<&Options::m_version, true>},
+    {"-h",                 "",                          "print this text",                                      Set<&Options::m_help, true>},
+    {"--help",             "",                          "the same",                                             Set<&Options::m_help, true>},
+    {"-V",                 "",                          "print the version",                                    Set<&Options::m_version, true>},
+    {"--version",          "",                          "the same",                                             Set<&Options::m_version, true>},
 };
 // clang-format on
 

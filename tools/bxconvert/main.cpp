@@ -35,7 +35,7 @@ bool Try(std::string const& input, std::string const& output, Step step) {
         step();
         return true;
     } catch (CBxException const& failure) {
-        report(ToUtf8(failure.GetFullMessage()));
+        Report(ToUtf8(failure.GetReport(FromUtf8(input))));
     } catch (std::bad_alloc const&) {
         report("not enough memory");
     } catch (OutputFailure const& failure) {

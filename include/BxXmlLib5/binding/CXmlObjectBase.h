@@ -17,6 +17,7 @@ class CElementInfo;
 namespace BxXmlLib5 {
 
 class CBinaryData;
+class CBxException;
 class CElement;
 class CXmlCollectionBase;
 class CXmlDocument;
@@ -242,6 +243,8 @@ private:
     void WriteDocument(CXmlTextWriter& writer, bool includeDeclaration, bool formatted, XmlEncoding encoding,
                        EOLType eol, CXmlSerializationContext const& context) const;
     void WriteRoot(CXmlWriter& writer, Unprefixed unprefixed, CXmlSerializationContext const& context) const;
+    void FindPlace(CBxException& failure, Unprefixed unprefixed,
+                   CXmlSerializationContext const& context) const;
     void FromDocument(CXmlDocument const& document, CXmlSerializationContext const& context);
     void Delete();
 

@@ -1,9 +1,12 @@
 // An element of untyped content.
 #pragma once
 
+#include <cstddef>
 #include <string_view>
 
 #include "BxXmlLib5/binding/CXmlObjectBase.h"
+#include "BxXmlLib5/binding/CXmlSerializationContext.h"
+#include "BxXmlLib5/collections/CNamedElements.h"
 #include "BxXmlLib5/core/CInstanceMonitor.h"
 #include "BxXmlLib5/core/CMadeOnce.h"
 #include "BxXmlLib5/core/CSharedText.h"
@@ -11,12 +14,13 @@
 
 namespace BxXmlLib5 {
 
+class CAttribute;
 class CAttributeCol;
 class CElementCol;
 struct CWildcard;
 
-/// One element that no generated class describes: name, namespace, text, attributes, children. It reads and
-/// writes any document; its text stands behind its children.
+/// One element that no generated class describes: name, namespace, text, attributes, children. It holds any
+/// document, which Load() and LoadXml() read and Save() writes; its text stands behind its children.
 ///
 /// The namespace restriction of a schema wildcard applies to the element alone: its attributes and children
 /// may be in any namespace. A copy shares the attributes and the children with its source, and several threads
@@ -49,6 +53,50 @@ public:
     CElement& operator=(CElement const& other);
     ~CElement() override;
 
+    /// @name Whole documents
+    /// The element is the root, unlike for what FromXmlFile(), FromXmlStream() and the like read. A new one is made by
+    /// each Load, of all that is below it, and a document that breaks off is refused.
+    ///
+    ///     CSmartPtr<CElement> const feed = CElement::Load("feed.xml");
+    ///     for (CElement* entry : feed->Children(u"entry")) Use(entry->Find(u"title"), entry->GetAttribute(u"id"));
+    ///     feed->Save("feed.xml");
+    /// @{
+
+    /// Reads a file: XML text in any encoding that CXmlDocument reads, or Fast Infoset, either as such or
+    /// compressed.
+    /// @param path in UTF-8 if it is one of octets
+    /// @param context only its SchemaType counts
+    /// @throws CBxException if the file cannot be read, is not well-formed or ends early
+    static CSmartPtr<CElement> Load(std::string_view path, CXmlSerializationContext const& context =
+                                                               CXmlSerializationContext::GetDefaultContext());
+    static CSmartPtr<CElement> Load(char16_t const* path, CXmlSerializationContext const& context =
+                                                              CXmlSerializationContext::GetDefaultContext());
+
+    /// Reads a document in memory: octets as from a file, or a zero-terminated UTF-16 text.
+    static CSmartPtr<CElement> LoadXml(
+        std::string_view document,
+        CXmlSerializationContext const& context = CXmlSerializationContext::GetDefaultContext());
+    static CSmartPtr<CElement> LoadXml(
+        char16_t const* text,
+        CXmlSerializationContext const& context = CXmlSerializationContext::GetDefaultContext());
+    static CSmartPtr<CElement> LoadXmlStream(
+        CBinaryData const& data,
+        CXmlSerializationContext const& context = CXmlSerializationContext::GetDefaultContext());
+    static CSmartPtr<CElement> LoadXmlStream(
+        unsigned char const* data, std::size_t size,
+        CXmlSerializationContext const& context = CXmlSerializationContext::GetDefaultContext());
+
+    /// Writes a file of XML text in UTF-8. One of that name is replaced, but only once the new one is whole
+    /// (CFileReplacement): whatever fails leaves it as it was. Without a context, what no parser would read is
+    /// refused (CXmlSerializationContext::SetCheckWellFormed).
+    /// @param path in UTF-8 if it is one of octets
+    /// @throws CBxException if the file cannot be written, and what ToXmlStream() throws
+    void Save(std::string_view path, Layout layout = Layout::Compact) const;
+    void Save(std::string_view path, Layout layout, CXmlSerializationContext const& context) const;
+    void Save(char16_t const* path, Layout layout = Layout::Compact) const;
+    void Save(char16_t const* path, Layout layout, CXmlSerializationContext const& context) const;
+    /// @}
+
     CXmlObjectBase* GetBase() override;
     using CXmlObjectBase::GetBase;
     wstring GetNamespace() const override;
@@ -69,17 +117,44 @@ public:
     CAttributeCol const* GetAttributes() const;
     CElementCol const* GetChildElements() const;
 
+    /// @name What has a name
+    /// Children without a namespace told are those in the element's own one.
+    /// @{
+
+    /// The first child of this name, null if there is none.
+    CElement* Find(char16_t const* name);
+    CElement const* Find(char16_t const* name) const;
+    CElement* Find(char16_t const* name, char16_t const* ns);
+    CElement const* Find(char16_t const* name, char16_t const* ns) const;
+
+    /// The children of this name, for a loop. They may be changed meanwhile, but not taken out.
+    CNamedElements<CElement> Children(char16_t const* name);
+    CNamedElements<CElement const> Children(char16_t const* name) const;
+    CNamedElements<CElement> Children(char16_t const* name, char16_t const* ns);
+    CNamedElements<CElement const> Children(char16_t const* name, char16_t const* ns) const;
+
+    /// The attribute of this name, null if there is none.
+    CAttribute* FindAttribute(char16_t const* name, char16_t const* ns = u"");
+    CAttribute const* FindAttribute(char16_t const* name, char16_t const* ns = u"") const;
+
+    /// The value of an attribute, or another one if it is not there.
+    wstring GetAttribute(char16_t const* name, char16_t const* missing = u"", char16_t const* ns = u"") const;
+
+    bool HasName(std::u16string_view name, std::u16string_view ns) const;
+    /// @}
+
     /// Tests the element, its attributes and all below against a restriction; stores nothing.
     /// @throws CBxInvalidNamespaceException at the first offence
     /// @throws CBxException if elements are nested more than 1,024 levels deep
     void SetNamespaceRestrictions(char16_t const* namespaceRestriction, char16_t const* targetNamespace);
 
     /// Reads the root of a document into this element, beside the attributes and children that it has. A root
-    /// that the restriction does not allow leaves the element as it is.
+    /// that the restriction does not allow leaves the element as it is. LoadXml() has none of this.
     /// @throws CBxException if the text is empty or no well-formed document
     void FromXml(char16_t const* text);
 
-    /// Note that these read the first child of the root, as a member of an object would be read.
+    /// Note that these, and FromXmlFile() and FromXmlStream(), read the first child of the root, as a member of an
+    /// object would be read. For the root itself there are Load(), LoadXml() and LoadXmlStream().
     using CXmlObjectBase::FromXml;
 
 protected:
@@ -113,6 +188,9 @@ private:
 
     CAttributeCol& Attributes() const;
     CElementCol& ChildElements() const;
+    template <class T>
+    CNamedElements<T> Named(std::u16string_view name, std::u16string_view ns) const;
+    CElement const* FindNamed(std::u16string_view name, std::u16string_view ns) const;
     static void ThrowIfNoName(char16_t const* name);
     void ShareTexts(CElement const& sibling);
     void TestRestrictions(std::u16string_view namespaceRestriction, std::u16string_view targetNamespace,

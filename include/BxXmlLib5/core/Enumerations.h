@@ -26,6 +26,12 @@ enum XmlEncoding : std::int32_t {
     enc_UTF16NoDeclaration = 3,  ///< As enc_UTF16, but the declaration names no encoding.
 };
 
+/// How the text of a document is laid out. Line breaks would change the text of mixed content.
+enum class Layout {
+    Compact,   ///< as it stands, on one line
+    Indented,  ///< a line for each element, indented by tabs
+};
+
 /// Compression of output octets.
 enum CompressionType : std::int32_t {
     cmp_None = 0,  ///< the octets as they are

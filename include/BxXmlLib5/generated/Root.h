@@ -11,11 +11,7 @@
 
 namespace BxXmlLib5::Generated {
 
-/// How a document is laid out. Line breaks would change the text of mixed content.
-enum class Layout {
-    Compact,   ///< as it stands, on one line
-    Indented,  ///< a line for each element, indented by tabs
-};
+using BxXmlLib5::Layout;
 
 /// Marks the classes of roots.
 class RootTag {};
@@ -75,8 +71,8 @@ public:
         ParseRoot(*this, document, context);
     }
 
-    /// Writes a file of XML text in UTF-8. One of that name is replaced, but only once the whole document
-    /// is made: what Validate() tells leaves it as it was.
+    /// Writes a file of XML text in UTF-8. One of that name is replaced, but only once the new one is whole
+    /// (CFileReplacement): whatever fails leaves it as it was.
     /// @param path in UTF-8
     /// @throws CBxValidationException for what Validate() tells
     /// @throws CBxException if the file cannot be written

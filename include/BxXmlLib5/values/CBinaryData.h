@@ -156,6 +156,12 @@ public:
     /// @throws CBxException with the error number of the system; what was written stays
     void ToFile(char16_t const* fileName, XmlEncoding encoding) const;
 
+    /// Writes the octets to a file by way of CFileReplacement: the one that is there is only replaced once all is
+    /// written.
+    /// @param path as the system has it, which is UTF-8 as a rule
+    /// @throws CBxException with the error number of the system; the old file is as it was
+    void SaveTo(std::string_view path) const;
+
 protected:
     /// Sees to it that no other object shares the holder, if there is one.
     void GetExclusiveDataHolder();
