@@ -1,7 +1,6 @@
 // The classes of GPX 1.1 against documents.
 
 #include <string>
-#include <thread>
 #include <vector>
 
 #include "Gpx.h"
@@ -97,21 +96,6 @@ TEST(Documents, AreReadAs) {
     EXPECT_EQ(BxTest::CStrictFastInfoset::Read(infoset.GetOctets()),
               "<{http://www.topografix.com/GPX/1/1}gpx version=1.1 creator=c>"
               "<{http://www.topografix.com/GPX/1/1}extensions><{urn:x}e><a></></></></>");
-}
-
-TEST(Documents, AreReadByManyThreads) {
-    std::vector<std::thread> threads;
-    std::vector<std::string> written(4);
-    for (std::string& text : written) {
-        threads.emplace_back([&text] {
-            CGpx gpx;
-            gpx.Load(BX_TRACK);
-            text = gpx.ToText();
-        });
-    }
-    for (std::thread& thread : threads) thread.join();
-    for (std::string const& text : written) EXPECT_EQ(text, written[0]);
-    EXPECT_GT(written[0].size(), 40'000U);
 }
 
 }  // namespace
