@@ -3,6 +3,7 @@
 #include "BxXmlLib5/platform/CFileReplacement.h"
 #include "Options.h"
 #include "SystemError.h"
+#include "common/RemovedOnSignal.h"
 
 namespace BxConvert {
 

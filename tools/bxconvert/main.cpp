@@ -1,7 +1,9 @@
 // bxconvert: reads any XML document into untyped content and writes it again, in any form.
 
+#include <algorithm>
 #include <csignal>
 #include <cstdio>
+#include <filesystem>
 #include <new>
 #include <stdexcept>
 #include <string>
@@ -13,6 +15,7 @@
 #include "OneLine.h"
 #include "Options.h"
 #include "Output.h"
+#include "Progress.h"
 #include "Statistics.h"
 #include "common/CommandLine.h"
 
@@ -57,7 +60,10 @@ ExitStatus Run(Options const& options) {
         result = OctetsOf(HelpText());
     } else if (options.m_version) {
         result = OctetsOf("bxconvert " BXCONVERT_VERSION "\n");
-    } else if (!Try(input, [&] { result = Convert(options, statistics); })) {
+    } else if (!Try(input, [&] {
+                   Progress const progress(input);
+                   result = Convert(options, statistics);
+               })) {
         return kFailed;
     }
     if (!Try(output, [&] { WriteOutput(options.m_output, result.GetOctets()); })) return kFailed;
@@ -68,6 +74,15 @@ ExitStatus Run(Options const& options) {
     return kSuccess;
 }
 
+/// Goes on after an input that fails.
+ExitStatus RunEach(Options const& options) {
+    std::string const& folder = options.m_outputDir;
+    if (!folder.empty() && !Try(folder, [&] { std::filesystem::create_directories(folder); })) return kFailed;
+    ExitStatus status = kSuccess;
+    for (Options const& one : ForEachInput(options)) status = std::max(status, Run(one));
+    return status;
+}
+
 }  // namespace
 }  // namespace BxConvert
 
@@ -75,7 +90,7 @@ int main(int argc, char** argv) {
     // A file that grows beyond a limit is then a failed write like any other.
     std::signal(SIGXFSZ, SIG_IGN);
     try {
-        return BxConvert::Run(BxConvert::ParseOptions({argv + 1, argv + argc}));
+        return BxConvert::RunEach(BxConvert::ParseOptions({argv + 1, argv + argc}));
     } catch (CommandLine::UsageError const& error) {
         BxConvert::Report(std::string(error.what()) + ". Try 'bxconvert --help'.");
         return BxConvert::kWrongUsage;
