@@ -1,16 +1,33 @@
 #include "Output.h"
 
-#include "BxXmlLib5/platform/CFileReplacement.h"
 #include "Options.h"
-#include "SystemError.h"
-#include "common/RemovedOnSignal.h"
 
 namespace BxConvert {
 
-void WriteOutput(std::string const& name, std::span<unsigned char const> octets) {
-    BxXmlLib5::CFileReplacement file(name == kStandardStream ? std::string_view("/dev/stdout") : name);
-    file.Write(octets);
-    if (int const error = file.Finish()) ThrowSystemError(error);
+namespace {
+
+void ThrowFailure(int error) {
+    if (error != 0) throw OutputFailure(error, std::generic_category());
+}
+
+}  // namespace
+
+void Output::Open() {
+    CommandLine::HeldSignals const untilItIsKnown;
+    m_file.emplace(m_name == kStandardStream ? std::string_view("/dev/stdout") : m_name);
+    if (!m_file->GetUnfinished().empty()) m_removed.emplace(m_file->GetUnfinished());
+}
+
+void Output::Write(std::span<unsigned char const> octets) {
+    if (!m_file) Open();
+    m_file->Write(octets);
+    ThrowFailure(m_file->Error());
+}
+
+void Output::Finish() {
+    Write({});
+    ThrowFailure(m_file->Finish());
+    m_removed.reset();
 }
 
 }  // namespace BxConvert
