@@ -74,7 +74,7 @@ std::u16string_view TextOrDefault(CXmlElement const& element, PropertyModel cons
 }  // namespace
 
 void Reading::ReadText(bool isNil) {
-    CTakenContent::TakeText(&m_element);
+    if (m_context.GetFailOnIgnoredContent()) CTakenContent::TakeText(&m_element);
     bool const isSimple = m_model.text != nullptr && m_model.content == nullptr;
     std::u16string_view const text =
         isSimple && !isNil ? TextOrDefault(m_element, *m_model.text) : m_element.GetTextView();
