@@ -45,7 +45,7 @@ Model::Model(Class const& described)
         Particle& whole = particles.emplace_back();
         whole.kind = Row::Kind::Sequence;
         whole.members.assign(top.begin(), top.end());
-        top = {&whole};
+        top.assign(1, &whole);
     }
     if (!top.empty()) {
         Finish(*top[0]);

@@ -16,7 +16,6 @@
 #include "BxXmlLib5/platform/CFileReplacement.h"
 #include "BxXmlLib5/values/CBinaryData.h"
 #include "document/ReadPlace.h"
-#include "document/RootElement.h"
 
 namespace BxXmlLib5::Generated {
 
@@ -101,9 +100,10 @@ CBinaryData Written(CObject const& root, Wish const& wish) {
 }
 
 CSmartPtr<CObject> Parsed(std::string const& octets, std::span<Class const* const> roots) {
-    CXmlDocument document(st_Default);
+    CXmlDocument document;
+    document.SetRequireWholeDocument(true);
     document.LoadXmlStream(reinterpret_cast<unsigned char const*>(octets.data()), octets.size());
-    CXmlElement const* const element = RootElement(document);
+    CXmlElement const* const element = document.GetDocumentElement();
     CSmartPtr<CObject> root;
     ReadTree(*element, [&] { root = RootOf(*element, roots).GetFacts().make(); });
     CXmlSerializationContext context;

@@ -151,7 +151,7 @@ TEST(Parcels, AreNotReadWithFaults) {
     EXPECT_BX_THROW(Read<CLabel>("<label xmlns='urn:parcel'><time>2026-05-01T00:00:00</time></label>"),
                     CBxValidationException, "Failed to find the element [time] in the element [label]");
     EXPECT_BX_THROW(Read<CParcel>("<parcel xmlns='urn:parcel'><to>"), CBxException,
-                    "The document ends before its root does");
+                    "The document ends inside the element [/parcel/to], which begins on line 1");
 }
 
 /// The location and the message of what an action throws.

@@ -81,7 +81,7 @@ TEST_F(GpxStat, Failures) {
         {"gpxstat nothing.gpx none.gpx early.gpx",
          {1, "none.gpx: no tracks\n",
           "gpxstat: nothing.gpx: Failed to open the file [nothing.gpx] Error [0x00000002]\n"
-          "gpxstat: early.gpx: The document ends before its root does\n"}},
+          "gpxstat: early.gpx:1: The document ends inside the element [/gpx], which begins on line 1\n"}},
         {"echo '<kml/>' >k.gpx; gpxstat --write none.gpx k.gpx; test -s none.gpx && gpxstat k.gpx",
          {1, "", noRoot + noRoot}},
         {"gpxstat --write x/out.gpx none.gpx",

@@ -77,8 +77,8 @@ CBinaryData Rewrite(std::unique_ptr<CXmlDocument> document, Statistics const& st
 
 CBinaryData Convert(Options const& options, Statistics& statistics) {
     auto document = std::make_unique<CXmlDocument>(options.m_namespaces ? st_Default : st_NoNamespaces);
+    document->SetRequireWholeDocument(true);
     auto const octets = LoadInput(*document, options.m_input);
-    if (!document->IsComplete()) throw std::runtime_error("the document ends inside an element");
     CXmlElement const& root = *document->GetDocumentElement();
     statistics = Survey(root);
     if (options.m_strict && statistics.m_mixed > 0) {

@@ -95,8 +95,10 @@ constexpr Option kOptions[] = {
     {"--keep-whitespace",  "",                          "keep text that is only whitespace beside children",    Set<&Options::m_keepWhitespace, true>},
     {"--strict",           "",                          "refuse a document with mixed content",                 Set<&Options::m_strict, true>},
     {"--info",             "",                          "print facts about the document instead",               Set<&Options::m_info, true>},
-    {"--help",             "",                          "print this text",                                      Set<&Options::m_help, true>},
-    {"--version",          "",                          "print the version",                                    Set<&Options::m_version, true>},
+    {"-h",                 "",                          "print this text",                                      Set<&Options::m_help, true>},
+    {"--help",             "",                          "the same",                                             Set<&Options::m_help, true>},
+    {"-V",                 "",                          "print the version",                                    Set<&Options::m_version, true>},
+    {"--version",          "",                          "the same",                                             Set<&Options::m_version, true>},
 };
 // clang-format on
 

@@ -66,6 +66,11 @@ public:
     bool GetIgnoreNamespaces() const { return m_ignoreNamespaces || m_schemaType == st_NoNamespaces; }
     void SetIgnoreNamespaces(bool value) { m_ignoreNamespaces = value; }
 
+    /// Reading refuses an input of which something would be lost unseen: text that breaks off inside an element, and
+    /// references to entities that only another file declares (CXmlDocument::SetRequireWholeDocument).
+    bool GetRequireWholeDocument() const { return m_requireWholeDocument; }
+    void SetRequireWholeDocument(bool value) { m_requireWholeDocument = value; }
+
     /// Writing leaves out an optional attribute whose value is its default.
     bool GetNoOptionalAttributeDefaultOutput() const { return m_noOptionalAttributeDefaultOutput; }
     void SetNoOptionalAttributeDefaultOutput(bool value) { m_noOptionalAttributeDefaultOutput = value; }
@@ -121,6 +126,7 @@ private:
     bool m_ignoreUnknownElements = false;
     bool m_ignoreUnknownAttributes = false;
     bool m_ignoreNamespaces = false;
+    bool m_requireWholeDocument = false;
     bool m_failOnIgnoredContent = false;
     SchemaType m_schemaType = st_Default;
     bool m_noOptionalAttributeDefaultOutput = false;
