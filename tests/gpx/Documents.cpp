@@ -106,7 +106,7 @@ TEST(Documents, AreReadAs) {
 TEST(Documents, SayWhereTheyCannotBeRead) {
     std::mt19937 random(7);
     std::string text;
-    for (char const c : Everything()) {
+    for (char const c : Everything().substr(kHead.size())) {
         if (c == '<' && text.ends_with('>') && random() % 3 == 0) text += '\n';
         text += c;
     }
