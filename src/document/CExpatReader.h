@@ -76,6 +76,7 @@ private:
     void EndElement();
     void DeclareNamespace(char16_t const* prefix, char16_t const* namespaceUri);
     void AddText(std::u16string_view text);
+    void EndDocumentType();
     void DeclareEntity(std::u16string_view value);
 
     SchemaType m_schemaType;
@@ -86,6 +87,8 @@ private:
     std::size_t m_mostOctetsOfToken = 0;
     std::uint64_t m_octets = 0;
     bool m_hasRoot = false;
+    bool m_isInDocumentType = false;
+    std::vector<unsigned char> m_prolog;  // up to the root, where markup is asked for
     bool m_isPauseAsked = false;
     bool m_isPaused = false;
     bool m_isAtEnd = false;

@@ -3,7 +3,6 @@
 #include <random>
 #include <regex>
 #include <string>
-#include <thread>
 #include <vector>
 
 #include "Gpx.h"
@@ -134,21 +133,6 @@ TEST(Documents, SayWhereTheyCannotBeRead) {
         }
     }
     EXPECT_GT(refused, 80);
-}
-
-TEST(Documents, AreReadByManyThreads) {
-    std::vector<std::thread> threads;
-    std::vector<std::string> written(4);
-    for (std::string& text : written) {
-        threads.emplace_back([&text] {
-            CGpx gpx;
-            gpx.Load(BX_TRACK);
-            text = gpx.ToText();
-        });
-    }
-    for (std::thread& thread : threads) thread.join();
-    for (std::string const& text : written) EXPECT_EQ(text, written[0]);
-    EXPECT_GT(written[0].size(), 40'000U);
 }
 
 }  // namespace

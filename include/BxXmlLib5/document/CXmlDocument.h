@@ -38,15 +38,20 @@ public:
     /// @param schemaType st_NoNamespaces switches the processing of namespaces off: names keep their
     ///        prefixes, and xmlns attributes are attributes like any other
     explicit CXmlDocument(SchemaType schemaType = st_Default);
+    /// @{
+    /// A document cannot be copied: its tree points into it.
     CXmlDocument(CXmlDocument const&) = delete;
     CXmlDocument& operator=(CXmlDocument const&) = delete;
+    /// @}
     virtual ~CXmlDocument();
 
+    /// @{
     /// Whether loads refuse an input of which something would be lost unseen: one that breaks off inside an element,
     /// and one that refers to entities that it does not declare, as it may where its document type lies in another
     /// file. They do not at first. The tree of what is refused is there nevertheless.
     bool GetRequireWholeDocument() const { return m_requireWholeDocument; }
     void SetRequireWholeDocument(bool value) { m_requireWholeDocument = value; }
+    /// @}
 
     /// Loads a regular file.
     /// @throws CBxException also if it cannot be opened or read
@@ -70,10 +75,12 @@ public:
     /// The elements in which the input of the last load broke off, from the root to the innermost one.
     std::vector<CXmlElement const*> const& GetOpenElements() const { return m_openElements; }
 
+    /// @{
     /// What the last load took its input for: a zlib or gzip stream, and Fast Infoset, in that stream or as
     /// such.
     bool IsCompressed() const { return m_isCompressed; }
     bool IsFastInfoset() const { return m_isFastInfoset; }
+    /// @}
 
     /// The namespace that was last declared under this alias, anywhere in the document, or the empty text.
     /// The empty alias is the default namespace.
