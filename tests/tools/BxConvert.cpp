@@ -59,6 +59,8 @@ TEST(Convert, WritesWhatItReads) {
         {"", "<a>1<b>2<c/>3</b>4<b>5</b> </a>", kDeclaration + "<a>1<b>2<c/>3</b>4<b>5</b> </a>\n", ""},
         {"", "<a k='&#13;&#10;&#9;&lt;&quot;&amp;' l=''>&#13;&amp;<![CDATA[<&]]>&#10;</a>", kDeclaration + "<a k=\"&#13;&#10;&#9;&lt;&quot;&amp;\" l=\"\">&#13;&amp;&lt;&amp;\n</a>\n", ""},
         {"", subset + "<a>&e;&f;&g;</a>", kDeclaration + subset + "<a>1&f;&g;</a>\n", ""},
+        {"", "<!DOCTYPE a SYSTEM 'x' [<!ENTITY e '1'>]><a k='&e;&lt;&#65;'><b k='1&f;2&g;'/></a>",
+            kDeclaration + "<!DOCTYPE a SYSTEM 'x' [<!ENTITY e '1'>]>\n<a k=\"1&lt;A\"><b k=\"12\"/></a>\n", "bxconvert: standard input: warning: XML text does not keep 2 entity references\n"},
         {"--compact", "<a> <b> </b>\xC2\xA0</a>", kDeclaration + "<a> <b> </b>\xC2\xA0</a>", ""},
         {"--format", "<a><b>1<c/></b><d><e> </e>\n</d></a>", kDeclaration + "<a>\n\t<b>1<c/></b>\n\t<d>\n\t\t<e> </e>\n\t</d>\n</a>\n", ""},
         {"--compact", "<a> <b xml:space=\"preserve\"> <c> <d/></c></b> <e xml:space=\"default\"> <f/></e></a>",
