@@ -143,11 +143,12 @@ struct CExpatReader::Callbacks {
         });
     }
 
-    static void Entity(void* userData, XML_Char const*, int isParameterEntity, XML_Char const* value,
+    static void Entity(void* userData, XML_Char const* name, int isParameterEntity, XML_Char const* value,
                        int length, XML_Char const*, XML_Char const*, XML_Char const*, XML_Char const*) {
-        if (isParameterEntity != 0 || value == nullptr) return;
+        if (isParameterEntity != 0) return;
         Run(userData, [=](CExpatReader& reader) {
-            reader.DeclareEntity({Units(value), static_cast<std::size_t>(length)});
+            if (reader.m_details.m_markup) reader.m_entities.insert(Units(name));
+            if (value != nullptr) reader.DeclareEntity({Units(value), static_cast<std::size_t>(length)});
         });
     }
 };
@@ -320,12 +321,22 @@ bool CExpatReader::ParseSlice(COctetSource& source) {
     }
     if (count == 0) return false;
     m_octets += count;
-    if (m_details.m_markup && !m_hasRoot)
-        m_prolog.insert(m_prolog.end(), octets.data(), octets.data() + count);
-    if (m_hasRoot && !m_prolog.empty()) m_prolog = {};
+    if (m_source != nullptr) KeepProlog(octets.first(count));
     m_mostDefaultedUnits = std::max(m_mostDefaultedUnits, MaxRepeatedUnits(m_octets));
     CheckParsed(XML_ParseBuffer(parser, static_cast<int>(count), kNotFinal) != XML_STATUS_ERROR);
     return true;
+}
+
+/// A document type makes Expat keep what it declares.
+void CExpatReader::KeepProlog(std::span<unsigned char const> octets) {
+    if (m_hasRoot) {
+        if (!m_prolog.empty()) m_prolog = {};
+    } else if (m_octets > m_mostOctetsOfToken) {
+        throw CBxException(FormatString(u"The root does not come within %d octets, which is the limit",
+                                        static_cast<int>(m_mostOctetsOfToken)));
+    } else if (m_details.m_markup) {
+        m_prolog.insert(m_prolog.end(), octets.begin(), octets.end());
+    }
 }
 
 void CExpatReader::CheckParsed(bool parsed) {
@@ -359,6 +370,7 @@ CExpatReader::ExpandedName CExpatReader::SplitLocalName(wstring const& namespace
 void CExpatReader::StartElement(char16_t const* name, char16_t const* const* attributes) {
     ThrowIfTooDeep();
     m_hasRoot = true;
+    if (m_hasDocumentType && attributes[0] != nullptr) TellLostReferences();
     m_attributes.clear();
     if (attributes[0] != nullptr) {
         auto const specified = static_cast<std::size_t>(XML_GetSpecifiedAttributeCount(m_parser.get())) / 2;
@@ -373,6 +385,23 @@ void CExpatReader::StartElement(char16_t const* name, char16_t const* const* att
     }
     auto const [element, prefix] = SplitName(name);
     CDocumentReader::StartElement({element, prefix, m_attributes, m_details.m_lines ? Line() : 0});
+}
+
+/// Expat drops them from values without a word, so the tag itself is looked at.
+void CExpatReader::TellLostReferences() {
+    constexpr std::u16string_view kPredefined[] = {u"lt", u"gt", u"amp", u"quot", u"apos"};
+    int offset = 0, size = 0;
+    char const* const context = XML_GetInputContext(m_parser.get(), &offset, &size);
+    if (context == nullptr) return;
+    std::string_view const tag(context + offset,
+                               static_cast<std::size_t>(XML_GetCurrentByteCount(m_parser.get())));
+    if (tag.starts_with('&')) return;  // of an element that an entity stands for
+    for (std::size_t at = tag.find('&'); at != tag.npos; at = tag.find('&', at + 1)) {
+        wstring const name = FromUtf8(tag.substr(at + 1, tag.find(';', at) - at - 1));
+        bool const isKnown = name.starts_with(u'#') || m_entities.contains(name) ||
+                             std::ranges::find(kPredefined, name) != std::end(kPredefined);
+        if (!isKnown) m_receiver.LoseEntityReference();
+    }
 }
 
 /// The line of the event that Expat tells. Expat's own count looks at each octet once more, but it does so anyway
@@ -450,6 +479,7 @@ struct DocumentTypeText {
 /// Expat tells of declarations, not what they look like, so another parser is asked, which does not.
 void CExpatReader::EndDocumentType() {
     m_isInDocumentType = false;
+    m_hasDocumentType = true;
     Parser const parser = NewParser(m_utf8 ? u"UTF-8" : nullptr, st_NoNamespaces);
     DocumentTypeText document(parser.get());
     ParsePart(parser.get(), m_prolog, kNotFinal);

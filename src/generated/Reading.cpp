@@ -82,7 +82,7 @@ std::u16string_view TextOrDefault(CXmlElement const& element, PropertyModel cons
 }  // namespace
 
 void Reading::ReadText(bool isNil, ElementValue value) {
-    CTakenContent::TakeText(&m_element);
+    if (m_context.GetFailOnIgnoredContent()) CTakenContent::TakeText(&m_element);
     bool const isSimple = m_model.text != nullptr && m_model.content == nullptr;
     std::u16string_view const text =
         isNil ? m_element.GetTextView() : TextOrDefault(m_element, isSimple ? m_model.text : nullptr, value);

@@ -47,8 +47,9 @@ public:
     /// The failure that led to this one, null if none. It lives as long as this object.
     CBxException const* GetInnerException() const;
 
-    /// Where in the document the failure lies; not known for failures that concern no document. A failure that
-    /// another one led to has the place of that one, unless it was given its own.
+    /// Where in the document that is read or written the failure lies. Not known for failures that concern no
+    /// document, and for a write that fails in another way when it is tried again, which is how its place is
+    /// found. A failure that another one led to has the place of that one, unless it was given its own.
     CBxLocation GetLocation() const;
     /// Sets the place, for failures that an application throws while it reads.
     void SetLocation(CBxLocation const& location);
