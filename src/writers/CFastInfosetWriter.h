@@ -4,6 +4,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -41,6 +42,10 @@ public:
 
     /// The document so far, which is gone from the writer.
     CBinaryData TakeBinaryData() { return m_output.Take(); }
+
+    /// The document since the last DropOctets(): for one that is written piece by piece.
+    std::span<unsigned char const> Octets() const { return m_output.Octets(); }
+    void DropOctets() { m_output.Truncate(0); }
 
     void WriteEndDocument() override;
     void WriteComment(wstring const& text) override;
