@@ -11,6 +11,7 @@
 #include "binding/PropertyValues.h"
 #include "collections/FacetChecks.h"
 #include "platform/TextView.h"
+#include "writers/WrittenPlace.h"
 
 namespace BxXmlLib5Data {
 
@@ -89,9 +90,9 @@ void CAttributeInfoPrimitive::AttributeToXml(CXmlSerializationContext const& con
     BxVariant value;
     ReadProperty(owner, value);
     if (m_optional && !value.IsValid()) return;
-    wstring const text = value.ToString(m_format);
+    wstring const text = MakeNext(m_attributeName, Step::Attribute, [&] { return value.ToString(m_format); });
     if (m_optional && IsDefault(context, text, m_defaultValue)) return;
-    CheckRestriction(value);
+    MakeNext(m_attributeName, Step::Attribute, [&] { CheckRestriction(value); });
     writer->WriteAttribute(m_attributeName, m_namespace, text);
 }
 
@@ -123,8 +124,9 @@ void CAttributeInfoEnum::AttributeToXml(CXmlSerializationContext const& context,
     BxVariant value;
     ReadProperty(owner, value);
     if (m_optional && !value.IsValid()) return;
-    wstring const text =
-        value.IsValid() ? EnumText(m_enumToString, value, m_attributeName) : value.ToString(nullptr);
+    wstring const text = MakeNext(m_attributeName, Step::Attribute, [&] {
+        return value.IsValid() ? EnumText(m_enumToString, value, m_attributeName) : value.ToString(nullptr);
+    });
     if (m_optional && IsDefault(context, text, m_defaultValue)) return;
     writer->WriteAttribute(m_attributeName, m_namespace, text);
 }

@@ -9,6 +9,7 @@
 #include "binding/PropertyValues.h"
 #include "collections/FacetChecks.h"
 #include "platform/TextView.h"
+#include "writers/WrittenPlace.h"
 
 namespace BxXmlLib5Data {
 
@@ -93,7 +94,12 @@ bool CElementInfo::ElementToXmlCol(CXmlSerializationContext const& context, CXml
     CXmlCollectionBase& collection = PresentCollectionIn(value);
     if (collection.GetCount() <= 0) return false;
     CXmlObjectBase const* const object = collection.GetBase();
-    object->ToXml_Int(writer, false, m_namespace.c_str(), context, false);
+    try {
+        object->ToXml_Int(writer, false, m_namespace.c_str(), context, false);
+    } catch (CBxException& failure) {
+        if (collection.GetCount() > 1) MarkRepeated(failure, m_elementName);
+        throw;
+    }
     return true;
 }
 
@@ -102,7 +108,7 @@ bool CElementInfo::ElementToXmlPrim(CXmlSerializationContext const&, CXmlGenerat
     BxVariant value;
     ReadProperty(owner, value);
     if (!value.IsValid()) return false;
-    CheckRestriction(value);
+    MakeNext(m_elementName, Step::Element, [&] { CheckRestriction(value); });
     writer->WriteStartElement(m_elementName, m_namespace);
     writer->WriteText(value.ToString(m_format));
     writer->WriteEndElement();

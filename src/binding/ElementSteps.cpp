@@ -3,7 +3,7 @@
 #include "BxXmlLib5/collections/CElementCol.h"
 #include "BxXmlLib5/core/CBxException.h"
 #include "binding/PropertyValues.h"
-#include "document/CFailurePlace.h"
+#include "document/ReadPlace.h"
 #include "platform/TextView.h"
 
 namespace BxXmlLib5Data {

@@ -7,7 +7,7 @@
 #include "BxXmlLib5/collections/CElement.h"
 #include "BxXmlLib5/collections/CXmlCollectionBase.h"
 #include "BxXmlLib5/core/FormatString.h"
-#include "document/CFailurePlace.h"
+#include "document/ReadPlace.h"
 #include "values/CleanText.h"
 
 namespace BxXmlLib5 {

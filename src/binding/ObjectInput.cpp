@@ -2,35 +2,34 @@
 
 #include "BxXmlLib5/binding/CXmlGeneratedClass.h"
 #include "BxXmlLib5/binding/CXmlObjectBase.h"
-#include "BxXmlLib5/binding/CXmlSerializationContext.h"
-#include "BxXmlLib5/document/CXmlDocument.h"
 #include "BxXmlLib5/values/CBinaryData.h"
+#include "binding/CContextDocument.h"
 #include "binding/IgnoredContent.h"
-#include "document/CFailurePlace.h"
+#include "document/ReadPlace.h"
 
 namespace BxXmlLib5 {
 
 void CXmlObjectBase::FromXml(char const* text, CXmlSerializationContext const& context) {
-    CXmlDocument document(context.GetSchemaType());
+    CContextDocument document(context);
     document.LoadXml(text);
     FromDocument(document, context);
 }
 
 void CXmlObjectBase::FromXml(char16_t const* text, CXmlSerializationContext const& context) {
-    CXmlDocument document(context.GetSchemaType());
+    CContextDocument document(context);
     document.LoadXml(text);
     FromDocument(document, context);
 }
 
 void CXmlObjectBase::FromXmlFile(char16_t const* fileName, CXmlSerializationContext const& context) {
-    CXmlDocument document(context.GetSchemaType());
+    CContextDocument document(context);
     document.Load(fileName);
     FromDocument(document, context);
 }
 
 void CXmlObjectBase::FromXmlStream(unsigned char const* data, std::size_t size,
                                    CXmlSerializationContext const& context) {
-    CXmlDocument document(context.GetSchemaType());
+    CContextDocument document(context);
     document.LoadXmlStream(data, size);
     FromDocument(document, context);
 }

@@ -6,8 +6,10 @@
 #include "BxXmlLib5/values/CBinaryData.h"
 #include "values/ByteOrderMark.h"
 #include "writers/CFastInfosetWriter.h"
+#include "writers/CPathWriter.h"
 #include "writers/CWellFormedWriter.h"
 #include "writers/CXmlTextWriter.h"
+#include "writers/WrittenPlace.h"
 
 namespace BxXmlLib5 {
 
@@ -71,11 +73,30 @@ void CXmlObjectBase::WriteDocument(CXmlTextWriter& writer, bool includeDeclarati
 /// @param unprefixed what an element without prefix is in this format
 void CXmlObjectBase::WriteRoot(CXmlWriter& writer, Unprefixed unprefixed,
                                CXmlSerializationContext const& context) const {
-    wstring const namespaceUri = GetTargetNamespace();
-    if (!context.GetCheckWellFormed()) return ToXml_Int(&writer, true, namespaceUri.c_str(), context, false);
-    CWellFormedWriter checked(writer, unprefixed);
-    ToXml_Int(&checked, true, namespaceUri.c_str(), context, false);
-    checked.TestEnd();
+    try {
+        wstring const namespaceUri = GetTargetNamespace();
+        if (!context.GetCheckWellFormed())
+            return ToXml_Int(&writer, true, namespaceUri.c_str(), context, false);
+        CWellFormedWriter checked(writer, unprefixed);
+        ToXml_Int(&checked, true, namespaceUri.c_str(), context, false);
+        checked.TestEnd();
+    } catch (CBxException& failure) {
+        FindPlace(failure, unprefixed, context);
+        throw;
+    }
+}
+
+/// Writes once more and nowhere, to see where that ends.
+void CXmlObjectBase::FindPlace(CBxException& failure, Unprefixed unprefixed,
+                               CXmlSerializationContext const& context) const {
+    CPathWriter nowhere(nullptr);
+    CWellFormedWriter checked(nowhere, unprefixed);
+    CPathWriter path(context.GetCheckWellFormed() ? &checked : nullptr);
+    try {
+        ToXml_Int(&path, true, GetTargetNamespace().c_str(), context, false);
+    } catch (CBxException const& again) {
+        if (again.GetMessage() == failure.GetMessage()) LocateWritten(failure, path);
+    }
 }
 
 CBinaryData CXmlObjectBase::ToFastInfosetStream(FInfoDecl declaration,

@@ -9,7 +9,7 @@
 #include "collections/CContentReader.h"
 #include "collections/ReadItems.h"
 #include "collections/Wildcards.h"
-#include "document/CFailurePlace.h"
+#include "document/ReadPlace.h"
 #include "platform/TextView.h"
 
 namespace BxXmlLib5 {

@@ -19,7 +19,7 @@
 #include "core/Limits.h"
 #include "core/NestingDepth.h"
 #include "core/NeverDestroyed.h"
-#include "document/CFailurePlace.h"
+#include "document/ReadPlace.h"
 #include "platform/TextView.h"
 
 namespace BxXmlLib5 {
@@ -240,10 +240,12 @@ CXmlElement* CElement::FromXml_Int(CXmlElement*, CXmlElement* firstChild,
 }
 
 void CElement::FromXml(char16_t const* text) {
+    CXmlSerializationContext const& context = CXmlSerializationContext::GetDefaultContext();
     CXmlDocument document(st_Default);
+    document.SetRequireWholeDocument(context.GetRequireWholeDocument());
     document.LoadXml(text);
     CXmlElement* const root = document.GetDocumentElement();
-    ReadTree(*root, [&] { FromXml_Int(root, root, CXmlSerializationContext::GetDefaultContext(), false); });
+    ReadTree(*root, [&] { FromXml_Int(root, root, context, false); });
 }
 
 void CElement::FireOnChangeName(char16_t const*) {}

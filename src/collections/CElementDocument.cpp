@@ -5,10 +5,9 @@
 #include "BxXmlLib5/collections/CAttributeCol.h"
 #include "BxXmlLib5/collections/CElement.h"
 #include "BxXmlLib5/collections/CElementCol.h"
-#include "BxXmlLib5/document/CXmlDocument.h"
 #include "BxXmlLib5/values/CBinaryData.h"
+#include "binding/CContextDocument.h"
 #include "collections/CContentReader.h"
-#include "document/RootElement.h"
 #include "platform/TextView.h"
 
 namespace BxXmlLib5 {
@@ -18,9 +17,11 @@ namespace {
 /// @param load loads the document
 template <class Load>
 CSmartPtr<CElement> Loaded(CXmlSerializationContext const& context, Load load) {
-    CXmlDocument document(context.GetSchemaType());
+    CContextDocument document(context);
+    document.SetRequireWholeDocument(true);
     load(document);
-    CSmartPtr<CReadItem<CElement>> const root = CContentReader(CSharedText()).Read(*RootElement(document));
+    CSmartPtr<CReadItem<CElement>> const root =
+        CContentReader(CSharedText()).Read(*document.GetDocumentElement());
     return &*root;
 }
 

@@ -2,7 +2,7 @@
 
 #include "BxXmlLib5/document/CXmlElement.h"
 #include "binding/IgnoredContent.h"
-#include "document/CFailurePlace.h"
+#include "document/ReadPlace.h"
 
 namespace BxXmlLib5 {
 

@@ -51,9 +51,9 @@ CBxLocation CBxException::GetLocation() const {
 }
 
 void CBxException::SetLocation(CBxLocation const& location) {
-    Place* const place = new Place;
-    m_place = place;
+    CSmartPtr<Place> const place = CFailurePlace::Copy(*this);
     place->m_location = location;
+    m_place = place;
 }
 
 wstring CBxException::GetReport(std::u16string_view source) const {

@@ -101,6 +101,12 @@ std::u16string_view CDocumentBuilder::StoreText(OpenElement const& element, std:
     return m_lastMixedText;
 }
 
+std::vector<CXmlElement const*> CDocumentBuilder::OpenElements() const {
+    std::vector<CXmlElement const*> elements;
+    for (OpenElement const& open : m_elementStack) elements.push_back(open.m_element);
+    return elements;
+}
+
 CXmlElement* CDocumentBuilder::CloseAllElements() {
     while (HasOpenElement()) EndElement();
     return m_documentElement;

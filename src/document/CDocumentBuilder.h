@@ -32,6 +32,8 @@ public:
     void EndElement() override;
 
     bool HasOpenElement() const { return !m_elementStack.empty(); }
+    /// From the root to the innermost one.
+    std::vector<CXmlElement const*> OpenElements() const;
     /// @return the root, null if there is none
     CXmlElement* CloseAllElements();
 

@@ -101,12 +101,16 @@ struct CExpatReader::Callbacks {
     }
 
     static void Comment(void* userData, XML_Char const* text) {
-        Run(userData, [=](CExpatReader& reader) { reader.m_receiver.AddComment(Units(text)); });
+        Run(userData, [=](CExpatReader& reader) {
+            if (!reader.m_isInDocumentType) reader.m_receiver.AddComment(Units(text));
+        });
     }
 
     static void Instruction(void* userData, XML_Char const* target, XML_Char const* content) {
-        Run(userData,
-            [=](CExpatReader& reader) { reader.m_receiver.AddInstruction(Units(target), Units(content)); });
+        Run(userData, [=](CExpatReader& reader) {
+            if (reader.m_isInDocumentType) return;
+            reader.m_receiver.AddInstruction(Units(target), Units(content));
+        });
     }
 
     static void SkippedEntity(void* userData, XML_Char const* name, int isParameterEntity) {
@@ -114,11 +118,37 @@ struct CExpatReader::Callbacks {
         Run(userData, [=](CExpatReader& reader) { reader.m_receiver.AddEntityReference(Units(name)); });
     }
 
-    static void Entity(void* userData, XML_Char const*, int isParameterEntity, XML_Char const* value,
-                       int length, XML_Char const*, XML_Char const*, XML_Char const*, XML_Char const*) {
-        if (isParameterEntity != 0 || value == nullptr) return;
+    static void StartDocumentType(void* userData, XML_Char const*, XML_Char const*, XML_Char const*, int) {
+        Run(userData, [](CExpatReader& reader) { reader.m_isInDocumentType = true; });
+    }
+
+    static void EndDocumentType(void* userData) {
+        Run(userData, [](CExpatReader& reader) { reader.EndDocumentType(); });
+    }
+
+    /// An entity in another file, which is not read.
+    static int ExternalEntity(XML_Parser parser, XML_Char const*, XML_Char const*, XML_Char const*,
+                              XML_Char const*) {
+        XML_SetDefaultHandlerExpand(parser, Reference);
+        XML_DefaultCurrent(parser);
+        XML_SetDefaultHandlerExpand(parser, nullptr);
+        return XML_STATUS_OK;
+    }
+
+    /// @param text from & to ;
+    static void Reference(void* userData, XML_Char const* text, int length) {
+        if (length < 3) return;
         Run(userData, [=](CExpatReader& reader) {
-            reader.DeclareEntity({Units(value), static_cast<std::size_t>(length)});
+            reader.m_receiver.AddEntityReference({Units(text) + 1, static_cast<std::size_t>(length) - 2});
+        });
+    }
+
+    static void Entity(void* userData, XML_Char const* name, int isParameterEntity, XML_Char const* value,
+                       int length, XML_Char const*, XML_Char const*, XML_Char const*, XML_Char const*) {
+        if (isParameterEntity != 0) return;
+        Run(userData, [=](CExpatReader& reader) {
+            if (reader.m_details.m_markup) reader.m_entities.insert(Units(name));
+            if (value != nullptr) reader.DeclareEntity({Units(value), static_cast<std::size_t>(length)});
         });
     }
 };
@@ -222,7 +252,7 @@ void CExpatReader::FinishStream() {
     bool const parsed = ParsePart(m_parser.get(), {}, kFinal);
     if (m_failure) std::rethrow_exception(m_failure);
     if (!m_hasRoot) ThrowNoRoot();
-    if (HasOpenElement()) ThrowEndsInElement();
+    if (HasOpenElement()) ThrowEndsInElement(CBxLocation({}, Place().m_line, Place().m_column));
     CheckParsed(parsed);
 }
 
@@ -262,6 +292,8 @@ void CExpatReader::MakeParser(char16_t const* encoding) {
         XML_SetCommentHandler(parser, Callbacks::Comment);
         XML_SetProcessingInstructionHandler(parser, Callbacks::Instruction);
         XML_SetSkippedEntityHandler(parser, Callbacks::SkippedEntity);
+        XML_SetExternalEntityRefHandler(parser, Callbacks::ExternalEntity);
+        XML_SetDoctypeDeclHandler(parser, Callbacks::StartDocumentType, Callbacks::EndDocumentType);
     }
     // Expat 2.6, and older ones with its mends, would leave a token that a slice cuts for a final call, which
     // an input that may break off does not have.
@@ -289,9 +321,22 @@ bool CExpatReader::ParseSlice(COctetSource& source) {
     }
     if (count == 0) return false;
     m_octets += count;
+    if (m_source != nullptr) KeepProlog(octets.first(count));
     m_mostDefaultedUnits = std::max(m_mostDefaultedUnits, MaxRepeatedUnits(m_octets));
     CheckParsed(XML_ParseBuffer(parser, static_cast<int>(count), kNotFinal) != XML_STATUS_ERROR);
     return true;
+}
+
+/// A document type makes Expat keep what it declares.
+void CExpatReader::KeepProlog(std::span<unsigned char const> octets) {
+    if (m_hasRoot) {
+        if (!m_prolog.empty()) m_prolog = {};
+    } else if (m_octets > m_mostOctetsOfToken) {
+        throw CBxException(FormatString(u"The root does not come within %d octets, which is the limit",
+                                        static_cast<int>(m_mostOctetsOfToken)));
+    } else if (m_details.m_markup) {
+        m_prolog.insert(m_prolog.end(), octets.begin(), octets.end());
+    }
 }
 
 void CExpatReader::CheckParsed(bool parsed) {
@@ -325,6 +370,7 @@ CExpatReader::ExpandedName CExpatReader::SplitLocalName(wstring const& namespace
 void CExpatReader::StartElement(char16_t const* name, char16_t const* const* attributes) {
     ThrowIfTooDeep();
     m_hasRoot = true;
+    if (m_hasDocumentType && attributes[0] != nullptr) TellLostReferences();
     m_attributes.clear();
     if (attributes[0] != nullptr) {
         auto const specified = static_cast<std::size_t>(XML_GetSpecifiedAttributeCount(m_parser.get())) / 2;
@@ -339,6 +385,23 @@ void CExpatReader::StartElement(char16_t const* name, char16_t const* const* att
     }
     auto const [element, prefix] = SplitName(name);
     CDocumentReader::StartElement({element, prefix, m_attributes, m_details.m_lines ? Line() : 0});
+}
+
+/// Expat drops them from values without a word, so the tag itself is looked at.
+void CExpatReader::TellLostReferences() {
+    constexpr std::u16string_view kPredefined[] = {u"lt", u"gt", u"amp", u"quot", u"apos"};
+    int offset = 0, size = 0;
+    char const* const context = XML_GetInputContext(m_parser.get(), &offset, &size);
+    if (context == nullptr) return;
+    std::string_view const tag(context + offset,
+                               static_cast<std::size_t>(XML_GetCurrentByteCount(m_parser.get())));
+    if (tag.starts_with('&')) return;  // of an element that an entity stands for
+    for (std::size_t at = tag.find('&'); at != tag.npos; at = tag.find('&', at + 1)) {
+        wstring const name = FromUtf8(tag.substr(at + 1, tag.find(';', at) - at - 1));
+        bool const isKnown = name.starts_with(u'#') || m_entities.contains(name) ||
+                             std::ranges::find(kPredefined, name) != std::end(kPredefined);
+        if (!isKnown) m_receiver.LoseEntityReference();
+    }
 }
 
 /// The line of the event that Expat tells. Expat's own count looks at each octet once more, but it does so anyway
@@ -372,6 +435,56 @@ void CExpatReader::DeclareNamespace(char16_t const* prefix, char16_t const* name
 
 void CExpatReader::AddText(std::u16string_view text) {
     if (!text.empty() && HasOpenElement()) m_receiver.AddText(text);
+}
+
+namespace {
+
+/// Puts down the text of a document type.
+struct DocumentTypeText {
+    explicit DocumentTypeText(XML_Parser parser) : m_parser(parser) {
+        XML_SetUserData(parser, this);
+        XML_SetDefaultHandler(parser, Add);
+        XML_SetXmlDeclHandler(parser, [](void*, XML_Char const*, XML_Char const*, int) {});
+        XML_SetCommentHandler(parser, [](void*, XML_Char const*) {});
+        XML_SetProcessingInstructionHandler(parser, [](void*, XML_Char const*, XML_Char const*) {});
+        XML_SetEndDoctypeDeclHandler(parser, [](void* userData) {
+            XML_StopParser(static_cast<DocumentTypeText*>(userData)->m_parser, XML_FALSE);
+        });
+    }
+
+    static void Add(void* userData, XML_Char const* units, int length) noexcept {
+        auto& self = *static_cast<DocumentTypeText*>(userData);
+        std::u16string_view const text(Units(units), static_cast<std::size_t>(length));
+        if (self.m_text.empty()) {
+            if (text != u"<!DOCTYPE") return;
+            // Those inside belong to it.
+            XML_SetCommentHandler(self.m_parser, nullptr);
+            XML_SetProcessingInstructionHandler(self.m_parser, nullptr);
+        }
+        try {
+            self.m_text += text;
+        } catch (...) {
+            self.m_failure = std::current_exception();
+            XML_StopParser(self.m_parser, XML_FALSE);
+        }
+    }
+
+    XML_Parser m_parser;
+    wstring m_text;
+    std::exception_ptr m_failure;
+};
+
+}  // namespace
+
+/// Expat tells of declarations, not what they look like, so another parser is asked, which does not.
+void CExpatReader::EndDocumentType() {
+    m_isInDocumentType = false;
+    m_hasDocumentType = true;
+    Parser const parser = NewParser(m_utf8 ? u"UTF-8" : nullptr, st_NoNamespaces);
+    DocumentTypeText document(parser.get());
+    ParsePart(parser.get(), m_prolog, kNotFinal);
+    if (document.m_failure) std::rethrow_exception(document.m_failure);
+    m_receiver.AddDocumentType(document.m_text + u'>');
 }
 
 void CExpatReader::DeclareEntity(std::u16string_view value) {

@@ -6,6 +6,7 @@
 #include <exception>
 #include <memory>
 #include <optional>
+#include <set>
 #include <span>
 #include <string_view>
 #include <vector>
@@ -63,6 +64,7 @@ private:
     void MakeParser(char16_t const* encoding);
     void ParseOpen(char16_t const* encoding, std::span<unsigned char const> input);
     bool ParseSlice(COctetSource& source);
+    void KeepProlog(std::span<unsigned char const> octets);
     void FinishStream();
     void PauseOutsideEntity();
     void CheckParsed(bool parsed);
@@ -76,6 +78,8 @@ private:
     void EndElement();
     void DeclareNamespace(char16_t const* prefix, char16_t const* namespaceUri);
     void AddText(std::u16string_view text);
+    void EndDocumentType();
+    void TellLostReferences();
     void DeclareEntity(std::u16string_view value);
 
     SchemaType m_schemaType;
@@ -86,6 +90,10 @@ private:
     std::size_t m_mostOctetsOfToken = 0;
     std::uint64_t m_octets = 0;
     bool m_hasRoot = false;
+    bool m_isInDocumentType = false;
+    bool m_hasDocumentType = false;       // this and the next two only where markup is asked for
+    std::vector<unsigned char> m_prolog;  // what is ahead of the root
+    std::set<wstring> m_entities;         // that are declared
     bool m_isPauseAsked = false;
     bool m_isPaused = false;
     bool m_isAtEnd = false;

@@ -3,11 +3,13 @@
 #include <algorithm>
 
 #include "BxXmlLib5/core/CBxException.h"
+#include "BxXmlLib5/core/FormatString.h"
 #include "document/CDocumentBuilder.h"
 #include "document/CExpatReader.h"
 #include "document/COctetSource.h"
 #include "document/Inflate.h"
 #include "document/InputLimits.h"
+#include "document/ReadPlace.h"
 #include "fastinfoset/CFastInfosetReader.h"
 #include "platform/Files.h"
 #include "platform/TextView.h"
@@ -56,6 +58,7 @@ CXmlDocument::~CXmlDocument() = default;
 
 void CXmlDocument::Cleanup() {
     m_documentElement = nullptr;
+    m_openElements.clear();
     m_isComplete = false;
     m_isCompressed = false;
     m_isFastInfoset = false;
@@ -111,12 +114,26 @@ void CXmlDocument::Parse(std::span<unsigned char const> input, bool isText) {
         m_documentElement = builder.CloseAllElements();
         throw;
     }
-    m_isComplete = !builder.HasOpenElement();
+    m_openElements = builder.OpenElements();
+    m_isComplete = m_openElements.empty();
     m_documentElement = builder.CloseAllElements();
     if (m_documentElement == nullptr) {
         Cleanup();
         ThrowNoRoot();
     }
+    if (m_requireWholeDocument) ThrowIfNotWhole();
+}
+
+void CXmlDocument::ThrowIfNotWhole() const {
+    if (m_isComplete) return;
+    CBxException failure;
+    MarkRead(failure, m_openElements.back());
+    LocateRead(failure, *m_documentElement);
+    CBxLocation const open = failure.GetLocation();
+    failure = CBxException(FormatString(u"The document ends inside the element [%s], which begins on line %d",
+                                        open.GetPath().c_str(), static_cast<int>(open.GetLine())));
+    failure.SetLocation(CBxLocation({}, open.GetLine()));
+    throw failure;
 }
 
 }  // namespace BxXmlLib5

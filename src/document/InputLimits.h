@@ -4,6 +4,8 @@
 #include <cstddef>
 #include <string_view>
 
+#include "BxXmlLib5/core/CBxLocation.h"
+
 namespace BxXmlLib5 {
 
 /// @throws CBxException if a document of this size exceeds kMaxInputSize
@@ -16,6 +18,6 @@ void ThrowIfNamespaceTooLong(std::u16string_view namespaceUri);
 [[noreturn]] void ThrowNoRoot();
 
 /// @throws CBxException always, for a document that breaks off
-[[noreturn]] void ThrowEndsInElement();
+[[noreturn]] void ThrowEndsInElement(CBxLocation const& end);
 
 }  // namespace BxXmlLib5

@@ -122,9 +122,18 @@ bool CObject::Equals(CObject const& other) const {
 std::vector<wstring> CObject::Validate() const {
     std::vector<wstring> complaints;
     CXmlSerializationContext const context;
-    Writing writing(*this, context, nullptr, &complaints);
-    writing.Attributes();
-    writing.Content(Describe().GetModel().isNillable);
+    auto const list = [&](CPathWriter* path) {
+        complaints.clear();
+        Writing writing(*this, context, path, &complaints, path);
+        writing.Attributes();
+        writing.Content(Describe().GetModel().isNillable);
+    };
+    list(nullptr);
+    if (complaints.empty()) return complaints;
+    // Only what is wrong somewhere is worth the account of where.
+    CPathWriter path(nullptr);
+    path.WriteStartElement(Describe().GetModel().name, {});
+    list(&path);
     return complaints;
 }
 

@@ -15,7 +15,7 @@
 #include "BxXmlLib5/generated/Root.h"
 #include "BxXmlLib5/platform/CFileReplacement.h"
 #include "BxXmlLib5/values/CBinaryData.h"
-#include "document/RootElement.h"
+#include "document/ReadPlace.h"
 
 namespace BxXmlLib5::Generated {
 
@@ -100,22 +100,24 @@ CBinaryData Written(CObject const& root, Wish const& wish) {
 }
 
 CSmartPtr<CObject> Parsed(std::string const& octets, std::span<Class const* const> roots) {
-    CXmlDocument document(st_Default);
+    CXmlDocument document;
+    document.SetRequireWholeDocument(true);
     document.LoadXmlStream(reinterpret_cast<unsigned char const*>(octets.data()), octets.size());
-    CXmlElement const* const element = RootElement(document);
-    CSmartPtr<CObject> root = RootOf(*element, roots).GetFacts().make();
+    CXmlElement const* const element = document.GetDocumentElement();
+    CSmartPtr<CObject> root;
+    ReadTree(*element, [&] { root = RootOf(*element, roots).GetFacts().make(); });
     CXmlSerializationContext context;
     root->FromXmlElement(element, context);
     return root;
 }
 
-Status Failed(Status status, std::string const& file, std::string const& message) {
-    std::fprintf(stderr, "%s: %s\n", file.c_str(), message.c_str());
+Status Failed(Status status, std::string const& report) {
+    std::fprintf(stderr, "%s\n", report.c_str());
     return status;
 }
 
 Status NoFile(std::string const& name) {
-    return Failed(kNoFile, name, std::generic_category().message(errno));
+    return Failed(kNoFile, name + ": " + std::generic_category().message(errno));
 }
 
 Status Convert(Wish const& wish, std::span<Class const* const> roots) {
@@ -140,9 +142,9 @@ int RunProgram(int argc, char const* const* argv, std::span<Class const* const> 
     try {
         return Convert(*wish, roots);
     } catch (CBxException const& failure) {
-        return Failed(kUnfit, wish->m_input, ToUtf8(failure.GetFullMessage()));
+        return Failed(kUnfit, ToUtf8(failure.GetReport(FromUtf8(wish->m_input))));
     } catch (std::bad_alloc const&) {
-        return Failed(kUnfit, wish->m_input, "not enough memory");
+        return Failed(kUnfit, wish->m_input + ": not enough memory");
     }
 }
 

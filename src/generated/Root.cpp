@@ -2,10 +2,8 @@
 
 #include <set>
 
-#include "BxXmlLib5/document/CXmlDocument.h"
 #include "BxXmlLib5/generated/BuiltInTypes.h"
 #include "BxXmlLib5/values/CBinaryData.h"
-#include "document/RootElement.h"
 #include "generated/ForeignNamespaces.h"
 #include "generated/ObjectAccess.h"
 #include "platform/StandardNamespaces.h"
@@ -14,9 +12,11 @@ namespace BxXmlLib5::Generated {
 
 namespace {
 
-void FromDocument(CObject& root, CXmlDocument const& document, CXmlSerializationContext const& context) {
-    CXmlSerializationContext own(context);
-    root.FromXmlElement(RootElement(document), own);
+/// Nothing is lost unseen of what an object of the kit is loaded from.
+CXmlSerializationContext WholeContext(CXmlSerializationContext const& context) {
+    CXmlSerializationContext whole(context);
+    whole.SetRequireWholeDocument(true);
+    return whole;
 }
 
 CBinaryData Written(CObject const& root, Layout layout, CXmlSerializationContext const& context) {
@@ -26,15 +26,12 @@ CBinaryData Written(CObject const& root, Layout layout, CXmlSerializationContext
 }  // namespace
 
 void LoadRoot(CObject& root, std::string_view path, CXmlSerializationContext const& context) {
-    CXmlDocument document(context.GetSchemaType());
-    document.Load(FromUtf8(path).c_str());
-    FromDocument(root, document, context);
+    root.FromXmlFile(FromUtf8(path).c_str(), WholeContext(context));
 }
 
 void ParseRoot(CObject& root, std::string_view octets, CXmlSerializationContext const& context) {
-    CXmlDocument document(context.GetSchemaType());
-    document.LoadXmlStream(reinterpret_cast<unsigned char const*>(octets.data()), octets.size());
-    FromDocument(root, document, context);
+    root.FromXmlStream(reinterpret_cast<unsigned char const*>(octets.data()), octets.size(),
+                       WholeContext(context));
 }
 
 void SaveRoot(CObject const& root, std::string_view path, Layout layout,

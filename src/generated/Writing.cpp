@@ -7,31 +7,32 @@
 #include "core/NestingDepth.h"
 #include "core/NeverDestroyed.h"
 #include "generated/Expected.h"
+#include "generated/FixedValue.h"
 #include "generated/ObjectAccess.h"
 #include "generated/TypeOfElement.h"
 #include "platform/StandardNamespaces.h"
-#include "values/NumberText.h"
+#include "writers/WrittenPlace.h"
 
 namespace BxXmlLib5::Generated {
 
 Writing::Writing(CObject const& object, CXmlSerializationContext const& context, CXmlWriter* writer,
-                 std::vector<wstring>* complaints)
+                 std::vector<wstring>* complaints, CPathWriter const* path)
     : m_object(object),
       m_model(ObjectAccess::ModelOf(object)),
       m_context(context),
       m_writer(writer),
       m_complaints(complaints),
+      m_path(path),
       m_room(m_ownRoom) {}
 
-Writing::Writing(CObject const& object, Writing const& outer, wstring const& name, int index)
+Writing::Writing(CObject const& object, Writing const& outer)
     : m_object(object),
       m_model(ObjectAccess::ModelOf(object)),
       m_context(outer.m_context),
       m_writer(outer.m_writer),
       m_complaints(outer.m_complaints),
       m_outer(&outer),
-      m_name(&name),
-      m_index(index),
+      m_path(outer.m_path),
       m_room(outer.m_room) {}
 
 void WriteXsiType(CObject const& object, CXmlWriter* writer) {
@@ -72,7 +73,7 @@ void WriteKeptType(CObject const& object, CXmlWriter* writer, CXmlSerializationC
     WriteKept(FindKept(object, text->place, 0, value), writer, context);
 }
 
-void Writing::TypedContent(CObject const& typed, bool mayBeNil) {
+void Writing::TypedContent(CObject const& typed, bool mayBeNil, ElementValue value) {
     for (PropertyModel const& property : m_model.properties) {
         if (&property != m_model.xsiTyped && property.Count(m_object) > 0) {
             Refuse(FormatString(u"[%s] is set beside the object of a derived type", property.name));
@@ -80,15 +81,18 @@ void Writing::TypedContent(CObject const& typed, bool mayBeNil) {
     }
     if (!ObjectAccess::ModelOf(typed).Is(TypeClass(m_model.type)))
         Refuse(u"The object of a derived type is of a type that is none");
-    Writing inner(typed, *this, m_model.name, -1);
-    if (m_writer == nullptr) inner.Attributes();
-    inner.Content(mayBeNil);
+    Writing inner(typed, *this);
+    // The writer of a document has them already.
+    if (m_complaints != nullptr) inner.Attributes();
+    inner.Content(mayBeNil, value);
 }
 
-void Writing::Content(bool mayBeNil) {
-    if (CObject const* const typed = m_model.XsiTyped(m_object)) return TypedContent(*typed, mayBeNil);
+void Writing::Content(bool mayBeNil, ElementValue value) {
+    if (value.text == nullptr) value = m_model.value;
+    if (CObject const* const typed = m_model.XsiTyped(m_object)) return TypedContent(*typed, mayBeNil, value);
     if (m_model.IsAbstract())
         Refuse(u"The type of the element is abstract: XsiTyped must have the object of another");
+    if (value.isFixed) TestFixedValue(value.text);
     if (m_model.IsNil(m_object)) return NilContent(mayBeNil);
     if (m_model.content != nullptr) Write(*m_model.content);
     for (PropertyModel const* const property : m_model.prohibited) {
@@ -116,19 +120,29 @@ void Writing::WriteText() {
     }
 }
 
-void Writing::TestNarrowed(SimpleType const* narrowed, wstring const& name, wstring const& text) {
+void Writing::TestNarrowed(SimpleType const* narrowed, wstring const& name, wstring const& text,
+                           CPathWriter::Next next) {
     if (narrowed == nullptr) return;
     try {
         narrowed->test(text);
     } catch (CBxException const& failure) {
         Refuse(FormatString(u"Invalid Value for %s [%s]: %s", name.c_str(), text.c_str(),
-                            failure.GetMessage().c_str()));
+                            failure.GetMessage().c_str()),
+               next);
+    }
+}
+
+void Writing::TestFixedValue(std::u16string_view fixed) {
+    try {
+        TestFixed(m_object, fixed);
+    } catch (CBxException const& failure) {
+        Refuse(failure.GetMessage());
     }
 }
 
 void Writing::Attributes() {
     if (m_model.XsiTyped(m_object) != nullptr) return;
-    if (m_writer != nullptr && ObjectAccess::KeptIn(m_object) != nullptr)
+    if (m_writer != nullptr && !m_isTypeWritten && ObjectAccess::KeptIn(m_object) != nullptr)
         WriteKeptType(m_object, m_writer, m_context);
     for (AttributeModel const& attribute : m_model.attributes) {
         if (!attribute.constraint) Attribute(attribute);
@@ -156,7 +170,7 @@ void Writing::Attribute(AttributeModel const& attribute) {
     wstring const& text = actions.text(attribute.property->Of(m_object), 0, m_room);
     bool const isLeftOut = attribute.min == 0 && m_context.GetNoOptionalAttributeDefaultOutput() &&
                            actions.defaultText != nullptr && text == actions.defaultText();
-    TestNarrowed(attribute.narrowed, attribute.name, text);
+    TestNarrowed(attribute.narrowed, attribute.name, text, {attribute.name, true});
     if (m_writer != nullptr && !isLeftOut)
         m_writer->WriteAttribute(attribute.name, attribute.namespaceUri, text);
 }
@@ -165,7 +179,8 @@ void Writing::OpenAttributes(AttributeModel const& wildcard) {
     for (CAttribute const* const one : *static_cast<AnyAttributes const*>(wildcard.property->Of(m_object))) {
         if (!wildcard.constraint->Admits(one->GetNamespace())) {
             Refuse(FormatString(u"The namespace [%s] of the attribute [%s] is not admitted",
-                                one->GetNamespace().c_str(), one->GetName().c_str()));
+                                one->GetNamespace().c_str(), one->GetName().c_str()),
+                   {one->GetName(), true});
         } else if (m_writer != nullptr) {
             m_writer->WriteAttribute(one->GetName(), one->GetNamespace(), one->GetValue());
         }
@@ -193,6 +208,7 @@ void Writing::Write(Particle const& particle) {
 
 void Writing::WriteElements(Particle const& particle, int count) {
     if (!particle.Admits(count)) RefuseCount(particle, count);
+    if (count > 1) m_repeated = &particle.name;
     for (int i = 0; i < count; ++i) {
         switch (particle.model->actions->shape) {
             case Actions::Shape::Object:
@@ -207,6 +223,7 @@ void Writing::WriteElements(Particle const& particle, int count) {
                 WriteValue(particle, i);
         }
     }
+    m_repeated = nullptr;
 }
 
 /// @param count one that the particle does not admit
@@ -225,7 +242,7 @@ void Writing::RefuseCount(Particle const& particle, int count) {
 void Writing::WriteValue(Particle const& particle, int index) {
     if (m_writer == nullptr && particle.narrowed == nullptr) return;
     wstring const& text = particle.model->actions->text(particle.model->Of(m_object), index, m_room);
-    TestNarrowed(particle.narrowed, particle.name, text);
+    TestNarrowed(particle.narrowed, particle.name, text, {particle.name});
     if (m_writer == nullptr) return;
     m_writer->WriteStartElement(particle.name, particle.namespaceUri);
     auto const* const kept = FindKept(m_object, particle.model->place, index, text);
@@ -246,28 +263,38 @@ CXmlObjectBase* Writing::HeldBy(PropertyModel const& property, int index) const 
 void Writing::WriteObject(Particle const& particle, int index) {
     CNestingLevel const level;
     auto const& object = static_cast<CObject const&>(*HeldBy(*particle.model, index));
-    Writing inner(object, *this, particle.name, particle.max == 1 ? -1 : index);
+    Writing inner(object, *this);
     Class const& type = TypeClass(inner.m_model.type);
     auto const ways = WaysBetween(&type, &TypeClass(*particle.type));
     if (!ways || (*ways & particle.blocked) != 0) {
-        return inner.Refuse(
-            FormatString(u"An object of the type [%s] may not stand there", inner.m_model.name.c_str()));
+        return Refuse(
+            FormatString(u"An object of the type [%s] may not stand there", inner.m_model.name.c_str()),
+            {particle.name});
     }
     if (m_writer != nullptr) {
         m_writer->WriteStartElement(particle.name, particle.namespaceUri);
-        if (*ways != 0) WriteXsiType(object, m_writer);
+        inner.m_isTypeWritten = *ways != 0;
+        if (inner.m_isTypeWritten) WriteXsiType(object, m_writer);
     }
     inner.Attributes();
-    inner.Content(particle.isNillable);
+    inner.Content(particle.isNillable, particle.value);
     if (m_writer != nullptr) m_writer->WriteEndElement();
 }
 
 void Writing::WriteUntyped(Particle const& particle, int index) {
     auto& element = static_cast<CElement&>(*HeldBy(*particle.model, index));
     if (!Fits(particle, element)) {
-        return Refuse(FormatString(u"The element [%s] in the namespace [%s] does not fit [%s]",
-                                   element.GetName().c_str(), element.GetNamespace().c_str(),
-                                   particle.name.c_str()));
+        return Refuse(
+            FormatString(u"The element [%s] in the namespace [%s] does not fit [%s]",
+                         element.GetName().c_str(), element.GetNamespace().c_str(), particle.name.c_str()),
+            {element.GetName()});
+    }
+    if (particle.value.isFixed) {
+        try {
+            TestFixed(element, particle.value.text);
+        } catch (CBxException const& failure) {
+            return Refuse(failure.GetMessage(), {element.GetName()});
+        }
     }
     if (m_writer != nullptr) ObjectAccess::WriteAny(&element, m_writer, particle.namespaceUri, m_context);
 }
@@ -278,8 +305,7 @@ void Writing::WriteItems(Particle const& particle) {
         RefuseCount(particle, count);
     for (int i = 0; i < count; ++i) {
         CNestingLevel const level;
-        Writing(static_cast<CObject const&>(*HeldBy(*particle.model, i)), *this, particle.name, i)
-            .Content(false);
+        Writing(static_cast<CObject const&>(*HeldBy(*particle.model, i)), *this).Content(false);
     }
 }
 
@@ -309,6 +335,7 @@ void Writing::WriteSubstitutes(Particle const& choice) {
     for (int i = 0; i < count; ++i) {
         auto const& object = static_cast<CObject const&>(*HeldBy(*first.model, i));
         if (Particle const* const member = MemberFor(choice, object)) {
+            m_repeated = count > 1 ? &member->name : nullptr;
             WriteObject(*member, i);
         } else {
             Refuse(FormatString(u"An object of the type [%s] fits no member of [%s]",
@@ -392,24 +419,21 @@ Particle const* Writing::Chosen(Particle const& choice) {
     return covering;
 }
 
-wstring Writing::Path() const {
-    std::vector<Writing const*> steps;
-    for (Writing const* step = this; step != nullptr; step = step->m_outer) steps.push_back(step);
-    wstring path = u"/" + steps.back()->m_model.name;
-    for (auto step = steps.rbegin() + 1; step != steps.rend(); ++step) {
-        // Groups have no name.
-        if ((*step)->m_name->empty()) continue;
-        path += u'/';
-        path += *(*step)->m_name;
-        if ((*step)->m_index >= 0) path += u'[' + IntegerText((*step)->m_index + 1) + u']';
+void Writing::Refuse(wstring message, CPathWriter::Next next) {
+    std::vector<wstring> repeated;
+    for (Writing const* outer = this; outer != nullptr; outer = outer->m_outer) {
+        if (outer->m_repeated != nullptr) repeated.push_back(*outer->m_repeated);
     }
-    return path;
-}
-
-void Writing::Refuse(wstring message) {
-    message = Path() + u": " + message;
-    if (m_complaints == nullptr) throw CBxValidationException(std::move(message));
-    m_complaints->push_back(std::move(message));
+    if (m_complaints != nullptr) {
+        if (m_path != nullptr) message = m_path->Path(next, repeated) + u": " + message;
+        m_complaints->push_back(std::move(message));
+        return;
+    }
+    CBxValidationException failure(std::move(message));
+    if (!next.m_name.empty())
+        MarkNext(failure, next.m_name, next.m_isAttribute ? Step::Attribute : Step::Element);
+    for (wstring const& name : repeated) MarkRepeated(failure, name);
+    throw failure;
 }
 
 }  // namespace BxXmlLib5::Generated

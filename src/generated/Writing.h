@@ -6,10 +6,7 @@
 
 #include "BxXmlLib5/generated/CObject.h"
 #include "generated/Model.h"
-
-namespace BxXmlLib5 {
-class CXmlWriter;
-}
+#include "writers/CPathWriter.h"
 
 namespace BxXmlLib5::Generated {
 
@@ -24,25 +21,27 @@ class Writing {
 public:
     /// @param writer null to test only
     /// @param complaints takes a message for all that is wrong; null to throw the first
+    /// @param path the writer, if it knows the path that complaints begin with
     Writing(CObject const& object, CXmlSerializationContext const& context, CXmlWriter* writer,
-            std::vector<wstring>* complaints = nullptr);
+            std::vector<wstring>* complaints = nullptr, CPathWriter const* path = nullptr);
 
     /// @throws CBxValidationException for what is missing or does not fit
-    void Content(bool mayBeNil);
+    /// @param value of the element; if it has none, that of the class counts
+    void Content(bool mayBeNil, ElementValue value = {});
     void Attribute(AttributeModel const& attribute);
     void NilAttribute();
     /// In the order in which those of a root are written.
     void Attributes();
 
 private:
-    Writing(CObject const& object, Writing const& outer, wstring const& name, int index);
+    Writing(CObject const& object, Writing const& outer);
 
     void Write(Particle const& particle);
     void WriteElements(Particle const& particle, int count);
     void WriteItems(Particle const& particle);
     void WriteChoice(Particle const& choice);
     void WriteSubstitutes(Particle const& choice);
-    void TypedContent(CObject const& typed, bool mayBeNil);
+    void TypedContent(CObject const& typed, bool mayBeNil, ElementValue value);
     void NilContent(bool mayBeNil);
     void WriteText();
     void OpenAttributes(AttributeModel const& wildcard);
@@ -59,10 +58,11 @@ private:
     Particle const* MemberFor(Particle const& choice, CObject const& object) const;
     CXmlObjectBase* HeldBy(PropertyModel const& property, int index) const;
 
-    void TestNarrowed(SimpleType const* narrowed, wstring const& name, wstring const& text);
-    void Refuse(wstring message);
+    void TestNarrowed(SimpleType const* narrowed, wstring const& name, wstring const& text,
+                      CPathWriter::Next next = {});
+    void TestFixedValue(std::u16string_view fixed);
+    void Refuse(wstring message, CPathWriter::Next next = {});
     void RefuseCount(Particle const& particle, int count);
-    wstring Path() const;
 
     CObject const& m_object;
     Model const& m_model;
@@ -70,8 +70,10 @@ private:
     CXmlWriter* m_writer;
     std::vector<wstring>* m_complaints;
     Writing const* m_outer = nullptr;
-    wstring const* m_name = nullptr;
-    int m_index = -1;
+    CPathWriter const* m_path = nullptr;
+    wstring const* m_repeated =
+        nullptr;  // the name of the elements that are being written, if there are several
+    bool m_isTypeWritten = false;
     std::optional<PropertySet> m_set;
     wstring m_ownRoom;
     wstring& m_room;  // for the text of a value, that of the outermost one

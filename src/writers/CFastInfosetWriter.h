@@ -11,6 +11,7 @@
 
 #include "BxXmlLib5/core/Enumerations.h"
 #include "BxXmlLib5/values/CBinaryData.h"
+#include "document/CDocumentReceiver.h"
 #include "fastinfoset/COctetBuffer.h"
 #include "fastinfoset/CVocabularyIndex.h"
 #include "fastinfoset/Format.h"
@@ -47,6 +48,22 @@ public:
     std::span<unsigned char const> Octets() const { return m_output.Octets(); }
     void DropOctets() { m_output.Truncate(0); }
 
+    /// From now on the tables of values and of text take no more entries than that.
+    void LimitTables(std::size_t entries) { m_mostShortTexts = entries; }
+
+    /// Writes a start tag with its attributes, in place of WriteStartElement() and WriteAttribute(), with prefixes and
+    /// namespace attributes as the caller has them.
+    /// @param declarations prefixes and namespaces
+    /// @param prefixes of the attributes, in their order
+    /// @throws CBxInvalidValueException for an attribute value with an unpaired surrogate, too
+    template <class Declarations>
+    void WriteStartTag(DocumentElement const& element, Declarations const& declarations,
+                       std::u16string_view prefix, std::span<std::u16string_view const> prefixes) {
+        BeginTag(element, !declarations.empty());
+        for (auto const& [alias, namespaceUri] : declarations) WriteNamespaceAttribute(alias, namespaceUri);
+        FinishTag(element, !declarations.empty(), prefix, prefixes);
+    }
+
     void WriteEndDocument() override;
     void WriteComment(wstring const& text) override;
     void WriteProcessingInstruction(wstring const& text) override;
@@ -73,6 +90,12 @@ private:
         wstring m_value;
     };
 
+    void BeginTag(DocumentElement const& element, bool declares);
+    void FinishTag(DocumentElement const& element, bool declares, std::u16string_view prefix,
+                   std::span<std::u16string_view const> prefixes);
+    void WriteNamespaceAttribute(std::u16string_view alias, std::u16string_view namespaceUri);
+    static Name& Recall(RecentNames& names, CXmlName const& name, std::u16string_view prefix);
+
     wstring DeclaredPrefix(wstring const& namespaceUri) override;
     void CloseStartTag();
     void TakeElementPrefix();
@@ -94,6 +117,7 @@ private:
                          std::size_t size);
 
     COctetBuffer m_output;
+    std::size_t m_mostShortTexts = FastInfoset::kMaxIndex;
     bool m_pendingTerminator = false;  // a terminator waits for another one to share its octet
 
     RecentNames m_recentElements;

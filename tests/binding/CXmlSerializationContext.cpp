@@ -10,10 +10,15 @@ namespace {
 
 #define FLAG(name) std::pair(&Context::Get##name, &Context::Set##name)
 std::pair<bool (Context::*)() const, void (Context::*)(bool)> const kFlags[] = {
-    FLAG(IgnoreUnknownAttributes),          FLAG(IgnoreUnknownElements),
-    FLAG(IgnoreMissingMandatoryElements),   FLAG(IgnoreMissingChoice),
-    FLAG(IgnoreInvalidCollectionCounts),    FLAG(IgnoreNamespaces),
-    FLAG(NoOptionalAttributeDefaultOutput), FLAG(CheckWellFormed)};
+    FLAG(IgnoreUnknownAttributes),
+    FLAG(IgnoreUnknownElements),
+    FLAG(IgnoreMissingMandatoryElements),
+    FLAG(IgnoreMissingChoice),
+    FLAG(IgnoreInvalidCollectionCounts),
+    FLAG(IgnoreNamespaces),
+    FLAG(NoOptionalAttributeDefaultOutput),
+    FLAG(CheckWellFormed),
+    FLAG(RequireWholeDocument)};
 #undef FLAG
 
 /// All settings but the additional attributes; first a digit for each of kFlags.

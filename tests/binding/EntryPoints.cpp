@@ -220,6 +220,10 @@ TEST(EntryPoints, ReadTheRoot) {
     expect("<p:a xmlns:p='u'>é<b/></p:a>", "p:a@xmlns:p=u'é'(b)", "nothing");
     expect("<a>\n</b>", "unread", "CBxException: mismatched tag at line 2");
     expect("<bad/>", "unread", "CBxInvalidValueException: no value");
+    expect("<a>1<b", "a'1'", "nothing");
+    context.SetRequireWholeDocument(true);
+    expect("<a>1<b", "unread",
+           "CBxException: The document ends inside the element [/a], which begins on line 1");
     Echo object;
     EXPECT_BX_THROW((object.FromXmlStream(CBinaryData(u""), context), 0), CBxException,
                     "XML Stream is empty!");

@@ -126,4 +126,87 @@ TEST(Locations, OfUntypedContent) {
     EXPECT_EQ(PathOf([&] { reader.FromXml("<r k='1'/>", context); }), "/r/@k");
 }
 
+/// Objects that are set past their setters, so that they cannot be written.
+TEST(Locations, AreThoseOfWhatCannotBeWritten) {
+    auto const bad = [](TestObject& object, char16_t const* name) { object[name].SetString(u"long"); };
+    auto const pathOf = [](TestObject const& object, std::string const& settings = "") {
+        return PathOf([&] { Written(object, settings); });
+    };
+    for (std::string const type : {"a:short", "| a:short?", "& a:short?"}) {
+        TestObject object(Class(type));
+        bad(object, u"a");
+        EXPECT_EQ(pathOf(object), "/r/a") << type;
+    }
+    TestObject attribute(Class("@k:short"));
+    bad(attribute, u"k");
+    EXPECT_EQ(pathOf(attribute), "/r/@k");
+    TestObject enumeration(Class("@k:enum"));
+    enumeration[u"k"].SetI4(7);
+    EXPECT_EQ(pathOf(enumeration), "/r/@k");
+    // The place is the same in all formats, and where something else is counted too.
+    CXmlSerializationContext const context;
+    EXPECT_EQ(PathOf([&] { enumeration.ToFastInfosetStream(fi_None, context, cmp_None); }), "/r/@k");
+
+    // Items are numbered if there are several, and others from the second one on.
+    TestObject list(Class("a:{b:short?, @c:short?}*, p:(a:text?, b:short?)*, b:{}"));
+    auto const add = [&](char16_t const* name) {
+        auto* const items = static_cast<TestCol*>(list[name].m_value.m_xmlCollection);
+        auto const& field = name[0] == u'a' ? list.m_class.m_fields[0] : list.m_class.m_fields[1];
+        CSmartPtr<TestObject> const item = new TestObject(*field.m_class, name);
+        items->AppendItem(item);
+        return item;
+    };
+    auto const first = add(u"a");
+    bad(*first, u"b");
+    EXPECT_EQ(pathOf(list), "/r/a/b");
+    auto const second = add(u"a");
+    EXPECT_EQ(pathOf(list), "/r/a[1]/b");
+    (*first)[u"b"].Clear();
+    bad(*second, u"c");
+    EXPECT_EQ(pathOf(list), "/r/a[2]/@c");
+    (*second)[u"c"].Clear();
+    auto const group = add(u"p");
+    bad(*group, u"b");
+    EXPECT_EQ(pathOf(list), "/r/b");
+    (*group)[u"b"].SetString(u"ok");
+    bad(*add(u"p"), u"b");
+    EXPECT_EQ(pathOf(list), "/r/b[2]");
+
+    // A choice with no member has no child to blame.
+    TestObject choice(Class("a:{| b:text?}"));
+    EXPECT_EQ(pathOf(choice), "/r/a");
+    EXPECT_EQ(pathOf(choice, "C"), "nothing");
+}
+
+TEST(Locations, OfWhatIsNotWellFormed) {
+    CXmlSerializationContext context;
+    context.SetCheckWellFormed(true);
+    CElement element(u"r");
+    CSmartPtr<CElement> const child = element.GetChildElements()->Add(u"a", u"");
+    CSmartPtr<CElement> const second = element.GetChildElements()->Add(u"a", u"");
+    auto const path = [&] {
+        return PathOf([&] { element.ToXmlStream(true, true, enc_UTF8, eol_LF, context, cmp_None); });
+    };
+    EXPECT_EQ(path(), "nothing");
+    second->SetText(u"\x1");
+    EXPECT_EQ(path(), "/r/a[2]");
+    second->SetText(u"");
+    second->GetAttributes()->Add(u"k", u"\x1", u"");
+    EXPECT_EQ(path(), "/r/a[2]/@k");
+    child->SetName(u"-");
+    EXPECT_EQ(path(), "/r/-");
+}
+
+/// What fails in another way when it is tried again has no place that could be told.
+TEST(Locations, AreNotGuessed) {
+    struct Fickle : TestObject {
+        using TestObject::TestObject;
+        void AccessProperty(int, bool, BxVariant&) override {
+            throw CBxException(FromUtf8(std::to_string(++m_count)));
+        }
+        int m_count = 0;
+    } object(Class("a:text"));
+    EXPECT_EQ(PathOf([&] { Written(object); }), "");
+}
+
 }  // namespace

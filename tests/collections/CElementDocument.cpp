@@ -37,8 +37,10 @@ TEST(CElementDocument, LoadsTheRoot) {
 }
 
 TEST(CElementDocument, RefusesWhatIsNotWhole) {
-    EXPECT_BX_THROW(CElement::LoadXml("<a><b/>"), CBxException, "The document ends before its root does");
-    EXPECT_BX_THROW(CElement::LoadXml(u"<a>"), CBxException, "The document ends before its root does");
+    EXPECT_BX_THROW(CElement::LoadXml("<a><b/>"), CBxException,
+                    "The document ends inside the element [/a], which begins on line 1");
+    EXPECT_BX_THROW(CElement::LoadXml(u"<a>"), CBxException,
+                    "The document ends inside the element [/a], which begins on line 1");
     EXPECT_BX_THROW(CElement::LoadXml("<a></b>"), CBxException, "mismatched tag at line 1");
     EXPECT_BX_THROW(CElement::LoadXml(""), CBxException, "XML Stream is empty!");
     EXPECT_BX_THROW(CElement::Load("/nowhere/none.xml"), CBxException,

@@ -5,6 +5,7 @@
 #include <climits>
 #include <random>
 
+#include "BxXmlLib5/core/FormatString.h"
 #include "document/Trees.h"
 
 using namespace BxTest;
@@ -186,6 +187,35 @@ TEST(Input, EveryLoadReplacesWhatWasThere) {
         document.LoadXml("<new xmlns='v'>y</new>");
         EXPECT_EQ(Dump(document.GetDocumentElement()), "{v}new'y'");
     }
+}
+
+TEST(Input, RefusesWhatIsNotWhole) {
+    CXmlDocument document;
+    document.SetRequireWholeDocument(true);
+    for (auto const& [text, path, line] : std::vector<std::tuple<std::string, std::string, std::size_t>>{
+             {"<a", "", 0},
+             {"<a>", "/a", 1},
+             {"<a><b/>\n<c/><b>\n</b>\n<b k='1'\n><d>\n<", "/a/b[3]/d", 5},
+             {"<a><b/>\n<x:c xmlns:x='u'>t", "/a/c", 2}}) {
+        for (Way const way : {kOctets, kFile, kNarrow, kWide}) {
+            try {
+                Load(way, document, text);
+                ADD_FAILURE() << text;
+            } catch (CBxException const& failure) {
+                wstring const open =
+                    FormatString(u"The document ends inside the element [%s], which begins on line %d",
+                                 FromUtf8(path).c_str(), static_cast<int>(line));
+                EXPECT_EQ(failure.GetMessage(), line == 0 ? u"Invalid or empty XML document" : open);
+                EXPECT_EQ(failure.GetLocation().GetLine(), line);
+            }
+            EXPECT_FALSE(document.IsComplete());
+            std::size_t const levels = static_cast<std::size_t>(std::ranges::count(path, '/'));
+            ASSERT_EQ(document.GetOpenElements().size(), levels);
+            EXPECT_TRUE(levels == 0 || document.GetOpenElements().front() == document.GetDocumentElement());
+        }
+    }
+    EXPECT_EQ(Thrown([&] { document.LoadXml("<a/><!-- cut"); }), "nothing");
+    EXPECT_TRUE(document.IsComplete() && document.GetOpenElements().empty());
 }
 
 TEST(Input, TellsWhatItWas) {

@@ -91,7 +91,10 @@ TEST(Parcels, AreReadAs) {
              "")},
         {root + " code='AB1' version='1.0'><to xsi:type='address'><city>x</city></to>"
                 "<filled>1</filled><filled>100</filled><days>7</days></parcel>",
-         Parcel("", kTo, "")},
+         Parcel("",
+                "<to xmlns:AA=\"http://www.w3.org/2001/XMLSchema-instance\" AA:type=\"address\">"
+                "<city>x</city></to>",
+                "")},
         {root + " code='AB1' version='1.0'>" + kTo +
              "<filled>1</filled><filled>100</filled><days>7</days>"
              "<due xsi:nil='true'/></parcel>",
@@ -151,7 +154,86 @@ TEST(Parcels, AreNotReadWithFaults) {
     EXPECT_BX_THROW(Read<CLabel>("<label xmlns='urn:parcel'><time>2026-05-01T00:00:00</time></label>"),
                     CBxValidationException, "Failed to find the element [time] in the element [label]");
     EXPECT_BX_THROW(Read<CParcel>("<parcel xmlns='urn:parcel'><to>"), CBxException,
-                    "The document ends before its root does");
+                    "The document ends inside the element [/parcel/to], which begins on line 1");
+}
+
+/// The location and the message of what an action throws.
+template <class Action>
+std::string Report(Action action) {
+    try {
+        action();
+    } catch (CBxException const& failure) {
+        return ToUtf8(failure.GetLocation().ToString() + u": " + failure.GetMessage());
+    }
+    return "nothing";
+}
+
+TEST(Parcels, SayWhereTheyCannotBeRead) {
+    std::string const start = "<parcel xmlns='urn:parcel'" + kXsi + " code='AB1' version='1.0'>\n";
+    std::string const days = "<filled>1</filled><filled>100</filled>\n<days>7</days>";
+    std::pair<std::string, std::string> const rows[] = {
+        {"<to><city/></to><filled>1</filled>\n<filled>x</filled>",
+         "3: /parcel/filled[2]: Invalid Value for filled [x]"},
+        {kTo + days + "<book><title/></book><book count='x'><title/></book>",
+         "3: /parcel/book[2]/@count: Invalid Value for count [x]"},
+        {kTo + days + "<book><title/>\n</book><book/>",
+         "4: /parcel/book[2]: Failed to find the element [title] in the element [book]"},
+        {"<to a='1'>\n<city/></to>", "2: /parcel/to/@a: Unexpected Attribute [a] found."},
+        {"<to>\n<city a='1'/></to>", "3: /parcel/to/city/@a: Unexpected Attribute [a] found."},
+        {"<to><city>\n<x/></city></to>",
+         "3: /parcel/to/city/x: Unexpected element [x] found in the element [city]"},
+        {"<to>x\n<city/></to>", "2: /parcel/to: Unexpected text [x] found in the element [to]"},
+        {kTo + days + "<x/><x/>", "3: /parcel/x[1]: Unexpected element [x] found in the element [parcel]"},
+        {"<to xsi:type='book'/>",
+         "2: /parcel/to: The type [book] of the element [to] is none that may stand there"},
+        {kTo + "<weight xsi:type='x'>1</weight>",
+         "2: /parcel/weight: The type [x] of the element [weight] is none that may stand there"},
+        {kTo + days + "<note><b>1</b><b><c/></b></note>",
+         "3: /parcel/note/b[2]/c: Unexpected element [c] found in the element [b]"},
+    };
+    for (auto const& [content, report] : rows) {
+        EXPECT_EQ(Report([&] { Read<CParcel>(start + content + "</parcel>"); }), report) << content;
+    }
+    EXPECT_EQ(Report([] { Read<CParcel>("<box/>"); }).substr(0, 12), "1: /box: The");
+    EXPECT_EQ(Report([] { Read<CBox>("\n<p:box xmlns:p='urn:parcel'>\n<width>1</width></p:box>"); }),
+              "2: /box: Failed to find the element [owner] in the element [box]");
+}
+
+TEST(Parcels, SayWhereTheyCannotBeWritten) {
+    CParcel parcel = Read<CParcel>(Parcel("", kTo, "<book><title/></book><book><title/></book>"));
+    auto const report = [&] { return Report([&] { parcel.ToText(); }); };
+    EXPECT_EQ(report(), "nothing");
+    auto const& made = parcel.Thing.Add<CBook>();
+    EXPECT_EQ(report(), "/parcel/book[3]: The element [title] is not set");
+    EXPECT_EQ(ToUtf8(parcel.Validate().at(0)), report());
+    parcel.Thing[0].SetElementName(u"novel");
+    EXPECT_EQ(report(), "/parcel/book[2]: The element [title] is not set");
+    EXPECT_EQ(ToUtf8(parcel.Validate().at(0)), report());
+    EXPECT_EQ(made.Count.operator bool(), false);
+    parcel.To->City.Clear();
+    EXPECT_EQ(report(), "/parcel/to: The element [city] is not set");
+    EXPECT_EQ(parcel.Validate().size(), 2u);
+    EXPECT_EQ(Report([&] { parcel.ToFastInfosetStream(fi_None, CXmlSerializationContext(), cmp_None); }),
+              report());
+}
+
+/// Text has no setting that lets it pass, so it stands where it is asked for.
+TEST(Parcels, FailOnIgnoredTextBesideUnknownElements) {
+    std::string const document = Parcel("", kTo, "<u>x</u>");
+    CXmlSerializationContext context;
+    context.SetIgnoreUnknownElements(true);
+    EXPECT_EQ(Report([&] { Read<CParcel>(document + "", context); }), "nothing");
+    std::string const stray = Parcel("", kTo + "stray", "<u>x</u>");
+    EXPECT_EQ(Report([&] { Read<CParcel>(stray, context); }), "nothing");
+    context.SetFailOnIgnoredContent(true);
+    EXPECT_EQ(Report([&] { Read<CParcel>(document, context); }), "nothing");
+    EXPECT_EQ(Report([&] { Read<CParcel>(stray, context); }),
+              "1: /parcel: Unexpected text [stray] found in the element [parcel]");
+    context.SetIgnoreUnknownElements(false);
+    for (std::string const& good : {Parcel("", kTo, ""), Parcel("", kTo, "<note>a<b>1</b></note>")}) {
+        CParcel parcel;
+        EXPECT_EQ(Report([&] { parcel.FromXml(good.c_str(), context); }), "nothing") << good;
+    }
 }
 
 TEST(Parcels, SayWhichValueIsNone) {
@@ -232,11 +314,11 @@ TEST(Parcels, AreBuiltAndChecked) {
     std::string complaints;
     for (wstring const& one : parcel.Validate()) complaints += ToUtf8(one) + "\n";
     EXPECT_EQ(complaints,
-              "/parcel: The namespace [] of the attribute [e] is not admitted\n"
+              "/parcel/@e: The namespace [] of the attribute [e] is not admitted\n"
               "/parcel/to: The element [city] is not set\n"
               "/parcel/to: [kind] must not be set\n"
               "/parcel/due: The element is nil and has content\n"
-              "/parcel: The element [a] in the namespace [urn:parcel] does not fit [AnyElement]\n");
+              "/parcel/a[2]: The element [a] in the namespace [urn:parcel] does not fit [AnyElement]\n");
 }
 
 TEST(Parcels, TakeSubstitutesUnderTheirNames) {
@@ -253,7 +335,7 @@ TEST(Parcels, TakeSubstitutesUnderTheirNames) {
     EXPECT_EQ(Written(wrap), "<wrap xmlns=\"urn:parcel\"><novel><title>b</title></novel></wrap>");
     wrap.Thing.Clear();
     EXPECT_BX_THROW(Written(wrap), CBxValidationException,
-                    "/wrap: Nothing is set of one of the elements [thing] [book] [novel] [toy]");
+                    "Nothing is set of one of the elements [thing] [book] [novel] [toy]");
     EXPECT_BX_THROW(
         Read<CWrap>("<wrap xmlns='urn:parcel'><toy/></wrap>"), CBxValidationException,
         "Failed to find one of the elements [thing] [book] [novel] [toy] in the element [wrap], where [toy] stands");

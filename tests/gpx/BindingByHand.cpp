@@ -27,12 +27,12 @@ TEST(BindingByHand, WritesAndReadsWithTheKit) {
     EXPECT_BX_THROW(book.Price = -1, CBxInvalidValueException, "The value [-1] is less than [0]");
     book.Editor = "E";
     EXPECT_BX_THROW(shelf.Save(path), CBxValidationException,
-                    "/shelf/book[1]: No member of the choice has all that is set: [author] [editor]");
+                    "No member of the choice has all that is set: [author] [editor]");
     EXPECT_TRUE(read.Equals(*read.Clone()));
     read.Load(path);
     EXPECT_EQ(read.Book.Count(), 1);
     EXPECT_BX_THROW(read.Parse("<shelf xmlns='urn:shelves'><book"), CBxException,
-                    "The document ends before its root does");
+                    "The document ends inside the element [/shelf], which begins on line 1");
 }
 
 #include "binding-by-hand/08.inc"

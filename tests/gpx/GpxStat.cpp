@@ -70,7 +70,7 @@ TEST_F(GpxStat, Failures) {
         return Ending{2, "", "gpxstat: " + message + ". Try 'gpxstat --help'.\n"};
     };
     std::string const noRoot =
-        "gpxstat: k.gpx: The root is the element [kml] in the namespace [], it must be [gpx] in "
+        "gpxstat: k.gpx:1: /kml: The root is the element [kml] in the namespace [], it must be [gpx] in "
         "[http://www.topografix.com/GPX/1/1]\n";
     Row const rows[] = {
         {"gpxstat", usage("FILE is missing")},
@@ -81,7 +81,7 @@ TEST_F(GpxStat, Failures) {
         {"gpxstat nothing.gpx none.gpx early.gpx",
          {1, "none.gpx: no tracks\n",
           "gpxstat: nothing.gpx: Failed to open the file [nothing.gpx] Error [0x00000002]\n"
-          "gpxstat: early.gpx: The document ends before its root does\n"}},
+          "gpxstat: early.gpx:1: The document ends inside the element [/gpx], which begins on line 1\n"}},
         {"echo '<kml/>' >k.gpx; gpxstat --write none.gpx k.gpx; test -s none.gpx && gpxstat k.gpx",
          {1, "", noRoot + noRoot}},
         {"gpxstat --write x/out.gpx none.gpx",

@@ -96,7 +96,7 @@ bool Try(std::string const& file, Step step) {
         step();
         return true;
     } catch (CBxException const& failure) {
-        Report(file + ": " + ToUtf8(failure.GetFullMessage()));
+        Report(ToUtf8(failure.GetReport(FromUtf8(file))));
     } catch (std::bad_alloc const&) {
         Report(file + ": not enough memory");
     }

@@ -17,6 +17,7 @@ class CElementInfo;
 namespace BxXmlLib5 {
 
 class CBinaryData;
+class CBxException;
 class CElement;
 class CXmlCollectionBase;
 class CXmlDocument;
@@ -151,7 +152,7 @@ public:
     void FromXmlStream(unsigned char const* data, std::size_t size, CXmlSerializationContext const& context);
     /// @}
 
-    /// Reads the object from an element, which stays the caller's.
+    /// Reads the object from an element, which stays the caller's. The path of a failure begins at the element.
     /// @param element not null
     void FromXmlElement(CXmlElement const* element, CXmlSerializationContext& context);
 
@@ -243,6 +244,8 @@ private:
     void WriteDocument(CXmlTextWriter& writer, bool includeDeclaration, bool formatted, XmlEncoding encoding,
                        EOLType eol, CXmlSerializationContext const& context) const;
     void WriteRoot(CXmlWriter& writer, Unprefixed unprefixed, CXmlSerializationContext const& context) const;
+    void FindPlace(CBxException& failure, Unprefixed unprefixed,
+                   CXmlSerializationContext const& context) const;
     void FromDocument(CXmlDocument const& document, CXmlSerializationContext const& context);
     void Delete();
 

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <memory>
 #include <span>
+#include <vector>
 
 #include "BxXmlLib5/core/CInstanceMonitor.h"
 #include "BxXmlLib5/core/Enumerations.h"
@@ -28,8 +29,8 @@ class CDocumentNodes;
 /// thread at a time, even for reading.
 ///
 /// All loads throw CBxException, with a message that says what is wrong, for input that is empty, too large
-/// or no well-formed document. Text that ends inside an element is not refused: the tree holds what was
-/// complete, and IsComplete() tells. Fast Infoset is refused then. Its initial vocabulary is not applied, and its
+/// or no well-formed document. Text that ends inside an element is not refused unless SetRequireWholeDocument() asks
+/// for it: the tree holds what was complete, and IsComplete() tells. Fast Infoset is refused then. Its initial vocabulary is not applied, and its
 /// root must come first: what else the document has is not looked at.
 class BXXMLLIB5_API CXmlDocument : public CInstanceMonitor {
 public:
@@ -37,9 +38,20 @@ public:
     /// @param schemaType st_NoNamespaces switches the processing of namespaces off: names keep their
     ///        prefixes, and xmlns attributes are attributes like any other
     explicit CXmlDocument(SchemaType schemaType = st_Default);
+    /// @{
+    /// A document cannot be copied: its tree points into it.
     CXmlDocument(CXmlDocument const&) = delete;
     CXmlDocument& operator=(CXmlDocument const&) = delete;
+    /// @}
     virtual ~CXmlDocument();
+
+    /// @{
+    /// Whether loads refuse an input of which something would be lost unseen: one that breaks off inside an element,
+    /// and one that refers to entities that it does not declare, as it may where its document type lies in another
+    /// file. They do not at first. The tree of what is refused is there nevertheless.
+    bool GetRequireWholeDocument() const { return m_requireWholeDocument; }
+    void SetRequireWholeDocument(bool value) { m_requireWholeDocument = value; }
+    /// @}
 
     /// Loads a regular file.
     /// @throws CBxException also if it cannot be opened or read
@@ -60,11 +72,15 @@ public:
 
     /// Whether the input of the last load went on to the end of the root, or broke off inside an element.
     bool IsComplete() const { return m_isComplete; }
+    /// The elements in which the input of the last load broke off, from the root to the innermost one.
+    std::vector<CXmlElement const*> const& GetOpenElements() const { return m_openElements; }
 
+    /// @{
     /// What the last load took its input for: a zlib or gzip stream, and Fast Infoset, in that stream or as
     /// such.
     bool IsCompressed() const { return m_isCompressed; }
     bool IsFastInfoset() const { return m_isFastInfoset; }
+    /// @}
 
     /// The namespace that was last declared under this alias, anywhere in the document, or the empty text.
     /// The empty alias is the default namespace.
@@ -76,12 +92,15 @@ protected:
 
 private:
     void Parse(std::span<unsigned char const> input, bool isText);
+    void ThrowIfNotWhole() const;
 
     CXmlElement* m_documentElement = nullptr;
     SchemaType m_schemaType;
+    bool m_requireWholeDocument = false;
     bool m_isComplete = false;
     bool m_isCompressed = false;
     bool m_isFastInfoset = false;
+    std::vector<CXmlElement const*> m_openElements;
     std::unique_ptr<CDocumentNodes> m_nodes;
 };
 

@@ -165,7 +165,7 @@ TEST(Program, ClassesAreBuilt) {
         try {
             return score.ToText();
         } catch (CBxValidationException const& failure) {
-            return ToUtf8(failure.GetMessage());
+            return ToUtf8(failure.GetReport());
         }
     };
     std::string const noArm = "/score/note: No member of the choice has all that is set: ";
@@ -215,7 +215,7 @@ TEST(Program, ReadsAndWritesFiles) {
         {"P --check in.xml && P --compact in.xml -o out.xml && cmp in.xml out.xml", 0},
         {"P --to finf in.xml -o out.finf && P --compact - <out.finf | cmp - in.xml", 0},
         {"P bad.xml -o out.xml", 2},
-        {"P bad.xml 2>&1 | grep -q '^bad.xml: ' && cmp in.xml out.xml", 0},
+        {"P bad.xml 2>&1 | grep -q '^bad.xml:2: /score/note: Failed' && cmp in.xml out.xml", 0},
         {"P none.xml", 3},
         {"P none.xml 2>&1 | grep -q '^none.xml: No such file'", 0},
         {"P .", 3},

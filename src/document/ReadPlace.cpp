@@ -1,4 +1,4 @@
-#include "document/CFailurePlace.h"
+#include "document/ReadPlace.h"
 
 #include <vector>
 
@@ -48,28 +48,29 @@ wstring PathOf(Branch const& branch) {
 
 }  // namespace
 
-void CFailurePlace::Mark(CBxException& failure, CXmlElement const* element, CXmlAttribute const* attribute) {
+void MarkRead(CBxException& failure, CXmlElement const* element, CXmlAttribute const* attribute) {
     CXmlDocument const* const document = element->GetDocument();
     // A document that was read on the way is of no interest to who reads this one.
-    if (failure.m_place && failure.m_place->m_document == document) return;
-    CSmartPtr<CBxException::Place> const place = new CBxException::Place;
+    auto const* const known = CFailurePlace::Of(failure);
+    if (known != nullptr && known->m_document == document) return;
+    CSmartPtr<CFailurePlace::Place> const place = new CFailurePlace::Place;
     place->m_document = document;
     place->m_element = element;
     place->m_attribute = attribute;
-    failure.m_place = place;
+    CFailurePlace::Set(failure, place);
 }
 
-void CFailurePlace::Locate(CBxException& failure, CXmlElement const& root) {
-    Mark(failure, &root);
-    Branch branch = BranchTo(failure.m_place->m_element, root);
-    CSmartPtr<CBxException::Place> const place = new CBxException::Place(*failure.m_place);
+void LocateRead(CBxException& failure, CXmlElement const& root) {
+    MarkRead(failure, &root);
+    auto const place = CFailurePlace::Copy(failure);
+    Branch branch = BranchTo(place->m_element, root);
     if (branch.empty()) branch = {&root};
     wstring path = PathOf(branch);
     for (CXmlAttribute const* const attribute : branch.back()->GetAttributes()) {
         if (attribute == place->m_attribute) AddPathAttribute(path, attribute->GetLocalName());
     }
     place->m_location = CBxLocation(std::move(path), branch.back()->GetLine());
-    failure.m_place = place;
+    CFailurePlace::Set(failure, place);
 }
 
 }  // namespace BxXmlLib5

@@ -1,0 +1,58 @@
+// Where in a document a writer stands.
+#pragma once
+
+#include <cstddef>
+#include <map>
+#include <string_view>
+#include <vector>
+
+#include "BxXmlLib5/writers/CXmlWriter.h"
+
+namespace BxXmlLib5 {
+
+/// Keeps account of the elements that are open, with their positions, and of nothing else. What it is told it hands on
+/// to another writer, if there is one.
+///
+/// No document is written through it. It takes a second run, where a first one has failed: that fails at the same
+/// place.
+class CPathWriter final : public CXmlWriter {
+public:
+    /// @param writer null for none
+    explicit CPathWriter(CXmlWriter* writer);
+    ~CPathWriter() override;
+
+    /// A step that is being written and not begun.
+    struct Next {
+        std::u16string_view m_name;  ///< Empty for none.
+        bool m_isAttribute = false;
+    };
+
+    /// The path of the element or attribute that is being written; empty ahead of the root.
+    /// @param repeated names of elements that have a position even where no second one has come yet
+    wstring Path(Next next, std::vector<wstring> const& repeated) const;
+
+    void WriteEndDocument() override;
+    void SetDefaultNamespace(wstring const& namespaceUri) override;
+    void AddNamespace(wstring const& alias, wstring const& namespaceUri) override;
+    void WriteComment(wstring const& text) override;
+    void WriteProcessingInstruction(wstring const& text) override;
+    void WriteInLineSchema(wstring const& text) override;
+    void WriteStartElement(wstring const& name, wstring const& namespaceUri) override;
+    void WriteText(wstring const& text) override;
+    void WriteEndElement() override;
+    void WriteAttribute(wstring const& name, wstring const& namespaceUri, wstring const& value) override;
+    void WriteXsiType(wstring const& namespaceUri, wstring const& typeName) override;
+
+private:
+    struct Level {
+        wstring m_name;
+        std::size_t m_position = 0;
+        std::map<wstring, std::size_t, std::less<>> m_children;  ///< How many of each name.
+    };
+
+    CXmlWriter* m_writer;
+    std::vector<Level> m_levels;  // the document first
+    wstring m_attribute;          // that is being written
+};
+
+}  // namespace BxXmlLib5
