@@ -48,24 +48,28 @@ public:
     /// @param path as the system has it, which is UTF-8 as a rule
     /// @throws CBxException with the error number of the system
     explicit CRecordWriter(std::string_view path, RecordSettings const& settings = {});
+    /// Hands the octets to a function, in pieces.
     explicit CRecordWriter(Sink sink, RecordSettings const& settings = {});
+    /// @{
+    /// A document has one writer.
     CRecordWriter(CRecordWriter const&) = delete;
     CRecordWriter& operator=(CRecordWriter const&) = delete;
+    /// @}
     ~CRecordWriter();
 
-    /// @name The surroundings
-    /// All throw CBxException if the order of calls makes no document or the octets cannot be written.
-    /// @{
+    // The surroundings. All throw CBxException if the order of calls makes no document or the octets cannot
+    // be written.
 
     /// Starts an element in the namespace of the one around it; the root is in the context's default namespace.
     void Start(char16_t const* name);
+    /// Starts an element in a namespace, empty for none.
     void Start(char16_t const* name, char16_t const* ns);
     /// Adds an attribute to the element that was just started.
     void Attribute(char16_t const* name, char16_t const* value, char16_t const* ns = u"");
+    /// Adds text to the element that is open.
     void Text(char16_t const* text);
     /// Ends the element that was started last.
     void End();
-    /// @}
 
     /// Writes an object under the name and in the namespace that it would have as a root.
     /// @throws CBxException also for what the object's data gives cause for
@@ -74,6 +78,7 @@ public:
     /// Writes an object of a class under another name, which it takes, and in the namespace of the element around it;
     /// untyped content keeps its own ones.
     void Write(CXmlObjectBase& object, char16_t const* name);
+    /// The same in a namespace that is told.
     void Write(CXmlObjectBase& object, char16_t const* name, char16_t const* ns);
 
     /// Ends what is open, and puts the file into its place.
