@@ -4,10 +4,12 @@
 #include <cstddef>
 #include <string_view>
 
+#include "core/Limits.h"
+
 namespace BxXmlLib5 {
 
-/// @throws CBxException if a document of this size exceeds kMaxInputSize
-void ThrowIfInputTooLarge(std::size_t size);
+/// @throws CBxException if a document of this size exceeds kMaxInputSize, or less
+void ThrowIfInputTooLarge(std::size_t size, std::size_t most = kMaxInputSize);
 
 /// @throws CBxException if the name of a namespace exceeds kMaxNamespaceLength
 void ThrowIfNamespaceTooLong(std::u16string_view namespaceUri);

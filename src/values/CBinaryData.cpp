@@ -256,7 +256,8 @@ namespace {
 
 [[noreturn]] void ThrowNotWritten(wstring const& path, int error) {
     throw CBxException(
-        FormatString(u"Failed to write data to the file [%s] error [0x%08X]", path.c_str(), error));
+        FormatString(u"Failed to write data to the file [%s] error [0x%08X]", path.c_str(), error),
+        CBxException(WordsOfError(error)));
 }
 
 }  // namespace

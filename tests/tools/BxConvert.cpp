@@ -245,8 +245,8 @@ TEST(Files, AreReadAndWritten) {
         {"B --info in.xml | grep octets", {0, "octets: 25\n", ""}},
         {"mkfifo f; cat in.xml >f & B f", {0, a, ""}},
         {"B in.xml <&-; B - <&-", fails("standard input: Bad file descriptor", a)},
-        {"B none.xml", fails("none.xml: Failed to open the file [none.xml] Error [0x00000002]")},
-        {"B .", fails(".: Failed to open the file [.] Error [0x00000015]")},
+        {"B none.xml", fails("none.xml: Failed to open the file [none.xml] Error [0x00000002]\nNo such file or directory")},
+        {"B .", fails(".: Failed to open the file [.] Error [0x00000015]\nIs a directory")},
         // Output
         {"B in.xml -o new.xml; ls -A; cat new.xml", {0, "bad.xml\nin.xml\nnew.xml\nold.xml\n" + a, ""}},
         {"B in.xml -o -; B in.xml -o /dev/stdout; echo end", {0, a + a + "end\n", ""}},

@@ -78,6 +78,7 @@ CBinaryData Rewrite(std::unique_ptr<CXmlDocument> document, Statistics const& st
 CBinaryData Convert(Options const& options, Statistics& statistics) {
     auto document = std::make_unique<CXmlDocument>(options.m_namespaces ? st_Default : st_NoNamespaces);
     document->SetRequireWholeDocument(true);
+    document->SetSystemEncodings(true);
     auto const octets = LoadInput(*document, options.m_input);
     CXmlElement const& root = *document->GetDocumentElement();
     statistics = Survey(root);
