@@ -39,6 +39,6 @@ check() {
 
 check "the library" platform core values "document fastinfoset" writers "collections binding" generated \
     -- src include/BxXmlLib5 include
-check bxgen xml names schema mapping emit check -- tools/bxgen
+check bxgen common xml names schema mapping emit check -- tools/bxgen
 
 exit "$status"

@@ -1,22 +1,27 @@
 #!/usr/bin/env bash
-# setup.sh [--tests|--all]: installs what building needs and is missing; with --tests also what the tests and
-# benchmarks need, with --all also what .ci/run needs besides. Packages are those of Debian 12 and 13.
+# setup.sh [--tests|--packages|--all]: installs what building needs and is missing; with --tests also what the tests
+# and benchmarks need, with --packages what packages are made and tried with, with --all both and what .ci/run needs
+# besides. Packages are those of Debian 12 and 13.
 source "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 
 packages=(g++ cmake ninja-build libexpat1-dev zlib1g-dev libpcre2-dev)
 tools=(g++ cmake ninja)
-case ${1:-} in
-    '') ;;
-    --tests | --all)
-        packages+=(make pkgconf libgtest-dev libgmock-dev libbenchmark-dev time)
-        tools+=(make pkg-config)
-        ;;
+kind=${1:-}
+case $kind in
+    '' | --tests | --packages | --all) ;;
     *)
-        echo "Usage: scripts/setup.sh [--tests|--all]" >&2
+        echo "Usage: scripts/setup.sh [--tests|--packages|--all]" >&2
         exit 2
         ;;
 esac
-if [[ ${1:-} == --all ]]; then
+if [[ $kind == --tests || $kind == --all ]]; then
+    packages+=(make pkgconf libgtest-dev libgmock-dev libbenchmark-dev time)
+    tools+=(make pkg-config)
+fi
+if [[ $kind == --packages || $kind == --all ]]; then
+    packages+=(dpkg-dev file gzip debootstrap)
+fi
+if [[ $kind == --all ]]; then
     packages+=(git clang clang-format clang-tidy libclang-rt-dev libxerces-c-dev doxygen)
     tools+=(git clang++ clang-format clang-tidy doxygen)
 fi

@@ -109,7 +109,7 @@ CXmlElement* CXmlGeneratedClass::ReadFrom(CXmlElement* element, CXmlElement* fir
         BxVariant text;
         text.SetString(wstring(element->GetTextView()));
         AccessProperty(info.m_textPropertyIndex, false, text);
-        CTakenContent::TakeText(element);
+        if (context.GetFailOnIgnoredContent()) CTakenContent::TakeText(element);
     }
     taken.End();
     return next;
@@ -131,7 +131,7 @@ void CXmlGeneratedClass::ProcessAttributesFromXml(CXmlSerializationContext const
         ReadAt(element, take, attribute);
         if (entries[i] != nullptr) {
             found.Set(i);
-            CTakenContent::TakeAttribute(element, attribute);
+            if (context.GetFailOnIgnoredContent()) CTakenContent::TakeAttribute(element, attribute);
         } else if (refuses) {
             ThrowUnexpectedAttribute(*attribute, *element);
         }

@@ -45,6 +45,8 @@ constexpr auto kPlainLettersOfClass = u"ABGKRXZkz"sv;
 /// Escapes for sets of characters.
 constexpr auto kSetLetters = u"dDwWsShHvVpP"sv;
 
+constexpr auto kHexDigits = u"0123456789abcdefABCDEF"sv;
+
 /// Escapes that something in braces may follow.
 constexpr auto kBraceLetters = u"gkNopPx"sv;
 
@@ -104,6 +106,10 @@ private:
             return false;
         }
         Take(2);
+        // Without digits it is the number 0; later releases of PCRE2 refuse it.
+        if (letter == u'x' && (m_rest.empty() || !(Contains(kHexDigits, m_rest[0]) || m_rest[0] == u'{'))) {
+            m_out += u"00";
+        }
         if (Contains(kBraceLetters, letter) && m_rest.starts_with(u'{')) {
             TakeUntil(u"}");
         } else if (letter == u'p' || letter == u'P') {

@@ -6,6 +6,7 @@
 
 #include "BxXmlLib5/document/CXmlAttribute.h"
 #include "BxXmlLib5/document/CXmlElement.h"
+#include "document/CBlockStore.h"
 #include "document/CNameTable.h"
 #include "document/CNodePool.h"
 #include "document/CTextStore.h"
@@ -22,13 +23,15 @@ public:
         m_namespaceAliases.clear();
         m_names.Clear();
         m_texts.Clear();
+        m_blocks.Clear();
     }
 
+    CBlockStore m_blocks;
     CNameTable m_names;
     CTextStore m_texts;
-    CNodePool<CXmlElement> m_elements;
-    CNodePool<CXmlAttribute> m_attributes;
-    CNodePool<std::vector<CXmlAttribute*>> m_attributeLists;
+    CNodePool<CXmlElement> m_elements{m_blocks};
+    CNodePool<CXmlAttribute> m_attributes{m_blocks};
+    CNodePool<std::vector<CXmlAttribute*>> m_attributeLists{m_blocks};
     std::vector<CXmlAttribute*> m_noAttributes;                   // the list of elements that have none
     std::map<wstring const*, wstring const*> m_namespaceAliases;  // alias to URI, both of the name table
 };

@@ -33,7 +33,8 @@ CDocumentStream::CDocumentStream(COctetSource& source, CDocumentReceiver& receiv
     : m_input(source),
       m_inflating(CInflatingSource::Recognises(m_input.Beginning()) ? std::optional<CInflatingSource>(m_input)
                                                                     : std::nullopt),
-      m_limited(m_inflating ? static_cast<COctetSource&>(*m_inflating) : m_input, settings.m_maxSize),
+      m_limited(m_inflating ? static_cast<COctetSource&>(*m_inflating) : m_input,
+                m_inflating ? settings.m_maxInflatedSize : settings.m_maxSize),
       m_content(m_limited),
       m_isFastInfoset(CFastInfosetReader::Recognises(m_content.Beginning())) {
     names.LimitSize(kMaxOctetsOfNames);

@@ -17,8 +17,9 @@ namespace BxXmlLib5 {
 struct DocumentStreamSettings {
     SchemaType m_schemaType = st_Default;
     DocumentDetails m_details{};
-    /// Octets of the document, after decompression if it is compressed.
+    /// Octets of a document that is not compressed, and of one that is, after decompression.
     std::uint64_t m_maxSize = std::numeric_limits<std::uint64_t>::max();
+    std::uint64_t m_maxInflatedSize = std::numeric_limits<std::uint64_t>::max();
 };
 
 /// Reads a document of any size in constant memory: as much as the largest tag, comment or string of Fast Infoset

@@ -123,12 +123,16 @@ struct CExpatReader::Callbacks {
     }
 
     static void Comment(void* userData, XML_Char const* text) {
-        Run(userData, [=](CExpatReader& reader) { reader.m_receiver.AddComment(Units(text)); });
+        Run(userData, [=](CExpatReader& reader) {
+            if (!reader.m_isInDocumentType) reader.m_receiver.AddComment(Units(text));
+        });
     }
 
     static void Instruction(void* userData, XML_Char const* target, XML_Char const* content) {
-        Run(userData,
-            [=](CExpatReader& reader) { reader.m_receiver.AddInstruction(Units(target), Units(content)); });
+        Run(userData, [=](CExpatReader& reader) {
+            if (reader.m_isInDocumentType) return;
+            reader.m_receiver.AddInstruction(Units(target), Units(content));
+        });
     }
 
     static void SkippedEntity(void* userData, XML_Char const* name, int isParameterEntity) {
@@ -136,29 +140,43 @@ struct CExpatReader::Callbacks {
         Run(userData, [=](CExpatReader& reader) { reader.SkipReference(Units(name)); });
     }
 
-    /// An entity in a file of its own, which is not read.
-    static int ExternalEntity(XML_Parser parser, XML_Char const* context, XML_Char const*, XML_Char const*,
-                              XML_Char const*) {
-        Run(XML_GetUserData(parser), [=](CExpatReader& reader) {
-            reader.SkipReference(reader.ExternalEntityOf(TextOf(Units(context))));
+    static void StartDocumentType(void* userData, XML_Char const*, XML_Char const*, XML_Char const*, int) {
+        auto* const reader = static_cast<CExpatReader*>(userData);
+        reader->m_hasDocumentType = true;
+        reader->m_isInDocumentType = reader->m_details.m_markup;
+    }
+
+    static void EndDocumentType(void* userData) {
+        Run(userData, [](CExpatReader& reader) {
+            if (reader.m_details.m_markup) reader.EndDocumentType();
         });
+    }
+
+    /// An entity in another file, which is not read.
+    static int ExternalEntity(XML_Parser parser, XML_Char const*, XML_Char const*, XML_Char const*,
+                              XML_Char const*) {
+        XML_SetDefaultHandlerExpand(parser, Reference);
+        XML_DefaultCurrent(parser);
+        XML_SetDefaultHandlerExpand(parser, nullptr);
         return XML_STATUS_OK;
+    }
+
+    /// @param text from & to ;
+    static void Reference(void* userData, XML_Char const* text, int length) {
+        if (length < 3) return;
+        Run(userData, [=](CExpatReader& reader) {
+            reader.SkipReference({Units(text) + 1, static_cast<std::size_t>(length) - 2});
+        });
     }
 
     static void Entity(void* userData, XML_Char const* name, int isParameterEntity, XML_Char const* value,
                        int length, XML_Char const*, XML_Char const*, XML_Char const*, XML_Char const*) {
         if (isParameterEntity != 0) return;
         Run(userData, [=](CExpatReader& reader) {
-            reader.m_entities.emplace(Units(name), value == nullptr);
+            reader.m_entities.emplace(Units(name));
             if (value != nullptr) reader.DeclareEntity({Units(value), static_cast<std::size_t>(length)});
         });
     }
-
-    static void DocumentType(void* userData, XML_Char const*, XML_Char const*, XML_Char const*, int) {
-        static_cast<CExpatReader*>(userData)->m_hasDocumentType = true;
-    }
-
-    static void EndOfDocumentType(void*) {}
 
     static void Tag(void* userData, XML_Char const* text, int length) {
         Run(userData, [=](CExpatReader& reader) {
@@ -318,7 +336,7 @@ void CExpatReader::FinishStream() {
     bool const parsed = ParsePart(m_parser.get(), {}, kFinal);
     if (m_failure) CheckParsed(false);
     if (!m_hasRoot) ThrowNoRoot();
-    if (HasOpenElement()) ThrowEndsInElement();
+    if (HasOpenElement()) ThrowEndsInElement(CBxLocation({}, Place().m_line, Place().m_column));
     CheckParsed(parsed);
 }
 
@@ -357,7 +375,7 @@ void CExpatReader::MakeParser(char16_t const* encoding) {
     XML_SetEntityDeclHandler(parser, Callbacks::Entity);
     XML_SetSkippedEntityHandler(parser, Callbacks::SkippedEntity);
     XML_SetExternalEntityRefHandler(parser, Callbacks::ExternalEntity);
-    XML_SetDoctypeDeclHandler(parser, Callbacks::DocumentType, Callbacks::EndOfDocumentType);
+    XML_SetDoctypeDeclHandler(parser, Callbacks::StartDocumentType, Callbacks::EndDocumentType);
     XML_SetUnknownEncodingHandler(parser, Callbacks::UnknownEncoding, this);
     if (m_details.m_prefixes) XML_SetReturnNSTriplet(parser, XML_TRUE);
     if (m_details.m_markup) {
@@ -390,6 +408,9 @@ bool CExpatReader::ParseSlice(COctetSource& source) {
     }
     if (count == 0) return false;
     m_octets += count;
+    if (m_details.m_markup && !m_hasRoot)
+        m_prolog.insert(m_prolog.end(), octets.data(), octets.data() + count);
+    if (m_hasRoot && !m_prolog.empty()) m_prolog = {};
     m_mostDefaultedUnits = std::max(m_mostDefaultedUnits, MaxRepeatedUnits(m_octets));
     CheckParsed(XML_ParseBuffer(parser, static_cast<int>(count), kNotFinal) != XML_STATUS_ERROR);
     return true;
@@ -481,17 +502,6 @@ void CExpatReader::SkipReference(std::u16string_view name) {
     if (m_details.m_markup) m_receiver.AddEntityReference(name);
 }
 
-/// @param context the declarations of namespaces and the entities that are open, separated by form feeds
-std::u16string_view CExpatReader::ExternalEntityOf(std::u16string_view context) const {
-    for (;;) {
-        std::size_t const end = context.find(u'\f');
-        auto const entity = m_entities.find(context.substr(0, end));
-        if (entity != m_entities.end() && entity->second) return entity->first;
-        if (end == context.npos) return {};
-        context.remove_prefix(end + 1);
-    }
-}
-
 /// What Expat asks for.
 /// @return false if there is none, or the text has to be converted
 bool CExpatReader::FindEncoding(wstring const& name, std::span<int, 256> map) {
@@ -540,6 +550,56 @@ void CExpatReader::DeclareNamespace(char16_t const* prefix, char16_t const* name
 
 void CExpatReader::AddText(std::u16string_view text) {
     if (!text.empty() && HasOpenElement()) m_receiver.AddText(text);
+}
+
+namespace {
+
+/// Puts down the text of a document type.
+struct DocumentTypeText {
+    explicit DocumentTypeText(XML_Parser parser) : m_parser(parser) {
+        XML_SetUserData(parser, this);
+        XML_SetDefaultHandler(parser, Add);
+        XML_SetXmlDeclHandler(parser, [](void*, XML_Char const*, XML_Char const*, int) {});
+        XML_SetCommentHandler(parser, [](void*, XML_Char const*) {});
+        XML_SetProcessingInstructionHandler(parser, [](void*, XML_Char const*, XML_Char const*) {});
+        XML_SetEndDoctypeDeclHandler(parser, [](void* userData) {
+            XML_StopParser(static_cast<DocumentTypeText*>(userData)->m_parser, XML_FALSE);
+        });
+    }
+
+    static void Add(void* userData, XML_Char const* units, int length) noexcept {
+        auto& self = *static_cast<DocumentTypeText*>(userData);
+        std::u16string_view const text(Units(units), static_cast<std::size_t>(length));
+        if (self.m_text.empty()) {
+            if (text != u"<!DOCTYPE") return;
+            // Those inside belong to it.
+            XML_SetCommentHandler(self.m_parser, nullptr);
+            XML_SetProcessingInstructionHandler(self.m_parser, nullptr);
+        }
+        try {
+            self.m_text += text;
+        } catch (...) {
+            self.m_failure = std::current_exception();
+            XML_StopParser(self.m_parser, XML_FALSE);
+        }
+    }
+
+    XML_Parser m_parser;
+    wstring m_text;
+    std::exception_ptr m_failure;
+};
+
+}  // namespace
+
+/// Expat tells of declarations, not what they look like, so another parser is asked, which does not.
+void CExpatReader::EndDocumentType() {
+    m_isInDocumentType = false;
+    Parser const parser = NewParser(m_utf8 ? u"UTF-8" : nullptr, st_NoNamespaces);
+    XML_SetUnknownEncodingHandler(parser.get(), Callbacks::UnknownEncoding, this);
+    DocumentTypeText document(parser.get());
+    ParsePart(parser.get(), m_prolog, kNotFinal);
+    if (document.m_failure) std::rethrow_exception(document.m_failure);
+    m_receiver.AddDocumentType(document.m_text + u'>');
 }
 
 void CExpatReader::DeclareEntity(std::u16string_view value) {

@@ -4,9 +4,9 @@
 #include <cstddef>
 #include <cstdint>
 #include <exception>
-#include <map>
 #include <memory>
 #include <optional>
+#include <set>
 #include <span>
 #include <string>
 #include <string_view>
@@ -87,7 +87,7 @@ private:
     void FindSkippedInTag();
     void SkipReference(std::u16string_view name);
     void SkipEntity(std::u16string_view name, std::size_t line);
-    std::u16string_view ExternalEntityOf(std::u16string_view context) const;
+    void EndDocumentType();
     void DeclareEntity(std::u16string_view value);
 
     SchemaType m_schemaType;
@@ -102,9 +102,10 @@ private:
     std::uint64_t m_octets = 0;
     bool m_hasRoot = false;
     bool m_hasDocumentType = false;
-    std::map<wstring, bool, LessBySize>
-        m_entities;  // those that the document declares; whether in another file
+    std::set<wstring, LessBySize> m_entities;  // those that the document declares
     wstring m_tag;
+    bool m_isInDocumentType = false;
+    std::vector<unsigned char> m_prolog;  // up to the root, where markup is asked for
     bool m_isPauseAsked = false;
     bool m_isPaused = false;
     bool m_isAtEnd = false;

@@ -74,6 +74,7 @@ void CNameTable::Clear() {
     m_names.Clear();
     m_textIndex.Clear();
     m_texts.Clear();
+    m_blocks.Clear();
 }
 
 }  // namespace BxXmlLib5

@@ -37,9 +37,10 @@ public:
 private:
     void Count(std::size_t octets);
 
-    CNodePool<wstring> m_texts;
+    CBlockStore m_blocks;
+    CNodePool<wstring> m_texts{m_blocks};
     CHashIndex<wstring> m_textIndex;
-    CNodePool<CXmlName> m_names;
+    CNodePool<CXmlName> m_names{m_blocks};
     CHashIndex<CXmlName> m_nameIndex;  // by the addresses of their parts
     std::size_t m_octets = 0;
     std::size_t m_mostOctets = std::numeric_limits<std::size_t>::max();

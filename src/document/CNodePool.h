@@ -8,6 +8,8 @@
 #include <utility>
 #include <vector>
 
+#include "document/CBlockStore.h"
+
 namespace BxXmlLib5 {
 
 /// Objects of one class that die together. Their addresses stay. A tree of them is destroyed by a loop,
@@ -15,7 +17,8 @@ namespace BxXmlLib5 {
 template <class T>
 class CNodePool {
 public:
-    CNodePool() = default;
+    /// @param blocks where the nodes lie; to be cleared only after this pool
+    explicit CNodePool(CBlockStore& blocks) : m_store(blocks) {}
     CNodePool(CNodePool const&) = delete;
     CNodePool& operator=(CNodePool const&) = delete;
     ~CNodePool() { Clear(); }
@@ -29,11 +32,9 @@ public:
         return node;
     }
 
+    /// Destroys the nodes. Their memory is the store's to free.
     void Clear() {
-        // The nodes first: freeing a large block makes the allocator tidy up what small ones were freed
-        // before.
         for (Block& block : m_blocks) std::destroy_n(block.m_nodes, block.m_used);
-        for (Block& block : m_blocks) std::allocator<T>().deallocate(block.m_nodes, block.m_size);
         m_blocks.clear();
     }
 
@@ -47,12 +48,13 @@ private:
     /// Blocks grow, so that a small document stays small.
     void AddBlock() {
         constexpr std::size_t kFirst = 8;
-        constexpr std::size_t kLargest = 4096;
+        constexpr std::size_t kLargest = CBlockStore::kLargest / sizeof(T);
         std::size_t const size = m_blocks.empty() ? kFirst : std::min(m_blocks.back().m_size * 4, kLargest);
         if (m_blocks.size() == m_blocks.capacity()) m_blocks.reserve(2 * m_blocks.size() + 4);
-        m_blocks.push_back({std::allocator<T>().allocate(size), size, 0});
+        m_blocks.push_back({static_cast<T*>(m_store.Allocate(size * sizeof(T))), size, 0});
     }
 
+    CBlockStore& m_store;
     std::vector<Block> m_blocks;
 };
 

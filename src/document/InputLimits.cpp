@@ -24,8 +24,10 @@ void ThrowNoRoot() {
     throw CBxException(u"Invalid or empty XML document");
 }
 
-void ThrowEndsInElement() {
-    throw CBxException(u"The document ends inside an element");
+void ThrowEndsInElement(CBxLocation const& end) {
+    CBxException failure(u"The document ends inside an element");
+    failure.SetLocation(end);
+    throw failure;
 }
 
 }  // namespace BxXmlLib5

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <string_view>
 
+#include "BxXmlLib5/core/CBxLocation.h"
 #include "core/Limits.h"
 
 namespace BxXmlLib5 {
@@ -18,6 +19,6 @@ void ThrowIfNamespaceTooLong(std::u16string_view namespaceUri);
 [[noreturn]] void ThrowNoRoot();
 
 /// @throws CBxException always, for a document that breaks off
-[[noreturn]] void ThrowEndsInElement();
+[[noreturn]] void ThrowEndsInElement(CBxLocation const& end);
 
 }  // namespace BxXmlLib5

@@ -45,7 +45,7 @@ Model::Model(Class const& described)
         Particle& whole = particles.emplace_back();
         whole.kind = Row::Kind::Sequence;
         whole.members.assign(top.begin(), top.end());
-        top = {&whole};
+        top.assign(1, &whole);
     }
     if (!top.empty()) {
         Finish(*top[0]);
@@ -115,6 +115,9 @@ void Model::Add(Class const& described, std::vector<Particle*>& top) {
             case Row::Kind::OwnType:
                 isOwnType = true;
                 break;
+            case Row::Kind::RootValue:
+                value = row.value;
+                break;
             case Row::Kind::Block:
                 blocked = row.derivation;
                 break;
@@ -155,6 +158,7 @@ Particle& Model::AddParticle(Row const& row, Class::Facts const& facts) {
     particle.isNillable = row.isNillable;
     particle.blocked = row.derivation;
     particle.narrowed = row.narrowed;
+    particle.value = row.value;
     particle.name = OrEmpty(row.name);
     if (row.kind == Row::Kind::Element && row.min == 0) particle.glance = GlanceAt(particle.name);
     if (row.place != nullptr) particle.model = &Property(row, particle.property);

@@ -64,6 +64,7 @@ struct Particle {
     bool isNillable = false;
     unsigned char blocked = 0;  ///< Ways of derivation, as bits.
     SimpleType const* narrowed = nullptr;
+    ElementValue value = {};
     int property = -1;
     PropertyModel const* model = nullptr;
     Class const* type = nullptr;
@@ -140,6 +141,7 @@ struct Model {
     SimpleType const* narrowedText = nullptr;
     bool isNillable = false;  ///< As a root.
     bool isOwnType = false;   ///< As a root.
+    ElementValue value = {};  ///< As a root.
     PropertyModel const* nil = nullptr;
     PropertyModel const* xsiTyped = nullptr;
     std::vector<PropertyModel const*> prohibited;

@@ -13,6 +13,7 @@
 #include "core/NestingDepth.h"
 #include "document/ReadPlace.h"
 #include "generated/Expected.h"
+#include "generated/FixedValue.h"
 #include "generated/ObjectAccess.h"
 #include "generated/Untyped.h"
 #include "platform/StandardNamespaces.h"
@@ -31,10 +32,10 @@ void ReadValue(CObject& object, PropertyModel const& property, wstring const& na
 }
 
 void ReadElement(CObject& object, CXmlElement& element, bool mayBeNil,
-                 CXmlSerializationContext const& context) {
+                 CXmlSerializationContext const& context, ElementValue value) {
     CNestingLevel const level;
     ObjectAccess::ReadAttributes(object, element, context);
-    Reading(object, element, element.GetFirstElement(), context).Content(mayBeNil);
+    Reading(object, element, element.GetFirstElement(), context).Content(mayBeNil, value);
 }
 
 Reading::Reading(CObject& object, CXmlElement& element, CXmlElement* child,
@@ -53,31 +54,38 @@ Reading::Reading(CObject& object, Reading& outer, Round* round)
     m_round = round;
 }
 
-void Reading::Content(bool mayBeNil) {
+void Reading::Content(bool mayBeNil, ElementValue value) {
+    if (value.text == nullptr) value = m_model.value;
     bool const isNil = m_model.IsNil(m_object);
     if (isNil && !mayBeNil) {
         ThrowNil(m_element);
     }
     if (m_model.content != nullptr && !isNil) Read(*m_model.content);
     if (m_child != nullptr && !m_skipsUnknown) ThrowUnexpectedElement(*m_child, m_element);
-    ReadText(isNil);
+    ReadText(isNil, value);
+    if (value.isFixed) TestFixed(m_object, value.text);
 }
 
 namespace {
 
 /// An empty element stands for its default.
-std::u16string_view TextOrDefault(CXmlElement const& element, PropertyModel const& property) {
+/// @param property of its text, null for none
+std::u16string_view TextOrDefault(CXmlElement const& element, PropertyModel const* property,
+                                  ElementValue value) {
     std::u16string_view const text = element.GetTextView();
-    return text.empty() && property.actions->defaultText != nullptr ? property.actions->defaultText() : text;
+    if (!text.empty() || element.GetFirstElement() != nullptr) return text;
+    if (value.text != nullptr) return value.text;
+    return property != nullptr && property->actions->defaultText != nullptr ? property->actions->defaultText()
+                                                                            : text;
 }
 
 }  // namespace
 
-void Reading::ReadText(bool isNil) {
-    CTakenContent::TakeText(&m_element);
+void Reading::ReadText(bool isNil, ElementValue value) {
+    if (m_context.GetFailOnIgnoredContent()) CTakenContent::TakeText(&m_element);
     bool const isSimple = m_model.text != nullptr && m_model.content == nullptr;
     std::u16string_view const text =
-        isSimple && !isNil ? TextOrDefault(m_element, *m_model.text) : m_element.GetTextView();
+        isNil ? m_element.GetTextView() : TextOrDefault(m_element, isSimple ? m_model.text : nullptr, value);
     if ((!isSimple || isNil) && Trimmed(text).empty()) return;
     if (m_model.text != nullptr && !isNil) {
         ReadValue(m_object, *m_model.text, m_element.GetLocalName(), text, m_model.narrowedText);
@@ -256,20 +264,34 @@ void Keep(CObject& owner, PropertyModel const& property, std::u16string_view lit
 
 /// Reads the object of an element of simple type that names another type.
 void ReadSimpleAs(CObject& object, CXmlElement& element, bool mayBeNil, NamedType const& named,
-                  Set const& set, unsigned char blocked, CXmlSerializationContext const& context) {
+                  Set const& set, unsigned char blocked, CXmlSerializationContext const& context,
+                  ElementValue value) {
     PropertyModel const& text = *ObjectAccess::ModelOf(object).text;
     PropertyModel const* const nil = ObjectAccess::ModelOf(object).nil;
     bool const isNil = mayBeNil && nil != nullptr && IsNil(element);
-    std::u16string_view const literal = isNil ? std::u16string_view() : TextOrDefault(element, text);
+    std::u16string_view const literal = isNil ? std::u16string_view() : TextOrDefault(element, &text, value);
     CSmartPtr<CObject> content =
         ReadNamed(element, literal, isNil, *text.actions->type, named, set, blocked, context);
     if (content) {
         if (isNil) *static_cast<Nil*>(nil->Of(object)) = true;
-        Reading(object, element, nullptr, context).Content(mayBeNil);
+        Reading(object, element, nullptr, context).Content(mayBeNil, value);
     } else {
-        ReadElement(object, element, mayBeNil, context);
+        ReadElement(object, element, mayBeNil, context, value);
     }
     Keep(object, text, literal, named, std::move(content));
+}
+
+/// Keeps the type that an element names for its object.
+void KeepOwn(CObject& object, NamedType const& named) {
+    ObjectAccess::KeptOf(object).Add(nullptr, 0, {{}, {}, named.name, named.namespaceUri, nullptr});
+}
+
+/// Reads the object of an element of any type that names another type.
+void ReadAnythingAs(CObject& object, CXmlElement& element, bool mayBeNil, NamedType const& named,
+                    unsigned char blocked, CXmlSerializationContext const& context) {
+    TestNamed(element, named, blocked, context);
+    ReadElement(object, element, mayBeNil, context);
+    KeepOwn(object, named);
 }
 
 }  // namespace
@@ -280,22 +302,22 @@ void ReadRootAs(CObject& root, CXmlElement& element, NamedType const& named,
     Class::Facts const& facts = model.type.GetFacts();
     ObjectAccess::Reset(root, element.GetLocalName());
     if (model.IsSimple())
-        return ReadSimpleAs(root, element, model.isNillable, named, *facts.set, model.blocked, context);
-    if (model.IsAnything()) {
-        TestNamed(element, named, model.blocked, context);
-        ReadElement(root, element, model.isNillable, context);
-        return ObjectAccess::KeptOf(root).Add(nullptr, 0, {{}, {}, named.name, named.namespaceUri, nullptr});
-    }
+        return ReadSimpleAs(root, element, model.isNillable, named, *facts.set, model.blocked, context, {});
+    if (model.IsAnything())
+        return ReadAnythingAs(root, element, model.isNillable, named, model.blocked, context);
     CSmartPtr<CObject> const content = MakeFor(element, model.type, named, model.blocked);
     bool const isOwn = &ObjectAccess::ClassOf(*content) == &model.type;
-    if (isOwn || model.xsiTyped == nullptr) return ReadElement(root, element, model.isNillable, context);
+    if (isOwn || model.xsiTyped == nullptr) {
+        ReadElement(root, element, model.isNillable, context);
+        return KeepOwn(root, named);
+    }
     static_cast<ObjectHolder*>(model.xsiTyped->Of(root))->Hold(static_cast<CObject*>(content));
-    ReadElement(*content, element, model.isNillable, context);
+    ReadElement(*content, element, model.isNillable, context, model.value);
 }
 
 void Reading::ReadSimple(Particle const& particle) {
     PropertyModel const& property = *particle.model;
-    std::u16string_view const text = TextOrDefault(*m_child, property);
+    std::u16string_view const text = TextOrDefault(*m_child, &property, {});
     if (!m_child->GetAttributes().empty()) {
         Set const& set = *m_model.type.GetFacts().set;
         if (auto const named = NamedTypeOf(*m_child, set)) {
@@ -314,15 +336,20 @@ CSmartPtr<CXmlObjectBase> Reading::ReadObject(Particle const& particle) {
     Set const& set = *m_model.type.GetFacts().set;
     std::optional<NamedType> const named = NamedTypeOf(*m_child, set);
     bool const isSimple = named && particle.type->GetModel().IsSimple();
+    bool const isAnything = named && particle.type->GetModel().IsAnything();
     CObject* const made =
-        MakeFor(*m_child, *particle.type, isSimple ? std::nullopt : named, particle.blocked);
+        MakeFor(*m_child, *particle.type, isSimple || isAnything ? std::nullopt : named, particle.blocked);
     CSmartPtr<CXmlObjectBase> object = made;
     // The name tells later which of several rows the object belongs to.
     if (particle.isSubstitution) ObjectAccess::SetName(*made, particle.name);
     if (isSimple) {
-        ReadSimpleAs(*made, *m_child, particle.isNillable, *named, set, particle.blocked, m_context);
+        ReadSimpleAs(*made, *m_child, particle.isNillable, *named, set, particle.blocked, m_context,
+                     particle.value);
+    } else if (isAnything) {
+        ReadAnythingAs(*made, *m_child, particle.isNillable, *named, particle.blocked, m_context);
     } else {
-        ReadElement(*made, *m_child, particle.isNillable, m_context);
+        ReadElement(*made, *m_child, particle.isNillable, m_context, particle.value);
+        if (named && &ObjectAccess::ClassOf(*made) == particle.type) KeepOwn(*made, *named);
     }
     return object;
 }
@@ -338,6 +365,10 @@ CSmartPtr<CXmlObjectBase> Reading::ReadUntyped(Particle const& particle) {
     ObjectAccess::ReadAny(element, &m_element, m_child, m_context);
     DropLayout(*element, *m_child);
     SettleTypes(*element, *m_child, *m_model.type.GetFacts().set);
+    if (particle.value.isFixed) {
+        if (IsNil(*m_child)) ThrowNil(*m_child);
+        TestFixed(*element, particle.value.text);
+    }
     return element;
 }
 

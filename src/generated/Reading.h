@@ -27,7 +27,8 @@ public:
     /// All content of the object.
     /// @throws CBxValidationException for what is missing or unexpected, and for an element that is nil and may
     ///         not be
-    void Content(bool mayBeNil);
+    /// @param value of the element; if it has none, that of the class counts
+    void Content(bool mayBeNil, ElementValue value = {});
 
 private:
     /// Where an item stands among those of its group.
@@ -51,7 +52,7 @@ private:
     void ReadSimple(Particle const& particle);
     CSmartPtr<CXmlObjectBase> ReadObject(Particle const& particle);
     CSmartPtr<CXmlObjectBase> ReadUntyped(Particle const& particle);
-    void ReadText(bool isNil);
+    void ReadText(bool isNil, ElementValue value);
 
     bool Matches(Particle const& particle) const;
     Particle const* Started(Particle const& particle) const;
@@ -84,6 +85,6 @@ void ReadRootAs(CObject& root, CXmlElement& element, NamedType const& named,
 
 /// Reads an object from its element.
 void ReadElement(CObject& object, CXmlElement& element, bool mayBeNil,
-                 CXmlSerializationContext const& context);
+                 CXmlSerializationContext const& context, ElementValue value = {});
 
 }  // namespace BxXmlLib5::Generated

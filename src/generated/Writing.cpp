@@ -7,6 +7,7 @@
 #include "core/NestingDepth.h"
 #include "core/NeverDestroyed.h"
 #include "generated/Expected.h"
+#include "generated/FixedValue.h"
 #include "generated/ObjectAccess.h"
 #include "generated/TypeOfElement.h"
 #include "platform/StandardNamespaces.h"
@@ -72,7 +73,7 @@ void WriteKeptType(CObject const& object, CXmlWriter* writer, CXmlSerializationC
     WriteKept(FindKept(object, text->place, 0, value), writer, context);
 }
 
-void Writing::TypedContent(CObject const& typed, bool mayBeNil) {
+void Writing::TypedContent(CObject const& typed, bool mayBeNil, ElementValue value) {
     for (PropertyModel const& property : m_model.properties) {
         if (&property != m_model.xsiTyped && property.Count(m_object) > 0) {
             Refuse(FormatString(u"[%s] is set beside the object of a derived type", property.name));
@@ -83,13 +84,15 @@ void Writing::TypedContent(CObject const& typed, bool mayBeNil) {
     Writing inner(typed, *this);
     // The writer of a document has them already.
     if (m_complaints != nullptr) inner.Attributes();
-    inner.Content(mayBeNil);
+    inner.Content(mayBeNil, value);
 }
 
-void Writing::Content(bool mayBeNil) {
-    if (CObject const* const typed = m_model.XsiTyped(m_object)) return TypedContent(*typed, mayBeNil);
+void Writing::Content(bool mayBeNil, ElementValue value) {
+    if (value.text == nullptr) value = m_model.value;
+    if (CObject const* const typed = m_model.XsiTyped(m_object)) return TypedContent(*typed, mayBeNil, value);
     if (m_model.IsAbstract())
         Refuse(u"The type of the element is abstract: XsiTyped must have the object of another");
+    if (value.isFixed) TestFixedValue(value.text);
     if (m_model.IsNil(m_object)) return NilContent(mayBeNil);
     if (m_model.content != nullptr) Write(*m_model.content);
     for (PropertyModel const* const property : m_model.prohibited) {
@@ -129,9 +132,17 @@ void Writing::TestNarrowed(SimpleType const* narrowed, wstring const& name, wstr
     }
 }
 
+void Writing::TestFixedValue(std::u16string_view fixed) {
+    try {
+        TestFixed(m_object, fixed);
+    } catch (CBxException const& failure) {
+        Refuse(failure.GetMessage());
+    }
+}
+
 void Writing::Attributes() {
     if (m_model.XsiTyped(m_object) != nullptr) return;
-    if (m_writer != nullptr && ObjectAccess::KeptIn(m_object) != nullptr)
+    if (m_writer != nullptr && !m_isTypeWritten && ObjectAccess::KeptIn(m_object) != nullptr)
         WriteKeptType(m_object, m_writer, m_context);
     for (AttributeModel const& attribute : m_model.attributes) {
         if (!attribute.constraint) Attribute(attribute);
@@ -262,10 +273,11 @@ void Writing::WriteObject(Particle const& particle, int index) {
     }
     if (m_writer != nullptr) {
         m_writer->WriteStartElement(particle.name, particle.namespaceUri);
-        if (*ways != 0) WriteXsiType(object, m_writer);
+        inner.m_isTypeWritten = *ways != 0;
+        if (inner.m_isTypeWritten) WriteXsiType(object, m_writer);
     }
     inner.Attributes();
-    inner.Content(particle.isNillable);
+    inner.Content(particle.isNillable, particle.value);
     if (m_writer != nullptr) m_writer->WriteEndElement();
 }
 
@@ -276,6 +288,13 @@ void Writing::WriteUntyped(Particle const& particle, int index) {
             FormatString(u"The element [%s] in the namespace [%s] does not fit [%s]",
                          element.GetName().c_str(), element.GetNamespace().c_str(), particle.name.c_str()),
             {element.GetName()});
+    }
+    if (particle.value.isFixed) {
+        try {
+            TestFixed(element, particle.value.text);
+        } catch (CBxException const& failure) {
+            return Refuse(failure.GetMessage(), {element.GetName()});
+        }
     }
     if (m_writer != nullptr) ObjectAccess::WriteAny(&element, m_writer, particle.namespaceUri, m_context);
 }

@@ -26,7 +26,8 @@ public:
             std::vector<wstring>* complaints = nullptr, CPathWriter const* path = nullptr);
 
     /// @throws CBxValidationException for what is missing or does not fit
-    void Content(bool mayBeNil);
+    /// @param value of the element; if it has none, that of the class counts
+    void Content(bool mayBeNil, ElementValue value = {});
     void Attribute(AttributeModel const& attribute);
     void NilAttribute();
     /// In the order in which those of a root are written.
@@ -40,7 +41,7 @@ private:
     void WriteItems(Particle const& particle);
     void WriteChoice(Particle const& choice);
     void WriteSubstitutes(Particle const& choice);
-    void TypedContent(CObject const& typed, bool mayBeNil);
+    void TypedContent(CObject const& typed, bool mayBeNil, ElementValue value);
     void NilContent(bool mayBeNil);
     void WriteText();
     void OpenAttributes(AttributeModel const& wildcard);
@@ -59,6 +60,7 @@ private:
 
     void TestNarrowed(SimpleType const* narrowed, wstring const& name, wstring const& text,
                       CPathWriter::Next next = {});
+    void TestFixedValue(std::u16string_view fixed);
     void Refuse(wstring message, CPathWriter::Next next = {});
     void RefuseCount(Particle const& particle, int count);
 
@@ -71,6 +73,7 @@ private:
     CPathWriter const* m_path = nullptr;
     wstring const* m_repeated =
         nullptr;  // the name of the elements that are being written, if there are several
+    bool m_isTypeWritten = false;
     std::optional<PropertySet> m_set;
     wstring m_ownRoom;
     wstring& m_room;  // for the text of a value, that of the outermost one

@@ -4,6 +4,7 @@
 #include <span>
 
 #include "fastinfoset/WriteInteger.h"
+#include "platform/TextView.h"
 #include "values/Utf8Conversion.h"
 
 namespace BxXmlLib5 {
@@ -91,6 +92,41 @@ void CFastInfosetWriter::WriteEndElement() {
     Context().End();
 }
 
+void CFastInfosetWriter::BeginTag(DocumentElement const& element, bool declares) {
+    Context().TestDepth();
+    CloseStartTag();
+    PadTerminator();
+    Start();
+    Context().Innermost().m_startTagOpen = false;
+    unsigned const first = element.m_attributes.empty() ? 0U : kHasAttributes;
+    if (declares) m_output.Append(first | kNamespaceAttributesFollow.m_octet);
+}
+
+void CFastInfosetWriter::FinishTag(DocumentElement const& element, bool declares, std::u16string_view prefix,
+                                   std::span<std::u16string_view const> prefixes) {
+    unsigned const first = element.m_attributes.empty() ? 0U : kHasAttributes;
+    if (declares) m_output.Append(kTerminator);
+    WriteName(m_elementNames, kLiteralElementName, declares ? 0U : first, kIndexOnThirdBit,
+              Recall(m_recentElements, element.m_name, prefix));
+    for (std::size_t i = 0; i < prefixes.size(); ++i) {
+        DocumentAttribute const& attribute = element.m_attributes[i];
+        CheckedUtf8Size(attribute.m_value);
+        WriteName(m_attributeNames, kLiteralAttributeName, 0, kIndexOnSecondBit,
+                  Recall(m_recentAttributes, *attribute.m_name, prefixes[i]));
+        WriteValue(attribute.m_value);
+    }
+    if (first != 0) m_output.Append(kTerminator);
+}
+
+CFastInfosetWriter::Name& CFastInfosetWriter::Recall(RecentNames& names, CXmlName const& name,
+                                                     std::u16string_view prefix) {
+    Name& recent = Recall(names, name.m_namespaceUri, name.m_localName);
+    if (Equal(recent.m_prefix, prefix)) return recent;
+    recent.m_prefix = prefix;
+    recent.m_index = 0;
+    return recent;
+}
+
 /// Closes and writes the start tag of the innermost open element, if there is one.
 void CFastInfosetWriter::CloseStartTag() {
     if (!Context().IsOpen() || !Context().Innermost().m_startTagOpen) return;
@@ -148,11 +184,7 @@ bool CFastInfosetWriter::WriteNamespaceAttributes(unsigned first) {
             WriteLiteral(m_namespaceNames, namespaceUri);
         });
     }
-    for (auto const& [alias, namespaceUri] : m_declarations) {
-        m_output.Append(kNamespaceAttribute.m_octet | kHasPrefix | kHasNamespace);
-        WriteIdentifyingString(m_prefixes, alias);
-        WriteIdentifyingString(m_namespaceNames, namespaceUri);
-    }
+    for (auto const& [alias, namespaceUri] : m_declarations) WriteNamespaceAttribute(alias, namespaceUri);
     bool const any = m_output.Size() > start + 1;
     if (any) {
         m_output.Append(kTerminator);
@@ -160,6 +192,15 @@ bool CFastInfosetWriter::WriteNamespaceAttributes(unsigned first) {
         m_output.Truncate(start);
     }
     return any;
+}
+
+// C.12: no namespace name takes the default namespace back.
+void CFastInfosetWriter::WriteNamespaceAttribute(std::u16string_view alias,
+                                                 std::u16string_view namespaceUri) {
+    m_output.Append(kNamespaceAttribute.m_octet | (alias.empty() ? 0U : kHasPrefix) |
+                    (namespaceUri.empty() ? 0U : kHasNamespace));
+    if (!alias.empty()) WriteIdentifyingString(m_prefixes, alias);
+    if (!namespaceUri.empty()) WriteIdentifyingString(m_namespaceNames, namespaceUri);
 }
 
 /// Writes a terminator that waits, since none follows it.

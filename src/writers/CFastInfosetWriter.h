@@ -4,12 +4,14 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string_view>
 #include <utility>
 #include <vector>
 
 #include "BxXmlLib5/core/Enumerations.h"
 #include "BxXmlLib5/values/CBinaryData.h"
+#include "document/CDocumentReceiver.h"
 #include "fastinfoset/COctetBuffer.h"
 #include "fastinfoset/CVocabularyIndex.h"
 #include "fastinfoset/Format.h"
@@ -42,6 +44,23 @@ public:
     /// The document so far, which is gone from the writer.
     CBinaryData TakeBinaryData() { return m_output.Take(); }
 
+    /// The document since the last DropOctets(): for one that is written piece by piece.
+    std::span<unsigned char const> Octets() const { return m_output.Octets(); }
+    void DropOctets() { m_output.Truncate(0); }
+
+    /// Writes a start tag with its attributes, in place of WriteStartElement() and WriteAttribute(), with prefixes and
+    /// namespace attributes as the caller has them.
+    /// @param declarations prefixes and namespaces
+    /// @param prefixes of the attributes, in their order
+    /// @throws CBxInvalidValueException for an attribute value with an unpaired surrogate, too
+    template <class Declarations>
+    void WriteStartTag(DocumentElement const& element, Declarations const& declarations,
+                       std::u16string_view prefix, std::span<std::u16string_view const> prefixes) {
+        BeginTag(element, !declarations.empty());
+        for (auto const& [alias, namespaceUri] : declarations) WriteNamespaceAttribute(alias, namespaceUri);
+        FinishTag(element, !declarations.empty(), prefix, prefixes);
+    }
+
     void WriteEndDocument() override;
     void WriteComment(wstring const& text) override;
     void WriteProcessingInstruction(wstring const& text) override;
@@ -67,6 +86,12 @@ private:
         Name m_name;  // without the texts if there is an index
         wstring m_value;
     };
+
+    void BeginTag(DocumentElement const& element, bool declares);
+    void FinishTag(DocumentElement const& element, bool declares, std::u16string_view prefix,
+                   std::span<std::u16string_view const> prefixes);
+    void WriteNamespaceAttribute(std::u16string_view alias, std::u16string_view namespaceUri);
+    static Name& Recall(RecentNames& names, CXmlName const& name, std::u16string_view prefix);
 
     wstring DeclaredPrefix(wstring const& namespaceUri) override;
     void CloseStartTag();

@@ -163,7 +163,7 @@ void CStringBuffer::Clear() {
 }
 
 std::size_t CStringBuffer::Size() const {
-    std::size_t size = 0;
+    std::size_t size = m_converted.Size();
     for (Chunk const& chunk : m_chunks) size += chunk.m_capacity;
     return size - (m_capacity - m_used);
 }

@@ -70,6 +70,9 @@ public:
         }
     }
 
+    /// Units, or octets where they are UTF-8 already.
+    std::size_t Size() const;
+
     std::size_t ChunkCount() const { return m_chunks.size(); }
 
 private:
@@ -85,7 +88,6 @@ private:
     void ConvertChunk();
     void AppendUtf8(std::u16string_view text);
     void Adopt(Chunk chunk, std::size_t used);
-    std::size_t Size() const;
 
     bool m_isConverted = false;
     COctetBuffer m_converted;

@@ -163,6 +163,7 @@ TEST(CommandLine, StatusAndMessages) {
         {{{"a.xsd", warns}}, {"--werror", "--all-warnings", "--dump", "@a.xsd"}, {2, "", passedOver("b.xsd") + passedOver("c.xsd")}},
         {{{"a.xsd", warns}}, {"-q", "@a.xsd"}, {0, "", ""}},
         {{{"a.xsd", ""}}, {}, {1, "", "bxgen: error: SCHEMA is missing; see bxgen --help\n"}},
+        {{{"a.xsd", ""}}, {"-"}, {1, "", "bxgen: error: SCHEMA is '-', but what a schema includes is looked for beside its file; see bxgen --help\n"}},
         {{{"a.xsd", ""}}, {"--nothing", "@a.xsd"}, {1, "", "bxgen: error: unknown option '--nothing'; see bxgen --help\n"}},
         {{{"a.xsd", ""}}, {"--dump=1", "@a.xsd"}, {1, "", "bxgen: error: option '--dump' takes no value; see bxgen --help\n"}},
         {{{"a.xsd", ""}}, {"@a.xsd", "--catalog"}, {1, "", "bxgen: error: option '--catalog' needs a value; see bxgen --help\n"}},

@@ -44,6 +44,7 @@ inline std::string RowText(RowPlan const& row) {
     }
     if (row.m_isNillable) add("nillable");
     if (row.m_narrowed) add("narrowed=" + TypeText(*row.m_narrowed));
+    if (row.m_value) add((row.m_value->m_isFixed ? "fixed='" : "default='") + row.m_value->m_text + '\'');
     if (row.m_blocked != 0) add("blocked=" + std::to_string(row.m_blocked));
     return arguments.empty() ? text : text + '(' + arguments + ')';
 }

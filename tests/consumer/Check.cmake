@@ -1,20 +1,12 @@
 # Builds the consumer in folders whose names have blanks, changes its schemas and looks at what is made again.
 # Arguments: GENERATOR, PREFIX of the installed library, FOLDER to work in, COMPILER and FLAGS of C++.
 
+include("${CMAKE_CURRENT_LIST_DIR}/Steps.cmake")
 set(source "${FOLDER}/the consumer")
 set(build "${FOLDER}/the build")
 set(made "${build}/bxgen/consumer")
 file(REMOVE_RECURSE "${FOLDER}")
 file(COPY "${CMAKE_CURRENT_LIST_DIR}/" DESTINATION "${source}")
-
-# run(STATUS COMMAND...): runs a command that must end so; sets `output`.
-function(run status)
-  execute_process(COMMAND ${ARGN} RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE output)
-  if(NOT result EQUAL status)
-    message(FATAL_ERROR "${ARGN} ends with ${result}, not ${status}:\n${output}")
-  endif()
-  set(output "${output}" PARENT_SCOPE)
-endfunction()
 
 # Builds, and sets `times` to when what is made was made last.
 macro(build)
@@ -26,13 +18,6 @@ macro(build)
   endforeach()
   # What changes in the same tick of the system's clock as a build ends is not newer to Ninja.
   execute_process(COMMAND "${CMAKE_COMMAND}" -E sleep 0.1)
-endmacro()
-
-# expect(WHAT CONDITION...)
-macro(expect what)
-  if(NOT (${ARGN}))
-    message(FATAL_ERROR "${what}\n${output}")
-  endif()
 endmacro()
 
 run(0 "${CMAKE_COMMAND}" -S "${source}" -B "${build}" -G "${GENERATOR}" "-DCMAKE_PREFIX_PATH=${PREFIX}"

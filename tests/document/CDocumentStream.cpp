@@ -168,7 +168,8 @@ TEST(CDocumentStream, LimitsTheSizeBehindDecompression) {
         CDocumentBuilder builder(document, nodes, CDocumentBuilder::kTextsPass);
         CSlices source(octets, 1000);
         return Thrown([&] {
-            CDocumentStream stream(source, builder, nodes.m_names, {.m_maxSize = most});
+            CDocumentStream stream(source, builder, nodes.m_names,
+                                   {.m_maxSize = most, .m_maxInflatedSize = most});
             EXPECT_EQ(stream.IsCompressed(), octets[0] != '<');
             stream.Read();
         });

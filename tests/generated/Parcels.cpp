@@ -91,7 +91,10 @@ TEST(Parcels, AreReadAs) {
              "")},
         {root + " code='AB1' version='1.0'><to xsi:type='address'><city>x</city></to>"
                 "<filled>1</filled><filled>100</filled><days>7</days></parcel>",
-         Parcel("", kTo, "")},
+         Parcel("",
+                "<to xmlns:AA=\"http://www.w3.org/2001/XMLSchema-instance\" AA:type=\"address\">"
+                "<city>x</city></to>",
+                "")},
         {root + " code='AB1' version='1.0'>" + kTo +
              "<filled>1</filled><filled>100</filled><days>7</days>"
              "<due xsi:nil='true'/></parcel>",

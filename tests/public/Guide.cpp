@@ -105,15 +105,22 @@ TEST_F(Guide, Settings) {
     EXPECT_GT(checked.GetLength(), 20U);
     order.ToXmlFile(u"order.xml", true, true, enc_UTF8, eol_LF, context, cmp_None);
 #include "users-guide/19.inc"
-    EXPECT_THROW(tolerant.SetIgnoreMissingMandatoryElements(true), CBxInvalidStateException);
+    EXPECT_EQ(order.m_number, u"17");
+    order.m_number = u"\x01";
+    EXPECT_THROW(order.ToXml(false, false, eol_LF, careful), CBxInvalidValueException);
+    EXPECT_THROW(order.FromXml("<order number='17'><item>", careful), CBxException);
+    order.m_number = u"17";
 
 #include "users-guide/20.inc"
+    EXPECT_THROW(tolerant.SetIgnoreMissingMandatoryElements(true), CBxInvalidStateException);
+
+#include "users-guide/21.inc"
     EXPECT_EQ(decorated.GetNamespaceAliases().GetNamespaceCount(), 1);
 }
 
 TEST_F(Guide, Errors) {
     std::ostringstream cerr;  // in the place of std::cerr
-#include "users-guide/21.inc"
+#include "users-guide/22.inc"
     EXPECT_EQ(cerr.str(),
               "not readable: missing.xml: Failed to open the file [missing.xml] Error [0x00000002]\n"
               "No such file or directory\n");

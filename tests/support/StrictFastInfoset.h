@@ -193,10 +193,11 @@ private:
         Scope declared;
         for (; Peek() != 0xF0;) {
             unsigned const first = Octet();
-            Require(first == 0xCD || first == 0xCF, "what is no namespace attribute of a namespace");
+            Require(first == 0xCC || first == 0xCD || first == 0xCF, "what is no namespace attribute");
             std::size_t const prefix = first == 0xCF ? Identifying(m_prefixes) : 0;
-            Require(declared.emplace(prefix, Identifying(m_namespaces)).second, "a prefix is declared twice");
-            for (auto const& [other, uri] : declared) {
+            std::size_t const uri = first == 0xCC ? 0 : Identifying(m_namespaces);
+            Require(declared.emplace(prefix, uri).second, "a prefix is declared twice");
+            for (auto const& [other, ignored] : declared) {
                 Require(other == prefix || other == 0 || prefix == 0 ||
                             At(m_prefixes, other) != At(m_prefixes, prefix),
                         "a prefix is declared twice");

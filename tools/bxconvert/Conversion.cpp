@@ -1,15 +1,14 @@
 #include "Conversion.h"
 
-#include <algorithm>
-#include <memory>
-#include <stdexcept>
-#include <utility>
+#include <optional>
 
-#include "BxXmlLib5/binding/CXmlSerializationContext.h"
-#include "BxXmlLib5/core/CBxException.h"
-#include "CUntypedDocument.h"
-#include "Input.h"
-#include "Octets.h"
+#include "Counter.h"
+#include "DeflatingSink.h"
+#include "FastInfosetEmitter.h"
+#include "LayoutFilter.h"
+#include "Source.h"
+#include "TextEmitter.h"
+#include "document/CDocumentStream.h"
 
 namespace BxConvert {
 
@@ -17,76 +16,64 @@ using namespace BxXmlLib5;
 
 namespace {
 
-/// XML text, ahead of any compression.
-CBinaryData ToText(CUntypedDocument const& content, Options const& options) {
-    constexpr unsigned char kByteOrderMark[] = {0xFF, 0xFE};
-    CBinaryData text =
-        content.ToXmlStream(options.m_declaration, options.m_formatted, options.m_encoding, options.m_eol,
-                            CXmlSerializationContext::GetDefaultContext(), cmp_None);
-    if (options.m_encoding != enc_UTF16) return text;
-    CBinaryData marked;
-    marked.Append(kByteOrderMark);
-    marked.Append(text);
-    return marked;
+constexpr std::uint64_t kMaxInflatedSize = 1'000'000'000;
+
+DocumentStreamSettings SettingsOf(Options const& options) {
+    return {.m_schemaType = options.m_namespaces ? st_Default : st_NoNamespaces,
+            .m_details = {.m_systemEncodings = true, .m_prefixes = true, .m_markup = !options.m_info},
+            .m_maxSize = options.m_maxSize.value_or(std::numeric_limits<std::uint64_t>::max()),
+            .m_maxInflatedSize = options.m_maxSize.value_or(kMaxInflatedSize)};
 }
 
-bool HasNamesOf(CXmlElement const& written, CXmlElement const& original) {
-    auto const sameName = [](auto const* a, auto const* b) { return a->GetLocalName() == b->GetLocalName(); };
-    if (!sameName(&written, &original) ||
-        !std::ranges::equal(written.GetAttributes(), original.GetAttributes(), sameName)) {
-        return false;
-    }
-    CXmlElement const* child = written.GetFirstElement();
-    CXmlElement const* originalChild = original.GetFirstElement();
-    while (child != nullptr && originalChild != nullptr && HasNamesOf(*child, *originalChild)) {
-        child = child->GetNextSiblingElement();
-        originalChild = originalChild->GetNextSiblingElement();
-    }
-    return child == nullptr && originalChild == nullptr;
+void Info(Options const& options, Sink& sink) {
+    Source source(options.m_input);
+    CNameTable names;
+    Counter counter;
+    CDocumentStream stream(source, counter, names, SettingsOf(options));
+    stream.Read();
+    std::string const text = counter.ToText(stream.IsFastInfoset(), stream.IsCompressed(), source.Count());
+    sink.Write({reinterpret_cast<unsigned char const*>(text.data()), text.size()});
+    sink.Finish();
 }
 
-bool ReadsBack(CBinaryData const& text, CXmlElement const& original) {
-    CXmlDocument document;
-    try {
-        document.LoadXmlStream(text.GetData(), text.GetLength());
-    } catch (CBxException const&) {
-        return false;
-    }
-    return document.IsComplete() && HasNamesOf(*document.GetDocumentElement(), original);
+std::unique_ptr<Emitter> MakeEmitter(Sink& sink, Options const& options) {
+    if (options.m_form == Form::kFastInfoset) return std::make_unique<FastInfosetEmitter>(sink, options);
+    return std::make_unique<TextEmitter>(sink, options);
 }
 
-CBinaryData Rewrite(std::unique_ptr<CXmlDocument> document, Statistics const& statistics,
-                    Options const& options) {
-    CUntypedDocument const content(*document, statistics, options);
-    // Fast Infoset may have any characters in names and text, so XML text that is made of it has to prove
-    // itself.
-    bool const isCertain = options.m_form == Form::kFastInfoset || !document->IsFastInfoset();
-    if (isCertain) document.reset();  // which has no part in writing, but as much memory as the content
-    if (options.m_form == Form::kFastInfoset) {
-        return content.ToFastInfosetStream(
-            options.m_finfDeclaration, CXmlSerializationContext::GetDefaultContext(), options.m_compression);
-    }
-    CBinaryData text = ToText(content, options);
-    if (!isCertain && !ReadsBack(text, *document->GetDocumentElement())) {
-        throw std::runtime_error("a name or a text has characters that XML text cannot have");
-    }
-    return text.CompressData(options.m_compression);
+Losses Convert(Options const& options, Emitter& emitter) {
+    Source source(options.m_input);
+    CNameTable names;
+    LayoutFilter layout(emitter, options.m_layout == Layout::kFormatted && options.m_form == Form::kXml);
+    bool const hasLayout = options.m_layout != Layout::kAsItIs;
+    CDocumentStream stream(source, hasLayout ? static_cast<CDocumentReceiver&>(layout) : emitter, names,
+                           SettingsOf(options));
+    emitter.Begin(stream.IsFastInfoset());
+    stream.Read();
+    emitter.Finish();
+    return emitter.Lost();
 }
 
 }  // namespace
 
-CBinaryData Convert(Options const& options, Statistics& statistics) {
-    auto document = std::make_unique<CXmlDocument>(options.m_namespaces ? st_Default : st_NoNamespaces);
-    document->SetRequireWholeDocument(true);
-    document->SetSystemEncodings(true);
-    auto const octets = LoadInput(*document, options.m_input);
-    CXmlElement const& root = *document->GetDocumentElement();
-    statistics = Survey(root);
-    if (options.m_strict && statistics.m_mixed > 0) {
-        throw std::runtime_error("mixed content, text beside children, in " + InElements(statistics.m_mixed));
+Losses Convert(Options const& options, Sink& sink) {
+    if (options.m_info) {
+        Info(options, sink);
+        return {};
     }
-    if (options.m_info) return OctetsOf(InfoText(root, statistics, octets));
-    return Rewrite(std::move(document), statistics, options);
+    std::optional<DeflatingSink> deflating;
+    if (options.m_compression != cmp_None) deflating.emplace(sink, options.m_compression);
+    Sink& target = deflating ? static_cast<Sink&>(*deflating) : sink;
+    std::unique_ptr<Emitter> const emitter = MakeEmitter(target, options);
+    Losses const losses = Convert(options, *emitter);
+    std::string const lost = losses.ToText();
+    if (options.m_strict && !lost.empty()) throw std::runtime_error(NotKept(options, lost));
+    target.Finish();
+    return losses;
+}
+
+std::string NotKept(Options const& options, std::string const& what) {
+    return std::string(options.m_form == Form::kXml ? "XML text" : "Fast Infoset") + " does not keep " + what;
 }
 
 }  // namespace BxConvert

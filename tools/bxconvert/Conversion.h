@@ -1,17 +1,20 @@
 // What bxconvert does with a document.
 #pragma once
 
-#include "BxXmlLib5/values/CBinaryData.h"
+#include "Emitter.h"
 #include "Options.h"
-#include "Statistics.h"
 
 namespace BxConvert {
 
-/// Reads the input and gives what is to be written.
-/// @param statistics set to those of the document
+/// Reads the input and writes what is made of it, piece by piece.
+/// @return what was left out
 /// @throws CBxException from the library
-/// @throws std::system_error if a stream cannot be read
+/// @throws std::system_error if the input cannot be read, and what the sink throws
 /// @throws std::runtime_error for a document that the options refuse
-BxXmlLib5::CBinaryData Convert(Options const& options, Statistics& statistics);
+Losses Convert(Options const& options, Sink& sink);
+
+/// The line that tells what was left out.
+/// @param what Losses::ToText
+std::string NotKept(Options const& options, std::string const& what);
 
 }  // namespace BxConvert

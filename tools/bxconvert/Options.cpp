@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
+#include <limits>
 #include <string_view>
 
 #include "common/CommandLine.h"
@@ -72,8 +74,23 @@ bool Choose(Options& options, std::string_view value) {
     return false;
 }
 
-template <auto Member, bool value>
+template <auto Member, auto value = true>
 constexpr auto Set = CommandLine::Set<Options, Member, value>;
+
+bool SetMaxSize(Options& options, std::string_view value) {
+    constexpr std::string_view kUnits = "KMG";
+    std::uint64_t size = 0;
+    auto const [end, error] = std::from_chars(value.data(), value.data() + value.size(), size);
+    std::string_view const unit(end, value.data() + value.size());
+    bool const hasUnit = unit.size() == 1 && kUnits.find(unit[0]) != kUnits.npos;
+    if (error != std::errc() || !(unit.empty() || hasUnit)) return false;
+    for (std::size_t i = 0; hasUnit && i <= kUnits.find(unit[0]); ++i) {
+        if (size > std::numeric_limits<std::uint64_t>::max() / 1000) return false;
+        size *= 1000;
+    }
+    options.m_maxSize = size;
+    return true;
+}
 
 bool SetOutput(Options& options, std::string_view value) {
     options.m_output = value;
@@ -86,17 +103,20 @@ constexpr Option kOptions[] = {
     {"--to",               kNamesOf<kForms>,            "XML text or Fast Infoset (default xml)",               Choose<&Options::m_form, kForms>},
     {"--encoding",         kNamesOf<kEncodings>,        "encoding of XML text (default utf-8)",                 Choose<&Options::m_encoding, kEncodings>},
     {"--declaration",      kNamesOf<kYesOrNo>,          "begin XML text with a declaration (default yes)",      Choose<&Options::m_declaration, kYesOrNo>},
-    {"--format",           "",                          "break lines of XML text and indent (default)",         Set<&Options::m_formatted, true>},
-    {"--compact",          "",                          "neither line breaks nor indentation",                  Set<&Options::m_formatted, false>},
+    {"--format",           "",                          "break lines of XML text and indent",                   Set<&Options::m_layout, Layout::kFormatted>},
+    {"--compact",          "",                          "neither line breaks nor indentation",                  Set<&Options::m_layout, Layout::kCompact>},
     {"--eol",              kNamesOf<kEols>,             "line end of XML text (default lf)",                    Choose<&Options::m_eol, kEols>},
     {"--finf-declaration", kNamesOf<kFinfDeclarations>, "declaration ahead of Fast Infoset (default none)",     Choose<&Options::m_finfDeclaration, kFinfDeclarations>},
     {"--compress",         kNamesOf<kCompressions>,     "compression of what is written (default none)",        Choose<&Options::m_compression, kCompressions>},
     {"--no-namespaces",    "",                          "leave prefixes and xmlns attributes as they are",      Set<&Options::m_namespaces, false>},
-    {"--keep-whitespace",  "",                          "keep text that is only whitespace beside children",    Set<&Options::m_keepWhitespace, true>},
-    {"--strict",           "",                          "refuse a document with mixed content",                 Set<&Options::m_strict, true>},
+    {"--keep-whitespace",  "",                          "leave white space as it is (default)",                 Set<&Options::m_layout, Layout::kAsItIs>},
+    {"--max-size",         "OCTETS",                    "refuse a document of more octets, after decompression; with K, M or G for 1000 and so on (default 1G for compressed input, no limit else)", SetMaxSize},
+    {"--strict",           "",                          "refuse a document that the form cannot hold whole",     Set<&Options::m_strict, true>},
     {"--info",             "",                          "print facts about the document instead",               Set<&Options::m_info, true>},
-    {"--help",             "",                          "print this text",                                      Set<&Options::m_help, true>},
-    {"--version",          "",                          "print the version",                                    Set<&Options::m_version, true>},
+    {"-h",                 "",                          "print this text",                                      Set<&Options::m_help, true>},
+    {"--help",             "",                          "the same",                                             Set<&Options::m_help, true>},
+    {"-V",                 "",                          "print the version",                                    Set<&Options::m_version, true>},
+    {"--version",          "",                          "the same",                                             Set<&Options::m_version, true>},
 };
 // clang-format on
 
@@ -116,20 +136,19 @@ constexpr char kNotes[] =
     "  XML text in UTF-16 begins with a byte order mark.\n"
     "  The declaration ahead of Fast Infoset is <?xml encoding='finf'?> (plain), with\n"
     "  the version 1.0 or 1.1, with standalone='yes' or 'no', or with both.\n"
-    "  A document of a few octets does not shrink, and then --compress fails.\n"
     "\n"
-    "What a document loses:\n"
-    "  Comments, processing instructions, the document type and external entities are\n"
-    "  not kept.\n"
-    "  Prefixes are made anew. Where values hold names with prefixes (xsi:type, say),\n"
-    "  use --no-namespaces, which keeps all prefixes; from XML text to XML text only.\n"
-    "  The text of an element stands as one piece behind its children. Where an\n"
-    "  element has other text than whitespace beside children (mixed content), a\n"
-    "  warning says so; --strict refuses the document instead.\n"
-    "  Text that is only whitespace is dropped from elements that have children,\n"
-    "  unless --keep-whitespace is given.\n"
-    "  Carriage returns are dropped, and a line break in an attribute value is read\n"
-    "  as a blank the next time.\n"
+    "What a document keeps:\n"
+    "  Elements, attributes and text, in their order; prefixes, and where they are\n"
+    "  declared. In XML text also comments, processing instructions, the document\n"
+    "  type and references to entities that the document does not declare. What Fast\n"
+    "  Infoset does not keep of these, a warning counts; --strict refuses the\n"
+    "  document instead.\n"
+    "  --format and --compact leave elements alone that have text beside children,\n"
+    "  or xml:space=\"preserve\", or so much content that this cannot be seen early\n"
+    "  enough.\n"
+    "\n"
+    "A document of any size takes some megabytes of memory. Standard output may have\n"
+    "got the beginning of a document when it turns out to be bad.\n"
     "\n"
     "Exit status: 0 for success, 1 for a document that cannot be read or written,\n"
     "2 for a wrong command line.\n";

@@ -1,6 +1,8 @@
 // The command line of bxconvert.
 #pragma once
 
+#include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 
@@ -13,6 +15,9 @@ inline constexpr char kStandardStream[] = "-";
 
 enum class Form { kXml, kFastInfoset };
 
+/// What becomes of white space beside the children of elements without other text.
+enum class Layout { kAsItIs, kFormatted, kCompact };
+
 struct Options {
     std::string m_input;
     bool m_hasInput = false;
@@ -21,10 +26,10 @@ struct Options {
     BxXmlLib5::XmlEncoding m_encoding = BxXmlLib5::enc_UTF8;
     BxXmlLib5::FInfoDecl m_finfDeclaration = BxXmlLib5::fi_None;
     BxXmlLib5::CompressionType m_compression = BxXmlLib5::cmp_None;
-    bool m_formatted = true;
+    Layout m_layout = Layout::kAsItIs;
+    std::optional<std::uint64_t> m_maxSize;  // octets of the input, after decompression
     bool m_declaration = true;
     bool m_namespaces = true;
-    bool m_keepWhitespace = false;
     bool m_strict = false;
     bool m_info = false;
     bool m_help = false;

@@ -1,15 +1,26 @@
 #include "Output.h"
 
-#include "BxXmlLib5/platform/CFileReplacement.h"
 #include "Options.h"
-#include "SystemError.h"
 
 namespace BxConvert {
 
-void WriteOutput(std::string const& name, std::span<unsigned char const> octets) {
-    BxXmlLib5::CFileReplacement file(name == kStandardStream ? std::string_view("/dev/stdout") : name);
-    file.Write(octets);
-    if (int const error = file.Finish()) ThrowSystemError(error);
+namespace {
+
+void ThrowFailure(int error) {
+    if (error != 0) throw OutputFailure(error, std::generic_category());
+}
+
+}  // namespace
+
+void Output::Write(std::span<unsigned char const> octets) {
+    if (!m_file) m_file.emplace(m_name == kStandardStream ? std::string_view("/dev/stdout") : m_name);
+    m_file->Write(octets);
+    ThrowFailure(m_file->Error());
+}
+
+void Output::Finish() {
+    Write({});
+    ThrowFailure(m_file->Finish());
 }
 
 }  // namespace BxConvert

@@ -1,14 +1,36 @@
 // Where bxconvert writes to.
 #pragma once
 
-#include <span>
+#include <optional>
 #include <string>
+#include <system_error>
+
+#include "BxXmlLib5/platform/CFileReplacement.h"
+#include "Sink.h"
 
 namespace BxConvert {
 
-/// Writes octets to standard output or to a file, as CFileReplacement does: after a failure it is as it was.
-/// @param name as given on the command line
-/// @throws std::system_error
-void WriteOutput(std::string const& name, std::span<unsigned char const> octets);
+/// What went wrong where bxconvert writes to.
+class OutputFailure : public std::system_error {
+public:
+    using std::system_error::system_error;
+};
+
+/// Standard output or a file, as CFileReplacement has it: after a failure it is as it was. It is opened when the first
+/// octets come.
+///
+/// All operations throw OutputFailure.
+class Output : public Sink {
+public:
+    /// @param name as given on the command line
+    explicit Output(std::string name) : m_name(std::move(name)) {}
+
+    void Write(std::span<unsigned char const> octets) override;
+    void Finish() override;
+
+private:
+    std::string m_name;
+    std::optional<BxXmlLib5::CFileReplacement> m_file;
+};
 
 }  // namespace BxConvert

@@ -1,4 +1,4 @@
-// bxconvert: reads any XML document into untyped content and writes it again, in any form.
+// bxconvert: reads any XML document and writes it again, in any form, piece by piece.
 
 #include <csignal>
 #include <cstdio>
@@ -9,11 +9,9 @@
 
 #include "BxXmlLib5/core/CBxException.h"
 #include "Conversion.h"
-#include "Octets.h"
 #include "OneLine.h"
 #include "Options.h"
 #include "Output.h"
-#include "Statistics.h"
 #include "common/CommandLine.h"
 
 namespace BxConvert {
@@ -29,17 +27,19 @@ void Report(std::string const& line) {
     std::fputs(("bxconvert: " + OneLine(line) + "\n").c_str(), stderr);
 }
 
-/// Runs a step that has to do with a file; false, with a line on standard error, if it fails.
+/// Runs a step; false, with a line on standard error, if it fails.
 template <class Step>
-bool Try(std::string const& file, Step step) {
-    auto const report = [&file](std::string const& what) { Report(file + ": " + what); };
+bool Try(std::string const& input, std::string const& output, Step step) {
+    auto const report = [&input](std::string const& what) { Report(input + ": " + what); };
     try {
         step();
         return true;
     } catch (CBxException const& failure) {
-        Report(ToUtf8(failure.GetReport(FromUtf8(file))));
+        Report(ToUtf8(failure.GetReport(FromUtf8(input))));
     } catch (std::bad_alloc const&) {
         report("not enough memory");
+    } catch (OutputFailure const& failure) {
+        Report(output + ": " + failure.code().message());
     } catch (std::system_error const& failure) {
         report(failure.code().message());
     } catch (std::runtime_error const& failure) {
@@ -48,23 +48,24 @@ bool Try(std::string const& file, Step step) {
     return false;
 }
 
+void Print(std::string const& text, Sink& sink) {
+    sink.Write({reinterpret_cast<unsigned char const*>(text.data()), text.size()});
+    sink.Finish();
+}
+
 ExitStatus Run(Options const& options) {
     std::string const input = options.m_input == kStandardStream ? "standard input" : options.m_input;
-    std::string const output = options.m_output == kStandardStream ? "standard output" : options.m_output;
-    Statistics statistics;
-    CBinaryData result;
-    if (options.m_help) {
-        result = OctetsOf(HelpText());
-    } else if (options.m_version) {
-        result = OctetsOf("bxconvert " BXCONVERT_VERSION "\n");
-    } else if (!Try(input, [&] { result = Convert(options, statistics); })) {
-        return kFailed;
-    }
-    if (!Try(output, [&] { WriteOutput(options.m_output, result.GetOctets()); })) return kFailed;
-    if (statistics.m_mixed > 0 && !options.m_info) {
-        Report(input + ": warning: mixed content, text moved behind the children in " +
-               InElements(statistics.m_mixed));
-    }
+    std::string const outputName = options.m_output == kStandardStream ? "standard output" : options.m_output;
+    Output output(options.m_output);
+    Losses losses;
+    bool const succeeded = Try(input, outputName, [&] {
+        if (options.m_help) return Print(HelpText(), output);
+        if (options.m_version) return Print("bxconvert " BXCONVERT_VERSION "\n", output);
+        losses = Convert(options, output);
+    });
+    if (!succeeded) return kFailed;
+    std::string const lost = losses.ToText();
+    if (!lost.empty()) Report(input + ": warning: " + NotKept(options, lost));
     return kSuccess;
 }
 

@@ -94,8 +94,10 @@ constexpr Option kOptions[] = {
     {"--werror",        "",          "a warning makes the run fail",                                  SetMessages<&Diagnostics::Options::m_warningsAreErrors>},
     {"--all-warnings",  "",          "show every warning, not one of each kind",                      SetMessages<&Diagnostics::Options::m_allWarnings>},
     {"-q",              "",          "show errors only",                                              SetMessages<&Diagnostics::Options::m_quiet>},
-    {"--version",       "",          "print the version",                                             Set<&Options::m_version, true>},
-    {"--help",          "",          "print this text",                                               Set<&Options::m_help, true>},
+    {"-V",              "",          "print the version",                                             Set<&Options::m_version, true>},
+    {"--version",       "",          "the same",                                                      Set<&Options::m_version, true>},
+    {"-h",              "",          "print this text",                                               Set<&Options::m_help, true>},
+    {"--help",          "",          "the same",                                                      Set<&Options::m_help, true>},
 };
 // clang-format on
 
@@ -113,6 +115,8 @@ constexpr char kNotes[] =
 
 void TakeSchema(Options& options, std::string_view name) {
     if (name.empty()) throw UsageError("SCHEMA is empty");
+    if (name == "-")
+        throw UsageError("SCHEMA is '-', but what a schema includes is looked for beside its file");
     options.m_schemas.emplace_back(name);
 }
 

@@ -28,7 +28,7 @@ struct Option {
 };
 
 /// For an option that takes nothing.
-template <class Options, auto Member, bool value = true>
+template <class Options, auto Member, auto value = true>
 bool Set(Options& options, std::string_view) {
     options.*Member = value;
     return true;

@@ -152,7 +152,7 @@ public:
     void FromXmlStream(unsigned char const* data, std::size_t size, CXmlSerializationContext const& context);
     /// @}
 
-    /// Reads the object from an element, which stays the caller's.
+    /// Reads the object from an element, which stays the caller's. The path of a failure begins at the element.
     /// @param element not null
     void FromXmlElement(CXmlElement const* element, CXmlSerializationContext& context);
 

@@ -27,6 +27,13 @@ struct CWildcard;
 /// may copy one element that none of them changes. Elements that were read together lie in blocks of memory, up
 /// to 64 KiB, and a block goes with the last of them. A null text is the empty text, except where a constructor
 /// refuses it.
+///
+/// Of whole documents, the element is the root, unlike for what FromXmlFile(), FromXmlStream() and the like read. A new
+/// one is made by each Load, of all that is below it, and a document that breaks off is refused.
+///
+///     CSmartPtr<CElement> const feed = CElement::Load("feed.xml");
+///     for (CElement* entry : feed->Children(u"entry")) Use(entry->Find(u"title"), entry->GetAttribute(u"id"));
+///     feed->Save("feed.xml");
 class BXXMLLIB5_API CElement : public CXmlObjectBase, public CInstanceMonitor {
 public:
     /// An element in no namespace.
@@ -34,8 +41,8 @@ public:
     explicit CElement(char16_t const* name);
 
     /// @param ns a concrete namespace, which is also the restriction
-    /// @throws CBxInvalidNamespaceException if name or ns is null or ns is one of ##any, ##other, ##local,
-    ///        ##targetNamespace
+    /// @throws CBxInvalidNamespaceException if name or ns is null or ns is one of `##any`, `##other`, `##local`,
+    ///        `##targetNamespace`
     CElement(char16_t const* name, char16_t const* ns);
 
     /// @param namespaceRestriction as for CXmlObjectBase::IsNamespaceValid
@@ -49,19 +56,17 @@ public:
     /// @throws CBxException for what ToXmlStream() and CXmlDocument throw
     explicit CElement(CXmlObjectBase* object);
 
+    /// @{
+    /// Copies name, text, namespace and restriction, and shares the two collections: what is added to those
+    /// of one is in the other.
     CElement(CElement const& other);
     CElement& operator=(CElement const& other);
+    /// @}
     ~CElement() override;
 
-    /// @name Whole documents
-    /// The element is the root, unlike for what FromXmlFile(), FromXmlStream() and the like read. A new one is made by
-    /// each Load, of all that is below it, and a document that breaks off is refused.
-    ///
-    ///     CSmartPtr<CElement> const feed = CElement::Load("feed.xml");
-    ///     for (CElement* entry : feed->Children(u"entry")) Use(entry->Find(u"title"), entry->GetAttribute(u"id"));
-    ///     feed->Save("feed.xml");
-    /// @{
+    // Whole documents.
 
+    /// @{
     /// Reads a file: XML text in any encoding that CXmlDocument reads, or Fast Infoset, either as such or
     /// compressed.
     /// @param path in UTF-8 if it is one of octets
@@ -71,7 +76,9 @@ public:
                                                                CXmlSerializationContext::GetDefaultContext());
     static CSmartPtr<CElement> Load(char16_t const* path, CXmlSerializationContext const& context =
                                                               CXmlSerializationContext::GetDefaultContext());
+    /// @}
 
+    /// @{
     /// Reads a document in memory: octets as from a file, or a zero-terminated UTF-16 text.
     static CSmartPtr<CElement> LoadXml(
         std::string_view document,
@@ -85,7 +92,9 @@ public:
     static CSmartPtr<CElement> LoadXmlStream(
         unsigned char const* data, std::size_t size,
         CXmlSerializationContext const& context = CXmlSerializationContext::GetDefaultContext());
+    /// @}
 
+    /// @{
     /// Writes a file of XML text in UTF-8. One of that name is replaced, but only once the new one is whole
     /// (CFileReplacement): whatever fails leaves it as it was. Without a context, what no parser would read is
     /// refused (CXmlSerializationContext::SetCheckWellFormed).
@@ -99,49 +108,64 @@ public:
 
     CXmlObjectBase* GetBase() override;
     using CXmlObjectBase::GetBase;
+    /// The namespace; empty for none.
     wstring GetNamespace() const override;
 
+    /// The local name.
     wstring GetName() const { return m_name.Get(); }
+    /// Sets the local name, without testing it.
     void SetName(char16_t const* name);
+    /// The text beside the children, in one piece.
     wstring GetText() const { return m_text; }
+    /// Sets the text, which is written behind the children.
     void SetText(char16_t const* text);
+    /// Sets the namespace; empty for none.
     /// Tests nothing.
     void SetNamespace(char16_t const* ns);
 
+    /// @{
     /// The collections themselves, never null.
     CSmartPtr<CAttributeCol> GetAttributes();
     CSmartPtr<CElementCol> GetChildElements();
+    /// @}
 
+    /// @{
     /// The same for an element that is not to be changed. Where nobody has asked for the collection itself,
     /// it is an empty one that such elements share.
     CAttributeCol const* GetAttributes() const;
     CElementCol const* GetChildElements() const;
+    /// @}
 
-    /// @name What has a name
-    /// Children without a namespace told are those in the element's own one.
+    // What has a name.
+
     /// @{
-
-    /// The first child of this name, null if there is none.
+    /// The first child of this name, null if there is none; in the namespace of the element itself if none is told.
     CElement* Find(char16_t const* name);
     CElement const* Find(char16_t const* name) const;
     CElement* Find(char16_t const* name, char16_t const* ns);
     CElement const* Find(char16_t const* name, char16_t const* ns) const;
+    /// @}
 
-    /// The children of this name, for a loop. They may be changed meanwhile, but not taken out.
+    /// @{
+    /// The children of this name, for a loop; in the namespace of the element itself if none is told. They may be
+    /// changed meanwhile, but not taken out.
     CNamedElements<CElement> Children(char16_t const* name);
     CNamedElements<CElement const> Children(char16_t const* name) const;
     CNamedElements<CElement> Children(char16_t const* name, char16_t const* ns);
     CNamedElements<CElement const> Children(char16_t const* name, char16_t const* ns) const;
+    /// @}
 
+    /// @{
     /// The attribute of this name, null if there is none.
     CAttribute* FindAttribute(char16_t const* name, char16_t const* ns = u"");
     CAttribute const* FindAttribute(char16_t const* name, char16_t const* ns = u"") const;
+    /// @}
 
     /// The value of an attribute, or another one if it is not there.
     wstring GetAttribute(char16_t const* name, char16_t const* missing = u"", char16_t const* ns = u"") const;
 
+    /// Whether the element has this local name and this namespace.
     bool HasName(std::u16string_view name, std::u16string_view ns) const;
-    /// @}
 
     /// Tests the element, its attributes and all below against a restriction; stores nothing.
     /// @throws CBxInvalidNamespaceException at the first offence
@@ -158,6 +182,7 @@ public:
     using CXmlObjectBase::FromXml;
 
 protected:
+    /// Takes name, namespace and restriction as the constructor does, and drops the rest.
     void Init(char16_t const* name, char16_t const* ns, char16_t const* namespaceRestriction,
               char16_t const* targetNamespace);
 
@@ -174,9 +199,12 @@ protected:
     using CXmlObjectBase::FromXml_Int;
     using CXmlObjectBase::ToXml_Int;
 
+    /// @{
+    /// Do nothing: an element has no listeners.
     void FireOnChangeName(char16_t const* name);
     void FireOnChangeNamespace(char16_t const* ns);
     void FireOnChangeText(char16_t const* text);
+    /// @}
 
 private:
     template <class>

@@ -35,7 +35,7 @@ public:
     /// @}
     ~CElementCol() override;
 
-    /// The default namespace of elements that are added without one.
+    /// The target namespace that the collection was made with.
     wstring GetNamespace() const override;
 
     /// Appends a new element.

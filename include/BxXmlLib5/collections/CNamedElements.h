@@ -18,28 +18,39 @@ namespace BxXmlLib5 {
 template <class T>
 class CNamedElements {
 public:
+    /// Walks the children of the name, as pointers that are not null.
     class Iterator {
     public:
+        /// @{
+        /// What the standard asks of a forward iterator.
         using iterator_category = std::forward_iterator_tag;
         using value_type = T*;
         using difference_type = std::ptrdiff_t;
         using pointer = T* const*;
         using reference = T*;
+        /// @}
 
+        /// Behind the last child.
         Iterator() = default;
 
+        /// @{
+        /// The child.
         T* operator*() const { return m_item; }
         T* operator->() const { return m_item; }
+        /// @}
+        /// Goes on to the next child of the name.
         Iterator& operator++() {
             m_node = m_node->m_next;
             Settle();
             return *this;
         }
+        /// Goes on to the next child of the name. @return where it was
         Iterator operator++(int) {
             Iterator const before = *this;
             ++*this;
             return before;
         }
+        /// Whether both are at the same child.
         bool operator==(Iterator const& other) const { return m_node == other.m_node; }
 
     private:
@@ -61,8 +72,12 @@ public:
         T* m_item = nullptr;
     };
 
+    /// @{
+    /// The children in document order.
     Iterator begin() const { return {m_first, this}; }
     Iterator end() const { return {}; }
+    /// @}
+    /// Whether there is none.
     bool empty() const { return begin() == end(); }
 
 private:

@@ -11,8 +11,9 @@ namespace BxXmlLib5 {
 /// A place in a document: the path of an element or attribute, and the line and column where it is known.
 ///
 /// A path leads from the root by local names, as in `/gpx/trk/trkseg[2]/trkpt[17]/ele`. A name has a position,
-/// counted from 1 among the children of that local name, where its parent has several of them. An attribute is
-/// the last step and begins with an at sign, as in `/gpx/wpt[3]/@lat`.
+/// counted from 1 among the children of that local name, where its parent has several of them; in a document that
+/// is being written, where it is the second or a later one, or an item of a collection that has several. An
+/// attribute is the last step and begins with an at sign, as in `/gpx/wpt[3]/@lat`.
 class BXXMLLIB5_API CBxLocation {
 public:
     /// A place that is not known.

@@ -31,8 +31,7 @@ public:
 
     /// The name without a prefix.
     wstring const& GetLocalName() const { return m_name->m_localName; }
-    /// The value, normalised as XML 1.0, 3.3.3, has it for an attribute of no declared type. The first call
-    /// makes a string of it.
+    /// The value. The first call makes a string of it; GetValueView() makes none.
     wstring const& GetValue() const;
     /// The value without making a string of it.
     std::u16string_view GetValueView() const { return m_value.View(); }

@@ -39,24 +39,33 @@ public:
     /// @param schemaType st_NoNamespaces switches the processing of namespaces off: names keep their
     ///        prefixes, and xmlns attributes are attributes like any other
     explicit CXmlDocument(SchemaType schemaType = st_Default);
+    /// @{
+    /// A document cannot be copied: its tree points into it.
     CXmlDocument(CXmlDocument const&) = delete;
     CXmlDocument& operator=(CXmlDocument const&) = delete;
+    /// @}
     virtual ~CXmlDocument();
 
+    /// @{
     /// Whether loads refuse an input of which something would be lost unseen: one that breaks off inside an element,
     /// and one that refers to entities that it does not declare, as it may where its document type lies in another
     /// file. They do not at first. The tree of what is refused is there nevertheless.
     bool GetRequireWholeDocument() const { return m_requireWholeDocument; }
     void SetRequireWholeDocument(bool value) { m_requireWholeDocument = value; }
+    /// @}
 
+    /// @{
     /// Whether text may be in any encoding that the system's iconv knows, besides those of Expat. It may not at first.
     /// What those encodings are, and how safe it is to have octets of strangers converted, is the system's business.
     bool GetSystemEncodings() const { return m_systemEncodings; }
     void SetSystemEncodings(bool value) { m_systemEncodings = value; }
+    /// @}
 
+    /// @{
     /// Of the loads to come.
     CDocumentLimits const& GetLimits() const { return m_limits; }
     void SetLimits(CDocumentLimits const& limits) { m_limits = limits; }
+    /// @}
 
     /// Loads a regular file.
     /// @throws CBxException also if it cannot be opened or read
@@ -86,10 +95,12 @@ public:
     /// The name of the first such entity, empty if there is none.
     wstring const& GetFirstSkippedEntity() const { return m_firstSkippedEntity; }
 
+    /// @{
     /// What the last load took its input for: a zlib or gzip stream, and Fast Infoset, in that stream or as
     /// such.
     bool IsCompressed() const { return m_isCompressed; }
     bool IsFastInfoset() const { return m_isFastInfoset; }
+    /// @}
 
     /// The namespace that was last declared under this alias, anywhere in the document, or the empty text.
     /// The empty alias is the default namespace.

@@ -21,11 +21,16 @@ class CXmlDocument;
 /// kept.
 class BXXMLLIB5_API CXmlElement : public CInstanceMonitor {
 public:
+    /// @{
+    /// The document owns the element.
     CXmlElement(CXmlElement const&) = delete;
     CXmlElement& operator=(CXmlElement const&) = delete;
+    /// @}
     virtual ~CXmlElement();
 
+    /// The name without a prefix.
     wstring const& GetLocalName() const { return m_name->m_localName; }
+    /// The namespace.
     /// Empty for no namespace.
     wstring const& GetNamespaceURI() const { return m_name->m_namespaceUri; }
 
@@ -35,16 +40,20 @@ public:
     /// The text without making a string of it.
     std::u16string_view GetTextView() const { return m_text.View(); }
 
+    /// The first child element.
     /// Null if there is none.
     CXmlElement* GetFirstElement() const { return m_firstChild; }
+    /// The next element of the same parent.
     /// Null if there is none.
     CXmlElement* GetNextSiblingElement() const { return m_nextSibling; }
+    /// The document that owns the element, never null.
     CXmlDocument const* GetDocument() const { return m_document; }
 
     /// The line of the text on which the element's tag begins, 1 for the first one; 0 where there are no lines, as
     /// in Fast Infoset. An element that an entity stands for has the line of the outermost reference.
     std::size_t GetLine() const { return m_line; }
 
+    /// The attributes, which the document owns.
     /// In document order.
     std::vector<CXmlAttribute*> const& GetAttributes() const { return *m_attributes; }
 

@@ -65,7 +65,7 @@ public:
     }
 
 private:
-    V m_value{};
+    [[no_unique_address]] V m_value{};  // so that the flag may stand in its padding
     bool m_has = false;
 };
 

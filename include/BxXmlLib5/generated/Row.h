@@ -25,6 +25,12 @@ class CObject;
 /// No maximum of occurrences.
 inline constexpr int kMany = -1;
 
+/// The default or fixed value of an element that is an object, or untyped. A property of simple type has its own.
+struct ElementValue {
+    char16_t const* text = nullptr;  ///< null for none
+    bool isFixed = false;            ///< whether the element may have no other
+};
+
 /// One line of a class's description.
 struct Row {
     /// What the row says; named for the function or constant that makes it.
@@ -46,6 +52,7 @@ struct Row {
         MayBeNil,      ///< MayBeNil
         Block,         ///< Blocks()
         OwnType,       ///< OwnType
+        RootValue,     ///< RootValue
     };
 
     /// What the row says.
@@ -70,6 +77,8 @@ struct Row {
     unsigned char derivation = 0;
     /// A type that restricts the one of the property: values are tested against it too.
     SimpleType const* narrowed = nullptr;
+    /// Set by Defaulting() and Fixing().
+    ElementValue value = {};
 };
 
 /// The start of a model group, which goes on to the End that belongs to it. As it stands it occurs once;
@@ -126,6 +135,22 @@ constexpr Row Narrowed(Row row) {
     row.narrowed = &SimpleTypeOf<S>::kType;
     return row;
 }
+
+/// An element that stands for a text where it is there and empty, whose property is an object or untyped:
+/// `Bx::Defaulting(Bx::Element<&COrder::Note>(u"note"), u"none")`.
+constexpr Row Defaulting(Row row, char16_t const* text) {
+    row.value = {text, false};
+    return row;
+}
+
+/// The same for a text that is the only one that the element may have; nor may it be nil.
+constexpr Row Fixing(Row row, char16_t const* text) {
+    row.value = {text, true};
+    return row;
+}
+
+/// Says the same of the class of a root: `Bx::Fixing(Bx::RootValue, u"1.0")`.
+inline constexpr Row RootValue{Row::Kind::RootValue};
 
 /// Says of the class of a root that it is its own type, which derives from that of its base: without, the type is that of
 /// its base.

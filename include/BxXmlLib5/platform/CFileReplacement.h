@@ -26,10 +26,14 @@ class BXXMLLIB5_API CFileReplacement {
 public:
     /// @param path as the system has it, which is UTF-8 as a rule
     explicit CFileReplacement(std::string_view path);
+    /// @{
+    /// The new file belongs to one object.
     CFileReplacement(CFileReplacement const&) = delete;
     CFileReplacement& operator=(CFileReplacement const&) = delete;
+    /// @}
     ~CFileReplacement();
 
+    /// Adds octets at the end of the new file.
     void Write(std::span<unsigned char const> octets);
 
     /// Puts the new file into its place; without it the file is dropped.

@@ -39,7 +39,7 @@ public:
     /// @throws CBxException if an element is open
     virtual void WriteEndDocument();
 
-    /// @param text written as it stands between the delimiters
+    /// @param text without the delimiters; XML text has it with the escapes of text, Fast Infoset not at all
     virtual void WriteComment(wstring const& text) = 0;
     /// @param text the complete instruction with its delimiters
     virtual void WriteProcessingInstruction(wstring const& text) = 0;

@@ -6,6 +6,7 @@
 #include <memory>
 #include <system_error>
 
+#include "common/RemovedOnSignal.h"
 #include "xml/File.h"
 #include "xml/QName.h"
 
@@ -39,6 +40,7 @@ int Replace(OutputFile const& file) {
     if (std::filesystem::exists(status) && !std::filesystem::is_regular_file(status))
         return WriteOctets(file.m_path, file.m_content);
     std::string const temporary = file.m_path + ".tmp";
+    CommandLine::RemovedOnSignal const removed(temporary);
     int failure = WriteOctets(temporary, file.m_content);
     if (failure == 0 && std::rename(temporary.c_str(), file.m_path.c_str()) != 0) failure = errno;
     if (failure != 0) std::remove(temporary.c_str());

@@ -50,6 +50,10 @@ std::string SourceEmitter::Row(ClassPlan const& owner, RowPlan const& row) {
     }
     if (row.m_isNillable) text = "Bx::Nillable(" + text + ')';
     if (row.m_narrowed) text = "Bx::Narrowed<" + m_references.Type(*row.m_narrowed) + ">(" + text + ')';
+    if (row.m_value) {
+        text = (row.m_value->m_isFixed ? "Bx::Fixing(" : "Bx::Defaulting(") + text + ", " +
+               TextLiteral(row.m_value->m_text) + ')';
+    }
     if (row.m_blocked != 0) text = "Bx::Blocking(" + text + ", " + WaysText(row.m_blocked) + ')';
     return std::string(4 + 4 * static_cast<std::size_t>(row.m_depth), ' ') + text + ",\n";
 }

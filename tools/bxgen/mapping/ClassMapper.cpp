@@ -280,12 +280,6 @@ void ClassMapper::AddNil(ClassFacts& facts) {
 }
 
 void ClassMapper::AddAnything(ElementDeclaration const& element, ClassFacts& facts) {
-    if (element.m_value) {
-        m_mapping.m_diagnostics.Warning(
-            element.m_place, "default",
-            "the default or fixed value of " + Quoted(element.m_name.m_local) +
-                " is not used, since the element is of any type; set it in your program");
-    }
     PropertyPlan elements;
     elements.m_name = facts.m_names.Take("Any");
     elements.m_type = Text("Bx::AnyElements");
@@ -310,6 +304,12 @@ void ClassMapper::FillFromElement(ElementDeclaration const& element, ClassFacts&
     } else {
         AddAnything(element, facts);
     }
+    // The property of a simple type has its own, which does not know of nil.
+    if (element.m_isNillable || element.m_type->AsSimple() == nullptr) AddRootValue(element, facts);
+}
+
+void ClassMapper::AddRootValue(ElementDeclaration const& element, ClassFacts& facts) {
+    if (element.m_value) AddRow(facts, "RootValue").m_value = PlanOf(*element.m_value);
 }
 
 void ClassMapper::Root(ElementDeclaration const& element) {
@@ -325,6 +325,7 @@ void ClassMapper::Root(ElementDeclaration const& element) {
         plan.m_documentation = std::move(own);
         if (plan.m_baseClass != nullptr) AddRow(*m_facts.at(&plan), "OwnType");
         if (element.m_isNillable) AddRow(*m_facts.at(&plan), "MayBeNil");
+        AddRootValue(element, *m_facts.at(&plan));
         return;
     }
     ClassFacts& facts = NewFacts(plan, isOfClass ? &Class(*complex) : nullptr);
@@ -333,6 +334,7 @@ void ClassMapper::Root(ElementDeclaration const& element) {
     if (isOfClass) {
         plan.m_base = BaseExpression(facts);
         AddRow(facts, "Inherit").m_class = facts.m_base->m_plan;
+        AddRootValue(element, facts);
     } else {
         FillFromElement(element, facts);
     }

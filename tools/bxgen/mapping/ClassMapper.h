@@ -46,6 +46,7 @@ private:
     void AddAnyAttribute(Wildcard const& wildcard, ClassFacts& facts);
     void AddNil(ClassFacts& facts);
     void AddAnything(ElementDeclaration const& element, ClassFacts& facts);
+    void AddRootValue(ElementDeclaration const& element, ClassFacts& facts);
     void FillFromElement(ElementDeclaration const& element, ClassFacts& facts);
 
     /// Rows over the properties of the base.

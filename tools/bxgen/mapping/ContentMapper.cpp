@@ -328,13 +328,19 @@ bool ContentMapper::HasValue(Draft const& draft) {
                                [](ContentNode const* node) { return node->Element()->m_value.has_value(); });
 }
 
+bool ContentMapper::HasDefault(Draft const& draft) {
+    return std::ranges::any_of(draft.m_nodes, [](ContentNode const* node) {
+        auto const& value = node->Element()->m_value;
+        return value && !value->m_isFixed;
+    });
+}
+
 void ContentMapper::WarnOfValue(Draft const& draft) const {
     ContentNode const& first = *draft.m_nodes[0];
     m_classes.m_mapping.m_diagnostics.Warning(
         first.m_particle->m_place, "default",
         "the default or fixed value of " + Quoted(first.Element()->m_name.m_local) +
-            " is not used, since the element may be nil, is of any type or has others elsewhere; set it in your "
-            "program");
+            " is not used, since the element is of any type or has others elsewhere in this content; set it in your program");
 }
 
 void ContentMapper::MakeElement(Draft const& draft, PropertyFacts& property, TypeExpression& type) {
@@ -350,7 +356,7 @@ void ContentMapper::MakeElement(Draft const& draft, PropertyFacts& property, Typ
     if (alternatives.size() > 1 || alternatives[0] != &element)
         return MakeObject(alternatives, isRepeated, property, type);
     if (element.m_type->IsAnyType()) {
-        if (HasValue(draft)) WarnOfValue(draft);
+        if (HasDefault(draft)) WarnOfValue(draft);
         property.m_isNillable = false;
         property.m_shape = isRepeated ? Shape::kAnyElements : Shape::kAnyElement;
         type.m_text = isRepeated ? "Bx::AnyElements" : "Bx::AnyElement";
@@ -389,7 +395,7 @@ void ContentMapper::MakeValue(Draft const& draft, SimpleType const& simple, bool
                            other->m_isFixed == element.m_value->m_isFixed));
     });
     bool const isConstrained = element.m_value && isAlike && !property.m_isNillable;
-    if (HasValue(draft) && !isConstrained) WarnOfValue(draft);
+    if (HasValue(draft) && !isConstrained && !property.m_isNillable) WarnOfValue(draft);
     if (property.m_isNillable) {
         property.m_shape = isRepeated ? Shape::kCollection : Shape::kObject;
         type = {isRepeated ? "Bx::Collection" : "Bx::Object",
@@ -486,9 +492,11 @@ void ContentMapper::AddElementRow(ElementDeclaration const& element, PropertyFac
                                   Occurs const& occurs, int depth) {
     RowPlan& row = AddRow(depth, "Element", property.m_name);
     bool const isObject = property.m_shape == Shape::kObject || property.m_shape == Shape::kCollection;
+    bool isWrapped = false;
     if (isObject && !(property.m_class == nullptr && property.m_isNillable)) {
         auto const* const complex = element.m_type->AsComplex();
         bool const hasClass = complex != nullptr && !complex->IsAnyType();
+        isWrapped = !hasClass;
         ClassPlan const* const plan =
             hasClass ? &m_classes.m_names.ClassOf(*complex) : m_classes.Wrapper(element).m_plan;
         if (Resolved(plan) != Resolved(property.m_class)) row.m_class = plan;
@@ -501,6 +509,10 @@ void ContentMapper::AddElementRow(ElementDeclaration const& element, PropertyFac
     if (element.m_name.m_namespace.empty()) m_classes.m_mapping.m_plan.m_hasDefaultNamespace = false;
     bool const isValue = property.m_shape == Shape::kValue || property.m_shape == Shape::kValues;
     row.m_isNillable = element.m_isNillable && !isValue;
+    // Untyped elements are read as they are: an empty one stays empty.
+    bool const takesNone =
+        isValue || isWrapped || (!isObject && element.m_value && !element.m_value->m_isFixed);
+    if (element.m_value && !takesNone) row.m_value = PlanOf(*element.m_value);
     row.m_blocked = BlockedWays(element);
     if (isValue && element.m_type != property.m_type)
         row.m_narrowed = m_classes.m_simples.Expression(*element.m_type->AsSimple());

@@ -39,6 +39,7 @@ private:
     PropertyKey KeyOf(ContentNode const& node) const;
     void MakeProperty(Draft const& draft);
     static bool HasValue(Draft const& draft);
+    static bool HasDefault(Draft const& draft);
     void WarnOfValue(Draft const& draft) const;
     void MakeElement(Draft const& draft, PropertyFacts& property, TypeExpression& type);
     void MakeObject(std::vector<ElementDeclaration const*> const& alternatives, bool isRepeated,

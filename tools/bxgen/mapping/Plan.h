@@ -49,6 +49,12 @@ struct WaysArgument {
 using RowArgument = std::variant<std::string, NamespaceArgument, int, WaysArgument>;
 inline constexpr int kMany = -1;  ///< as a number: no maximum
 
+/// The default or fixed value of an element that is an object, or untyped.
+struct ElementValuePlan {
+    std::string m_text;
+    bool m_isFixed;
+};
+
 /// A line of a class's table. Kinds are the names of the kit.
 struct RowPlan {
     int m_depth = 0;
@@ -57,6 +63,7 @@ struct RowPlan {
     Symbol const* m_class = nullptr;  ///< a class as (further) argument of the template
     std::vector<RowArgument> m_arguments;
     bool m_isNillable = false;
+    std::optional<ElementValuePlan> m_value;
     int m_blocked = 0;                         ///< ways of derivation, as bits
     std::optional<TypeExpression> m_narrowed;  ///< a simple type that its values are tested against too
 };

@@ -14,6 +14,10 @@
 
 namespace BxGen {
 
+inline ElementValuePlan PlanOf(ValueConstraint const& value) {
+    return {std::string(value.m_value), value.m_isFixed};
+}
+
 /// What a property stands for: an element, an attribute, a wildcard, a group.
 struct PropertyKey {
     enum class Kind { kElement, kAttribute, kAny, kAnyAttribute, kItems, kText, kNil };

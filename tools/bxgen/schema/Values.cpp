@@ -294,9 +294,8 @@ std::partial_ordering Compare(Duration const& left, Duration const& right) {
     static constexpr std::int64_t kMostMonths = 1'000'000'000'000;
     std::optional<std::partial_ordering> order;
     for (auto const& [year, month] : kStarts) {
-        auto const end = [year = year, month = month](Duration const& duration) {
-            std::int64_t const months =
-                year * 12 + month - 1 + std::clamp(duration.m_months, -kMostMonths, kMostMonths);
+        auto const end = [start = year * 12 + month - 1](Duration const& duration) {
+            std::int64_t const months = start + std::clamp(duration.m_months, -kMostMonths, kMostMonths);
             std::int64_t const years = months >= 0 ? months / 12 : (months - 11) / 12;
             return static_cast<double>(DaysOf(years, months - years * 12 + 1, 1)) * 86400 +
                    duration.m_seconds;

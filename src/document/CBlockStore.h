@@ -1,0 +1,39 @@
+// Memory for the blocks that a tree lies in.
+#pragma once
+
+#include <cstddef>
+#include <cstdlib>
+#include <memory>
+#include <vector>
+
+namespace BxXmlLib5 {
+
+/// Blocks that are freed together. Those of a large document come from chunks of large pages, which the kernel
+/// gives by one fault where small ones take 512.
+class CBlockStore {
+public:
+    /// The most octets of a block.
+    static constexpr std::size_t kLargest = 64 * 1024;
+
+    /// @param octets up to kLargest
+    /// @return memory for objects of any type, until Clear()
+    void* Allocate(std::size_t octets);
+
+    void Clear();
+
+private:
+    struct Free {
+        void operator()(void* memory) const { std::free(memory); }
+    };
+    using Memory = std::unique_ptr<std::byte, Free>;
+
+    void Add(void* memory);
+
+    std::vector<Memory> m_memory;
+    std::byte* m_next = nullptr;  // in the last chunk
+    std::size_t m_left = 0;
+    std::size_t m_chunk = 0;  // octets of the last chunk
+    std::size_t m_small = 0;  // octets in blocks of their own
+};
+
+}  // namespace BxXmlLib5

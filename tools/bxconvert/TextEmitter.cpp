@@ -1,0 +1,208 @@
+#include "TextEmitter.h"
+
+#include "platform/Utf.h"
+#include "platform/Utf16Octets.h"
+#include "platform/XmlCharacters.h"
+
+namespace BxConvert {
+
+using namespace BxXmlLib5;
+
+namespace {
+
+[[noreturn]] void ThrowUnwritable() {
+    throw std::runtime_error("a name or a text has characters that XML text cannot have");
+}
+
+}  // namespace
+
+TextEmitter::TextEmitter(Sink& sink, Options const& options) : Emitter(sink), m_options(options) {
+    if (options.m_encoding == enc_UTF8) m_text.ConvertAsItGrows();
+}
+
+void TextEmitter::Begin(bool isFastInfoset) {
+    m_isFastInfoset = isFastInfoset;
+    if (m_options.m_encoding == enc_UTF16) m_sink.Write(kByteOrderMark);
+    if (!m_options.m_declaration) return;
+    Append(u"<?xml version=\"1.0\" encoding=\"");
+    Append(m_options.m_encoding == enc_UTF16 ? u"UTF-16" : u"UTF-8");
+    Append(u"\"?>");
+    Append(LineEnd(m_options.m_eol));
+}
+
+void TextEmitter::Finish() {
+    if (m_options.m_layout != Layout::kCompact) Append(LineEnd(m_options.m_eol));
+    Flush();
+}
+
+void TextEmitter::StartElement(DocumentElement const& element) {
+    CloseTag();
+    m_prefixes.Start(element);
+    m_hasRoot = true;
+    m_open.push_back(m_names.size());
+    if (!m_prefixes.OfElement().empty()) m_names.append(m_prefixes.OfElement()).append(u":");
+    m_names += element.m_name.m_localName;
+    TestName(element.m_name.m_localName);
+    Append(u"<");
+    Append(std::u16string_view(m_names).substr(m_open.back()));
+    for (auto const& [prefix, ns] : m_prefixes.Declarations()) {
+        Append(prefix.empty() ? u" xmlns" : u" xmlns:");
+        Append(prefix);
+        Append(u"=\"");
+        TestCharacters(ns);
+        m_text.AppendExactValue(ns);
+        Append(u"\"");
+    }
+    AppendAttributes(element);
+    m_isTagOpen = true;
+    FlushSlice();
+}
+
+void TextEmitter::AppendAttributes(DocumentElement const& element) {
+    auto prefix = m_prefixes.OfAttributes().begin();
+    for (DocumentAttribute const& attribute : element.m_attributes) {
+        bool const isInDocumentType = m_hasDocumentType && !attribute.m_isSpecified;
+        if (!isInDocumentType) {
+            TestName(attribute.m_name->m_localName);
+            TestCharacters(attribute.m_value);
+            Append(u" ");
+            AppendName(*prefix, attribute.m_name->m_localName);
+            Append(u"=\"");
+            m_text.AppendExactValue(attribute.m_value);
+            Append(u"\"");
+        }
+        ++prefix;
+    }
+}
+
+void TextEmitter::AddText(std::u16string_view text) {
+    if (text.empty()) return;
+    CloseTag();
+    TestCharacters(text);
+    m_text.AppendExactContent(text, m_options.m_eol);
+    FlushSlice();
+}
+
+void TextEmitter::EndElement() {
+    if (m_isTagOpen) {
+        Append(u"/>");
+        m_isTagOpen = false;
+    } else {
+        Append(u"</");
+        Append(std::u16string_view(m_names).substr(m_open.back()));
+        Append(u">");
+    }
+    m_names.resize(m_open.back());
+    m_open.pop_back();
+    m_prefixes.End();
+}
+
+void TextEmitter::AddComment(std::u16string_view text) {
+    if (m_isFastInfoset) {
+        TestCharacters(text);
+        if (text.find(u"--") != text.npos || text.ends_with(u'-') || text.find(u'\r') != text.npos)
+            ThrowUnwritable();
+    }
+    StartOutside();
+    Append(u"<!--");
+    AppendLines(text);
+    Append(u"-->");
+    EndOutside();
+}
+
+void TextEmitter::AddInstruction(std::u16string_view target, std::u16string_view content) {
+    if (m_isFastInfoset) {
+        TestName(target);
+        TestCharacters(content);
+        if (content.find(u"?>") != content.npos || content.find(u'\r') != content.npos) ThrowUnwritable();
+    }
+    StartOutside();
+    Append(u"<?");
+    Append(target);
+    if (!content.empty()) Append(u" ");
+    AppendLines(content);
+    Append(u"?>");
+    EndOutside();
+}
+
+void TextEmitter::AddDocumentType(std::u16string_view text) {
+    m_hasDocumentType = true;
+    StartOutside();
+    AppendLines(text);
+    EndOutside();
+}
+
+void TextEmitter::AddEntityReference(std::u16string_view name) {
+    if (!m_hasDocumentType) {
+        ++m_losses.m_references;
+        return;
+    }
+    CloseTag();
+    Append(u"&");
+    Append(name);
+    Append(u";");
+}
+
+void TextEmitter::StartOutside() {
+    CloseTag();
+    if (m_open.empty() && m_hasRoot) Append(LineEnd(m_options.m_eol));
+}
+
+void TextEmitter::EndOutside() {
+    if (m_open.empty() && !m_hasRoot) Append(LineEnd(m_options.m_eol));
+    FlushSlice();
+}
+
+void TextEmitter::CloseTag() {
+    if (m_isTagOpen) Append(u">");
+    m_isTagOpen = false;
+}
+
+void TextEmitter::AppendLines(std::u16string_view text) {
+    for (;;) {
+        std::size_t const end = text.find(u'\n');
+        Append(text.substr(0, end));
+        if (end == text.npos) return;
+        Append(LineEnd(m_options.m_eol));
+        text.remove_prefix(end + 1);
+    }
+}
+
+void TextEmitter::AppendName(std::u16string_view prefix, std::u16string_view localName) {
+    Append(prefix);
+    if (!prefix.empty()) Append(u":");
+    Append(localName);
+}
+
+void TextEmitter::TestCharacters(std::u16string_view text) const {
+    if (!m_isFastInfoset) return;
+    for (std::size_t at = 0; at < text.size();) {
+        if (!IsXmlCharacter(Utf::Next(text, at))) ThrowUnwritable();
+    }
+}
+
+void TextEmitter::TestName(std::u16string_view name) const {
+    if (!m_isFastInfoset) return;
+    for (std::size_t at = 0; at < name.size();) {
+        bool const isFirst = at == 0;
+        char32_t const c = Utf::Next(name, at);
+        if (c == u':' || !(isFirst ? IsNameStart(c) : IsNameCharacter(c))) ThrowUnwritable();
+    }
+    if (name.empty()) ThrowUnwritable();
+}
+
+void TextEmitter::Flush() {
+    if (m_options.m_encoding == enc_UTF16) {
+        std::vector<unsigned char> octets;
+        m_text.ForEachChunk([&](std::u16string_view chunk) {
+            octets.resize(chunk.size() * sizeof(char16_t));
+            WriteUtf16(chunk, octets.data());
+            m_sink.Write(octets);
+        });
+        m_text.Clear();
+    } else {
+        m_sink.Write(m_text.TakeUtf8().GetOctets());
+    }
+}
+
+}  // namespace BxConvert

@@ -1,0 +1,54 @@
+// XML text as bxconvert writes it.
+#pragma once
+
+#include "Emitter.h"
+#include "Options.h"
+#include "writers/CStringBuffer.h"
+
+namespace BxConvert {
+
+/// Writes what it is told as XML text.
+///
+/// Throws std::runtime_error for what XML text cannot have, which only Fast Infoset can bring.
+class TextEmitter : public Emitter {
+public:
+    TextEmitter(Sink& sink, Options const& options);
+
+    void Begin(bool isFastInfoset) override;
+    void Finish() override;
+
+    void StartElement(BxXmlLib5::DocumentElement const& element) override;
+    void AddText(std::u16string_view text) override;
+    void EndElement() override;
+    void AddComment(std::u16string_view text) override;
+    void AddInstruction(std::u16string_view target, std::u16string_view content) override;
+    void AddDocumentType(std::u16string_view text) override;
+    void AddEntityReference(std::u16string_view name) override;
+
+private:
+    void CloseTag();
+    void Append(std::u16string_view text) { m_text.Append(text); }
+    void AppendLines(std::u16string_view text);
+    void AppendName(std::u16string_view prefix, std::u16string_view localName);
+    void AppendAttributes(BxXmlLib5::DocumentElement const& element);
+    /// What stands around markup outside of the root.
+    void StartOutside();
+    void EndOutside();
+    void TestCharacters(std::u16string_view text) const;
+    void TestName(std::u16string_view name) const;
+    void FlushSlice() {
+        if (m_text.Size() > kSlice) Flush();
+    }
+    void Flush();
+
+    Options const& m_options;
+    BxXmlLib5::CStringBuffer m_text;
+    bool m_isFastInfoset = false;
+    bool m_hasDocumentType = false;
+    bool m_hasRoot = false;
+    bool m_isTagOpen = false;
+    BxXmlLib5::wstring m_names;       // of the open elements, each behind the other
+    std::vector<std::size_t> m_open;  // where each begins
+};
+
+}  // namespace BxConvert
