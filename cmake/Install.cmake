@@ -36,15 +36,17 @@ endif()
 # --- For pkg-config
 
 # A shared library brings what it needs itself.
-set(pc_private ".private")
+set(pc_libs "-lexpatw -lz -lpcre2-8")
 if(is_static)
-  set(pc_private "")
+  set(pc_libs "Libs: -L\${libdir} -lBxXmlLib5 ${pc_libs}")
+else()
+  set(pc_libs "Libs: -L\${libdir} -lBxXmlLib5\nLibs.private: ${pc_libs}")
 endif()
 # From where the file is, so that the folder of an installation can be moved.
 set(pc_prefix "${CMAKE_INSTALL_PREFIX}")
 if(NOT IS_ABSOLUTE "${CMAKE_INSTALL_LIBDIR}")
   file(RELATIVE_PATH pc_prefix "/${CMAKE_INSTALL_LIBDIR}/pkgconfig" "/.")
-  set(pc_prefix "\${pcfiledir}/${pc_prefix}")
+  string(REGEX REPLACE "/$" "" pc_prefix "\${pcfiledir}/${pc_prefix}")
 endif()
 foreach(folder LIBDIR INCLUDEDIR BINDIR)
   cmake_path(APPEND pc_${folder} "\${prefix}" "${CMAKE_INSTALL_${folder}}")

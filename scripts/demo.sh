@@ -71,8 +71,8 @@ echo "Exit status $status."
 heading "A GPS track: what is in it"
 run 'bxconvert --info track.gpx'
 
-heading "Read into untyped content and written again, formatted"
-run 'bxconvert track.gpx -o formatted.gpx'
+heading "Read and written again, formatted"
+run 'bxconvert --format track.gpx -o formatted.gpx'
 run 'head -n 15 formatted.gpx'
 echo "..."
 run 'grep -m 1 -B 6 -A 4 "reading " formatted.gpx'
@@ -83,25 +83,26 @@ same formatted.gpx again.gpx
 
 heading "Compact, and back"
 run 'bxconvert --compact track.gpx -o compact.gpx'
-run 'bxconvert compact.gpx -o back.gpx'
+run 'bxconvert --format compact.gpx -o back.gpx'
 echo "track.gpx has $(size track.gpx) octets, compact.gpx $(size compact.gpx)."
 same formatted.gpx back.gpx
 
 heading "Compressed input, from a pipe"
-run 'gzip -c track.gpx | bxconvert - -o unzipped.gpx'
+run 'gzip -c track.gpx | bxconvert --format - -o unzipped.gpx'
 same formatted.gpx unzipped.gpx
 
 heading "Fast Infoset, the binary form of XML, compressed and back"
-run 'bxconvert --to finf track.gpx -o track.finf'
+run 'grep -v "^<!--" formatted.gpx > plain.gpx'
+run 'bxconvert --to finf --compact plain.gpx -o track.finf'
 run 'head -c 64 track.finf | od -A d -t x1z'
 run 'bxconvert --compress gzip track.finf --to finf -o track.finf.gz'
 run 'bxconvert --compress gzip --compact track.gpx -o track.gpx.gz'
-run 'bxconvert track.finf.gz -o returned.gpx'
+run 'bxconvert --format track.finf.gz -o returned.gpx'
 printf '%8d octets of %s\n' \
     "$(size track.gpx)" "XML text" "$(size compact.gpx)" "compact XML text" \
     "$(size track.finf)" "Fast Infoset" "$(size track.gpx.gz)" "compact XML text, gzip" \
     "$(size track.finf.gz)" "Fast Infoset, gzip"
-same formatted.gpx returned.gpx
+same plain.gpx returned.gpx
 run 'bxconvert --encoding utf-16 --compress zlib track.finf.gz | bxconvert --to finf - -o again.finf'
 same track.finf again.finf
 
@@ -117,14 +118,19 @@ if [[ -r $mime ]]; then
     heading "A larger document: the shared MIME database of this machine"
     run "bxconvert --info $mime"
     echo
-    run "bxconvert $mime -o formatted.xml"
+    run "bxconvert --format $mime -o formatted.xml"
     run 'head -n 5 formatted.xml'
     echo "..."
     run "bxconvert --compact $mime -o compact.xml"
-    run 'bxconvert compact.xml -o back.xml'
+    run 'bxconvert --format compact.xml -o back.xml'
     echo "The database has $(size "$mime") octets, formatted.xml $(size formatted.xml), compact.xml $(size compact.xml)."
     same formatted.xml back.xml
 fi
+
+heading "A document that is larger than the memory of who reads it"
+run 'large() { echo "<gpx>"; yes "<wpt lat=\"47.4\" lon=\"8.5\"><name>here</name></wpt>" | head -n 1500000; echo "</gpx>"; }'
+run 'large | (ulimit -v 60000; bxconvert --to finf --compress gzip -) | (ulimit -v 60000; bxconvert -) | wc -c'
+run 'large | (ulimit -v 60000; bxconvert --info -)'
 
 heading "The value types of XML Schema, in a program of an application"
 run values

@@ -70,6 +70,9 @@ public:
 
     /// A reference to an entity, in an element, whose declaration is not in the document.
     virtual void AddEntityReference(std::u16string_view /*name*/) {}
+
+    /// The same in the value of an attribute of the element that comes next. The value has nothing in its place.
+    virtual void LoseEntityReference() {}
 };
 
 }  // namespace BxXmlLib5

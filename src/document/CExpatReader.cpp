@@ -408,12 +408,22 @@ bool CExpatReader::ParseSlice(COctetSource& source) {
     }
     if (count == 0) return false;
     m_octets += count;
-    if (m_details.m_markup && !m_hasRoot)
-        m_prolog.insert(m_prolog.end(), octets.data(), octets.data() + count);
-    if (m_hasRoot && !m_prolog.empty()) m_prolog = {};
+    if (m_source != nullptr) KeepProlog(octets.first(count));
     m_mostDefaultedUnits = std::max(m_mostDefaultedUnits, MaxRepeatedUnits(m_octets));
     CheckParsed(XML_ParseBuffer(parser, static_cast<int>(count), kNotFinal) != XML_STATUS_ERROR);
     return true;
+}
+
+/// A document type makes Expat keep what it declares.
+void CExpatReader::KeepProlog(std::span<unsigned char const> octets) {
+    if (m_hasRoot) {
+        if (!m_prolog.empty()) m_prolog = {};
+    } else if (m_octets > m_mostOctetsOfToken) {
+        throw CBxException(FormatString(u"The root does not come within %d octets, which is the limit",
+                                        static_cast<int>(m_mostOctetsOfToken)));
+    } else if (m_details.m_markup) {
+        m_prolog.insert(m_prolog.end(), octets.begin(), octets.end());
+    }
 }
 
 void CExpatReader::CheckParsed(bool parsed) {
@@ -485,8 +495,10 @@ void CExpatReader::FindSkippedInTag() {
         std::u16string_view const name =
             std::u16string_view(m_tag).substr(at + 1, m_tag.find(u';', at) - at - 1);
         if (!name.starts_with(u'#') && std::ranges::find(kKnown, name) == std::end(kKnown) &&
-            !m_entities.contains(name))
+            !m_entities.contains(name)) {
             SkipEntity(name, line);
+            if (m_details.m_markup) m_receiver.LoseEntityReference();
+        }
     }
 }
 

@@ -65,6 +65,7 @@ private:
     void MakeParser(char16_t const* encoding);
     void ParseOpen(char16_t const* encoding, std::span<unsigned char const> input);
     bool ParseSlice(COctetSource& source);
+    void KeepProlog(std::span<unsigned char const> octets);
     void FinishStream();
     void PauseOutsideEntity();
     void CheckParsed(bool parsed);
@@ -105,7 +106,7 @@ private:
     std::set<wstring, LessBySize> m_entities;  // those that the document declares
     wstring m_tag;
     bool m_isInDocumentType = false;
-    std::vector<unsigned char> m_prolog;  // up to the root, where markup is asked for
+    std::vector<unsigned char> m_prolog;  // what is ahead of the root, where markup is asked for
     bool m_isPauseAsked = false;
     bool m_isPaused = false;
     bool m_isAtEnd = false;

@@ -88,6 +88,8 @@ public:
     /// @return 0 if there is no such entry
     std::uint32_t Find(Key const& key) const { return m_slots[SlotOf(key, m_hash(key))].m_index; }
 
+    std::size_t Size() const { return m_entries.size(); }
+
     /// Enters a key, anew if it is there already: the newest index is the one that is found.
     /// @return its index, 0 if the table is full
     std::uint32_t Add(Key const& key) {

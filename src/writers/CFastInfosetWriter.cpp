@@ -290,7 +290,8 @@ void CFastInfosetWriter::WriteValue(std::u16string_view value) {
     }
     std::size_t const size = Utf8Size(value);
     if (size == 0) return m_output.Append(kEmptyString);
-    bool const isAdded = isIndexed && m_attributeValues.Add(ShortText(value)) != 0;
+    bool const isAdded = isIndexed && m_attributeValues.Size() < m_mostShortTexts &&
+                         m_attributeValues.Add(ShortText(value)) != 0;
     WriteUtf8String(isAdded ? kAddToTableOnFirstBit : 0U, kLengthOnFifthBit, value, size);
 }
 
@@ -301,7 +302,8 @@ void CFastInfosetWriter::WriteChunk(std::u16string_view text) {
                             index);
     }
     std::size_t const size = CheckedUtf8Size(text);
-    bool const isAdded = isIndexed && m_characterChunks.Add(ShortText(text)) != 0;
+    bool const isAdded = isIndexed && m_characterChunks.Size() < m_mostShortTexts &&
+                         m_characterChunks.Add(ShortText(text)) != 0;
     WriteUtf8String(kCharacterChunk.m_octet | (isAdded ? kAddToTableOnThirdBit : 0U), kLengthOnSeventhBit,
                     text, size);
 }

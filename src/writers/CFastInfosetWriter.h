@@ -48,6 +48,9 @@ public:
     std::span<unsigned char const> Octets() const { return m_output.Octets(); }
     void DropOctets() { m_output.Truncate(0); }
 
+    /// From now on the tables of values and of text take no more entries than that.
+    void LimitTables(std::size_t entries) { m_mostShortTexts = entries; }
+
     /// Writes a start tag with its attributes, in place of WriteStartElement() and WriteAttribute(), with prefixes and
     /// namespace attributes as the caller has them.
     /// @param declarations prefixes and namespaces
@@ -114,6 +117,7 @@ private:
                          std::size_t size);
 
     COctetBuffer m_output;
+    std::size_t m_mostShortTexts = FastInfoset::kMaxIndex;
     bool m_pendingTerminator = false;  // a terminator waits for another one to share its octet
 
     RecentNames m_recentElements;

@@ -156,8 +156,10 @@ TEST(CDocumentStream, Refusals) {
               "Failed to parse FastInfoset. Unexpected End of File."}}) {
         for (std::size_t const slice : {1U, 1U << 20}) EXPECT_EQ(Streamed(octets, slice), message);
     }
+    EXPECT_EQ(Streamed(std::string(66 << 20, '\n')),
+              "The root does not come within 67108864 octets, which is the limit");
     // A tag that does not end.
-    EXPECT_EQ(Streamed("<a k='" + std::string(66 << 20, 'x')),
+    EXPECT_EQ(Streamed("<r><a k='" + std::string(66 << 20, 'x')),
               "A tag, a comment or the like has more than 67108864 octets, which is the limit");
 }
 

@@ -59,6 +59,8 @@ TEST(Convert, WritesWhatItReads) {
         {"", "<a>1<b>2<c/>3</b>4<b>5</b> </a>", kDeclaration + "<a>1<b>2<c/>3</b>4<b>5</b> </a>\n", ""},
         {"", "<a k='&#13;&#10;&#9;&lt;&quot;&amp;' l=''>&#13;&amp;<![CDATA[<&]]>&#10;</a>", kDeclaration + "<a k=\"&#13;&#10;&#9;&lt;&quot;&amp;\" l=\"\">&#13;&amp;&lt;&amp;\n</a>\n", ""},
         {"", subset + "<a>&e;&f;&g;</a>", kDeclaration + subset + "<a>1&f;&g;</a>\n", ""},
+        {"", "<!DOCTYPE a SYSTEM 'x' [<!ENTITY e '1'>]><a k='&e;&lt;&#65;'><b k='1&f;2&g;'/></a>",
+            kDeclaration + "<!DOCTYPE a SYSTEM 'x' [<!ENTITY e '1'>]>\n<a k=\"1&lt;A\"><b k=\"12\"/></a>\n", "bxconvert: standard input: warning: XML text does not keep 2 entity references\n"},
         {"--compact", "<a> <b> </b>\xC2\xA0</a>", kDeclaration + "<a> <b> </b>\xC2\xA0</a>", ""},
         {"--format", "<a><b>1<c/></b><d><e> </e>\n</d></a>", kDeclaration + "<a>\n\t<b>1<c/></b>\n\t<d>\n\t\t<e> </e>\n\t</d>\n</a>\n", ""},
         {"--compact", "<a> <b xml:space=\"preserve\"> <c> <d/></c></b> <e xml:space=\"default\"> <f/></e></a>",
@@ -198,6 +200,11 @@ TEST(CommandLine, UsageErrors) {
         {"--nothing in.xml", "unknown option '--nothing'"},
         {"in.xml -o=x", "unknown option '-o=x'"},
         {"- -- --help", "more than one INPUT: '--help'"},
+        {"--output-dir= a.xml", "'' is no value of option '--output-dir', which takes DIR"},
+        {"--output-dir out a.xml -o b.xml", "option '-o' is not for '--output-dir'"},
+        {"--output-dir out --info a.xml", "option '--info' is not for '--output-dir'"},
+        {"--output-dir out -", "'-' names no file in '--output-dir'"},
+        {"--output-dir out b/a.xml a.xml", "two INPUTs are 'a.xml' in '--output-dir'"},
         {"in.xml -o", "option '-o' needs a value"},
         {"--eol in.xml", "'in.xml' is no value of option '--eol', which takes lf|crlf"},
         {"--declaration= in.xml", "'' is no value of option '--declaration', which takes yes|no"},
@@ -264,6 +271,17 @@ TEST(Files, AreReadAndWritten) {
         {"mkdir d; mv old.xml d; ln -s old.xml d/l; ln -s d/l ll; B in.xml -o ll; test -L d/l -a -L ll; ls -A . d; cat d/old.xml",
             {0, ".:\nbad.xml\nd\nin.xml\nll\n\nd:\nl\nold.xml\n" + a, ""}},
         {"ln -s new.xml l; B in.xml -o l; readlink l; cat new.xml", {0, "new.xml\n" + a, ""}},
+        {"cp in.xml b.xml; B in.xml b.xml --output-dir d/e; ls -A . d/e; cat d/e/*",
+            {0, ".:\nb.xml\nbad.xml\nd\nin.xml\nold.xml\n\nd/e:\nb.xml\nin.xml\n" + a + a, ""}},
+        {"B bad.xml in.xml --output-dir d || cat d/*", {0, a, "bxconvert: bad.xml:1:6: mismatched tag at line 1\n"}},
+        {"B in.xml --output-dir old.xml", fails("old.xml: Not a directory")},
+        // Progress on a terminal: the document ends once it is there, and then the line is erased
+        {"mkfifo f; (printf '<a>'; until grep -q ' s, ' shown; do sleep 0.1; done; printf '</a>') >f & "
+            "script -qefc 'bxconvert f -o out.xml' shown >/dev/null; grep -c '<a/>' out.xml; tr '\\r\\033' '.!' <shown | grep -c 'bxconvert: f: .* MB read.*[.]![[]K$'",
+            {0, "1\n1\n", ""}},
+        // A signal while the document is half written leaves nothing of it
+        {"mkfifo f; bxconvert f -o old.xml & (echo '<a>'; yes '<b/>' | head -n 100000; until ls .bx-* >shown 2>&1; do sleep 0.1; done; "
+            "kill $!) >f; exec 2>&-; wait $!; echo $?; rm f shown; ls -A; cat old.xml", {0, "143\nbad.xml\nin.xml\nold.xml\nold", ""}},
         // Failures leave things as they were
         {"B bad.xml -o old.xml || cat old.xml; ls -A", {0, "oldbad.xml\nin.xml\nold.xml\n", "bxconvert: bad.xml:1:6: mismatched tag at line 1\n"}},
         {"B in.xml -o none/new.xml", fails("none/new.xml: No such file or directory")},

@@ -39,6 +39,8 @@ public:
         m_prefixes.Declare(prefix, namespaceUri);
     }
 
+    void LoseEntityReference() override { ++m_losses.m_references; }
+
 protected:
     static constexpr std::size_t kSlice = 64 * 1024;
 

@@ -26,6 +26,7 @@ public:
     void AddInstruction(std::u16string_view target, std::u16string_view content) override;
     void AddDocumentType(std::u16string_view text) override;
     void AddEntityReference(std::u16string_view name) override;
+    void LoseEntityReference() override { m_receiver.LoseEntityReference(); }
 
 private:
     static constexpr std::size_t kDocument = 0;

@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <filesystem>
 #include <limits>
+#include <set>
 #include <string_view>
 
 #include "common/CommandLine.h"
@@ -97,9 +99,15 @@ bool SetOutput(Options& options, std::string_view value) {
     return true;
 }
 
+bool SetOutputDir(Options& options, std::string_view value) {
+    options.m_outputDir = value;
+    return !value.empty();
+}
+
 // clang-format off
 constexpr Option kOptions[] = {
     {"-o",                 "OUTPUT",                    "write to this file, - for standard output (default)",  SetOutput},
+    {"--output-dir",       "DIR",                       "write each INPUT to a file of its name in this folder, which is made if it is not there", SetOutputDir},
     {"--to",               kNamesOf<kForms>,            "XML text or Fast Infoset (default xml)",               Choose<&Options::m_form, kForms>},
     {"--encoding",         kNamesOf<kEncodings>,        "encoding of XML text (default utf-8)",                 Choose<&Options::m_encoding, kEncodings>},
     {"--declaration",      kNamesOf<kYesOrNo>,          "begin XML text with a declaration (default yes)",      Choose<&Options::m_declaration, kYesOrNo>},
@@ -120,7 +128,9 @@ constexpr Option kOptions[] = {
 };
 // clang-format on
 
-constexpr char kUsage[] = "Usage: bxconvert [options] INPUT [-o OUTPUT]\n";
+constexpr char kUsage[] =
+    "Usage: bxconvert [options] INPUT [-o OUTPUT]\n"
+    "       bxconvert [options] INPUT... --output-dir DIR\n";
 
 constexpr char kIntroduction[] =
     "\n"
@@ -154,9 +164,23 @@ constexpr char kNotes[] =
     "2 for a wrong command line.\n";
 
 void TakeInput(Options& options, std::string_view name) {
-    if (options.m_hasInput) throw UsageError("more than one INPUT: '" + std::string(name) + "'");
-    options.m_input = name;
-    options.m_hasInput = true;
+    options.m_inputs.emplace_back(name);
+}
+
+/// @throws CommandLine::UsageError unless each input has a name of its own in the folder of outputs
+void CheckInputs(Options const& options) {
+    if (options.m_output != kStandardStream) throw UsageError("option '-o' is not for '--output-dir'");
+    if (options.m_info) throw UsageError("option '--info' is not for '--output-dir'");
+    std::set<std::filesystem::path> names;
+    for (std::string const& name : options.m_inputs) {
+        std::filesystem::path const input = name;
+        if (input == kStandardStream || !input.has_filename()) {
+            throw UsageError("'" + input.string() + "' names no file in '--output-dir'");
+        }
+        if (!names.insert(input.filename()).second) {
+            throw UsageError("two INPUTs are '" + input.filename().string() + "' in '--output-dir'");
+        }
+    }
 }
 
 }  // namespace
@@ -164,10 +188,25 @@ void TakeInput(Options& options, std::string_view name) {
 Options ParseOptions(std::span<char const* const> arguments) {
     Options const options = CommandLine::Read<Options>(arguments, kOptions, TakeInput);
     if (options.m_help || options.m_version) return options;
-    if (!options.m_hasInput) throw UsageError("INPUT is missing");
+    if (options.m_inputs.empty()) throw UsageError("INPUT is missing");
+    if (!options.m_outputDir.empty()) {
+        CheckInputs(options);
+    } else if (options.m_inputs.size() > 1) {
+        throw UsageError("more than one INPUT: '" + options.m_inputs[1] + "'");
+    }
     if (!options.m_namespaces && options.m_form == Form::kFastInfoset)
         throw UsageError("option '--no-namespaces' is not for '--to finf', which knows no prefixes as such");
     return options;
+}
+
+std::vector<Options> ForEachInput(Options const& options) {
+    std::vector<Options> each(std::max<std::size_t>(options.m_inputs.size(), 1), options);
+    for (std::size_t i = 0; i < options.m_inputs.size(); ++i) {
+        std::filesystem::path const input = each[i].m_input = options.m_inputs[i];
+        if (!options.m_outputDir.empty())
+            each[i].m_output = std::filesystem::path(options.m_outputDir) / input.filename();
+    }
+    return each;
 }
 
 std::string HelpText() {

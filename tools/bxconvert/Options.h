@@ -5,6 +5,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <vector>
 
 #include "BxXmlLib5/core/Enumerations.h"
 
@@ -19,8 +20,9 @@ enum class Form { kXml, kFastInfoset };
 enum class Layout { kAsItIs, kFormatted, kCompact };
 
 struct Options {
+    std::vector<std::string> m_inputs;
+    std::string m_outputDir;  ///< empty if m_output is where to write
     std::string m_input;
-    bool m_hasInput = false;
     std::string m_output = kStandardStream;
     Form m_form = Form::kXml;
     BxXmlLib5::XmlEncoding m_encoding = BxXmlLib5::enc_UTF8;
@@ -40,6 +42,9 @@ struct Options {
 /// @param arguments without the name of the program
 /// @throws CommandLine::UsageError
 Options ParseOptions(std::span<char const* const> arguments);
+
+/// The options for each of the inputs, with m_input and m_output.
+std::vector<Options> ForEachInput(Options const& options);
 
 /// What --help prints.
 std::string HelpText();

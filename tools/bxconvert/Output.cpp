@@ -12,8 +12,14 @@ void ThrowFailure(int error) {
 
 }  // namespace
 
+void Output::Open() {
+    CommandLine::HeldSignals const untilItIsKnown;
+    m_file.emplace(m_name == kStandardStream ? std::string_view("/dev/stdout") : m_name);
+    if (!m_file->GetUnfinished().empty()) m_removed.emplace(m_file->GetUnfinished());
+}
+
 void Output::Write(std::span<unsigned char const> octets) {
-    if (!m_file) m_file.emplace(m_name == kStandardStream ? std::string_view("/dev/stdout") : m_name);
+    if (!m_file) Open();
     m_file->Write(octets);
     ThrowFailure(m_file->Error());
 }
@@ -21,6 +27,7 @@ void Output::Write(std::span<unsigned char const> octets) {
 void Output::Finish() {
     Write({});
     ThrowFailure(m_file->Finish());
+    m_removed.reset();
 }
 
 }  // namespace BxConvert

@@ -7,6 +7,7 @@
 
 #include "BxXmlLib5/platform/CFileReplacement.h"
 #include "Sink.h"
+#include "common/RemovedOnSignal.h"
 
 namespace BxConvert {
 
@@ -16,7 +17,8 @@ public:
     using std::system_error::system_error;
 };
 
-/// Standard output or a file, as CFileReplacement has it: after a failure it is as it was. It is opened when the first
+/// Standard output or a file, as CFileReplacement has it: after a failure, or a signal that
+/// ends the process, it is as it was. It is opened when the first
 /// octets come.
 ///
 /// All operations throw OutputFailure.
@@ -29,7 +31,10 @@ public:
     void Finish() override;
 
 private:
+    void Open();
+
     std::string m_name;
+    std::optional<CommandLine::RemovedOnSignal> m_removed;
     std::optional<BxXmlLib5::CFileReplacement> m_file;
 };
 

@@ -1,8 +1,13 @@
 // bxconvert: reads any XML document and writes it again, in any form, piece by piece.
 
+#include <unistd.h>
+
+#include <algorithm>
 #include <csignal>
 #include <cstdio>
+#include <filesystem>
 #include <new>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <system_error>
@@ -12,6 +17,7 @@
 #include "OneLine.h"
 #include "Options.h"
 #include "Output.h"
+#include "Progress.h"
 #include "common/CommandLine.h"
 
 namespace BxConvert {
@@ -61,12 +67,25 @@ ExitStatus Run(Options const& options) {
     bool const succeeded = Try(input, outputName, [&] {
         if (options.m_help) return Print(HelpText(), output);
         if (options.m_version) return Print("bxconvert " BXCONVERT_VERSION "\n", output);
+        std::optional<Progress> progress;
+        // Not among the document on the terminal.
+        if (options.m_output != kStandardStream || isatty(STDOUT_FILENO) == 0) progress.emplace(input);
         losses = Convert(options, output);
     });
     if (!succeeded) return kFailed;
     std::string const lost = losses.ToText();
     if (!lost.empty()) Report(input + ": warning: " + NotKept(options, lost));
     return kSuccess;
+}
+
+/// Goes on after an input that fails.
+ExitStatus RunEach(Options const& options) {
+    std::string const& folder = options.m_outputDir;
+    if (!folder.empty() && !Try(folder, folder, [&] { std::filesystem::create_directories(folder); }))
+        return kFailed;
+    ExitStatus status = kSuccess;
+    for (Options const& one : ForEachInput(options)) status = std::max(status, Run(one));
+    return status;
 }
 
 }  // namespace
@@ -76,7 +95,7 @@ int main(int argc, char** argv) {
     // A file that grows beyond a limit is then a failed write like any other.
     std::signal(SIGXFSZ, SIG_IGN);
     try {
-        return BxConvert::Run(BxConvert::ParseOptions({argv + 1, argv + argc}));
+        return BxConvert::RunEach(BxConvert::ParseOptions({argv + 1, argv + argc}));
     } catch (CommandLine::UsageError const& error) {
         BxConvert::Report(std::string(error.what()) + ". Try 'bxconvert --help'.");
         return BxConvert::kWrongUsage;

@@ -12,8 +12,30 @@
 
 namespace CommandLine {
 
+constexpr int kEndingSignals[] = {SIGINT, SIGTERM, SIGHUP};
+
+/// While it lives, SIGINT, SIGTERM and SIGHUP wait.
+class HeldSignals {
+public:
+    HeldSignals() {
+        sigset_t held;
+        sigemptyset(&held);
+        for (int const number : kEndingSignals) sigaddset(&held, number);
+        pthread_sigmask(SIG_BLOCK, &held, &m_before);
+    }
+
+    HeldSignals(HeldSignals const&) = delete;
+    HeldSignals& operator=(HeldSignals const&) = delete;
+
+    ~HeldSignals() { pthread_sigmask(SIG_SETMASK, &m_before, nullptr); }
+
+private:
+    sigset_t m_before;
+};
+
 /// While it lives, SIGINT, SIGTERM and SIGHUP remove a file before they end the process as they would without. One at a
-/// time; make it before the file, and destroy it once the file is complete or removed. A signal that the process was
+/// time; make it before the file,
+/// or while signals are held, and destroy it once the file is complete or removed. A signal that the process was
 /// started to ignore stays ignored.
 class RemovedOnSignal {
 public:
@@ -22,7 +44,7 @@ public:
         if (path.size() >= s_path.size()) return;  // longer than what can be opened
         *std::ranges::copy(path, s_path.begin()).out = '\0';
         s_isSet = true;
-        for (int const number : {SIGINT, SIGTERM, SIGHUP}) Watch(number);
+        for (int const number : kEndingSignals) Watch(number);
     }
 
     RemovedOnSignal(RemovedOnSignal const&) = delete;

@@ -43,6 +43,10 @@ public:
     /// 0 as long as nothing failed.
     int Error() const { return m_error; }
 
+    /// The path of the new file until it is in its place; empty if there is none. For those who remove it where a
+    /// signal ends the process.
+    std::string const& GetUnfinished() const { return m_path; }
+
 private:
     void Open(std::string path);
     void OpenBeside(unsigned mode);
