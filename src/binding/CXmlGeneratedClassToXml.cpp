@@ -8,6 +8,7 @@
 #include "BxXmlLib5/core/CBxException.h"
 #include "BxXmlLib5/writers/CXmlWriter.h"
 #include "binding/PropertyValues.h"
+#include "binding/RootDecoration.h"
 #include "core/NestingDepth.h"
 
 namespace BxXmlLib5 {
@@ -37,22 +38,10 @@ void CXmlGeneratedClass::ToXml_Int(CXmlWriter* writer, bool isRoot, char16_t con
     if (hasTag) writer->WriteEndElement();
 }
 
-void CXmlGeneratedClass::StartRoot(CXmlSerializationContext const& context, CXmlWriter* writer) const {
-    for (wstring const& instruction : context.GetProcessingInstructions()) {
-        writer->WriteProcessingInstruction(instruction);
-    }
-    for (auto const& [namespaceUri, alias] : context.GetNamespaceAliases().GetAll()) {
-        // Asking for the alias of a namespace is enough to enter it without one.
-        if (!alias.empty()) writer->AddNamespace(alias, namespaceUri);
-    }
-    wstring const defaultNamespace = context.GetDefaultNamespaceURI();
-    if (!defaultNamespace.empty()) writer->SetDefaultNamespace(defaultNamespace);
-}
-
 void CXmlGeneratedClass::StartElementToXml(CXmlWriter* writer, bool isRoot, char16_t const* namespaceUri,
                                            CXmlSerializationContext const& context,
                                            bool allowEmptyChoice) const {
-    if (isRoot) StartRoot(context, writer);
+    if (isRoot) WriteAheadOfRoot(context, writer);
     writer->WriteStartElement(m_elementName, namespaceUri);
     if (isRoot && context.m_additionalRootAttributes) {
         CXmlObjectBase::ToXml_Int(context.m_additionalRootAttributes, writer, false, namespaceUri, context,

@@ -4,7 +4,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <iterator>
+#include <string_view>
 
 namespace BxXmlLib5 {
 
@@ -58,6 +58,15 @@ constexpr bool IsNameStart(char32_t c) {
 constexpr bool IsNameCharacter(char32_t c) {
     using namespace XmlCharacters;
     return c < kAscii.size() ? (kAscii[c] & kContinues) != 0 : Holds(kNameStart, c) || Holds(kNameMore, c);
+}
+
+/// Whether a text is a name without a colon, of ASCII alone. Most names are.
+constexpr bool IsAsciiNCName(std::u16string_view text) {
+    using namespace XmlCharacters;
+    bool accepted = !text.empty() && IsNameStart(text[0]);
+    for (char16_t const c : text)
+        accepted &= c < kAscii.size() && kAscii[c % kAscii.size()] != 0 && c != u':';
+    return accepted;
 }
 
 /// Production [2]. No surrogate is one.

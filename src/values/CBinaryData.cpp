@@ -14,6 +14,7 @@
 #include "values/ByteOrderMark.h"
 #include "values/Deflate.h"
 #include "values/Hex.h"
+#include "values/NotWritten.h"
 
 namespace BxXmlLib5 {
 
@@ -251,16 +252,6 @@ unsigned char& CBinaryData::operator[](std::size_t index) {
     GetExclusiveDataHolder();
     return GetData()[index];
 }
-
-namespace {
-
-[[noreturn]] void ThrowNotWritten(wstring const& path, int error) {
-    throw CBxException(
-        FormatString(u"Failed to write data to the file [%s] error [0x%08X]", path.c_str(), error),
-        CBxException(WordsOfError(error)));
-}
-
-}  // namespace
 
 void CBinaryData::ToFile(char16_t const* fileName, XmlEncoding encoding) const {
     COutputFile file(TextOf(fileName));

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstring>
 #include <memory>
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -49,6 +50,10 @@ public:
     /// To be called first where the text is wanted as UTF-8 alone. TakeUtf8() gives it then and nothing else, and
     /// what is appended may throw as that does.
     void ConvertAsItGrows() { m_isConverted = true; }
+
+    /// What is converted already, and may be dropped: the rest follows it.
+    std::span<unsigned char const> Octets() const { return m_converted.Octets(); }
+    void DropOctets() { m_converted.Truncate(0); }
 
     /// The whole text as UTF-8, which is gone from the buffer.
     /// @throws CBxInvalidValueException if it has no such form; then it is of no use any more

@@ -140,15 +140,14 @@ void CWellFormedWriter::TestDeclarations() {
 
 /// @param what in messages
 void CWellFormedWriter::TestName(std::u16string_view name, char16_t const* what) {
-    bool isAscii = true;
+    if (IsAsciiNCName(name)) return;
     for (std::size_t at = 0; at < name.size();) {
         bool const isFirst = at == 0;
         char32_t const c = NextCharacter(name, at);
         if (c == u':' || !(isFirst ? IsNameStart(c) : IsNameCharacter(c)))
             ThrowCharacter(Named(what, name), c);
-        isAscii = isAscii && c < 0x80;
     }
-    if (name.empty() || !(isAscii || IsReadAsName(name))) {
+    if (name.empty() || !IsReadAsName(name)) {
         throw CBxInvalidValueException(u"The " + Named(what, name) + u" is not read as a name");
     }
 }

@@ -1,6 +1,7 @@
 // The writer of XML text.
 #pragma once
 
+#include <span>
 #include <string_view>
 
 #include "BxXmlLib5/core/Enumerations.h"
@@ -39,6 +40,10 @@ public:
     /// To be called first where the text is wanted as UTF-8 alone: TakeBinaryData(enc_UTF8) gives it then and
     /// nothing else, and what is written may throw as that does.
     void ConvertAsItGrows() { m_buffer.ConvertAsItGrows(); }
+
+    /// What was converted since the last DropOctets(): for a document that is written piece by piece.
+    std::span<unsigned char const> Octets() const { return m_buffer.Octets(); }
+    void DropOctets() { m_buffer.DropOctets(); }
 
     /// The text so far, as octets, which is gone from the writer. What the declaration says plays no part.
     /// @param encoding enc_UTF8, or one of the two UTF-16, whose octets come low first and without a byte

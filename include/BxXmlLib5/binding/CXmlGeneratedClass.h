@@ -112,7 +112,6 @@ private:
     friend class BxXmlLib5Data::CElementInfo;
     friend class BxXmlLib5Data::CAttributeInfo;
 
-    void StartRoot(CXmlSerializationContext const& context, CXmlWriter* writer) const;
     void StartElementToXml(CXmlWriter* writer, bool isRoot, char16_t const* namespaceUri,
                            CXmlSerializationContext const& context, bool allowEmptyChoice) const;
     void TextToXml(int textPropertyIndex, CXmlWriter* writer) const;

@@ -5,6 +5,7 @@
 #include <string_view>
 #include <type_traits>
 
+#include "BxXmlLib5/binding/CRecordWriter.h"
 #include "BxXmlLib5/binding/CXmlSerializationContext.h"
 #include "BxXmlLib5/generated/CObject.h"
 #include "BxXmlLib5/platform/Export.h"
@@ -12,6 +13,10 @@
 namespace BxXmlLib5::Generated {
 
 using BxXmlLib5::Layout;
+
+/// Writes large documents of such objects.
+using RecordWriter = CRecordWriter;
+using BxXmlLib5::RecordSettings;
 
 /// Marks the classes of roots.
 class RootTag {};

@@ -1,0 +1,139 @@
+#include "BxXmlLib5/binding/CRecordWriter.h"
+
+#include <algorithm>
+
+#include "BxXmlLib5/BxXmlLib5.h"
+#include "support/Expect.h"
+#include "support/TemporaryFolder.h"
+
+using namespace BxTest;
+using namespace BxXmlLib5;
+
+namespace {
+
+CSmartPtr<CElement> Record(int number) {
+    CSmartPtr<CElement> const record = new CElement(u"r", u"N");
+    record->GetAttributes()->Add(u"n", FromUtf8(std::to_string(number)).c_str(), u"");
+    record->GetChildElements()->Add(u"c", u"M")->SetText(u"some text \U0001F600");
+    return record;
+}
+
+/// Writes a document of records, and gives the same one as a tree.
+CSmartPtr<CElement> WriteRecords(CRecordWriter& writer, int count) {
+    CSmartPtr<CElement> const root = new CElement(u"a", u"N");
+    root->GetAttributes()->Add(u"k", u"v", u"M");
+    CSmartPtr<CElement> const inner = root->GetChildElements()->Add(u"b", u"N");
+    writer.Start(u"a", u"N");
+    writer.Attribute(u"k", u"v", u"M");
+    writer.Start(u"b");
+    for (int i = 0; i < count; ++i) {
+        inner->GetChildElements()->Add(Record(i));
+        writer.Write(*Record(i));
+    }
+    writer.End();
+    root->GetChildElements()->Add(u"t", u"")->SetText(u"end");
+    writer.Start(u"t", u"");
+    writer.Text(u"end");
+    writer.Finish();
+    return root;
+}
+
+TEST(CRecordWriter, GivesTheDocumentThatATreeWouldGive) {
+    for (int const count : {0, 1, 5'000}) {
+        for (int form = 0; form < 9; ++form) {
+            RecordSettings settings;
+            settings.m_isFastInfoset = form % 3 == 2;
+            settings.m_layout = form % 3 == 0 ? Layout::Compact : Layout::Indented;
+            settings.m_compression = static_cast<CompressionType>(form / 3);
+            CBinaryData written;
+            std::size_t largest = 0;
+            CRecordWriter writer(
+                [&](auto octets) {
+                    written.Append(octets);
+                    largest = std::max(largest, octets.size());
+                },
+                settings);
+            CSmartPtr<CElement> const root = WriteRecords(writer, count);
+            CXmlSerializationContext const context;
+            CBinaryData const whole = settings.m_isFastInfoset
+                                          ? root->ToFastInfosetStream(fi_None, context, cmp_None)
+                                          : root->ToXmlStream(true, settings.m_layout == Layout::Indented,
+                                                              enc_UTF8, eol_LF, context, cmp_None);
+            if (settings.m_compression == cmp_None && !settings.m_isFastInfoset) {
+                EXPECT_EQ(written, whole) << form;
+            } else {  // a tree writes an empty text besides, which Fast Infoset pads
+                CSmartPtr<CElement> const read = CElement::LoadXmlStream(written);
+                EXPECT_EQ(read->ToXml(false, false, eol_LF, context),
+                          CElement::LoadXmlStream(whole)->ToXml(false, false, eol_LF, context))
+                    << form;
+            }
+            EXPECT_LT(largest, 80'000u);
+        }
+    }
+}
+
+TEST(CRecordWriter, DecoratesTheRoot) {
+    RecordSettings settings;
+    settings.m_context.SetDefaultNamespaceURI(u"N");
+    settings.m_context.GetNamespaceAliases().Add(u"p", u"M");
+    settings.m_context.GetProcessingInstructions().push_back(u"<?i?>");
+    settings.m_context.GetAdditionalRootAttributes()->Add(u"k", u"v", u"M");
+    std::string text;
+    CRecordWriter writer([&](auto octets) { text.append(octets.begin(), octets.end()); }, settings);
+    writer.Start(u"a");
+    writer.Write(*Record(1));
+    writer.Finish();
+    EXPECT_EQ(text,
+              "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<?i?>\n\n<a xmlns=\"N\" xmlns:p=\"M\" p:k=\"v\">"
+              "<r n=\"1\"><p:c>some text \U0001F600</p:c></r></a>");
+}
+
+TEST(CRecordWriter, ReplacesTheFileAtTheEndAlone) {
+    TemporaryFolder const folder;
+    std::string const path = folder.Write("f", "old");
+    for (bool const finishes : {false, true}) {
+        CRecordWriter writer(path);
+        writer.Start(u"a");
+        for (int i = 0; i < 10'000; ++i) writer.Write(*Record(i));
+        EXPECT_EQ(Content(path), "old");
+        if (finishes) writer.Finish();
+    }
+    EXPECT_EQ(CElement::Load(path)->GetChildElements()->GetCount(), 10'000);
+    EXPECT_EQ(folder.Run("/bin/ls", "ls -A").m_out, "f\n");
+    EXPECT_BX_THROW(CRecordWriter("/nowhere/f"), CBxException,
+                    "Failed to write data to the file [/nowhere/f] error [0x00000002]");
+    CRecordWriter full("/dev/full");
+    full.Start(u"a");
+    EXPECT_BX_THROW((full.Finish(), 0), CBxException,
+                    "Failed to write data to the file [/dev/full] error [0x0000001C]");
+}
+
+TEST(CRecordWriter, AcceptsNothingAfterAFailure) {
+    std::string const state = "CBxInvalidStateException: ";
+    struct {
+        std::function<void(CRecordWriter&)> m_step;
+        std::string m_thrown;
+    } const rows[] = {
+        {[](auto& writer) { writer.End(); }, state + "No element is open"},
+        {[](auto& writer) { writer.Finish(); }, state + "The document has no root"},
+        {[](auto& writer) { writer.Text(u"x"); }, state + "No element is open"},
+        {[](auto& writer) { writer.Start(u"a"), writer.End(), writer.Start(u"b"); },
+         state + "The document has a root already"},
+        {[](auto& writer) { writer.Write(*Record(1)), writer.Write(*Record(2)); },
+         state + "The document has a root already"},
+        {[](auto& writer) { writer.Start(u"a"), writer.Text(u"x"), writer.Attribute(u"k", u"v"); },
+         "CBxException: Attributes must be added before elements"},
+        {[](auto& writer) { writer.Start(u"a b"); },
+         "CBxInvalidValueException: The element [a b] has the character U+0020, which cannot stand there"},
+        {[](auto& writer) { writer.Start(u"a"), writer.Finish(), throw CBxException(u"finished"); },
+         "CBxException: finished"},
+    };
+    for (auto const& [step, thrown] : rows) {
+        CRecordWriter writer([](auto) {});
+        EXPECT_EQ(Thrown([&] { step(writer); }), thrown);
+        EXPECT_BX_THROW((writer.Start(u"a"), 0), CBxInvalidStateException,
+                        "Nothing is written any more, since the document is finished or failed");
+    }
+}
+
+}  // namespace
