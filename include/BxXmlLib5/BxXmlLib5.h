@@ -37,6 +37,7 @@
 #include "BxXmlLib5/core/CSmartPtr.h"
 #include "BxXmlLib5/core/Enumerations.h"
 #include "BxXmlLib5/core/FormatString.h"
+#include "BxXmlLib5/document/CDocumentLimits.h"
 #include "BxXmlLib5/document/CXmlAttribute.h"
 #include "BxXmlLib5/document/CXmlDocument.h"
 #include "BxXmlLib5/document/CXmlElement.h"

@@ -12,6 +12,8 @@ public:
     explicit CContextDocument(CXmlSerializationContext const& context)
         : CXmlDocument(context.GetSchemaType()) {
         SetRequireWholeDocument(context.GetRequireWholeDocument());
+        SetSystemEncodings(context.GetSystemEncodings());
+        SetLimits(context.GetDocumentLimits());
     }
 };
 

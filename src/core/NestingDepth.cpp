@@ -5,9 +5,9 @@
 
 namespace BxXmlLib5 {
 
-void ThrowNestedTooDeeply() {
-    throw CBxException(
-        FormatString(u"Elements are nested more than %d levels deep, which is the limit", kMaxElementDepth));
+void ThrowNestedTooDeeply(std::size_t levels) {
+    throw CBxException(FormatString(u"Elements are nested more than %d levels deep, which is the limit",
+                                    static_cast<int>(levels)));
 }
 
 namespace {

@@ -6,8 +6,8 @@
 
 namespace BxXmlLib5 {
 
-/// @throws CBxException always, for elements nested more than kMaxElementDepth levels deep
-[[noreturn]] void ThrowNestedTooDeeply();
+/// @throws CBxException always, for elements nested more than so many levels deep
+[[noreturn]] void ThrowNestedTooDeeply(std::size_t levels = kMaxElementDepth);
 
 /// Whether enough of the stack is left for another level of a recursion. Not where nobody knows what is left.
 inline bool HasStackForLevel() {

@@ -3,8 +3,8 @@
 
 #include <cstdint>
 
-#include "core/Limits.h"
-#include "core/NestingDepth.h"
+#include "BxXmlLib5/document/CDocumentLimits.h"
+#include "BxXmlLib5/platform/Text.h"
 #include "document/CDocumentReceiver.h"
 #include "document/CNameTable.h"
 #include "document/CTextStore.h"
@@ -20,8 +20,9 @@ struct DocumentMemory {
     bool m_keepsTexts;
 };
 
-/// What not every receiver needs.
+/// What not every receiver needs or allows.
 struct DocumentDetails {
+    bool m_systemEncodings = false;  // those that the system knows and Expat does not
     bool m_prefixes = false;
     bool m_lines = false;
     bool m_markup = false;  // comments, instructions, the document type, references to entities
@@ -34,11 +35,20 @@ struct DocumentPlace {
     std::uint64_t m_octet = 0;  // from 0, after decompression; of the UTF-8 form if the input is UTF-16
 };
 
+/// References to entities of which the parser does not know what they stand for, so that they stand for nothing.
+struct SkippedEntities {
+    std::size_t m_count = 0;
+    wstring m_name;  // of the first one
+    std::size_t m_line = 0;
+};
+
 /// A parser that tells a receiver of a document piece by piece.
 class CDocumentReader {
 public:
     CDocumentReader(CDocumentReceiver& receiver, DocumentMemory const& memory, DocumentDetails details)
-        : m_receiver(receiver), m_memory(memory), m_details(details) {}
+        : m_receiver(receiver), m_memory(memory), m_details(details) {
+        SetLimits({});
+    }
     CDocumentReader(CDocumentReader const&) = delete;
     CDocumentReader& operator=(CDocumentReader const&) = delete;
     virtual ~CDocumentReader() = default;
@@ -52,6 +62,10 @@ public:
     virtual void Pause() = 0;
     virtual DocumentPlace Place() const = 0;
 
+    /// Before reading. The octets are the business of who has them.
+    void SetLimits(CDocumentLimits const& limits);
+    SkippedEntities const& GetSkippedEntities() const { return m_skippedEntities; }
+
 protected:
     void StartElement(DocumentElement const& element) {
         ++m_depth;
@@ -62,15 +76,19 @@ protected:
         m_receiver.EndElement();
     }
     bool HasOpenElement() const { return m_depth > 0; }
-    /// @throws CBxException if no other element may be opened
-    void ThrowIfTooDeep() const {
-        if (m_depth == kMaxElementDepth) ThrowNestedTooDeeply();
-    }
+    /// Before an element starts.
+    /// @throws CBxException if it is one too many, or too deep
+    void CountElement();
+    /// What came so far is told anew.
+    void Restart();
 
     CDocumentReceiver& m_receiver;
     DocumentMemory m_memory;
     DocumentDetails m_details;
-    int m_depth = 0;
+    CDocumentLimits m_limits;
+    SkippedEntities m_skippedEntities;
+    std::size_t m_elements = 0;
+    std::size_t m_depth = 0;
 };
 
 }  // namespace BxXmlLib5

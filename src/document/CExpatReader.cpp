@@ -8,6 +8,7 @@ extern "C" XML_Bool XMLCALL XML_SetReparseDeferralEnabled(XML_Parser parser, XML
     __attribute__((weak));
 
 #include <algorithm>
+#include <iterator>
 #include <new>
 #include <type_traits>
 #include <utility>
@@ -15,6 +16,7 @@ extern "C" XML_Bool XMLCALL XML_SetReparseDeferralEnabled(XML_Parser parser, XML
 #include "BxXmlLib5/core/CBxException.h"
 #include "BxXmlLib5/core/FormatString.h"
 #include "core/Limits.h"
+#include "document/CConvertedSource.h"
 #include "document/COctetSource.h"
 #include "document/CUtf16Source.h"
 #include "document/InputLimits.h"
@@ -51,13 +53,32 @@ bool ParsePart(XML_Parser parser, std::span<unsigned char const> octets, int isF
                      isFinal) != XML_STATUS_ERROR;
 }
 
-[[noreturn]] void ThrowError(XML_Parser parser) {
-    XML_Size const line = XML_GetCurrentLineNumber(parser);
-    CBxException failure(FormatString(u"%s at line %d",
-                                      FromUtf8(XML_ErrorString(XML_GetErrorCode(parser))).c_str(),
-                                      static_cast<int>(line)));
-    failure.SetLocation(CBxLocation({}, line, XML_GetCurrentColumnNumber(parser) + 1));
+CBxLocation LocationOf(XML_Parser parser) {
+    return CBxLocation({}, XML_GetCurrentLineNumber(parser), XML_GetCurrentColumnNumber(parser) + 1);
+}
+
+/// @param error of Expat's
+wstring MessageOf(XML_Error error, std::size_t line) {
+    return FormatString(u"%s at line %d", FromUtf8(XML_ErrorString(error)).c_str(), static_cast<int>(line));
+}
+
+/// @param reason why an encoding is not known
+[[noreturn]] void ThrowError(XML_Parser parser, wstring const& reason = {}) {
+    XML_Error const error = XML_GetErrorCode(parser);
+    CBxLocation const location = LocationOf(parser);
+    wstring const message = MessageOf(error, location.GetLine());
+    CBxException failure = error == XML_ERROR_UNKNOWN_ENCODING && !reason.empty()
+                               ? CBxException(message, CBxException(reason))
+                               : CBxException(message);
+    failure.SetLocation(location);
     throw failure;
+}
+
+/// The octets of an XML declaration, if there is one, and at most as many as a reader looks ahead.
+std::span<unsigned char const> DeclarationOf(std::span<unsigned char const> beginning) {
+    auto const some = beginning.first(std::min(beginning.size(), CPeekedSource::kSize));
+    auto const end = std::ranges::find(some, '>');
+    return some.first(static_cast<std::size_t>(end - some.begin()) + (end == some.end() ? 0 : 1));
 }
 
 }  // namespace
@@ -73,6 +94,7 @@ struct CExpatReader::Callbacks {
             if (reader->m_isPauseAsked) reader->PauseOutsideEntity();
         } catch (...) {
             reader->m_failure = std::current_exception();
+            reader->m_failurePlace = reader->Place();
             XML_StopParser(reader->m_parser.get(), XML_FALSE);
         }
     }
@@ -115,15 +137,19 @@ struct CExpatReader::Callbacks {
 
     static void SkippedEntity(void* userData, XML_Char const* name, int isParameterEntity) {
         if (isParameterEntity != 0) return;
-        Run(userData, [=](CExpatReader& reader) { reader.m_receiver.AddEntityReference(Units(name)); });
+        Run(userData, [=](CExpatReader& reader) { reader.SkipReference(Units(name)); });
     }
 
     static void StartDocumentType(void* userData, XML_Char const*, XML_Char const*, XML_Char const*, int) {
-        Run(userData, [](CExpatReader& reader) { reader.m_isInDocumentType = true; });
+        auto* const reader = static_cast<CExpatReader*>(userData);
+        reader->m_hasDocumentType = true;
+        reader->m_isInDocumentType = reader->m_details.m_markup;
     }
 
     static void EndDocumentType(void* userData) {
-        Run(userData, [](CExpatReader& reader) { reader.EndDocumentType(); });
+        Run(userData, [](CExpatReader& reader) {
+            if (reader.m_details.m_markup) reader.EndDocumentType();
+        });
     }
 
     /// An entity in another file, which is not read.
@@ -139,7 +165,7 @@ struct CExpatReader::Callbacks {
     static void Reference(void* userData, XML_Char const* text, int length) {
         if (length < 3) return;
         Run(userData, [=](CExpatReader& reader) {
-            reader.m_receiver.AddEntityReference({Units(text) + 1, static_cast<std::size_t>(length) - 2});
+            reader.SkipReference({Units(text) + 1, static_cast<std::size_t>(length) - 2});
         });
     }
 
@@ -147,9 +173,26 @@ struct CExpatReader::Callbacks {
                        int length, XML_Char const*, XML_Char const*, XML_Char const*, XML_Char const*) {
         if (isParameterEntity != 0) return;
         Run(userData, [=](CExpatReader& reader) {
-            if (reader.m_details.m_markup) reader.m_entities.insert(Units(name));
+            reader.m_entities.emplace(Units(name));
             if (value != nullptr) reader.DeclareEntity({Units(value), static_cast<std::size_t>(length)});
         });
+    }
+
+    static void Tag(void* userData, XML_Char const* text, int length) {
+        Run(userData, [=](CExpatReader& reader) {
+            reader.m_tag.append(Units(text), static_cast<std::size_t>(length));
+        });
+    }
+
+    static int UnknownEncoding(void* userData, XML_Char const* name, XML_Encoding* encoding) {
+        bool isFound = false;
+        Run(userData, [=, &isFound](CExpatReader& reader) {
+            isFound = reader.FindEncoding(Units(name), encoding->map);
+        });
+        encoding->data = nullptr;
+        encoding->convert = nullptr;
+        encoding->release = nullptr;
+        return isFound ? XML_STATUS_OK : XML_STATUS_ERROR;
     }
 };
 
@@ -176,7 +219,10 @@ CExpatReader::Parser CExpatReader::NewParser(char16_t const* encoding, SchemaTyp
 void CExpatReader::Parse(std::span<unsigned char const> input) {
     m_mostOctetsOfToken = kMaxInputSize;
     m_octets = input.size();
+    auto const utf32 = Utf32Of(input);
+    if (!utf32.empty()) return ParseConverted(utf32, input);
     auto const highOctet = CUtf16Source::HighOctet(input);
+    m_isUtf16 = highOctet.has_value();
     if (!highOctet || !CUtf16Source::HasSurrogate(input, *highOctet)) return ParseAs(nullptr, input);
     // In UTF-16 Expat takes whatever unit follows the first half of a pair for the second, and some releases
     // lose the second half of one that ends a long text.
@@ -185,6 +231,40 @@ void CExpatReader::Parse(std::span<unsigned char const> input) {
     CUtf16Source utf8(source, *highOctet);
     std::vector<unsigned char> const octets = ReadAll(utf8);
     ParseAs(u"UTF-8", octets);
+}
+
+std::string_view CExpatReader::Utf32Of(std::span<unsigned char const> beginning) const {
+    return m_details.m_systemEncodings ? CConvertedSource::Utf32(beginning) : std::string_view();
+}
+
+void CExpatReader::ParseConverted(std::string_view encoding, std::span<unsigned char const> input) {
+    CMemorySource source(input);
+    std::vector<unsigned char> const octets = ReadAll(*NewConvertedSource(encoding, source, input));
+    ParseAs(u"UTF-8", octets);
+}
+
+/// @param beginning of the source
+std::unique_ptr<COctetSource> CExpatReader::NewConvertedSource(std::string_view encoding,
+                                                               COctetSource& source,
+                                                               std::span<unsigned char const> beginning) {
+    // Expat does not look at the declaration again, so that must be the same in both encodings.
+    auto const declaration = DeclarationOf(beginning);
+    std::vector<unsigned char> converted(4 * declaration.size() + 64);
+    std::size_t const size = CEncoding(encoding).Convert(declaration, converted).m_written;
+    if (Utf32Of(beginning).empty() && !std::ranges::equal(std::span(converted).first(size), declaration)) {
+        throw CBxException(MessageOf(XML_ERROR_INCORRECT_ENCODING, 1));
+    }
+    return std::make_unique<CConvertedSource>(source, encoding);
+}
+
+/// The encoding from which a text has to be converted, by its declaration; empty if it need not be.
+std::string CExpatReader::DeclaredEncoding(std::span<unsigned char const> beginning) {
+    m_parser = NewParser(nullptr, m_schemaType);
+    XML_SetUserData(m_parser.get(), this);
+    XML_SetUnknownEncodingHandler(m_parser.get(), Callbacks::UnknownEncoding, this);
+    ParsePart(m_parser.get(), DeclarationOf(beginning), kNotFinal);
+    CheckParsed(true);
+    return std::exchange(m_convertedEncoding, {});
 }
 
 /// Expat does not look at the declared encoding if it is told another one.
@@ -209,10 +289,9 @@ void CExpatReader::ParseAs(char16_t const* encoding, std::span<unsigned char con
     std::optional const highOctet = encoding == nullptr ? CUtf16Source::HighOctet(input) : std::nullopt;
     m_lines = {input, highOctet};
     bool const parsed = ParsePart(m_parser.get(), input, kFinal);
-    if (m_failure) std::rethrow_exception(m_failure);
-    if (parsed) return;
-    m_receiver.Restart();
-    m_depth = 0;
+    if (parsed || m_failure) return CheckParsed(parsed);
+    if (!m_convertedEncoding.empty()) return ParseConverted(std::exchange(m_convertedEncoding, {}), input);
+    Restart();
     m_lines = {input, highOctet};
     ParseOpen(encoding, input);
 }
@@ -227,14 +306,19 @@ void CExpatReader::ParseOpen(char16_t const* encoding, std::span<unsigned char c
 
 void CExpatReader::Start(CPeekedSource& source) {
     m_mostOctetsOfToken = kMaxOctetsOfToken;
-    auto const highOctet = CUtf16Source::HighOctet(source.Beginning());
-    m_source = &source;
+    std::span const beginning = source.Beginning();
+    std::string encoding(Utf32Of(beginning));
+    auto const highOctet = encoding.empty() ? CUtf16Source::HighOctet(beginning) : std::nullopt;
+    m_isUtf16 = highOctet.has_value();
     if (highOctet) {
-        CheckDeclaration(source.Beginning());
+        CheckDeclaration(beginning);
         m_utf8 = std::make_unique<CUtf16Source>(source, *highOctet);
-        m_source = m_utf8.get();
+    } else {
+        if (m_details.m_systemEncodings && encoding.empty()) encoding = DeclaredEncoding(beginning);
+        if (!encoding.empty()) m_utf8 = NewConvertedSource(encoding, source, beginning);
     }
-    MakeParser(highOctet ? u"UTF-8" : nullptr);
+    m_source = m_utf8 ? m_utf8.get() : &source;
+    MakeParser(m_utf8 ? u"UTF-8" : nullptr);
 }
 
 bool CExpatReader::Read() {
@@ -250,7 +334,7 @@ bool CExpatReader::Read() {
 void CExpatReader::FinishStream() {
     m_isAtEnd = true;
     bool const parsed = ParsePart(m_parser.get(), {}, kFinal);
-    if (m_failure) std::rethrow_exception(m_failure);
+    if (m_failure) CheckParsed(false);
     if (!m_hasRoot) ThrowNoRoot();
     if (HasOpenElement()) ThrowEndsInElement(CBxLocation({}, Place().m_line, Place().m_column));
     CheckParsed(parsed);
@@ -275,6 +359,8 @@ DocumentPlace CExpatReader::Place() const {
 void CExpatReader::MakeParser(char16_t const* encoding) {
     m_parser = NewParser(encoding, m_schemaType);
     m_hasRoot = false;
+    m_hasDocumentType = false;
+    m_entities.clear();
     m_lastNamespace = nullptr;
     m_noNamespace = &m_memory.m_names.InternText({});
     m_nestingEntities = 0;
@@ -287,13 +373,14 @@ void CExpatReader::MakeParser(char16_t const* encoding) {
     XML_SetNamespaceDeclHandler(parser, Callbacks::StartNamespace, Callbacks::EndNamespace);
     XML_SetCharacterDataHandler(parser, Callbacks::Text);
     XML_SetEntityDeclHandler(parser, Callbacks::Entity);
+    XML_SetSkippedEntityHandler(parser, Callbacks::SkippedEntity);
+    XML_SetExternalEntityRefHandler(parser, Callbacks::ExternalEntity);
+    XML_SetDoctypeDeclHandler(parser, Callbacks::StartDocumentType, Callbacks::EndDocumentType);
+    XML_SetUnknownEncodingHandler(parser, Callbacks::UnknownEncoding, this);
     if (m_details.m_prefixes) XML_SetReturnNSTriplet(parser, XML_TRUE);
     if (m_details.m_markup) {
         XML_SetCommentHandler(parser, Callbacks::Comment);
         XML_SetProcessingInstructionHandler(parser, Callbacks::Instruction);
-        XML_SetSkippedEntityHandler(parser, Callbacks::SkippedEntity);
-        XML_SetExternalEntityRefHandler(parser, Callbacks::ExternalEntity);
-        XML_SetDoctypeDeclHandler(parser, Callbacks::StartDocumentType, Callbacks::EndDocumentType);
     }
     // Expat 2.6, and older ones with its mends, would leave a token that a slice cuts for a final call, which
     // an input that may break off does not have.
@@ -340,8 +427,17 @@ void CExpatReader::KeepProlog(std::span<unsigned char const> octets) {
 }
 
 void CExpatReader::CheckParsed(bool parsed) {
-    if (m_failure) std::rethrow_exception(m_failure);
-    if (!parsed) ThrowError(m_parser.get());
+    if (!m_failure) {
+        if (!parsed) ThrowError(m_parser.get(), m_unknownEncoding);
+        return;
+    }
+    try {
+        std::rethrow_exception(m_failure);
+    } catch (CBxException& failure) {
+        if (!failure.GetLocation().IsKnown())
+            failure.SetLocation(CBxLocation({}, m_failurePlace.m_line, m_failurePlace.m_column));
+        throw;
+    }
 }
 
 CExpatReader::ExpandedName CExpatReader::SplitName(std::u16string_view expanded) {
@@ -368,9 +464,8 @@ CExpatReader::ExpandedName CExpatReader::SplitLocalName(wstring const& namespace
 }
 
 void CExpatReader::StartElement(char16_t const* name, char16_t const* const* attributes) {
-    ThrowIfTooDeep();
+    CountElement();
     m_hasRoot = true;
-    if (m_hasDocumentType && attributes[0] != nullptr) TellLostReferences();
     m_attributes.clear();
     if (attributes[0] != nullptr) {
         auto const specified = static_cast<std::size_t>(XML_GetSpecifiedAttributeCount(m_parser.get())) / 2;
@@ -385,23 +480,55 @@ void CExpatReader::StartElement(char16_t const* name, char16_t const* const* att
     }
     auto const [element, prefix] = SplitName(name);
     CDocumentReader::StartElement({element, prefix, m_attributes, m_details.m_lines ? Line() : 0});
+    if (m_hasDocumentType && !m_attributes.empty()) FindSkippedInTag();
 }
 
-/// Expat drops them from values without a word, so the tag itself is looked at.
-void CExpatReader::TellLostReferences() {
-    constexpr std::u16string_view kPredefined[] = {u"lt", u"gt", u"amp", u"quot", u"apos"};
-    int offset = 0, size = 0;
-    char const* const context = XML_GetInputContext(m_parser.get(), &offset, &size);
-    if (context == nullptr) return;
-    std::string_view const tag(context + offset,
-                               static_cast<std::size_t>(XML_GetCurrentByteCount(m_parser.get())));
-    if (tag.starts_with('&')) return;  // of an element that an entity stands for
-    for (std::size_t at = tag.find('&'); at != tag.npos; at = tag.find('&', at + 1)) {
-        wstring const name = FromUtf8(tag.substr(at + 1, tag.find(';', at) - at - 1));
-        bool const isKnown = name.starts_with(u'#') || m_entities.contains(name) ||
-                             std::ranges::find(kPredefined, name) != std::end(kPredefined);
-        if (!isKnown) m_receiver.LoseEntityReference();
+/// Expat does not tell of the entities that it skips in values of attributes.
+void CExpatReader::FindSkippedInTag() {
+    std::size_t const line = Line();
+    m_tag.clear();
+    XML_SetDefaultHandlerExpand(m_parser.get(), Callbacks::Tag);
+    XML_DefaultCurrent(m_parser.get());
+    XML_SetDefaultHandlerExpand(m_parser.get(), nullptr);
+    constexpr std::u16string_view kKnown[] = {u"amp", u"lt", u"gt", u"apos", u"quot"};
+    for (std::size_t at = m_tag.find(u'&'); at != m_tag.npos; at = m_tag.find(u'&', at + 1)) {
+        std::u16string_view const name =
+            std::u16string_view(m_tag).substr(at + 1, m_tag.find(u';', at) - at - 1);
+        if (!name.starts_with(u'#') && std::ranges::find(kKnown, name) == std::end(kKnown) &&
+            !m_entities.contains(name)) {
+            SkipEntity(name, line);
+            if (m_details.m_markup) m_receiver.LoseEntityReference();
+        }
     }
+}
+
+void CExpatReader::SkipEntity(std::u16string_view name, std::size_t line) {
+    if (m_skippedEntities.m_count++ == 0) {
+        m_skippedEntities.m_name = name;
+        m_skippedEntities.m_line = line;
+    }
+}
+
+void CExpatReader::SkipReference(std::u16string_view name) {
+    SkipEntity(name, Line());
+    if (m_details.m_markup) m_receiver.AddEntityReference(name);
+}
+
+/// What Expat asks for.
+/// @return false if there is none, or the text has to be converted
+bool CExpatReader::FindEncoding(wstring const& name, std::span<int, 256> map) {
+    m_unknownEncoding = FormatString(
+        !m_details.m_systemEncodings ? u"The encoding [%s] is read only where those of the system are allowed"
+        : m_isUtf16                  ? u"The text is UTF-16, but declares the encoding [%s]"
+                                     : u"The system does not know the encoding [%s]",
+        name.substr(0, 100).c_str());
+    if (!m_details.m_systemEncodings || m_isUtf16) return false;
+    CEncoding encoding(ToUtf8(name));
+    if (!encoding.IsKnown()) return false;
+    auto const octets = encoding.Octets();
+    if (!octets) m_convertedEncoding = ToUtf8(name);
+    if (octets) std::ranges::copy(*octets, map.begin());
+    return octets.has_value();
 }
 
 /// The line of the event that Expat tells. Expat's own count looks at each octet once more, but it does so anyway
@@ -479,8 +606,8 @@ struct DocumentTypeText {
 /// Expat tells of declarations, not what they look like, so another parser is asked, which does not.
 void CExpatReader::EndDocumentType() {
     m_isInDocumentType = false;
-    m_hasDocumentType = true;
     Parser const parser = NewParser(m_utf8 ? u"UTF-8" : nullptr, st_NoNamespaces);
+    XML_SetUnknownEncodingHandler(parser.get(), Callbacks::UnknownEncoding, this);
     DocumentTypeText document(parser.get());
     ParsePart(parser.get(), m_prolog, kNotFinal);
     if (document.m_failure) std::rethrow_exception(document.m_failure);

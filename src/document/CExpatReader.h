@@ -8,6 +8,7 @@
 #include <optional>
 #include <set>
 #include <span>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -15,6 +16,7 @@
 #include "BxXmlLib5/core/Enumerations.h"
 #include "document/CDocumentReader.h"
 #include "document/CLineCounter.h"
+#include "platform/TextView.h"
 
 struct XML_ParserStruct;
 
@@ -22,7 +24,6 @@ namespace BxXmlLib5 {
 
 class COctetSource;
 class CPeekedSource;
-class CUtf16Source;
 
 /// Parses one text, that is given whole or comes in slices. The callbacks run inside Expat, whose frames no
 /// exception may cross: a failure in one stops the parser, further callbacks do nothing, and the caller gets what
@@ -68,6 +69,12 @@ private:
     void FinishStream();
     void PauseOutsideEntity();
     void CheckParsed(bool parsed);
+    std::string_view Utf32Of(std::span<unsigned char const> beginning) const;
+    void ParseConverted(std::string_view encoding, std::span<unsigned char const> input);
+    std::unique_ptr<COctetSource> NewConvertedSource(std::string_view encoding, COctetSource& source,
+                                                     std::span<unsigned char const> beginning);
+    std::string DeclaredEncoding(std::span<unsigned char const> beginning);
+    bool FindEncoding(wstring const& name, std::span<int, 256> map);
     ExpandedName SplitName(std::u16string_view expanded);
     ExpandedName SplitLocalName(wstring const& namespaceUri, std::u16string_view local);
 
@@ -78,22 +85,28 @@ private:
     void EndElement();
     void DeclareNamespace(char16_t const* prefix, char16_t const* namespaceUri);
     void AddText(std::u16string_view text);
+    void FindSkippedInTag();
+    void SkipReference(std::u16string_view name);
+    void SkipEntity(std::u16string_view name, std::size_t line);
     void EndDocumentType();
-    void TellLostReferences();
     void DeclareEntity(std::u16string_view value);
 
     SchemaType m_schemaType;
     Parser m_parser;
-    std::unique_ptr<CUtf16Source> m_utf8;
+    std::unique_ptr<COctetSource> m_utf8;
+    bool m_isUtf16 = false;
+    wstring m_unknownEncoding;
+    std::string m_convertedEncoding;
     COctetSource* m_source = nullptr;  // if the text comes in slices
     CLineCounter m_lines;              // if it does not
     std::size_t m_mostOctetsOfToken = 0;
     std::uint64_t m_octets = 0;
     bool m_hasRoot = false;
+    bool m_hasDocumentType = false;
+    std::set<wstring, LessBySize> m_entities;  // those that the document declares
+    wstring m_tag;
     bool m_isInDocumentType = false;
-    bool m_hasDocumentType = false;       // this and the next two only where markup is asked for
-    std::vector<unsigned char> m_prolog;  // what is ahead of the root
-    std::set<wstring> m_entities;         // that are declared
+    std::vector<unsigned char> m_prolog;  // what is ahead of the root, where markup is asked for
     bool m_isPauseAsked = false;
     bool m_isPaused = false;
     bool m_isAtEnd = false;
@@ -105,6 +118,7 @@ private:
     std::size_t m_defaultedUnits = 0;
     std::size_t m_mostDefaultedUnits = 0;
     std::exception_ptr m_failure;
+    DocumentPlace m_failurePlace;
 };
 
 }  // namespace BxXmlLib5

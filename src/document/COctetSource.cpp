@@ -10,16 +10,18 @@
 namespace BxXmlLib5 {
 
 void ThrowFileError(char16_t const* format, std::u16string_view path, CInputFile const& file) {
-    throw CBxException(FormatString(format, wstring(path).c_str(), file.Error()));
+    int const error = file.Error();
+    wstring const words = error == 0 ? wstring(u"It became shorter while it was read") : WordsOfError(error);
+    throw CBxException(FormatString(format, wstring(path).c_str(), error), CBxException(words));
 }
 
-std::vector<unsigned char> ReadAll(COctetSource& source) {
+std::vector<unsigned char> ReadAll(COctetSource& source, std::size_t most) {
     constexpr std::size_t kBlockSize = 65536;
     auto const block = std::make_unique_for_overwrite<unsigned char[]>(kBlockSize);
     std::vector<unsigned char> octets;
     while (std::size_t const count = source.Read({block.get(), kBlockSize})) {
         octets.insert(octets.end(), block.get(), block.get() + count);
-        ThrowIfInputTooLarge(octets.size());
+        ThrowIfInputTooLarge(octets.size(), most);
     }
     return octets;
 }

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "BxXmlLib5/platform/Text.h"
+#include "core/Limits.h"
 #include "platform/Files.h"
 
 namespace BxXmlLib5 {
@@ -33,7 +34,7 @@ public:
 
 /// All octets of a source.
 /// @throws CBxException also if there are more than a document may have
-std::vector<unsigned char> ReadAll(COctetSource& source);
+std::vector<unsigned char> ReadAll(COctetSource& source, std::size_t most = kMaxInputSize);
 
 /// Octets in memory.
 class CMemorySource : public COctetSource {

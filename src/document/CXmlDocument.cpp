@@ -32,12 +32,12 @@ private:
     std::size_t m_size;
 };
 
-Buffer ReadFile(std::u16string_view path) {
+Buffer ReadFile(std::u16string_view path, std::size_t most) {
     CInputFile file(path);
     if (!file.IsOpen()) ThrowFileError(kCannotOpen, path, file);
     auto const size = file.Size();
     if (!size) ThrowFileError(u"Failed to get the size of the file [%s] Error [0x%08x]", path, file);
-    ThrowIfInputTooLarge(*size);
+    ThrowIfInputTooLarge(*size, most);
     Buffer buffer(*size);
     if (!file.Read(buffer.Octets())) ThrowFileError(kCannotRead, path, file);
     return buffer;
@@ -59,6 +59,8 @@ CXmlDocument::~CXmlDocument() = default;
 void CXmlDocument::Cleanup() {
     m_documentElement = nullptr;
     m_openElements.clear();
+    m_skippedEntityCount = 0;
+    m_firstSkippedEntity.clear();
     m_isComplete = false;
     m_isCompressed = false;
     m_isFastInfoset = false;
@@ -67,7 +69,7 @@ void CXmlDocument::Cleanup() {
 
 void CXmlDocument::Load(char16_t const* path) {
     Cleanup();
-    Buffer const file = ReadFile(TextOf(path));
+    Buffer const file = ReadFile(TextOf(path), m_limits.m_octets);
     Parse(file.Octets(), false);
 }
 
@@ -88,7 +90,7 @@ void CXmlDocument::LoadXml(char16_t const* text) {
     Cleanup();
     std::u16string_view const units = TextOf(text);
     ThrowIfEmpty(units.size());
-    ThrowIfInputTooLarge((units.size() + 1) * sizeof(char16_t));
+    ThrowIfInputTooLarge((units.size() + 1) * sizeof(char16_t), m_limits.m_octets);
     // The byte order mark tells Expat that this is UTF-16, whatever the text claims.
     Buffer const octets((units.size() + 1) * sizeof(char16_t));
     WriteUtf16(units, std::ranges::copy(kByteOrderMark, octets.data()).out);
@@ -101,15 +103,27 @@ wstring CXmlDocument::LookupNamespaceFromAlias(char16_t const* alias) const {
 }
 
 void CXmlDocument::Parse(std::span<unsigned char const> input, bool isText) {
-    ThrowIfInputTooLarge(input.size());
-    auto const inflated = isText ? std::nullopt : Inflate(input);
+    ThrowIfInputTooLarge(input.size(), m_limits.m_octets);
+    auto const inflated = isText ? std::nullopt : Inflate(input, m_limits.m_octets);
     auto const octets = inflated ? std::span<unsigned char const>(*inflated) : input;
     m_isCompressed = inflated.has_value();
     CDocumentBuilder builder(*this, *m_nodes, CDocumentBuilder::kTextsAreKept);
     DocumentMemory const memory{m_nodes->m_names, m_nodes->m_texts, true};
     try {
-        m_isFastInfoset = !isText && CFastInfosetReader(builder, memory).Parse(octets);
-        if (!m_isFastInfoset) CExpatReader(builder, memory, m_schemaType, {.m_lines = true}).Parse(octets);
+        if (!isText) {
+            CFastInfosetReader reader(builder, memory);
+            reader.SetLimits(m_limits);
+            m_isFastInfoset = reader.Parse(octets);
+        }
+        if (!m_isFastInfoset) {
+            CExpatReader reader(builder, memory, m_schemaType,
+                                {.m_systemEncodings = m_systemEncodings, .m_lines = true});
+            reader.SetLimits(m_limits);
+            reader.Parse(octets);
+            m_skippedEntityCount = reader.GetSkippedEntities().m_count;
+            m_firstSkippedEntity = reader.GetSkippedEntities().m_name;
+            m_skippedEntityLine = reader.GetSkippedEntities().m_line;
+        }
     } catch (...) {
         m_documentElement = builder.CloseAllElements();
         throw;
@@ -125,7 +139,7 @@ void CXmlDocument::Parse(std::span<unsigned char const> input, bool isText) {
 }
 
 void CXmlDocument::ThrowIfNotWhole() const {
-    if (m_isComplete) return;
+    if (m_isComplete) return ThrowIfEntitiesAreSkipped();
     CBxException failure;
     MarkRead(failure, m_openElements.back());
     LocateRead(failure, *m_documentElement);
@@ -133,6 +147,15 @@ void CXmlDocument::ThrowIfNotWhole() const {
     failure = CBxException(FormatString(u"The document ends inside the element [%s], which begins on line %d",
                                         open.GetPath().c_str(), static_cast<int>(open.GetLine())));
     failure.SetLocation(CBxLocation({}, open.GetLine()));
+    throw failure;
+}
+
+void CXmlDocument::ThrowIfEntitiesAreSkipped() const {
+    if (m_skippedEntityCount == 0) return;
+    CBxException failure(
+        FormatString(u"The entity [%s], to which line %d refers, is not declared in the document itself",
+                     m_firstSkippedEntity.c_str(), static_cast<int>(m_skippedEntityLine)));
+    failure.SetLocation(CBxLocation({}, m_skippedEntityLine));
     throw failure;
 }
 

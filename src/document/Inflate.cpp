@@ -4,12 +4,12 @@
 
 namespace BxXmlLib5 {
 
-std::optional<std::vector<unsigned char>> Inflate(std::span<unsigned char const> octets) {
+std::optional<std::vector<unsigned char>> Inflate(std::span<unsigned char const> octets, std::size_t most) {
     if (!CInflatingSource::Recognises(octets)) return std::nullopt;
     CMemorySource compressed(octets);
     CInflatingSource content(compressed);
     try {
-        return ReadAll(content);
+        return ReadAll(content, most);
     } catch (CDamagedStream const&) {
         return std::nullopt;
     }

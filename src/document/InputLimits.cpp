@@ -1,15 +1,17 @@
 #include "document/InputLimits.h"
 
+#include <algorithm>
+
 #include "BxXmlLib5/core/CBxException.h"
 #include "BxXmlLib5/core/FormatString.h"
-#include "core/Limits.h"
 
 namespace BxXmlLib5 {
 
-void ThrowIfInputTooLarge(std::size_t size) {
-    if (size <= kMaxInputSize) return;
-    throw CBxException(FormatString(u"The document has more than %d octets, which is the limit",
-                                    static_cast<int>(kMaxInputSize)));
+void ThrowIfInputTooLarge(std::size_t size, std::size_t most) {
+    most = std::min(most, kMaxInputSize);
+    if (size <= most) return;
+    throw CBxException(
+        FormatString(u"The document has more than %d octets, which is the limit", static_cast<int>(most)));
 }
 
 void ThrowIfNamespaceTooLong(std::u16string_view namespaceUri) {

@@ -5,11 +5,12 @@
 #include <string_view>
 
 #include "BxXmlLib5/core/CBxLocation.h"
+#include "core/Limits.h"
 
 namespace BxXmlLib5 {
 
-/// @throws CBxException if a document of this size exceeds kMaxInputSize
-void ThrowIfInputTooLarge(std::size_t size);
+/// @throws CBxException if a document of this size exceeds kMaxInputSize, or less
+void ThrowIfInputTooLarge(std::size_t size, std::size_t most = kMaxInputSize);
 
 /// @throws CBxException if the name of a namespace exceeds kMaxNamespaceLength
 void ThrowIfNamespaceTooLong(std::u16string_view namespaceUri);

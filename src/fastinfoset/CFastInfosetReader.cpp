@@ -302,7 +302,7 @@ void CFastInfosetReader::ReadElement(unsigned char first) {
     PrefixedName const name = kLiteralElementName.Matches(nameStart)
                                   ? ReadLiteralName(nameStart, m_elementNames)
                                   : FindName(m_elementNames, m_input.ReadIndexOnThirdBit(nameStart));
-    ThrowIfTooDeep();
+    CountElement();
     m_attributes.clear();
     bool const isEmpty = (first & kHasAttributes) != 0 && ReadAttributes();
     m_hasRoot = true;

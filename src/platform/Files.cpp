@@ -1,6 +1,8 @@
 #include "platform/Files.h"
 
 #include <fcntl.h>
+#include <locale.h>
+#include <string.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -29,6 +31,14 @@ int Open(std::u16string_view path, int flags, int& error) {
 }
 
 }  // namespace
+
+wstring WordsOfError(int error) {
+    // Safe in threads, and independent of the locale of the process.
+    locale_t const english = newlocale(LC_ALL_MASK, "C", nullptr);
+    wstring const words = FromUtf8(strerror_l(error, english));
+    freelocale(english);
+    return words;
+}
 
 CInputFile::CInputFile(std::u16string_view path) {
     // O_NONBLOCK: opening a pipe must not wait for its writer; a regular file does not heed it.

@@ -6,7 +6,12 @@
 #include <span>
 #include <string_view>
 
+#include "BxXmlLib5/platform/Text.h"
+
 namespace BxXmlLib5 {
+
+/// What an error number of the system means, in English.
+wstring WordsOfError(int error);
 
 /// A file for reading. Where a step fails, Error() has the error
 /// number of the system.

@@ -18,7 +18,8 @@ std::pair<bool (Context::*)() const, void (Context::*)(bool)> const kFlags[] = {
     FLAG(IgnoreNamespaces),
     FLAG(NoOptionalAttributeDefaultOutput),
     FLAG(CheckWellFormed),
-    FLAG(RequireWholeDocument)};
+    FLAG(RequireWholeDocument),
+    FLAG(SystemEncodings)};
 #undef FLAG
 
 /// All settings but the additional attributes; first a digit for each of kFlags.

@@ -144,6 +144,11 @@ TEST(Input, Files) {
     };
     EXPECT_EQ(outcome(file), "a");
     EXPECT_EQ(outcome(none), unopened(none) + "02]");
+    try {
+        CXmlDocument().Load(FromUtf8(none).c_str());
+    } catch (CBxException const& failure) {
+        EXPECT_EQ(ToUtf8(failure.GetFullMessage()), unopened(none) + "02]\nNo such file or directory");
+    }
     EXPECT_EQ(outcome(file + "/x"), unopened(file + "/x") + "14]");
     EXPECT_EQ(Outcome([](auto& d) { d.Load(nullptr); }), unopened("") + "02]");
     EXPECT_EQ(outcome(folder.Path("")), unopened(folder.Path("")) + "15]");
@@ -216,6 +221,41 @@ TEST(Input, RefusesWhatIsNotWhole) {
     }
     EXPECT_EQ(Thrown([&] { document.LoadXml("<a/><!-- cut"); }), "nothing");
     EXPECT_TRUE(document.IsComplete() && document.GetOpenElements().empty());
+}
+
+TEST(Input, TellsOfSkippedEntities) {
+    struct Row {
+        std::string m_text;
+        std::string m_tree;
+        std::size_t m_count;
+        std::string m_first;
+        int m_line;
+    };
+    for (Row const& row : std::vector<Row>{
+             {"<!DOCTYPE a SYSTEM 'x'>\n<a>5&euro;\n&nbsp;&euro;</a>", "a'5\n'", 3, "euro", 2},
+             {"<!DOCTYPE a SYSTEM 'x' [<!ENTITY e 'E'>]><a\nk='1&e;&amp;&#65;&u;2' l='&v;'>&e;</a>",
+              "a@k=1E&A2@l='E'", 2, "u", 1},
+             {"<!DOCTYPE a [<!ENTITY e SYSTEM 'x'>]><a>1&e;2</a>", "a'12'", 1, "e", 1},
+             {"<!DOCTYPE a [<!ENTITY f '<b/>&é;'>\n<!ENTITY é SYSTEM 'x'>]>\n<a xmlns:p='u'>&f;&f;</a>",
+              "a(b b)", 2, "é", 3},
+             {"<!DOCTYPE a [<!ENTITY % p SYSTEM 'x'>%p;<!ENTITY e 'E'>]>\n<a k='&e;'>&e;</a>", "a@k=", 2, "e",
+              2},
+             {"<!DOCTYPE a SYSTEM 'x' [<!ENTITY e 'E&#38;lt;'>]><a k='&e;&gt;'>&e;&lt;</a>", "a@k=E<>'E<<'",
+              0, "", 0}}) {
+        for (Way const way : {kOctets, kNarrow, kWide}) {
+            CXmlDocument document;
+            Load(way, document, row.m_text);
+            EXPECT_EQ(Dump(document.GetDocumentElement()), row.m_tree);
+            EXPECT_EQ(document.GetSkippedEntityCount(), row.m_count) << row.m_text;
+            EXPECT_EQ(document.GetFirstSkippedEntity(), FromUtf8(row.m_first));
+            document.SetRequireWholeDocument(true);
+            std::string const refused = "CBxException: The entity [" + row.m_first + "], to which line " +
+                                        std::to_string(row.m_line) +
+                                        " refers, is not declared in the document itself";
+            EXPECT_EQ(Thrown([&] { Load(way, document, row.m_text); }),
+                      row.m_count == 0 ? "nothing" : refused);
+        }
+    }
 }
 
 TEST(Input, TellsWhatItWas) {

@@ -1,8 +1,11 @@
+#include <gmock/gmock.h>
+
 #include <sstream>
 
 #include "document/Trees.h"
 
 using namespace BxTest;
+using namespace std::string_literals;
 
 namespace {
 
@@ -32,6 +35,47 @@ TEST(Limits, Depth) {
     // What was open in one document does not count for the next.
     CXmlDocument document;
     for (int i = 0; i < 2; ++i) EXPECT_EQ(Thrown([&] { document.LoadXml(full.c_str()); }), "nothing");
+}
+
+TEST(Limits, OfTheCaller) {
+    std::string const binary = "\xE0\0\0\1\0\x3C\0a\x3C\0b\xFF\xF0"s;
+    std::string const three = "<a>\n<b/>\n<b>\n</b></a>";
+    auto const outcome = [](CDocumentLimits const& limits, std::string const& text, Way way = kOctets) {
+        CXmlDocument document;
+        document.SetLimits(limits);
+        try {
+            Load(way, document, text);
+        } catch (CBxException const& failure) {
+            return ToUtf8(failure.GetReport());
+        }
+        return Dump(document.GetDocumentElement());
+    };
+    std::string const whole = "a'\n\n'(b b'\n')";
+    for (Way const way : {kOctets, kFile, kNarrow})
+        EXPECT_EQ(outcome({.m_octets = three.size(), .m_elements = 3, .m_depth = 2}, three, way), whole);
+    EXPECT_EQ(outcome({.m_octets = 2 * three.size() + 2}, three, kWide), whole);
+    for (Way const way : {kOctets, kFile, kNarrow, kWide}) {
+        EXPECT_EQ(outcome({.m_octets = 10}, three, way),
+                  "The document has more than 10 octets, which is the limit");
+        EXPECT_EQ(outcome({.m_elements = 2}, three, way),
+                  "3:1: The document has more than 2 elements, which is the limit");
+        EXPECT_EQ(outcome({.m_depth = 1}, three, way),
+                  "2:1: Elements are nested more than 1 levels deep, which is the limit");
+    }
+    EXPECT_EQ(outcome({.m_elements = 2, .m_depth = 2}, binary), "a(b)");
+    EXPECT_THAT(outcome({.m_elements = 1}, binary),
+                testing::EndsWith("more than 1 elements, which is the limit"));
+    EXPECT_THAT(outcome({.m_depth = 1}, binary),
+                testing::EndsWith("more than 1 levels deep, which is the limit"));
+    // Before anything of that size stands in memory.
+    std::string bomb(compressBound(1 << 20), '\0');
+    uLongf size = bomb.size();
+    std::string const large(1 << 20, ' ');
+    compress(reinterpret_cast<Bytef*>(bomb.data()), &size, reinterpret_cast<Bytef const*>(large.data()),
+             large.size());
+    bomb.resize(size);
+    EXPECT_EQ(outcome({.m_octets = 100000}, bomb),
+              "The document has more than 100000 octets, which is the limit");
 }
 
 TEST(Limits, Entities) {

@@ -122,7 +122,8 @@ TEST_F(Guide, Errors) {
     std::ostringstream cerr;  // in the place of std::cerr
 #include "users-guide/22.inc"
     EXPECT_EQ(cerr.str(),
-              "not readable: missing.xml: Failed to open the file [missing.xml] Error [0x00000002]\n");
+              "not readable: missing.xml: Failed to open the file [missing.xml] Error [0x00000002]\n"
+              "No such file or directory\n");
 }
 
 TEST_F(Guide, Threads) {

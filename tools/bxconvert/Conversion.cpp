@@ -20,7 +20,7 @@ constexpr std::uint64_t kMaxInflatedSize = 1'000'000'000;
 
 DocumentStreamSettings SettingsOf(Options const& options) {
     return {.m_schemaType = options.m_namespaces ? st_Default : st_NoNamespaces,
-            .m_details = {.m_prefixes = true, .m_markup = !options.m_info},
+            .m_details = {.m_systemEncodings = true, .m_prefixes = true, .m_markup = !options.m_info},
             .m_maxSize = options.m_maxSize.value_or(std::numeric_limits<std::uint64_t>::max()),
             .m_maxInflatedSize = options.m_maxSize.value_or(kMaxInflatedSize)};
 }

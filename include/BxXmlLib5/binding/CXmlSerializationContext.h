@@ -6,6 +6,7 @@
 #include "BxXmlLib5/binding/CNamespaceAliasMap.h"
 #include "BxXmlLib5/core/CSmartPtr.h"
 #include "BxXmlLib5/core/Enumerations.h"
+#include "BxXmlLib5/document/CDocumentLimits.h"
 #include "BxXmlLib5/platform/Export.h"
 #include "BxXmlLib5/platform/Text.h"
 
@@ -88,6 +89,18 @@ public:
     /// @}
 
     /// @{
+    /// Reading takes text in all encodings that the system knows (CXmlDocument::SetSystemEncodings).
+    bool GetSystemEncodings() const { return m_systemEncodings; }
+    void SetSystemEncodings(bool value) { m_systemEncodings = value; }
+    /// @}
+
+    /// @{
+    /// Reading refuses documents beyond these limits, which are none at first.
+    CDocumentLimits const& GetDocumentLimits() const { return m_documentLimits; }
+    void SetDocumentLimits(CDocumentLimits const& limits) { m_documentLimits = limits; }
+    /// @}
+
+    /// @{
     /// Writing leaves out an optional attribute whose value is its default.
     bool GetNoOptionalAttributeDefaultOutput() const { return m_noOptionalAttributeDefaultOutput; }
     void SetNoOptionalAttributeDefaultOutput(bool value) { m_noOptionalAttributeDefaultOutput = value; }
@@ -158,6 +171,8 @@ private:
     bool m_ignoreUnknownAttributes = false;
     bool m_ignoreNamespaces = false;
     bool m_requireWholeDocument = false;
+    bool m_systemEncodings = false;
+    CDocumentLimits m_documentLimits;
     bool m_failOnIgnoredContent = false;
     SchemaType m_schemaType = st_Default;
     bool m_noOptionalAttributeDefaultOutput = false;

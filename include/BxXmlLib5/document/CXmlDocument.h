@@ -8,6 +8,7 @@
 
 #include "BxXmlLib5/core/CInstanceMonitor.h"
 #include "BxXmlLib5/core/Enumerations.h"
+#include "BxXmlLib5/document/CDocumentLimits.h"
 #include "BxXmlLib5/document/CXmlElement.h"
 #include "BxXmlLib5/platform/Export.h"
 #include "BxXmlLib5/platform/Text.h"
@@ -21,7 +22,7 @@ class CDocumentNodes;
 /// A file or a stream of octets is taken for what it is: zlib or gzip data around a document, or a document
 /// as such, in Fast Infoset (ITU-T X.891) or as text. A string is always text. Each load drops the tree of the
 /// one before, even if it fails. Encodings of text are those of Expat: UTF-8, UTF-16, ISO-8859-1 and US-ASCII,
-/// told by a byte order mark or the XML declaration.
+/// told by a byte order mark or the XML declaration; and others if SetSystemEncodings() allows them.
 ///
 /// Limits: 2,147,483,647 octets of input, before or after decompression, 1,024 levels of elements, 1,024
 /// entities that refer to others, 4,096 characters of a namespace; 8,388,608 characters, or 100 for each octet
@@ -53,6 +54,19 @@ public:
     void SetRequireWholeDocument(bool value) { m_requireWholeDocument = value; }
     /// @}
 
+    /// @{
+    /// Whether text may be in any encoding that the system's iconv knows, besides those of Expat. It may not at first.
+    /// What those encodings are, and how safe it is to have octets of strangers converted, is the system's business.
+    bool GetSystemEncodings() const { return m_systemEncodings; }
+    void SetSystemEncodings(bool value) { m_systemEncodings = value; }
+    /// @}
+
+    /// @{
+    /// Of the loads to come.
+    CDocumentLimits const& GetLimits() const { return m_limits; }
+    void SetLimits(CDocumentLimits const& limits) { m_limits = limits; }
+    /// @}
+
     /// Loads a regular file.
     /// @throws CBxException also if it cannot be opened or read
     void Load(char16_t const* path);
@@ -75,6 +89,12 @@ public:
     /// The elements in which the input of the last load broke off, from the root to the innermost one.
     std::vector<CXmlElement const*> const& GetOpenElements() const { return m_openElements; }
 
+    /// How many references of the last load stand for nothing, since their entities are declared in another file, or
+    /// lie in one: no other file is ever read.
+    std::size_t GetSkippedEntityCount() const { return m_skippedEntityCount; }
+    /// The name of the first such entity, empty if there is none.
+    wstring const& GetFirstSkippedEntity() const { return m_firstSkippedEntity; }
+
     /// @{
     /// What the last load took its input for: a zlib or gzip stream, and Fast Infoset, in that stream or as
     /// such.
@@ -93,14 +113,20 @@ protected:
 private:
     void Parse(std::span<unsigned char const> input, bool isText);
     void ThrowIfNotWhole() const;
+    void ThrowIfEntitiesAreSkipped() const;
 
     CXmlElement* m_documentElement = nullptr;
     SchemaType m_schemaType;
+    CDocumentLimits m_limits;
     bool m_requireWholeDocument = false;
+    bool m_systemEncodings = false;
     bool m_isComplete = false;
     bool m_isCompressed = false;
     bool m_isFastInfoset = false;
     std::vector<CXmlElement const*> m_openElements;
+    std::size_t m_skippedEntityCount = 0;
+    wstring m_firstSkippedEntity;
+    std::size_t m_skippedEntityLine = 0;
     std::unique_ptr<CDocumentNodes> m_nodes;
 };
 
