@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# fuzz.sh [TARGET|all] [SECONDS]: builds a fuzz target and runs it, or each of them one after the other, for a minute if
-# not told otherwise.
+# fuzz.sh [TARGET|all] [SECONDS]: builds a fuzz target and runs it, or all of them, as many at a time as there are
+# processors, each for a minute if not told otherwise.
 source "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 
 targets=(xml fastinfoset gpx values pattern tree schema)
@@ -10,10 +10,15 @@ seconds=${2:-60}
 
 scripts/setup.sh --all
 build fuzz "${targets[@]/#/fuzz_}"
-for target in "${targets[@]}"; do
-    corpus=build/fuzz/corpus/$target
+
+# fuzz TARGET
+fuzz() {
+    local corpus=build/fuzz/corpus/$1
     mkdir -p "$corpus"
-    echo "Fuzzing $target for $seconds seconds ..."
-    quietly "build/fuzz/fuzz/fuzz_$target" -max_total_time="$seconds" -max_len=4096 -timeout=30 \
-        -artifact_prefix=build/fuzz/ "$corpus" "fuzz/seeds/$target"
-done
+    echo "Fuzzing $1 for $seconds seconds ..."
+    quietly "build/fuzz/fuzz/fuzz_$1" -max_total_time="$seconds" -max_len=4096 -timeout=30 \
+        -artifact_prefix="build/fuzz/$1-" "$corpus" "fuzz/seeds/$1"
+}
+export seconds
+export -f fuzz quietly
+printf '%s\n' "${targets[@]}" | xargs --max-procs="$(nproc)" -I{} bash -euo pipefail -c 'fuzz {}'
