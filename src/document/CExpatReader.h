@@ -32,7 +32,7 @@ class CExpatReader : public CInstanceMonitor, public CDocumentReader {
 public:
     CExpatReader(CDocumentReceiver& receiver, DocumentMemory const& memory, SchemaType schemaType,
                  DocumentDetails details = {});
-    virtual ~CExpatReader();
+    ~CExpatReader() override;
 
     /// A whole text. One that ends inside an element, or has none, is no failure here.
     /// @throws CBxException for text that is not well-formed or breaks a limit

@@ -24,7 +24,7 @@ class CFastInfosetReader : public CInstanceMonitor, public CDocumentReader {
 public:
     CFastInfosetReader(CDocumentReceiver& receiver, DocumentMemory const& memory,
                        DocumentDetails details = {});
-    virtual ~CFastInfosetReader();
+    ~CFastInfosetReader() override;
 
     /// Whether a document begins as Fast Infoset does.
     static bool Recognises(std::span<unsigned char const> beginning);

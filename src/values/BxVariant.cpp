@@ -186,7 +186,7 @@ void BxVariant::FromString(std::u16string_view text, ItemType type, CWhitespaceU
 
 template <class T>
 void BxVariant::Own(ItemType type, T* Value::*member, T&& value) {
-    T* const owned = new T(std::move(value));
+    T* const owned = new T(std::forward<T>(value));
     Start(type).*member = owned;
 }
 

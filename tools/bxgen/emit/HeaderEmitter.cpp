@@ -21,6 +21,7 @@ constexpr std::string_view kFacetOrder[] = {
 
 std::string TextTable(std::string_view name, std::vector<std::string> const& texts) {
     std::vector<std::string> literals;
+    literals.reserve(texts.size());
     for (std::string const& text : texts) literals.push_back(TextLiteral(text));
     return Table("    static constexpr char16_t const* " + std::string(name) + "[] = ", literals, "");
 }

@@ -145,7 +145,7 @@ private:
     std::vector<std::pair<std::string, Place>> m_next;
 };
 
-void Catalog::Add(std::string uri, std::string file) {
+void Catalog::Add(std::string uri, std::string const& file) {
     m_exact.insert_or_assign(std::move(uri), UriOfPath(file));
 }
 

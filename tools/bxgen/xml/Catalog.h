@@ -18,7 +18,7 @@ namespace BxGen {
 class Catalog {
 public:
     /// Maps one URI: a location or a namespace. Goes before what the catalogs say.
-    void Add(std::string uri, std::string file);
+    void Add(std::string uri, std::string const& file);
 
     /// Reads a catalog and those that it names.
     /// @param diagnostics is told what is wrong with them
