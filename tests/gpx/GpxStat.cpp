@@ -80,14 +80,15 @@ TEST_F(GpxStat, Failures) {
         {"gpxstat --write out.gpx none.gpx none.gpx", usage("'--write' takes a single FILE")},
         {"gpxstat nothing.gpx none.gpx early.gpx",
          {1, "none.gpx: no tracks\n",
-          "gpxstat: nothing.gpx: Failed to open the file [nothing.gpx] Error [0x00000002]\n"
-          "No such file or directory\n"
+          "gpxstat: nothing.gpx: Failed to open the file [nothing.gpx] Error [0x00000002] No such file or "
+          "directory\n"
           "gpxstat: early.gpx:1: The document ends inside the element [/gpx], which begins on line 1\n"}},
         {"echo '<kml/>' >k.gpx; gpxstat --write none.gpx k.gpx; test -s none.gpx && gpxstat k.gpx",
          {1, "", noRoot + noRoot}},
         {"gpxstat --write x/out.gpx none.gpx",
          {1, "none.gpx: no tracks\n",
-          "gpxstat: x/out.gpx: Failed to write data to the file [x/out.gpx] error [0x00000002]\nNo such file or directory\n"}},
+          "gpxstat: x/out.gpx: Failed to write data to the file [x/out.gpx] error [0x00000002] No such "
+          "file or directory\n"}},
         {"gpxstat none.gpx >/dev/full", {1, "", "gpxstat: standard output: No space left on device\n"}},
     };
     for (auto const& row : rows) EXPECT_EQ(Run(row.m_command), row.m_outcome) << row.m_command;
