@@ -128,9 +128,9 @@ TEST(CRecordWriter, AcceptsNothingAfterAFailure) {
         {[](auto& writer) { writer.Start(u"a"), writer.Finish(), throw CBxException(u"finished"); },
          "CBxException: finished"},
     };
-    for (auto const& [step, thrown] : rows) {
+    for (auto const& row : rows) {
         CRecordWriter writer([](auto) {});
-        EXPECT_EQ(Thrown([&] { step(writer); }), thrown);
+        EXPECT_EQ(Thrown([&] { row.m_step(writer); }), row.m_thrown);
         EXPECT_BX_THROW((writer.Start(u"a"), 0), CBxInvalidStateException,
                         "Nothing is written any more, since the document is finished or failed");
     }
