@@ -192,7 +192,8 @@ TEST(Parcels, SayWhereTheyCannotBeRead) {
          "3: /parcel/note/b[2]/c: Unexpected element [c] found in the element [b]"},
     };
     for (auto const& [content, report] : rows) {
-        EXPECT_EQ(Report([&] { Read<CParcel>(start + content + "</parcel>"); }), report) << content;
+        std::string const document = start + content + "</parcel>";
+        EXPECT_EQ(Report([&] { Read<CParcel>(document); }), report) << document;
     }
     EXPECT_EQ(Report([] { Read<CParcel>("<box/>"); }).substr(0, 12), "1: /box: The");
     EXPECT_EQ(Report([] { Read<CBox>("\n<p:box xmlns:p='urn:parcel'>\n<width>1</width></p:box>"); }),
