@@ -75,7 +75,7 @@ heading "Read and written again, formatted"
 run 'bxconvert --format track.gpx -o formatted.gpx'
 run 'head -n 15 formatted.gpx'
 echo "..."
-run 'grep -m 1 -B 6 -A 4 "reading " formatted.gpx'
+run 'grep -m 1 -B 6 -A 4 "<s:reading" formatted.gpx'
 
 heading "What was written, read and written once more"
 run 'bxconvert formatted.gpx -o again.gpx'
@@ -128,7 +128,7 @@ if [[ -r $mime ]]; then
 fi
 
 heading "A document that is larger than the memory of who reads it"
-run 'large() { echo "<gpx>"; yes "<wpt lat=\"47.4\" lon=\"8.5\"><name>here</name></wpt>" | head -n 1500000; echo "</gpx>"; }'
+run 'large() { echo "<gpx>"; seq -f "<wpt lat=\"47.4\" lon=\"8.5\"><name>%.0f</name></wpt>" 1500000; echo "</gpx>"; }'
 run 'large | (ulimit -v 60000; bxconvert --to finf --compress gzip -) | (ulimit -v 60000; bxconvert -) | wc -c'
 run 'large | (ulimit -v 60000; bxconvert --info -)'
 
