@@ -1,13 +1,8 @@
 // Compression of what is written.
 #pragma once
 
-#include <memory>
-#include <vector>
-
-#include "BxXmlLib5/core/Enumerations.h"
 #include "Sink.h"
-
-struct z_stream_s;
+#include "values/Deflate.h"
 
 namespace BxConvert {
 
@@ -16,17 +11,19 @@ class DeflatingSink : public Sink {
 public:
     /// @param sink outlives this one
     /// @param type cmp_GZip or cmp_ZLib
-    DeflatingSink(Sink& sink, BxXmlLib5::CompressionType type);
+    DeflatingSink(Sink& sink, BxXmlLib5::CompressionType type)
+        : m_sink(sink),
+          m_deflater(type, [&sink](std::span<unsigned char const> octets) { sink.Write(octets); }) {}
 
-    void Write(std::span<unsigned char const> octets) override { Deflate(octets, false); }
-    void Finish() override;
+    void Write(std::span<unsigned char const> octets) override { m_deflater.Add(octets); }
+    void Finish() override {
+        m_deflater.Finish();
+        m_sink.Finish();
+    }
 
 private:
-    void Deflate(std::span<unsigned char const> octets, bool isLast);
-
     Sink& m_sink;
-    std::vector<unsigned char> m_room;
-    std::unique_ptr<z_stream_s, void (*)(z_stream_s*)> m_stream;
+    BxXmlLib5::CDeflater m_deflater;
 };
 
 }  // namespace BxConvert
