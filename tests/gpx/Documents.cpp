@@ -114,7 +114,7 @@ TEST(Documents, SayWhereTheyCannotBeRead) {
     std::regex const value(R"re( (?!xmlns)\w+="([^"]+)"|>([^<\n]+)<)re");
     int refused = 0;
     for (std::sregex_iterator at(text.begin(), text.end(), value), end; at != end; ++at) {
-        int const part = (*at)[1].matched ? 1 : 2;
+        std::size_t const part = (*at)[1].matched ? 1 : 2;
         std::string broken = text;
         broken.replace(static_cast<std::size_t>(at->position(part)),
                        static_cast<std::size_t>(at->length(part)), "broken");
