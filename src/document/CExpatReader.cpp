@@ -44,6 +44,7 @@ int MostNestingEntities() {
 }
 
 constexpr std::size_t kSlice = 64 * 1024;
+constexpr std::size_t kRoomToConvert = 64;  // that sources of other encodings ask for
 
 constexpr int kFinal = 1;
 constexpr int kNotFinal = 0;  // so that an input that ends inside an element is no error
@@ -404,7 +405,7 @@ bool CExpatReader::ParseSlice(COctetSource& source) {
             FormatString(u"A tag, a comment or the like has more than %d octets, which is the limit",
                          static_cast<int>(m_mostOctetsOfToken)));
     }
-    std::size_t const size = std::max(kSlice, incomplete);
+    std::size_t const size = std::max(kSlice, incomplete + kRoomToConvert);
     XML_Parser const parser = m_parser.get();
     void* const room = XML_GetBuffer(parser, static_cast<int>(size));
     if (room == nullptr) throw std::bad_alloc();
