@@ -23,6 +23,14 @@ watched() {
     fi
 }
 
+# step COMMAND...: runs a command, and tells how long it took.
+step() {
+    local start=$SECONDS
+    printf '\n== %s\n' "$*"
+    "$@"
+    echo "== $((SECONDS - start)) s: $*"
+}
+
 # build PRESET [TARGET...]: configures and builds.
 build() {
     local preset=$1

@@ -7,7 +7,7 @@ set(source "${CMAKE_CURRENT_LIST_DIR}")
 set(build "${FOLDER}/build")
 set(prefix "${FOLDER}/prefix")
 set(common -G "${GENERATOR}" "-DCMAKE_CXX_COMPILER=${COMPILER}" "-DCMAKE_CXX_COMPILER_LAUNCHER=${LAUNCHER}"
-  -DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_FLAGS=-O0)
+  -DCMAKE_BUILD_TYPE=None -DCMAKE_CXX_FLAGS=-O0)
 file(REMOVE_RECURSE "${prefix}" "${FOLDER}/user")
 
 function(configure)
