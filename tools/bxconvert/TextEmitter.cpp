@@ -32,20 +32,20 @@ void TextEmitter::Begin(bool isFastInfoset) {
 
 void TextEmitter::Finish() {
     if (m_options.m_layout != Layout::kCompact) Append(LineEnd(m_options.m_eol));
-    Flush();
+    if (m_options.m_encoding == enc_UTF8) return m_sink.Write(m_text.TakeUtf8().GetOctets());
+    WriteAsUtf16();
 }
 
 void TextEmitter::StartElement(DocumentElement const& element) {
     CloseTag();
-    m_prefixes.Start(element);
     m_hasRoot = true;
     m_open.push_back(m_names.size());
-    if (!m_prefixes.OfElement().empty()) m_names.append(m_prefixes.OfElement()).append(u":");
+    if (!element.m_prefix.empty()) m_names.append(element.m_prefix).append(u":");
     m_names += element.m_name.m_localName;
     TestName(element.m_name.m_localName);
     Append(u"<");
     Append(std::u16string_view(m_names).substr(m_open.back()));
-    for (auto const& [prefix, ns] : m_prefixes.Declarations()) {
+    for (auto const& [prefix, ns] : m_declarations) {
         Append(prefix.empty() ? u" xmlns" : u" xmlns:");
         Append(prefix);
         Append(u"=\"");
@@ -53,25 +53,23 @@ void TextEmitter::StartElement(DocumentElement const& element) {
         m_text.AppendExactValue(ns);
         Append(u"\"");
     }
+    m_declarations.clear();
     AppendAttributes(element);
     m_isTagOpen = true;
     FlushSlice();
 }
 
 void TextEmitter::AppendAttributes(DocumentElement const& element) {
-    auto prefix = m_prefixes.OfAttributes().begin();
     for (DocumentAttribute const& attribute : element.m_attributes) {
         bool const isInDocumentType = m_hasDocumentType && !attribute.m_isSpecified;
-        if (!isInDocumentType) {
-            TestName(attribute.m_name->m_localName);
-            TestCharacters(attribute.m_value);
-            Append(u" ");
-            AppendName(*prefix, attribute.m_name->m_localName);
-            Append(u"=\"");
-            m_text.AppendExactValue(attribute.m_value);
-            Append(u"\"");
-        }
-        ++prefix;
+        if (isInDocumentType) continue;
+        TestName(attribute.m_name->m_localName);
+        TestCharacters(attribute.m_value);
+        Append(u" ");
+        AppendName(attribute.m_prefix, attribute.m_name->m_localName);
+        Append(u"=\"");
+        m_text.AppendExactValue(attribute.m_value);
+        Append(u"\"");
     }
 }
 
@@ -94,7 +92,6 @@ void TextEmitter::EndElement() {
     }
     m_names.resize(m_open.back());
     m_open.pop_back();
-    m_prefixes.End();
 }
 
 void TextEmitter::AddComment(std::u16string_view text) {
@@ -192,17 +189,19 @@ void TextEmitter::TestName(std::u16string_view name) const {
 }
 
 void TextEmitter::Flush() {
-    if (m_options.m_encoding == enc_UTF16) {
-        std::vector<unsigned char> octets;
-        m_text.ForEachChunk([&](std::u16string_view chunk) {
-            octets.resize(chunk.size() * sizeof(char16_t));
-            WriteUtf16(chunk, octets.data());
-            m_sink.Write(octets);
-        });
-        m_text.Clear();
-    } else {
-        m_sink.Write(m_text.TakeUtf8().GetOctets());
-    }
+    if (m_options.m_encoding == enc_UTF16) return WriteAsUtf16();
+    m_sink.Write(m_text.Octets());
+    m_text.DropOctets();
+}
+
+void TextEmitter::WriteAsUtf16() {
+    std::vector<unsigned char> octets;
+    m_text.ForEachChunk([&](std::u16string_view chunk) {
+        octets.resize(chunk.size() * sizeof(char16_t));
+        WriteUtf16(chunk, octets.data());
+        m_sink.Write(octets);
+    });
+    m_text.Clear();
 }
 
 }  // namespace BxConvert

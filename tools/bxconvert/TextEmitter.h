@@ -37,9 +37,12 @@ private:
     void TestCharacters(std::u16string_view text) const;
     void TestName(std::u16string_view name) const;
     void FlushSlice() {
-        if (m_text.Size() > kSlice) Flush();
+        bool const isSlice =
+            m_text.ChunkCount() > 1 || m_text.Octets().size() >= kSlice;  // of UTF-16, or of UTF-8
+        if (isSlice) Flush();
     }
     void Flush();
+    void WriteAsUtf16();
 
     Options const& m_options;
     BxXmlLib5::CStringBuffer m_text;
