@@ -50,12 +50,12 @@ std::u16string_view PrefixFilter::Find(std::u16string_view prefix, wstring const
         if (*ns == namespaceUri && NamespaceOf(*known) == *ns && (mayBeEmpty || !known->empty()))
             return *known;
     }
+    wstring made;
     if (namespaceUri.empty()) {
         prefix = {};
         std::erase_if(m_declarations,
                       [](Declaration const& declaration) { return declaration.m_prefix->empty(); });
     } else {
-        wstring made;
         bool const isUseless = prefix.empty() && isAttribute;
         for (std::size_t at = 1; (at == 1 && isUseless) || IsDeclaredHere(prefix); ++at) {
             made = u"ns" + FromUtf8(std::to_string(at));

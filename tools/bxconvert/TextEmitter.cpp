@@ -16,7 +16,8 @@ namespace {
 
 }  // namespace
 
-TextEmitter::TextEmitter(Sink& sink, Options const& options) : Emitter(sink), m_options(options) {
+TextEmitter::TextEmitter(Sink& sink, Options const& options)
+    : Emitter(sink), m_options(options), m_lineEnd(LineEnd(options.m_eol)) {
     if (options.m_encoding == enc_UTF8) m_text.ConvertAsItGrows();
 }
 
@@ -27,11 +28,11 @@ void TextEmitter::Begin(bool isFastInfoset) {
     Append(u"<?xml version=\"1.0\" encoding=\"");
     Append(m_options.m_encoding == enc_UTF16 ? u"UTF-16" : u"UTF-8");
     Append(u"\"?>");
-    Append(LineEnd(m_options.m_eol));
+    Append(m_lineEnd);
 }
 
 void TextEmitter::Finish() {
-    if (m_options.m_layout != Layout::kCompact) Append(LineEnd(m_options.m_eol));
+    if (m_options.m_layout != Layout::kCompact) Append(m_lineEnd);
     if (m_options.m_encoding == enc_UTF8) return m_sink.Write(m_text.TakeUtf8().GetOctets());
     WriteAsUtf16();
 }
@@ -77,7 +78,11 @@ void TextEmitter::AddText(std::u16string_view text) {
     if (text.empty()) return;
     CloseTag();
     TestCharacters(text);
-    m_text.AppendExactContent(text, m_options.m_eol);
+    if (text == u"\n") {  // Expat gives each end of a line by itself
+        Append(m_lineEnd);
+    } else {
+        m_text.AppendExactContent(text, m_options.m_eol);
+    }
     FlushSlice();
 }
 
@@ -142,11 +147,11 @@ void TextEmitter::AddEntityReference(std::u16string_view name) {
 
 void TextEmitter::StartOutside() {
     CloseTag();
-    if (m_open.empty() && m_hasRoot) Append(LineEnd(m_options.m_eol));
+    if (m_open.empty() && m_hasRoot) Append(m_lineEnd);
 }
 
 void TextEmitter::EndOutside() {
-    if (m_open.empty() && !m_hasRoot) Append(LineEnd(m_options.m_eol));
+    if (m_open.empty() && !m_hasRoot) Append(m_lineEnd);
     FlushSlice();
 }
 
@@ -160,7 +165,7 @@ void TextEmitter::AppendLines(std::u16string_view text) {
         std::size_t const end = text.find(u'\n');
         Append(text.substr(0, end));
         if (end == text.npos) return;
-        Append(LineEnd(m_options.m_eol));
+        Append(m_lineEnd);
         text.remove_prefix(end + 1);
     }
 }
@@ -171,15 +176,13 @@ void TextEmitter::AppendName(std::u16string_view prefix, std::u16string_view loc
     Append(localName);
 }
 
-void TextEmitter::TestCharacters(std::u16string_view text) const {
-    if (!m_isFastInfoset) return;
+void TextEmitter::TestEachCharacter(std::u16string_view text) const {
     for (std::size_t at = 0; at < text.size();) {
         if (!IsXmlCharacter(Utf::Next(text, at))) ThrowUnwritable();
     }
 }
 
-void TextEmitter::TestName(std::u16string_view name) const {
-    if (!m_isFastInfoset) return;
+void TextEmitter::TestEachCharacterOfName(std::u16string_view name) const {
     for (std::size_t at = 0; at < name.size();) {
         bool const isFirst = at == 0;
         char32_t const c = Utf::Next(name, at);
