@@ -10,7 +10,10 @@ namespace BxXmlLib5 {
 class CContextDocument final : public CXmlDocument {
 public:
     explicit CContextDocument(CXmlSerializationContext const& context)
-        : CXmlDocument(context.GetSchemaType()) {
+        : CContextDocument(context, context.GetSchemaType()) {}
+    /// The same, but of another schema type.
+    CContextDocument(CXmlSerializationContext const& context, SchemaType schemaType)
+        : CXmlDocument(schemaType) {
         SetRequireWholeDocument(context.GetRequireWholeDocument());
         SetSystemEncodings(context.GetSystemEncodings());
         SetLimits(context.GetDocumentLimits());

@@ -12,6 +12,7 @@
 #include "BxXmlLib5/document/CXmlDocument.h"
 #include "BxXmlLib5/values/CBinaryData.h"
 #include "BxXmlLib5/writers/CXmlWriter.h"
+#include "binding/CContextDocument.h"
 #include "binding/NamespaceRules.h"
 #include "collections/CContentReader.h"
 #include "collections/ReadItems.h"
@@ -241,8 +242,7 @@ CXmlElement* CElement::FromXml_Int(CXmlElement*, CXmlElement* firstChild,
 
 void CElement::FromXml(char16_t const* text) {
     CXmlSerializationContext const& context = CXmlSerializationContext::GetDefaultContext();
-    CXmlDocument document(st_Default);
-    document.SetRequireWholeDocument(context.GetRequireWholeDocument());
+    CContextDocument document(context, st_Default);
     document.LoadXml(text);
     CXmlElement* const root = document.GetDocumentElement();
     ReadTree(*root, [&] { FromXml_Int(root, root, context, false); });

@@ -44,6 +44,7 @@ int MostNestingEntities() {
 }
 
 constexpr std::size_t kSlice = 64 * 1024;
+constexpr std::size_t kRoomToConvert = 64;  // that sources of other encodings ask for
 
 constexpr int kFinal = 1;
 constexpr int kNotFinal = 0;  // so that an input that ends inside an element is no error
@@ -56,6 +57,8 @@ bool ParsePart(XML_Parser parser, std::span<unsigned char const> octets, int isF
 CBxLocation LocationOf(XML_Parser parser) {
     return CBxLocation({}, XML_GetCurrentLineNumber(parser), XML_GetCurrentColumnNumber(parser) + 1);
 }
+
+constexpr char16_t const* kUnknownEncoding = u"The system does not know the encoding [%s]";
 
 /// @param error of Expat's
 wstring MessageOf(XML_Error error, std::size_t line) {
@@ -252,7 +255,12 @@ std::unique_ptr<COctetSource> CExpatReader::NewConvertedSource(std::string_view 
     // Expat does not look at the declaration again, so that must be the same in both encodings.
     auto const declaration = DeclarationOf(beginning);
     std::vector<unsigned char> converted(4 * declaration.size() + 64);
-    std::size_t const size = CEncoding(encoding).Convert(declaration, converted).m_written;
+    CEncoding known(encoding);
+    if (!known.IsKnown()) {
+        throw CBxException(MessageOf(XML_ERROR_UNKNOWN_ENCODING, 1),
+                           CBxException(FormatString(kUnknownEncoding, FromUtf8(encoding).c_str())));
+    }
+    std::size_t const size = known.Convert(declaration, converted).m_written;
     if (Utf32Of(beginning).empty() && !std::ranges::equal(std::span(converted).first(size), declaration)) {
         throw CBxException(MessageOf(XML_ERROR_INCORRECT_ENCODING, 1));
     }
@@ -400,7 +408,7 @@ bool CExpatReader::ParseSlice(COctetSource& source) {
             FormatString(u"A tag, a comment or the like has more than %d octets, which is the limit",
                          static_cast<int>(m_mostOctetsOfToken)));
     }
-    std::size_t const size = std::max(kSlice, incomplete);
+    std::size_t const size = std::max(kSlice, incomplete + kRoomToConvert);
     XML_Parser const parser = m_parser.get();
     void* const room = XML_GetBuffer(parser, static_cast<int>(size));
     if (room == nullptr) throw std::bad_alloc();
@@ -536,7 +544,7 @@ bool CExpatReader::FindEncoding(wstring const& name, std::span<int, 256> map) {
     m_unknownEncoding = FormatString(
         !m_details.m_systemEncodings ? u"The encoding [%s] is read only where those of the system are allowed"
         : m_isUtf16                  ? u"The text is UTF-16, but declares the encoding [%s]"
-                                     : u"The system does not know the encoding [%s]",
+                                     : kUnknownEncoding,
         name.substr(0, 100).c_str());
     if (!m_details.m_systemEncodings || m_isUtf16) return false;
     CEncoding encoding(ToUtf8(name));

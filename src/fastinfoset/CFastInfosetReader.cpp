@@ -303,10 +303,17 @@ void CFastInfosetReader::ReadElement(unsigned char first) {
                                   ? ReadLiteralName(nameStart, m_elementNames)
                                   : FindName(m_elementNames, m_input.ReadIndexOnThirdBit(nameStart));
     CountElement();
-    m_attributes.clear();
-    bool const isEmpty = (first & kHasAttributes) != 0 && ReadAttributes();
     m_hasRoot = true;
-    StartElement({*name.m_name, PrefixOf(name), m_attributes, 0});
+    m_attributes.clear();
+    auto const start = [&] { StartElement({*name.m_name, PrefixOf(name), m_attributes, 0}); };
+    bool isEmpty = false;
+    try {
+        isEmpty = (first & kHasAttributes) != 0 && ReadAttributes();
+    } catch (...) {
+        if (m_memory.m_keepsTexts) start();  // what came so far, for the tree that a failure leaves
+        throw;
+    }
+    start();
     if (isEmpty) EndElement();
 }
 

@@ -47,6 +47,24 @@ TEST(CElementDocument, RefusesWhatIsNotWhole) {
                     "Failed to open the file [/nowhere/none.xml] Error [0x00000002]");
 }
 
+TEST(CElementDocument, ReadsAsTheDefaultContextAsks) {
+    CXmlSerializationContext& context = CXmlSerializationContext::GetDefaultContext();
+    CXmlSerializationContext const former = context;
+    CElement element(u"old");
+    context.SetDocumentLimits({.m_elements = 1});
+    EXPECT_BX_THROW((element.FromXml(u"<a><b/></a>"), 0), CBxException,
+                    "The document has more than 1 elements, which is the limit");
+    context = former;
+    context.SetRequireWholeDocument(true);
+    EXPECT_BX_THROW((element.FromXml(u"<a>"), 0), CBxException,
+                    "The document ends inside the element [/a], which begins on line 1");
+    context = former;
+    context.SetSchemaType(st_NoNamespaces);  // plays no part
+    element.FromXml(u"<p:a xmlns:p='u'>");
+    context = former;
+    EXPECT_EQ(Text(element), "<AA:a xmlns:AA=\"u\"/>");
+}
+
 TEST(CElementDocument, SavesWhatItLoads) {
     TemporaryFolder const folder;
     std::string const path = folder.Path("out.xml"),

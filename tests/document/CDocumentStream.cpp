@@ -117,6 +117,20 @@ TEST(CDocumentStream, GivesTheTreeOfTheWholeDocument) {
     }
 }
 
+// Of UTF-16 what ends a slice may be half of a pair, and a slice for a long token has little room left at its
+// end.
+TEST(CDocumentStream, PairsInLongTokens) {
+    for (std::size_t letters = 0; letters < 8; ++letters) {
+        wstring text = u"\xFEFF<a k='" + wstring(letters, u'x');
+        for (int i = 0; i < 30'000; ++i) text += u"\xD83D\xDE00";
+        text += u"'/>";
+        std::string const octets(reinterpret_cast<char const*>(text.data()), 2 * text.size());
+        std::string const tree = Loaded(octets);
+        for (std::size_t const slice : {3U, 4097U, 1U << 20})
+            EXPECT_TRUE(Streamed(octets, slice) == tree) << letters << ' ' << slice;
+    }
+}
+
 TEST(CDocumentStream, RefusesWhatBreaksOff) {
     for (std::string const& document : Documents()) {
         if (document.size() > 3000) continue;
