@@ -91,6 +91,7 @@ std::vector<std::string> Documents() {
         "<!DOCTYPE a [<!ATTLIST a k CDATA 'd'><!ENTITY e 'x<b/>y'>]><a l=' 1'>1&e;2</a>",
         "\xFF\xFE<\0a\0>\0\x3D\xD8\x00\xDE\xE9\0<\0/\0a\0>\0"s,
         OctetsOf("E0 00 00 01 00 7C 00 'a' 78 00 'k' 40 'v' 00 80 F0 91 'xy' 3C 00 'b' A0 FF"),
+        OctetsOf("E0 00 00 01 00 3C 00 'a' 92 01 0D 'x' 0D 0D A0 92 01 'yz' 00 'z' A1 FF"),
         "<a>" + std::string(100'000, 'x') + "<b k='" + std::string(100'000, 'v') + "'/></a>"};
     for (std::string const folder :
          {BX_TEST_DATA, BX_SEEDS "/xml", BX_SEEDS "/fastinfoset", BX_SEEDS "/gpx"}) {
