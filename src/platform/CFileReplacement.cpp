@@ -44,7 +44,7 @@ std::string FollowLinks(fs::path path) {
             errno = error ? error.value() : ELOOP;
             return {};
         }
-        path = path.parent_path() / next;
+        path = next;
     }
     return path.string();
 }
