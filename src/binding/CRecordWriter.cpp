@@ -79,6 +79,7 @@ public:
 
     void End() {
         m_writer->WriteEndElement();
+        m_namespaces.pop_back();
     }
 
     void Write(CXmlObjectBase const& object, wstring const& ns) {

@@ -127,6 +127,7 @@ CTakenContent::State CTakenContent::Save(CXmlElement const* element) {
 void CTakenContent::Restore(CXmlElement const* element, State const& state) {
     CTakenContent* const taken = Of(element);
     if (taken == nullptr) return;
+    taken->m_attributes.resize(state.m_attributes);
     taken->m_hasText = state.m_hasText;
 }
 

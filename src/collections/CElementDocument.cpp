@@ -76,7 +76,7 @@ void CElement::Save(char16_t const* path, Layout layout) const {
 }
 
 bool CElement::HasName(std::u16string_view name, std::u16string_view ns) const {
-    return m_name.Is(name);
+    return m_name.Is(name) && m_namespace.Is(ns);
 }
 
 template <class T>

@@ -44,7 +44,7 @@ std::string FollowLinks(fs::path path) {
             errno = error ? error.value() : ELOOP;
             return {};
         }
-        path = next;
+        path = path.parent_path() / next;
     }
     return path.string();
 }

@@ -26,7 +26,7 @@ wstring CPathWriter::Path(Next next, std::vector<wstring> const& repeated) const
         AddPathAttribute(path, next.m_name);
     } else if (!next.m_name.empty()) {
         auto const known = m_levels.back().m_children.find(next.m_name);
-        addStep(next.m_name, known == m_levels.back().m_children.end() ? 1 : known->second);
+        addStep(next.m_name, known == m_levels.back().m_children.end() ? 1 : known->second + 1);
     }
     return path;
 }

@@ -178,6 +178,7 @@ void CWellFormedWriter::WriteStartElement(wstring const& name, wstring const& na
     if (m_open.empty()) {
         if (m_hasRoot)
             throw CBxInvalidStateException(u"The " + Named(u"element", name) + u" is a second root");
+        TestDeclarations();
         m_hasRoot = true;
     }
     TestAttributes();

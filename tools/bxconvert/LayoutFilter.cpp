@@ -41,7 +41,7 @@ void LayoutFilter::StartElement(DocumentElement const& element) {
             {attribute.m_name, Keep(attribute.m_prefix), Keep(attribute.m_value), attribute.m_isSpecified});
         bool const isSpace =
             attribute.m_name->m_localName == u"space" && attribute.m_name->m_namespaceUri == kXmlNamespace;
-        if (isSpace) isPreserved = true;
+        if (isSpace) isPreserved = attribute.m_value == u"preserve";
     }
     m_open.push_back(NewElement());
     m_elements[m_open.back()] = {isPreserved ? Decision::kAsItIs : Decision::kNone, false, isPreserved};
