@@ -70,7 +70,7 @@ public:
     /// Reads a file: XML text in any encoding that CXmlDocument reads, or Fast Infoset, either as such or
     /// compressed.
     /// @param path in UTF-8 if it is one of octets
-    /// @param context only its SchemaType counts
+    /// @param context its SchemaType, limits and encodings count
     /// @throws CBxException if the file cannot be read, is not well-formed or ends early
     static CSmartPtr<CElement> Load(std::string_view path, CXmlSerializationContext const& context =
                                                                CXmlSerializationContext::GetDefaultContext());
