@@ -117,7 +117,9 @@ struct CExpatReader::Callbacks {
             [=](CExpatReader& reader) { reader.DeclareNamespace(Units(prefix), Units(namespaceUri)); });
     }
 
-    static void EndNamespace(void*, XML_Char const*) {}
+    static void EndNamespace(void* userData, XML_Char const*) {
+        static_cast<CExpatReader*>(userData)->m_tagNames.Forget();
+    }
 
     static void Text(void* userData, XML_Char const* text, int length) {
         Run(userData, [=](CExpatReader& reader) {
@@ -370,6 +372,7 @@ void CExpatReader::MakeParser(char16_t const* encoding) {
     m_hasDocumentType = false;
     m_entities.clear();
     m_lastNamespace = nullptr;
+    m_tagNames.Forget();
     m_noNamespace = &m_memory.m_names.InternText({});
     m_nestingEntities = 0;
     m_mostNestingEntities = MostNestingEntities();
@@ -471,6 +474,20 @@ CExpatReader::ExpandedName CExpatReader::SplitLocalName(wstring const& namespace
     return {m_memory.m_names.Intern(namespaceUri, local.substr(0, separator)), local.substr(separator + 1)};
 }
 
+CExpatReader::ExpandedName CExpatReader::ElementName(char16_t const* expanded) {
+    // Expat tells neither the tag of an element that an entity stands for nor, without the expanded name, a
+    // prefix.
+    if (m_hasDocumentType || m_details.m_prefixes) return SplitName(expanded);
+    int offset = 0, size = 0;
+    char const* const context = XML_GetInputContext(m_parser.get(), &offset, &size);
+    if (context == nullptr) return SplitName(expanded);
+    CTagNames::Entry* const known =
+        m_tagNames.Find({context + offset, static_cast<std::size_t>(size - offset)});
+    if (known == nullptr) return SplitName(expanded);
+    if (known->m_name == nullptr) known->m_name = &SplitName(expanded).m_name;
+    return {*known->m_name, {}};
+}
+
 void CExpatReader::StartElement(char16_t const* name, char16_t const* const* attributes) {
     CountElement();
     m_hasRoot = true;
@@ -481,12 +498,11 @@ void CExpatReader::StartElement(char16_t const* name, char16_t const* const* att
             bool const isSpecified = m_attributes.size() < specified;
             std::u16string_view value = attributes[1];
             if (!isSpecified) CountDefaulted(value);
-            if (m_memory.m_keepsTexts) value = m_memory.m_texts.Add(value);
             auto const [attribute, prefix] = SplitName(attributes[0]);
             m_attributes.push_back({&attribute, prefix, value, isSpecified});
         }
     }
-    auto const [element, prefix] = SplitName(name);
+    auto const [element, prefix] = ElementName(name);
     CDocumentReader::StartElement({element, prefix, m_attributes, m_details.m_lines ? Line() : 0});
     if (m_hasDocumentType && !m_attributes.empty()) FindSkippedInTag();
 }
@@ -562,6 +578,7 @@ void CExpatReader::EndElement() {
 }
 
 void CExpatReader::DeclareNamespace(char16_t const* prefix, char16_t const* namespaceUri) {
+    m_tagNames.Forget();
     ThrowIfNamespaceTooLong(TextOf(namespaceUri));
     // No prefix is the default namespace; no URI is xmlns="".
     CNameTable& names = m_memory.m_names;
@@ -569,7 +586,10 @@ void CExpatReader::DeclareNamespace(char16_t const* prefix, char16_t const* name
 }
 
 void CExpatReader::AddText(std::u16string_view text) {
-    if (!text.empty() && HasOpenElement()) m_receiver.AddText(text);
+    if (text.empty() || !HasOpenElement()) return;
+    // Expat gives what a reference to a character stands for by itself, but not inside an entity.
+    if (m_hasDocumentType) return AddAnyText(text);
+    m_receiver.AddText(text);
 }
 
 namespace {

@@ -45,6 +45,7 @@ void CTextStore::Clear() {
     m_largeRoom.reset();
     m_next = nullptr;
     m_left = 0;
+    m_openSize = 0;
     m_blockSize = 0;
 }
 
@@ -52,6 +53,7 @@ void CTextStore::Empty() {
     bool const isOneBlock = m_blocks.size() == 1 && m_next != nullptr;
     if (!isOneBlock) return Clear();
     m_largeRoom.reset();
+    m_openSize = 0;
     m_left += static_cast<std::size_t>(m_next - m_blocks[0].get());
     m_next = m_blocks[0].get();
 }
