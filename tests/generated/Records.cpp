@@ -121,10 +121,8 @@ TEST(Records, CanBeMovedAndLeft) {
         break;
     }
     Bx::Records<CAddress> moved = std::move(records);
-    auto cities =
-        moved | std::views::transform([](CAddress const& address) { return Bx::Utf8(address.City); });
     std::string found;
-    for (std::string const& city : cities) found += city;
+    for (CAddress& address : moved) found += Bx::Utf8(address.City);
     EXPECT_EQ(found, "bc");
 }
 
