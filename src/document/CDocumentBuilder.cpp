@@ -3,23 +3,8 @@
 #include <utility>
 
 #include "platform/TextView.h"
-#include "platform/UnitScan.h"
 
 namespace BxXmlLib5 {
-
-namespace {
-
-/// Whether text has what no element of the tree has: CR, which only comes from references, or a zero, which only
-/// Fast Infoset can have.
-bool HasDropped(std::u16string_view text) {
-    if (text.size() == 1)
-        return text[0] == u'\r' || text[0] == u'\0';  // Expat gives each end of a line by itself
-    return HasUnit(text, [](std::uint64_t units) {
-        return UnitsBelow(units ^ (kEachUnit * u'\r'), 1) | UnitsBelow(units, 1);
-    });
-}
-
-}  // namespace
 
 void CDocumentBuilder::Restart() {
     Forget();
@@ -30,6 +15,7 @@ void CDocumentBuilder::Forget() {
     m_documentElement = nullptr;
     m_elementStack.clear();
     m_openText.clear();
+    m_growsInStore = false;
     m_lastMixedText = {};
 }
 
@@ -48,10 +34,12 @@ void CDocumentBuilder::DeclareNamespace(wstring const& alias, wstring const& nam
 }
 
 void CDocumentBuilder::StartElement(DocumentElement const& started) {
+    TakeTextFromStore();
     CXmlElement* const element =
         m_nodes.m_elements.Create(&m_document, started.m_name, m_nodes.m_noAttributes, started.m_line);
     AddElement(element);
     if (!started.m_attributes.empty()) AddAttributes(*element, started.m_attributes);
+    m_growsInStore = true;
 }
 
 CXmlElement* CDocumentBuilder::Attach(CXmlElement& child) {
@@ -93,18 +81,19 @@ void CDocumentBuilder::AddAttributes(CXmlElement& element, std::span<DocumentAtt
 }
 
 void CDocumentBuilder::AddText(std::u16string_view text) {
-    if (!HasDropped(text)) {
-        if (text.size() == 1) return m_openText.push_back(text[0]);
-        m_openText.append(text);
-        return;
-    }
-    for (char16_t const unit : text) {
-        if (unit == u'\0') return;
-        if (unit != u'\r') m_openText.push_back(unit);
-    }
+    // What no element of the tree has comes by itself.
+    if (text.front() == u'\r' || text.front() == u'\0') return;
+    if (m_growsInStore && m_nodes.m_texts.Append(text)) return;
+    TakeTextFromStore();
+    m_openText.append(text);
+}
+
+void CDocumentBuilder::TakeTextFromStore() {
+    if (std::exchange(m_growsInStore, false)) m_openText.append(m_nodes.m_texts.TakeBack());
 }
 
 std::size_t CDocumentBuilder::AddKeptText(std::u16string_view text) {
+    m_growsInStore = false;
     OpenElement& open = m_elementStack.back();
     std::size_t const former = m_openText.size();
     if (open.m_storedText.empty() && former == open.m_textStart) {
@@ -117,9 +106,13 @@ std::size_t CDocumentBuilder::AddKeptText(std::u16string_view text) {
 
 void CDocumentBuilder::EndElement() {
     OpenElement const closed = m_elementStack.back();
-    std::u16string_view const text = OpenText();
-    closed.m_element->m_text.Set(text.empty() ? closed.m_storedText : StoreText(closed, text));
-    m_openText.resize(closed.m_textStart);
+    if (std::exchange(m_growsInStore, false)) {
+        closed.m_element->m_text.Set(m_nodes.m_texts.Close());
+    } else {
+        std::u16string_view const text = OpenText();
+        closed.m_element->m_text.Set(text.empty() ? closed.m_storedText : StoreText(closed, text));
+        m_openText.resize(closed.m_textStart);
+    }
     m_elementStack.pop_back();
 }
 

@@ -16,7 +16,8 @@ public:
     enum Texts { kTextsAreKept, kTextsPass };
 
     /// @param nodes the document's, empty
-    /// @param texts whether the parser keeps texts, in the store of the nodes, or they are to be copied there
+    /// @param texts whether the parser keeps texts, in the store of the nodes, or they are to be copied there, which
+    ///        nobody else uses meanwhile
     CDocumentBuilder(CXmlDocument const& document, CDocumentNodes& nodes, Texts texts)
         : m_document(document), m_nodes(nodes), m_texts(texts) {}
 
@@ -58,8 +59,8 @@ public:
 private:
     /// An element that the parser is inside of. Its text so far stands in m_openText, from m_textStart to
     /// that of the element inside it: children give theirs away when they close, so every text is allocated
-    /// once, at its size. A text that was in the store from the beginning stays there as long as it is the
-    /// only one.
+    /// once, at its size. The text of an element that has no children yet grows in the store. One that was there
+    /// from the beginning stays there as long as it is the only one.
     struct OpenElement {
         CXmlElement* m_element;
         CXmlElement* m_lastChild = nullptr;
@@ -71,6 +72,7 @@ private:
     std::u16string_view OpenText() const {
         return std::u16string_view(m_openText).substr(m_elementStack.back().m_textStart);
     }
+    void TakeTextFromStore();
     std::u16string_view StoreText(OpenElement const& element, std::u16string_view text);
     void AddElement(CXmlElement* element);
     void AddAttributes(CXmlElement& element, std::span<DocumentAttribute const> attributes);
@@ -81,6 +83,7 @@ private:
     CXmlElement* m_documentElement = nullptr;
     std::vector<OpenElement> m_elementStack;
     wstring m_openText;
+    bool m_growsInStore = false;          // the text of the innermost element so far, which has no children
     std::u16string_view m_lastMixedText;  // of an element with children, in the text store
 };
 

@@ -30,7 +30,8 @@ std::size_t CDocumentStream::CLimitedSource::Read(std::span<unsigned char> room)
     return count;
 }
 
-CDocumentStream::CDocumentStream(COctetSource& source, CDocumentReceiver& receiver, CNameTable& names,
+CDocumentStream::CDocumentStream(COctetSource& source,
+                                 std::function<CDocumentReceiver&(bool)> const& receiverOf, CNameTable& names,
                                  DocumentStreamSettings const& settings)
     : m_input(source),
       m_inflating(CInflatingSource::Recognises(m_input.Beginning()) ? std::optional<CInflatingSource>(m_input)
@@ -40,6 +41,7 @@ CDocumentStream::CDocumentStream(COctetSource& source, CDocumentReceiver& receiv
       m_content(m_limited),
       m_isFastInfoset(CFastInfosetReader::Recognises(m_content.Beginning())) {
     names.LimitSize(kMaxOctetsOfNames);
+    CDocumentReceiver& receiver = receiverOf(m_isFastInfoset);
     DocumentMemory const memory{names, m_texts, false};
     if (m_isFastInfoset) {
         m_reader = Started(std::make_unique<CFastInfosetReader>(receiver, memory, settings.m_details),

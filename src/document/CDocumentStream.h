@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <limits>
 #include <memory>
 #include <optional>
@@ -45,7 +46,13 @@ public:
     ///        to it
     /// @throws CBxException if the source cannot be read
     CDocumentStream(COctetSource& source, CDocumentReceiver& receiver, CNameTable& names,
-                    DocumentStreamSettings const& settings = {});
+                    DocumentStreamSettings const& settings = {})
+        : CDocumentStream(
+              source, [&receiver](bool) -> CDocumentReceiver& { return receiver; }, names, settings) {}
+    /// The same where the receiver depends on the form.
+    /// @param receiverOf tells it, given whether that is Fast Infoset; called once
+    CDocumentStream(COctetSource& source, std::function<CDocumentReceiver&(bool)> const& receiverOf,
+                    CNameTable& names, DocumentStreamSettings const& settings = {});
     CDocumentStream(CDocumentStream const&) = delete;
     CDocumentStream& operator=(CDocumentStream const&) = delete;
     ~CDocumentStream();

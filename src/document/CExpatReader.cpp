@@ -58,6 +58,8 @@ CBxLocation LocationOf(XML_Parser parser) {
     return CBxLocation({}, XML_GetCurrentLineNumber(parser), XML_GetCurrentColumnNumber(parser) + 1);
 }
 
+constexpr char16_t const* kUnknownEncoding = u"The system does not know the encoding [%s]";
+
 /// @param error of Expat's
 wstring MessageOf(XML_Error error, std::size_t line) {
     return FormatString(u"%s at line %d", FromUtf8(XML_ErrorString(error)).c_str(), static_cast<int>(line));
@@ -115,7 +117,9 @@ struct CExpatReader::Callbacks {
             [=](CExpatReader& reader) { reader.DeclareNamespace(Units(prefix), Units(namespaceUri)); });
     }
 
-    static void EndNamespace(void*, XML_Char const*) {}
+    static void EndNamespace(void* userData, XML_Char const*) {
+        static_cast<CExpatReader*>(userData)->m_tagNames.Forget();
+    }
 
     static void Text(void* userData, XML_Char const* text, int length) {
         Run(userData, [=](CExpatReader& reader) {
@@ -251,7 +255,12 @@ std::unique_ptr<COctetSource> CExpatReader::NewConvertedSource(std::string_view 
     // Expat does not look at the declaration again, so that must be the same in both encodings.
     auto const declaration = DeclarationOf(beginning);
     std::vector<unsigned char> converted(4 * declaration.size() + 64);
-    std::size_t const size = CEncoding(encoding).Convert(declaration, converted).m_written;
+    CEncoding known(encoding);
+    if (!known.IsKnown()) {
+        throw CBxException(MessageOf(XML_ERROR_UNKNOWN_ENCODING, 1),
+                           CBxException(FormatString(kUnknownEncoding, FromUtf8(encoding).c_str())));
+    }
+    std::size_t const size = known.Convert(declaration, converted).m_written;
     if (Utf32Of(beginning).empty() && !std::ranges::equal(std::span(converted).first(size), declaration)) {
         throw CBxException(MessageOf(XML_ERROR_INCORRECT_ENCODING, 1));
     }
@@ -363,6 +372,7 @@ void CExpatReader::MakeParser(char16_t const* encoding) {
     m_hasDocumentType = false;
     m_entities.clear();
     m_lastNamespace = nullptr;
+    m_tagNames.Forget();
     m_noNamespace = &m_memory.m_names.InternText({});
     m_nestingEntities = 0;
     m_mostNestingEntities = MostNestingEntities();
@@ -464,6 +474,20 @@ CExpatReader::ExpandedName CExpatReader::SplitLocalName(wstring const& namespace
     return {m_memory.m_names.Intern(namespaceUri, local.substr(0, separator)), local.substr(separator + 1)};
 }
 
+CExpatReader::ExpandedName CExpatReader::ElementName(char16_t const* expanded) {
+    // Expat tells neither the tag of an element that an entity stands for nor, without the expanded name, a
+    // prefix.
+    if (m_hasDocumentType || m_details.m_prefixes) return SplitName(expanded);
+    int offset = 0, size = 0;
+    char const* const context = XML_GetInputContext(m_parser.get(), &offset, &size);
+    if (context == nullptr) return SplitName(expanded);
+    CTagNames::Entry* const known =
+        m_tagNames.Find({context + offset, static_cast<std::size_t>(size - offset)});
+    if (known == nullptr) return SplitName(expanded);
+    if (known->m_name == nullptr) known->m_name = &SplitName(expanded).m_name;
+    return {*known->m_name, {}};
+}
+
 void CExpatReader::StartElement(char16_t const* name, char16_t const* const* attributes) {
     CountElement();
     m_hasRoot = true;
@@ -474,12 +498,11 @@ void CExpatReader::StartElement(char16_t const* name, char16_t const* const* att
             bool const isSpecified = m_attributes.size() < specified;
             std::u16string_view value = attributes[1];
             if (!isSpecified) CountDefaulted(value);
-            if (m_memory.m_keepsTexts) value = m_memory.m_texts.Add(value);
             auto const [attribute, prefix] = SplitName(attributes[0]);
             m_attributes.push_back({&attribute, prefix, value, isSpecified});
         }
     }
-    auto const [element, prefix] = SplitName(name);
+    auto const [element, prefix] = ElementName(name);
     CDocumentReader::StartElement({element, prefix, m_attributes, m_details.m_lines ? Line() : 0});
     if (m_hasDocumentType && !m_attributes.empty()) FindSkippedInTag();
 }
@@ -521,7 +544,7 @@ bool CExpatReader::FindEncoding(wstring const& name, std::span<int, 256> map) {
     m_unknownEncoding = FormatString(
         !m_details.m_systemEncodings ? u"The encoding [%s] is read only where those of the system are allowed"
         : m_isUtf16                  ? u"The text is UTF-16, but declares the encoding [%s]"
-                                     : u"The system does not know the encoding [%s]",
+                                     : kUnknownEncoding,
         name.substr(0, 100).c_str());
     if (!m_details.m_systemEncodings || m_isUtf16) return false;
     CEncoding encoding(ToUtf8(name));
@@ -555,6 +578,7 @@ void CExpatReader::EndElement() {
 }
 
 void CExpatReader::DeclareNamespace(char16_t const* prefix, char16_t const* namespaceUri) {
+    m_tagNames.Forget();
     ThrowIfNamespaceTooLong(TextOf(namespaceUri));
     // No prefix is the default namespace; no URI is xmlns="".
     CNameTable& names = m_memory.m_names;
@@ -562,7 +586,10 @@ void CExpatReader::DeclareNamespace(char16_t const* prefix, char16_t const* name
 }
 
 void CExpatReader::AddText(std::u16string_view text) {
-    if (!text.empty() && HasOpenElement()) m_receiver.AddText(text);
+    if (text.empty() || !HasOpenElement()) return;
+    // Expat gives what a reference to a character stands for by itself, but not inside an entity.
+    if (m_hasDocumentType) return AddAnyText(text);
+    m_receiver.AddText(text);
 }
 
 namespace {

@@ -46,6 +46,7 @@ void CTextStore::Clear() {
     m_largeRoom.reset();
     m_next = nullptr;
     m_left = 0;
+    m_openSize = 0;
     m_blockSize = 0;
 }
 
@@ -57,6 +58,7 @@ void CTextStore::Empty() {
         m_current = 0;
     }
     m_largeRoom.reset();
+    m_openSize = 0;
     m_left += static_cast<std::size_t>(m_next - m_blocks[0].get());
     m_next = m_blocks[0].get();
 }

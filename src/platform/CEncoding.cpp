@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdint>
+#include <new>
 #include <string>
 
 #include "platform/Utf.h"
@@ -26,7 +27,9 @@ bool IsName(std::string_view name) {
 void* Open(std::string_view name) {
     if (!IsName(name)) return nullptr;
     iconv_t const converter = iconv_open("UTF-8", std::string(name).c_str());
-    return converter == reinterpret_cast<iconv_t>(-1) ? nullptr : converter;
+    if (converter != reinterpret_cast<iconv_t>(-1)) return converter;
+    if (errno == ENOMEM) throw std::bad_alloc();
+    return nullptr;
 }
 
 }  // namespace
@@ -42,6 +45,7 @@ void CEncoding::Reset() {
 }
 
 CEncoding::Progress CEncoding::Convert(std::span<unsigned char const> octets, std::span<unsigned char> room) {
+    if (!IsKnown()) return {0, 0, true};
     auto* in = const_cast<char*>(reinterpret_cast<char const*>(octets.data()));
     auto* out = reinterpret_cast<char*>(room.data());
     std::size_t inLeft = octets.size(), outLeft = room.size();

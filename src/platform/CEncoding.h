@@ -32,7 +32,7 @@ public:
     };
 
     /// Converts until the octets are used up, except for a part of a character at the end; until the room does not
-    /// suffice; or until octets are no text.
+    /// suffice; or until octets are no text, as all are if the encoding is not known.
     /// @param octets empty for the end of the text, at which some encodings give what they held back
     Progress Convert(std::span<unsigned char const> octets, std::span<unsigned char> room);
 

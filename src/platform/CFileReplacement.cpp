@@ -38,12 +38,13 @@ constexpr mode_t kNewFile = 0666;  // less the umask
 
 }  // namespace
 
-CFileReplacement::CFileReplacement(std::string_view path) {
+// The file is made ahead: without memory for it nothing must be open.
+CFileReplacement::CFileReplacement(std::string_view path) : m_file(std::make_unique<COutputFile>()) {
     // A path that holds a zero would name another file to the system.
     if (path.find('\0') != path.npos) {
         m_error = EINVAL;
     } else if (auto const descriptor = DescriptorOf(path)) {
-        m_file = std::make_unique<COutputFile>(fcntl(*descriptor, F_DUPFD_CLOEXEC, 0));
+        m_file->Take(fcntl(*descriptor, F_DUPFD_CLOEXEC, 0));
         m_error = m_file->Error();
     } else {
         Open(std::string(path));
@@ -58,7 +59,7 @@ void CFileReplacement::Open(std::string path) {
     struct stat status {};
     bool const isThere = stat(path.c_str(), &status) == 0;
     if (isThere && (!S_ISREG(status.st_mode) || path.starts_with("/proc/"))) {
-        m_file = std::make_unique<COutputFile>(open(path.c_str(), O_WRONLY | O_APPEND | O_CLOEXEC));
+        m_file->Take(open(path.c_str(), O_WRONLY | O_APPEND | O_CLOEXEC));
         m_error = m_file->Error();
         return;
     }
@@ -77,8 +78,7 @@ void CFileReplacement::OpenBeside(unsigned mode) {
     for (int number = 0; m_path.empty(); ++number) {
         std::string const name = ".bx-" + std::to_string(getpid()) + "-" + std::to_string(number) + ".tmp";
         std::string path = (folder / name).string();
-        m_file = std::make_unique<COutputFile>(
-            open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, static_cast<mode_t>(mode)));
+        m_file->Take(open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, static_cast<mode_t>(mode)));
         m_error = m_file->Error();
         if (m_error == 0) m_path = std::move(path);
         if (m_error != EEXIST) return;

@@ -112,10 +112,13 @@ std::optional<std::size_t> CInputFile::ReadSome(std::span<unsigned char> buffer)
 COutputFile::COutputFile(std::u16string_view path)
     : m_file(Open(path, O_WRONLY | O_CREAT | O_TRUNC, m_error)) {}
 
-COutputFile::COutputFile(int file) : m_error(file < 0 ? errno : 0), m_file(file) {}
-
 COutputFile::~COutputFile() {
     Close();
+}
+
+void COutputFile::Take(int file) {
+    m_error = file < 0 ? errno : 0;
+    m_file = file;
 }
 
 void COutputFile::Write(std::span<unsigned char const> octets) {

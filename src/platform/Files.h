@@ -56,12 +56,15 @@ class COutputFile {
 public:
     /// @param path in UTF-8 at the system
     explicit COutputFile(std::u16string_view path);
-    /// @param file a descriptor, which is the object's now; or a negative one, with errno
-    explicit COutputFile(int file);
+    /// No file yet.
+    COutputFile() = default;
     COutputFile(COutputFile const&) = delete;
     COutputFile& operator=(COutputFile const&) = delete;
     ~COutputFile();
 
+    /// For an object that has no file yet.
+    /// @param file a descriptor, which is the object's now; or a negative one, with errno
+    void Take(int file);
     void Write(std::span<unsigned char const> octets);
     /// Some systems tell only now that an earlier write failed.
     void Close();
@@ -70,7 +73,7 @@ public:
 
 private:
     int m_error = 0;
-    int m_file;
+    int m_file = -1;
 };
 
 }  // namespace BxXmlLib5

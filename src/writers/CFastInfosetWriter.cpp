@@ -102,17 +102,15 @@ void CFastInfosetWriter::BeginTag(DocumentElement const& element, bool declares)
     if (declares) m_output.Append(first | kNamespaceAttributesFollow.m_octet);
 }
 
-void CFastInfosetWriter::FinishTag(DocumentElement const& element, bool declares, std::u16string_view prefix,
-                                   std::span<std::u16string_view const> prefixes) {
+void CFastInfosetWriter::FinishTag(DocumentElement const& element, bool declares) {
     unsigned const first = element.m_attributes.empty() ? 0U : kHasAttributes;
     if (declares) m_output.Append(kTerminator);
     WriteName(m_elementNames, kLiteralElementName, declares ? 0U : first, kIndexOnThirdBit,
-              Recall(m_recentElements, element.m_name, prefix));
-    for (std::size_t i = 0; i < prefixes.size(); ++i) {
-        DocumentAttribute const& attribute = element.m_attributes[i];
+              Recall(m_recentElements, element.m_name, element.m_prefix));
+    for (DocumentAttribute const& attribute : element.m_attributes) {
         CheckedUtf8Size(attribute.m_value);
         WriteName(m_attributeNames, kLiteralAttributeName, 0, kIndexOnSecondBit,
-                  Recall(m_recentAttributes, *attribute.m_name, prefixes[i]));
+                  Recall(m_recentAttributes, *attribute.m_name, attribute.m_prefix));
         WriteValue(attribute.m_value);
     }
     if (first != 0) m_output.Append(kTerminator);

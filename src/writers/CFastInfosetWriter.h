@@ -54,14 +54,12 @@ public:
     /// Writes a start tag with its attributes, in place of WriteStartElement() and WriteAttribute(), with prefixes and
     /// namespace attributes as the caller has them.
     /// @param declarations prefixes and namespaces
-    /// @param prefixes of the attributes, in their order
     /// @throws CBxInvalidValueException for an attribute value with an unpaired surrogate, too
     template <class Declarations>
-    void WriteStartTag(DocumentElement const& element, Declarations const& declarations,
-                       std::u16string_view prefix, std::span<std::u16string_view const> prefixes) {
+    void WriteStartTag(DocumentElement const& element, Declarations const& declarations) {
         BeginTag(element, !declarations.empty());
         for (auto const& [alias, namespaceUri] : declarations) WriteNamespaceAttribute(alias, namespaceUri);
-        FinishTag(element, !declarations.empty(), prefix, prefixes);
+        FinishTag(element, !declarations.empty());
     }
 
     void WriteEndDocument() override;
@@ -91,8 +89,7 @@ private:
     };
 
     void BeginTag(DocumentElement const& element, bool declares);
-    void FinishTag(DocumentElement const& element, bool declares, std::u16string_view prefix,
-                   std::span<std::u16string_view const> prefixes);
+    void FinishTag(DocumentElement const& element, bool declares);
     void WriteNamespaceAttribute(std::u16string_view alias, std::u16string_view namespaceUri);
     static Name& Recall(RecentNames& names, CXmlName const& name, std::u16string_view prefix);
 

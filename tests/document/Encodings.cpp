@@ -56,6 +56,14 @@ class Encodings : public testing::Test {
 
 }  // namespace
 
+TEST(CEncoding, ThatIsUnknownHasNoText) {
+    unsigned char const octet = 'a';
+    unsigned char room[64];
+    CEncoding encoding("no-encoding");
+    EXPECT_FALSE(encoding.IsKnown());
+    EXPECT_TRUE(encoding.Convert({&octet, 1}, room).m_isMalformed);
+}
+
 TEST_F(Encodings, OfTheSystem) {
     for (auto const& [encoding, octets, text] :
          std::vector<std::array<std::string, 3>>{{"ASCII", "x", "x"},

@@ -6,6 +6,7 @@
 #include "DeflatingSink.h"
 #include "FastInfosetEmitter.h"
 #include "LayoutFilter.h"
+#include "PrefixFilter.h"
 #include "Source.h"
 #include "TextEmitter.h"
 #include "document/CDocumentStream.h"
@@ -25,8 +26,7 @@ DocumentStreamSettings SettingsOf(Options const& options) {
             .m_maxInflatedSize = options.m_maxSize.value_or(kMaxInflatedSize)};
 }
 
-void Info(Options const& options, Sink& sink) {
-    Source source(options.m_input);
+void Info(Options const& options, Source& source, Sink& sink) {
     CNameTable names;
     Counter counter;
     CDocumentStream stream(source, counter, names, SettingsOf(options));
@@ -41,13 +41,16 @@ std::unique_ptr<Emitter> MakeEmitter(Sink& sink, Options const& options) {
     return std::make_unique<TextEmitter>(sink, options);
 }
 
-Losses Convert(Options const& options, Emitter& emitter) {
-    Source source(options.m_input);
+Losses Convert(Options const& options, COctetSource& source, Emitter& emitter) {
     CNameTable names;
     LayoutFilter layout(emitter, options.m_layout == Layout::kFormatted && options.m_form == Form::kXml);
     bool const hasLayout = options.m_layout != Layout::kAsItIs;
-    CDocumentStream stream(source, hasLayout ? static_cast<CDocumentReceiver&>(layout) : emitter, names,
-                           SettingsOf(options));
+    CDocumentReceiver& behindPrefixes = hasLayout ? static_cast<CDocumentReceiver&>(layout) : emitter;
+    PrefixFilter prefixes(behindPrefixes, names);
+    auto const receiverOf = [&](bool isFastInfoset) -> CDocumentReceiver& {
+        return isFastInfoset ? prefixes : behindPrefixes;
+    };
+    CDocumentStream stream(source, receiverOf, names, SettingsOf(options));
     emitter.Begin(stream.IsFastInfoset());
     stream.Read();
     emitter.Finish();
@@ -56,20 +59,23 @@ Losses Convert(Options const& options, Emitter& emitter) {
 
 }  // namespace
 
-Losses Convert(Options const& options, Sink& sink) {
-    if (options.m_info) {
-        Info(options, sink);
-        return {};
-    }
+Losses Convert(Options const& options, COctetSource& source, Sink& sink) {
     std::optional<DeflatingSink> deflating;
     if (options.m_compression != cmp_None) deflating.emplace(sink, options.m_compression);
     Sink& target = deflating ? static_cast<Sink&>(*deflating) : sink;
     std::unique_ptr<Emitter> const emitter = MakeEmitter(target, options);
-    Losses const losses = Convert(options, *emitter);
+    Losses const losses = Convert(options, source, *emitter);
     std::string const lost = losses.ToText();
     if (options.m_strict && !lost.empty()) throw std::runtime_error(NotKept(options, lost));
     target.Finish();
     return losses;
+}
+
+Losses Convert(Options const& options, Sink& sink) {
+    Source source(options.m_input);
+    if (!options.m_info) return Convert(options, source, sink);
+    Info(options, source, sink);
+    return {};
 }
 
 std::string NotKept(Options const& options, std::string const& what) {

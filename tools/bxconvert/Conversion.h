@@ -3,6 +3,7 @@
 
 #include "Emitter.h"
 #include "Options.h"
+#include "document/COctetSource.h"
 
 namespace BxConvert {
 
@@ -12,6 +13,9 @@ namespace BxConvert {
 /// @throws std::system_error if the input cannot be read, and what the sink throws
 /// @throws std::runtime_error for a document that the options refuse
 Losses Convert(Options const& options, Sink& sink);
+
+/// The same for a document that comes from elsewhere, without what --info prints.
+Losses Convert(Options const& options, BxXmlLib5::COctetSource& source, Sink& sink);
 
 /// The line that tells what was left out.
 /// @param what Losses::ToText

@@ -4,9 +4,11 @@
 #include <cstddef>
 #include <stdexcept>
 #include <string>
+#include <string_view>
+#include <vector>
 
-#include "Prefixes.h"
 #include "Sink.h"
+#include "document/CDocumentReceiver.h"
 
 namespace BxConvert {
 
@@ -21,7 +23,7 @@ struct Losses {
     std::string ToText() const;
 };
 
-/// Writes a document in one form, piece by piece.
+/// Writes a document in one form, piece by piece. Names have the prefixes that they need, which are declared.
 class Emitter : public BxXmlLib5::CDocumentReceiver {
 public:
     explicit Emitter(Sink& sink) : m_sink(sink) {}
@@ -36,7 +38,7 @@ public:
     Losses const& Lost() const { return m_losses; }
 
     void DeclareNamespace(BxXmlLib5::wstring const& prefix, BxXmlLib5::wstring const& namespaceUri) override {
-        m_prefixes.Declare(prefix, namespaceUri);
+        m_declarations.push_back({prefix, namespaceUri});
     }
 
     void LoseEntityReference() override { ++m_losses.m_references; }
@@ -44,9 +46,14 @@ public:
 protected:
     static constexpr std::size_t kSlice = 64 * 1024;
 
+    struct Declaration {
+        std::u16string_view m_prefix;  // empty for the default namespace
+        std::u16string_view m_namespace;
+    };
+
     Sink& m_sink;
     Losses m_losses;
-    Prefixes m_prefixes;
+    std::vector<Declaration> m_declarations;  // of the element that comes next
 };
 
 }  // namespace BxConvert

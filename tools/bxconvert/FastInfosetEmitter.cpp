@@ -17,9 +17,8 @@ void FastInfosetEmitter::Finish() {
 
 void FastInfosetEmitter::StartElement(DocumentElement const& element) {
     WriteText();
-    m_prefixes.Start(element);
-    m_writer.WriteStartTag(element, m_prefixes.Declarations(), m_prefixes.OfElement(),
-                           m_prefixes.OfAttributes());
+    m_writer.WriteStartTag(element, m_declarations);
+    m_declarations.clear();
     FlushSlice();
 }
 
@@ -37,7 +36,6 @@ void FastInfosetEmitter::AddText(std::u16string_view text) {
 void FastInfosetEmitter::EndElement() {
     WriteText();
     m_writer.WriteEndElement();
-    m_prefixes.End();
     FlushSlice();
 }
 

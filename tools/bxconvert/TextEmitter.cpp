@@ -16,7 +16,8 @@ namespace {
 
 }  // namespace
 
-TextEmitter::TextEmitter(Sink& sink, Options const& options) : Emitter(sink), m_options(options) {
+TextEmitter::TextEmitter(Sink& sink, Options const& options)
+    : Emitter(sink), m_options(options), m_lineEnd(LineEnd(options.m_eol)) {
     if (options.m_encoding == enc_UTF8) m_text.ConvertAsItGrows();
 }
 
@@ -27,25 +28,25 @@ void TextEmitter::Begin(bool isFastInfoset) {
     Append(u"<?xml version=\"1.0\" encoding=\"");
     Append(m_options.m_encoding == enc_UTF16 ? u"UTF-16" : u"UTF-8");
     Append(u"\"?>");
-    Append(LineEnd(m_options.m_eol));
+    Append(m_lineEnd);
 }
 
 void TextEmitter::Finish() {
-    if (m_options.m_layout != Layout::kCompact) Append(LineEnd(m_options.m_eol));
-    Flush();
+    if (m_options.m_layout != Layout::kCompact) Append(m_lineEnd);
+    if (m_options.m_encoding == enc_UTF8) return m_sink.Write(m_text.TakeUtf8().GetOctets());
+    WriteAsUtf16();
 }
 
 void TextEmitter::StartElement(DocumentElement const& element) {
     CloseTag();
-    m_prefixes.Start(element);
     m_hasRoot = true;
     m_open.push_back(m_names.size());
-    if (!m_prefixes.OfElement().empty()) m_names.append(m_prefixes.OfElement()).append(u":");
+    if (!element.m_prefix.empty()) m_names.append(element.m_prefix).append(u":");
     m_names += element.m_name.m_localName;
     TestName(element.m_name.m_localName);
     Append(u"<");
     Append(std::u16string_view(m_names).substr(m_open.back()));
-    for (auto const& [prefix, ns] : m_prefixes.Declarations()) {
+    for (auto const& [prefix, ns] : m_declarations) {
         Append(prefix.empty() ? u" xmlns" : u" xmlns:");
         Append(prefix);
         Append(u"=\"");
@@ -53,25 +54,23 @@ void TextEmitter::StartElement(DocumentElement const& element) {
         m_text.AppendExactValue(ns);
         Append(u"\"");
     }
+    m_declarations.clear();
     AppendAttributes(element);
     m_isTagOpen = true;
     FlushSlice();
 }
 
 void TextEmitter::AppendAttributes(DocumentElement const& element) {
-    auto prefix = m_prefixes.OfAttributes().begin();
     for (DocumentAttribute const& attribute : element.m_attributes) {
         bool const isInDocumentType = m_hasDocumentType && !attribute.m_isSpecified;
-        if (!isInDocumentType) {
-            TestName(attribute.m_name->m_localName);
-            TestCharacters(attribute.m_value);
-            Append(u" ");
-            AppendName(*prefix, attribute.m_name->m_localName);
-            Append(u"=\"");
-            m_text.AppendExactValue(attribute.m_value);
-            Append(u"\"");
-        }
-        ++prefix;
+        if (isInDocumentType) continue;
+        TestName(attribute.m_name->m_localName);
+        TestCharacters(attribute.m_value);
+        Append(u" ");
+        AppendName(attribute.m_prefix, attribute.m_name->m_localName);
+        Append(u"=\"");
+        m_text.AppendExactValue(attribute.m_value);
+        Append(u"\"");
     }
 }
 
@@ -79,7 +78,11 @@ void TextEmitter::AddText(std::u16string_view text) {
     if (text.empty()) return;
     CloseTag();
     TestCharacters(text);
-    m_text.AppendExactContent(text, m_options.m_eol);
+    if (text == u"\n") {  // Expat gives each end of a line by itself
+        Append(m_lineEnd);
+    } else {
+        m_text.AppendExactContent(text, m_options.m_eol);
+    }
     FlushSlice();
 }
 
@@ -94,7 +97,6 @@ void TextEmitter::EndElement() {
     }
     m_names.resize(m_open.back());
     m_open.pop_back();
-    m_prefixes.End();
 }
 
 void TextEmitter::AddComment(std::u16string_view text) {
@@ -145,11 +147,11 @@ void TextEmitter::AddEntityReference(std::u16string_view name) {
 
 void TextEmitter::StartOutside() {
     CloseTag();
-    if (m_open.empty() && m_hasRoot) Append(LineEnd(m_options.m_eol));
+    if (m_open.empty() && m_hasRoot) Append(m_lineEnd);
 }
 
 void TextEmitter::EndOutside() {
-    if (m_open.empty() && !m_hasRoot) Append(LineEnd(m_options.m_eol));
+    if (m_open.empty() && !m_hasRoot) Append(m_lineEnd);
     FlushSlice();
 }
 
@@ -163,7 +165,7 @@ void TextEmitter::AppendLines(std::u16string_view text) {
         std::size_t const end = text.find(u'\n');
         Append(text.substr(0, end));
         if (end == text.npos) return;
-        Append(LineEnd(m_options.m_eol));
+        Append(m_lineEnd);
         text.remove_prefix(end + 1);
     }
 }
@@ -174,15 +176,13 @@ void TextEmitter::AppendName(std::u16string_view prefix, std::u16string_view loc
     Append(localName);
 }
 
-void TextEmitter::TestCharacters(std::u16string_view text) const {
-    if (!m_isFastInfoset) return;
+void TextEmitter::TestEachCharacter(std::u16string_view text) const {
     for (std::size_t at = 0; at < text.size();) {
         if (!IsXmlCharacter(Utf::Next(text, at))) ThrowUnwritable();
     }
 }
 
-void TextEmitter::TestName(std::u16string_view name) const {
-    if (!m_isFastInfoset) return;
+void TextEmitter::TestEachCharacterOfName(std::u16string_view name) const {
     for (std::size_t at = 0; at < name.size();) {
         bool const isFirst = at == 0;
         char32_t const c = Utf::Next(name, at);
@@ -192,17 +192,19 @@ void TextEmitter::TestName(std::u16string_view name) const {
 }
 
 void TextEmitter::Flush() {
-    if (m_options.m_encoding == enc_UTF16) {
-        std::vector<unsigned char> octets;
-        m_text.ForEachChunk([&](std::u16string_view chunk) {
-            octets.resize(chunk.size() * sizeof(char16_t));
-            WriteUtf16(chunk, octets.data());
-            m_sink.Write(octets);
-        });
-        m_text.Clear();
-    } else {
-        m_sink.Write(m_text.TakeUtf8().GetOctets());
-    }
+    if (m_options.m_encoding == enc_UTF16) return WriteAsUtf16();
+    m_sink.Write(m_text.Octets());
+    m_text.DropOctets();
+}
+
+void TextEmitter::WriteAsUtf16() {
+    std::vector<unsigned char> octets;
+    m_text.ForEachChunk([&](std::u16string_view chunk) {
+        octets.resize(chunk.size() * sizeof(char16_t));
+        WriteUtf16(chunk, octets.data());
+        m_sink.Write(octets);
+    });
+    m_text.Clear();
 }
 
 }  // namespace BxConvert

@@ -34,14 +34,25 @@ private:
     /// What stands around markup outside of the root.
     void StartOutside();
     void EndOutside();
-    void TestCharacters(std::u16string_view text) const;
-    void TestName(std::u16string_view name) const;
+    /// What Expat lets pass needs no test.
+    void TestCharacters(std::u16string_view text) const {
+        if (m_isFastInfoset) TestEachCharacter(text);
+    }
+    void TestName(std::u16string_view name) const {
+        if (m_isFastInfoset) TestEachCharacterOfName(name);
+    }
+    void TestEachCharacter(std::u16string_view text) const;
+    void TestEachCharacterOfName(std::u16string_view name) const;
     void FlushSlice() {
-        if (m_text.Size() > kSlice) Flush();
+        bool const isSlice =
+            m_text.ChunkCount() > 1 || m_text.Octets().size() >= kSlice;  // of UTF-16, or of UTF-8
+        if (isSlice) Flush();
     }
     void Flush();
+    void WriteAsUtf16();
 
     Options const& m_options;
+    std::u16string_view m_lineEnd;
     BxXmlLib5::CStringBuffer m_text;
     bool m_isFastInfoset = false;
     bool m_hasDocumentType = false;

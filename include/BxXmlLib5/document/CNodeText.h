@@ -10,8 +10,8 @@
 
 namespace BxXmlLib5 {
 
-/// A text that stands in the store of its document. Most texts are only looked at, so a string is made when somebody
-/// asks for one. In a word and a half, since a tree has many.
+/// A text that stands in the store of its document. Most texts are only looked at, so a string is made when
+/// somebody asks for one. In a word and a half, since a tree has many.
 class BXXMLLIB5_LOCAL CNodeText {
 public:
     /// @param text outlives the object
