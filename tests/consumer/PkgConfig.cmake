@@ -11,7 +11,7 @@ file(REMOVE_RECURSE "${FOLDER}")
 
 if(NOT BXGEN)
   run(0 pkg-config --variable=bxgen bxxmllib5)
-  string(STRIP "${output}" BXGEN)
+  separate_arguments(BXGEN UNIX_COMMAND "${output}")
 endif()
 run(0 "${BXGEN}" -q --name Shop --strip-suffix Type --namespace-map urn:shop:common=Shop::Common --root-element order
   --catalog "${source}/the catalog.xml" --names "${source}/the names.txt" --out-dir "${FOLDER}" "${source}/order.xsd")

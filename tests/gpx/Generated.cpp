@@ -11,8 +11,9 @@ TEST(Generated, IsWhatIsCommitted) {
     std::string const folder = made.m_path;
     std::string const options = " -q -n Gpx --strip-suffix Type ";
     std::string const commands[] = {
-        "cd " BX_GPX " && LC_ALL=C '" BXGEN "'" + options + "-o '" + folder + "' gpx.xsd",
-        "cd '" + folder + "' && LC_ALL=tr_TR.UTF-8 TZ=Asia/Tokyo '" BXGEN "'" + options + BX_GPX "/gpx.xsd",
+        "cd '" BX_GPX "' && LC_ALL=C '" BXGEN "'" + options + "-o '" + folder + "' gpx.xsd",
+        "cd '" + folder + "' && LC_ALL=tr_TR.UTF-8 TZ=Asia/Tokyo '" BXGEN "'" + options +
+            "'" BX_GPX "/gpx.xsd'",
     };
     for (std::string const& command : commands) {
         ASSERT_EQ(std::system(command.c_str()), 0) << command;

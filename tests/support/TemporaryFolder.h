@@ -49,9 +49,9 @@ struct TemporaryFolder {
     Ending Run(std::string const& program, std::string const& lines, std::string const& input = {}) const {
         TemporaryFolder const outside;
         outside.Write("in", input);
-        outside.Write("run", "PATH=" + std::filesystem::path(program).parent_path().string() +
-                                 ":$PATH\ncd '" + m_path + "'\n" + lines + "\n");
-        std::string const command = "cd " + outside.m_path + " && sh ./run <in >out 2>err";
+        outside.Write("run", "PATH='" + std::filesystem::path(program).parent_path().string() +
+                                 "':$PATH\ncd '" + m_path + "'\n" + lines + "\n");
+        std::string const command = "cd '" + outside.m_path + "' && sh ./run <in >out 2>err";
         int const status = std::system(command.c_str());
         return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, Content(outside.Path("out")),
                 Content(outside.Path("err"))};
