@@ -116,7 +116,7 @@ TEST(Convert, WritesFastInfosetThatAStrictReaderTakes) {
     for (auto const& [input, expected] : rows) EXPECT_EQ(read("-", input), expected) << input;
     for (std::string const file :
          {BX_TRACK, BX_TEST_DATA "/drawing.xml", BX_TEST_DATA "/envelope.xml", BX_TEST_DATA "/feed.xml"}) {
-        EXPECT_EQ(read(file).substr(0, 2), "<{") << file << read(file);
+        EXPECT_EQ(read("'" + file + "'").substr(0, 2), "<{") << file;
     }
 }
 
@@ -156,7 +156,7 @@ TEST(Convert, ReadsBackTheFormsThatItWrites) {
     Folder const folder;
     for (auto const& [options, form, start] : rows) {
         auto const [status, out, errors] = folder.Run(
-            "grep -v '^<!--' " BX_TRACK " >in; bxconvert in -o expected; bxconvert in -o form " + options +
+            "grep -v '^<!--' '" BX_TRACK "' >in; bxconvert in -o expected; bxconvert in -o form " + options +
             "; bxconvert form | cmp - expected; bxconvert --info form | head -n 1; cat form");
         EXPECT_EQ(out.substr(0, out.find('\n') + 1 + start.size()), "form: " + form + "\n" + start);
         EXPECT_EQ(errors, "") << options;
@@ -288,7 +288,7 @@ TEST(Files, AreReadAndWritten) {
         {"ln -s l l; B in.xml -o l", fails("l: Too many levels of symbolic links")},
         {"B in.xml >/dev/full", fails("standard output: No space left on device")},
         {"B in.xml >&-", fails("standard output: Bad file descriptor")},
-        {"(ulimit -f 1; B " BX_TRACK " -o old.xml) || cat old.xml; ls -A", {0, "oldbad.xml\nin.xml\nold.xml\n", "bxconvert: old.xml: File too large\n"}},
+        {"(ulimit -f 1; B '" BX_TRACK "' -o old.xml) || cat old.xml; ls -A", {0, "oldbad.xml\nin.xml\nold.xml\n", "bxconvert: old.xml: File too large\n"}},
     };
     // clang-format on
     for (auto const& [command, outcome] : rows) {
