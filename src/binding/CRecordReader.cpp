@@ -66,28 +66,38 @@ public:
 
     /// @return null at the end
     CRecordCutter::Item const* NextRecord() {
-        m_last = nullptr;
-        while (CRecordCutter::Item const* const item = Next()) {
-            if (item->m_kind == CRecordCutter::Kind::End) {
-                m_settings.m_onEnd(*item->m_element);
-            } else {
-                return m_last = item;
-            }
+        m_hasStarted = true;
+        while ((m_last = Next()) != nullptr && m_last->m_kind == CRecordCutter::Kind::End) {
+            ReadPart(*m_last, [this] { m_settings.m_onEnd(*m_last->m_element); });
         }
-        return nullptr;
+        return m_last;
     }
 
-    /// The record that was read last, null if there is none.
+    bool HasFailed() const { return m_failure != nullptr && !m_cutter.HasItems(); }
+
+    /// Calls a function that reads an item, and gives the failure of it its place in the document.
+    template <class Read>
+    void ReadPart(CRecordCutter::Item const& item, Read read) {
+        try {
+            read();
+        } catch (CBxException& failure) {
+            LocateRead(failure, *item.m_element, {item.Path(), PositionOf()});
+            throw;
+        }
+    }
+
+    /// What was read last, null if there is none.
     CRecordCutter::Item const* Last() const { return m_last; }
 
     CXmlElement* Surroundings() {
-        while (!m_cutter.HasBegun() && !m_cutter.HasItems() && Advance()) {
+        while (!m_hasStarted && !m_cutter.HasBegun() && !m_cutter.HasItems() && Advance()) {
         }
         return m_cutter.Surroundings();
     }
 
-    PlaceOfTree PlaceOfSurroundings() const {
-        return {{}, [this](CXmlElement const& element) { return m_cutter.Tree().PositionOf(element); }};
+    /// What PlaceOfTree wants.
+    std::function<std::size_t(CXmlElement const&)> PositionOf() const {
+        return [this](CXmlElement const& element) { return m_cutter.Tree().PositionOf(element); };
     }
 
     RecordReaderSettings const& Settings() const { return m_settings; }
@@ -130,6 +140,7 @@ private:
     CNameTable m_names;
     CRecordCutter m_cutter;
     CDocumentStream m_stream;
+    bool m_hasStarted = false;
     bool m_isAtEnd = false;
     std::exception_ptr m_failure;
     CRecordCutter::Item const* m_last = nullptr;
@@ -156,15 +167,10 @@ bool CRecordReader::Read(CXmlObjectBase& object) {
     if (record->m_kind == CRecordCutter::Kind::LargeRecord) {
         CBxException failure(u"The record takes more than " + FromUtf8(std::to_string(settings.m_maxRecord)) +
                              u" octets, which is the limit (m_maxRecord)");
-        failure.SetLocation(CBxLocation(record->Path(), record->m_line));
+        failure.SetLocation(record->Location());
         throw failure;
     }
-    try {
-        ReadTree(object, *record->m_element, settings.m_context);
-    } catch (CBxException& failure) {
-        LocateRead(failure, *record->m_element, {record->Path(), {}});
-        throw;
-    }
+    m_document->ReadPart(*record, [&] { ReadTree(object, *record->m_element, settings.m_context); });
     return true;
 }
 
@@ -178,9 +184,13 @@ void CRecordReader::ReadTree(CXmlObjectBase& object, CXmlElement& element,
     }
 }
 
+bool CRecordReader::HasFailed() const {
+    return m_document->HasFailed();
+}
+
 CBxLocation CRecordReader::GetLocation() const {
     CRecordCutter::Item const* const record = m_document->Last();
-    return record == nullptr ? CBxLocation() : CBxLocation(record->Path(), record->m_line);
+    return record == nullptr ? CBxLocation() : record->Location();
 }
 
 CXmlElement const* CRecordReader::GetSurroundings() {
@@ -197,7 +207,7 @@ void CRecordReader::ReadSurroundings(CXmlObjectBase& object) {
     try {
         ReadTree(object, *root, context);
     } catch (CBxException& failure) {
-        LocateRead(failure, *root, m_document->PlaceOfSurroundings());
+        LocateRead(failure, *root, {{}, m_document->PositionOf()});
         throw;
     }
 }

@@ -423,7 +423,9 @@ TEST(CRecordReader, PassesOnWhatTheCallerThrows) {
     CElement record(u"");
     EXPECT_TRUE(reader.Read(record));
     EXPECT_THROW(reader.Read(record), std::logic_error);
+    EXPECT_FALSE(reader.HasFailed());
     EXPECT_THROW(reader.Read(record), std::runtime_error);
+    EXPECT_TRUE(reader.HasFailed());
     EXPECT_THROW(reader.Read(record), std::runtime_error);
     CRecordReader moved = std::move(reader);
     EXPECT_THROW(moved.Read(record), std::runtime_error);
