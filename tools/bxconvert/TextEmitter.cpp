@@ -1,5 +1,6 @@
 #include "TextEmitter.h"
 
+#include "platform/UnitScan.h"
 #include "platform/Utf.h"
 #include "platform/Utf16Octets.h"
 #include "platform/XmlCharacters.h"
@@ -177,6 +178,11 @@ void TextEmitter::AppendName(std::u16string_view prefix, std::u16string_view loc
 }
 
 void TextEmitter::TestEachCharacter(std::u16string_view text) const {
+    if (text.starts_with(u'\n')) text.remove_prefix(1);  // as indentation does
+    auto const unusual = [](std::uint64_t units) {
+        return UnitsBelow(units, 0x20) | UnitsFrom(units, 0xD800);
+    };
+    if (!HasUnit(text, unusual)) return;
     for (std::size_t at = 0; at < text.size();) {
         if (!IsXmlCharacter(Utf::Next(text, at))) ThrowUnwritable();
     }
