@@ -50,10 +50,9 @@ void TextEmitter::StartElement(DocumentElement const& element) {
     for (auto const& [prefix, ns] : m_declarations) {
         Append(prefix.empty() ? u" xmlns" : u" xmlns:");
         Append(prefix);
-        Append(u"=\"");
+        Append(u"=");
         TestCharacters(ns);
-        m_text.AppendExactValue(ns);
-        Append(u"\"");
+        AppendValue(ns);
     }
     m_declarations.clear();
     AppendAttributes(element);
@@ -62,17 +61,28 @@ void TextEmitter::StartElement(DocumentElement const& element) {
 }
 
 void TextEmitter::AppendAttributes(DocumentElement const& element) {
-    for (DocumentAttribute const& attribute : element.m_attributes) {
+    auto literal = element.m_literals.begin();
+    for (std::size_t i = 0; i < element.m_attributes.size(); ++i) {
+        DocumentAttribute const& attribute = element.m_attributes[i];
         bool const isInDocumentType = m_hasDocumentType && !attribute.m_isSpecified;
         if (isInDocumentType) continue;
         TestName(attribute.m_name->m_localName);
         TestCharacters(attribute.m_value);
         Append(u" ");
         AppendName(attribute.m_prefix, attribute.m_name->m_localName);
-        Append(u"=\"");
-        m_text.AppendExactValue(attribute.m_value);
-        Append(u"\"");
+        Append(u"=");
+        if (literal != element.m_literals.end() && literal->m_attribute == i) {
+            Append(literal++->m_text);
+        } else {
+            AppendValue(attribute.m_value);
+        }
     }
+}
+
+void TextEmitter::AppendValue(std::u16string_view value) {
+    Append(u"\"");
+    m_text.AppendExactValue(value);
+    Append(u"\"");
 }
 
 void TextEmitter::AddText(std::u16string_view text) {
