@@ -21,6 +21,9 @@ public:
 
     void Clear();
 
+    /// Whether there is so little memory that no chunk was needed.
+    bool IsSmall() const { return m_chunk == 0; }
+
 private:
     struct Free {
         void operator()(void* memory) const { std::free(memory); }

@@ -3,30 +3,30 @@
 #include <utility>
 
 #include "platform/TextView.h"
-#include "platform/UnitScan.h"
 
 namespace BxXmlLib5 {
 
-namespace {
-
-/// Whether text has what no element of the tree has: CR, which only comes from references, or a zero, which only
-/// Fast Infoset can have.
-bool HasDropped(std::u16string_view text) {
-    if (text.size() == 1)
-        return text[0] == u'\r' || text[0] == u'\0';  // Expat gives each end of a line by itself
-    return HasUnit(text, [](std::uint64_t units) {
-        return UnitsBelow(units ^ (kEachUnit * u'\r'), 1) | UnitsBelow(units, 1);
-    });
+void CDocumentBuilder::Restart() {
+    Forget();
+    m_nodes.Clear();
 }
 
-}  // namespace
-
-void CDocumentBuilder::Restart() {
+void CDocumentBuilder::Forget() {
     m_documentElement = nullptr;
     m_elementStack.clear();
     m_openText.clear();
+    m_growsInStore = false;
     m_lastMixedText = {};
-    m_nodes.Clear();
+}
+
+std::size_t CDocumentBuilder::OctetsOf(DocumentElement const& element) {
+    std::size_t octets = sizeof(CXmlElement);
+    if (!element.m_attributes.empty()) octets += sizeof(std::vector<CXmlAttribute*>);
+    for (DocumentAttribute const& attribute : element.m_attributes) {
+        octets +=
+            sizeof(CXmlAttribute) + sizeof(CXmlAttribute*) + attribute.m_value.size() * sizeof(char16_t);
+    }
+    return octets;
 }
 
 void CDocumentBuilder::DeclareNamespace(wstring const& alias, wstring const& namespaceUri) {
@@ -34,20 +34,37 @@ void CDocumentBuilder::DeclareNamespace(wstring const& alias, wstring const& nam
 }
 
 void CDocumentBuilder::StartElement(DocumentElement const& started) {
+    TakeTextFromStore();
     CXmlElement* const element =
         m_nodes.m_elements.Create(&m_document, started.m_name, m_nodes.m_noAttributes, started.m_line);
     AddElement(element);
     if (!started.m_attributes.empty()) AddAttributes(*element, started.m_attributes);
+    m_growsInStore = true;
+}
+
+CXmlElement* CDocumentBuilder::Attach(CXmlElement& child) {
+    OpenElement& parent = m_elementStack.back();
+    CXmlElement* const before = std::exchange(parent.m_lastChild, &child);
+    (before == nullptr ? parent.m_element->m_firstChild : before->m_nextSibling) = &child;
+    return before;
+}
+
+void CDocumentBuilder::Detach(CXmlElement& child, CXmlElement* before) {
+    OpenElement& parent = m_elementStack.back();
+    if (parent.m_lastChild == &child) parent.m_lastChild = before;
+    (before == nullptr ? parent.m_element->m_firstChild : before->m_nextSibling) =
+        std::exchange(child.m_nextSibling, nullptr);
+}
+
+void CDocumentBuilder::ShowText(bool isShown) {
+    m_elementStack.back().m_element->m_text.Replace(isShown ? OpenText() : std::u16string_view());
 }
 
 void CDocumentBuilder::AddElement(CXmlElement* element) {
     if (m_elementStack.empty()) {
         m_documentElement = element;
     } else {
-        OpenElement& parent = m_elementStack.back();
-        (parent.m_lastChild == nullptr ? parent.m_element->m_firstChild : parent.m_lastChild->m_nextSibling) =
-            element;
-        parent.m_lastChild = element;
+        Attach(*element);
     }
     m_elementStack.push_back({.m_element = element, .m_textStart = m_openText.size()});
 }
@@ -64,18 +81,19 @@ void CDocumentBuilder::AddAttributes(CXmlElement& element, std::span<DocumentAtt
 }
 
 void CDocumentBuilder::AddText(std::u16string_view text) {
-    if (!HasDropped(text)) {
-        if (text.size() == 1) return m_openText.push_back(text[0]);
-        m_openText.append(text);
-        return;
-    }
-    for (char16_t const unit : text) {
-        if (unit == u'\0') return;
-        if (unit != u'\r') m_openText.push_back(unit);
-    }
+    // What no element of the tree has comes by itself.
+    if (text.front() == u'\r' || text.front() == u'\0') return;
+    if (m_growsInStore && m_nodes.m_texts.Append(text)) return;
+    TakeTextFromStore();
+    m_openText.append(text);
+}
+
+void CDocumentBuilder::TakeTextFromStore() {
+    if (std::exchange(m_growsInStore, false)) m_openText.append(m_nodes.m_texts.TakeBack());
 }
 
 std::size_t CDocumentBuilder::AddKeptText(std::u16string_view text) {
+    m_growsInStore = false;
     OpenElement& open = m_elementStack.back();
     std::size_t const former = m_openText.size();
     if (open.m_storedText.empty() && former == open.m_textStart) {
@@ -88,9 +106,13 @@ std::size_t CDocumentBuilder::AddKeptText(std::u16string_view text) {
 
 void CDocumentBuilder::EndElement() {
     OpenElement const closed = m_elementStack.back();
-    std::u16string_view const text = OpenText();
-    closed.m_element->m_text.Set(text.empty() ? closed.m_storedText : StoreText(closed, text));
-    m_openText.resize(closed.m_textStart);
+    if (std::exchange(m_growsInStore, false)) {
+        closed.m_element->m_text.Set(m_nodes.m_texts.Close());
+    } else {
+        std::u16string_view const text = OpenText();
+        closed.m_element->m_text.Set(text.empty() ? closed.m_storedText : StoreText(closed, text));
+        m_openText.resize(closed.m_textStart);
+    }
     m_elementStack.pop_back();
 }
 

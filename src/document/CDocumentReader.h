@@ -16,7 +16,7 @@ struct DocumentMemory {
     CNameTable& m_names;
     CTextStore& m_texts;
     /// Whether values of attributes, and texts told by AddKeptText(), live as long as the store. If not, the parser
-    /// uses the store for its own purposes, and empties it.
+    /// may use the store for its own purposes, and empties it. Text of XML is never kept.
     bool m_keepsTexts;
 };
 
@@ -75,6 +75,8 @@ protected:
         --m_depth;
         m_receiver.EndElement();
     }
+    /// A text that may have a CR or a zero anywhere.
+    void AddAnyText(std::u16string_view text);
     bool HasOpenElement() const { return m_depth > 0; }
     /// Before an element starts.
     /// @throws CBxException if it is one too many, or too deep

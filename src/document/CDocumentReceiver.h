@@ -56,8 +56,10 @@ public:
 
     virtual void StartElement(DocumentElement const& element) = 0;
 
-    /// Text of the innermost open element, a part of it: a text may come in any number of parts. A CR in it was
-    /// written as a reference, and Fast Infoset may have any unit.
+    /// Text of the innermost open element, a part of it: a text may come in any number of parts. A CR, which
+    /// was written as a reference, comes by itself. Fast Infoset may have any unit: a zero comes at the beginning of a
+    /// part.
+    /// @param text not empty
     virtual void AddText(std::u16string_view text) = 0;
 
     /// The same from a parser that keeps texts, for a text that is kept already, without CR.

@@ -125,7 +125,9 @@ struct CExpatReader::Callbacks {
             [=](CExpatReader& reader) { reader.DeclareNamespace(Units(prefix), Units(namespaceUri)); });
     }
 
-    static void EndNamespace(void*, XML_Char const*) {}
+    static void EndNamespace(void* userData, XML_Char const*) {
+        static_cast<CExpatReader*>(userData)->m_tagNames.Forget();
+    }
 
     static void Text(void* userData, XML_Char const* text, int length) {
         Run(userData, [=](CExpatReader& reader) {
@@ -352,7 +354,7 @@ void CExpatReader::FinishStream() {
     bool const parsed = ParsePart(m_parser.get(), {}, kFinal);
     if (m_failure) CheckParsed(false);
     if (!m_hasRoot) ThrowNoRoot();
-    if (HasOpenElement()) ThrowEndsInElement(CBxLocation({}, Place().m_line, Place().m_column));
+    if (HasOpenElement()) throw CEndsInElement(CBxLocation({}, Place().m_line, Place().m_column));
     CheckParsed(parsed);
 }
 
@@ -379,6 +381,7 @@ void CExpatReader::MakeParser(char16_t const* encoding) {
     m_hasDocumentType = false;
     m_entities.clear();
     m_lastNamespace = nullptr;
+    m_tagNames.Forget();
     m_noNamespace = &m_memory.m_names.InternText({});
     m_nestingEntities = 0;
     m_mostNestingEntities = MostNestingEntities();
@@ -480,6 +483,20 @@ CExpatReader::ExpandedName CExpatReader::SplitLocalName(wstring const& namespace
     return {m_memory.m_names.Intern(namespaceUri, local.substr(0, separator)), local.substr(separator + 1)};
 }
 
+CExpatReader::ExpandedName CExpatReader::ElementName(char16_t const* expanded) {
+    // Expat tells neither the tag of an element that an entity stands for nor, without the expanded name, a
+    // prefix.
+    if (m_hasDocumentType || m_details.m_prefixes) return SplitName(expanded);
+    int offset = 0, size = 0;
+    char const* const context = XML_GetInputContext(m_parser.get(), &offset, &size);
+    if (context == nullptr) return SplitName(expanded);
+    CTagNames::Entry* const known =
+        m_tagNames.Find({context + offset, static_cast<std::size_t>(size - offset)});
+    if (known == nullptr) return SplitName(expanded);
+    if (known->m_name == nullptr) known->m_name = &SplitName(expanded).m_name;
+    return {*known->m_name, {}};
+}
+
 void CExpatReader::StartElement(char16_t const* name, char16_t const* const* attributes) {
     CountElement();
     m_hasRoot = true;
@@ -490,12 +507,11 @@ void CExpatReader::StartElement(char16_t const* name, char16_t const* const* att
             bool const isSpecified = m_attributes.size() < specified;
             std::u16string_view value = attributes[1];
             if (!isSpecified) CountDefaulted(value);
-            if (m_memory.m_keepsTexts) value = m_memory.m_texts.Add(value);
             auto const [attribute, prefix] = SplitName(attributes[0]);
             m_attributes.push_back({&attribute, prefix, value, isSpecified});
         }
     }
-    auto const [element, prefix] = SplitName(name);
+    auto const [element, prefix] = ElementName(name);
     std::size_t const line = m_details.m_lines ? Line() : 0;
     m_literals.clear();
     if (m_hasDocumentType && (!m_attributes.empty() || m_hasDeclarations)) {
@@ -601,6 +617,7 @@ void CExpatReader::EndElement() {
 }
 
 void CExpatReader::DeclareNamespace(char16_t const* prefix, char16_t const* namespaceUri) {
+    m_tagNames.Forget();
     ThrowIfNamespaceTooLong(TextOf(namespaceUri));
     // No prefix is the default namespace; no URI is xmlns="".
     CNameTable& names = m_memory.m_names;
@@ -609,7 +626,10 @@ void CExpatReader::DeclareNamespace(char16_t const* prefix, char16_t const* name
 }
 
 void CExpatReader::AddText(std::u16string_view text) {
-    if (!text.empty() && HasOpenElement()) m_receiver.AddText(text);
+    if (text.empty() || !HasOpenElement()) return;
+    // Expat gives what a reference to a character stands for by itself, but not inside an entity.
+    if (m_hasDocumentType) return AddAnyText(text);
+    m_receiver.AddText(text);
 }
 
 namespace {

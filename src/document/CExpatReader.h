@@ -16,6 +16,7 @@
 #include "BxXmlLib5/core/Enumerations.h"
 #include "document/CDocumentReader.h"
 #include "document/CLineCounter.h"
+#include "document/CTagNames.h"
 #include "platform/TextView.h"
 
 struct XML_ParserStruct;
@@ -78,6 +79,7 @@ private:
     ExpandedName SplitName(std::u16string_view expanded);
     ExpandedName SplitLocalName(wstring const& namespaceUri, std::u16string_view local);
 
+    ExpandedName ElementName(char16_t const* expanded);
     std::size_t Line();
     std::uint64_t ByteIndex() const;
     void CountDefaulted(std::u16string_view value);
@@ -114,6 +116,7 @@ private:
     bool m_isPauseAsked = false;
     bool m_isPaused = false;
     bool m_isAtEnd = false;
+    CTagNames m_tagNames;
     wstring const* m_lastNamespace = nullptr;
     wstring const* m_noNamespace = nullptr;
     std::vector<DocumentAttribute> m_attributes;

@@ -25,25 +25,40 @@ public:
 
     template <class... Args>
     T* Create(Args&&... args) {
-        if (m_blocks.empty() || m_blocks.back().m_used == m_blocks.back().m_size) AddBlock();
-        Block& block = m_blocks.back();
-        T* const node = new (block.m_nodes + block.m_used) T(std::forward<Args>(args)...);
-        ++block.m_used;
+        if (m_next == m_end) EnterBlock();
+        T* const node = new (m_next) T(std::forward<Args>(args)...);
+        ++m_next;
         return node;
     }
 
     /// Destroys the nodes. Their memory is the store's to free.
     void Clear() {
-        for (Block& block : m_blocks) std::destroy_n(block.m_nodes, block.m_used);
+        Empty();
         m_blocks.clear();
+    }
+
+    /// Destroys the nodes, and keeps their memory for those that come next.
+    void Empty() {
+        for (std::size_t i = 0; i < m_entered; ++i) {
+            auto const [nodes, size] = m_blocks[i];
+            std::destroy_n(nodes, i + 1 < m_entered ? size : static_cast<std::size_t>(m_next - nodes));
+        }
+        m_entered = 0;
+        m_next = m_end = nullptr;
     }
 
 private:
     struct Block {
         T* m_nodes;
         std::size_t m_size;
-        std::size_t m_used;
     };
+
+    void EnterBlock() {
+        if (m_entered == m_blocks.size()) AddBlock();
+        auto const [nodes, size] = m_blocks[m_entered++];
+        m_next = nodes;
+        m_end = nodes + size;
+    }
 
     /// Blocks grow, so that a small document stays small.
     void AddBlock() {
@@ -51,11 +66,14 @@ private:
         constexpr std::size_t kLargest = CBlockStore::kLargest / sizeof(T);
         std::size_t const size = m_blocks.empty() ? kFirst : std::min(m_blocks.back().m_size * 4, kLargest);
         if (m_blocks.size() == m_blocks.capacity()) m_blocks.reserve(2 * m_blocks.size() + 4);
-        m_blocks.push_back({static_cast<T*>(m_store.Allocate(size * sizeof(T))), size, 0});
+        m_blocks.push_back({static_cast<T*>(m_store.Allocate(size * sizeof(T))), size});
     }
 
     CBlockStore& m_store;
     std::vector<Block> m_blocks;
+    std::size_t m_entered = 0;  // of the blocks, the last of which may have room from m_next to m_end
+    T* m_next = nullptr;
+    T* m_end = nullptr;
 };
 
 }  // namespace BxXmlLib5

@@ -107,15 +107,16 @@ void CXmlDocument::Parse(std::span<unsigned char const> input, bool isText) {
     auto const inflated = isText ? std::nullopt : Inflate(input, m_limits.m_octets);
     auto const octets = inflated ? std::span<unsigned char const>(*inflated) : input;
     m_isCompressed = inflated.has_value();
-    CDocumentBuilder builder(*this, *m_nodes, CDocumentBuilder::kTextsAreKept);
-    DocumentMemory const memory{m_nodes->m_names, m_nodes->m_texts, true};
+    bool const isFastInfoset = !isText && CFastInfosetReader::Recognises(octets);
+    CDocumentBuilder builder(*this, *m_nodes,
+                             isFastInfoset ? CDocumentBuilder::kTextsAreKept : CDocumentBuilder::kTextsPass);
+    DocumentMemory const memory{m_nodes->m_names, m_nodes->m_texts, isFastInfoset};
     try {
-        if (!isText) {
+        if (isFastInfoset) {
             CFastInfosetReader reader(builder, memory);
             reader.SetLimits(m_limits);
             m_isFastInfoset = reader.Parse(octets);
-        }
-        if (!m_isFastInfoset) {
+        } else {
             CExpatReader reader(builder, memory, m_schemaType,
                                 {.m_systemEncodings = m_systemEncodings, .m_lines = true});
             reader.SetLimits(m_limits);
@@ -143,20 +144,12 @@ void CXmlDocument::ThrowIfNotWhole() const {
     CBxException failure;
     MarkRead(failure, m_openElements.back());
     LocateRead(failure, *m_documentElement);
-    CBxLocation const open = failure.GetLocation();
-    failure = CBxException(FormatString(u"The document ends inside the element [%s], which begins on line %d",
-                                        open.GetPath().c_str(), static_cast<int>(open.GetLine())));
-    failure.SetLocation(CBxLocation({}, open.GetLine()));
-    throw failure;
+    throw EndsInside(failure.GetLocation());
 }
 
 void CXmlDocument::ThrowIfEntitiesAreSkipped() const {
     if (m_skippedEntityCount == 0) return;
-    CBxException failure(
-        FormatString(u"The entity [%s], to which line %d refers, is not declared in the document itself",
-                     m_firstSkippedEntity.c_str(), static_cast<int>(m_skippedEntityLine)));
-    failure.SetLocation(CBxLocation({}, m_skippedEntityLine));
-    throw failure;
+    throw EntityIsSkipped(m_firstSkippedEntity, m_skippedEntityLine);
 }
 
 }  // namespace BxXmlLib5

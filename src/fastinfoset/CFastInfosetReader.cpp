@@ -363,7 +363,7 @@ void CFastInfosetReader::ReadNamespaceAttribute(unsigned char first) {
 // C.7
 void CFastInfosetReader::ReadCharacterChunk(unsigned char first) {
     StringOrIndex chunk = m_input.ReadNonIdentifyingStringOrIndexOnThirdBit(first);
-    if (!m_memory.m_keepsTexts) return m_receiver.AddText(Resolve(chunk, m_characterChunks));
+    if (!m_memory.m_keepsTexts) return AddAnyText(Resolve(chunk, m_characterChunks));
     chunk.m_string = ExcludingCR(chunk.m_string);
     std::size_t const copied = m_receiver.AddKeptText(Resolve(chunk, m_characterChunks));
     CountRepeated(copied * kUnitsOfJoinedUnit);

@@ -6,36 +6,38 @@
 using namespace BxTest;
 
 TEST(Tree, Shape) {
-    ExpectLoads({"<a><b/><c><d/><e/></c><f/></a> => a(b c(d e) f)",
-                 "<é ö='ü' b='2' m=''>𝄞</é> => é@ö=ü@b=2@m='𝄞'",
-                 "<!DOCTYPE a><?p?><!--c--><a>x<!--c-->y<?p?>z</a> <!--d--> => a'xyz'",
-                 "<a>x<b>y</b>z</a> => a'xz'(b'y')", "<a>x<![CDATA[<y>]]>&amp;&#x1D11E;</a> => a'x<y>&𝄞'",
-                 "<a>&#13;&#xD;x&#13;y&#xD;&#xA;z&#13;</a> => a'xy\nz'", "<a>x\r\ny\rz</a> => a'x\ny\nz'",
-                 "<a k='&#13;x&#13;' l='1\r\n2\t3'/> => a@k=\rx\r@l=1 2 3",
-                 "<!DOCTYPE a [<!ATTLIST a k CDATA 'd'>]><a l=' 1  2 '/> => a@l= 1  2 @k=d",
-                 "<!DOCTYPE a [<!ENTITY e 'x<b/>y'>]><a>1&e;2</a> => a'1xy2'(b)",
-                 "<!DOCTYPE a [<!ENTITY e SYSTEM 'file:///etc/hostname'>]><a>1&e;2</a> => a'12'",
-                 // Namespaces.
-                 "<a xmlns='u' xmlns:p='v' k='1' p:k='2'><b xmlns=''/><c/></a> => {u}a@k=1@{v}k=2(b {u}c)",
-                 "<p:a xmlns:p='u'><p:b xmlns:p='v'/><p:c/></p:a> => {u}a({v}b {u}c)",
-                 "<a xml:lang='en'/> => a@{http://www.w3.org/XML/1998/namespace}lang=en",
-                 // Documents that stop.
-                 "<a>text => a'text'", "<a><b>x</b><c k='1'>y<d l='2 => a(b'x' c@k=1'y')"});
+    ExpectLoads(
+        {"<a><b/><c><d/><e/></c><f/></a> => a(b c(d e) f)", "<é ö='ü' b='2' m=''>𝄞</é> => é@ö=ü@b=2@m='𝄞'",
+         "<!DOCTYPE a><?p?><!--c--><a>x<!--c-->y<?p?>z</a> <!--d--> => a'xyz'",
+         "<a>x<b>y</b>z</a> => a'xz'(b'y')", "<a>x<![CDATA[<y>]]>&amp;&#x1D11E;</a> => a'x<y>&𝄞'",
+         "<a>&#13;&#xD;x&#13;y&#xD;&#xA;z&#13;</a> => a'xy\nz'", "<a>x\r\ny\rz</a> => a'x\ny\nz'",
+         "<a k='&#13;x&#13;' l='1\r\n2\t3'/> => a@k=\rx\r@l=1 2 3",
+         "<!DOCTYPE a [<!ATTLIST a k CDATA 'd'>]><a l=' 1  2 '/> => a@l= 1  2 @k=d",
+         "<!DOCTYPE a [<!ENTITY e 'x<b/>y'>]><a>1&e;2</a> => a'1xy2'(b)",
+         "<!DOCTYPE a [<!ENTITY e 'x&#13;y&#38;#13;z'>]><a>&#13;&e;<b/>&#13;&e;</a> => a'xyzxyz'(b)",
+         "<!DOCTYPE a [<!ENTITY e SYSTEM 'file:///etc/hostname'>]><a>1&e;2</a> => a'12'",
+         // Namespaces.
+         "<a xmlns='u' xmlns:p='v' k='1' p:k='2'><b xmlns=''/><c/></a> => {u}a@k=1@{v}k=2(b {u}c)",
+         "<p:a xmlns:p='u'><p:b xmlns:p='v'/><p:c/></p:a> => {u}a({v}b {u}c)",
+         "<p:a xmlns:p='u'><p:b/><p:a xmlns:p='v'><p:b/></p:a><p:b/></p:a> => {u}a({u}b {v}a({v}b) {u}b)",
+         "<a xml:lang='en'/> => a@{http://www.w3.org/XML/1998/namespace}lang=en",
+         // Documents that stop.
+         "<a>text => a'text'", "<a><b>x</b><c k='1'>y<d l='2 => a(b'x' c@k=1'y')"});
     ExpectLoads({"<p:a xmlns:p='u' p:x='1'/> => {u}a@{u}x=1"}, {kNarrow}, static_cast<SchemaType>(1));
     ExpectLoads({"<p:a xmlns:p='u' xmlns='v' q:x='1'>x|y</p:a> => p:a@xmlns:p=u@xmlns=v@q:x=1'x|y'"},
                 {kNarrow}, st_NoNamespaces);
 }
 
-TEST(Tree, TextLeavesOutEachCR) {
-    CXmlDocument const document;
-    CDocumentNodes nodes;
-    CDocumentBuilder builder(document, nodes, CDocumentBuilder::kTextsPass);
-    CNameTable& names = nodes.m_names;
-    builder.StartElement({names.Intern(names.InternText({}), u"a"), {}, {}, 0});
-    builder.AddText(u"\rx\r\ry\r");
-    builder.AddText(u"\r");
-    builder.AddText(u"z");
-    EXPECT_EQ(Dump(builder.CloseAllElements()), "a'xyz'");
+TEST(Tree, NamesOfAnyLength) {
+    std::string tags, names;
+    for (int round = 0; round < 2; ++round) {
+        for (std::size_t size = 1; size <= 40; ++size) {
+            std::string const name = std::string(size / 2, 'x') + "é" + std::string((size - 1) / 2, 'y');
+            tags += '<' + name + "/><" + name + " /><" + name + "\n></" + name + ">";
+            for (int time = 0; time < 3; ++time) names += (names.empty() ? "" : " ") + name;
+        }
+    }
+    ExpectLoads({"<a>" + tags + "</a> => a(" + names + ")"});
 }
 
 TEST(Tree, NamespaceOfAlias) {
