@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <exception>
+#include <typeinfo>
 #include <utility>
 
 #include "BxXmlLib5/binding/CXmlObjectBase.h"
@@ -86,6 +87,14 @@ public:
         }
     }
 
+    /// Null if the object is of a class. The question is a dear one, and mostly the same.
+    CElement* AsUntyped(CXmlObjectBase& object) {
+        std::type_info const& type = typeid(object);
+        if (m_lastType != &type) m_isUntyped = dynamic_cast<CElement*>(&object) != nullptr;
+        m_lastType = &type;
+        return m_isUntyped ? static_cast<CElement*>(&object) : nullptr;
+    }
+
     /// What was read last, null if there is none.
     CRecordCutter::Item const* Last() const { return m_last; }
 
@@ -143,6 +152,8 @@ private:
     bool m_hasStarted = false;
     bool m_isAtEnd = false;
     std::exception_ptr m_failure;
+    std::type_info const* m_lastType = nullptr;
+    bool m_isUntyped = false;  // objects of that type
     CRecordCutter::Item const* m_last = nullptr;
 };
 
@@ -176,7 +187,7 @@ bool CRecordReader::Read(CXmlObjectBase& object) {
 
 void CRecordReader::ReadTree(CXmlObjectBase& object, CXmlElement& element,
                              CXmlSerializationContext const& context) {
-    if (auto* const untyped = dynamic_cast<CElement*>(&object)) {
+    if (CElement* const untyped = m_document->AsUntyped(object)) {
         CSmartPtr<CReadItem<CElement>> const copy = CContentReader(CSharedText()).Read(element);
         *untyped = *copy;
     } else {

@@ -126,8 +126,7 @@ public:
 private:
     class Document;
 
-    static void ReadTree(CXmlObjectBase& object, CXmlElement& element,
-                         CXmlSerializationContext const& context);
+    void ReadTree(CXmlObjectBase& object, CXmlElement& element, CXmlSerializationContext const& context);
 
     std::unique_ptr<Document> m_document;
 };
