@@ -88,6 +88,37 @@ TEST(CRecordWriter, DecoratesTheRoot) {
               "<r n=\"1\"><p:c>some text \U0001F600</p:c></r></a>");
 }
 
+/// What comes of a few steps, read again.
+std::string Written(bool isFastInfoset, std::function<void(CRecordWriter&)> const& write) {
+    RecordSettings settings;
+    settings.m_isFastInfoset = isFastInfoset;
+    settings.m_context.SetDefaultNamespaceURI(u"N");
+    CBinaryData written;
+    CRecordWriter writer([&](auto octets) { written.Append(octets); }, settings);
+    std::string const thrown = Thrown([&] { write(writer), writer.Finish(); });
+    if (thrown != "nothing") return thrown;
+    CXmlSerializationContext context;
+    context.SetDefaultNamespaceURI(u"N");
+    return ToUtf8(CElement::LoadXmlStream(written)->ToXml(false, false, eol_LF, context));
+}
+
+TEST(CRecordWriter, WritesNamesAndTextsAsTheyComeBack) {
+    CElement record(u"r", u"N", u"##any", u"");
+    auto const write = [&](CRecordWriter& writer) {
+        writer.Start(u"a");
+        writer.Attribute(u"k", u"x\ny");
+        writer.Write(record, u"s");
+        writer.Write(record, u"t", u"M");
+    };
+    auto const writeNoNamespace = [](CRecordWriter& writer) { writer.Start(u"a", u""); };
+    for (bool const isFastInfoset : {false, true})
+        EXPECT_EQ(Written(isFastInfoset, write), "<AA:a xmlns:AA=\"N\" k=\"x\ny\"><AA:r/><AA:r/></AA:a>");
+    EXPECT_EQ(
+        Written(false, writeNoNamespace),
+        "CBxInvalidNamespaceException: The element [a] is in no namespace, but would come back in the default one");
+    EXPECT_EQ(Written(true, writeNoNamespace), "<a/>");
+}
+
 TEST(CRecordWriter, ReplacesTheFileAtTheEndAlone) {
     TemporaryFolder const folder;
     std::string const path = folder.Write("f", "old");

@@ -71,10 +71,11 @@ TEST(CFileReplacement, WritesToWhatIsNoFileAsItIs) {
     TemporaryFolder const folder;
     std::string const path = folder.Write("open", "old");
     int const file = open(path.c_str(), O_WRONLY | O_APPEND);
-    for (std::string const prefix : {"/dev/fd/", "/proc/self/fd/"})
+    for (std::string const& prefix : {std::string("/dev/fd/"), std::string("/proc/self/fd/"),
+                                      "/proc/" + std::to_string(getpid()) + "/fd/"})
         EXPECT_EQ(Save(prefix + std::to_string(file), "+"), 0);
     close(file);
-    EXPECT_EQ(Content(path), "old++");
+    EXPECT_EQ(Content(path), "old+++");
     EXPECT_EQ(Save("/dev/null", "x"), 0);
     EXPECT_EQ(FilesIn(folder), 1u);
 }
