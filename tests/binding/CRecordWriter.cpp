@@ -123,8 +123,8 @@ protected:
 
 TEST(CRecordWriter, WritesNamesAndTextsAsTheyComeBack) {
     CElement element(u"e", u"N", u"##any", u"");
-    CNamed record;
     auto const write = [&](CRecordWriter& writer) {
+        CNamed record;
         writer.Start(u"a");
         writer.Attribute(u"k", u"x\ny");
         writer.Write(record);
