@@ -28,7 +28,7 @@ void CBlockStore::Add(void* memory) {
 
 void* CBlockStore::Allocate(std::size_t octets) {
     if (m_memory.size() == m_memory.capacity()) m_memory.reserve(2 * m_memory.size() + 8);
-    if (m_small < kMostSmall) {
+    if (m_small < kMostSmall || octets > kLargest) {
         Add(std::malloc(octets));
         m_small += octets;
         return m_memory.back().get();

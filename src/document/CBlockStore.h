@@ -12,10 +12,9 @@ namespace BxXmlLib5 {
 /// gives by one fault where small ones take 512.
 class CBlockStore {
 public:
-    /// The most octets of a block.
+    /// The most octets of a block that shares a chunk with others.
     static constexpr std::size_t kLargest = 64 * 1024;
 
-    /// @param octets up to kLargest
     /// @return memory for objects of any type, until Clear()
     void* Allocate(std::size_t octets);
 

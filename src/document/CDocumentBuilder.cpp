@@ -41,14 +41,13 @@ void CDocumentBuilder::AddElement(CXmlElement* element) {
 }
 
 void CDocumentBuilder::AddAttributes(CXmlElement& element, std::span<DocumentAttribute const> attributes) {
-    auto& list = *m_nodes.m_attributeLists.Create();
-    element.m_attributes = &list;
-    list.reserve(attributes.size());
+    CXmlAttribute* const first = m_nodes.m_attributes.Reserve(attributes.size());
     for (DocumentAttribute const& attribute : attributes) {
         std::u16string_view const value =
             m_texts == kTextsAreKept ? attribute.m_value : m_nodes.m_texts.Add(attribute.m_value);
-        list.push_back(m_nodes.m_attributes.Create(*attribute.m_name, value));
+        m_nodes.m_attributes.Create(*attribute.m_name, value);
     }
+    element.m_attributes = m_nodes.m_attributeLists.Create(std::span(first, attributes.size()));
 }
 
 void CDocumentBuilder::AddText(std::u16string_view text) {

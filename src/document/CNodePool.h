@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <memory>
 #include <new>
 #include <utility>
 #include <vector>
@@ -25,16 +24,25 @@ public:
 
     template <class... Args>
     T* Create(Args&&... args) {
-        if (m_blocks.empty() || m_blocks.back().m_used == m_blocks.back().m_size) AddBlock();
+        Reserve(1);
         Block& block = m_blocks.back();
         T* const node = new (block.m_nodes + block.m_used) T(std::forward<Args>(args)...);
         ++block.m_used;
         return node;
     }
 
+    /// @return where the next ones, so many, will lie one behind the other
+    T* Reserve(std::size_t count) {
+        if (m_blocks.empty() || m_blocks.back().m_size - m_blocks.back().m_used < count) AddBlock(count);
+        return m_blocks.back().m_nodes + m_blocks.back().m_used;
+    }
+
     /// Destroys the nodes. Their memory is the store's to free.
     void Clear() {
-        for (Block& block : m_blocks) std::destroy_n(block.m_nodes, block.m_used);
+        for (Block& block : m_blocks) {
+            // By its class, so that no virtual destructor is looked up for each.
+            for (T* node = block.m_nodes; node != block.m_nodes + block.m_used; ++node) node->T::~T();
+        }
         m_blocks.clear();
     }
 
@@ -46,10 +54,11 @@ private:
     };
 
     /// Blocks grow, so that a small document stays small.
-    void AddBlock() {
+    void AddBlock(std::size_t least) {
         constexpr std::size_t kFirst = 8;
         constexpr std::size_t kLargest = CBlockStore::kLargest / sizeof(T);
-        std::size_t const size = m_blocks.empty() ? kFirst : std::min(m_blocks.back().m_size * 4, kLargest);
+        std::size_t const usual = m_blocks.empty() ? kFirst : std::min(m_blocks.back().m_size * 4, kLargest);
+        std::size_t const size = std::max(usual, least);
         if (m_blocks.size() == m_blocks.capacity()) m_blocks.reserve(2 * m_blocks.size() + 4);
         m_blocks.push_back({static_cast<T*>(m_store.Allocate(size * sizeof(T))), size, 0});
     }
