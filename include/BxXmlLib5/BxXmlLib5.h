@@ -9,6 +9,7 @@
 #include "BxXmlLib5/binding/CElementInfoSeq.h"
 #include "BxXmlLib5/binding/CNamespaceAliasMap.h"
 #include "BxXmlLib5/binding/CParentElementInfo.h"
+#include "BxXmlLib5/binding/CRecordReader.h"
 #include "BxXmlLib5/binding/CRecordWriter.h"
 #include "BxXmlLib5/binding/CXmlGeneratedClass.h"
 #include "BxXmlLib5/binding/CXmlObjectBase.h"
@@ -57,9 +58,10 @@
 #include "BxXmlLib5/writers/CXmlWriter.h"
 
 /// @mainpage
-/// The public headers of BxXmlLib5. Where to begin: generated classes are CObject and Root, with the properties
-/// Required, Optional, Values, Object and Collection; any document without a class is a CElement; CXmlDocument is the
-/// tree to look at; CXmlSerializationContext has the settings of a read or write, and CBxException is what it throws.
+/// The public headers of BxXmlLib5. Where to begin: generated classes are CObject and Root, with the
+/// properties Required, Optional, Values, Object and Collection; any document without a class is a CElement;
+/// CXmlDocument is the tree to look at; CXmlSerializationContext has the settings of a read or write, and
+/// CBxException is what it throws.
 
 /// @namespace BxXmlLib5
 /// The library: values, documents, untyped content, writers, and the base of all that can be written and read.

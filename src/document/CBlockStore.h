@@ -20,7 +20,13 @@ public:
 
     void Clear();
 
+    /// Whether there is so little memory that no chunk was needed.
+    bool IsSmall() const { return m_small < kMostSmall; }
+
 private:
+    /// As many octets as a document has in blocks of their own before it gets chunks: a small one stays small.
+    static constexpr std::size_t kMostSmall = 1024 * 1024;
+
     struct Free {
         void operator()(void* memory) const { std::free(memory); }
     };

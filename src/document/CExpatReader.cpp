@@ -346,7 +346,7 @@ void CExpatReader::FinishStream() {
     bool const parsed = ParsePart(m_parser.get(), {}, kFinal);
     if (m_failure) CheckParsed(false);
     if (!m_hasRoot) ThrowNoRoot();
-    if (HasOpenElement()) ThrowEndsInElement(CBxLocation({}, Place().m_line, Place().m_column));
+    if (HasOpenElement()) throw CEndsInElement(CBxLocation({}, Place().m_line, Place().m_column));
     CheckParsed(parsed);
 }
 

@@ -22,8 +22,7 @@ std::size_t CLineCounter::FindEnd(unsigned char character, std::size_t from) con
         auto const place = static_cast<std::size_t>(found - m_text.data());
         if (!m_highOctet) return place + 1;
         std::size_t const unit = place - place % 2;
-        bool const isLow = place - unit != *m_highOctet;
-        if (isLow && unit + 1 < m_text.size() && m_text[unit + *m_highOctet] == 0) return unit + 2;
+        if (unit + 1 < m_text.size() && m_text[unit + *m_highOctet] == 0) return unit + 2;
         from = place + 1;
     }
     return kNone;

@@ -54,6 +54,8 @@ TEST(CElementDocument, ReadsAsTheDefaultContextAsks) {
     context.SetDocumentLimits({.m_elements = 1});
     EXPECT_BX_THROW((element.FromXml(u"<a><b/></a>"), 0), CBxException,
                     "The document has more than 1 elements, which is the limit");
+    EXPECT_BX_THROW(CElement::LoadXml("<a><b/></a>"), CBxException,
+                    "The document has more than 1 elements, which is the limit");
     context = former;
     context.SetRequireWholeDocument(true);
     EXPECT_BX_THROW((element.FromXml(u"<a>"), 0), CBxException,

@@ -82,8 +82,8 @@ public:
     ~CXmlGeneratedClass() override;
 
 protected:
-    /// Offers each attribute of an element to the entries, but for infrastructure (CXmlAttribute::IsNamespaceAttribute),
-    /// and then lets each entry test whether it is content.
+    /// Offers each attribute of an element to the entries, but for infrastructure
+    /// (CXmlAttribute::IsNamespaceAttribute), and then lets each entry test whether it is content.
     /// @param failIfUnknown an attribute that no entry takes is an error, unless the context ignores it
     /// @throws CBxValidationException for such an attribute, and what the entries throw
     void ProcessAttributesFromXml(CXmlSerializationContext const& context, CXmlElement* element,

@@ -82,8 +82,9 @@ public:
     /// @}
 
     /// @{
-    /// Reading refuses an input of which something would be lost unseen: text that breaks off inside an element, and
-    /// references to entities that only another file declares (CXmlDocument::SetRequireWholeDocument).
+    /// Reading refuses an input of which something would be lost unseen: text that breaks off inside an
+    /// element, and references to entities that only another file declares
+    /// (CXmlDocument::SetRequireWholeDocument).
     bool GetRequireWholeDocument() const { return m_requireWholeDocument; }
     void SetRequireWholeDocument(bool value) { m_requireWholeDocument = value; }
     /// @}
@@ -107,17 +108,19 @@ public:
     /// @}
 
     /// @{
-    /// Writing refuses what no parser would read or what would come back as something else, instead of writing it as
-    /// it is: in text and in values, characters outside XML 1.0 (control characters, halves of surrogate pairs);
-    /// names and prefixes that are none; two attributes of one name on an element; namespaces that cannot be
-    /// declared, two of them under one prefix, and what is in no namespace under a default one; instructions,
-    /// comments and an in-line schema that would break the markup; more than one root. The failure is a
-    /// CBxInvalidValueException for a character or a name, a CBxInvalidNamespaceException for a namespace, a
-    /// CBxInvalidStateException for the rest, and names the element or attribute.
+    /// Writing refuses what no parser would read or what would come back as something else, instead of
+    /// writing it as it is: in text and in values, characters outside XML 1.0 (control characters, halves of
+    /// surrogate pairs); names and prefixes that are none; two attributes of one name on an element;
+    /// namespaces that cannot be declared, two of them under one prefix, and what is in no namespace under a
+    /// default one; instructions, comments and an in-line schema that would break the markup; more than one
+    /// root. The failure is a CBxInvalidValueException for a character or a name, a
+    /// CBxInvalidNamespaceException for a namespace, a CBxInvalidStateException for the rest, and names the
+    /// element or attribute.
     ///
-    /// In XML text character references stand for the line ends and tabs of attribute values then, and for each CR
-    /// in text. What CXmlDocument reads leaves CR out of text all the same; other parsers give it. A formatted
-    /// document has line breaks and tabs beside the children of an element, also where it has text of its own.
+    /// In XML text character references stand for the line ends and tabs of attribute values then, and for
+    /// each CR in text. What CXmlDocument reads leaves CR out of text all the same; other parsers give it. A
+    /// formatted document has line breaks and tabs beside the children of an element, also where it has text
+    /// of its own.
     bool GetCheckWellFormed() const { return m_checkWellFormed; }
     void SetCheckWellFormed(bool value) { m_checkWellFormed = value; }
     /// @}

@@ -28,8 +28,8 @@ struct CWildcard;
 /// to 64 KiB, and a block goes with the last of them. A null text is the empty text, except where a constructor
 /// refuses it.
 ///
-/// Of whole documents, the element is the root, unlike for what FromXmlFile(), FromXmlStream() and the like read. A new
-/// one is made by each Load, of all that is below it, and a document that breaks off is refused.
+/// Of whole documents, the element is the root, unlike for what FromXmlFile(), FromXmlStream() and the like
+/// read. A new one is made by each Load, of all that is below it, and a document that breaks off is refused.
 ///
 ///     CSmartPtr<CElement> const feed = CElement::Load("feed.xml");
 ///     for (CElement* entry : feed->Children(u"entry")) Use(entry->Find(u"title"), entry->GetAttribute(u"id"));
@@ -70,7 +70,7 @@ public:
     /// Reads a file: XML text in any encoding that CXmlDocument reads, or Fast Infoset, either as such or
     /// compressed.
     /// @param path in UTF-8 if it is one of octets
-    /// @param context only its SchemaType counts
+    /// @param context its SchemaType, limits and encodings count
     /// @throws CBxException if the file cannot be read, is not well-formed or ends early
     static CSmartPtr<CElement> Load(std::string_view path, CXmlSerializationContext const& context =
                                                                CXmlSerializationContext::GetDefaultContext());
@@ -139,7 +139,8 @@ public:
     // What has a name.
 
     /// @{
-    /// The first child of this name, null if there is none; in the namespace of the element itself if none is told.
+    /// The first child of this name, null if there is none; in the namespace of the element itself if none is
+    /// told.
     CElement* Find(char16_t const* name);
     CElement const* Find(char16_t const* name) const;
     CElement* Find(char16_t const* name, char16_t const* ns);
@@ -177,8 +178,8 @@ public:
     /// @throws CBxException if the text is empty or no well-formed document
     void FromXml(char16_t const* text);
 
-    /// Note that these, and FromXmlFile() and FromXmlStream(), read the first child of the root, as a member of an
-    /// object would be read. For the root itself there are Load(), LoadXml() and LoadXmlStream().
+    /// Note that these, and FromXmlFile() and FromXmlStream(), read the first child of the root, as a member
+    /// of an object would be read. For the root itself there are Load(), LoadXml() and LoadXmlStream().
     using CXmlObjectBase::FromXml;
 
 protected:

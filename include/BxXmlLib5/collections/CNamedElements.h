@@ -13,8 +13,8 @@
 
 namespace BxXmlLib5 {
 
-/// A range of T, which is CElement or CElement const, for a loop. It keeps the children alive, whatever becomes of the
-/// element. An iterator lasts as long as the range, and as its child is not taken out.
+/// A range of T, which is CElement or CElement const, for a loop. It keeps the children alive, whatever
+/// becomes of the element. An iterator lasts as long as the range, and as its child is not taken out.
 template <class T>
 class CNamedElements {
 public:

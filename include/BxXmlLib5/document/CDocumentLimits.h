@@ -6,9 +6,9 @@
 
 namespace BxXmlLib5 {
 
-/// The limits of a document, for input that nobody vouches for. What is beyond one is refused, with a CBxException that
-/// names the limit and, in text, the line. The library has limits of its own, told with CXmlDocument, which no caller
-/// can raise.
+/// The limits of a document, for input that nobody vouches for. What is beyond one is refused, with a
+/// CBxException that names the limit and, in text, the line. The library has limits of its own, told with
+/// CXmlDocument, which no caller can raise.
 struct CDocumentLimits {
     static constexpr std::size_t kNone = std::numeric_limits<std::size_t>::max();  ///< none but the library's
 

@@ -10,8 +10,8 @@
 
 namespace BxXmlLib5 {
 
-/// A text that stands in the store of its document. Most texts are only looked at, so a string is made when somebody
-/// asks for one. In a word and a half, since a tree has many.
+/// A text that stands in the store of its document. Most texts are only looked at, so a string is made when
+/// somebody asks for one. In a word and a half, since a tree has many.
 class BXXMLLIB5_LOCAL CNodeText {
 public:
     /// @param text outlives the object
@@ -28,6 +28,12 @@ public:
         m_units = text.data();
         m_size = static_cast<std::uint32_t>(text.size());
         if (text.size() >= kString) MakeString(text);
+    }
+
+    /// The same at any time.
+    void Replace(std::u16string_view text) {
+        if (m_size == kString) delete m_string;
+        Set(text);
     }
 
     std::u16string_view View() const {

@@ -30,9 +30,10 @@ class CDocumentNodes;
 /// thread at a time, even for reading.
 ///
 /// All loads throw CBxException, with a message that says what is wrong, for input that is empty, too large
-/// or no well-formed document. Text that ends inside an element is not refused unless SetRequireWholeDocument() asks
-/// for it: the tree holds what was complete, and IsComplete() tells. Fast Infoset is refused then. Its initial vocabulary is not applied, and its
-/// root must come first: what else the document has is not looked at.
+/// or no well-formed document. Text that ends inside an element is not refused unless SetRequireWholeDocument()
+/// asks for it: the tree holds what was complete, and IsComplete() tells. Fast Infoset that does is
+/// refused in any case. Its initial vocabulary is not applied, and its root must come first: what else the
+/// document has is not looked at.
 class BXXMLLIB5_API CXmlDocument : public CInstanceMonitor {
 public:
     /// Nothing is loaded.
@@ -47,16 +48,17 @@ public:
     virtual ~CXmlDocument();
 
     /// @{
-    /// Whether loads refuse an input of which something would be lost unseen: one that breaks off inside an element,
-    /// and one that refers to entities that it does not declare, as it may where its document type lies in another
-    /// file. They do not at first. The tree of what is refused is there nevertheless.
+    /// Whether loads refuse an input of which something would be lost unseen: one that breaks off inside an
+    /// element, and one that refers to entities that it does not declare, as it may where its document type
+    /// lies in another file. They do not at first. The tree of what is refused is there nevertheless.
     bool GetRequireWholeDocument() const { return m_requireWholeDocument; }
     void SetRequireWholeDocument(bool value) { m_requireWholeDocument = value; }
     /// @}
 
     /// @{
-    /// Whether text may be in any encoding that the system's iconv knows, besides those of Expat. It may not at first.
-    /// What those encodings are, and how safe it is to have octets of strangers converted, is the system's business.
+    /// Whether text may be in any encoding that the system's iconv knows, besides those of Expat. It may not
+    /// at first. What those encodings are, and how safe it is to have octets of strangers converted, is the
+    /// system's business.
     bool GetSystemEncodings() const { return m_systemEncodings; }
     void SetSystemEncodings(bool value) { m_systemEncodings = value; }
     /// @}
@@ -89,8 +91,8 @@ public:
     /// The elements in which the input of the last load broke off, from the root to the innermost one.
     std::vector<CXmlElement const*> const& GetOpenElements() const { return m_openElements; }
 
-    /// How many references of the last load stand for nothing, since their entities are declared in another file, or
-    /// lie in one: no other file is ever read.
+    /// How many references of the last load stand for nothing, since their entities are declared in another
+    /// file, or lie in one: no other file is ever read.
     std::size_t GetSkippedEntityCount() const { return m_skippedEntityCount; }
     /// The name of the first such entity, empty if there is none.
     wstring const& GetFirstSkippedEntity() const { return m_firstSkippedEntity; }
@@ -111,6 +113,8 @@ protected:
     virtual void Cleanup();
 
 private:
+    friend class CPartDocument;
+
     void Parse(std::span<unsigned char const> input, bool isText);
     void ThrowIfNotWhole() const;
     void ThrowIfEntitiesAreSkipped() const;

@@ -51,8 +51,9 @@ public:
     /// The document that owns the element, never null.
     CXmlDocument const* GetDocument() const { return m_document; }
 
-    /// The line of the text on which the element's tag begins, 1 for the first one; 0 where there are no lines, as
-    /// in Fast Infoset. An element that an entity stands for has the line of the outermost reference.
+    /// The line of the text on which the element's tag begins, 1 for the first one; 0 where there are no
+    /// lines, as in Fast Infoset. An element that an entity stands for has the line of the outermost
+    /// reference.
     std::size_t GetLine() const { return m_line; }
 
     /// The attributes, which the document owns.

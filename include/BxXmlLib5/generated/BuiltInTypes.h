@@ -12,8 +12,8 @@ inline constexpr char16_t kXsNamespace[] = u"http://www.w3.org/2001/XMLSchema";
 /// Its prefix in documents where nothing gives it another.
 inline constexpr char16_t kXsPrefix[] = u"xs";
 
-/// XML Schema Part 2, 3: each with the one that it derives from. A template, so that it costs nothing where no set of
-/// classes is defined.
+/// XML Schema Part 2, 3: each with the one that it derives from. A template, so that it costs nothing where
+/// no set of classes is defined.
 template <class... None>
 inline constexpr SimpleTypeName kBuiltInTypes[] = {
     // clang-format off

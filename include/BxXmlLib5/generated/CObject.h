@@ -38,9 +38,9 @@ class KeptTypes;
 /// Writing refuses what reading refuses: mandatory values, objects and attributes that are not set, counts out
 /// of bounds, and what fits no member of a choice. Copies are deep.
 ///
-/// A document may name a derived type by xsi:type. An object of a class is of the class of that type then. A value is
-/// tested against it, and the type is kept and written again as long as the value stays as it was read; so are the
-/// attributes of a complex type.
+/// A document may name a derived type by xsi:type. An object of a class is of the class of that type then. A
+/// value is tested against it, and the type is kept and written again as long as the value stays as it was
+/// read; so are the attributes of a complex type.
 ///
 /// An object belongs to one thread at a time.
 class BXXMLLIB5_API CObject : public CXmlGeneratedClass {

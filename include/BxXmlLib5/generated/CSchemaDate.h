@@ -38,8 +38,8 @@ public:
     /// Whether a CDateTime can hold the value. The hour 24 is the hour 0 of the next day.
     bool HasDateTime() const { return m_hasValue; }
     /// @{
-    /// @throws CBxInvalidValueException for a value that a CDateTime cannot hold: years beyond 9999, more than nine
-    ///     digits of a fraction, offsets from -00:01 to -00:59
+    /// @throws CBxInvalidValueException for a value that a CDateTime cannot hold: years beyond 9999, more
+    ///     than nine digits of a fraction, offsets from -00:01 to -00:59
     CDateTime const& GetDateTime() const;
     operator CDateTime const&() const { return GetDateTime(); }
     CDateTime const* operator->() const { return &GetDateTime(); }

@@ -30,8 +30,8 @@ public:
     /// Whether a CDateTimeSpan can hold the value.
     bool HasSpan() const { return m_hasValue; }
     /// @{
-    /// @throws CBxInvalidValueException for a value that a CDateTimeSpan cannot hold: more than 65,535 years, months,
-    ///     days or hours of more than 32 bits, more than nine digits of a fraction
+    /// @throws CBxInvalidValueException for a value that a CDateTimeSpan cannot hold: more than 65,535 years,
+    ///     months, days or hours of more than 32 bits, more than nine digits of a fraction
     CDateTimeSpan const& GetSpan() const;
     operator CDateTimeSpan const&() const { return GetSpan(); }
     CDateTimeSpan const* operator->() const { return &GetSpan(); }

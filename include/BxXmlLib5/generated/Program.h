@@ -12,10 +12,12 @@ namespace BxXmlLib5::Generated {
 ///
 ///     NAME [--check] [--to xml|finf] [--compact] INPUT [-o OUTPUT]
 ///
-/// INPUT is a file in any form that CXmlDocument reads, "-" for standard input. Without -o, or with "-" as OUTPUT, the
-/// result goes to standard output. With --check nothing is written. Messages go to standard error.
+/// INPUT is a file in any form that CXmlDocument reads, "-" for standard input. Without -o, or with "-" as
+/// OUTPUT, the result goes to standard output. With --check nothing is written. Messages go to standard
+/// error.
 /// @param roots classes of roots
-/// @return 0, 1 if the command line makes no sense, 2 if the document does not fit, 3 if a file cannot be read or written
+/// @return 0, 1 if the command line makes no sense, 2 if the document does not fit, 3 if a file cannot be
+/// read or written
 BXXMLLIB5_API int RunProgram(int argc, char const* const* argv, std::span<Class const* const> roots);
 
 }  // namespace BxXmlLib5::Generated

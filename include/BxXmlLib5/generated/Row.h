@@ -128,8 +128,8 @@ constexpr Row Blocks(int ways) {
     return Blocking(Row{Row::Kind::Block}, ways);
 }
 
-/// An element, attribute or text of a class that restricts another, whose values are of a narrower type S than the
-/// property takes: `Bx::Narrowed<DayType>(Bx::Element<&COrder::Day>(u"day"))`.
+/// An element, attribute or text of a class that restricts another, whose values are of a narrower type S
+/// than the property takes: `Bx::Narrowed<DayType>(Bx::Element<&COrder::Day>(u"day"))`.
 template <class S>
 constexpr Row Narrowed(Row row) {
     row.narrowed = &SimpleTypeOf<S>::kType;
@@ -152,8 +152,8 @@ constexpr Row Fixing(Row row, char16_t const* text) {
 /// Says the same of the class of a root: `Bx::Fixing(Bx::RootValue, u"1.0")`.
 inline constexpr Row RootValue{Row::Kind::RootValue};
 
-/// Says of the class of a root that it is its own type, which derives from that of its base: without, the type is that of
-/// its base.
+/// Says of the class of a root that it is its own type, which derives from that of its base: without, the
+/// type is that of its base.
 inline constexpr Row OwnType{Row::Kind::OwnType};
 
 // What stands behind the templates of rows.
@@ -228,7 +228,8 @@ constexpr Row Element(char16_t const* name, char16_t const* namespaceUri = nullp
 
 /// A wildcard for elements.
 /// @param namespaces the namespace attribute of the schema: `##any`, `##other`, or a list of `##local`,
-///        `##targetNamespace` and namespaces; `##other` ahead of one of these is everything but it, and no namespace
+///        `##targetNamespace` and namespaces; `##other` ahead of one of these is everything but it, and no
+///        namespace
 template <auto kMember>
 constexpr Row Any(char16_t const* namespaces = u"##any", int min = 0,
                   int max = kIsRepeated<PropertyOf<kMember>> ? kMany : 1) {

@@ -13,13 +13,15 @@ namespace BxXmlLib5 {
 
 class COutputFile;
 
-/// A new file, which takes the place of the one of its name once it is whole. Until then it stands beside it, under
-/// a name that begins with ".bx-"; if that never comes, it goes with the object, and the old file is as it was.
+/// A new file, which takes the place of the one of its name once it is whole. Until then it stands beside it,
+/// under a name that begins with ".bx-"; if that never comes, it goes with the object, and the old file is as
+/// it was.
 ///
-/// A symbolic link stays, and what it leads to is replaced. A file that may not be written is not replaced either.
-/// The new one has the permissions of the old one, and its owner and group as far as the process may give them; hard
-/// links keep the old one. What stands for an open file of the process (/dev/stdout, /dev/stderr, /dev/fd/N,
-/// /proc/self/fd/N), a device and a pipe have no place to take and are written to as they are.
+/// A symbolic link stays, and what it leads to is replaced. A file that may not be written is not replaced
+/// either. The new one has the permissions of the old one, and its owner and group as far as the process may
+/// give them; hard links keep the old one. What stands for an open file of the process (/dev/stdout,
+/// /dev/stderr, /dev/fd/N, /proc/self/fd/N), a device and a pipe have no place to take and are written to as
+/// they are.
 ///
 /// The first step that fails leaves the error number of the system in Error(), and the others do nothing.
 class BXXMLLIB5_API CFileReplacement {
