@@ -9,6 +9,7 @@
 #include "BxXmlLib5/binding/CElementInfoSeq.h"
 #include "BxXmlLib5/binding/CNamespaceAliasMap.h"
 #include "BxXmlLib5/binding/CParentElementInfo.h"
+#include "BxXmlLib5/binding/CRecordReader.h"
 #include "BxXmlLib5/binding/CRecordWriter.h"
 #include "BxXmlLib5/binding/CXmlGeneratedClass.h"
 #include "BxXmlLib5/binding/CXmlObjectBase.h"

@@ -7,6 +7,7 @@
 #include "BxXmlLib5/collections/CElement.h"
 #include "BxXmlLib5/collections/CXmlCollectionBase.h"
 #include "BxXmlLib5/core/FormatString.h"
+#include "document/InputLimits.h"
 #include "document/ReadPlace.h"
 #include "values/CleanText.h"
 
@@ -40,10 +41,8 @@ void ThrowUnexpectedText(CXmlElement const& element) {
 }
 
 void ThrowUnexpectedRoot(CXmlElement const& root, wstring const& name, wstring const& namespaceUri) {
-    throw FailureAt(&root, CBxValidationException(FormatString(
-                               u"The root is the element [%s] in the namespace [%s], it must be [%s] in [%s]",
-                               root.GetLocalName().c_str(), root.GetNamespaceURI().c_str(), name.c_str(),
-                               namespaceUri.c_str())));
+    CXmlName const found{root.GetNamespaceURI(), root.GetLocalName()};
+    throw FailureAt(&root, CBxValidationException(WrongRoot(found, name.c_str(), &namespaceUri)));
 }
 
 namespace {
@@ -64,9 +63,9 @@ bool TakesOnlyChildren(CXmlObjectBase const& object) {
 void TestAttributes(CXmlElement const& element, std::vector<CXmlAttribute const*> const& taken,
                     CXmlSerializationContext const& context) {
     if (context.GetIgnoreUnknownAttributes()) return;
-    for (CXmlAttribute const* const attribute : element.GetAttributes()) {
-        bool const isTaken = std::find(taken.begin(), taken.end(), attribute) != taken.end();
-        if (!isTaken && !attribute->IsNamespaceAttribute()) ThrowUnexpectedAttribute(*attribute, element);
+    for (CXmlAttribute const& attribute : element.GetAttributeView()) {
+        bool const isTaken = std::find(taken.begin(), taken.end(), &attribute) != taken.end();
+        if (!isTaken && !attribute.IsNamespaceAttribute()) ThrowUnexpectedAttribute(attribute, element);
     }
 }
 

@@ -7,12 +7,25 @@
 namespace BxXmlLib5 {
 
 void CDocumentBuilder::Restart() {
+    Forget();
+    m_nodes.Clear();
+}
+
+void CDocumentBuilder::Forget() {
     m_documentElement = nullptr;
     m_elementStack.clear();
+    TakeTextFromStore();
     m_openText.clear();
-    m_growsInStore = false;
     m_lastMixedText = {};
-    m_nodes.Clear();
+}
+
+std::size_t CDocumentBuilder::OctetsOf(DocumentElement const& element) {
+    std::size_t octets = sizeof(CXmlElement);
+    if (!element.m_attributes.empty()) octets += sizeof(CNodeAttributes);
+    for (DocumentAttribute const& attribute : element.m_attributes) {
+        octets += sizeof(CXmlAttribute) + attribute.m_value.size() * sizeof(char16_t);
+    }
+    return octets;
 }
 
 void CDocumentBuilder::DeclareNamespace(wstring const& alias, wstring const& namespaceUri) {
@@ -28,27 +41,42 @@ void CDocumentBuilder::StartElement(DocumentElement const& started) {
     m_growsInStore = true;
 }
 
+CXmlElement* CDocumentBuilder::Attach(CXmlElement& child) {
+    OpenElement& parent = m_elementStack.back();
+    CXmlElement* const before = std::exchange(parent.m_lastChild, &child);
+    (before == nullptr ? parent.m_element->m_firstChild : before->m_nextSibling) = &child;
+    return before;
+}
+
+void CDocumentBuilder::Detach(CXmlElement& child, CXmlElement* before) {
+    OpenElement& parent = m_elementStack.back();
+    if (parent.m_lastChild == &child) parent.m_lastChild = before;
+    (before == nullptr ? parent.m_element->m_firstChild : before->m_nextSibling) =
+        std::exchange(child.m_nextSibling, nullptr);
+}
+
+void CDocumentBuilder::ShowText(bool isShown) {
+    TakeTextFromStore();
+    m_elementStack.back().m_element->m_text.Replace(isShown ? OpenText() : std::u16string_view());
+}
+
 void CDocumentBuilder::AddElement(CXmlElement* element) {
     if (m_elementStack.empty()) {
         m_documentElement = element;
     } else {
-        OpenElement& parent = m_elementStack.back();
-        (parent.m_lastChild == nullptr ? parent.m_element->m_firstChild : parent.m_lastChild->m_nextSibling) =
-            element;
-        parent.m_lastChild = element;
+        Attach(*element);
     }
     m_elementStack.push_back({.m_element = element, .m_textStart = m_openText.size()});
 }
 
 void CDocumentBuilder::AddAttributes(CXmlElement& element, std::span<DocumentAttribute const> attributes) {
-    auto& list = *m_nodes.m_attributeLists.Create();
-    element.m_attributes = &list;
-    list.reserve(attributes.size());
+    CXmlAttribute* const first = m_nodes.m_attributes.Reserve(attributes.size());
     for (DocumentAttribute const& attribute : attributes) {
         std::u16string_view const value =
             m_texts == kTextsAreKept ? attribute.m_value : m_nodes.m_texts.Add(attribute.m_value);
-        list.push_back(m_nodes.m_attributes.Create(*attribute.m_name, value));
+        m_nodes.m_attributes.Create(*attribute.m_name, value);
     }
+    element.m_attributes = m_nodes.m_attributeLists.Create(std::span(first, attributes.size()));
 }
 
 void CDocumentBuilder::AddText(std::u16string_view text) {

@@ -32,11 +32,29 @@ public:
     std::size_t AddKeptText(std::u16string_view text) override;
     void EndElement() override;
 
+    /// Lets go of the tree. Its nodes stay, and another one may be begun beside it.
+    void Forget();
+
+    /// What the nodes of an element take, without its text.
+    static std::size_t OctetsOf(DocumentElement const& element);
+
+    // An element that another builder makes may be a child of the innermost open one.
+
+    /// @return the child before it, null for none
+    CXmlElement* Attach(CXmlElement& child);
+    /// @param before what Attach() gave
+    void Detach(CXmlElement& child, CXmlElement* before);
+
+    /// Lets the innermost open element be seen with the text that it has so far. Before anything else comes, the text
+    /// is hidden again.
+    void ShowText(bool isShown);
+
     bool HasOpenElement() const { return !m_elementStack.empty(); }
     /// From the root to the innermost one.
     std::vector<CXmlElement const*> OpenElements() const;
     /// @return the root, null if there is none
     CXmlElement* CloseAllElements();
+    CXmlElement* Root() const { return m_documentElement; }
 
 private:
     /// An element that the parser is inside of. Its text so far stands in m_openText, from m_textStart to

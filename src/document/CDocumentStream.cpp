@@ -11,7 +11,9 @@ namespace BxXmlLib5 {
 namespace {
 
 template <class Reader>
-std::unique_ptr<CDocumentReader> Started(std::unique_ptr<Reader> reader, CPeekedSource& source) {
+std::unique_ptr<CDocumentReader> Started(std::unique_ptr<Reader> reader, CPeekedSource& source,
+                                         CDocumentLimits const& limits) {
+    reader->SetLimits(limits);
     reader->Start(source);
     return reader;
 }
@@ -42,12 +44,12 @@ CDocumentStream::CDocumentStream(COctetSource& source,
     CDocumentReceiver& receiver = receiverOf(m_isFastInfoset);
     DocumentMemory const memory{names, m_texts, false};
     if (m_isFastInfoset) {
-        m_reader =
-            Started(std::make_unique<CFastInfosetReader>(receiver, memory, settings.m_details), m_content);
+        m_reader = Started(std::make_unique<CFastInfosetReader>(receiver, memory, settings.m_details),
+                           m_content, settings.m_limits);
     } else {
         m_reader = Started(
             std::make_unique<CExpatReader>(receiver, memory, settings.m_schemaType, settings.m_details),
-            m_content);
+            m_content, settings.m_limits);
     }
 }
 

@@ -21,6 +21,8 @@ struct DocumentStreamSettings {
     /// Octets of a document that is not compressed, and of one that is, after decompression.
     std::uint64_t m_maxSize = std::numeric_limits<std::uint64_t>::max();
     std::uint64_t m_maxInflatedSize = std::numeric_limits<std::uint64_t>::max();
+    /// Of elements and levels.
+    CDocumentLimits m_limits{};
 };
 
 /// Reads a document of any size in constant memory: as much as the largest tag, comment or string of Fast Infoset
@@ -71,6 +73,9 @@ public:
 
     /// Of what the receiver is told, or was told last.
     DocumentPlace Place() const { return m_reader->Place(); }
+
+    /// Those of which the receiver was told nothing, so far.
+    SkippedEntities const& GetSkippedEntities() const { return m_reader->GetSkippedEntities(); }
 
 private:
     /// Refuses to give more than it may.

@@ -26,7 +26,7 @@ std::vector<unsigned char> ReadAll(COctetSource& source, std::size_t most) {
     return octets;
 }
 
-CFileSource::CFileSource(std::u16string_view path) : m_path(path), m_file(path) {
+CFileSource::CFileSource(std::u16string_view path) : m_path(path), m_file(path, CInputFile::kAny) {
     if (!m_file.IsOpen()) ThrowFileError(kCannotOpen, m_path, m_file);
 }
 

@@ -56,7 +56,8 @@ private:
 /// A file, or what a descriptor stands for.
 class CFileSource : public COctetSource {
 public:
-    /// @throws CBxException if it is no regular file or cannot be opened
+    /// @param path of anything that can be read; /dev/stdin or /dev/fd/N is read from where it stands
+    /// @throws CBxException if it cannot be opened
     explicit CFileSource(std::u16string_view path);
     /// @param descriptor stays the caller's; it is read from where it stands
     explicit CFileSource(int descriptor);

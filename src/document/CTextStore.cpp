@@ -23,6 +23,7 @@ char16_t* CTextStore::Reserve(std::size_t size) {
             return m_largeRoom.get();
         }
         m_blocks.push_back(std::make_unique_for_overwrite<char16_t[]>(m_blockSize));
+        m_current = m_blocks.size() - 1;
         m_next = m_blocks.back().get();
         m_left = m_blockSize;
     }
@@ -50,8 +51,12 @@ void CTextStore::Clear() {
 }
 
 void CTextStore::Empty() {
-    bool const isOneBlock = m_blocks.size() == 1 && m_next != nullptr;
-    if (!isOneBlock) return Clear();
+    if (m_next == nullptr) return Clear();
+    if (m_blocks.size() > 1) {
+        std::swap(m_blocks[0], m_blocks[m_current]);
+        m_blocks.resize(1);
+        m_current = 0;
+    }
     m_largeRoom.reset();
     m_openSize = 0;
     m_left += static_cast<std::size_t>(m_next - m_blocks[0].get());

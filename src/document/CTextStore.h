@@ -41,12 +41,13 @@ public:
     std::u16string_view TakeBack() { return {m_next, std::exchange(m_openSize, 0)}; }
 
     void Clear();
-    /// The same, but some room is kept for the texts that come next.
+    /// The same, but the last block is kept for the texts that come next.
     void Empty();
 
 private:
     std::vector<std::unique_ptr<char16_t[]>> m_blocks;
     std::unique_ptr<char16_t[]> m_largeRoom;  // that Reserve gave outside of a block
+    std::size_t m_current = 0;                // the block that m_next is in
     char16_t* m_next = nullptr;
     std::size_t m_left = 0;
     std::size_t m_openSize = 0;  // of what was appended, from m_next on

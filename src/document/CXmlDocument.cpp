@@ -144,20 +144,12 @@ void CXmlDocument::ThrowIfNotWhole() const {
     CBxException failure;
     MarkRead(failure, m_openElements.back());
     LocateRead(failure, *m_documentElement);
-    CBxLocation const open = failure.GetLocation();
-    failure = CBxException(FormatString(u"The document ends inside the element [%s], which begins on line %d",
-                                        open.GetPath().c_str(), static_cast<int>(open.GetLine())));
-    failure.SetLocation(CBxLocation({}, open.GetLine()));
-    throw failure;
+    throw EndsInside(failure.GetLocation());
 }
 
 void CXmlDocument::ThrowIfEntitiesAreSkipped() const {
     if (m_skippedEntityCount == 0) return;
-    CBxException failure(
-        FormatString(u"The entity [%s], to which line %d refers, is not declared in the document itself",
-                     m_firstSkippedEntity.c_str(), static_cast<int>(m_skippedEntityLine)));
-    failure.SetLocation(CBxLocation({}, m_skippedEntityLine));
-    throw failure;
+    throw EntityIsSkipped(m_firstSkippedEntity, m_skippedEntityLine);
 }
 
 }  // namespace BxXmlLib5

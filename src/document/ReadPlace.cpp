@@ -38,10 +38,13 @@ std::size_t PositionOf(CXmlElement const& element, CXmlElement const& parent) {
     return count > 1 ? position : 0;
 }
 
-wstring PathOf(Branch const& branch) {
-    wstring path;
-    for (std::size_t i = 0; i < branch.size(); ++i) {
-        AddPathStep(path, branch[i]->GetLocalName(), i == 0 ? 0 : PositionOf(*branch[i], *branch[i - 1]));
+wstring PathOf(Branch const& branch, PlaceOfTree const& tree) {
+    wstring path = tree.m_rootPath;
+    if (path.empty()) AddPathStep(path, branch[0]->GetLocalName(), 0);
+    for (std::size_t i = 1; i < branch.size(); ++i) {
+        std::size_t position = tree.m_positionOf ? tree.m_positionOf(*branch[i]) : 0;
+        if (position == 0) position = PositionOf(*branch[i], *branch[i - 1]);
+        AddPathStep(path, branch[i]->GetLocalName(), position);
     }
     return path;
 }
@@ -60,14 +63,14 @@ void MarkRead(CBxException& failure, CXmlElement const* element, CXmlAttribute c
     CFailurePlace::Set(failure, place);
 }
 
-void LocateRead(CBxException& failure, CXmlElement const& root) {
+void LocateRead(CBxException& failure, CXmlElement const& root, PlaceOfTree const& tree) {
     MarkRead(failure, &root);
     auto const place = CFailurePlace::Copy(failure);
     Branch branch = BranchTo(place->m_element, root);
     if (branch.empty()) branch = {&root};
-    wstring path = PathOf(branch);
-    for (CXmlAttribute const* const attribute : branch.back()->GetAttributes()) {
-        if (attribute == place->m_attribute) AddPathAttribute(path, attribute->GetLocalName());
+    wstring path = PathOf(branch, tree);
+    for (CXmlAttribute const& attribute : branch.back()->GetAttributeView()) {
+        if (&attribute == place->m_attribute) AddPathAttribute(path, attribute.GetLocalName());
     }
     place->m_location = CBxLocation(std::move(path), branch.back()->GetLine());
     CFailurePlace::Set(failure, place);

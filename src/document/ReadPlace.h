@@ -1,6 +1,9 @@
 // Where in the tree of a document a failure lies.
 #pragma once
 
+#include <cstddef>
+#include <functional>
+#include <string_view>
 #include <utility>
 
 #include "BxXmlLib5/core/CBxException.h"
@@ -14,8 +17,15 @@ class CXmlElement;
 /// @param attribute null for the element itself
 void MarkRead(CBxException& failure, CXmlElement const* element, CXmlAttribute const* attribute = nullptr);
 
+/// What a tree that is a part of a document does not tell of places in that.
+struct PlaceOfTree {
+    wstring m_rootPath;  ///< empty if the root is that of the document
+    std::function<std::size_t(CXmlElement const&)>
+        m_positionOf;  ///< gives 0 for an element that it does not know
+};
+
 /// Gives a failure the location that its mark has in the tree, or that of the root if it has none there.
-void LocateRead(CBxException& failure, CXmlElement const& root);
+void LocateRead(CBxException& failure, CXmlElement const& root, PlaceOfTree const& tree = {});
 
 /// A failure with a mark, to be thrown.
 template <class Failure>

@@ -5,10 +5,8 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <charconv>
 #include <cstdio>
 #include <filesystem>
-#include <optional>
 #include <system_error>
 
 #include "platform/Files.h"
@@ -18,20 +16,6 @@ namespace BxXmlLib5 {
 namespace fs = std::filesystem;
 
 namespace {
-
-/// The descriptor that a name stands for.
-std::optional<int> DescriptorOf(std::string_view path) {
-    if (path == "/dev/stdout") return STDOUT_FILENO;
-    if (path == "/dev/stderr") return STDERR_FILENO;
-    for (std::string_view const prefix : {"/dev/fd/", "/proc/self/fd/"}) {
-        if (!path.starts_with(prefix)) continue;
-        std::string_view const digits = path.substr(prefix.size());
-        int descriptor = 0;
-        auto const [end, error] = std::from_chars(digits.begin(), digits.end(), descriptor);
-        if (error == std::errc() && end == digits.end()) return descriptor;
-    }
-    return std::nullopt;
-}
 
 /// What a path names once no symbolic link is left at its end.
 /// @return empty with errno if links lead nowhere

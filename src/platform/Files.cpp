@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <charconv>
 #include <string>
 #include <utility>
 
@@ -32,6 +33,20 @@ int Open(std::u16string_view path, int flags, int& error) {
 
 }  // namespace
 
+std::optional<int> DescriptorOf(std::string_view path) {
+    if (path == "/dev/stdin") return STDIN_FILENO;
+    if (path == "/dev/stdout") return STDOUT_FILENO;
+    if (path == "/dev/stderr") return STDERR_FILENO;
+    for (std::string_view const prefix : {"/dev/fd/", "/proc/self/fd/"}) {
+        if (!path.starts_with(prefix)) continue;
+        std::string_view const digits = path.substr(prefix.size());
+        int descriptor = 0;
+        auto const [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), descriptor);
+        if (error == std::errc() && end == digits.data() + digits.size()) return descriptor;
+    }
+    return std::nullopt;
+}
+
 wstring WordsOfError(int error) {
     // Safe in threads, and independent of the locale of the process.
     locale_t const english = newlocale(LC_ALL_MASK, "C", nullptr);
@@ -40,14 +55,19 @@ wstring WordsOfError(int error) {
     return words;
 }
 
-CInputFile::CInputFile(std::u16string_view path) {
+CInputFile::CInputFile(std::u16string_view path, Kind kind) {
+    if (auto const descriptor = kind == kAny ? DescriptorOf(ToUtf8(path)) : std::nullopt) {
+        m_file = *descriptor;
+        m_isOwned = false;
+        return;
+    }
     // O_NONBLOCK: opening a pipe must not wait for its writer; a regular file does not heed it.
-    int const file = Open(path, O_RDONLY | O_NONBLOCK, m_error);
+    int const file = Open(path, kind == kAny ? O_RDONLY : O_RDONLY | O_NONBLOCK, m_error);
     if (file < 0) return;
     struct stat status {};
     if (fstat(file, &status) != 0) {
         m_error = errno;
-    } else if (!S_ISREG(status.st_mode)) {
+    } else if (S_ISDIR(status.st_mode) || (kind == kRegular && !S_ISREG(status.st_mode))) {
         m_error = S_ISDIR(status.st_mode) ? EISDIR : EINVAL;
     } else {
         m_file = file;

@@ -13,13 +13,21 @@ namespace BxXmlLib5 {
 /// What an error number of the system means, in English.
 wstring WordsOfError(int error);
 
+/// The descriptor that a name like /dev/stdin or /dev/fd/N stands for.
+std::optional<int> DescriptorOf(std::string_view path);
+
 /// A file for reading. Where a step fails, Error() has the error
 /// number of the system.
 class CInputFile {
 public:
-    /// A regular file, closed by the destructor; anything else does not open.
+    enum Kind {
+        kRegular,  ///< a regular file; anything else does not open
+        kAny,  ///< also a pipe or a device, which may have to be waited for, or a name of an open descriptor
+    };
+
+    /// A file that the destructor closes, unless it was open before.
     /// @param path in UTF-8 at the system
-    explicit CInputFile(std::u16string_view path);
+    explicit CInputFile(std::u16string_view path, Kind kind = kRegular);
     /// @param descriptor of anything that can be read; it stays the caller's
     explicit CInputFile(int descriptor) : m_file(descriptor), m_isOwned(false) {}
     CInputFile(CInputFile const&) = delete;

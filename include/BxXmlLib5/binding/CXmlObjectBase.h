@@ -239,6 +239,7 @@ protected:
 private:
     friend class BxXmlLib5Data::CAttributeInfo;
     friend class BxXmlLib5Data::CElementInfo;
+    friend class CRecordReader;
     friend class CRecordWriter;
 
     void WriteDocument(CXmlTextWriter& writer, bool includeDeclaration, bool formatted, XmlEncoding encoding,

@@ -30,6 +30,12 @@ public:
         if (text.size() >= kString) MakeString(text);
     }
 
+    /// The same at any time.
+    void Replace(std::u16string_view text) {
+        if (m_size == kString) delete m_string;
+        Set(text);
+    }
+
     std::u16string_view View() const {
         return m_size == kString ? std::u16string_view(*m_string) : std::u16string_view(m_units, m_size);
     }

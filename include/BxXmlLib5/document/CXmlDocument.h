@@ -113,6 +113,8 @@ protected:
     virtual void Cleanup();
 
 private:
+    friend class CPartDocument;
+
     void Parse(std::span<unsigned char const> input, bool isText);
     void ThrowIfNotWhole() const;
     void ThrowIfEntitiesAreSkipped() const;

@@ -10,6 +10,7 @@
 #include "BxXmlLib5/generated/Class.h"
 #include "BxXmlLib5/generated/Objects.h"
 #include "BxXmlLib5/generated/Property.h"
+#include "BxXmlLib5/generated/Records.h"
 #include "BxXmlLib5/generated/Root.h"
 #include "BxXmlLib5/generated/Row.h"
 #include "BxXmlLib5/generated/SimpleTypes.h"

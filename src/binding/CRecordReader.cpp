@@ -1,0 +1,205 @@
+#include "BxXmlLib5/binding/CRecordReader.h"
+
+#include <algorithm>
+#include <exception>
+#include <utility>
+
+#include "BxXmlLib5/binding/CXmlObjectBase.h"
+#include "BxXmlLib5/collections/CElement.h"
+#include "BxXmlLib5/core/CBxException.h"
+#include "binding/IgnoredContent.h"
+#include "collections/CContentReader.h"
+#include "document/CDocumentStream.h"
+#include "document/CRecordCutter.h"
+#include "document/InputLimits.h"
+#include "document/ReadPlace.h"
+#include "platform/TextView.h"
+
+namespace BxXmlLib5 {
+
+namespace {
+
+class CFunctionSource : public COctetSource {
+public:
+    explicit CFunctionSource(CRecordReader::Source read) : m_read(std::move(read)) {}
+
+    std::size_t Read(std::span<unsigned char> room) override {
+        std::size_t const count = m_read(room);
+        if (count <= room.size()) return count;
+        throw CBxInvalidStateException(u"The source gave more octets than there was room for");
+    }
+
+private:
+    CRecordReader::Source m_read;
+};
+
+RecordCutterSettings CutterSettings(RecordReaderSettings const& settings) {
+    return {.m_surroundings = {.m_schemaType = settings.m_context.GetSchemaType(),
+                               .m_keepsContent = settings.m_keepsSurroundings,
+                               .m_maxOctets = settings.m_maxSurroundings},
+            .m_maxRecord = settings.m_maxRecord,
+            .m_tellsEnds = settings.m_onEnd != nullptr};
+}
+
+DocumentStreamSettings StreamSettings(RecordReaderSettings const& settings) {
+    CXmlSerializationContext const& context = settings.m_context;
+    std::uint64_t const octets = context.GetDocumentLimits().m_octets;
+    return {.m_schemaType = context.GetSchemaType(),
+            .m_details = {.m_systemEncodings = context.GetSystemEncodings(), .m_lines = true},
+            .m_maxSize = octets,
+            .m_maxInflatedSize = std::min(octets, settings.m_maxInflatedSize),
+            .m_limits = context.GetDocumentLimits()};
+}
+
+}  // namespace
+
+class CRecordReader::Document {
+public:
+    Document(std::unique_ptr<COctetSource> source, char16_t const* records,
+             RecordReaderSettings const& settings)
+        : m_settings(settings),
+          m_source(std::move(source)),
+          m_cutter(m_names, ParseRecordPath(TextOf(records)), CutterSettings(settings)),
+          m_stream(*m_source, m_cutter, m_names, StreamSettings(settings)) {
+        m_cutter.SetStream(m_stream);
+    }
+
+    /// @return null at the end
+    CRecordCutter::Item const* NextRecord() {
+        m_last = nullptr;
+        while (CRecordCutter::Item const* const item = Next()) {
+            if (item->m_kind == CRecordCutter::Kind::End) {
+                m_settings.m_onEnd(*item->m_element);
+            } else {
+                return m_last = item;
+            }
+        }
+        return nullptr;
+    }
+
+    /// The record that was read last, null if there is none.
+    CRecordCutter::Item const* Last() const { return m_last; }
+
+    CXmlElement* Surroundings() {
+        while (!m_cutter.HasBegun() && !m_cutter.HasItems() && Advance()) {
+        }
+        return m_cutter.Surroundings();
+    }
+
+    PlaceOfTree PlaceOfSurroundings() const {
+        return {{}, [this](CXmlElement const& element) { return m_cutter.Tree().PositionOf(element); }};
+    }
+
+    RecordReaderSettings const& Settings() const { return m_settings; }
+
+private:
+    CRecordCutter::Item const* Next() {
+        for (;;) {
+            CRecordCutter::Item const* const item = m_cutter.Next();
+            if (item != nullptr || !Advance()) return item;
+        }
+    }
+
+    /// @return false at the end
+    bool Advance() {
+        if (m_isAtEnd) return false;
+        if (m_failure) std::rethrow_exception(m_failure);
+        m_cutter.DropItems();
+        try {
+            ReadOn();
+        } catch (CEndsInElement const& failure) {
+            CBxLocation const open = m_cutter.OpenElement();
+            m_failure =
+                open.IsKnown() ? std::make_exception_ptr(EndsInside(open)) : std::make_exception_ptr(failure);
+        } catch (...) {
+            m_failure = std::current_exception();
+        }
+        return true;
+    }
+
+    void ReadOn() {
+        m_isAtEnd = !m_stream.Read() && !m_cutter.HasItems();
+        SkippedEntities const& skipped = m_stream.GetSkippedEntities();
+        if (skipped.m_count == 0 || !m_settings.m_context.GetRequireWholeDocument()) return;
+        m_cutter.DropItems();
+        throw EntityIsSkipped(skipped.m_name, skipped.m_line);
+    }
+
+    RecordReaderSettings m_settings;
+    std::unique_ptr<COctetSource> m_source;
+    CNameTable m_names;
+    CRecordCutter m_cutter;
+    CDocumentStream m_stream;
+    bool m_isAtEnd = false;
+    std::exception_ptr m_failure;
+    CRecordCutter::Item const* m_last = nullptr;
+};
+
+CRecordReader::CRecordReader(std::string_view path, char16_t const* records,
+                             RecordReaderSettings const& settings)
+    : m_document(
+          std::make_unique<Document>(std::make_unique<CFileSource>(FromUtf8(path)), records, settings)) {}
+CRecordReader::CRecordReader(std::span<unsigned char const> octets, char16_t const* records,
+                             RecordReaderSettings const& settings)
+    : m_document(std::make_unique<Document>(std::make_unique<CMemorySource>(octets), records, settings)) {}
+CRecordReader::CRecordReader(Source source, char16_t const* records, RecordReaderSettings const& settings)
+    : m_document(std::make_unique<Document>(std::make_unique<CFunctionSource>(std::move(source)), records,
+                                            settings)) {}
+CRecordReader::CRecordReader(CRecordReader&& other) noexcept = default;
+CRecordReader& CRecordReader::operator=(CRecordReader&& other) noexcept = default;
+CRecordReader::~CRecordReader() = default;
+
+bool CRecordReader::Read(CXmlObjectBase& object) {
+    CRecordCutter::Item const* const record = m_document->NextRecord();
+    if (record == nullptr) return false;
+    RecordReaderSettings const& settings = m_document->Settings();
+    if (record->m_kind == CRecordCutter::Kind::LargeRecord) {
+        CBxException failure(u"The record takes more than " + FromUtf8(std::to_string(settings.m_maxRecord)) +
+                             u" octets, which is the limit (m_maxRecord)");
+        failure.SetLocation(CBxLocation(record->Path(), record->m_line));
+        throw failure;
+    }
+    try {
+        ReadTree(object, *record->m_element, settings.m_context);
+    } catch (CBxException& failure) {
+        LocateRead(failure, *record->m_element, {record->Path(), {}});
+        throw;
+    }
+    return true;
+}
+
+void CRecordReader::ReadTree(CXmlObjectBase& object, CXmlElement& element,
+                             CXmlSerializationContext const& context) {
+    if (auto* const untyped = dynamic_cast<CElement*>(&object)) {
+        CSmartPtr<CReadItem<CElement>> const copy = CContentReader(CSharedText()).Read(element);
+        *untyped = *copy;
+    } else {
+        TestRest(object.FromXml_Int(&element, element.GetFirstElement(), context, false), element, context);
+    }
+}
+
+CBxLocation CRecordReader::GetLocation() const {
+    CRecordCutter::Item const* const record = m_document->Last();
+    return record == nullptr ? CBxLocation() : CBxLocation(record->Path(), record->m_line);
+}
+
+CXmlElement const* CRecordReader::GetSurroundings() {
+    return m_document->Surroundings();
+}
+
+void CRecordReader::ReadSurroundings(CXmlObjectBase& object) {
+    CXmlElement* const root = m_document->Surroundings();
+    if (root == nullptr) throw CBxInvalidStateException(u"Nothing stands around the records");
+    CXmlSerializationContext context(m_document->Settings().m_context);
+    context.SetIgnoreMissingChoice(true);
+    context.SetIgnoreInvalidCollectionCounts(true);
+    if (!context.GetIgnoreUnknownElements()) context.SetIgnoreMissingMandatoryElements(true);
+    try {
+        ReadTree(object, *root, context);
+    } catch (CBxException& failure) {
+        LocateRead(failure, *root, m_document->PlaceOfSurroundings());
+        throw;
+    }
+}
+
+}  // namespace BxXmlLib5

@@ -1,0 +1,204 @@
+#include "document/CRecordCutter.h"
+
+#include "BxXmlLib5/core/CBxException.h"
+#include "core/FailurePlace.h"
+#include "document/CDocumentStream.h"
+#include "document/InputLimits.h"
+#include "document/ReadPlace.h"
+
+namespace BxXmlLib5 {
+
+wstring CRecordCutter::Item::Path() const {
+    wstring path;
+    for (auto const& [name, position] : m_steps) AddPathStep(path, *name, position);
+    return path;
+}
+
+CRecordCutter::CRecordCutter(CNameTable& names, std::vector<RecordStep> const& path,
+                             RecordCutterSettings const& settings)
+    : m_settings(settings),
+      m_surroundings(names, settings.m_surroundings),
+      m_document(names, settings.m_surroundings.m_schemaType),
+      m_builder(m_document, m_document.Nodes(), CDocumentBuilder::kTextsPass),
+      m_levels(path.size() - 1) {
+    for (RecordStep const& step : path) {
+        m_path.push_back({step.m_name ? &names.InternText(*step.m_name) : nullptr,
+                          step.m_namespaceUri ? &names.InternText(*step.m_namespaceUri) : nullptr});
+    }
+}
+
+void CRecordCutter::DropItems() {
+    m_surroundings.Hide();
+    m_surroundings.DropFormer();
+    m_count = m_taken = 0;
+    if (m_recordDepth > 0 && !m_isPassedOver) return;
+    m_builder.Forget();
+    m_document.Nodes().Empty();
+    m_octets = 0;
+}
+
+void CRecordCutter::DeclareNamespace(wstring const& prefix, wstring const& namespaceUri) {
+    m_newDeclarations.emplace_back(&prefix, &namespaceUri);
+}
+
+void CRecordCutter::StartElement(DocumentElement const& element) {
+    if (m_recordDepth == 0) return StartChild(element);
+    ++m_recordDepth;
+    if (m_isPassedOver) return m_newDeclarations.clear();
+    if (!m_newDeclarations.empty()) SetAliases();
+    m_builder.StartElement(element);
+    CountInRecord(CDocumentBuilder::OctetsOf(element));
+}
+
+/// Outside of records.
+void CRecordCutter::StartChild(DocumentElement const& element) {
+    if (m_otherDepth == 0) {
+        CXmlName const& name = element.m_name;
+        Step const& step = m_path[m_openLevels];
+        bool const hasName = step.m_name == nullptr || step.m_name == &name.m_localName;
+        std::size_t const position =
+            hasName && m_openLevels > 0 ? m_levels[m_openLevels - 1].Count(name.m_localName) : 0;
+        if (hasName && (step.m_namespaceUri == nullptr || step.m_namespaceUri == &name.m_namespaceUri)) {
+            return m_openLevels < m_levels.size() ? StartLevel(element, position)
+                                                  : StartRecord(element, position);
+        }
+        if (m_openLevels == 0) ThrowWrongRoot(element);
+    }
+    ++m_otherDepth;
+    for (auto const& [prefix, uri] : m_newDeclarations) m_surroundings.DeclareNamespace(*prefix, *uri);
+    m_newDeclarations.clear();
+    m_surroundings.StartElement(element);
+}
+
+std::size_t CRecordCutter::Level::Count(wstring const& name) {
+    if (m_firstName == nullptr) m_firstName = &name;
+    return m_firstName == &name ? ++m_firstCount : ++m_otherCounts[&name];
+}
+
+void CRecordCutter::StartLevel(DocumentElement const& element, std::size_t position) {
+    Level& level = m_levels[m_openLevels++];
+    level = {};
+    level.m_name = &element.m_name.m_localName;
+    level.m_position = position;
+    level.m_declarations = m_declarations.size();
+    for (Declaration const& declaration : m_newDeclarations) {
+        m_surroundings.DeclareNamespace(*declaration.first, *declaration.second);
+        m_declarations.push_back(declaration);
+        m_areAliasesSet = false;
+    }
+    m_newDeclarations.clear();
+    m_surroundings.StartStep(element, position, HasItems());
+}
+
+void CRecordCutter::StartRecord(DocumentElement const& element, std::size_t position) {
+    if (!m_hasBegun) m_stream->Pause();
+    m_hasBegun = true;
+    m_recordDepth = 1;
+    m_isPassedOver = false;
+    m_surroundings.PassRecord();
+    Item& item = NewItem();
+    item.m_line = element.m_line;
+    for (Level const& level : m_levels) item.m_steps.emplace_back(level.m_name, level.m_position);
+    item.m_steps.emplace_back(&element.m_name.m_localName, position);
+    if (!m_areAliasesSet || !m_newDeclarations.empty()) SetAliases();
+    m_builder.StartElement(element);
+    CountInRecord(CDocumentBuilder::OctetsOf(element));
+}
+
+/// What is declared in a record counts for all of it, as it does in the document as a whole.
+void CRecordCutter::SetAliases() {
+    auto& aliases = m_document.Nodes().m_namespaceAliases;
+    if (!m_areAliasesSet && m_recordDepth == 1) {
+        if (m_count == 0) aliases.clear();
+        for (auto const& [prefix, uri] : m_declarations) aliases.insert_or_assign(prefix, uri);
+        m_areAliasesSet = true;
+    }
+    for (auto const& [prefix, uri] : m_newDeclarations) {
+        aliases.insert_or_assign(prefix, uri);
+        m_areAliasesSet = false;
+    }
+    m_newDeclarations.clear();
+}
+
+void CRecordCutter::AddText(std::u16string_view text) {
+    if (m_recordDepth == 0) return m_surroundings.AddText(text);
+    if (m_isPassedOver) return;
+    m_builder.AddText(text);
+    CountInRecord(text.size() * sizeof(char16_t));
+}
+
+void CRecordCutter::EndElement() {
+    if (m_recordDepth > 0) {
+        if (!m_isPassedOver) m_builder.EndElement();
+        if (--m_recordDepth == 0 && !m_isPassedOver) EndRecord();
+    } else if (m_otherDepth > 0) {
+        --m_otherDepth;
+        m_surroundings.EndElement();
+    } else {
+        EndLevel();
+    }
+}
+
+/// The item that the next one will be.
+CRecordCutter::Item& CRecordCutter::NewItem() {
+    if (m_items.size() == m_count) m_items.emplace_back();
+    Item& item = m_items[m_count];
+    item.m_kind = Kind::Record;
+    item.m_element = nullptr;
+    item.m_steps.clear();
+    return item;
+}
+
+void CRecordCutter::EndRecord() {
+    m_items[m_count++].m_element = m_builder.Root();
+    m_stream->Pause();
+}
+
+/// Of a record that is too large no more is kept than is there.
+void CRecordCutter::CountInRecord(std::size_t octets) {
+    m_octets += octets;
+    if (m_octets <= m_settings.m_maxRecord) return;
+    m_isPassedOver = true;
+    m_builder.Forget();
+    m_items[m_count++].m_kind = Kind::LargeRecord;
+    m_stream->Pause();
+}
+
+void CRecordCutter::EndLevel() {
+    Level const& level = m_levels[--m_openLevels];
+    if (m_declarations.size() > level.m_declarations) m_areAliasesSet = false;
+    m_declarations.resize(level.m_declarations);
+    CXmlElement* const element = m_surroundings.EndStep();
+    if (!m_settings.m_tellsEnds) return;
+    Item& item = NewItem();
+    item.m_kind = Kind::End;
+    item.m_element = element;
+    ++m_count;
+    m_stream->Pause();
+}
+
+void CRecordCutter::ThrowWrongRoot(DocumentElement const& root) const {
+    Step const& step = m_path[0];
+    CBxValidationException failure(
+        WrongRoot(root.m_name, step.m_name == nullptr ? u"*" : step.m_name->c_str(), step.m_namespaceUri));
+    wstring path;
+    AddPathStep(path, root.m_name.m_localName, 0);
+    failure.SetLocation(CBxLocation(std::move(path), root.m_line));
+    throw failure;
+}
+
+CBxLocation CRecordCutter::OpenElement() const {
+    CBxException failure;
+    auto const locate = [&](CXmlElement const& innermost, CXmlElement const& root, PlaceOfTree const& tree) {
+        MarkRead(failure, &innermost);
+        LocateRead(failure, root, tree);
+        return failure.GetLocation();
+    };
+    if (m_recordDepth > 0 && !m_isPassedOver)
+        return locate(*m_builder.OpenElements().back(), *m_builder.Root(), {m_items[m_count].Path(), {}});
+    if (m_surroundings.Innermost() == nullptr) return {};
+    auto const positionOf = [this](auto const& element) { return m_surroundings.PositionOf(element); };
+    return locate(*m_surroundings.Innermost(), *m_surroundings.Root(), {{}, positionOf});
+}
+
+}  // namespace BxXmlLib5
