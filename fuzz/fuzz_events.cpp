@@ -142,6 +142,7 @@ public:
         for (DocumentAttribute const& attribute : element.m_attributes)
             Add(u"@{" + attribute.m_name->m_namespaceUri + u"}" + wstring(attribute.m_prefix) + u":" +
                 attribute.m_name->m_localName + u"=" + wstring(attribute.m_value));
+        for (AttributeLiteral const& literal : element.m_literals) Add(wstring(literal.m_text));
     }
     void AddText(std::u16string_view text) override { m_text += text; }
     void EndElement() override { Add(u">"); }

@@ -122,18 +122,18 @@ void CXmlGeneratedClass::ProcessAttributesFromXml(CXmlSerializationContext const
     // Each of many pseudo elements in one tag looks at all its attributes.
     if (entries[0] == nullptr && !refuses) return;
     CEntryFlags found;
-    for (CXmlAttribute* const attribute : element->GetAttributes()) {
-        if (attribute->IsNamespaceAttribute()) continue;
+    for (CXmlAttribute& attribute : element->GetAttributeView()) {
+        if (attribute.IsNamespaceAttribute()) continue;
         std::size_t i = 0;
         auto const take = [&] {
-            while (entries[i] != nullptr && !entries[i]->AttributeFromXml(context, this, attribute)) ++i;
+            while (entries[i] != nullptr && !entries[i]->AttributeFromXml(context, this, &attribute)) ++i;
         };
-        ReadAt(element, take, attribute);
+        ReadAt(element, take, &attribute);
         if (entries[i] != nullptr) {
             found.Set(i);
-            if (context.GetFailOnIgnoredContent()) CTakenContent::TakeAttribute(element, attribute);
+            if (context.GetFailOnIgnoredContent()) CTakenContent::TakeAttribute(element, &attribute);
         } else if (refuses) {
-            ThrowUnexpectedAttribute(*attribute, *element);
+            ThrowUnexpectedAttribute(attribute, *element);
         }
     }
     for (std::size_t i = 0; entries[i] != nullptr; ++i) entries[i]->Validate(context, found.Get(i));

@@ -63,9 +63,9 @@ bool TakesOnlyChildren(CXmlObjectBase const& object) {
 void TestAttributes(CXmlElement const& element, std::vector<CXmlAttribute const*> const& taken,
                     CXmlSerializationContext const& context) {
     if (context.GetIgnoreUnknownAttributes()) return;
-    for (CXmlAttribute const* const attribute : element.GetAttributes()) {
-        bool const isTaken = std::find(taken.begin(), taken.end(), attribute) != taken.end();
-        if (!isTaken && !attribute->IsNamespaceAttribute()) ThrowUnexpectedAttribute(*attribute, element);
+    for (CXmlAttribute const& attribute : element.GetAttributeView()) {
+        bool const isTaken = std::find(taken.begin(), taken.end(), &attribute) != taken.end();
+        if (!isTaken && !attribute.IsNamespaceAttribute()) ThrowUnexpectedAttribute(attribute, element);
     }
 }
 

@@ -87,19 +87,19 @@ CXmlElement* CAttributeCol::FromXml_Int(CXmlElement* element, CXmlElement* first
 }
 
 void CAttributeCol::Read(CXmlElement const& element, CSharedNames& names, CBlockMemory& memory) {
-    for (CXmlAttribute const* attribute : element.GetAttributes()) {
-        wstring const& name = attribute->GetLocalName();
-        wstring const& ns = attribute->GetNamespaceURI();
+    for (CXmlAttribute const& attribute : element.GetAttributeView()) {
+        wstring const& name = attribute.GetLocalName();
+        wstring const& ns = attribute.GetNamespaceURI();
         if (!BxXmlLib5::IsNamespaceValid(ns, m_wildcard->m_namespaceRestriction,
                                          m_wildcard->m_targetNamespace)) {
             throw FailureAt(
                 &element,
                 CBxInvalidNamespaceException(FormatString(
                     u"Invalid Attribute [%s]. The attributes namespace is Inappropriate.", name.c_str())),
-                attribute);
+                &attribute);
         }
         auto* const added = new (memory)
-            CReadItem<CAttribute>(names.Name(name), attribute->GetValueView(), names.Namespace(ns));
+            CReadItem<CAttribute>(names.Name(name), attribute.GetValueView(), names.Namespace(ns));
         added->m_node.m_item = added;
         m_list.LinkAhead(nullptr, &added->m_node);
         FireOnCollectionChange();

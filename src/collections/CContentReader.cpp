@@ -60,7 +60,7 @@ CReadItem<CElement>* CContentReader::New(CXmlElement const& source) {
 /// Text and attributes now, the children next.
 void CContentReader::Fill(CElement& target, CXmlElement const& source) {
     target.m_text = source.GetTextView();
-    if (!source.GetAttributes().empty()) {
+    if (!source.GetAttributeView().empty()) {
         auto* const attributes = new (m_memory) CReadCol<CAttributeCol>(target.m_wildcard);
         target.m_attributes.Set(attributes);
         attributes->Read(source, m_names, m_memory);

@@ -190,8 +190,8 @@ void CElement::CopyXmlElement(CXmlElement* source) {
     m_text = source->GetTextView();
     if (m_attributes.Get() != nullptr) m_attributes.Get()->Clear();
     if (m_childElements.Get() != nullptr) m_childElements.Get()->Clear();
-    for (CXmlAttribute const* attribute : source->GetAttributes()) {
-        Attributes().Add(*attribute);
+    for (CXmlAttribute const& attribute : source->GetAttributeView()) {
+        Attributes().Add(attribute);
     }
     CContentReader reader;
     for (CXmlElement* child = source->GetFirstElement(); child != nullptr;
@@ -222,7 +222,7 @@ CXmlElement* CElement::FromXml_Int(CXmlElement*, CXmlElement* firstChild,
         return firstChild;
     }
     // Held, since a listener may assign to this element meanwhile.
-    if (!firstChild->GetAttributes().empty()) {
+    if (!firstChild->GetAttributeView().empty()) {
         CSmartPtr<CAttributeCol> const attributes = &Attributes();
         attributes->FromXml_Int(firstChild, nullptr, context, false);
     }

@@ -10,9 +10,6 @@ namespace BxXmlLib5 {
 
 namespace {
 
-/// As many octets as a document has in blocks of their own before it gets chunks: a small one stays small.
-constexpr std::size_t kMostSmall = 1024 * 1024;
-
 /// Chunks grow, since what is between two of them is no large page. What is not used of one takes no memory.
 constexpr std::size_t kLargestChunk = 8 * kLargePage;
 
@@ -28,7 +25,7 @@ void CBlockStore::Add(void* memory) {
 
 void* CBlockStore::Allocate(std::size_t octets) {
     if (m_memory.size() == m_memory.capacity()) m_memory.reserve(2 * m_memory.size() + 8);
-    if (m_small < kMostSmall) {
+    if (m_small < kMostSmall || octets > kLargest) {
         Add(std::malloc(octets));
         m_small += octets;
         return m_memory.back().get();

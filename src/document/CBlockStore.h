@@ -12,19 +12,21 @@ namespace BxXmlLib5 {
 /// gives by one fault where small ones take 512.
 class CBlockStore {
 public:
-    /// The most octets of a block.
+    /// The most octets of a block that shares a chunk with others.
     static constexpr std::size_t kLargest = 64 * 1024;
 
-    /// @param octets up to kLargest
     /// @return memory for objects of any type, until Clear()
     void* Allocate(std::size_t octets);
 
     void Clear();
 
     /// Whether there is so little memory that no chunk was needed.
-    bool IsSmall() const { return m_chunk == 0; }
+    bool IsSmall() const { return m_small < kMostSmall; }
 
 private:
+    /// As many octets as a document has in blocks of their own before it gets chunks: a small one stays small.
+    static constexpr std::size_t kMostSmall = 1024 * 1024;
+
     struct Free {
         void operator()(void* memory) const { std::free(memory); }
     };

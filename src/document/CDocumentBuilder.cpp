@@ -14,17 +14,16 @@ void CDocumentBuilder::Restart() {
 void CDocumentBuilder::Forget() {
     m_documentElement = nullptr;
     m_elementStack.clear();
+    TakeTextFromStore();
     m_openText.clear();
-    m_growsInStore = false;
     m_lastMixedText = {};
 }
 
 std::size_t CDocumentBuilder::OctetsOf(DocumentElement const& element) {
     std::size_t octets = sizeof(CXmlElement);
-    if (!element.m_attributes.empty()) octets += sizeof(std::vector<CXmlAttribute*>);
+    if (!element.m_attributes.empty()) octets += sizeof(CNodeAttributes);
     for (DocumentAttribute const& attribute : element.m_attributes) {
-        octets +=
-            sizeof(CXmlAttribute) + sizeof(CXmlAttribute*) + attribute.m_value.size() * sizeof(char16_t);
+        octets += sizeof(CXmlAttribute) + attribute.m_value.size() * sizeof(char16_t);
     }
     return octets;
 }
@@ -57,6 +56,7 @@ void CDocumentBuilder::Detach(CXmlElement& child, CXmlElement* before) {
 }
 
 void CDocumentBuilder::ShowText(bool isShown) {
+    TakeTextFromStore();
     m_elementStack.back().m_element->m_text.Replace(isShown ? OpenText() : std::u16string_view());
 }
 
@@ -70,14 +70,13 @@ void CDocumentBuilder::AddElement(CXmlElement* element) {
 }
 
 void CDocumentBuilder::AddAttributes(CXmlElement& element, std::span<DocumentAttribute const> attributes) {
-    auto& list = *m_nodes.m_attributeLists.Create();
-    element.m_attributes = &list;
-    list.reserve(attributes.size());
+    CXmlAttribute* const first = m_nodes.m_attributes.Reserve(attributes.size());
     for (DocumentAttribute const& attribute : attributes) {
         std::u16string_view const value =
             m_texts == kTextsAreKept ? attribute.m_value : m_nodes.m_texts.Add(attribute.m_value);
-        list.push_back(m_nodes.m_attributes.Create(*attribute.m_name, value));
+        m_nodes.m_attributes.Create(*attribute.m_name, value);
     }
+    element.m_attributes = m_nodes.m_attributeLists.Create(std::span(first, attributes.size()));
 }
 
 void CDocumentBuilder::AddText(std::u16string_view text) {

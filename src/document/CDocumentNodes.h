@@ -2,8 +2,8 @@
 #pragma once
 
 #include <map>
-#include <vector>
 
+#include "BxXmlLib5/document/CNodeAttributes.h"
 #include "BxXmlLib5/document/CXmlAttribute.h"
 #include "BxXmlLib5/document/CXmlElement.h"
 #include "document/CBlockStore.h"
@@ -41,8 +41,8 @@ public:
     CTextStore m_texts;
     CNodePool<CXmlElement> m_elements{m_blocks};
     CNodePool<CXmlAttribute> m_attributes{m_blocks};
-    CNodePool<std::vector<CXmlAttribute*>> m_attributeLists{m_blocks};
-    std::vector<CXmlAttribute*> m_noAttributes;                   // the list of elements that have none
+    CNodePool<CNodeAttributes> m_attributeLists{m_blocks};
+    CNodeAttributes m_noAttributes;                               // the list of elements that have none
     std::map<wstring const*, wstring const*> m_namespaceAliases;  // alias to URI, both of the name table
 
 private:

@@ -18,6 +18,13 @@ struct DocumentAttribute {
     bool m_isSpecified = true;  ///< false for one that the document type adds
 };
 
+/// The value of an attribute as its tag has it, with quotes and references.
+struct AttributeLiteral {
+    std::size_t m_attribute;  ///< which one
+    std::u16string_view m_text;
+    std::size_t m_references;  ///< to entities whose declarations are not in the document
+};
+
 /// An element that starts.
 struct DocumentElement {
     CXmlName const& m_name;
@@ -25,6 +32,9 @@ struct DocumentElement {
     /// Without the declarations of namespaces, unless namespaces are not processed.
     std::span<DocumentAttribute const> m_attributes;
     std::size_t m_line;  ///< from 1; 0 in Fast Infoset, and where lines are not asked for
+    /// Of attributes, in their order, whose values refer to entities whose declarations are not in the document:
+    /// there the values have nothing. Only where markup is asked for.
+    std::span<AttributeLiteral const> m_literals{};
 };
 
 /// Takes what a parser tells of a document: the tree, a converter, a reader of records.
@@ -73,7 +83,7 @@ public:
     /// A reference to an entity, in an element, whose declaration is not in the document.
     virtual void AddEntityReference(std::u16string_view /*name*/) {}
 
-    /// The same in the value of an attribute of the element that comes next. The value has nothing in its place.
+    /// The same in a declaration of a namespace, whose name has nothing in its place.
     virtual void LoseEntityReference() {}
 };
 

@@ -43,6 +43,14 @@ int MostNestingEntities() {
     return static_cast<int>(std::min<std::size_t>(most, kMaxNestingEntities));
 }
 
+/// Whether the name at the end declares a namespace.
+bool EndsInXmlns(std::u16string_view tag) {
+    constexpr std::u16string_view kSpace = u" \t\r\n";
+    tag = tag.substr(0, tag.find_last_not_of(kSpace) + 1);
+    std::u16string_view const name = tag.substr(tag.find_last_of(kSpace) + 1);
+    return name == u"xmlns" || name.starts_with(u"xmlns:");
+}
+
 constexpr std::size_t kSlice = 64 * 1024;
 constexpr std::size_t kRoomToConvert = 64;  // that sources of other encodings ask for
 
@@ -362,6 +370,7 @@ void CExpatReader::PauseOutsideEntity() {
 }
 
 DocumentPlace CExpatReader::Place() const {
+    if (m_tagPlace) return *m_tagPlace;
     return {XML_GetCurrentLineNumber(m_parser.get()), XML_GetCurrentColumnNumber(m_parser.get()) + 1,
             ByteIndex()};
 }
@@ -503,8 +512,15 @@ void CExpatReader::StartElement(char16_t const* name, char16_t const* const* att
         }
     }
     auto const [element, prefix] = ElementName(name);
-    CDocumentReader::StartElement({element, prefix, m_attributes, m_details.m_lines ? Line() : 0});
-    if (m_hasDocumentType && !m_attributes.empty()) FindSkippedInTag();
+    std::size_t const line = m_details.m_lines ? Line() : 0;
+    m_literals.clear();
+    if (m_hasDocumentType && (!m_attributes.empty() || m_hasDeclarations)) {
+        m_tagPlace = Place();
+        FindSkippedInTag();
+    }
+    m_hasDeclarations = false;
+    CDocumentReader::StartElement({element, prefix, m_attributes, line, m_literals});
+    m_tagPlace.reset();
 }
 
 /// Expat does not tell of the entities that it skips in values of attributes.
@@ -514,16 +530,39 @@ void CExpatReader::FindSkippedInTag() {
     XML_SetDefaultHandlerExpand(m_parser.get(), Callbacks::Tag);
     XML_DefaultCurrent(m_parser.get());
     XML_SetDefaultHandlerExpand(m_parser.get(), nullptr);
-    constexpr std::u16string_view kKnown[] = {u"amp", u"lt", u"gt", u"apos", u"quot"};
-    for (std::size_t at = m_tag.find(u'&'); at != m_tag.npos; at = m_tag.find(u'&', at + 1)) {
-        std::u16string_view const name =
-            std::u16string_view(m_tag).substr(at + 1, m_tag.find(u';', at) - at - 1);
-        if (!name.starts_with(u'#') && std::ranges::find(kKnown, name) == std::end(kKnown) &&
-            !m_entities.contains(name)) {
-            SkipEntity(name, line);
-            if (m_details.m_markup) m_receiver.LoseEntityReference();
+    if (m_tag.find(u'&') == m_tag.npos) return;
+    std::u16string_view rest = m_tag;
+    std::size_t attribute = 0;
+    for (std::size_t equals = rest.find(u'='); equals != rest.npos; equals = rest.find(u'=')) {
+        bool const isDeclaration = m_schemaType != st_NoNamespaces && EndsInXmlns(rest.substr(0, equals));
+        rest.remove_prefix(rest.find_first_of(u"'\"", equals));
+        std::u16string_view const literal = rest.substr(0, rest.find(rest[0], 1) + 1);
+        rest.remove_prefix(literal.size());
+        std::size_t const count = CountSkipped(literal, line);
+        if (count > 0 && m_details.m_markup) {
+            if (isDeclaration) {
+                m_receiver.LoseEntityReference();
+            } else {
+                m_literals.push_back({attribute, literal, count});
+            }
         }
+        if (!isDeclaration) ++attribute;
     }
+}
+
+/// @return how many entities the value of an attribute refers to that are not declared
+std::size_t CExpatReader::CountSkipped(std::u16string_view literal, std::size_t line) {
+    constexpr std::u16string_view kKnown[] = {u"amp", u"lt", u"gt", u"apos", u"quot"};
+    std::size_t count = 0;
+    for (std::size_t at = literal.find(u'&'); at != literal.npos; at = literal.find(u'&', at + 1)) {
+        std::u16string_view const name = literal.substr(at + 1, literal.find(u';', at) - at - 1);
+        if (name.starts_with(u'#') || std::ranges::find(kKnown, name) != std::end(kKnown) ||
+            m_entities.contains(name))
+            continue;
+        SkipEntity(name, line);
+        ++count;
+    }
+    return count;
 }
 
 void CExpatReader::SkipEntity(std::u16string_view name, std::size_t line) {
@@ -582,6 +621,7 @@ void CExpatReader::DeclareNamespace(char16_t const* prefix, char16_t const* name
     ThrowIfNamespaceTooLong(TextOf(namespaceUri));
     // No prefix is the default namespace; no URI is xmlns="".
     CNameTable& names = m_memory.m_names;
+    m_hasDeclarations = true;
     m_receiver.DeclareNamespace(names.InternText(TextOf(prefix)), names.InternText(TextOf(namespaceUri)));
 }
 

@@ -88,6 +88,7 @@ private:
     void DeclareNamespace(char16_t const* prefix, char16_t const* namespaceUri);
     void AddText(std::u16string_view text);
     void FindSkippedInTag();
+    std::size_t CountSkipped(std::u16string_view literal, std::size_t line);
     void SkipReference(std::u16string_view name);
     void SkipEntity(std::u16string_view name, std::size_t line);
     void EndDocumentType();
@@ -107,6 +108,9 @@ private:
     bool m_hasDocumentType = false;
     std::set<wstring, LessBySize> m_entities;  // those that the document declares
     wstring m_tag;
+    bool m_hasDeclarations = false;  // the tag that comes next
+    std::vector<AttributeLiteral> m_literals;
+    std::optional<DocumentPlace> m_tagPlace;  // of the tag that is told, after Expat was asked for its text
     bool m_isInDocumentType = false;
     std::vector<unsigned char> m_prolog;  // what is ahead of the root, where markup is asked for
     bool m_isPauseAsked = false;

@@ -5,7 +5,7 @@
 namespace BxXmlLib5 {
 
 CXmlElement::CXmlElement(CXmlDocument const* document, CXmlName const& name,
-                         std::vector<CXmlAttribute*>& attributes, std::size_t line)
+                         CNodeAttributes const& attributes, std::size_t line)
     : CInstanceMonitor(u"CXmlElement"),
       m_document(document),
       m_attributes(&attributes),
@@ -18,11 +18,14 @@ wstring const& CXmlElement::GetText() const {
     return m_text.String();
 }
 
+std::vector<CXmlAttribute*> const& CXmlElement::GetAttributes() const {
+    return m_attributes->Vector();
+}
+
 wstring const& CXmlElement::GetAttribute(wstring const& localName, wstring const& namespaceUri) const {
-    for (CXmlAttribute const* attribute : *m_attributes) {
-        if (Equal(attribute->GetLocalName(), localName) &&
-            Equal(attribute->GetNamespaceURI(), namespaceUri)) {
-            return attribute->GetValue();
+    for (CXmlAttribute const& attribute : GetAttributeView()) {
+        if (Equal(attribute.GetLocalName(), localName) && Equal(attribute.GetNamespaceURI(), namespaceUri)) {
+            return attribute.GetValue();
         }
     }
     return CNodeText().String();

@@ -69,8 +69,8 @@ void LocateRead(CBxException& failure, CXmlElement const& root, PlaceOfTree cons
     Branch branch = BranchTo(place->m_element, root);
     if (branch.empty()) branch = {&root};
     wstring path = PathOf(branch, tree);
-    for (CXmlAttribute const* const attribute : branch.back()->GetAttributes()) {
-        if (attribute == place->m_attribute) AddPathAttribute(path, attribute->GetLocalName());
+    for (CXmlAttribute const& attribute : branch.back()->GetAttributeView()) {
+        if (&attribute == place->m_attribute) AddPathAttribute(path, attribute.GetLocalName());
     }
     place->m_location = CBxLocation(std::move(path), branch.back()->GetLine());
     CFailurePlace::Set(failure, place);

@@ -239,12 +239,11 @@ void ThrowIfNotSimple(CXmlElement const& element, bool mayBeNil, CXmlSerializati
                       Model const* type) {
     ThrowIfHasChildren(element, context);
     if (context.GetIgnoreUnknownAttributes()) return;
-    for (CXmlAttribute const* const attribute : element.GetAttributes()) {
-        bool const isNil =
-            attribute->GetLocalName() == u"nil" && attribute->GetNamespaceURI() == kXsiNamespace;
-        if (attribute->IsNamespaceAttribute() || (isNil && mayBeNil)) continue;
-        if (type != nullptr && type->KnowsAttribute(*attribute, context.GetIgnoreNamespaces())) continue;
-        ThrowUnexpectedAttribute(*attribute, element);
+    for (CXmlAttribute const& attribute : element.GetAttributeView()) {
+        bool const isNil = attribute.GetLocalName() == u"nil" && attribute.GetNamespaceURI() == kXsiNamespace;
+        if (attribute.IsNamespaceAttribute() || (isNil && mayBeNil)) continue;
+        if (type != nullptr && type->KnowsAttribute(attribute, context.GetIgnoreNamespaces())) continue;
+        ThrowUnexpectedAttribute(attribute, element);
     }
 }
 
@@ -318,7 +317,7 @@ void ReadRootAs(CObject& root, CXmlElement& element, NamedType const& named,
 void Reading::ReadSimple(Particle const& particle) {
     PropertyModel const& property = *particle.model;
     std::u16string_view const text = TextOrDefault(*m_child, &property, {});
-    if (!m_child->GetAttributes().empty()) {
+    if (!m_child->GetAttributeView().empty()) {
         Set const& set = *m_model.type.GetFacts().set;
         if (auto const named = NamedTypeOf(*m_child, set)) {
             CSmartPtr<CObject> content = ReadNamed(*m_child, text, false, *property.actions->type, *named,

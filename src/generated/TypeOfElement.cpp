@@ -21,10 +21,10 @@ namespace {
 
 /// Null if there is no such attribute.
 CXmlAttribute const* FindXsi(CXmlElement const& element, std::u16string_view name) {
-    for (CXmlAttribute const* const attribute : element.GetAttributes()) {
-        if (BxXmlLib5::Equal(attribute->GetLocalName(), name) &&
-            BxXmlLib5::Equal(attribute->GetNamespaceURI(), kXsiNamespace)) {
-            return attribute;
+    for (CXmlAttribute const& attribute : element.GetAttributeView()) {
+        if (BxXmlLib5::Equal(attribute.GetLocalName(), name) &&
+            BxXmlLib5::Equal(attribute.GetNamespaceURI(), kXsiNamespace)) {
+            return &attribute;
         }
     }
     return nullptr;
@@ -152,13 +152,13 @@ std::optional<unsigned char> WaysBetween(Class const* type, Class const* base) {
 }
 
 bool IsNil(CXmlElement const& element) {
-    if (element.GetAttributes().empty()) return false;
+    if (element.GetAttributeView().empty()) return false;
     CXmlAttribute const* const attribute = FindXsi(element, u"nil");
     return attribute != nullptr && Xs::boolean::FromText(attribute->GetValueView());
 }
 
 void TestNil(CXmlElement const& element, bool mayBeNil) {
-    if (element.GetAttributes().empty() || FindXsi(element, u"nil") == nullptr) return;
+    if (element.GetAttributeView().empty() || FindXsi(element, u"nil") == nullptr) return;
     if (!mayBeNil) ThrowNil(element);
     if (IsNil(element) && (element.GetFirstElement() != nullptr || !Trimmed(element.GetTextView()).empty())) {
         throw CBxValidationException(
@@ -167,7 +167,7 @@ void TestNil(CXmlElement const& element, bool mayBeNil) {
 }
 
 std::optional<NamedType> NamedTypeOf(CXmlElement const& element, Set const& set) {
-    if (element.GetAttributes().empty()) return std::nullopt;
+    if (element.GetAttributeView().empty()) return std::nullopt;
     CXmlAttribute const* const attribute = FindXsi(element, u"type");
     if (attribute == nullptr) return std::nullopt;
     NamedType named;

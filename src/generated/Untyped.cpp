@@ -46,7 +46,7 @@ char16_t const* PrefixFor(std::u16string_view namespaceUri, Set const& set) {
 
 void SettleTypes(CElement& element, CXmlElement const& source, Set const& set) {
     CNestingLevel const level;
-    if (!source.GetAttributes().empty()) {
+    if (!source.GetAttributeView().empty()) {
         if (CAttribute const* const attribute = FindXsiType(element)) {
             wstring const value = attribute->GetValue();
             std::u16string_view name = Trimmed(value);

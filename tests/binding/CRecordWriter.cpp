@@ -88,6 +88,61 @@ TEST(CRecordWriter, DecoratesTheRoot) {
               "<r n=\"1\"><p:c>some text \U0001F600</p:c></r></a>");
 }
 
+/// What comes of a few steps, read again.
+std::string Written(bool isFastInfoset, std::function<void(CRecordWriter&)> const& write) {
+    RecordSettings settings;
+    settings.m_isFastInfoset = isFastInfoset;
+    settings.m_context.SetDefaultNamespaceURI(u"N");
+    CBinaryData written;
+    CRecordWriter writer([&](auto octets) { written.Append(octets); }, settings);
+    std::string const thrown = Thrown([&] { write(writer), writer.Finish(); });
+    if (thrown != "nothing") return thrown;
+    CXmlSerializationContext const context;
+    return ToUtf8(CElement::LoadXmlStream(written)->ToXml(false, false, eol_LF, context));
+}
+
+/// An element of the name and in the namespace that it is given.
+class CNamed : public CXmlObjectBase {
+public:
+    CNamed() { SetElementName(u"r"); }
+    CXmlObjectBase* GetBase() override { return this; }
+    wstring GetNamespace() const override { return {}; }
+
+protected:
+    wstring GetTargetNamespace() const override { return u"T"; }
+    void ToXml_Int(CXmlWriter* writer, bool isRoot, char16_t const* namespaceUri,
+                   CXmlSerializationContext const&, bool) const override {
+        EXPECT_FALSE(isRoot);
+        writer->WriteStartElement(GetElementName(), namespaceUri);
+        writer->WriteEndElement();
+    }
+    CXmlElement* FromXml_Int(CXmlElement*, CXmlElement*, CXmlSerializationContext const&, bool) override {
+        return nullptr;
+    }
+};
+
+TEST(CRecordWriter, WritesNamesAndTextsAsTheyComeBack) {
+    CElement element(u"e", u"N", u"##any", u"");
+    auto const write = [&](CRecordWriter& writer) {
+        CNamed record;
+        writer.Start(u"a");
+        writer.Attribute(u"k", u"x\ny");
+        writer.Write(record);
+        writer.Write(record, u"s");
+        writer.Write(record, u"t", u"M");
+        writer.Write(element, u"f");
+    };
+    auto const writeNoNamespace = [](CRecordWriter& writer) { writer.Start(u"a", u""); };
+    for (bool const isFastInfoset : {false, true})
+        EXPECT_EQ(
+            Written(isFastInfoset, write),
+            "<AA:a xmlns:AA=\"N\" k=\"x\ny\"><AB:r xmlns:AB=\"T\"/><AA:s/><AB:t xmlns:AB=\"M\"/><AA:e/></AA:a>");
+    EXPECT_EQ(
+        Written(false, writeNoNamespace),
+        "CBxInvalidNamespaceException: The element [a] is in no namespace, but would come back in the default one");
+    EXPECT_EQ(Written(true, writeNoNamespace), "<a/>");
+}
+
 TEST(CRecordWriter, ReplacesTheFileAtTheEndAlone) {
     TemporaryFolder const folder;
     std::string const path = folder.Write("f", "old");

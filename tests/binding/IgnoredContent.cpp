@@ -33,6 +33,9 @@ TEST(IgnoredContent, FailsIfTheContextSaysSo) {
         {"p:(@b:text?, x:text)?, q:(@c:text?, y:text)?", "<r b='1' c='2'><x/><y/></r>", ""},
         {"p:(@b:text?, x:text)*, a:{}", "<r b='1'><x/><x/><a b='2'/></r>", "!unexpected b", "A"},
         {"p:(x:text?, y:{#})~", "x<y>z</y>", "!stray x r"},
+        // Nor what is taken behind a child with a tag.
+        {"a:{}, #", "x<a/>", ""},
+        {"a:{}, p:(@b:text?, x:text)~, @c:text?", "<r b='1' c='2'><a/><x/></r>", ""},
         // An optional group that is not there takes nothing, whatever it has looked at.
         {"p:(@b:text?, #, x:text?)?, a:text", "<r b='1'><a/></r>", "!unexpected b", "A"},
         {"| p:(@b:text?, #, x:text?)? | a:text?", "<r b='1'><a/></r>", "!unexpected b", "A"},

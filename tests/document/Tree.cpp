@@ -40,6 +40,24 @@ TEST(Tree, NamesOfAnyLength) {
     ExpectLoads({"<a>" + tags + "</a> => a(" + names + ")"});
 }
 
+TEST(Tree, ManyAttributesOfOneElement) {
+    constexpr std::size_t kMany = 70'000;  // more than a chunk of nodes holds
+    std::string tag = "<b";
+    for (std::size_t i = 0; i < kMany; ++i) tag += " k" + std::to_string(i) + "='" + std::to_string(i) + '\'';
+    CXmlDocument document;
+    document.LoadXml(("<a>" + Repeat("<c l='1'/>", 20'000) + tag + "/><c l='1'/></a>").c_str());
+    CXmlElement const* element = document.GetDocumentElement()->GetFirstElement();
+    for (; element->GetNextSiblingElement() != nullptr; element = element->GetNextSiblingElement()) {
+        auto const& attributes = element->GetAttributes();
+        std::size_t const count = element->GetLocalName() == u"b" ? kMany : 1;
+        ASSERT_EQ(attributes.size(), count);
+        ASSERT_EQ(&attributes, &element->GetAttributes());
+        for (std::size_t i = 0; i < count; ++i) ASSERT_EQ(attributes[i], &element->GetAttributeView()[i]);
+        ASSERT_EQ(ToUtf8(attributes.back()->GetValueView()), count == 1 ? "1" : std::to_string(kMany - 1));
+    }
+    EXPECT_TRUE(document.GetDocumentElement()->GetAttributes().empty());
+}
+
 TEST(Tree, NamespaceOfAlias) {
     auto const look = [](char const* text, char16_t const* alias, SchemaType schemaType = st_Default) {
         CXmlDocument document(schemaType);

@@ -70,11 +70,12 @@ TEST(CFileReplacement, KeepsLinks) {
 TEST(CFileReplacement, WritesToWhatIsNoFileAsItIs) {
     TemporaryFolder const folder;
     std::string const path = folder.Write("open", "old");
-    int const file = open(path.c_str(), O_WRONLY | O_APPEND);
-    for (std::string const prefix : {"/dev/fd/", "/proc/self/fd/"})
+    int const file = open(path.c_str(), O_WRONLY);
+    for (std::string const& prefix : {std::string("/dev/fd/"), std::string("/proc/self/fd/"),
+                                      "/proc/" + std::to_string(getpid()) + "/fd/"})
         EXPECT_EQ(Save(prefix + std::to_string(file), "+"), 0);
     close(file);
-    EXPECT_EQ(Content(path), "old++");
+    EXPECT_EQ(Content(path), "++d+");  // the last one is the same file, but not the same opening of it
     EXPECT_EQ(Save("/dev/null", "x"), 0);
     EXPECT_EQ(FilesIn(folder), 1u);
 }

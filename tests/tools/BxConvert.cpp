@@ -32,6 +32,7 @@ TEST(Convert, WritesWhatItReads) {
     };
     std::string const lost = "bxconvert: standard input: warning: Fast Infoset does not keep ";
     std::string const
+        external = "<!DOCTYPE a SYSTEM 'x' [<!ENTITY e '1'>]>\n",
         start = "<!--c--><?p?><!DOCTYPE a><a x=\"1\">",
         outside = "<!--c-->\n<?p?>\n<!DOCTYPE a>\n<a x=\"1\">",
         subset =
@@ -59,8 +60,12 @@ TEST(Convert, WritesWhatItReads) {
         {"", "<a>1<b>2<c/>3</b>4<b>5</b> </a>", kDeclaration + "<a>1<b>2<c/>3</b>4<b>5</b> </a>\n", ""},
         {"", "<a k='&#13;&#10;&#9;&lt;&quot;&amp;' l=''>&#13;&amp;<![CDATA[<&]]>&#10;</a>", kDeclaration + "<a k=\"&#13;&#10;&#9;&lt;&quot;&amp;\" l=\"\">&#13;&amp;&lt;&amp;\n</a>\n", ""},
         {"", subset + "<a>&e;&f;&g;</a>", kDeclaration + subset + "<a>1&f;&g;</a>\n", ""},
-        {"", "<!DOCTYPE a SYSTEM 'x' [<!ENTITY e '1'>]><a k='&e;&lt;&#65;'><b k='1&f;2&g;'/></a>",
-            kDeclaration + "<!DOCTYPE a SYSTEM 'x' [<!ENTITY e '1'>]>\n<a k=\"1&lt;A\"><b k=\"12\"/></a>\n", "bxconvert: standard input: warning: XML text does not keep 2 entity references\n"},
+        {"", external + "<a k='&e;&lt;&#65;'><b xmlns:p='u' j='=&amp;' p:k\n = '1\"&f;2&g;&e;' l='&#0038;f;'/></a>",
+            kDeclaration + external + "<a k=\"1&lt;A\"><b xmlns:p=\"u\" j=\"=&amp;\" p:k='1\"&f;2&g;&e;' l=\"&amp;f;\"/></a>\n", ""},
+        {"--format", external + "<a j='' k=\"&f;'\"><b/></a>", kDeclaration + external + "<a j=\"\" k=\"&f;'\">\n\t<b/>\n</a>\n", ""},
+        {"--no-namespaces", external + "<a xmlns:p='&f;' k='&g;'/>", kDeclaration + external + "<a xmlns:p='&f;' k='&g;'/>\n", ""},
+        {"", external + "<a xmlns:p='u&f;'/>", kDeclaration + external + "<a xmlns:p=\"u\"/>\n", "bxconvert: standard input: warning: XML text does not keep 1 entity reference\n"},
+        {"--to finf", external + "<a k='1&f;2&g;'/>", "\xE0\0\0\1\0\x7C\0a\x78\0k\x41" "12\xF0\xFF"s, lost + "1 document type, 2 entity references\n"},
         {"--compact", "<a> <b> </b>\xC2\xA0</a>", kDeclaration + "<a> <b> </b>\xC2\xA0</a>", ""},
         {"--format", "<a><b>1<c/></b><d><e> </e>\n</d></a>", kDeclaration + "<a>\n\t<b>1<c/></b>\n\t<d>\n\t\t<e> </e>\n\t</d>\n</a>\n", ""},
         {"--compact", "<a> <b xml:space=\"preserve\"> <c> <d/></c></b> <e xml:space=\"default\"> <f/></e></a>",

@@ -19,6 +19,7 @@ void FastInfosetEmitter::StartElement(DocumentElement const& element) {
     WriteText();
     m_writer.WriteStartTag(element, m_declarations);
     m_declarations.clear();
+    for (AttributeLiteral const& literal : element.m_literals) m_losses.m_references += literal.m_references;
     FlushSlice();
 }
 

@@ -34,6 +34,7 @@ void LayoutFilter::StartElement(DocumentElement const& element) {
                       .m_first = Keep(element.m_prefix),
                       .m_name = &element.m_name,
                       .m_attributes = element.m_attributes.size(),
+                      .m_literals = element.m_literals.size(),
                       .m_line = element.m_line};
     bool isPreserved = m_elements[Innermost()].m_isPreserved;
     for (DocumentAttribute const& attribute : element.m_attributes) {
@@ -43,6 +44,8 @@ void LayoutFilter::StartElement(DocumentElement const& element) {
             attribute.m_name->m_localName == u"space" && attribute.m_name->m_namespaceUri == kXmlNamespace;
         if (isSpace) isPreserved = attribute.m_value == u"preserve";
     }
+    for (auto const& [attribute, text, references] : element.m_literals)
+        m_literals.push_back({attribute, Keep(text), references});
     m_open.push_back(NewElement());
     m_elements[m_open.back()] = {isPreserved ? Decision::kAsItIs : Decision::kNone, false, isPreserved};
     Queue(event);
@@ -169,8 +172,15 @@ void LayoutFilter::ForwardStart(Event const& event) {
     }
     m_attributes.erase(m_attributes.begin(),
                        m_attributes.begin() + static_cast<std::ptrdiff_t>(event.m_attributes));
+    m_forwardedLiterals.clear();
+    for (std::size_t i = 0; i < event.m_literals; ++i) {
+        auto const& [attribute, text, references] = m_literals.front();
+        m_forwardedLiterals.push_back({attribute, View(text), references});
+        m_literals.pop_front();
+    }
     ++m_depth;
-    m_receiver.StartElement({*event.m_name, View(event.m_first), m_forwarded, event.m_line});
+    m_receiver.StartElement(
+        {*event.m_name, View(event.m_first), m_forwarded, event.m_line, m_forwardedLiterals});
 }
 
 void LayoutFilter::BreakLine(std::size_t depth) {

@@ -60,6 +60,11 @@ private:
         Text m_value;
         bool m_isSpecified;
     };
+    struct Literal {
+        std::size_t m_attribute;
+        Text m_text;
+        std::size_t m_references;
+    };
     struct Event {
         Kind m_kind;
         std::size_t m_element;  // that it is directly in, or ends
@@ -69,6 +74,7 @@ private:
         BxXmlLib5::wstring const* m_prefix = nullptr;  // of a namespace, and its name
         BxXmlLib5::wstring const* m_namespace = nullptr;
         std::size_t m_attributes = 0;  // how many
+        std::size_t m_literals = 0;    // the same
         std::size_t m_line = 0;
     };
 
@@ -90,6 +96,7 @@ private:
     bool m_indents;
     std::deque<Event> m_events;
     std::deque<Attribute> m_attributes;  // of the starts among the events
+    std::deque<Literal> m_literals;      // the same
     BxXmlLib5::wstring m_units;
     std::size_t m_unitsStart = 0;
     std::vector<Element> m_elements{
@@ -98,6 +105,7 @@ private:
     std::vector<std::size_t> m_open;
     std::size_t m_depth = 0;  // of what is forwarded
     std::vector<BxXmlLib5::DocumentAttribute> m_forwarded;
+    std::vector<BxXmlLib5::AttributeLiteral> m_forwardedLiterals;
     BxXmlLib5::wstring m_lineBreak;
 };
 

@@ -4,10 +4,14 @@
 #include <string>
 
 #include "platform/StandardNamespaces.h"
+#include "platform/TextView.h"
 
 namespace BxConvert {
 
 using namespace BxXmlLib5;
+
+PrefixFilter::PrefixFilter(CDocumentReceiver& receiver, CNameTable& names)
+    : m_receiver(receiver), m_names(names), m_xmlNamespace(&names.InternText(kXmlNamespace)) {}
 
 void PrefixFilter::StartElement(DocumentElement const& element) {
     ++m_depth;
@@ -32,22 +36,27 @@ void PrefixFilter::EndElement() {
     m_receiver.EndElement();
 }
 
-std::u16string_view PrefixFilter::NamespaceOf(std::u16string_view prefix) const {
+/// Null if the prefix is not declared.
+wstring const* PrefixFilter::NamespaceOf(std::u16string_view prefix) const {
     auto const binding = std::find_if(m_bindings.rbegin(), m_bindings.rend(), [prefix](Binding const& known) {
-        return *known.m_declaration.m_prefix == prefix;
+        return Equal(*known.m_declaration.m_prefix, prefix);
     });
-    return binding == m_bindings.rend() ? std::u16string_view() : *binding->m_declaration.m_namespace;
+    return binding == m_bindings.rend() ? nullptr : binding->m_declaration.m_namespace;
 }
 
+/// Namespaces of one table are equal if they are the same object.
 std::u16string_view PrefixFilter::Find(std::u16string_view prefix, wstring const& namespaceUri,
                                        bool isAttribute) {
-    if (namespaceUri.empty() && (isAttribute || NamespaceOf({}).empty())) return {};
-    if (namespaceUri == kXmlNamespace) return u"xml";
+    if (namespaceUri.empty()) {
+        wstring const* const defaultNamespace = isAttribute ? nullptr : NamespaceOf({});
+        if (defaultNamespace == nullptr || defaultNamespace->empty()) return {};
+    }
+    if (&namespaceUri == m_xmlNamespace) return u"xml";
     bool const mayBeEmpty = !isAttribute;
-    if ((mayBeEmpty || !prefix.empty()) && NamespaceOf(prefix) == namespaceUri) return prefix;
+    if ((mayBeEmpty || !prefix.empty()) && NamespaceOf(prefix) == &namespaceUri) return prefix;
     for (Binding const& binding : m_bindings) {
         auto const [known, ns] = binding.m_declaration;
-        if (*ns == namespaceUri && NamespaceOf(*known) == *ns && (mayBeEmpty || !known->empty()))
+        if (ns == &namespaceUri && NamespaceOf(*known) == ns && (mayBeEmpty || !known->empty()))
             return *known;
     }
     wstring made;

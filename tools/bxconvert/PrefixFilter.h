@@ -14,8 +14,7 @@ namespace BxConvert {
 class PrefixFilter : public BxXmlLib5::CDocumentReceiver {
 public:
     /// @param receiver,names outlive the filter; the names of what it is told are in the table
-    PrefixFilter(BxXmlLib5::CDocumentReceiver& receiver, BxXmlLib5::CNameTable& names)
-        : m_receiver(receiver), m_names(names) {}
+    PrefixFilter(BxXmlLib5::CDocumentReceiver& receiver, BxXmlLib5::CNameTable& names);
 
     void DeclareNamespace(BxXmlLib5::wstring const& prefix, BxXmlLib5::wstring const& namespaceUri) override {
         m_pending.push_back({&prefix, &namespaceUri});
@@ -40,7 +39,7 @@ private:
         std::size_t m_depth;
     };
 
-    std::u16string_view NamespaceOf(std::u16string_view prefix) const;
+    BxXmlLib5::wstring const* NamespaceOf(std::u16string_view prefix) const;
     std::u16string_view Find(std::u16string_view prefix, BxXmlLib5::wstring const& namespaceUri,
                              bool isAttribute);
     bool IsDeclaredHere(std::u16string_view prefix) const;
@@ -48,6 +47,7 @@ private:
 
     BxXmlLib5::CDocumentReceiver& m_receiver;
     BxXmlLib5::CNameTable& m_names;
+    BxXmlLib5::wstring const* m_xmlNamespace;
     std::size_t m_depth = 0;
     std::vector<Declaration> m_pending;
     std::vector<Declaration> m_declarations;  // of the element that starts

@@ -1,5 +1,6 @@
 #include "TextEmitter.h"
 
+#include "platform/UnitScan.h"
 #include "platform/Utf.h"
 #include "platform/Utf16Octets.h"
 #include "platform/XmlCharacters.h"
@@ -49,10 +50,9 @@ void TextEmitter::StartElement(DocumentElement const& element) {
     for (auto const& [prefix, ns] : m_declarations) {
         Append(prefix.empty() ? u" xmlns" : u" xmlns:");
         Append(prefix);
-        Append(u"=\"");
+        Append(u"=");
         TestCharacters(ns);
-        m_text.AppendExactValue(ns);
-        Append(u"\"");
+        AppendValue(ns);
     }
     m_declarations.clear();
     AppendAttributes(element);
@@ -61,17 +61,28 @@ void TextEmitter::StartElement(DocumentElement const& element) {
 }
 
 void TextEmitter::AppendAttributes(DocumentElement const& element) {
-    for (DocumentAttribute const& attribute : element.m_attributes) {
+    auto literal = element.m_literals.begin();
+    for (std::size_t i = 0; i < element.m_attributes.size(); ++i) {
+        DocumentAttribute const& attribute = element.m_attributes[i];
         bool const isInDocumentType = m_hasDocumentType && !attribute.m_isSpecified;
         if (isInDocumentType) continue;
         TestName(attribute.m_name->m_localName);
         TestCharacters(attribute.m_value);
         Append(u" ");
         AppendName(attribute.m_prefix, attribute.m_name->m_localName);
-        Append(u"=\"");
-        m_text.AppendExactValue(attribute.m_value);
-        Append(u"\"");
+        Append(u"=");
+        if (literal != element.m_literals.end() && literal->m_attribute == i) {
+            Append(literal++->m_text);
+        } else {
+            AppendValue(attribute.m_value);
+        }
     }
+}
+
+void TextEmitter::AppendValue(std::u16string_view value) {
+    Append(u"\"");
+    m_text.AppendExactValue(value);
+    Append(u"\"");
 }
 
 void TextEmitter::AddText(std::u16string_view text) {
@@ -177,6 +188,11 @@ void TextEmitter::AppendName(std::u16string_view prefix, std::u16string_view loc
 }
 
 void TextEmitter::TestEachCharacter(std::u16string_view text) const {
+    if (text.starts_with(u'\n')) text.remove_prefix(1);  // as indentation does
+    auto const unusual = [](std::uint64_t units) {
+        return UnitsBelow(units, 0x20) | UnitsFrom(units, 0xD800);
+    };
+    if (!HasUnit(text, unusual)) return;
     for (std::size_t at = 0; at < text.size();) {
         if (!IsXmlCharacter(Utf::Next(text, at))) ThrowUnwritable();
     }

@@ -31,6 +31,7 @@ private:
     void AppendLines(std::u16string_view text);
     void AppendName(std::u16string_view prefix, std::u16string_view localName);
     void AppendAttributes(BxXmlLib5::DocumentElement const& element);
+    void AppendValue(std::u16string_view value);
     /// What stands around markup outside of the root.
     void StartOutside();
     void EndOutside();

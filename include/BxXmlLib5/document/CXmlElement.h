@@ -3,10 +3,12 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string_view>
 #include <vector>
 
 #include "BxXmlLib5/core/CInstanceMonitor.h"
+#include "BxXmlLib5/document/CNodeAttributes.h"
 #include "BxXmlLib5/document/CNodeText.h"
 #include "BxXmlLib5/document/CXmlAttribute.h"
 #include "BxXmlLib5/platform/Export.h"
@@ -55,8 +57,10 @@ public:
     std::size_t GetLine() const { return m_line; }
 
     /// The attributes, which the document owns.
-    /// In document order.
-    std::vector<CXmlAttribute*> const& GetAttributes() const { return *m_attributes; }
+    /// In document order. The first call makes a vector of them; GetAttributeView() makes none.
+    std::vector<CXmlAttribute*> const& GetAttributes() const;
+    /// The attributes without making a vector of them.
+    std::span<CXmlAttribute> GetAttributeView() const { return m_attributes->View(); }
 
     /// The value of the first attribute with these names, the empty text if there is none.
     wstring const& GetAttribute(wstring const& localName, wstring const& namespaceUri) const;
@@ -67,13 +71,13 @@ private:
     friend class CNodePool;
 
     /// @param name,attributes the document's, which outlive the element
-    CXmlElement(CXmlDocument const* document, CXmlName const& name, std::vector<CXmlAttribute*>& attributes,
+    CXmlElement(CXmlDocument const* document, CXmlName const& name, CNodeAttributes const& attributes,
                 std::size_t line);
 
     CXmlDocument const* m_document;
     CXmlElement* m_nextSibling = nullptr;
     CXmlElement* m_firstChild = nullptr;
-    std::vector<CXmlAttribute*>* m_attributes;
+    CNodeAttributes const* m_attributes;
     CXmlName const* m_name;
     [[no_unique_address]] CNodeText m_text;  // which leaves the room for what follows
     std::uint32_t m_line;
