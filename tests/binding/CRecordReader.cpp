@@ -16,7 +16,8 @@
 #define __has_feature(name) 0
 #endif
 #if defined(__SANITIZE_ADDRESS__) || __has_feature(address_sanitizer)
-#include <sanitizer/allocator_interface.h>
+#define BX_HAS_SANITIZER
+extern "C" std::size_t __sanitizer_get_current_allocated_bytes();  // whose header g++ does not have
 #endif
 
 using namespace BxTest;
@@ -444,7 +445,7 @@ TEST(CRecordReader, LeavesCopiesOfARecordAlone) {
 }
 
 std::size_t AllocatedOctets() {
-#ifdef SANITIZER_ALLOCATOR_INTERFACE_H
+#ifdef BX_HAS_SANITIZER
     return __sanitizer_get_current_allocated_bytes();
 #else
     struct mallinfo2 const info = mallinfo2();
