@@ -17,7 +17,7 @@
 #endif
 #if defined(__SANITIZE_ADDRESS__) || __has_feature(address_sanitizer)
 #define BX_HAS_SANITIZER
-extern "C" std::size_t __sanitizer_get_current_allocated_bytes();  // whose header g++ does not have
+extern "C" std::size_t __sanitizer_get_current_allocated_bytes();
 #endif
 
 using namespace BxTest;
@@ -424,7 +424,9 @@ TEST(CRecordReader, PassesOnWhatTheCallerThrows) {
     CElement record(u"");
     EXPECT_TRUE(reader.Read(record));
     EXPECT_THROW(reader.Read(record), std::logic_error);
+    EXPECT_FALSE(reader.HasFailed());
     EXPECT_THROW(reader.Read(record), std::runtime_error);
+    EXPECT_TRUE(reader.HasFailed());
     EXPECT_THROW(reader.Read(record), std::runtime_error);
     CRecordReader moved = std::move(reader);
     EXPECT_THROW(moved.Read(record), std::runtime_error);
