@@ -1,6 +1,8 @@
 #include "ChildProcess.h"
 
+#include <fcntl.h>
 #include <malloc.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -49,6 +51,26 @@ Taken RunInChild(std::function<void()> const& work) {
     close(ends[0]);
     if (child > 0) waitpid(child, nullptr, 0);
     return taken;
+}
+
+std::optional<Taken> RunProgram(std::vector<std::string> const& words) {
+    std::vector<char*> arguments;
+    for (std::string const& word : words) arguments.push_back(const_cast<char*>(word.c_str()));
+    arguments.push_back(nullptr);
+    pid_t const child = fork();
+    if (child == 0) {
+        dup2(open("/dev/null", O_WRONLY), STDOUT_FILENO);
+        execvp(arguments[0], arguments.data());
+        _exit(127);
+    }
+    int status = 0;
+    rusage usage{};
+    if (child < 0 || wait4(child, &status, 0, &usage) != child || status != 0) return std::nullopt;
+    auto const seconds = [](timeval const& time) {
+        return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) * 1e-6;
+    };
+    return Taken{static_cast<std::size_t>(usage.ru_maxrss) * 1024,
+                 seconds(usage.ru_utime) + seconds(usage.ru_stime)};
 }
 
 }  // namespace BxBench

@@ -3,6 +3,9 @@
 
 #include <cstddef>
 #include <functional>
+#include <optional>
+#include <string>
+#include <vector>
 
 namespace BxBench {
 
@@ -14,5 +17,11 @@ struct Taken {
 /// Runs the work in a child process. Call it before the process has much memory to reuse.
 /// @return nothing taken if it could not be measured
 Taken RunInChild(std::function<void()> const& work);
+
+/// Runs a program, whose standard output goes nowhere. Call it before the process has much memory: the child begins with
+/// what there is.
+/// @param words the program, which is looked for in PATH, and its arguments
+/// @return the most that its resident memory was, and its time; nothing if it cannot be run or fails
+std::optional<Taken> RunProgram(std::vector<std::string> const& words);
 
 }  // namespace BxBench

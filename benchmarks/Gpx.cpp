@@ -4,6 +4,9 @@
 
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
+#include <span>
+#include <string_view>
 #include <thread>
 
 #include "Content.h"
@@ -32,6 +35,92 @@ void ReadGpx(benchmark::State& state) {
         Gpx::CGpx gpx;
         Read(gpx, input);
         benchmark::DoNotOptimize(&gpx);
+    }
+}
+
+constexpr char16_t kPoints[] = u"gpx/trk/trkseg/trkpt";
+
+std::span<unsigned char const> Octets(std::string const& text) {
+    return {reinterpret_cast<unsigned char const*>(text.data()), text.size()};
+}
+
+void ReadRecordsOnce(std::string const& input) {
+    for (Gpx::CWpt& point : Gpx::Bx::Records<Gpx::CWpt>(Octets(input), kPoints))
+        benchmark::DoNotOptimize(&point);
+}
+
+void ReadRecordsGpx(benchmark::State& state) {
+    std::string const& input = Input(state);
+    for (auto _ : state) ReadRecordsOnce(input);
+}
+
+void ReadFastInfosetRecordsGpx(benchmark::State& state) {
+    std::string const input = GpxAsFastInfoset(kGpxOctets);
+    for (auto _ : state) ReadRecordsOnce(input);
+}
+
+void ReadRecordsElement(benchmark::State& state) {
+    std::string const& input = Input(state);
+    for (auto _ : state) {
+        for (CElement& point : Gpx::Bx::Records<CElement>(Octets(input), kPoints))
+            benchmark::DoNotOptimize(&point);
+    }
+}
+
+/// A document of 1 GB that nobody holds: the points of one of 10 MB, a hundred times.
+class LargeDocument {
+public:
+    std::size_t Read(std::span<unsigned char> room) {
+        while (m_left.empty() && m_round <= kRounds + 1) Begin(m_round++);
+        std::size_t const count = std::min(room.size(), m_left.size());
+        std::copy_n(m_left.begin(), count, room.begin());
+        m_left.remove_prefix(count);
+        return count;
+    }
+
+private:
+    static constexpr int kRounds = 100;
+
+    void Begin(int round) {
+        std::string_view const document = GpxDocument(kGpxOctets);
+        std::size_t const first = document.find("      <trkpt"), end = document.find("    </trkseg>");
+        m_left = round == 0         ? document.substr(0, first)
+                 : round <= kRounds ? document.substr(first, end - first)
+                                    : document.substr(end);
+    }
+
+    int m_round = 0;
+    std::string_view m_left;
+};
+
+void FloorOfSlices(benchmark::State& state) {
+    std::string const& input = Input(state);
+    for (auto _ : state) {
+        std::string_view left = input;
+        auto const source = [&](std::span<unsigned char> room) {
+            std::size_t const count = std::min(room.size(), left.size());
+            std::copy_n(left.begin(), count, room.begin());
+            left.remove_prefix(count);
+            return count;
+        };
+        if (!ParseSlicesWithEmptyHandlers(source)) state.SkipWithError("refused");
+    }
+}
+
+void LargeFloor(benchmark::State& state) {
+    for (auto _ : state) {
+        LargeDocument document;
+        if (!ParseSlicesWithEmptyHandlers([&](auto room) { return document.Read(room); }))
+            state.SkipWithError("refused");
+    }
+}
+
+void LargeReadRecordsGpx(benchmark::State& state) {
+    for (auto _ : state) {
+        LargeDocument document;
+        auto const source = [&](std::span<unsigned char> room) { return document.Read(room); };
+        for (Gpx::CWpt& point : Gpx::Bx::Records<Gpx::CWpt>(source, kPoints))
+            benchmark::DoNotOptimize(&point);
     }
 }
 
@@ -148,6 +237,12 @@ void WriteGpxMessage(benchmark::State& state) {
 
 BX_GPX_BENCHMARK(ReadGpx)->Arg(10);
 BX_GPX_BENCHMARK(ReadFastInfosetGpx)->Arg(10);
+BX_GPX_BENCHMARK(ReadRecordsGpx)->Arg(10);
+BX_GPX_BENCHMARK(ReadFastInfosetRecordsGpx)->Arg(10);
+BX_GPX_BENCHMARK(ReadRecordsElement)->Arg(10);
+BX_GPX_BENCHMARK(FloorOfSlices)->Arg(10);
+BENCHMARK(LargeFloor)->Unit(benchmark::kMillisecond);
+BENCHMARK(LargeReadRecordsGpx)->Unit(benchmark::kMillisecond);
 BX_GPX_BENCHMARK(FloorInThreads)->Arg(1)->Arg(2)->UseRealTime();
 BX_GPX_BENCHMARK(LoadTreeInThreads)->Arg(1)->Arg(2)->UseRealTime();
 BX_GPX_BENCHMARK(ReadGpxInThreads)->Arg(1)->Arg(2)->UseRealTime();
@@ -168,6 +263,11 @@ constexpr double kTwoThreads = 2 / 1.98;
 Aims const s_aims({
     {"ReadGpx/10", "Floor/10", 2.0},
     {"ReadFastInfosetGpx/10", "Floor/10", 0.85},
+    {"FloorOfSlices/10", "Floor/10", 0},
+    {"ReadRecordsGpx/10", "Floor/10", 1.7},
+    {"ReadFastInfosetRecordsGpx/10", "Floor/10", 0},
+    {"ReadRecordsElement/10", "Floor/10", 0},
+    {"LargeReadRecordsGpx", "LargeFloor", 0},
     {"WriteGpx/10", "Floor/10", 0},
     {"WriteGpxUtf8/10", "Floor/10", 0.9},
     {"WriteGpxUtf8Checked/10", "Floor/10", 1.0},
@@ -191,6 +291,8 @@ void ReadAndWriteOnce(std::string const& input) {
 PeakAims const s_peaks({
     {"PeakOfReadGpx", 6.0, ReadOnce},
     {"PeakOfReadFastInfosetGpx", 0, ReadOnce, true},
+    {"PeakOfReadRecordsGpx", 1.0, ReadRecordsOnce},
+    {"PeakOfReadFastInfosetRecordsGpx", 1.0, ReadRecordsOnce, true},
 });
 
 Growths const s_growths({

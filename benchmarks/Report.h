@@ -35,6 +35,18 @@ struct Growth {
     bool m_takesFastInfoset = false;
 };
 
+/// A program that works on the GPX document of 10 MB in a file, or on that of 1 GB where "Gigabyte" is asked for: its
+/// time as the ratio to the floor, and its memory as that to 20 MB.
+struct Command {
+    std::string m_name;
+    /// The program and its arguments, where kTextFile and kFastInfosetFile stand for the document.
+    std::vector<std::string> m_words;
+    double m_aim = 0;
+    bool m_isOfAnySize = true;  ///< false if it holds the whole document
+};
+inline constexpr char kTextFile[] = "{text}";
+inline constexpr char kFastInfosetFile[] = "{Fast Infoset}";
+
 /// The octets of a document in one form; the report gives them as a ratio to those of the first row, too.
 struct Size {
     std::string m_name;
@@ -53,6 +65,9 @@ struct PeakAims {
 };
 struct Growths {
     explicit Growths(std::vector<Growth> const& rows);
+};
+struct Commands {
+    explicit Commands(std::vector<Command> const& rows);
 };
 struct Sizes {
     explicit Sizes(std::vector<Size> const& rows);

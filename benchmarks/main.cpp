@@ -3,9 +3,13 @@
 // them.
 
 #include <benchmark/benchmark.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cstdio>
+#include <filesystem>
+#include <fstream>
 #include <limits>
 #include <map>
 #include <optional>
@@ -34,24 +38,36 @@ std::string FunctionOf(std::string const& benchmark) {
     return benchmark.substr(0, benchmark.find('/'));
 }
 
+constexpr char kGigabyte[] = "Gigabyte";
+constexpr char kFloor[] = "Floor/10";
+
 /// What the command line asks for.
 class Choice {
 public:
     explicit Choice(std::vector<std::string> names) : m_names(std::move(names)) {}
 
-    bool Has(std::string const& benchmark) const {
-        return m_names.empty() || std::ranges::find(m_names, FunctionOf(benchmark)) != m_names.end();
+    bool Has(std::string const& benchmark) const { return m_names.empty() || Names(benchmark); }
+    bool Names(std::string const& benchmark) const {
+        return std::ranges::find(m_names, FunctionOf(benchmark)) != m_names.end();
     }
 
     /// A filter for those chosen, and for their floors in the same sizes.
     std::string Filter() const {
-        if (m_names.empty()) return benchmark::GetBenchmarkFilter();
+        if (m_names.empty()) {
+            // Those on documents of 1 GB run only if they are named.
+            std::string const given = benchmark::GetBenchmarkFilter();
+            return given.empty() || given == "." || given == "all" ? "-^Large" : given;
+        }
         std::string filter = "^(-";  // so that there is no name but those that follow
         for (std::string const& name : m_names) filter += '|' + name;
         filter += ")(/|$)";
         for (Ratio const& row : Rows<Ratio>()) {
             if (Has(row.m_benchmark)) filter += "|^" + row.m_floor + "(/|$)";
         }
+        bool const hasCommands =
+            Names(kGigabyte) ||
+            std::ranges::any_of(Rows<Command>(), [this](Command const& row) { return Has(row.m_name); });
+        if (hasCommands) filter += "|^" + FunctionOf(kFloor) + "(/|$)";
         return filter;
     }
 
@@ -160,8 +176,82 @@ std::map<std::string, std::pair<double, double>> MeasureGrowths(Choice const& ch
     return growths;
 }
 
+struct MeasuredCommand {
+    std::string m_name;
+    Taken m_taken;
+    double m_documents;  // of the size that the floor is measured for
+    double m_aim;
+    double m_peakAim;
+};
+
+/// The GPX document in files, made in processes of their own so that this one stays small.
+class DocumentFiles {
+public:
+    explicit DocumentFiles(std::size_t octets) {
+        if (mkdtemp(m_folder.data()) == nullptr) return;
+        pid_t const child = fork();
+        if (child == 0) {
+            std::string const& document = GpxDocument(octets);
+            std::ofstream(Text(), std::ios::binary) << document;
+            _exit(0);
+        }
+        waitpid(child, nullptr, 0);
+        RunProgram({BXCONVERT, "--to", "finf", Text(), "-o", FastInfoset()});
+    }
+    DocumentFiles(DocumentFiles const&) = delete;
+    DocumentFiles& operator=(DocumentFiles const&) = delete;
+    ~DocumentFiles() { std::filesystem::remove_all(m_folder); }
+
+    std::vector<std::string> WordsOf(Command const& command) const {
+        std::vector<std::string> words = command.m_words;
+        std::ranges::replace(words, kTextFile, Text());
+        std::ranges::replace(words, kFastInfosetFile, FastInfoset());
+        return words;
+    }
+
+private:
+    std::string Text() const { return m_folder + "/text"; }
+    std::string FastInfoset() const { return m_folder + "/finf"; }
+
+    std::string m_folder = std::filesystem::temp_directory_path() / "bxbenchXXXXXX";
+};
+
+void MeasureCommands(Choice const& choice, std::vector<MeasuredCommand>& measured, bool isGigabyte) {
+    auto const isAsked = [&](Command const& row) {
+        return isGigabyte ? row.m_isOfAnySize : choice.Has(row.m_name);
+    };
+    if (std::ranges::none_of(Rows<Command>(), isAsked)) return;
+    double const documents = isGigabyte ? 100 : 1;
+    DocumentFiles const files(static_cast<std::size_t>(documents) * kGpxOctets);
+    for (Command const& row : Rows<Command>()) {
+        if (!isAsked(row)) continue;
+        std::optional<Taken> least;
+        for (int times = isGigabyte ? 1 : 10; times > 0; --times) {
+            auto const taken = RunProgram(files.WordsOf(row));
+            if (taken && (!least || taken->m_seconds < least->m_seconds)) least = taken;
+        }
+        // A program that is not there has no row.
+        if (least)
+            measured.push_back({row.m_name + (isGigabyte ? kGigabyte : ""), *least, documents, row.m_aim,
+                                row.m_words[0] == BXCONVERT ? 1. : 0.});
+    }
+}
+
+void PrintCommands(std::vector<MeasuredCommand> const& commands, std::optional<double> floor) {
+    constexpr double kMostOctets = 20e6;
+    for (auto const& [name, taken, documents, aim, peakAim] : commands) {
+        if (floor) {
+            std::string const floorName = documents == 1 ? kFloor : std::string("100 times ") + kFloor;
+            PrintRow(name, taken.m_seconds, floorName, *floor * documents, TimeText, aim);
+        }
+        PrintRow("PeakOf" + name, static_cast<double>(taken.m_octets), "what is aimed at", kMostOctets,
+                 MegabytesText, peakAim);
+    }
+}
+
 void PrintTable(Reporter const& reporter, std::map<std::string, double> const& peaks,
-                std::map<std::string, std::pair<double, double>> const& growths) {
+                std::map<std::string, std::pair<double, double>> const& growths,
+                std::vector<MeasuredCommand> const& commands) {
     // What the noise of a machine and its caches may add to the fifty times.
     constexpr double kLinear = 52.5;
     std::printf("\n  %-32s %11s   %-28s %11s %8s %8s   %s\n", "figure", "", "floor", "", "ratio", "aim", "");
@@ -178,6 +268,7 @@ void PrintTable(Reporter const& reporter, std::map<std::string, double> const& p
     }
     for (auto const& [name, times] : growths)
         PrintRow(name, times.second, "a fiftieth of it", times.first, TimeText, kLinear);
+    PrintCommands(commands, reporter.LeastTime(kFloor));
 }
 
 void PrintSizes() {
@@ -201,6 +292,9 @@ PeakAims::PeakAims(std::vector<Peak> const& rows) {
 Growths::Growths(std::vector<Growth> const& rows) {
     AddRows(rows);
 }
+Commands::Commands(std::vector<Command> const& rows) {
+    AddRows(rows);
+}
 Sizes::Sizes(std::vector<Size> const& rows) {
     AddRows(rows);
 }
@@ -215,11 +309,14 @@ int main(int argc, char** argv) {
         return 1;
     }
     BxBench::Choice const choice(names);
+    std::vector<BxBench::MeasuredCommand> commands;
+    BxBench::MeasureCommands(choice, commands, false);
+    if (choice.Names(BxBench::kGigabyte)) BxBench::MeasureCommands(choice, commands, true);
     // First, since a process that has worked has memory to reuse.
     auto const peaks = BxBench::MeasurePeaks(choice);
     auto const growths = BxBench::MeasureGrowths(choice);
     BxBench::Reporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter, choice.Filter());
-    BxBench::PrintTable(reporter, peaks, growths);
+    BxBench::PrintTable(reporter, peaks, growths, commands);
     if (choice.Has("Sizes")) BxBench::PrintSizes();
 }

@@ -141,6 +141,12 @@ run 'grep -m 1 -A 6 "<trkpt" typed.gpx'
 run 'gpxstat --write again.gpx typed.gpx'
 same typed.gpx again.gpx
 
+heading "A track that is larger than the memory of who reads it, point by point"
+run 'track() { echo "<gpx xmlns=\"http://www.topografix.com/GPX/1/1\" version=\"1.1\" creator=\"seq\"><trk><trkseg>"
+    seq -f "<trkpt lat=\"47.%.0f\" lon=\"8.5\"/>" 1000000 1999999; echo "</trkseg></trk></gpx>"; }'
+run 'track | wc -c'
+run 'track | gzip -1 | (ulimit -v 30000; gpxstat /dev/stdin)'
+
 heading "A position that is none"
 run 'sed "s/lat=\"47.4/lat=\"147.4/" track.gpx > broken.gpx'
 status=0

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <exception>
+#include <typeinfo>
 #include <utility>
 
 #include "BxXmlLib5/binding/CXmlObjectBase.h"
@@ -66,28 +67,46 @@ public:
 
     /// @return null at the end
     CRecordCutter::Item const* NextRecord() {
-        m_last = nullptr;
-        while (CRecordCutter::Item const* const item = Next()) {
-            if (item->m_kind == CRecordCutter::Kind::End) {
-                m_settings.m_onEnd(*item->m_element);
-            } else {
-                return m_last = item;
-            }
+        m_hasStarted = true;
+        while ((m_last = Next()) != nullptr && m_last->m_kind == CRecordCutter::Kind::End) {
+            ReadPart(*m_last, [this] { m_settings.m_onEnd(*m_last->m_element); });
         }
-        return nullptr;
+        return m_last;
     }
 
-    /// The record that was read last, null if there is none.
+    bool HasFailed() const { return m_failure != nullptr && !m_cutter.HasItems(); }
+
+    /// Calls a function that reads an item, and gives the failure of it its place in the document.
+    template <class Read>
+    void ReadPart(CRecordCutter::Item const& item, Read read) {
+        try {
+            read();
+        } catch (CBxException& failure) {
+            LocateRead(failure, *item.m_element, {item.Path(), PositionOf()});
+            throw;
+        }
+    }
+
+    /// Null if the object is of a class. The question is a dear one, and mostly the same.
+    CElement* AsUntyped(CXmlObjectBase& object) {
+        std::type_info const& type = typeid(object);
+        if (m_lastType != &type) m_isUntyped = dynamic_cast<CElement*>(&object) != nullptr;
+        m_lastType = &type;
+        return m_isUntyped ? static_cast<CElement*>(&object) : nullptr;
+    }
+
+    /// What was read last, null if there is none.
     CRecordCutter::Item const* Last() const { return m_last; }
 
     CXmlElement* Surroundings() {
-        while (!m_cutter.HasBegun() && !m_cutter.HasItems() && Advance()) {
+        while (!m_hasStarted && !m_cutter.HasBegun() && !m_cutter.HasItems() && Advance()) {
         }
         return m_cutter.Surroundings();
     }
 
-    PlaceOfTree PlaceOfSurroundings() const {
-        return {{}, [this](CXmlElement const& element) { return m_cutter.Tree().PositionOf(element); }};
+    /// What PlaceOfTree wants.
+    std::function<std::size_t(CXmlElement const&)> PositionOf() const {
+        return [this](CXmlElement const& element) { return m_cutter.Tree().PositionOf(element); };
     }
 
     RecordReaderSettings const& Settings() const { return m_settings; }
@@ -130,8 +149,11 @@ private:
     CNameTable m_names;
     CRecordCutter m_cutter;
     CDocumentStream m_stream;
+    bool m_hasStarted = false;
     bool m_isAtEnd = false;
     std::exception_ptr m_failure;
+    std::type_info const* m_lastType = nullptr;
+    bool m_isUntyped = false;  // objects of that type
     CRecordCutter::Item const* m_last = nullptr;
 };
 
@@ -156,21 +178,16 @@ bool CRecordReader::Read(CXmlObjectBase& object) {
     if (record->m_kind == CRecordCutter::Kind::LargeRecord) {
         CBxException failure(u"The record takes more than " + FromUtf8(std::to_string(settings.m_maxRecord)) +
                              u" octets, which is the limit (m_maxRecord)");
-        failure.SetLocation(CBxLocation(record->Path(), record->m_line));
+        failure.SetLocation(record->Location());
         throw failure;
     }
-    try {
-        ReadTree(object, *record->m_element, settings.m_context);
-    } catch (CBxException& failure) {
-        LocateRead(failure, *record->m_element, {record->Path(), {}});
-        throw;
-    }
+    m_document->ReadPart(*record, [&] { ReadTree(object, *record->m_element, settings.m_context); });
     return true;
 }
 
 void CRecordReader::ReadTree(CXmlObjectBase& object, CXmlElement& element,
                              CXmlSerializationContext const& context) {
-    if (auto* const untyped = dynamic_cast<CElement*>(&object)) {
+    if (CElement* const untyped = m_document->AsUntyped(object)) {
         CSmartPtr<CReadItem<CElement>> const copy = CContentReader(CSharedText()).Read(element);
         *untyped = *copy;
     } else {
@@ -178,9 +195,13 @@ void CRecordReader::ReadTree(CXmlObjectBase& object, CXmlElement& element,
     }
 }
 
+bool CRecordReader::HasFailed() const {
+    return m_document->HasFailed();
+}
+
 CBxLocation CRecordReader::GetLocation() const {
     CRecordCutter::Item const* const record = m_document->Last();
-    return record == nullptr ? CBxLocation() : CBxLocation(record->Path(), record->m_line);
+    return record == nullptr ? CBxLocation() : record->Location();
 }
 
 CXmlElement const* CRecordReader::GetSurroundings() {
@@ -197,7 +218,7 @@ void CRecordReader::ReadSurroundings(CXmlObjectBase& object) {
     try {
         ReadTree(object, *root, context);
     } catch (CBxException& failure) {
-        LocateRead(failure, *root, m_document->PlaceOfSurroundings());
+        LocateRead(failure, *root, {{}, m_document->PositionOf()});
         throw;
     }
 }

@@ -96,9 +96,7 @@ void CRecordCutter::StartRecord(DocumentElement const& element, std::size_t posi
     m_recordDepth = 1;
     m_isPassedOver = false;
     m_surroundings.PassRecord();
-    Item& item = NewItem();
-    item.m_line = element.m_line;
-    for (Level const& level : m_levels) item.m_steps.emplace_back(level.m_name, level.m_position);
+    Item& item = NewItem(element.m_line);
     item.m_steps.emplace_back(&element.m_name.m_localName, position);
     if (!m_areAliasesSet || !m_newDeclarations.empty()) SetAliases();
     m_builder.StartElement(element);
@@ -139,13 +137,16 @@ void CRecordCutter::EndElement() {
     }
 }
 
-/// The item that the next one will be.
-CRecordCutter::Item& CRecordCutter::NewItem() {
+/// The item that the next one will be, inside of the elements that are open.
+CRecordCutter::Item& CRecordCutter::NewItem(std::size_t line) {
     if (m_items.size() == m_count) m_items.emplace_back();
     Item& item = m_items[m_count];
     item.m_kind = Kind::Record;
     item.m_element = nullptr;
+    item.m_line = line;
     item.m_steps.clear();
+    for (std::size_t i = 0; i < m_openLevels; ++i)
+        item.m_steps.emplace_back(m_levels[i].m_name, m_levels[i].m_position);
     return item;
 }
 
@@ -165,21 +166,24 @@ void CRecordCutter::CountInRecord(std::size_t octets) {
 }
 
 void CRecordCutter::EndLevel() {
-    Level const& level = m_levels[--m_openLevels];
+    Level const& level = m_levels[m_openLevels - 1];
     if (m_declarations.size() > level.m_declarations) m_areAliasesSet = false;
     m_declarations.resize(level.m_declarations);
     CXmlElement* const element = m_surroundings.EndStep();
-    if (!m_settings.m_tellsEnds) return;
-    Item& item = NewItem();
-    item.m_kind = Kind::End;
-    item.m_element = element;
-    ++m_count;
-    m_stream->Pause();
+    if (m_settings.m_tellsEnds) {
+        Item& item = NewItem(element->GetLine());
+        item.m_kind = Kind::End;
+        item.m_element = element;
+        ++m_count;
+        m_stream->Pause();
+    }
+    --m_openLevels;
 }
 
 void CRecordCutter::ThrowWrongRoot(DocumentElement const& root) const {
     Step const& step = m_path[0];
-    CBxValidationException failure(
+    // No failure of the data, behind which reading could go on.
+    CBxException failure(
         WrongRoot(root.m_name, step.m_name == nullptr ? u"*" : step.m_name->c_str(), step.m_namespaceUri));
     wstring path;
     AddPathStep(path, root.m_name.m_localName, 0);

@@ -30,11 +30,12 @@ public:
     /// What was cut out. It lives until DropItems().
     struct Item {
         Kind m_kind = Kind::Record;
-        CXmlElement* m_element = nullptr;                             // null if the record is too large
-        std::size_t m_line = 0;                                       // of a record
-        std::vector<std::pair<wstring const*, std::size_t>> m_steps;  // of a record: names and positions
+        CXmlElement* m_element = nullptr;  // null if the record is too large
+        std::size_t m_line = 0;
+        std::vector<std::pair<wstring const*, std::size_t>> m_steps;  // names and positions
 
         wstring Path() const;
+        CBxLocation Location() const { return CBxLocation(Path(), m_line); }
     };
 
     /// @param names outlive the cutter
@@ -93,7 +94,7 @@ private:
     void EndRecord();
     void EndLevel();
     void CountInRecord(std::size_t octets);
-    Item& NewItem();
+    Item& NewItem(std::size_t line);
     void SetAliases();
     [[noreturn]] void ThrowWrongRoot(DocumentElement const& root) const;
 

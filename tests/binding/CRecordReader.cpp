@@ -16,7 +16,8 @@
 #define __has_feature(name) 0
 #endif
 #if defined(__SANITIZE_ADDRESS__) || __has_feature(address_sanitizer)
-#include <sanitizer/allocator_interface.h>
+#define BX_HAS_SANITIZER
+extern "C" std::size_t __sanitizer_get_current_allocated_bytes();
 #endif
 
 using namespace BxTest;
@@ -423,7 +424,9 @@ TEST(CRecordReader, PassesOnWhatTheCallerThrows) {
     CElement record(u"");
     EXPECT_TRUE(reader.Read(record));
     EXPECT_THROW(reader.Read(record), std::logic_error);
+    EXPECT_FALSE(reader.HasFailed());
     EXPECT_THROW(reader.Read(record), std::runtime_error);
+    EXPECT_TRUE(reader.HasFailed());
     EXPECT_THROW(reader.Read(record), std::runtime_error);
     CRecordReader moved = std::move(reader);
     EXPECT_THROW(moved.Read(record), std::runtime_error);
@@ -444,7 +447,7 @@ TEST(CRecordReader, LeavesCopiesOfARecordAlone) {
 }
 
 std::size_t AllocatedOctets() {
-#ifdef SANITIZER_ALLOCATOR_INTERFACE_H
+#ifdef BX_HAS_SANITIZER
     return __sanitizer_get_current_allocated_bytes();
 #else
     struct mallinfo2 const info = mallinfo2();

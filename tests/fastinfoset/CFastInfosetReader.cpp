@@ -144,16 +144,19 @@ TEST(CFastInfosetReader, Attributes) {
 }
 
 TEST(CFastInfosetReader, AFailureLeavesWhatCameBefore) {
-    for (auto const& [octets, tree] : std::vector<std::pair<std::string, std::string>>{
-             {"3C", "nothing"},
-             {"7C 00 'a'", "a"},
-             {"7C 00 'a' 78 00 'k' 40 '1' 78 00 'l' 41", "a@k=1"},
-             {"7C 00 'a' 78 00 'k' 40 '1' 80", "a@k=1"},
-             {"3C 00 'a' 90 'x' 3C 00 'b' F0 90 'y' 7C 00 'c' 02", "a'xy'(b c)"},
-             {"3C 00 'a' 3C 00 'b' 90 'x' C0", "a(b'x')"}}) {
+    struct Row {
+        std::string octets, tree;
+    };
+    for (Row const& row :
+         std::vector<Row>{{"3C", "nothing"},
+                          {"7C 00 'a'", "a"},
+                          {"7C 00 'a' 78 00 'k' 40 '1' 78 00 'l' 41", "a@k=1"},
+                          {"7C 00 'a' 78 00 'k' 40 '1' 80", "a@k=1"},
+                          {"3C 00 'a' 90 'x' 3C 00 'b' F0 90 'y' 7C 00 'c' 02", "a'xy'(b c)"},
+                          {"3C 00 'a' 3C 00 'b' 90 'x' C0", "a(b'x')"}}) {
         CXmlDocument document;
-        EXPECT_NE(Thrown([&] { Load(kOctets, document, OctetsOf(kHeader + octets)); }), "nothing");
-        EXPECT_EQ(Dump(document.GetDocumentElement()), tree) << octets;
+        EXPECT_NE(Thrown([&] { Load(kOctets, document, OctetsOf(kHeader + row.octets)); }), "nothing");
+        EXPECT_EQ(Dump(document.GetDocumentElement()), row.tree) << row.octets;
     }
 }
 

@@ -75,6 +75,29 @@ TEST(Records, GoOnBehindABadOne) {
                                                "4: /list/to[5]"}));
 }
 
+TEST(Records, TellWhereAParentIsBad) {
+    std::string const list =
+        List(Parcel(To("a")) + "<parcel code='AB1' version='1.0'>" + To("b") +
+             "\n<filled>1</filled><filled>200</filled><days>7</days></parcel>" + Parcel(To("c")));
+    std::string found;
+    RecordReaderSettings settings;
+    settings.m_context.SetIgnoreMissingMandatoryElements(true);
+    settings.m_onEnd = [&](CXmlElement const& ended) {
+        if (ended.GetLocalName() == u"parcel")
+            found += Bx::Utf8(Bx::Read<CParcel>(ended, settings.m_context).Code) + " ";
+    };
+    Bx::Records<CAddress> records(Octets(list), u"list/parcel/to", settings);
+    for (bool goesOn = true; goesOn;) {
+        try {
+            for (CAddress const& address : records) found += Bx::Utf8(address.City) + " ";
+            goesOn = false;
+        } catch (CBxException const& failure) {
+            found += ToUtf8(failure.GetLocation().ToString()) + " ";
+        }
+    }
+    EXPECT_EQ(found, "a AB1 b 4: /list/parcel[2]/filled[2] c AB1 ");
+}
+
 TEST(Records, FailOnWhatTheContextWants) {
     std::string const list = List("<to kind='a' lost='1'><city>b</city></to>");
     RecordReaderSettings settings;

@@ -12,7 +12,7 @@ protected:
     GpxStat() {
         m_folder.Write("track.gpx", Content(BX_TRACK));
         PutDocument("none.gpx", "");
-        m_folder.Write("early.gpx", "<gpx><wpt/>");
+        m_folder.Write("early.gpx", "<gpx xmlns='http://www.topografix.com/GPX/1/1'><wpt/>");
     }
 
     void PutDocument(char const* name, std::string const& content) const {

@@ -52,15 +52,15 @@ TEST_F(Guide, WritingAndReading) {
 #include "users-guide/06.inc"
 
     // Reading
-#include "users-guide/07.inc"
-    ExpectRead(0);
 #include "users-guide/08.inc"
-    ExpectRead(20);
+    ExpectRead(0);
 #include "users-guide/09.inc"
     ExpectRead(20);
 #include "users-guide/10.inc"
     ExpectRead(20);
 #include "users-guide/11.inc"
+    ExpectRead(20);
+#include "users-guide/12.inc"
     ExpectRead(20);
     order.FromXmlFile(u"order.xml", context);
     EXPECT_EQ(order.m_items->GetCount(), 20);
@@ -69,27 +69,40 @@ TEST_F(Guide, WritingAndReading) {
 TEST_F(Guide, DocumentsWithoutAClass) {
     order.ToFastInfosetFile(u"order.finf", fi_None, context, cmp_None);
     wstring all;
-#include "users-guide/12.inc"
+#include "users-guide/13.inc"
     EXPECT_EQ(all, u"1newsnone");
     EXPECT_EQ(feed->Find(u"entry")->GetText(), u"no news");
 
-#include "users-guide/13.inc"
+#include "users-guide/14.inc"
     EXPECT_EQ(note.ToXml(false, false, eol_LF, context),
               u"<AA:note xmlns:AA=\"urn:notes\" urgent=\"yes\"><AA:b>noon</AA:b>by </AA:note>");
-#include "users-guide/14.inc"
+#include "users-guide/15.inc"
     EXPECT_EQ(CElement::Load("note.xml")->GetChildElements()->GetCount(), 1);
 
-#include "users-guide/15.inc"
+#include "users-guide/16.inc"
     ExpectRead(20);
 
     all.clear();
-#include "users-guide/16.inc"
+#include "users-guide/17.inc"
     EXPECT_EQ(all.size(), 100U);
+}
+
+TEST_F(Guide, RecordByRecord) {
+    wstring all;
+#include "users-guide/07.inc"
+#include "users-guide/18.inc"
+    EXPECT_EQ(all, u"boltsnuts");
+    EXPECT_EQ(version, u"2");
+}
+
+TEST_F(Guide, Encodings) {
+#include "users-guide/19.inc"
+    EXPECT_EQ(order.m_number, u"\u20AC 5");
 }
 
 namespace {
 
-#include "users-guide/17.inc"
+#include "users-guide/20.inc"
 
 }  // namespace
 
@@ -101,26 +114,26 @@ TEST_F(Guide, SmallDocuments) {
 }
 
 TEST_F(Guide, Settings) {
-#include "users-guide/18.inc"
+#include "users-guide/21.inc"
     EXPECT_GT(checked.GetLength(), 20U);
     order.ToXmlFile(u"order.xml", true, true, enc_UTF8, eol_LF, context, cmp_None);
-#include "users-guide/19.inc"
+#include "users-guide/22.inc"
     EXPECT_EQ(order.m_number, u"17");
     order.m_number = u"\x01";
     EXPECT_THROW(order.ToXml(false, false, eol_LF, careful), CBxInvalidValueException);
     EXPECT_THROW(order.FromXml("<order number='17'><item>", careful), CBxException);
     order.m_number = u"17";
 
-#include "users-guide/20.inc"
+#include "users-guide/23.inc"
     EXPECT_THROW(tolerant.SetIgnoreMissingMandatoryElements(true), CBxInvalidStateException);
 
-#include "users-guide/21.inc"
+#include "users-guide/24.inc"
     EXPECT_EQ(decorated.GetNamespaceAliases().GetNamespaceCount(), 1);
 }
 
 TEST_F(Guide, Errors) {
     std::ostringstream cerr;  // in the place of std::cerr
-#include "users-guide/22.inc"
+#include "users-guide/25.inc"
     EXPECT_EQ(cerr.str(),
               "not readable: missing.xml: Failed to open the file [missing.xml] Error [0x00000002]\n"
               "No such file or directory\n");

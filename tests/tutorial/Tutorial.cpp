@@ -189,4 +189,24 @@ TEST(Tutorial, OtherForms) {
     EXPECT_THROW(loan.Parse("<loan xmlns='urn:tutorial'><new/></loan>"), CBxValidationException);
 }
 
+TEST(Tutorial, LargeDocuments) {
+    BxTest::TemporaryFolder const folder;
+    auto const before = std::filesystem::current_path();
+    std::filesystem::current_path(folder.m_path);
+#include "tutorial/16.inc"
+#include "tutorial/17.inc"
+    EXPECT_EQ(pages, CBigInteger(25'005'000));
+    EXPECT_TRUE(around.Book.IsEmpty());
+    std::string text = Content("library.xml");
+    text.insert(text.find("<book"), "<book isbn=\"0\"/>");
+    folder.Write("library.xml", text);
+    testing::internal::CaptureStderr();
+#include "tutorial/18.inc"
+    EXPECT_TRUE(testing::internal::GetCapturedStderr().starts_with("library.xml:2: /library/book[1]: "));
+    CLibrary shorter;
+    shorter.Load("shorter.xml");
+    EXPECT_EQ(shorter.Book.Count(), 5'000);
+    std::filesystem::current_path(before);
+}
+
 }  // namespace

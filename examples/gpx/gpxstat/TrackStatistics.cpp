@@ -20,37 +20,6 @@ double Radians(CDecimal const& degrees) {
     return degrees.ToDouble() * std::numbers::pi / 180;
 }
 
-/// The metres along a great circle, by the haversine formula.
-double Distance(CWpt const& from, CWpt const& to) {
-    double const latitude1 = Radians(*from.Lat);
-    double const latitude2 = Radians(*to.Lat);
-    double const upward = std::sin((latitude2 - latitude1) / 2);
-    double const sideways = std::sin((Radians(*to.Lon) - Radians(*from.Lon)) / 2);
-    double const haversine =
-        upward * upward + std::cos(latitude1) * std::cos(latitude2) * sideways * sideways;
-    return 2 * kEarthRadius * std::asin(std::min(1.0, std::sqrt(haversine)));
-}
-
-void IncludePoint(TrackStatistics& statistics, CWpt const& point) {
-    ++statistics.m_points;
-    statistics.m_latitudes.Include(*point.Lat);
-    statistics.m_longitudes.Include(*point.Lon);
-    if (point.Time) statistics.m_seconds.Include(point.Time->GetTime());
-}
-
-void IncludeSegment(TrackStatistics& statistics, Gpx::CTrkseg const& segment) {
-    CWpt const* before = nullptr;
-    CWpt const* lower = nullptr;  // the last point with an elevation
-    for (CWpt const& point : segment.Trkpt) {
-        IncludePoint(statistics, point);
-        if (before != nullptr) statistics.m_metres += Distance(*before, point);
-        before = &point;
-        if (!point.Ele) continue;
-        if (lower != nullptr && *point.Ele > *lower->Ele) statistics.m_ascent += *point.Ele - *lower->Ele;
-        lower = &point;
-    }
-}
-
 template <class... Values>
 std::string Line(char const* format, Values... values) {
     std::array<char, 256> line;
@@ -76,10 +45,31 @@ std::string BoundsText(TrackStatistics const& statistics) {
 
 }  // namespace
 
-TrackStatistics Survey(Gpx::CTrk const& track) {
-    TrackStatistics statistics;
-    for (Gpx::CTrkseg const& segment : track.Trkseg) IncludeSegment(statistics, segment);
-    return statistics;
+/// The metres along a great circle, by the haversine formula.
+double Survey::Distance(Position const& from, Position const& to) {
+    double const upward = std::sin((to.m_latitude - from.m_latitude) / 2);
+    double const sideways = std::sin((to.m_longitude - from.m_longitude) / 2);
+    double const haversine =
+        upward * upward + std::cos(from.m_latitude) * std::cos(to.m_latitude) * sideways * sideways;
+    return 2 * kEarthRadius * std::asin(std::min(1.0, std::sqrt(haversine)));
+}
+
+void Survey::Include(CWpt const& point) {
+    ++m_statistics.m_points;
+    m_statistics.m_latitudes.Include(*point.Lat);
+    m_statistics.m_longitudes.Include(*point.Lon);
+    if (point.Time) m_statistics.m_seconds.Include(point.Time->GetTime());
+    Position const position{Radians(*point.Lat), Radians(*point.Lon)};
+    if (m_before) m_statistics.m_metres += Distance(*m_before, position);
+    m_before = position;
+    if (!point.Ele) return;
+    if (m_height && *point.Ele > *m_height) m_statistics.m_ascent += *point.Ele - *m_height;
+    m_height = *point.Ele;
+}
+
+void Survey::EndSegment() {
+    m_before.reset();
+    m_height.reset();
 }
 
 std::string Text(TrackStatistics const& statistics) {

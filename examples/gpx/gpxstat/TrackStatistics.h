@@ -26,6 +26,7 @@ private:
     std::optional<T> m_greatest;
 };
 
+/// What is to be told of a track.
 struct TrackStatistics {
     int m_points = 0;
     double m_metres = 0;            // on a sphere; the gaps between segments do not count
@@ -35,7 +36,27 @@ struct TrackStatistics {
     Range<BxXmlLib5::CDecimal> m_longitudes;
 };
 
-TrackStatistics Survey(Gpx::CTrk const& track);
+/// Makes the statistics of a track, point by point.
+class Survey {
+public:
+    void Include(Gpx::CWpt const& point);
+    void EndSegment();
+
+    TrackStatistics const& Result() const { return m_statistics; }
+
+private:
+    /// In radians.
+    struct Position {
+        double m_latitude;
+        double m_longitude;
+    };
+
+    static double Distance(Position const& from, Position const& to);
+
+    TrackStatistics m_statistics;
+    std::optional<Position> m_before;
+    std::optional<BxXmlLib5::CDecimal> m_height;  // of the last point with an elevation
+};
 
 /// The lines that gpxstat prints, indented.
 std::string Text(TrackStatistics const& statistics);

@@ -4,12 +4,14 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
+#include <limits>
 #include <new>
 #include <optional>
 #include <span>
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "Gpx.h"
@@ -28,10 +30,10 @@ constexpr char kHelp[] =
     "\n"
     "Reads GPX 1.1 and prints for each track how many points it has, its length, how\n"
     "long it took, its ascent, and the area that it lies in. A FILE may be XML text or\n"
-    "Fast Infoset, and compressed by gzip or zlib.\n"
+    "Fast Infoset, and compressed by gzip or zlib. Tracks may be of any size.\n"
     "\n"
     "  --write OUT   write what was read to this file, as XML text in UTF-8; for a\n"
-    "                single FILE\n"
+    "                single FILE, which is held in memory\n"
     "  --help        print this text\n"
     "\n"
     "The length is that of the great circles between the points of a segment. The\n"
@@ -103,23 +105,69 @@ bool Try(std::string const& file, Step step) {
     return false;
 }
 
-void Print(Gpx::CGpx const& gpx, std::string const& file) {
-    if (gpx.Trk.IsEmpty()) std::printf("%s: no tracks\n", OneLine(file).c_str());
-    int number = 0;
-    for (Gpx::CTrk const& track : gpx.Trk) {
-        std::string heading = file + ": track " + std::to_string(++number);
+/// What is printed of the tracks of a file, which come one after another.
+class TrackReport {
+public:
+    explicit TrackReport(std::string file) : m_file(std::move(file)) {}
+
+    void Include(Gpx::CWpt const& point) { m_survey.Include(point); }
+    void EndSegment() { m_survey.EndSegment(); }
+    void EndTrack(Gpx::CTrk const& track) {
+        std::string heading = m_file + ": track " + std::to_string(++m_tracks);
         if (track.Name) heading += ": " + Gpx::Bx::Utf8(track.Name);
-        std::printf("%s\n%s", OneLine(heading).c_str(), Text(Survey(track)).c_str());
+        m_text += OneLine(heading) + "\n" + Text(m_survey.Result());
+        m_survey = {};
     }
+
+    void Print() const {
+        std::string const text = m_tracks > 0 ? m_text : OneLine(m_file) + ": no tracks\n";
+        std::fputs(text.c_str(), stdout);
+    }
+
+private:
+    std::string m_file;
+    int m_tracks = 0;
+    std::string m_text;
+    Survey m_survey;
+};
+
+/// Reads the points one by one, so that a file may be larger than the memory.
+void SurveyFile(std::string const& file) {
+    TrackReport report(file);
+    Gpx::Bx::RecordReaderSettings settings;
+    settings.m_maxSurroundings =
+        std::numeric_limits<std::size_t>::max();  // there may be waypoints and routes
+    settings.m_onEnd = [&](CXmlElement const& ended) {
+        if (ended.GetLocalName() == u"trkseg") report.EndSegment();
+        if (ended.GetLocalName() == u"trk") report.EndTrack(Gpx::Bx::Read<Gpx::CTrk>(ended));
+    };
+    wstring const ns = wstring(u"{") + Gpx::kNamespace + u"}";
+    wstring const path = ns + u"gpx/" + ns + u"trk/" + ns + u"trkseg/" + ns + u"trkpt";
+    Gpx::Bx::Records<Gpx::CWpt> points(file, path.c_str(), settings);
+    for (Gpx::CWpt const& point : points) report.Include(point);
+    points.Surroundings<Gpx::CGpx>();  // which tests the rest
+    report.Print();
+}
+
+/// Reads all of a file, to write it again.
+void SurveyWhole(Gpx::CGpx& gpx, std::string const& file) {
+    gpx.Load(file);
+    TrackReport report(file);
+    for (Gpx::CTrk const& track : gpx.Trk) {
+        for (Gpx::CTrkseg const& segment : track.Trkseg) {
+            for (Gpx::CWpt const& point : segment.Trkpt) report.Include(point);
+            report.EndSegment();
+        }
+        report.EndTrack(track);
+    }
+    report.Print();
 }
 
 bool Run(std::string const& file, std::optional<std::string> const& output) {
+    if (!output) return Try(file, [&] { SurveyFile(file); });
     Gpx::CGpx gpx;
-    bool const isRead = Try(file, [&] {
-        gpx.Load(file);
-        Print(gpx, file);
-    });
-    return isRead && (!output || Try(*output, [&] { gpx.Save(*output, Gpx::Bx::Layout::Indented); }));
+    return Try(file, [&] { SurveyWhole(gpx, file); }) &&
+           Try(*output, [&] { gpx.Save(*output, Gpx::Bx::Layout::Indented); });
 }
 
 ExitStatus Run(Options const& options) {

@@ -11,11 +11,11 @@
 
 #include "BxXmlLib5/binding/CXmlSerializationContext.h"
 #include "BxXmlLib5/core/CBxLocation.h"
+#include "BxXmlLib5/document/CXmlElement.h"
 #include "BxXmlLib5/platform/Export.h"
 
 namespace BxXmlLib5 {
 
-class CXmlElement;
 class CXmlObjectBase;
 
 /// How a CRecordReader reads. Sizes are those of the tree that is made: some 100 octets for an element, 50 for an
@@ -40,7 +40,7 @@ struct RecordReaderSettings {
     std::uint64_t m_maxInflatedSize = std::numeric_limits<std::uint64_t>::max();
 
     /// Called by Read() when it comes to the end of an element that leads to records, with that, as GetSurroundings()
-    /// has it. What it throws passes through, and reading can go on.
+    /// has it; it must not read on. What it throws passes through, a CBxException with the place in the document, and reading can go on.
     std::function<void(CXmlElement const&)> m_onEnd;
 };
 
@@ -99,10 +99,15 @@ public:
     /// the object has what was stored so far.
     /// @return false if there is none, and then the document was whole; the object is as it was
     /// @throws CBxValidationException if the record does not fit the object
-    /// @throws CBxException if the record is too large, and for what is wrong with the document
+    /// @throws CBxException if the record is too large; and, never as the class derived from it, for what is wrong with
+    ///         the document
     bool Read(CXmlObjectBase& object);
 
-    /// Where the record stands that was read last, for failures that the application finds; not known if none was.
+    /// Whether the document is refused, so that each Read() throws the same.
+    bool HasFailed() const;
+
+    /// Where the record stands that was read last, or within m_onEnd the element that ended, for failures that the
+    /// application finds; not known ahead of the first record and at the end.
     CBxLocation GetLocation() const;
 
     /// What stands around the records, as far as it was read: behind the record that was read last, and at the end
@@ -121,8 +126,7 @@ public:
 private:
     class Document;
 
-    static void ReadTree(CXmlObjectBase& object, CXmlElement& element,
-                         CXmlSerializationContext const& context);
+    void ReadTree(CXmlObjectBase& object, CXmlElement& element, CXmlSerializationContext const& context);
 
     std::unique_ptr<Document> m_document;
 };

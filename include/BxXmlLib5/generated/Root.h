@@ -119,4 +119,14 @@ T Read(CElement const& element,
     return object;
 }
 
+/// The same of an element of a tree.
+template <class T>
+T Read(CXmlElement const& element,
+       CXmlSerializationContext const& context = CXmlSerializationContext::GetDefaultContext()) {
+    T object;
+    CXmlSerializationContext own(context);
+    object.FromXmlElement(&element, own);
+    return object;
+}
+
 }  // namespace BxXmlLib5::Generated
