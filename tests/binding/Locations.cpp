@@ -140,6 +140,9 @@ TEST(Locations, AreThoseOfWhatCannotBeWritten) {
     TestObject attribute(Class("@k:short"));
     bad(attribute, u"k");
     EXPECT_EQ(pathOf(attribute), "/r/@k");
+    TestObject derived(Class("=T a:short"));  // its xsi:type is written by then
+    bad(derived, u"a");
+    EXPECT_EQ(pathOf(derived), "/r/a");
     TestObject enumeration(Class("@k:enum"));
     enumeration[u"k"].SetI4(7);
     EXPECT_EQ(pathOf(enumeration), "/r/@k");

@@ -174,14 +174,17 @@ TEST(Convert, RefusesBadDocuments) {
         std::string m_input;
         std::string m_message;
     };
-    std::string const unwritable = "a name or a text has characters that XML text cannot have";
+    std::string const unwritable = "a name or a text has characters that XML text cannot have, before octet ";
     Row const rows[] = {
         {"", "", "Invalid or empty XML document"},
-        {"", "\xE0\0\0\1\0\xE2\1--\x3C\0a\xFF"s, unwritable},
-        {"", "\xE0\0\0\1\0\x3C\0a\x90\1\xFF"s, unwritable},
-        {"", "\xE0\0\0\1\0\x3C\0r\x3C\4b/><c\xFF"s, unwritable},
-        {"", "\xE0\0\0\1\0\x3C\1a \xFF"s, unwritable},
-        {"", "\xE0\0\0\1\0\x7C\0a\x78\5k='' l\xFF\xF0\xFF"s, unwritable},
+        {"", "\xE0\0\0\1\0\xE2\1--\x3C\0a\xFF"s, unwritable + "9"},
+        {"", "\xE0\0\0\1\0\x3C\0a\x90\1\xFF"s, unwritable + "10"},
+        {"", "\xE0\0\0\1\0\x3C\0r\x3C\4b/><c\xFF"s, unwritable + "15"},
+        {"", "\xE0\0\0\1\0\x3C\1a \xFF"s, unwritable + "9"},
+        {"", "\xE0\0\0\1\0\x7C\0a\x78\5k='' l\xFF\xF0\xFF"s, unwritable + "18"},
+        {"", "\xE0\0\0\1\0\x3C\0a\x95\xD8\0\xF0\xFF"s, unwritable + "11"},
+        {"--to finf", "\xE0\0\0\1\0\x3C\0a\x95\xD8\0\xF0\xFF"s,
+         "A text with half of a surrogate pair has no UTF-8 form, before octet 12"},
         {"--strict --to finf", "<a><!--c--></a><?p?>",
          "Fast Infoset does not keep 1 comment, 1 processing instruction"},
         {"--max-size 16", "<a>          </a>", "The document has more than 16 octets, which is the limit"},

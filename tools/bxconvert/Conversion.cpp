@@ -41,6 +41,11 @@ std::unique_ptr<Emitter> MakeEmitter(Sink& sink, Options const& options) {
     return std::make_unique<TextEmitter>(sink, options);
 }
 
+/// For Fast Infoset, which has no lines.
+[[noreturn]] void ThrowBeforeOctet(std::string const& failure, DocumentPlace const& place) {
+    throw std::runtime_error(failure + ", before octet " + std::to_string(place.m_octet));
+}
+
 Losses Convert(Options const& options, COctetSource& source, Emitter& emitter) {
     CNameTable names;
     LayoutFilter layout(emitter, options.m_layout == Layout::kFormatted && options.m_form == Form::kXml);
@@ -52,7 +57,14 @@ Losses Convert(Options const& options, COctetSource& source, Emitter& emitter) {
     };
     CDocumentStream stream(source, receiverOf, names, SettingsOf(options));
     emitter.Begin(stream.IsFastInfoset());
-    stream.Read();
+    try {
+        stream.Read();
+    } catch (UnwritableText const& failure) {
+        ThrowBeforeOctet(failure.what(), stream.Place());
+    } catch (CBxInvalidValueException const& failure) {
+        if (!stream.IsFastInfoset()) throw;
+        ThrowBeforeOctet(ToUtf8(failure.GetMessage()), stream.Place());
+    }
     emitter.Finish();
     return emitter.Lost();
 }

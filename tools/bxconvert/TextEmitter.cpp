@@ -12,7 +12,7 @@ using namespace BxXmlLib5;
 namespace {
 
 [[noreturn]] void ThrowUnwritable() {
-    throw std::runtime_error("a name or a text has characters that XML text cannot have");
+    throw UnwritableText("a name or a text has characters that XML text cannot have");
 }
 
 }  // namespace

@@ -7,9 +7,13 @@
 
 namespace BxConvert {
 
-/// Writes what it is told as XML text.
-///
-/// Throws std::runtime_error for what XML text cannot have, which only Fast Infoset can bring.
+/// What XML text cannot have, which only Fast Infoset can bring.
+class UnwritableText : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+/// Writes what it is told as XML text. Throws UnwritableText.
 class TextEmitter : public Emitter {
 public:
     TextEmitter(Sink& sink, Options const& options);
