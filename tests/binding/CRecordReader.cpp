@@ -321,6 +321,15 @@ TEST(CRecordReader, KnowsAPrefixByItsScope) {
     while (deeper.Read(inner)) {
     }
     EXPECT_EQ(inner.m_found, "1  2 ");
+    // What a record declares that is passed over counts for no other.
+    CAsking small;
+    RecordReaderSettings settings;
+    settings.m_maxRecord = 1000;
+    std::string const octets = "<a><r>" + std::string(1000, 'x') + "<c xmlns:p='1'/></r><r/></a>";
+    CRecordReader large(Octets(octets), u"a/r", settings);
+    EXPECT_THROW(large.Read(small), CBxException);
+    EXPECT_TRUE(large.Read(small));
+    EXPECT_EQ(small.m_found, " ");
 }
 
 TEST(CRecordReader, RefusesWhatIsWrongWithTheDocument) {
