@@ -74,7 +74,7 @@ public:
         return m_last;
     }
 
-    bool HasFailed() const { return m_failure != nullptr && !m_cutter.HasItems(); }
+    bool HasFailed() const { return m_hasFailed; }
 
     /// Calls a function that reads an item, and gives the failure of it its place in the document.
     template <class Read>
@@ -122,7 +122,10 @@ private:
     /// @return false at the end
     bool Advance() {
         if (m_isAtEnd) return false;
-        if (m_failure) std::rethrow_exception(m_failure);
+        if (m_failure) {
+            m_hasFailed = true;
+            std::rethrow_exception(m_failure);
+        }
         m_cutter.DropItems();
         try {
             ReadOn();
@@ -151,7 +154,8 @@ private:
     CDocumentStream m_stream;
     bool m_hasStarted = false;
     bool m_isAtEnd = false;
-    std::exception_ptr m_failure;
+    std::exception_ptr m_failure;  // behind the items
+    bool m_hasFailed = false;      // it was thrown
     std::type_info const* m_lastType = nullptr;
     bool m_isUntyped = false;  // objects of that type
     CRecordCutter::Item const* m_last = nullptr;
