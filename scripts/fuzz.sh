@@ -3,7 +3,7 @@
 # processors, each for a minute if not told otherwise.
 source "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 
-targets=(xml fastinfoset gpx values pattern tree schema events)
+targets=(xml fastinfoset gpx values pattern tree schema events records)
 target=${1:?Usage: scripts/fuzz.sh all|$(IFS='|' && echo "${targets[*]}") [SECONDS]}
 seconds=${2:-60}
 [[ $target == all ]] || targets=("$target")
@@ -14,7 +14,7 @@ build fuzz "${targets[@]/#/fuzz_}"
 # fuzz TARGET
 fuzz() {
     local corpus=build/fuzz/corpus/$1 seeds=("fuzz/seeds/$1")
-    [[ $1 != events ]] || seeds+=(fuzz/seeds/xml fuzz/seeds/fastinfoset fuzz/seeds/gpx)
+    [[ $1 != events && $1 != records ]] || seeds+=(fuzz/seeds/xml fuzz/seeds/fastinfoset fuzz/seeds/gpx)
     mkdir -p "$corpus"
     echo "Fuzzing $1 for $seconds seconds ..."
     quietly "build/fuzz/fuzz/fuzz_$1" -max_total_time="$seconds" -max_len=4096 -timeout=30 \

@@ -22,7 +22,9 @@ namespace {
 
 class CFunctionSource : public COctetSource {
 public:
-    explicit CFunctionSource(CRecordReader::Source read) : m_read(std::move(read)) {}
+    explicit CFunctionSource(CRecordReader::Source read) : m_read(std::move(read)) {
+        if (!m_read) throw CBxInvalidParamException(u"There is no source");
+    }
 
     std::size_t Read(std::span<unsigned char> room) override {
         std::size_t const count = m_read(room);
@@ -74,7 +76,7 @@ public:
         return m_last;
     }
 
-    bool HasFailed() const { return m_hasFailed; }
+    bool HasFailed() const { return m_isFailureTold; }
 
     /// Calls a function that reads an item, and gives the failure of it its place in the document.
     template <class Read>
@@ -123,7 +125,7 @@ private:
     bool Advance() {
         if (m_isAtEnd) return false;
         if (m_failure) {
-            m_hasFailed = true;
+            m_isFailureTold = true;
             std::rethrow_exception(m_failure);
         }
         m_cutter.DropItems();
@@ -154,8 +156,8 @@ private:
     CDocumentStream m_stream;
     bool m_hasStarted = false;
     bool m_isAtEnd = false;
-    std::exception_ptr m_failure;  // behind the items
-    bool m_hasFailed = false;      // it was thrown
+    std::exception_ptr m_failure;
+    bool m_isFailureTold = false;
     std::type_info const* m_lastType = nullptr;
     bool m_isUntyped = false;  // objects of that type
     CRecordCutter::Item const* m_last = nullptr;

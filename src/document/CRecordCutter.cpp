@@ -105,17 +105,18 @@ void CRecordCutter::StartLevel(DocumentElement const& element, std::size_t posit
         m_areAliasesSet = false;
     }
     m_newDeclarations.clear();
-    m_surroundings.StartStep(element, position, HasItems());
+    m_surroundings.StartStep(element, position, m_settings.m_tellsEnds && HasItems());
 }
 
 void CRecordCutter::StartRecord(DocumentElement const& element, std::size_t position) {
     if (!m_hasBegun) m_stream->Pause();
     m_hasBegun = true;
     m_recordDepth = 1;
-    m_isPassedOver = false;
     m_surroundings.PassRecord();
     if (m_isQueued) m_octets = 0;
     m_hasOwnScope = !m_newDeclarations.empty();
+    m_isPassedOver = m_octets > m_settings.m_maxRecord;  // with one that was ahead of it in an entity
+    if (m_isPassedOver) return m_newDeclarations.clear();
     Item& item = NewItem(element.m_line);
     item.m_steps.emplace_back(&element.m_name.m_localName, position);
     if (!m_areAliasesSet || !m_newDeclarations.empty()) SetAliases();

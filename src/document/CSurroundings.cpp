@@ -9,6 +9,12 @@
 
 namespace BxXmlLib5 {
 
+namespace {
+
+constexpr std::size_t kLevelOctets = 3 * 1024;  // with its first nodes, which matters where there are many
+
+}  // namespace
+
 CSurroundings::CSurroundings(CNameTable& names, SurroundingsSettings const& settings)
     : m_settings(settings), m_names(names), m_document(names, settings.m_schemaType) {}
 
@@ -34,6 +40,10 @@ void CSurroundings::DropEnded(bool keeps) {
     if (first == m_levels.end() || (*first)->m_builder.Root() == nullptr) return;
     if (m_openLevels > 0) Open().m_builder.Detach(*(*first)->m_builder.Root(), (*first)->m_before);
     if (keeps) {
+        std::for_each(first, m_levels.end(), [this](auto const& level) {
+            level->m_octets += kLevelOctets;
+            m_octets += kLevelOctets;
+        });
         std::move(first, m_levels.end(), std::back_inserter(m_former));
         m_levels.erase(first, m_levels.end());
         return;

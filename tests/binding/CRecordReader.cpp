@@ -471,6 +471,41 @@ TEST(CRecordReader, TakesWhatEntitiesStandFor) {
     EXPECT_EQ(ends, Lines({"b", "b@n=1", "b@n=2", "b@n=3", "b@n=1", "b@n=2", "b@n=3", "a(b@n=3)"}));
 }
 
+TEST(CRecordReader, TakesBoundedMemoryForAnEntity) {
+    auto const document = [](std::string const& entity) {
+        return "<!DOCTYPE a [<!ENTITY e '" + entity + "'>]><a><b><r/></b>&e;<b><r>z</r></b></a>";
+    };
+    RecordReaderSettings settings;
+    settings.m_maxRecord = 1000;
+    // One failure for all that goes beyond the limit, and the positions go on.
+    Lines const found = All(document("<b>" + Repeat("<r/>", 1000) + "</b>"), u"a/b/r", settings);
+    ASSERT_GT(found.size(), 4U);
+    EXPECT_LT(found.size(), 20U);
+    EXPECT_NE(found[found.size() - 3].find("(m_maxRecord)"), std::string::npos);
+    EXPECT_EQ(found[found.size() - 2], "1: /a/b[3]/r[1] <r>z</r>");
+    // Parents that are told later take more than their nodes; others are not kept.
+    settings.m_maxSurroundings = 100'000;
+    std::string const parents = document(Repeat("<b/>", 100));
+    EXPECT_EQ(All(parents, u"a/b/r", settings).size(), 3U);
+    settings.m_onEnd = [](CXmlElement const&) {};
+    EXPECT_NE(All(parents, u"a/b/r", settings)[1].find("(m_maxSurroundings;"), std::string::npos);
+}
+
+TEST(CRecordReader, TellsWhatIsWrongWithARecordAheadOfTheDocument) {
+    struct CRefusing : CAsking {
+        CXmlElement* FromXml_Int(CXmlElement*, CXmlElement*, CXmlSerializationContext const&, bool) override {
+            throw CBxValidationException(u"refused");
+        }
+    } refusing;
+    CRecordReader reader(Octets("<!DOCTYPE a [<!ENTITY e '<r/><r/><x>'>]><a>&e;"), u"a/r");
+    for (int i = 0; i < 2; ++i) {
+        EXPECT_THROW(reader.Read(refusing), CBxValidationException);
+        EXPECT_FALSE(reader.HasFailed());
+    }
+    EXPECT_THROW(reader.Read(refusing), CBxException);
+    EXPECT_TRUE(reader.HasFailed());
+}
+
 TEST(CRecordReader, PassesOnWhatTheCallerThrows) {
     // The beginning comes first, which is more than the reader asks for before it reads a record.
     std::string const beginning = "<a><b><r/></b>" + std::string(5000, ' ');
@@ -497,6 +532,8 @@ TEST(CRecordReader, PassesOnWhatTheCallerThrows) {
     EXPECT_THROW(moved.Read(record), std::runtime_error);
     EXPECT_EQ(calls, 3);
     EXPECT_THROW(CRecordReader(source, u"a/b/r"), std::runtime_error);
+    EXPECT_BX_THROW(CRecordReader(CRecordReader::Source(), u"a"), CBxInvalidParamException,
+                    "There is no source");
     EXPECT_BX_THROW(CRecordReader([](auto room) { return room.size() + 1; }, u"a"), CBxInvalidStateException,
                     "The source gave more octets than there was room for");
 }

@@ -66,8 +66,8 @@ struct RecordReaderSettings {
 /// have the place in the document (CBxException::GetLocation), whose path gives the position of each element on the
 /// way to the record, as in `/gpx/trk[1]/trkseg[2]/trkpt[17]/ele`.
 ///
-/// What an entity stands for comes at once: its records count as one for the limit, and the surroundings are those at
-/// its end. A reader belongs to one thread at a time; after a move the old one must not be used.
+/// What an entity stands for comes at once: its records count as one for the limit, and those behind it are passed over
+/// with the one that reaches it; the surroundings are those at its end. A reader belongs to one thread at a time; after a move the old one must not be used.
 class BXXMLLIB5_API CRecordReader {
 public:
     /// Gives the octets of the document: fills the beginning of the room, which is not empty, and returns how many octets
@@ -87,6 +87,7 @@ public:
     CRecordReader(std::span<unsigned char const> octets, char16_t const* records,
                   RecordReaderSettings const& settings = {});
     /// Reads what a function gives.
+    /// @throws CBxInvalidParamException if there is no function
     CRecordReader(Source source, char16_t const* records, RecordReaderSettings const& settings = {});
     /// @{
     /// A document has one reader.
@@ -104,7 +105,8 @@ public:
     ///         the document
     bool Read(CXmlObjectBase& object);
 
-    /// Whether the document is refused, so that each Read() throws the same.
+    /// Whether the document is refused, which was thrown, so that each Read() throws the same. What a record gives cause
+    /// for is told ahead of that.
     bool HasFailed() const;
 
     /// Where the record stands that was read last, or within m_onEnd the element that ended, for failures that the

@@ -20,11 +20,10 @@ public:
         : m_text(other.m_text ? std::make_unique<wstring const>(*other.m_text) : nullptr) {}
     /// Leaves the other object without a text.
     KeptText(KeptText&&) noexcept = default;
-    /// Takes the text of the argument, or none.
-    KeptText& operator=(KeptText other) noexcept {
-        m_text.swap(other.m_text);
-        return *this;
-    }
+    /// Takes a copy of the text, or none.
+    KeptText& operator=(KeptText const& other) { return *this = KeptText(other); }
+    /// Leaves the other object without a text.
+    KeptText& operator=(KeptText&&) noexcept = default;
     ~KeptText() = default;
 
     /// Whether there is a text.

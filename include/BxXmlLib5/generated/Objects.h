@@ -27,11 +27,10 @@ public:
     ObjectHolder(ObjectHolder const& other);
     /// Leaves the other property without an object.
     ObjectHolder(ObjectHolder&& other) noexcept = default;
-    /// Takes the object of the argument, or none.
-    ObjectHolder& operator=(ObjectHolder other) noexcept {
-        std::swap(m_object, other.m_object);
-        return *this;
-    }
+    /// Takes a copy of the object, or none.
+    ObjectHolder& operator=(ObjectHolder const& other) { return *this = ObjectHolder(other); }
+    /// Leaves the other property without an object.
+    ObjectHolder& operator=(ObjectHolder&& other) noexcept = default;
     /// Gives up its reference.
     ~ObjectHolder();
 
@@ -59,11 +58,10 @@ public:
     ObjectsHolder(ObjectsHolder const& other);
     /// Leaves the other property empty.
     ObjectsHolder(ObjectsHolder&& other) noexcept = default;
-    /// Takes the objects of the argument.
-    ObjectsHolder& operator=(ObjectsHolder other) noexcept {
-        m_objects.swap(other.m_objects);
-        return *this;
-    }
+    /// Takes a copy of each object.
+    ObjectsHolder& operator=(ObjectsHolder const& other) { return *this = ObjectsHolder(other); }
+    /// Leaves the other property empty.
+    ObjectsHolder& operator=(ObjectsHolder&& other) noexcept = default;
     /// Gives up all references.
     ~ObjectsHolder();
 
@@ -319,11 +317,10 @@ public:
     AnyAttributes(AnyAttributes const& other);
     /// Leaves the other property empty.
     AnyAttributes(AnyAttributes&& other) noexcept = default;
-    /// Takes the attributes of the argument.
-    AnyAttributes& operator=(AnyAttributes other) noexcept {
-        std::swap(m_attributes, other.m_attributes);
-        return *this;
-    }
+    /// Takes a copy of each attribute.
+    AnyAttributes& operator=(AnyAttributes const& other) { return *this = AnyAttributes(other); }
+    /// Leaves the other property empty.
+    AnyAttributes& operator=(AnyAttributes&& other) noexcept = default;
     /// Gives up its reference on the collection.
     ~AnyAttributes() = default;
 

@@ -77,10 +77,8 @@ public:
     RoomOutside(RoomOutside const& other)
         : m_value(other.m_value ? std::make_unique<V>(*other.m_value) : nullptr) {}
     RoomOutside(RoomOutside&&) noexcept = default;
-    RoomOutside& operator=(RoomOutside other) noexcept {
-        m_value.swap(other.m_value);
-        return *this;
-    }
+    RoomOutside& operator=(RoomOutside const& other) { return *this = RoomOutside(other); }
+    RoomOutside& operator=(RoomOutside&&) noexcept = default;
     ~RoomOutside() = default;
 
     bool Has() const { return m_value != nullptr; }
@@ -338,11 +336,10 @@ public:
         : m_content(other.m_content ? std::make_unique<Content>(*other.m_content) : nullptr) {}
     /// Leaves the other property empty.
     Values(Values&&) noexcept = default;
-    /// Takes the values of the argument.
-    Values& operator=(Values other) noexcept {
-        m_content.swap(other.m_content);
-        return *this;
-    }
+    /// Takes a copy of all values.
+    Values& operator=(Values const& other) { return *this = Values(other); }
+    /// Leaves the other property empty.
+    Values& operator=(Values&&) noexcept = default;
     /// Frees the values.
     ~Values() = default;
 
