@@ -443,6 +443,16 @@ TEST(CRecordReader, KeepsToItsLimits) {
         EXPECT_EQ(All(cut + "</n></a>", u"a/b/r", settings), Lines({"1: /a/b[1]/r[1] " + small, "end"}));
         settings.m_keepsSurroundings = true;
     }
+    // Just what is allowed, and an octet less than that.
+    std::string const ten = "<a><n>0123456789</n><r>0123456789</r></a>";
+    for (std::size_t const less : {0U, 1U}) {
+        RecordReaderSettings exact;
+        exact.m_maxRecord = sizeof(CXmlElement) + 20 - less;
+        EXPECT_EQ(All(ten, u"a/r", exact)[0].find("m_maxRecord") == std::string::npos, less == 0);
+        exact.m_maxRecord = 1000;
+        exact.m_maxSurroundings = 2 * sizeof(CXmlElement) + 20 - less;
+        EXPECT_EQ(All(ten, u"a/r", exact)[0].find("m_maxSurroundings") == std::string::npos, less == 0);
+    }
     // What has ended counts no more.
     std::string const parent = "<b><n>" + std::string(500, 'x') + "</n>" + small + "</b>";
     EXPECT_EQ(All("<a>" + Repeat(parent, 9) + "</a>", u"a/b/r", settings).size(), 10U);

@@ -40,6 +40,7 @@ TEST(CWellFormedWriter, HandsOnWhatIsWellFormed) {
         {"+p=N *M <M|a @N|k=v @|k=v #p:l='&lt;' <N|b > > .",
          "<a xmlns=\"M\" xmlns:p=\"N\" p:k=\"v\" k=\"v\" p:l='&lt;'><p:b/></a>"},
         {"+p=M +=M +p=N <N|a ^N|T >", "<p:a xmlns:p=\"N\" xmlns:AA=\"XSI\" AA:type=\"p:T\"/>"},
+        {"<|a @|k=1 <|b @|l=2 @|k=3 > <|b @|k=4 > >", "<a k=\"1\"><b l=\"2\" k=\"3\"/><b k=\"4\"/></a>"},
         {"+q=XMLNS *XMLNS <|a @XMLNS|lang=v >", "<a xml:lang=\"v\"/>"},
         {"+p=N +q=N +p=M <N|\u00E9\u4E00-.9_ > .", "<q:\u00E9\u4E00-.9_ xmlns:p=\"M\" xmlns:q=\"N\"/>"},
     };
