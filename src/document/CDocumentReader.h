@@ -60,6 +60,14 @@ public:
     /// of the input may still come first: the rest of a text, the end of an empty element, all that an entity stands
     /// for.
     virtual void Pause() = 0;
+    /// The same where an element ends, unless the next thing, but for white space, is the tag of another element that
+    /// is like it: in the same parent, of the same name as the document has it, without declarations of namespaces. Then
+    /// Read() returns at the end of the present slice of the input, or when it is asked to pause again.
+    /// @return whether it is
+    virtual bool PauseUnlessRepeated() {
+        Pause();
+        return false;
+    }
     virtual DocumentPlace Place() const = 0;
 
     /// Before reading. The octets are the business of who has them.

@@ -70,6 +70,8 @@ public:
     /// of the input may still come first: the rest of a text, the end of an empty element, all that an entity stands
     /// for.
     void Pause() { m_reader->Pause(); }
+    /// As CDocumentReader has it.
+    bool PauseUnlessRepeated() { return m_reader->PauseUnlessRepeated(); }
 
     /// Of what the receiver is told, or was told last.
     DocumentPlace Place() const { return m_reader->Place(); }

@@ -85,6 +85,31 @@ wstring MessageOf(XML_Error error, std::size_t line) {
     throw failure;
 }
 
+/// Whether an end tag has, behind white space at most, a start tag of its name that declares no namespace.
+bool RepeatsTag(std::string_view input) {
+    constexpr std::string_view kSpace = " \t\r\n", kBehindName = " \t\r\n/>";
+    std::size_t const end = input.find('>');
+    if (!input.starts_with("</") || end == input.npos) return false;
+    std::string_view const name = input.substr(2, input.find_last_not_of(kSpace, end - 1) - 1);
+    std::size_t const start = input.find_first_not_of(kSpace, end + 1);
+    if (start == input.npos || input[start] != '<' || !input.substr(start + 1).starts_with(name))
+        return false;
+    input.remove_prefix(start + 1 + name.size());
+    if (input.empty() || kBehindName.find(input[0]) == kBehindName.npos) return false;
+    char quote = '\0';
+    for (std::size_t i = 0; i < input.size(); ++i) {
+        char const c = input[i];
+        if (quote != '\0') {
+            if (c == quote) quote = '\0';
+        } else if (c == '"' || c == '\'') {
+            quote = c;
+        } else if (c == '>') {
+            return input.substr(0, i).find("xmlns") == input.npos;
+        }
+    }
+    return false;
+}
+
 /// The octets of an XML declaration, if there is one, and at most as many as a reader looks ahead.
 std::span<unsigned char const> DeclarationOf(std::span<unsigned char const> beginning) {
     auto const some = beginning.first(std::min(beginning.size(), CPeekedSource::kSize));
@@ -340,12 +365,19 @@ void CExpatReader::Start(CPeekedSource& source) {
 }
 
 bool CExpatReader::Read() {
-    m_isPauseAsked = false;
+    m_isPauseAsked = m_isPausedBehindSlice = false;
     if (std::exchange(m_isPaused, false)) CheckParsed(XML_ResumeParser(m_parser.get()) != XML_STATUS_ERROR);
-    while (!m_isPaused && !m_isAtEnd) {
+    while (!m_isPaused && !m_isPausedBehindSlice && !m_isAtEnd) {
         if (!ParseSlice(*m_source)) FinishStream();
     }
-    return m_isPaused;
+    return m_isPaused || m_isPausedBehindSlice;
+}
+
+/// A document type may have entities, of which there is no telling what they bring.
+bool CExpatReader::PauseUnlessRepeated() {
+    bool const isRepeated = !m_hasDocumentType && RepeatsTag(InputFromHere());
+    (isRepeated ? m_isPausedBehindSlice : m_isPauseAsked) = true;
+    return isRepeated;
 }
 
 /// By the final call, whose failure can only mean that the input breaks off.
@@ -360,10 +392,7 @@ void CExpatReader::FinishStream() {
 
 /// Expat, up to 2.6, forgets the rest of an entity that refers to the one in which it is stopped.
 void CExpatReader::PauseOutsideEntity() {
-    int offset = 0, size = 0;
-    char const* const context = XML_GetInputContext(m_parser.get(), &offset, &size);
-    bool const isReference =
-        XML_GetCurrentByteCount(m_parser.get()) > 0 && context != nullptr && context[offset] == '&';
+    bool const isReference = XML_GetCurrentByteCount(m_parser.get()) > 0 && InputFromHere().starts_with('&');
     if (m_isPaused || isReference) return;
     m_isPaused = true;
     XML_StopParser(m_parser.get(), XML_TRUE);
@@ -483,15 +512,21 @@ CExpatReader::ExpandedName CExpatReader::SplitLocalName(wstring const& namespace
     return {m_memory.m_names.Intern(namespaceUri, local.substr(0, separator)), local.substr(separator + 1)};
 }
 
+/// From the beginning of the event that Expat tells, as far as Expat has it; nothing if it does not say.
+std::string_view CExpatReader::InputFromHere() const {
+    int offset = 0, size = 0;
+    char const* const context = XML_GetInputContext(m_parser.get(), &offset, &size);
+    if (context == nullptr) return {};
+    return {context + offset, static_cast<std::size_t>(size - offset)};
+}
+
 CExpatReader::ExpandedName CExpatReader::ElementName(char16_t const* expanded) {
     // Expat tells neither the tag of an element that an entity stands for nor, without the expanded name, a
     // prefix.
     if (m_hasDocumentType || m_details.m_prefixes) return SplitName(expanded);
-    int offset = 0, size = 0;
-    char const* const context = XML_GetInputContext(m_parser.get(), &offset, &size);
-    if (context == nullptr) return SplitName(expanded);
-    CTagNames::Entry* const known =
-        m_tagNames.Find({context + offset, static_cast<std::size_t>(size - offset)});
+    std::string_view const tag = InputFromHere();
+    if (tag.empty()) return SplitName(expanded);
+    CTagNames::Entry* const known = m_tagNames.Find(tag);
     if (known == nullptr) return SplitName(expanded);
     if (known->m_name == nullptr) known->m_name = &SplitName(expanded).m_name;
     return {*known->m_name, {}};

@@ -44,6 +44,7 @@ public:
     void Start(CPeekedSource& source);
     bool Read() override;
     void Pause() override { m_isPauseAsked = true; }
+    bool PauseUnlessRepeated() override;
     DocumentPlace Place() const override;
 
 private:
@@ -79,6 +80,7 @@ private:
     ExpandedName SplitName(std::u16string_view expanded);
     ExpandedName SplitLocalName(wstring const& namespaceUri, std::u16string_view local);
 
+    std::string_view InputFromHere() const;
     ExpandedName ElementName(char16_t const* expanded);
     std::size_t Line();
     std::uint64_t ByteIndex() const;
@@ -115,6 +117,7 @@ private:
     std::vector<unsigned char> m_prolog;  // what is ahead of the root, where markup is asked for
     bool m_isPauseAsked = false;
     bool m_isPaused = false;
+    bool m_isPausedBehindSlice = false;
     bool m_isAtEnd = false;
     CTagNames m_tagNames;
     wstring const* m_lastNamespace = nullptr;

@@ -8,6 +8,14 @@
 
 namespace BxXmlLib5 {
 
+namespace {
+
+/// Of records that are read ahead: more of them gain little.
+constexpr std::size_t kMostItems = 16;
+constexpr std::size_t kMostStoredOctets = 64 * 1024;
+
+}  // namespace
+
 wstring CRecordCutter::Item::Path() const {
     wstring path;
     for (auto const& [name, position] : m_steps) AddPathStep(path, *name, position);
@@ -27,14 +35,24 @@ CRecordCutter::CRecordCutter(CNameTable& names, std::vector<RecordStep> const& p
     }
 }
 
+CRecordCutter::Item const* CRecordCutter::Next() {
+    if (m_taken == m_count) return nullptr;
+    if (m_laterAliases && m_taken == m_firstOfLater) TakeLaterAliases();
+    return &m_items[m_taken++];
+}
+
 void CRecordCutter::DropItems() {
     m_surroundings.Hide();
     m_surroundings.DropFormer();
+    bool const isOpen = m_recordDepth > 0 && !m_isPassedOver;
+    if (isOpen && m_count > 0) std::swap(m_items[0], m_items[m_count]);
     m_count = m_taken = 0;
-    if (m_recordDepth > 0 && !m_isPassedOver) return;
+    m_isQueued = false;
+    if (m_laterAliases) TakeLaterAliases();
+    if (isOpen) return;
     m_builder.Forget();
     m_document.Nodes().Empty();
-    m_octets = 0;
+    m_octets = m_storedOctets = 0;
 }
 
 void CRecordCutter::DeclareNamespace(wstring const& prefix, wstring const& namespaceUri) {
@@ -95,6 +113,8 @@ void CRecordCutter::StartRecord(DocumentElement const& element, std::size_t posi
     m_hasBegun = true;
     m_recordDepth = 1;
     m_surroundings.PassRecord();
+    if (m_isQueued) m_octets = 0;
+    m_hasOwnScope = !m_newDeclarations.empty();
     m_isPassedOver = m_octets > m_settings.m_maxRecord;  // with one that was ahead of it in an entity
     if (m_isPassedOver) return m_newDeclarations.clear();
     Item& item = NewItem(element.m_line);
@@ -106,7 +126,11 @@ void CRecordCutter::StartRecord(DocumentElement const& element, std::size_t posi
 
 /// What is declared in a record counts for all of it, as it does in the document as a whole.
 void CRecordCutter::SetAliases() {
-    auto& aliases = m_document.Nodes().m_namespaceAliases;
+    if (m_isQueued && !m_laterAliases) {
+        m_laterAliases = m_document.Nodes().m_namespaceAliases;
+        m_firstOfLater = m_count;
+    }
+    Aliases& aliases = m_laterAliases ? *m_laterAliases : m_document.Nodes().m_namespaceAliases;
     if (!m_areAliasesSet && m_recordDepth == 1) {
         if (m_count == 0) aliases.clear();
         for (auto const& [prefix, uri] : m_declarations) aliases.insert_or_assign(prefix, uri);
@@ -117,6 +141,11 @@ void CRecordCutter::SetAliases() {
         m_areAliasesSet = false;
     }
     m_newDeclarations.clear();
+}
+
+void CRecordCutter::TakeLaterAliases() {
+    m_document.Nodes().m_namespaceAliases = std::move(*m_laterAliases);
+    m_laterAliases.reset();
 }
 
 void CRecordCutter::AddText(std::u16string_view text) {
@@ -153,7 +182,10 @@ CRecordCutter::Item& CRecordCutter::NewItem(std::size_t line) {
 
 void CRecordCutter::EndRecord() {
     m_items[m_count++].m_element = m_builder.Root();
-    m_stream->Pause();
+    m_storedOctets += m_octets;
+    bool const mayGoOn = m_count < kMostItems && m_storedOctets < kMostStoredOctets;
+    m_isQueued = mayGoOn && m_areAliasesSet && !m_hasOwnScope && m_stream->PauseUnlessRepeated();
+    if (!m_isQueued) m_stream->Pause();
 }
 
 /// Of a record that is too large no more is kept than is there.

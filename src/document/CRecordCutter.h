@@ -2,6 +2,9 @@
 #pragma once
 
 #include <cstddef>
+#include <deque>
+#include <map>
+#include <optional>
 #include <unordered_map>
 #include <utility>
 #include <vector>
@@ -22,7 +25,9 @@ struct RecordCutterSettings {
 };
 
 /// Makes a tree of each record, in memory that serves one after another, and a tree of what stands around them. It
-/// pauses the stream behind each record; where the stream goes on for a while, there are more items than one.
+/// pauses the stream behind each record; where the stream goes on for a while, there are more items than one. So there
+/// are of small records that follow each other with nothing between that matters: in turns with the parser, each of the
+/// two would be slower.
 class CRecordCutter final : public CDocumentReceiver {
 public:
     enum class Kind { Record, LargeRecord, End };
@@ -49,7 +54,7 @@ public:
     bool HasBegun() const { return m_hasBegun; }
 
     /// The next item, null if there is none.
-    Item const* Next() { return m_taken == m_count ? nullptr : &m_items[m_taken++]; }
+    Item const* Next();
     bool HasItems() const { return m_taken < m_count; }
     /// Before the stream goes on.
     void DropItems();
@@ -68,6 +73,7 @@ public:
 
 private:
     using Declaration = std::pair<wstring const*, wstring const*>;
+    using Aliases = std::map<wstring const*, wstring const*>;
 
     /// A step, by texts of the name table; null for any.
     struct Step {
@@ -96,6 +102,7 @@ private:
     void CountInRecord(std::size_t octets);
     Item& NewItem(std::size_t line);
     void SetAliases();
+    void TakeLaterAliases();
     [[noreturn]] void ThrowWrongRoot(DocumentElement const& root) const;
 
     CDocumentStream* m_stream = nullptr;
@@ -110,11 +117,16 @@ private:
     std::size_t m_otherDepth = 0;                // in an element that leads to no records
     std::size_t m_recordDepth = 0;               // in a record
     bool m_isPassedOver = false;                 // the record that is open
-    std::size_t m_octets = 0;                    // of the records
+    std::size_t m_octets = 0;                    // of the record, or those that count as one
+    std::size_t m_storedOctets = 0;              // of all that are in memory
+    bool m_isQueued = false;                     // the record that is open, behind those that are items
+    bool m_hasOwnScope = false;                  // the same: its tag declares namespaces
     std::vector<Declaration> m_declarations;     // in scope where a record may begin
     std::vector<Declaration> m_newDeclarations;  // of the element that comes next
     bool m_areAliasesSet = false;
-    std::vector<Item> m_items;  // the memory of which is used again
+    std::optional<Aliases> m_laterAliases;  // from an item on
+    std::size_t m_firstOfLater = 0;
+    std::deque<Item> m_items;  // the memory of which is used again
     std::size_t m_count = 0;
     std::size_t m_taken = 0;
 };

@@ -332,6 +332,71 @@ TEST(CRecordReader, KnowsAPrefixByItsScope) {
     EXPECT_EQ(small.m_found, " ");
 }
 
+/// What the reader tells with each record.
+Lines Steps(std::string const& document, RecordReaderSettings settings) {
+    Lines steps;
+    settings.m_onEnd = [&](CXmlElement const& element) { steps.push_back("ends " + Dump(&element)); };
+    CRecordReader reader(Octets(document), u"a/b/r", settings);
+    auto const read = [&](bool isAsking) {
+        if (!isAsking) return Next(reader);
+        CAsking asking;
+        try {
+            return (reader.Read(asking) ? ToUtf8(reader.GetLocation().ToString()) : "end") + asking.m_found;
+        } catch (CBxException const& failure) {
+            return ToUtf8(failure.GetReport());
+        }
+    };
+    for (bool isAsking = false; steps.size() < 100; isAsking = !isAsking) {
+        std::string const step = read(isAsking);
+        bool const hasFailed = reader.HasFailed();
+        steps.push_back(step + (hasFailed ? " failed " : " ") + Dump(reader.GetSurroundings()));
+        if (step == "end" || hasFailed) break;
+    }
+    return steps;
+}
+
+// Where there is a document type, no record is read ahead of others.
+TEST(CRecordReader, TellsTheSameWhereItReadsAhead) {
+    std::vector<std::string> const pieces = {"<r/>",
+                                             "<r>1</r>",
+                                             "<r>1</r>",
+                                             "<r\n k='>'>2</r >\n",
+                                             " <r><r>3</r></r> ",
+                                             "<r><c xmlns:p='4'/></r>",
+                                             "<r xmlns:p='5'>6</r>",
+                                             "<r xmlns='N'>7</r>",
+                                             "<r k=\"'>\" xmlns:p='8'/>",
+                                             "<r>" + std::string(150, 'x') + "</r>",
+                                             "<rr/>",
+                                             "<r.>9</r.>",
+                                             "text",
+                                             " ",
+                                             "<!-- -->",
+                                             "<c>10</c>",
+                                             "</b><b xmlns:p='11' n='1'>",
+                                             "</b><c/><b>",
+                                             "<p:r xmlns:p='12'/>",
+                                             "<q:r>13</q:r>",
+                                             "<q:r xmlns:q='M'>14</q:r>",
+                                             "<r>",
+                                             "<r k='1' k='2'/>",
+                                             "&#32;"};
+    Random random(3);
+    for (int round = 0; round < 3000; ++round) {
+        std::string document = "<a xmlns:q='Q' xmlns:p='0'><b>";
+        for (int i = random.Below(12); i > 0; --i)
+            document +=
+                random.Below(3) > 0 ? pieces[static_cast<std::size_t>(random.Below(6))] : random.Of(pieces);
+        if (random.Below(9) > 0) document += "</b></a>";
+        RecordReaderSettings settings;
+        if (random.Below(2) == 0) settings.m_maxRecord = 400;
+        if (random.Below(4) == 0) settings.m_maxSurroundings = 400;
+        // Of one size, for the columns of failures.
+        EXPECT_EQ(Steps("<?x       ?>" + document, settings), Steps("<!DOCTYPE a>" + document, settings))
+            << document;
+    }
+}
+
 TEST(CRecordReader, RefusesWhatIsWrongWithTheDocument) {
     auto const twice = [](Lines lines) {
         lines.push_back(lines.back());

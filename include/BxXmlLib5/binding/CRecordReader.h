@@ -56,8 +56,9 @@ struct RecordReaderSettings {
 /// in any. An asterisk is any name. A root of another name than the first is refused. An element inside of a record
 /// belongs to that, whatever its name is.
 ///
-/// What is kept in memory is a record, the distinct names of the document and what stands around the records: the
-/// root, and of the elements inside of it that lead to records the last one each, with all that they have but these.
+/// What is kept in memory is a record, or some small ones that follow each other, the distinct names of the document
+/// and what stands around the records: the root, and of the elements inside of it that lead to records the last one
+/// each, with all that they have but these.
 ///
 /// What a record's data gives cause for is thrown by the Read() that reads it, and the next Read() goes on behind it. A
 /// document that is not well-formed, breaks off or goes beyond a limit is refused where the reader comes to that, as is
