@@ -14,11 +14,14 @@ namespace BxXmlLib5 {
 /// somebody asks for one.
 class CNodeAttributes {
 public:
+    /// None.
     CNodeAttributes() = default;
     /// @param attributes outlive the object
     explicit CNodeAttributes(std::span<CXmlAttribute> attributes) : m_attributes(attributes) {}
 
+    /// In document order.
     std::span<CXmlAttribute> View() const { return m_attributes; }
+    /// The same as pointers. The vector lives as long as the object.
     std::vector<CXmlAttribute*> const& Vector() const;
 
 private:

@@ -25,18 +25,25 @@ using RecordReader = CRecordReader;
 template <class T>
 class Records {
 public:
+    /// Stands at a record, or behind the last one.
     class Iterator {
     public:
+        // What the standard library asks of iterators.
+        /// @cond
         using iterator_concept = std::input_iterator_tag;
         using iterator_category = std::input_iterator_tag;
         using value_type = T;
         using difference_type = std::ptrdiff_t;
         using pointer = T*;
         using reference = T&;
+        /// @endcond
 
+        /// Behind the last record.
         Iterator() = default;
 
+        /// The record; there must be one.
         T& operator*() const { return m_records->m_object; }
+        /// A member of the record; there must be one.
         T* operator->() const { return &m_records->m_object; }
         /// @throws CBxException as CRecordReader::Read()
         Iterator& operator++() {
@@ -45,6 +52,7 @@ public:
         }
         /// As above.
         void operator++(int) { ++*this; }
+        /// Whether there are no more records.
         bool operator==(std::default_sentinel_t) const { return m_records == nullptr; }
 
     private:
@@ -63,6 +71,7 @@ public:
     /// Reads the next record.
     /// @throws CBxException as CRecordReader::Read()
     Iterator begin() { return ++Iterator(this); }
+    /// The end of each loop.
     std::default_sentinel_t end() const { return {}; }
 
     /// What stands around the records, as far as it was read: CRecordReader::ReadSurroundings().
@@ -73,6 +82,7 @@ public:
         return root;
     }
 
+    /// What reads the records.
     CRecordReader& Reader() { return m_reader; }
 
 private:
