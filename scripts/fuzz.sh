@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # fuzz.sh [TARGET|all] [SECONDS]: builds a fuzz target and runs it, or all of them, as many at a time as there are
-# processors, each for a minute if not told otherwise.
+# processors, each for a minute if not told otherwise. BX_FUZZ_SEED is where chance begins; without it, or with 0, it
+# begins elsewhere each time.
 source "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 
 targets=(xml fastinfoset gpx values pattern tree schema events records)
@@ -17,8 +18,8 @@ fuzz() {
     [[ $1 != events && $1 != records ]] || seeds+=(fuzz/seeds/xml fuzz/seeds/fastinfoset fuzz/seeds/gpx)
     mkdir -p "$corpus"
     echo "Fuzzing $1 for $seconds seconds ..."
-    quietly "build/fuzz/fuzz/fuzz_$1" -max_total_time="$seconds" -max_len=4096 -timeout=30 \
-        -artifact_prefix="build/fuzz/$1-" "$corpus" "${seeds[@]}"
+    quietly "build/fuzz/fuzz/fuzz_$1" -seed="${BX_FUZZ_SEED:-0}" -max_total_time="$seconds" -max_len=4096 \
+        -timeout=30 -artifact_prefix="build/fuzz/$1-" "$corpus" "${seeds[@]}"
 }
 export seconds
 export -f fuzz quietly
