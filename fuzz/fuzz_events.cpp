@@ -199,6 +199,13 @@ bool IsFastInfoset(Octets const& octets) {
     return CFastInfosetReader::Recognises(octets);
 }
 
+/// Whether the last character may be the first half of ]]> or of an end of a line. Of that Expat tells only in a final call,
+/// which a text that breaks off does not get when it is loaded whole.
+bool EndsInDoubt(Octets const& octets) {
+    auto const last = std::span(octets).last(std::min<std::size_t>(octets.size(), 4));
+    return std::any_of(last.begin(), last.end(), [](auto octet) { return octet == ']' || octet == '\r'; });
+}
+
 void CompareTrees(Octets const& octets, Random& random) {
     Tree const loaded = LoadedTree(octets);
     for (bool const pauses : {false, true}) {
@@ -207,10 +214,10 @@ void CompareTrees(Octets const& octets, Random& random) {
         if (loaded.m_refusal) {
             // Fast Infoset may have other items ahead of its root.
             if (!streamed.m_refusal && isText) Fail("streamed", streamed.m_text, *loaded.m_refusal);
-        } else if (!streamed.m_refusal || isText) {
+        } else if (!streamed.m_refusal || (isText && !EndsInDoubt(octets))) {
             // Text that breaks off was told as far as it goes.
             Expect("streamed", loaded.m_text, streamed.m_text);
-        } else if (!IsCompressed(octets)) {
+        } else if (!isText && !IsCompressed(octets)) {
             Fail("streamed", loaded.m_text, *streamed.m_refusal);
         }
     }
