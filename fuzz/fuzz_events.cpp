@@ -1,9 +1,11 @@
 // Any octets, told piece by piece: the tree of what is told is that of the whole document, however the octets
 // are cut into slices and wherever the receiver pauses; and what bxconvert makes of them tells the same.
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <optional>
 #include <random>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -199,8 +201,8 @@ bool IsFastInfoset(Octets const& octets) {
     return CFastInfosetReader::Recognises(octets);
 }
 
-/// Whether the last character may be the first half of ]]> or of an end of a line. Of that Expat tells only in a final call,
-/// which a text that breaks off does not get when it is loaded whole.
+/// Whether the last character may belong to ]]> or to an end of a line. Of that Expat tells only in a final call, which
+/// a text that breaks off does not get when it is loaded whole.
 bool EndsInDoubt(Octets const& octets) {
     auto const last = std::span(octets).last(std::min<std::size_t>(octets.size(), 4));
     return std::any_of(last.begin(), last.end(), [](auto octet) { return octet == ']' || octet == '\r'; });
