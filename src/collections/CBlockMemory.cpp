@@ -4,6 +4,7 @@
 #include <atomic>
 #include <new>
 
+#include "BxXmlLib5/core/Count.h"
 #include "collections/CBlockPage.h"
 
 namespace BxXmlLib5 {
@@ -25,7 +26,7 @@ struct CBlockMemory::Block {
     explicit Block(CBlockPage* page) : m_page(page) {}
 
     void Drop(int holders) {
-        if (m_holders.fetch_sub(holders, std::memory_order_acq_rel) != holders) return;
+        if (AddToCount(m_holders, -holders, std::memory_order_acq_rel) != holders) return;
         m_page == nullptr ? ::operator delete(this) : m_page->Drop(this);
     }
 
