@@ -137,22 +137,25 @@ bool IsUtf8(std::u16string_view encoding) {
                                [&](auto name) { return std::ranges::equal(encoding, name, {}, upper); });
 }
 
-/// Where text in UTF-8 goes on behind its byte order mark and its XML declaration; nothing for other encodings.
+/// Where text in UTF-8 goes on behind its byte order mark and its XML declaration; nothing for other encodings, and where
+/// the declaration matters: a document that stands alone may refer to entities declared behind what is not read.
 /// @param beginning of a text that is neither UTF-16 nor UTF-32
 std::optional<std::size_t> BehindDeclaration(XML_Parser parser, std::span<unsigned char const> beginning) {
     struct Declaration {
         XML_Parser m_parser;
-        bool m_isUtf8;
+        bool m_isNeeded;
         std::size_t m_end;
     } declaration{parser, false, 0};
     XML_SetUserData(parser, &declaration);
-    XML_SetXmlDeclHandler(parser, [](void* userData, XML_Char const*, XML_Char const* encoding, int) {
-        auto& [self, isUtf8, end] = *static_cast<Declaration*>(userData);
-        isUtf8 = encoding == nullptr || IsUtf8(Units(encoding));
-        end = static_cast<std::size_t>(XML_GetCurrentByteIndex(self) + XML_GetCurrentByteCount(self));
-    });
+    XML_SetXmlDeclHandler(
+        parser, [](void* userData, XML_Char const*, XML_Char const* encoding, int standalone) {
+            auto& [self, isNeeded, end] = *static_cast<Declaration*>(userData);
+            isNeeded = standalone == 1 || (encoding != nullptr && !IsUtf8(Units(encoding)));
+            end = static_cast<std::size_t>(XML_GetCurrentByteIndex(self) + XML_GetCurrentByteCount(self));
+        });
     ParsePart(parser, DeclarationOf(beginning), kNotFinal);
-    if (declaration.m_end > 0) return declaration.m_isUtf8 ? std::optional(declaration.m_end) : std::nullopt;
+    if (declaration.m_end > 0)
+        return declaration.m_isNeeded ? std::nullopt : std::optional(declaration.m_end);
     std::string_view text(reinterpret_cast<char const*>(beginning.data()), beginning.size());
     constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF", kStart = "<?xml", kSpace = " \t\r\n";
     std::size_t const start = text.starts_with(kByteOrderMark) ? kByteOrderMark.size() : 0;

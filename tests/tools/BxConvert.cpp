@@ -56,8 +56,10 @@ TEST(Convert, WritesWhatItReads) {
         {"--format", start + "<b>t</b> <c></c>\n</a>", kDeclaration + outside + "\n\t<b>t</b>\n\t<c/>\n</a>\n", ""},
         {"--compact", "<a>\n <b>t</b>\n <!--c-->\n <c/>\n</a>", kDeclaration + "<a><b>t</b><!--c--><c/></a>", ""},
         {"", latin1 + "<!DOCTYPE a SYSTEM 'x'\r\n[\r]>\r\n<a k='\r\n&f;'>\xE4</a>", kDeclaration + "<!DOCTYPE a SYSTEM 'x'\n[\n]>\n<a k='\n&f;'>\xC3\xA4</a>\n", ""},
+        {"", "<?xml version='1.0' standalone='yes'?><!DOCTYPE a [<!ENTITY % p SYSTEM 'x'>%p;<!ENTITY e '1'>]><a>&e;</a>",
+            kDeclaration + "<!DOCTYPE a [<!ENTITY % p SYSTEM 'x'>%p;<!ENTITY e '1'>]>\n<a>1</a>\n", ""},
         // Text in UTF-8 as it stands
-        {"", "\xEF\xBB\xBF<?xml version='1.0' encoding='Us-Ascii' standalone='yes'?>\r\n " + subset + "<a k = '1'></a >\n<!--c-->",
+        {"", "\xEF\xBB\xBF<?xml version='1.0' encoding='Us-Ascii' standalone='no'?>\r\n " + subset + "<a k = '1'></a >\n<!--c-->",
             kDeclaration + subset + "<a k = '1'></a >\n<!--c-->\n", ""},
         {"", "\xEF\xBB\xBF" + external + "<a xmlns:p='u&f;'>&e;&f;\xE2\x82\xAC</a>", kDeclaration + external + "<a xmlns:p='u&f;'>&e;&f;\xE2\x82\xAC</a>\n", ""},
         {"--no-namespaces --strict", "<?xml-p?><p:a><![CDATA[<]]></p:a>\n\n", kDeclaration + "<?xml-p?><p:a><![CDATA[<]]></p:a>\n\n", ""},
