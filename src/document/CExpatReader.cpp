@@ -62,8 +62,20 @@ bool ParsePart(XML_Parser parser, std::span<unsigned char const> octets, int isF
                      isFinal) != XML_STATUS_ERROR;
 }
 
-CBxLocation LocationOf(XML_Parser parser) {
-    return CBxLocation({}, XML_GetCurrentLineNumber(parser), XML_GetCurrentColumnNumber(parser) + 1);
+bool HasByteOrderMark(std::span<unsigned char const> input) {
+    constexpr std::string_view kMarks[] = {"\xEF\xBB\xBF", "\xFE\xFF", "\xFF\xFE",
+                                           std::string_view("\0\0\xFE\xFF", 4)};
+    std::string_view const beginning(reinterpret_cast<char const*>(input.data()), input.size());
+    return std::ranges::any_of(kMarks, [=](std::string_view mark) { return beginning.starts_with(mark); });
+}
+
+/// @param hasMark whether the input begins with a byte order mark, for which Expat counts a column
+DocumentPlace PlaceIn(XML_Parser parser, bool hasMark) {
+    std::size_t const line = XML_GetCurrentLineNumber(parser);
+    std::size_t const before = XML_GetCurrentColumnNumber(parser);
+    auto const index = std::max<XML_Index>(XML_GetCurrentByteIndex(parser), 0);
+    return {line, hasMark && line == 1 && before > 0 ? before : before + 1,
+            static_cast<std::uint64_t>(index)};
 }
 
 constexpr char16_t const* kUnknownEncoding = u"The system does not know the encoding [%s]";
@@ -74,14 +86,14 @@ wstring MessageOf(XML_Error error, std::size_t line) {
 }
 
 /// @param reason why an encoding is not known
-[[noreturn]] void ThrowError(XML_Parser parser, wstring const& reason = {}) {
+[[noreturn]] void ThrowError(XML_Parser parser, bool hasMark, wstring const& reason = {}) {
     XML_Error const error = XML_GetErrorCode(parser);
-    CBxLocation const location = LocationOf(parser);
-    wstring const message = MessageOf(error, location.GetLine());
+    DocumentPlace const place = PlaceIn(parser, hasMark);
+    wstring const message = MessageOf(error, place.m_line);
     CBxException failure = error == XML_ERROR_UNKNOWN_ENCODING && !reason.empty()
                                ? CBxException(message, CBxException(reason))
                                : CBxException(message);
-    failure.SetLocation(location);
+    failure.SetLocation(CBxLocation({}, place.m_line, place.m_column));
     throw failure;
 }
 
@@ -257,6 +269,7 @@ CExpatReader::Parser CExpatReader::NewParser(char16_t const* encoding, SchemaTyp
 void CExpatReader::Parse(std::span<unsigned char const> input) {
     m_mostOctetsOfToken = kMaxInputSize;
     m_octets = input.size();
+    m_hasMark = HasByteOrderMark(input);
     auto const utf32 = Utf32Of(input);
     if (!utf32.empty()) return ParseConverted(utf32, input);
     auto const highOctet = CUtf16Source::HighOctet(input);
@@ -321,7 +334,7 @@ void CExpatReader::CheckDeclaration(std::span<unsigned char const> beginning) co
     while (end + 2 < beginning.size() && !isEnd()) end += 2;
     Parser const parser = NewParser(nullptr, m_schemaType);
     if (!ParsePart(parser.get(), beginning.first(std::min(end + 2, beginning.size())), kNotFinal)) {
-        ThrowError(parser.get());
+        ThrowError(parser.get(), m_hasMark);
     }
 }
 
@@ -350,6 +363,7 @@ void CExpatReader::ParseOpen(char16_t const* encoding, std::span<unsigned char c
 void CExpatReader::Start(CPeekedSource& source) {
     m_mostOctetsOfToken = kMaxOctetsOfToken;
     std::span const beginning = source.Beginning();
+    m_hasMark = HasByteOrderMark(beginning);
     std::string encoding(Utf32Of(beginning));
     auto const highOctet = encoding.empty() ? CUtf16Source::HighOctet(beginning) : std::nullopt;
     m_isUtf16 = highOctet.has_value();
@@ -399,9 +413,7 @@ void CExpatReader::PauseOutsideEntity() {
 }
 
 DocumentPlace CExpatReader::Place() const {
-    if (m_tagPlace) return *m_tagPlace;
-    return {XML_GetCurrentLineNumber(m_parser.get()), XML_GetCurrentColumnNumber(m_parser.get()) + 1,
-            ByteIndex()};
+    return m_tagPlace ? *m_tagPlace : PlaceIn(m_parser.get(), m_hasMark);
 }
 
 void CExpatReader::MakeParser(char16_t const* encoding) {
@@ -477,7 +489,7 @@ void CExpatReader::KeepProlog(std::span<unsigned char const> octets) {
 
 void CExpatReader::CheckParsed(bool parsed) {
     if (!m_failure) {
-        if (!parsed) ThrowError(m_parser.get(), m_unknownEncoding);
+        if (!parsed) ThrowError(m_parser.get(), m_hasMark, m_unknownEncoding);
         return;
     }
     try {

@@ -100,6 +100,7 @@ private:
     Parser m_parser;
     std::unique_ptr<COctetSource> m_utf8;
     bool m_isUtf16 = false;
+    bool m_hasMark = false;  // ahead of the text
     wstring m_unknownEncoding;
     std::string m_convertedEncoding;
     COctetSource* m_source = nullptr;  // if the text comes in slices

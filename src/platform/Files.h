@@ -70,6 +70,8 @@ public:
     void Close();
     /// 0 as long as nothing failed.
     int Error() const { return m_error; }
+    /// -1 if there is none.
+    int Descriptor() const { return m_file; }
 
 private:
     int m_error = 0;

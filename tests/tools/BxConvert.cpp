@@ -288,8 +288,8 @@ TEST(Files, AreReadAndWritten) {
             "script -qefc 'bxconvert f -o out.xml' shown >/dev/null; grep -c '<a/>' out.xml; tr '\\r\\033' '.!' <shown | grep -c 'bxconvert: f: .* MB read.*[.]![[]K$'",
             {0, "1\n1\n", ""}},
         // A signal while the document is half written leaves nothing of it
-        {"mkfifo f; bxconvert f -o old.xml & (echo '<a>'; yes '<b/>' | head -n 100000; until ls .bx-* >shown 2>&1; do sleep 0.1; done; "
-            "kill $!) >f; exec 2>&-; wait $!; echo $?; rm f shown; ls -A; cat old.xml", {0, "143\nbad.xml\nin.xml\nold.xml\nold", ""}},
+        {"mkfifo f; bxconvert f -o old.xml & (echo '<a>'; yes '<b/>' | head -n 100000; until ls -l /proc/$!/fd | grep -qE '#[0-9]+ [(]deleted|[.]bx-'; do sleep 0.1; done; "
+            "kill $!) >f; exec 2>&-; wait $!; echo $?; rm f; ls -A; cat old.xml", {0, "143\nbad.xml\nin.xml\nold.xml\nold", ""}},
         // Failures leave things as they were
         {"B bad.xml -o old.xml || cat old.xml; ls -A", {0, "oldbad.xml\nin.xml\nold.xml\n", "bxconvert: bad.xml:1:6: mismatched tag at line 1\n"}},
         {"B in.xml -o none/new.xml", fails("none/new.xml: No such file or directory")},
