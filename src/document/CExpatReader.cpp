@@ -51,6 +51,16 @@ bool EndsInXmlns(std::u16string_view tag) {
     return name == u"xmlns" || name.starts_with(u"xmlns:");
 }
 
+/// Calls back with the name of each entity that a text refers to, beside those that need no declaration.
+template <class Take>
+void ForEachEntity(std::u16string_view text, Take take) {
+    constexpr std::u16string_view kKnown[] = {u"amp", u"lt", u"gt", u"apos", u"quot"};
+    for (std::size_t at = text.find(u'&'); at != text.npos; at = text.find(u'&', at + 1)) {
+        std::u16string_view const name = text.substr(at + 1, text.find(u';', at) - at - 1);
+        if (!name.starts_with(u'#') && std::ranges::find(kKnown, name) == std::end(kKnown)) take(name);
+    }
+}
+
 constexpr std::size_t kSlice = 64 * 1024;
 constexpr std::size_t kRoomToConvert = 64;  // that sources of other encodings ask for
 
@@ -223,8 +233,9 @@ struct CExpatReader::Callbacks {
                        int length, XML_Char const*, XML_Char const*, XML_Char const*, XML_Char const*) {
         if (isParameterEntity != 0) return;
         Run(userData, [=](CExpatReader& reader) {
-            reader.m_entities.emplace(Units(name));
-            if (value != nullptr) reader.DeclareEntity({Units(value), static_cast<std::size_t>(length)});
+            std::u16string_view const text(Units(value),
+                                           value == nullptr ? 0U : static_cast<std::size_t>(length));
+            reader.DeclareEntity(Units(name), text);
         });
     }
 
@@ -599,17 +610,27 @@ void CExpatReader::FindSkippedInTag() {
 
 /// @return how many entities the value of an attribute refers to that are not declared
 std::size_t CExpatReader::CountSkipped(std::u16string_view literal, std::size_t line) {
-    constexpr std::u16string_view kKnown[] = {u"amp", u"lt", u"gt", u"apos", u"quot"};
     std::size_t count = 0;
-    for (std::size_t at = literal.find(u'&'); at != literal.npos; at = literal.find(u'&', at + 1)) {
-        std::u16string_view const name = literal.substr(at + 1, literal.find(u';', at) - at - 1);
-        if (name.starts_with(u'#') || std::ranges::find(kKnown, name) != std::end(kKnown) ||
-            m_entities.contains(name))
-            continue;
-        SkipEntity(name, line);
+    ForEachEntity(literal, [&](std::u16string_view name) {
+        wstring const undeclared = Undeclared(name);
+        if (undeclared.empty()) return;
+        SkipEntity(undeclared, line);
         ++count;
-    }
+    });
     return count;
+}
+
+/// An entity without declaration that another one refers to, or is; empty if there is none.
+wstring CExpatReader::Undeclared(std::u16string_view entity) {
+    auto const known = m_entities.find(entity);
+    if (known == m_entities.end()) return wstring(entity);
+    wstring const value = std::exchange(known->second, {});  // once is enough
+    wstring undeclared;
+    ForEachEntity(value, [&](std::u16string_view name) {
+        if (undeclared.empty()) undeclared = Undeclared(name);
+    });
+    if (!undeclared.empty()) known->second = u'&' + undeclared + u';';
+    return undeclared;
 }
 
 void CExpatReader::SkipEntity(std::u16string_view name, std::size_t line) {
@@ -630,9 +651,10 @@ bool CExpatReader::FindEncoding(wstring const& name, std::span<int, 256> map) {
     m_unknownEncoding = FormatString(
         !m_details.m_systemEncodings ? u"The encoding [%s] is read only where those of the system are allowed"
         : m_isUtf16                  ? u"The text is UTF-16, but declares the encoding [%s]"
-                                     : kUnknownEncoding,
+        : m_hasMark ? u"The text is UTF-8 by its byte order mark, but declares the encoding [%s]"
+                    : kUnknownEncoding,
         name.substr(0, 100).c_str());
-    if (!m_details.m_systemEncodings || m_isUtf16) return false;
+    if (!m_details.m_systemEncodings || m_isUtf16 || m_hasMark) return false;
     CEncoding encoding(ToUtf8(name));
     if (!encoding.IsKnown()) return false;
     auto const octets = encoding.Octets();
@@ -729,8 +751,10 @@ void CExpatReader::EndDocumentType() {
     m_receiver.AddDocumentType(document.m_text + u'>');
 }
 
-void CExpatReader::DeclareEntity(std::u16string_view value) {
-    if (value.find(u'&') == value.npos || ++m_nestingEntities <= m_mostNestingEntities) return;
+void CExpatReader::DeclareEntity(char16_t const* name, std::u16string_view value) {
+    bool const isNesting = value.find(u'&') != value.npos;
+    m_entities.emplace(name, isNesting ? value : std::u16string_view());
+    if (!isNesting || ++m_nestingEntities <= m_mostNestingEntities) return;
     throw CBxException(
         FormatString(u"More than %d entities refer to others, which is the limit", m_mostNestingEntities));
 }
