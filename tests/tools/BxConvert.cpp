@@ -214,6 +214,7 @@ TEST(CommandLine, UsageErrors) {
         {"--output-dir out -", "'-' names no file in '--output-dir'"},
         {"--output-dir out b/a.xml a.xml", "two INPUTs are 'a.xml' in '--output-dir'"},
         {"in.xml -o", "option '-o' needs a value"},
+        {"in.xml -o ''", "'' is no value of option '-o', which takes OUTPUT"},
         {"--eol in.xml", "'in.xml' is no value of option '--eol', which takes lf|crlf"},
         {"--declaration= in.xml", "'' is no value of option '--declaration', which takes yes|no"},
         {"--no-namespaces in.xml --to finf",
