@@ -3,6 +3,7 @@
 
 #include "BxXmlLib5/values/CBinaryData.h"
 #include "collections/Objects.h"
+#include "support/Octets.h"
 #include "support/TemporaryFolder.h"
 
 using namespace BxTest;
@@ -24,10 +25,10 @@ TEST(CElementDocument, LoadsTheRoot) {
     CSmartPtr<CElement> const root = CElement::Load(path);
     EXPECT_EQ(ToUtf8(root->GetName()), "a");
     CBinaryData const finf = root->ToFastInfosetStream(fi_None, Defaults(), cmp_None);
-    auto const* const octets = reinterpret_cast<unsigned char const*>(kDocument.data());
     for (CSmartPtr<CElement> const& same :
          {CElement::Load(FromUtf8(path).c_str()), CElement::Load(noUtf8), CElement::LoadXml(kDocument),
-          CElement::LoadXml(units.c_str()), CElement::LoadXmlStream(octets, kDocument.size()),
+          CElement::LoadXml(units.c_str()),
+          CElement::LoadXmlStream(AsOctets(kDocument).data(), kDocument.size()),
           CElement::LoadXmlStream(finf)})
         EXPECT_EQ(Text(*same), Text(*root));
     CXmlSerializationContext context;

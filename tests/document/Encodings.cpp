@@ -4,6 +4,7 @@
 #include "document/Trees.h"
 #include "platform/CEncoding.h"
 #include "platform/Utf.h"
+#include "support/Octets.h"
 
 using namespace BxTest;
 using namespace std::string_literals;
@@ -18,12 +19,7 @@ std::string Declared(std::string const& encoding, std::string const& text) {
 std::string Read(std::string const& octets, bool systemEncodings = true) {
     CXmlDocument document;
     document.SetSystemEncodings(systemEncodings);
-    try {
-        Load(kOctets, document, octets);
-    } catch (CBxException const& failure) {
-        return ToUtf8(failure.GetReport());
-    }
-    return Dump(document.GetDocumentElement());
+    return Report(document, kOctets, octets);
 }
 
 /// The texts of a document that comes in slices.
@@ -36,16 +32,13 @@ struct Texts : CDocumentReceiver {
 };
 
 std::string ReadInSlices(std::string const& octets) {
-    CMemorySource source({reinterpret_cast<unsigned char const*>(octets.data()), octets.size()});
+    CMemorySource source(AsOctets(octets));
     Texts texts;
     CNameTable names;
-    try {
-        CDocumentStream stream(source, texts, names, {.m_details = {.m_systemEncodings = true}});
-        stream.Read();
-    } catch (CBxException const& failure) {
-        return ToUtf8(failure.GetReport());
-    }
-    return ToUtf8(texts.m_text);
+    return Reported([&] {
+        CDocumentStream(source, texts, names, {.m_details = {.m_systemEncodings = true}}).Read();
+        return ToUtf8(texts.m_text);
+    });
 }
 
 class Encodings : public testing::Test {

@@ -25,8 +25,9 @@ struct CWildcard;
 /// The namespace restriction of a schema wildcard applies to the element alone: its attributes and children
 /// may be in any namespace. A copy shares the attributes and the children with its source, and several threads
 /// may copy one element that none of them changes. Elements that were read together lie in blocks of memory, up
-/// to 64 KiB, and a block goes with the last of them. A null text is the empty text, except where a constructor
-/// refuses it.
+/// to 64 KiB, and a block goes with the last of them; in a document of more than a megabyte of elements, once no
+/// more than four are left of its two megabytes. A null text is the empty text, except where a constructor refuses
+/// it.
 ///
 /// Of whole documents, the element is the root, unlike for what FromXmlFile(), FromXmlStream() and the like
 /// read. A new one is made by each Load, of all that is below it, and a document that breaks off is refused.
