@@ -51,6 +51,16 @@ bool EndsInXmlns(std::u16string_view tag) {
     return name == u"xmlns" || name.starts_with(u"xmlns:");
 }
 
+/// Calls back with the name of each entity that a text refers to, beside those that need no declaration.
+template <class Take>
+void ForEachEntity(std::u16string_view text, Take take) {
+    constexpr std::u16string_view kKnown[] = {u"amp", u"lt", u"gt", u"apos", u"quot"};
+    for (std::size_t at = text.find(u'&'); at != text.npos; at = text.find(u'&', at + 1)) {
+        std::u16string_view const name = text.substr(at + 1, text.find(u';', at) - at - 1);
+        if (!name.starts_with(u'#') && std::ranges::find(kKnown, name) == std::end(kKnown)) take(name);
+    }
+}
+
 constexpr std::size_t kSlice = 64 * 1024;
 constexpr std::size_t kRoomToConvert = 64;  // that sources of other encodings ask for
 
@@ -62,8 +72,20 @@ bool ParsePart(XML_Parser parser, std::span<unsigned char const> octets, int isF
                      isFinal) != XML_STATUS_ERROR;
 }
 
-CBxLocation LocationOf(XML_Parser parser) {
-    return CBxLocation({}, XML_GetCurrentLineNumber(parser), XML_GetCurrentColumnNumber(parser) + 1);
+bool HasByteOrderMark(std::span<unsigned char const> input) {
+    constexpr std::string_view kMarks[] = {"\xEF\xBB\xBF", "\xFE\xFF", "\xFF\xFE",
+                                           std::string_view("\0\0\xFE\xFF", 4)};
+    std::string_view const beginning(reinterpret_cast<char const*>(input.data()), input.size());
+    return std::ranges::any_of(kMarks, [=](std::string_view mark) { return beginning.starts_with(mark); });
+}
+
+/// @param hasMark whether the input begins with a byte order mark, for which Expat counts a column
+DocumentPlace PlaceIn(XML_Parser parser, bool hasMark) {
+    std::size_t const line = XML_GetCurrentLineNumber(parser);
+    std::size_t const before = XML_GetCurrentColumnNumber(parser);
+    auto const index = std::max<XML_Index>(XML_GetCurrentByteIndex(parser), 0);
+    return {line, hasMark && line == 1 && before > 0 ? before : before + 1,
+            static_cast<std::uint64_t>(index)};
 }
 
 constexpr char16_t const* kUnknownEncoding = u"The system does not know the encoding [%s]";
@@ -74,14 +96,14 @@ wstring MessageOf(XML_Error error, std::size_t line) {
 }
 
 /// @param reason why an encoding is not known
-[[noreturn]] void ThrowError(XML_Parser parser, wstring const& reason = {}) {
+[[noreturn]] void ThrowError(XML_Parser parser, bool hasMark, wstring const& reason = {}) {
     XML_Error const error = XML_GetErrorCode(parser);
-    CBxLocation const location = LocationOf(parser);
-    wstring const message = MessageOf(error, location.GetLine());
+    DocumentPlace const place = PlaceIn(parser, hasMark);
+    wstring const message = MessageOf(error, place.m_line);
     CBxException failure = error == XML_ERROR_UNKNOWN_ENCODING && !reason.empty()
                                ? CBxException(message, CBxException(reason))
                                : CBxException(message);
-    failure.SetLocation(location);
+    failure.SetLocation(CBxLocation({}, place.m_line, place.m_column));
     throw failure;
 }
 
@@ -258,8 +280,9 @@ struct CExpatReader::Callbacks {
                        int length, XML_Char const*, XML_Char const*, XML_Char const*, XML_Char const*) {
         if (isParameterEntity != 0) return;
         Run(userData, [=](CExpatReader& reader) {
-            reader.m_entities.emplace(Units(name));
-            if (value != nullptr) reader.DeclareEntity({Units(value), static_cast<std::size_t>(length)});
+            std::u16string_view const text(Units(value),
+                                           value == nullptr ? 0U : static_cast<std::size_t>(length));
+            reader.DeclareEntity(Units(name), text);
         });
     }
 
@@ -304,6 +327,7 @@ CExpatReader::Parser CExpatReader::NewParser(char16_t const* encoding, SchemaTyp
 void CExpatReader::Parse(std::span<unsigned char const> input) {
     m_mostOctetsOfToken = kMaxInputSize;
     m_octets = input.size();
+    m_hasMark = HasByteOrderMark(input);
     auto const utf32 = Utf32Of(input);
     if (!utf32.empty()) return ParseConverted(utf32, input);
     auto const highOctet = CUtf16Source::HighOctet(input);
@@ -368,7 +392,7 @@ void CExpatReader::CheckDeclaration(std::span<unsigned char const> beginning) co
     while (end + 2 < beginning.size() && !isEnd()) end += 2;
     Parser const parser = NewParser(nullptr, m_schemaType);
     if (!ParsePart(parser.get(), beginning.first(std::min(end + 2, beginning.size())), kNotFinal)) {
-        ThrowError(parser.get());
+        ThrowError(parser.get(), m_hasMark);
     }
 }
 
@@ -397,6 +421,7 @@ void CExpatReader::ParseOpen(char16_t const* encoding, std::span<unsigned char c
 void CExpatReader::Start(CPeekedSource& source) {
     m_mostOctetsOfToken = kMaxOctetsOfToken;
     std::span const beginning = source.Beginning();
+    m_hasMark = HasByteOrderMark(beginning);
     std::string encoding(Utf32Of(beginning));
     auto const highOctet = encoding.empty() ? CUtf16Source::HighOctet(beginning) : std::nullopt;
     m_isUtf16 = highOctet.has_value();
@@ -456,9 +481,7 @@ void CExpatReader::PauseOutsideEntity() {
 }
 
 DocumentPlace CExpatReader::Place() const {
-    if (m_tagPlace) return *m_tagPlace;
-    return {XML_GetCurrentLineNumber(m_parser.get()), XML_GetCurrentColumnNumber(m_parser.get()) + 1,
-            ByteIndex()};
+    return m_tagPlace ? *m_tagPlace : PlaceIn(m_parser.get(), m_hasMark);
 }
 
 void CExpatReader::MakeParser(char16_t const* encoding) {
@@ -541,7 +564,7 @@ void CExpatReader::TellOctets(std::span<unsigned char const> octets) {
 
 void CExpatReader::CheckParsed(bool parsed) {
     if (!m_failure) {
-        if (!parsed) ThrowError(m_parser.get(), m_unknownEncoding);
+        if (!parsed) ThrowError(m_parser.get(), m_hasMark, m_unknownEncoding);
         return;
     }
     try {
@@ -661,17 +684,27 @@ void CExpatReader::FindSkippedInTag() {
 
 /// @return how many entities the value of an attribute refers to that are not declared
 std::size_t CExpatReader::CountSkipped(std::u16string_view literal, std::size_t line) {
-    constexpr std::u16string_view kKnown[] = {u"amp", u"lt", u"gt", u"apos", u"quot"};
     std::size_t count = 0;
-    for (std::size_t at = literal.find(u'&'); at != literal.npos; at = literal.find(u'&', at + 1)) {
-        std::u16string_view const name = literal.substr(at + 1, literal.find(u';', at) - at - 1);
-        if (name.starts_with(u'#') || std::ranges::find(kKnown, name) != std::end(kKnown) ||
-            m_entities.contains(name))
-            continue;
-        SkipEntity(name, line);
+    ForEachEntity(literal, [&](std::u16string_view name) {
+        wstring const undeclared = Undeclared(name);
+        if (undeclared.empty()) return;
+        SkipEntity(undeclared, line);
         ++count;
-    }
+    });
     return count;
+}
+
+/// An entity without declaration that another one refers to, or is; empty if there is none.
+wstring CExpatReader::Undeclared(std::u16string_view entity) {
+    auto const known = m_entities.find(entity);
+    if (known == m_entities.end()) return wstring(entity);
+    wstring const value = std::exchange(known->second, {});  // once is enough
+    wstring undeclared;
+    ForEachEntity(value, [&](std::u16string_view name) {
+        if (undeclared.empty()) undeclared = Undeclared(name);
+    });
+    if (!undeclared.empty()) known->second = u'&' + undeclared + u';';
+    return undeclared;
 }
 
 void CExpatReader::SkipEntity(std::u16string_view name, std::size_t line) {
@@ -692,9 +725,10 @@ bool CExpatReader::FindEncoding(wstring const& name, std::span<int, 256> map) {
     m_unknownEncoding = FormatString(
         !m_details.m_systemEncodings ? u"The encoding [%s] is read only where those of the system are allowed"
         : m_isUtf16                  ? u"The text is UTF-16, but declares the encoding [%s]"
-                                     : kUnknownEncoding,
+        : m_hasMark ? u"The text is UTF-8 by its byte order mark, but declares the encoding [%s]"
+                    : kUnknownEncoding,
         name.substr(0, 100).c_str());
-    if (!m_details.m_systemEncodings || m_isUtf16) return false;
+    if (!m_details.m_systemEncodings || m_isUtf16 || m_hasMark) return false;
     CEncoding encoding(ToUtf8(name));
     if (!encoding.IsKnown()) return false;
     auto const octets = encoding.Octets();
@@ -799,8 +833,10 @@ void CExpatReader::EndDocumentType() {
     m_receiver.AddDocumentType(document.m_text);
 }
 
-void CExpatReader::DeclareEntity(std::u16string_view value) {
-    if (value.find(u'&') == value.npos || ++m_nestingEntities <= m_mostNestingEntities) return;
+void CExpatReader::DeclareEntity(char16_t const* name, std::u16string_view value) {
+    bool const isNesting = value.find(u'&') != value.npos;
+    m_entities.emplace(name, isNesting ? value : std::u16string_view());
+    if (!isNesting || ++m_nestingEntities <= m_mostNestingEntities) return;
     throw CBxException(
         FormatString(u"More than %d entities refer to others, which is the limit", m_mostNestingEntities));
 }

@@ -4,9 +4,9 @@
 #include <cstddef>
 #include <cstdint>
 #include <exception>
+#include <map>
 #include <memory>
 #include <optional>
-#include <set>
 #include <span>
 #include <string>
 #include <string_view>
@@ -97,12 +97,14 @@ private:
     void SkipReference(std::u16string_view name);
     void SkipEntity(std::u16string_view name, std::size_t line);
     void EndDocumentType();
-    void DeclareEntity(std::u16string_view value);
+    wstring Undeclared(std::u16string_view entity);
+    void DeclareEntity(char16_t const* name, std::u16string_view value);
 
     SchemaType m_schemaType;
     Parser m_parser;
     std::unique_ptr<COctetSource> m_utf8;
     bool m_isUtf16 = false;
+    bool m_hasMark = false;  // ahead of the text
     wstring m_unknownEncoding;
     std::string m_convertedEncoding;
     COctetSource* m_source = nullptr;  // if the text comes in slices
@@ -111,7 +113,8 @@ private:
     std::uint64_t m_octets = 0;
     bool m_hasRoot = false;
     bool m_hasDocumentType = false;
-    std::set<wstring, LessBySize> m_entities;  // those that the document declares
+    std::map<wstring, wstring, LessBySize>
+        m_entities;  // that the document declares, with values that refer to others
     wstring m_tag;
     bool m_hasDeclarations = false;  // the tag that comes next
     std::vector<AttributeLiteral> m_literals;
