@@ -20,12 +20,13 @@ std::string const kDocument =
 TEST(CElementDocument, LoadsTheRoot) {
     TemporaryFolder const folder;
     std::string const path = folder.Write("in.xml", kDocument);
+    std::string const noUtf8 = folder.Write("\xE9.xml", kDocument);
     wstring const units = FromUtf8(kDocument);
     CSmartPtr<CElement> const root = CElement::Load(path);
     EXPECT_EQ(ToUtf8(root->GetName()), "a");
     CBinaryData const finf = root->ToFastInfosetStream(fi_None, Defaults(), cmp_None);
     for (CSmartPtr<CElement> const& same :
-         {CElement::Load(FromUtf8(path).c_str()), CElement::LoadXml(kDocument),
+         {CElement::Load(FromUtf8(path).c_str()), CElement::Load(noUtf8), CElement::LoadXml(kDocument),
           CElement::LoadXml(units.c_str()),
           CElement::LoadXmlStream(AsOctets(kDocument).data(), kDocument.size()),
           CElement::LoadXmlStream(finf)})
@@ -46,6 +47,8 @@ TEST(CElementDocument, RefusesWhatIsNotWhole) {
     EXPECT_BX_THROW(CElement::LoadXml(""), CBxException, "XML Stream is empty!");
     EXPECT_BX_THROW(CElement::Load("/nowhere/none.xml"), CBxException,
                     "Failed to open the file [/nowhere/none.xml] Error [0x00000002]");
+    TemporaryFolder const folder;
+    EXPECT_THROW(CElement::Load(folder.Write("in.xml", kDocument) + '\0' + ".txt"), CBxException);
 }
 
 TEST(CElementDocument, ReadsAsTheDefaultContextAsks) {

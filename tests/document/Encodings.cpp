@@ -119,6 +119,9 @@ TEST_F(Encodings, Refused) {
              {Declared("IBM037", "x"), wrong},
              {Declared("UCS-2", "x"), wrong},
              {Declared("INTERNAL", "x"), unknown + "INTERNAL]"},
+             {"\uFEFF" + Declared("windows-1252", "\u00E9"),
+              "1:31: unknown encoding at line 1\n"
+              "The text is UTF-8 by its byte order mark, but declares the encoding [windows-1252]"},
              {Declared("ASCII", "x\n\x80"), "3:1: not well-formed (invalid token) at line 3"},
              {Declared("Shift_JIS", "x\n\x93\xFA\n\xFF"),
               "4:1: not well-formed (invalid token) at line 4"}}) {

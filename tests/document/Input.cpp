@@ -229,6 +229,9 @@ TEST(Input, TellsOfSkippedEntities) {
               "a(b b)", 2, "é", 3},
              {"<!DOCTYPE a [<!ENTITY % p SYSTEM 'x'>%p;<!ENTITY e 'E'>]>\n<a k='&e;'>&e;</a>", "a@k=", 2, "e",
               2},
+             {"<!DOCTYPE a SYSTEM 'x' [<!ENTITY f '1&e;&g;2'><!ENTITY g '&u;&v;'>\n"
+              "<!ENTITY e ''>]>\n<a k='&f;&e;' l='&f;&g;'/>",
+              "a@k=12@l=12", 3, "u", 3},
              {"<!DOCTYPE a SYSTEM 'x' [<!ENTITY e 'E&#38;lt;'>]><a k='&e;&gt;'>&e;&lt;</a>", "a@k=E<>'E<<'",
               0, "", 0}}) {
         for (Way const way : {kOctets, kNarrow, kWide}) {

@@ -56,8 +56,12 @@ TEST(Lines, OfElements) {
 TEST(Lines, OfFailures) {
     for (auto const& [text, place] : std::vector<std::pair<std::string, std::string>>{
              {"<a>\n<b>é</c>", "2:7: mismatched tag at line 2"},
-             {"<a/>\r\n\t<b/>", "2:2: junk after document element at line 2"}}) {
+             {"<a/>\r\n\t<b/>", "2:2: junk after document element at line 2"},
+             {"<a></b>", "1:6: mismatched tag at line 1"},
+             {"\uFEFF<a></b>", "1:6: mismatched tag at line 1"},
+             {"\uFEFF \n<a></b>", "2:6: mismatched tag at line 2"}}) {
         for (Way const way : {kOctets, kFile, kNarrow, kWide}) {
+            if (way == kWide && text[0] != '<') continue;  // a string has no mark
             CXmlDocument document;
             EXPECT_EQ(Report(document, way, text), place) << way;
         }

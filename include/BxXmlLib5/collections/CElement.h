@@ -70,7 +70,7 @@ public:
     /// @{
     /// Reads a file: XML text in any encoding that CXmlDocument reads, or Fast Infoset, either as such or
     /// compressed.
-    /// @param path in UTF-8 if it is one of octets
+    /// @param path as the system has it, which is UTF-8 as a rule, if it is one of octets
     /// @param context its SchemaType, limits and encodings count
     /// @throws CBxException if the file cannot be read, is not well-formed or ends early
     static CSmartPtr<CElement> Load(std::string_view path, CXmlSerializationContext const& context =
@@ -99,7 +99,7 @@ public:
     /// Writes a file of XML text in UTF-8. One of that name is replaced, but only once the new one is whole
     /// (CFileReplacement): whatever fails leaves it as it was. Without a context, what no parser would read is
     /// refused (CXmlSerializationContext::SetCheckWellFormed).
-    /// @param path in UTF-8 if it is one of octets
+    /// @param path as the system has it, which is UTF-8 as a rule, if it is one of octets
     /// @throws CBxException if the file cannot be written, and what ToXmlStream() throws
     void Save(std::string_view path, Layout layout = Layout::Compact) const;
     void Save(std::string_view path, Layout layout, CXmlSerializationContext const& context) const;
