@@ -85,31 +85,6 @@ wstring MessageOf(XML_Error error, std::size_t line) {
     throw failure;
 }
 
-/// Whether an end tag has, behind white space at most, a start tag of its name that declares no namespace.
-bool RepeatsTag(std::string_view input) {
-    constexpr std::string_view kSpace = " \t\r\n", kBehindName = " \t\r\n/>";
-    std::size_t const end = input.find('>');
-    if (!input.starts_with("</") || end == input.npos) return false;
-    std::string_view const name = input.substr(2, input.find_last_not_of(kSpace, end - 1) - 1);
-    std::size_t const start = input.find_first_not_of(kSpace, end + 1);
-    if (start == input.npos || input[start] != '<' || !input.substr(start + 1).starts_with(name))
-        return false;
-    input.remove_prefix(start + 1 + name.size());
-    if (input.empty() || kBehindName.find(input[0]) == kBehindName.npos) return false;
-    char quote = '\0';
-    for (std::size_t i = 0; i < input.size(); ++i) {
-        char const c = input[i];
-        if (quote != '\0') {
-            if (c == quote) quote = '\0';
-        } else if (c == '"' || c == '\'') {
-            quote = c;
-        } else if (c == '>') {
-            return input.substr(0, i).find("xmlns") == input.npos;
-        }
-    }
-    return false;
-}
-
 /// The octets of an XML declaration, if there is one, and at most as many as a reader looks ahead.
 std::span<unsigned char const> DeclarationOf(std::span<unsigned char const> beginning) {
     auto const some = beginning.first(std::min(beginning.size(), CPeekedSource::kSize));
@@ -373,11 +348,10 @@ bool CExpatReader::Read() {
     return m_isPaused || m_isPausedBehindSlice;
 }
 
-/// A document type may have entities, of which there is no telling what they bring.
-bool CExpatReader::PauseUnlessRepeated() {
-    bool const isRepeated = !m_hasDocumentType && RepeatsTag(InputFromHere());
-    (isRepeated ? m_isPausedBehindSlice : m_isPauseAsked) = true;
-    return isRepeated;
+/// Inside of an entity, which only a document type has, there is no pausing.
+bool CExpatReader::PauseBehindSlice() {
+    (m_hasDocumentType ? m_isPauseAsked : m_isPausedBehindSlice) = true;
+    return !m_hasDocumentType;
 }
 
 /// By the final call, whose failure can only mean that the input breaks off.
@@ -483,8 +457,7 @@ void CExpatReader::CheckParsed(bool parsed) {
     try {
         std::rethrow_exception(m_failure);
     } catch (CBxException& failure) {
-        if (!failure.GetLocation().IsKnown())
-            failure.SetLocation(CBxLocation({}, m_failurePlace.m_line, m_failurePlace.m_column));
+        SetPlace(failure, m_failurePlace);
         throw;
     }
 }
