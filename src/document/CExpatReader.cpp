@@ -20,6 +20,7 @@ extern "C" XML_Bool XMLCALL XML_SetReparseDeferralEnabled(XML_Parser parser, XML
 #include "document/COctetSource.h"
 #include "document/CUtf16Source.h"
 #include "document/InputLimits.h"
+#include "platform/KeyedHash.h"
 #include "platform/Stack.h"
 #include "platform/TextView.h"
 
@@ -53,6 +54,8 @@ bool EndsInXmlns(std::u16string_view tag) {
 
 constexpr std::size_t kSlice = 64 * 1024;
 constexpr std::size_t kRoomToConvert = 64;  // that sources of other encodings ask for
+
+constexpr std::string_view kSaltOfParsers = "parsers";
 
 constexpr int kFinal = 1;
 constexpr int kNotFinal = 0;  // so that an input that ends inside an element is no error
@@ -226,6 +229,10 @@ CExpatReader::Parser CExpatReader::NewParser(char16_t const* encoding, SchemaTyp
     Parser parser(schemaType == st_NoNamespaces ? XML_ParserCreate(name)
                                                 : XML_ParserCreateNS(name, kSeparator));
     if (!parser) throw std::bad_alloc();
+    // Without one, Expat asks the kernel for a number for each parser. That of the process is as unknown to
+    // others.
+    XML_SetHashSalt(parser.get(),
+                    static_cast<unsigned long>(KeyedHash(kSaltOfParsers.data(), kSaltOfParsers.size())));
     return parser;
 }
 
