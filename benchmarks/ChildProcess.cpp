@@ -6,9 +6,11 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <ctime>
 #include <fstream>
 #include <string>
+#include <string_view>
 
 namespace BxBench {
 
@@ -30,6 +32,35 @@ double ProcessorTime() {
 }
 
 }  // namespace
+
+std::string MadeInChild(std::function<std::string()> const& make) {
+    int ends[2];
+    if (pipe(ends) != 0) return {};
+    pid_t const child = fork();
+    if (child == 0) {
+        std::string const made = make();
+        std::size_t const size = made.size();
+        bool isWritten = write(ends[1], &size, sizeof size) == sizeof size;
+        for (std::string_view left = made; isWritten && !left.empty();) {
+            ssize_t const count = write(ends[1], left.data(), left.size());
+            isWritten = count > 0;
+            if (isWritten) left.remove_prefix(static_cast<std::size_t>(count));
+        }
+        _exit(isWritten ? 0 : 1);
+    }
+    close(ends[1]);
+    std::string made;
+    std::size_t size = 0;
+    if (child > 0 && read(ends[0], &size, sizeof size) == sizeof size) made.resize(size);
+    for (std::size_t got = 0; got < made.size();) {
+        ssize_t const count = read(ends[0], made.data() + got, made.size() - got);
+        if (count <= 0) made.clear();
+        got += static_cast<std::size_t>(std::max<ssize_t>(count, 0));
+    }
+    close(ends[0]);
+    if (child > 0) waitpid(child, nullptr, 0);
+    return made;
+}
 
 Taken RunInChild(std::function<void()> const& work) {
     malloc_trim(0);

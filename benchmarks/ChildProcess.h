@@ -14,7 +14,12 @@ struct Taken {
     double m_seconds = 0;      ///< of the processor
 };
 
-/// Runs the work in a child process. Call it before the process has much memory to reuse.
+/// Makes something in a child process, so that this one has no memory to reuse of it.
+/// @return nothing if that failed
+std::string MadeInChild(std::function<std::string()> const& make);
+
+/// Runs the work in a child process. Call it before the process has memory to reuse: what was freed changes both the
+/// time and what the allocator does with the next.
 /// @return nothing taken if it could not be measured
 Taken RunInChild(std::function<void()> const& work);
 

@@ -55,7 +55,7 @@ void ReadRecordsGpx(benchmark::State& state) {
 }
 
 void ReadFastInfosetRecordsGpx(benchmark::State& state) {
-    std::string const input = GpxAsFastInfoset(kGpxOctets);
+    std::string const& input = GpxAsFastInfoset(kGpxOctets);
     for (auto _ : state) ReadRecordsOnce(input);
 }
 

@@ -55,7 +55,8 @@ std::string Generate(std::size_t octets) {
         }
         document += "      </trkpt>\n";
     }
-    return document + "    </trkseg>\n  </trk>\n</gpx>\n";
+    document += "    </trkseg>\n  </trk>\n</gpx>\n";
+    return document;
 }
 
 }  // namespace

@@ -53,8 +53,8 @@ struct Size {
     std::function<std::size_t()> m_octets;
 };
 
-/// The GPX document of this many octets in another form.
-std::string GpxAsFastInfoset(std::size_t octets);
+/// The GPX document of this many octets in another form, which stays.
+std::string const& GpxAsFastInfoset(std::size_t octets);
 
 /// A static object of these in any source adds its rows to the report.
 struct Aims {

@@ -141,7 +141,7 @@ void PrintRow(std::string const& name, double figure, std::string const& floorNa
 }
 
 template <class Row>
-std::string InputOf(Row const& row, std::size_t octets) {
+std::string const& InputOf(Row const& row, std::size_t octets) {
     return row.m_takesFastInfoset ? GpxAsFastInfoset(octets) : GpxDocument(octets);
 }
 
@@ -150,14 +150,14 @@ std::map<std::string, double> MeasurePeaks(Choice const& choice) {
     std::map<std::string, double> peaks;
     for (Peak const& row : Rows<Peak>()) {
         if (!choice.Has(row.m_name)) continue;
-        std::string const input = InputOf(row, kGpxOctets);
+        std::string const& input = InputOf(row, kGpxOctets);
         peaks[row.m_name] = static_cast<double>(RunInChild([&] { row.m_work(input); }).m_octets);
     }
     return peaks;
 }
 
 double LeastTimeOf(Growth const& row, std::size_t octets, int times) {
-    std::string const input = InputOf(row, octets);
+    std::string const& input = InputOf(row, octets);
     double least = std::numeric_limits<double>::infinity();
     for (; times > 0; --times) least = std::min(least, RunInChild([&] { row.m_work(input); }).m_seconds);
     return least;

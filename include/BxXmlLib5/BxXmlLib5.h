@@ -36,6 +36,7 @@
 #include "BxXmlLib5/core/CMadeOnce.h"
 #include "BxXmlLib5/core/CSharedText.h"
 #include "BxXmlLib5/core/CSmartPtr.h"
+#include "BxXmlLib5/core/Count.h"
 #include "BxXmlLib5/core/Enumerations.h"
 #include "BxXmlLib5/core/FormatString.h"
 #include "BxXmlLib5/document/CDocumentLimits.h"

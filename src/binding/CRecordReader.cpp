@@ -62,13 +62,16 @@ public:
              RecordReaderSettings const& settings)
         : m_settings(settings),
           m_source(std::move(source)),
-          m_cutter(m_names, ParseRecordPath(TextOf(records)), CutterSettings(settings)),
+          m_cutter(m_names,
+                   ParseRecordPath(TextOf(records), settings.m_context.GetSchemaType() == st_NoNamespaces),
+                   CutterSettings(settings)),
           m_stream(*m_source, m_cutter, m_names, StreamSettings(settings)) {
         m_cutter.SetStream(m_stream);
     }
 
     /// @return null at the end
     CRecordCutter::Item const* NextRecord() {
+        if (m_doing != Doing::Nothing) ThrowBusy();
         m_hasStarted = true;
         while ((m_last = Next()) != nullptr && m_last->m_kind == CRecordCutter::Kind::End) {
             ReadPart(*m_last, [this] { m_settings.m_onEnd(*m_last->m_element); });
@@ -82,6 +85,7 @@ public:
     template <class Read>
     void ReadPart(CRecordCutter::Item const& item, Read read) {
         try {
+            CBusy const busy(m_doing, Doing::Telling);
             read();
         } catch (CBxException& failure) {
             LocateRead(failure, *item.m_element, {item.Path(), PositionOf()});
@@ -101,6 +105,7 @@ public:
     CRecordCutter::Item const* Last() const { return m_last; }
 
     CXmlElement* Surroundings() {
+        if (m_doing == Doing::Reading) ThrowBusy();
         while (!m_hasStarted && !m_cutter.HasBegun() && !m_cutter.HasItems() && Advance()) {
         }
         return m_cutter.Surroundings();
@@ -114,6 +119,25 @@ public:
     RecordReaderSettings const& Settings() const { return m_settings; }
 
 private:
+    /// What functions of others are called for meanwhile. What is in memory must stay as it is then.
+    enum class Doing { Nothing, Reading, Telling };
+
+    class CBusy {
+    public:
+        CBusy(Doing& doing, Doing now) : m_doing(doing), m_before(std::exchange(doing, now)) {}
+        CBusy(CBusy const&) = delete;
+        CBusy& operator=(CBusy const&) = delete;
+        ~CBusy() { m_doing = m_before; }
+
+    private:
+        Doing& m_doing;
+        Doing m_before;
+    };
+
+    [[noreturn]] static void ThrowBusy() {
+        throw CBxInvalidStateException(u"The reader cannot read on before it is back from what it called");
+    }
+
     CRecordCutter::Item const* Next() {
         for (;;) {
             CRecordCutter::Item const* const item = m_cutter.Next();
@@ -129,6 +153,7 @@ private:
             std::rethrow_exception(m_failure);
         }
         try {
+            CBusy const busy(m_doing, Doing::Reading);
             m_cutter.DropItems();
             if (!m_cutter.HasItems()) ReadOn();
         } catch (CEndsInElement const& failure) {
@@ -154,6 +179,7 @@ private:
     CNameTable m_names;
     CRecordCutter m_cutter;
     CDocumentStream m_stream;
+    Doing m_doing = Doing::Nothing;
     bool m_hasStarted = false;
     bool m_isAtEnd = false;
     std::exception_ptr m_failure;
@@ -165,8 +191,7 @@ private:
 
 CRecordReader::CRecordReader(std::string_view path, char16_t const* records,
                              RecordReaderSettings const& settings)
-    : m_document(
-          std::make_unique<Document>(std::make_unique<CFileSource>(FromUtf8(path)), records, settings)) {}
+    : m_document(std::make_unique<Document>(std::make_unique<CFileSource>(path), records, settings)) {}
 CRecordReader::CRecordReader(std::span<unsigned char const> octets, char16_t const* records,
                              RecordReaderSettings const& settings)
     : m_document(std::make_unique<Document>(std::make_unique<CMemorySource>(octets), records, settings)) {}
@@ -177,17 +202,23 @@ CRecordReader::CRecordReader(CRecordReader&& other) noexcept = default;
 CRecordReader& CRecordReader::operator=(CRecordReader&& other) noexcept = default;
 CRecordReader::~CRecordReader() = default;
 
+CRecordReader::Document& CRecordReader::Use() const {
+    if (m_document) return *m_document;
+    throw CBxInvalidStateException(u"The reader was moved");
+}
+
 bool CRecordReader::Read(CXmlObjectBase& object) {
-    CRecordCutter::Item const* const record = m_document->NextRecord();
+    Document& document = Use();
+    CRecordCutter::Item const* const record = document.NextRecord();
     if (record == nullptr) return false;
-    RecordReaderSettings const& settings = m_document->Settings();
+    RecordReaderSettings const& settings = document.Settings();
     if (record->m_kind == CRecordCutter::Kind::LargeRecord) {
         CBxException failure(u"The record takes more than " + FromUtf8(std::to_string(settings.m_maxRecord)) +
                              u" octets, which is the limit (m_maxRecord)");
         failure.SetLocation(record->Location());
         throw failure;
     }
-    m_document->ReadPart(*record, [&] { ReadTree(object, *record->m_element, settings.m_context); });
+    document.ReadPart(*record, [&] { ReadTree(object, *record->m_element, settings.m_context); });
     return true;
 }
 
@@ -202,29 +233,30 @@ void CRecordReader::ReadTree(CXmlObjectBase& object, CXmlElement& element,
 }
 
 bool CRecordReader::HasFailed() const {
-    return m_document->HasFailed();
+    return Use().HasFailed();
 }
 
 CBxLocation CRecordReader::GetLocation() const {
-    CRecordCutter::Item const* const record = m_document->Last();
+    CRecordCutter::Item const* const record = Use().Last();
     return record == nullptr ? CBxLocation() : record->Location();
 }
 
 CXmlElement const* CRecordReader::GetSurroundings() {
-    return m_document->Surroundings();
+    return Use().Surroundings();
 }
 
 void CRecordReader::ReadSurroundings(CXmlObjectBase& object) {
-    CXmlElement* const root = m_document->Surroundings();
+    Document& document = Use();
+    CXmlElement* const root = document.Surroundings();
     if (root == nullptr) throw CBxInvalidStateException(u"Nothing stands around the records");
-    CXmlSerializationContext context(m_document->Settings().m_context);
+    CXmlSerializationContext context(document.Settings().m_context);
     context.SetIgnoreMissingChoice(true);
     context.SetIgnoreInvalidCollectionCounts(true);
     if (!context.GetIgnoreUnknownElements()) context.SetIgnoreMissingMandatoryElements(true);
     try {
         ReadTree(object, *root, context);
     } catch (CBxException& failure) {
-        LocateRead(failure, *root, {{}, m_document->PositionOf()});
+        LocateRead(failure, *root, {{}, document.PositionOf()});
         throw;
     }
 }

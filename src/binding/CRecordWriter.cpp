@@ -45,12 +45,14 @@ public:
 
     Document(Sink sink, RecordSettings const& settings)
         : m_context(settings.m_context), m_sink(std::move(sink)) {
+        if (!m_sink) throw CBxInvalidParamException(u"There is no sink");
         if (settings.m_compression != cmp_None) {
             m_deflater.emplace(settings.m_compression,
                                std::exchange(m_sink, [this](auto octets) { m_deflater->Add(octets); }));
         }
         if (settings.m_isFastInfoset) {
             m_writer = &m_finf.emplace();
+            m_finf->LimitTables();
             m_finf->WriteStartDocument(fi_None);
         } else {
             m_writer = &m_text.emplace();
@@ -90,6 +92,7 @@ public:
     void Finish() {
         while (!m_namespaces.empty()) End();
         if (!m_hasRoot) throw CBxInvalidStateException(u"The document has no root");
+        if (m_checked) m_checked->TestEnd();  // objects may have written nothing
         m_writer->WriteEndDocument();
         CBinaryData const rest = m_text ? m_text->TakeBinaryData(enc_UTF8) : m_finf->TakeBinaryData();
         if (rest.GetLength() > 0) m_sink(rest.GetOctets());

@@ -4,6 +4,7 @@
 
 #include "BxXmlLib5/binding/CXmlSerializationContext.h"
 #include "BxXmlLib5/core/CBxException.h"
+#include "BxXmlLib5/core/Count.h"
 #include "BxXmlLib5/core/FormatString.h"
 #include "BxXmlLib5/document/CXmlElement.h"
 #include "binding/NamespaceRules.h"
@@ -34,7 +35,7 @@ CXmlObjectBase& CXmlObjectBase::operator=(CXmlObjectBase const& other) {
 }
 
 std::int32_t CXmlObjectBase::AddRef() {
-    return static_cast<std::int32_t>(m_refCount.fetch_add(1, std::memory_order_relaxed) + 1);
+    return static_cast<std::int32_t>(AddToCount<std::intptr_t>(m_refCount, 1, std::memory_order_relaxed) + 1);
 }
 
 std::int32_t CXmlObjectBase::Release() {
@@ -45,7 +46,7 @@ std::int32_t CXmlObjectBase::Release() {
         Delete();
         return 0;
     }
-    std::intptr_t const count = m_refCount.fetch_sub(1, std::memory_order_acq_rel) - 1;
+    std::intptr_t const count = AddToCount<std::intptr_t>(m_refCount, -1, std::memory_order_acq_rel) - 1;
     if (count == 0) Delete();
     return static_cast<std::int32_t>(count);
 }

@@ -27,6 +27,12 @@ void CXmlObjectBase::FromXmlFile(char16_t const* fileName, CXmlSerializationCont
     FromDocument(document, context);
 }
 
+void CXmlObjectBase::FromXmlFile(std::string_view fileName, CXmlSerializationContext const& context) {
+    CContextDocument document(context);
+    document.Load(fileName);
+    FromDocument(document, context);
+}
+
 void CXmlObjectBase::FromXmlStream(unsigned char const* data, std::size_t size,
                                    CXmlSerializationContext const& context) {
     CContextDocument document(context);

@@ -38,7 +38,7 @@ CSmartPtr<CElement> CElement::Load(char16_t const* path, CXmlSerializationContex
 }
 
 CSmartPtr<CElement> CElement::Load(std::string_view path, CXmlSerializationContext const& context) {
-    return Load(FromUtf8(path).c_str(), context);
+    return Loaded(context, [path](CXmlDocument& document) { document.Load(path); });
 }
 
 CSmartPtr<CElement> CElement::LoadXml(char16_t const* text, CXmlSerializationContext const& context) {

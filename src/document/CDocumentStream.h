@@ -34,7 +34,7 @@ struct DocumentStreamSettings {
 ///
 ///     CMyReceiver receiver;
 ///     CNameTable names;
-///     CFileSource file(u"large.xml");
+///     CFileSource file("large.xml");
 ///     CDocumentStream stream(file, receiver, names);
 ///     while (stream.Read()) {
 ///         // the receiver called stream.Pause(); it can be looked at, and reading goes on

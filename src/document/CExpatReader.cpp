@@ -52,6 +52,16 @@ bool EndsInXmlns(std::u16string_view tag) {
     return name == u"xmlns" || name.starts_with(u"xmlns:");
 }
 
+/// Calls back with the name of each entity that a text refers to, beside those that need no declaration.
+template <class Take>
+void ForEachEntity(std::u16string_view text, Take take) {
+    constexpr std::u16string_view kKnown[] = {u"amp", u"lt", u"gt", u"apos", u"quot"};
+    for (std::size_t at = text.find(u'&'); at != text.npos; at = text.find(u'&', at + 1)) {
+        std::u16string_view const name = text.substr(at + 1, text.find(u';', at) - at - 1);
+        if (!name.starts_with(u'#') && std::ranges::find(kKnown, name) == std::end(kKnown)) take(name);
+    }
+}
+
 constexpr std::size_t kSlice = 64 * 1024;
 constexpr std::size_t kRoomToConvert = 64;  // that sources of other encodings ask for
 
@@ -65,8 +75,20 @@ bool ParsePart(XML_Parser parser, std::span<unsigned char const> octets, int isF
                      isFinal) != XML_STATUS_ERROR;
 }
 
-CBxLocation LocationOf(XML_Parser parser) {
-    return CBxLocation({}, XML_GetCurrentLineNumber(parser), XML_GetCurrentColumnNumber(parser) + 1);
+bool HasByteOrderMark(std::span<unsigned char const> input) {
+    constexpr std::string_view kMarks[] = {"\xEF\xBB\xBF", "\xFE\xFF", "\xFF\xFE",
+                                           std::string_view("\0\0\xFE\xFF", 4)};
+    std::string_view const beginning(reinterpret_cast<char const*>(input.data()), input.size());
+    return std::ranges::any_of(kMarks, [=](std::string_view mark) { return beginning.starts_with(mark); });
+}
+
+/// @param hasMark whether the input begins with a byte order mark, for which Expat counts a column
+DocumentPlace PlaceIn(XML_Parser parser, bool hasMark) {
+    std::size_t const line = XML_GetCurrentLineNumber(parser);
+    std::size_t const before = XML_GetCurrentColumnNumber(parser);
+    auto const index = std::max<XML_Index>(XML_GetCurrentByteIndex(parser), 0);
+    return {line, hasMark && line == 1 && before > 0 ? before : before + 1,
+            static_cast<std::uint64_t>(index)};
 }
 
 constexpr char16_t const* kUnknownEncoding = u"The system does not know the encoding [%s]";
@@ -77,15 +99,25 @@ wstring MessageOf(XML_Error error, std::size_t line) {
 }
 
 /// @param reason why an encoding is not known
-[[noreturn]] void ThrowError(XML_Parser parser, wstring const& reason = {}) {
+[[noreturn]] void ThrowError(XML_Parser parser, bool hasMark, wstring const& reason = {}) {
     XML_Error const error = XML_GetErrorCode(parser);
-    CBxLocation const location = LocationOf(parser);
-    wstring const message = MessageOf(error, location.GetLine());
+    DocumentPlace const place = PlaceIn(parser, hasMark);
+    wstring const message = MessageOf(error, place.m_line);
     CBxException failure = error == XML_ERROR_UNKNOWN_ENCODING && !reason.empty()
                                ? CBxException(message, CBxException(reason))
                                : CBxException(message);
-    failure.SetLocation(location);
+    failure.SetLocation(CBxLocation({}, place.m_line, place.m_column));
     throw failure;
+}
+
+/// XML 1.0, 2.11. Expat does not do so where it gives markup as it stands.
+void NormalizeLineEnds(wstring& text) {
+    auto to = text.begin();
+    for (auto from = text.begin(); from != text.end(); ++from) {
+        bool const isInPair = *from == u'\r' && from + 1 != text.end() && from[1] == u'\n';
+        if (!isInPair) *to++ = *from == u'\r' ? u'\n' : *from;
+    }
+    text.erase(to, text.end());
 }
 
 /// The octets of an XML declaration, if there is one, and at most as many as a reader looks ahead.
@@ -93,6 +125,43 @@ std::span<unsigned char const> DeclarationOf(std::span<unsigned char const> begi
     auto const some = beginning.first(std::min(beginning.size(), CPeekedSource::kSize));
     auto const end = std::ranges::find(some, '>');
     return some.first(static_cast<std::size_t>(end - some.begin()) + (end == some.end() ? 0 : 1));
+}
+
+/// Whether all that an encoding of that name has is UTF-8.
+bool IsUtf8(std::u16string_view encoding) {
+    constexpr std::u16string_view kNames[] = {u"UTF-8", u"US-ASCII"};
+    auto const upper = [](char16_t c) {
+        return c >= u'a' && c <= u'z' ? static_cast<char16_t>(c - u'a' + u'A') : c;
+    };
+    return std::ranges::any_of(kNames,
+                               [&](auto name) { return std::ranges::equal(encoding, name, {}, upper); });
+}
+
+/// Where text in UTF-8 goes on behind its byte order mark and its XML declaration; nothing for other encodings, and where
+/// the declaration matters: a document that stands alone may refer to entities declared behind what is not read.
+/// @param beginning of a text that is neither UTF-16 nor UTF-32
+std::optional<std::size_t> BehindDeclaration(XML_Parser parser, std::span<unsigned char const> beginning) {
+    struct Declaration {
+        XML_Parser m_parser;
+        bool m_isNeeded;
+        std::size_t m_end;
+    } declaration{parser, false, 0};
+    XML_SetUserData(parser, &declaration);
+    XML_SetXmlDeclHandler(
+        parser, [](void* userData, XML_Char const*, XML_Char const* encoding, int standalone) {
+            auto& [self, isNeeded, end] = *static_cast<Declaration*>(userData);
+            isNeeded = standalone == 1 || (encoding != nullptr && !IsUtf8(Units(encoding)));
+            end = static_cast<std::size_t>(XML_GetCurrentByteIndex(self) + XML_GetCurrentByteCount(self));
+        });
+    ParsePart(parser, DeclarationOf(beginning), kNotFinal);
+    if (declaration.m_end > 0)
+        return declaration.m_isNeeded ? std::nullopt : std::optional(declaration.m_end);
+    std::string_view text(reinterpret_cast<char const*>(beginning.data()), beginning.size());
+    constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF", kStart = "<?xml", kSpace = " \t\r\n";
+    std::size_t const start = text.starts_with(kByteOrderMark) ? kByteOrderMark.size() : 0;
+    text.remove_prefix(start);
+    bool const isDeclared = text.starts_with(kStart) && text.find_first_of(kSpace) == kStart.size();
+    return isDeclared ? std::nullopt : std::optional(start);  // one that Expat refuses, or a very long one
 }
 
 }  // namespace
@@ -189,8 +258,9 @@ struct CExpatReader::Callbacks {
                        int length, XML_Char const*, XML_Char const*, XML_Char const*, XML_Char const*) {
         if (isParameterEntity != 0) return;
         Run(userData, [=](CExpatReader& reader) {
-            reader.m_entities.emplace(Units(name));
-            if (value != nullptr) reader.DeclareEntity({Units(value), static_cast<std::size_t>(length)});
+            std::u16string_view const text(Units(value),
+                                           value == nullptr ? 0U : static_cast<std::size_t>(length));
+            reader.DeclareEntity(Units(name), text);
         });
     }
 
@@ -239,6 +309,7 @@ CExpatReader::Parser CExpatReader::NewParser(char16_t const* encoding, SchemaTyp
 void CExpatReader::Parse(std::span<unsigned char const> input) {
     m_mostOctetsOfToken = kMaxInputSize;
     m_octets = input.size();
+    m_hasMark = HasByteOrderMark(input);
     auto const utf32 = Utf32Of(input);
     if (!utf32.empty()) return ParseConverted(utf32, input);
     auto const highOctet = CUtf16Source::HighOctet(input);
@@ -303,7 +374,7 @@ void CExpatReader::CheckDeclaration(std::span<unsigned char const> beginning) co
     while (end + 2 < beginning.size() && !isEnd()) end += 2;
     Parser const parser = NewParser(nullptr, m_schemaType);
     if (!ParsePart(parser.get(), beginning.first(std::min(end + 2, beginning.size())), kNotFinal)) {
-        ThrowError(parser.get());
+        ThrowError(parser.get(), m_hasMark);
     }
 }
 
@@ -332,6 +403,7 @@ void CExpatReader::ParseOpen(char16_t const* encoding, std::span<unsigned char c
 void CExpatReader::Start(CPeekedSource& source) {
     m_mostOctetsOfToken = kMaxOctetsOfToken;
     std::span const beginning = source.Beginning();
+    m_hasMark = HasByteOrderMark(beginning);
     std::string encoding(Utf32Of(beginning));
     auto const highOctet = encoding.empty() ? CUtf16Source::HighOctet(beginning) : std::nullopt;
     m_isUtf16 = highOctet.has_value();
@@ -343,7 +415,17 @@ void CExpatReader::Start(CPeekedSource& source) {
         if (!encoding.empty()) m_utf8 = NewConvertedSource(encoding, source, beginning);
     }
     m_source = m_utf8 ? m_utf8.get() : &source;
+    if (m_details.m_octets) PrepareOctets(beginning);
     MakeParser(m_utf8 ? u"UTF-8" : nullptr);
+}
+
+void CExpatReader::PrepareOctets(std::span<unsigned char const> beginning) {
+    auto const behind =
+        m_utf8 ? std::nullopt : BehindDeclaration(NewParser(nullptr, m_schemaType).get(), beginning);
+    m_details.m_octets = behind.has_value();
+    if (!behind) return;
+    m_untoldOctets = *behind;
+    m_details.m_prefixes = m_details.m_markup = false;
 }
 
 bool CExpatReader::Read() {
@@ -380,9 +462,7 @@ void CExpatReader::PauseOutsideEntity() {
 }
 
 DocumentPlace CExpatReader::Place() const {
-    if (m_tagPlace) return *m_tagPlace;
-    return {XML_GetCurrentLineNumber(m_parser.get()), XML_GetCurrentColumnNumber(m_parser.get()) + 1,
-            ByteIndex()};
+    return m_tagPlace ? *m_tagPlace : PlaceIn(m_parser.get(), m_hasMark);
 }
 
 void CExpatReader::MakeParser(char16_t const* encoding) {
@@ -401,7 +481,7 @@ void CExpatReader::MakeParser(char16_t const* encoding) {
     XML_SetUserData(parser, this);
     XML_SetElementHandler(parser, Callbacks::StartElement, Callbacks::EndElement);
     XML_SetNamespaceDeclHandler(parser, Callbacks::StartNamespace, Callbacks::EndNamespace);
-    XML_SetCharacterDataHandler(parser, Callbacks::Text);
+    if (!m_details.m_octets) XML_SetCharacterDataHandler(parser, Callbacks::Text);
     XML_SetEntityDeclHandler(parser, Callbacks::Entity);
     XML_SetSkippedEntityHandler(parser, Callbacks::SkippedEntity);
     XML_SetExternalEntityRefHandler(parser, Callbacks::ExternalEntity);
@@ -439,6 +519,7 @@ bool CExpatReader::ParseSlice(COctetSource& source) {
     if (count == 0) return false;
     m_octets += count;
     if (m_source != nullptr) KeepProlog(octets.first(count));
+    if (m_details.m_octets) TellOctets(octets.first(count));
     m_mostDefaultedUnits = std::max(m_mostDefaultedUnits, MaxRepeatedUnits(m_octets));
     CheckParsed(XML_ParseBuffer(parser, static_cast<int>(count), kNotFinal) != XML_STATUS_ERROR);
     return true;
@@ -456,9 +537,15 @@ void CExpatReader::KeepProlog(std::span<unsigned char const> octets) {
     }
 }
 
+void CExpatReader::TellOctets(std::span<unsigned char const> octets) {
+    std::size_t const untold = std::min(m_untoldOctets, octets.size());
+    m_untoldOctets -= untold;
+    if (untold < octets.size()) m_receiver.AddOctets(octets.subspan(untold));
+}
+
 void CExpatReader::CheckParsed(bool parsed) {
     if (!m_failure) {
-        if (!parsed) ThrowError(m_parser.get(), m_unknownEncoding);
+        if (!parsed) ThrowError(m_parser.get(), m_hasMark, m_unknownEncoding);
         return;
     }
     try {
@@ -515,6 +602,7 @@ CExpatReader::ExpandedName CExpatReader::ElementName(char16_t const* expanded) {
 void CExpatReader::StartElement(char16_t const* name, char16_t const* const* attributes) {
     CountElement();
     m_hasRoot = true;
+    if (m_details.m_octets) return PassElement(attributes);
     m_attributes.clear();
     if (attributes[0] != nullptr) {
         auto const specified = static_cast<std::size_t>(XML_GetSpecifiedAttributeCount(m_parser.get())) / 2;
@@ -538,6 +626,14 @@ void CExpatReader::StartElement(char16_t const* name, char16_t const* const* att
     m_tagPlace.reset();
 }
 
+/// Checks an element of which nobody is told.
+void CExpatReader::PassElement(char16_t const* const* attributes) {
+    ++m_depth;
+    if (!m_hasDocumentType) return;
+    attributes += XML_GetSpecifiedAttributeCount(m_parser.get());
+    for (; attributes[0] != nullptr; attributes += 2) CountDefaulted(attributes[1]);
+}
+
 /// Expat does not tell of the entities that it skips in values of attributes.
 void CExpatReader::FindSkippedInTag() {
     std::size_t const line = Line();
@@ -546,6 +642,7 @@ void CExpatReader::FindSkippedInTag() {
     XML_DefaultCurrent(m_parser.get());
     XML_SetDefaultHandlerExpand(m_parser.get(), nullptr);
     if (m_tag.find(u'&') == m_tag.npos) return;
+    NormalizeLineEnds(m_tag);
     std::u16string_view rest = m_tag;
     std::size_t attribute = 0;
     for (std::size_t equals = rest.find(u'='); equals != rest.npos; equals = rest.find(u'=')) {
@@ -567,17 +664,27 @@ void CExpatReader::FindSkippedInTag() {
 
 /// @return how many entities the value of an attribute refers to that are not declared
 std::size_t CExpatReader::CountSkipped(std::u16string_view literal, std::size_t line) {
-    constexpr std::u16string_view kKnown[] = {u"amp", u"lt", u"gt", u"apos", u"quot"};
     std::size_t count = 0;
-    for (std::size_t at = literal.find(u'&'); at != literal.npos; at = literal.find(u'&', at + 1)) {
-        std::u16string_view const name = literal.substr(at + 1, literal.find(u';', at) - at - 1);
-        if (name.starts_with(u'#') || std::ranges::find(kKnown, name) != std::end(kKnown) ||
-            m_entities.contains(name))
-            continue;
-        SkipEntity(name, line);
+    ForEachEntity(literal, [&](std::u16string_view name) {
+        wstring const undeclared = Undeclared(name);
+        if (undeclared.empty()) return;
+        SkipEntity(undeclared, line);
         ++count;
-    }
+    });
     return count;
+}
+
+/// An entity without declaration that another one refers to, or is; empty if there is none.
+wstring CExpatReader::Undeclared(std::u16string_view entity) {
+    auto const known = m_entities.find(entity);
+    if (known == m_entities.end()) return wstring(entity);
+    wstring const value = std::exchange(known->second, {});  // once is enough
+    wstring undeclared;
+    ForEachEntity(value, [&](std::u16string_view name) {
+        if (undeclared.empty()) undeclared = Undeclared(name);
+    });
+    if (!undeclared.empty()) known->second = u'&' + undeclared + u';';
+    return undeclared;
 }
 
 void CExpatReader::SkipEntity(std::u16string_view name, std::size_t line) {
@@ -598,9 +705,10 @@ bool CExpatReader::FindEncoding(wstring const& name, std::span<int, 256> map) {
     m_unknownEncoding = FormatString(
         !m_details.m_systemEncodings ? u"The encoding [%s] is read only where those of the system are allowed"
         : m_isUtf16                  ? u"The text is UTF-16, but declares the encoding [%s]"
-                                     : kUnknownEncoding,
+        : m_hasMark ? u"The text is UTF-8 by its byte order mark, but declares the encoding [%s]"
+                    : kUnknownEncoding,
         name.substr(0, 100).c_str());
-    if (!m_details.m_systemEncodings || m_isUtf16) return false;
+    if (!m_details.m_systemEncodings || m_isUtf16 || m_hasMark) return false;
     CEncoding encoding(ToUtf8(name));
     if (!encoding.IsKnown()) return false;
     auto const octets = encoding.Octets();
@@ -628,12 +736,18 @@ void CExpatReader::CountDefaulted(std::u16string_view value) {
 }
 
 void CExpatReader::EndElement() {
-    if (HasOpenElement()) CDocumentReader::EndElement();
+    if (!HasOpenElement()) return;
+    if (m_details.m_octets) {
+        --m_depth;
+    } else {
+        CDocumentReader::EndElement();
+    }
 }
 
 void CExpatReader::DeclareNamespace(char16_t const* prefix, char16_t const* namespaceUri) {
     m_tagNames.Forget();
     ThrowIfNamespaceTooLong(TextOf(namespaceUri));
+    if (m_details.m_octets) return;
     // No prefix is the default namespace; no URI is xmlns="".
     CNameTable& names = m_memory.m_names;
     m_hasDeclarations = true;
@@ -694,11 +808,15 @@ void CExpatReader::EndDocumentType() {
     DocumentTypeText document(parser.get());
     ParsePart(parser.get(), m_prolog, kNotFinal);
     if (document.m_failure) std::rethrow_exception(document.m_failure);
-    m_receiver.AddDocumentType(document.m_text + u'>');
+    document.m_text += u'>';
+    NormalizeLineEnds(document.m_text);
+    m_receiver.AddDocumentType(document.m_text);
 }
 
-void CExpatReader::DeclareEntity(std::u16string_view value) {
-    if (value.find(u'&') == value.npos || ++m_nestingEntities <= m_mostNestingEntities) return;
+void CExpatReader::DeclareEntity(char16_t const* name, std::u16string_view value) {
+    bool const isNesting = value.find(u'&') != value.npos;
+    m_entities.emplace(name, isNesting ? value : std::u16string_view());
+    if (!isNesting || ++m_nestingEntities <= m_mostNestingEntities) return;
     throw CBxException(
         FormatString(u"More than %d entities refer to others, which is the limit", m_mostNestingEntities));
 }

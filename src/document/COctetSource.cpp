@@ -9,10 +9,10 @@
 
 namespace BxXmlLib5 {
 
-void ThrowFileError(char16_t const* format, std::u16string_view path, CInputFile const& file) {
+void ThrowFileError(char16_t const* format, std::string_view path, CInputFile const& file) {
     int const error = file.Error();
     wstring const words = error == 0 ? wstring(u"It became shorter while it was read") : WordsOfError(error);
-    throw CBxException(FormatString(format, wstring(path).c_str(), error), CBxException(words));
+    throw CBxException(FormatString(format, FromUtf8(path).c_str(), error), CBxException(words));
 }
 
 std::vector<unsigned char> ReadAll(COctetSource& source, std::size_t most) {
@@ -26,12 +26,12 @@ std::vector<unsigned char> ReadAll(COctetSource& source, std::size_t most) {
     return octets;
 }
 
-CFileSource::CFileSource(std::u16string_view path) : m_path(path), m_file(path, CInputFile::kAny) {
+CFileSource::CFileSource(std::string_view path) : m_path(path), m_file(path, CInputFile::kAny) {
     if (!m_file.IsOpen()) ThrowFileError(kCannotOpen, m_path, m_file);
 }
 
 CFileSource::CFileSource(int descriptor)
-    : m_path(u"/dev/fd/" + FromUtf8(std::to_string(descriptor))), m_file(descriptor) {}
+    : m_path("/dev/fd/" + std::to_string(descriptor)), m_file(descriptor) {}
 
 std::size_t CFileSource::Read(std::span<unsigned char> room) {
     auto const count = m_file.ReadSome(room);

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <span>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -18,7 +19,7 @@ inline constexpr char16_t kCannotRead[] = u"Failed to read the contents of the f
 
 /// @param format of a message that has the path and the number of the error
 /// @throws CBxException always
-[[noreturn]] void ThrowFileError(char16_t const* format, std::u16string_view path, CInputFile const& file);
+[[noreturn]] void ThrowFileError(char16_t const* format, std::string_view path, CInputFile const& file);
 
 /// Octets that come in slices, as large as the reader likes.
 class COctetSource {
@@ -58,14 +59,14 @@ class CFileSource : public COctetSource {
 public:
     /// @param path of anything that can be read; /dev/stdin or /dev/fd/N is read from where it stands
     /// @throws CBxException if it cannot be opened
-    explicit CFileSource(std::u16string_view path);
+    explicit CFileSource(std::string_view path);
     /// @param descriptor stays the caller's; it is read from where it stands
     explicit CFileSource(int descriptor);
 
     std::size_t Read(std::span<unsigned char> room) override;
 
 private:
-    wstring m_path;
+    std::string m_path;
     CInputFile m_file;
 };
 

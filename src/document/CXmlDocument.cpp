@@ -32,7 +32,7 @@ private:
     std::size_t m_size;
 };
 
-Buffer ReadFile(std::u16string_view path, std::size_t most) {
+Buffer ReadFile(std::string_view path, std::size_t most) {
     CInputFile file(path);
     if (!file.IsOpen()) ThrowFileError(kCannotOpen, path, file);
     auto const size = file.Size();
@@ -68,8 +68,12 @@ void CXmlDocument::Cleanup() {
 }
 
 void CXmlDocument::Load(char16_t const* path) {
+    Load(ToUtf8(TextOf(path)));
+}
+
+void CXmlDocument::Load(std::string_view path) {
     Cleanup();
-    Buffer const file = ReadFile(TextOf(path), m_limits.m_octets);
+    Buffer const file = ReadFile(path, m_limits.m_octets);
     Parse(file.Octets(), false);
 }
 

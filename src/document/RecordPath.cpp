@@ -5,10 +5,10 @@
 
 namespace BxXmlLib5 {
 
-std::vector<RecordStep> ParseRecordPath(std::u16string_view path) {
-    auto const refuse = [path] {
+std::vector<RecordStep> ParseRecordPath(std::u16string_view path, bool hasPrefixes) {
+    auto const refuse = [path](char16_t const* reason = u"") {
         throw CBxInvalidParamException(
-            FormatString(u"[%s] is no path from a root to records", wstring(path).c_str()));
+            FormatString(u"[%s] is no path from a root to records%s", wstring(path).c_str(), reason));
     };
     std::vector<RecordStep> steps;
     std::u16string_view rest = path;
@@ -24,6 +24,8 @@ std::vector<RecordStep> ParseRecordPath(std::u16string_view path) {
         std::size_t const end = rest.find(u'/');
         std::u16string_view const name = rest.substr(0, end);
         if (name.empty()) refuse();
+        if (!hasPrefixes && name.find(u':') != name.npos)
+            refuse(u": prefixes mean nothing in it, and a namespace stands in braces, {uri}name");
         if (name != u"*") step.m_name = name;
         goesOn = end != rest.npos;
         if (goesOn) rest.remove_prefix(end + 1);

@@ -16,7 +16,8 @@ struct RecordStep {
 
 /// From the root to the records.
 /// @param path as CRecordReader takes it
+/// @param hasPrefixes whether names keep their prefixes
 /// @throws CBxInvalidParamException if it is none
-std::vector<RecordStep> ParseRecordPath(std::u16string_view path);
+std::vector<RecordStep> ParseRecordPath(std::u16string_view path, bool hasPrefixes);
 
 }  // namespace BxXmlLib5

@@ -26,7 +26,7 @@ CBinaryData Written(CObject const& root, Layout layout, CXmlSerializationContext
 }  // namespace
 
 void LoadRoot(CObject& root, std::string_view path, CXmlSerializationContext const& context) {
-    root.FromXmlFile(FromUtf8(path).c_str(), WholeContext(context));
+    root.FromXmlFile(path, WholeContext(context));
 }
 
 void ParseRoot(CObject& root, std::string_view octets, CXmlSerializationContext const& context) {

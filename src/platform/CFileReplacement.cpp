@@ -36,6 +36,11 @@ std::string FollowLinks(fs::path path) {
 /// Permissions of a file that is new.
 constexpr mode_t kNewFile = 0666;  // less the umask
 
+/// What leads to an open file that has no name.
+std::string PathOf(int file) {
+    return "/proc/self/fd/" + std::to_string(file);
+}
+
 }  // namespace
 
 // The file is made ahead: without memory for it nothing must be open.
@@ -69,17 +74,47 @@ void CFileReplacement::Open(std::string path) {
         return;
     }
     constexpr mode_t kOwnerAlone = 0600;  // until it has the rights of the old one
-    OpenBeside(isThere ? kOwnerAlone : kNewFile);
+    mode_t const mode = isThere ? kOwnerAlone : kNewFile;
+    if (!OpenUnnamed(mode)) OpenBeside(mode);
     if (isThere && m_error == 0) TakeRights(m_target);
 }
 
+/// @return false where such a file cannot be made, or not be given a name later
+bool CFileReplacement::OpenUnnamed(unsigned mode) {
+    fs::path const folder = fs::path(m_target).parent_path();
+    int const file = open(folder.empty() ? "." : folder.c_str(), O_WRONLY | O_TMPFILE | O_CLOEXEC,
+                          static_cast<mode_t>(mode));
+    if (file < 0) return false;
+    m_isUnnamed = faccessat(AT_FDCWD, PathOf(file).c_str(), F_OK, 0) == 0;
+    if (m_isUnnamed) {
+        m_file->Take(file);
+    } else {
+        close(file);
+    }
+    return m_isUnnamed;
+}
+
 void CFileReplacement::OpenBeside(unsigned mode) {
+    MakeBeside([this, mode](std::string const& path) {
+        m_file->Take(open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, static_cast<mode_t>(mode)));
+        return m_file->Error();
+    });
+}
+
+void CFileReplacement::GiveName() {
+    MakeBeside([from = PathOf(m_file->Descriptor())](std::string const& path) {
+        return linkat(AT_FDCWD, from.c_str(), AT_FDCWD, path.c_str(), AT_SYMLINK_FOLLOW) == 0 ? 0 : errno;
+    });
+}
+
+/// @param make makes a file of a name, and returns the error number
+template <class Make>
+void CFileReplacement::MakeBeside(Make make) {
     fs::path const folder = fs::path(m_target).parent_path();
     for (int number = 0; m_path.empty(); ++number) {
         std::string const name = ".bx-" + std::to_string(getpid()) + "-" + std::to_string(number) + ".tmp";
         std::string path = (folder / name).string();
-        m_file->Take(open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, static_cast<mode_t>(mode)));
-        m_error = m_file->Error();
+        m_error = make(path);
         if (m_error == 0) m_path = std::move(path);
         if (m_error != EEXIST) return;
     }
@@ -91,8 +126,9 @@ void CFileReplacement::TakeRights(std::string const& old) {
     constexpr mode_t kRights = 0777;
     mode_t rights = status.st_mode & kRights;
     // Another group gets no more than everybody has.
-    if (chown(m_path.c_str(), status.st_uid, status.st_gid) != 0) rights &= ~070U | (rights & 07U) << 3;
-    if (chmod(m_path.c_str(), rights) != 0) m_error = errno;
+    int const file = m_file->Descriptor();
+    if (fchown(file, status.st_uid, status.st_gid) != 0) rights &= ~070U | (rights & 07U) << 3;
+    if (fchmod(file, rights) != 0) m_error = errno;
 }
 
 void CFileReplacement::Write(std::span<unsigned char const> octets) {
@@ -102,6 +138,9 @@ void CFileReplacement::Write(std::span<unsigned char const> octets) {
 }
 
 int CFileReplacement::Finish() {
+    if (m_error != 0) return m_error;
+    if (m_isUnnamed) GiveName();
+    m_isUnnamed = false;
     if (m_error != 0) return m_error;
     m_file->Close();
     m_error = m_file->Error();

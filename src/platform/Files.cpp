@@ -18,15 +18,14 @@ namespace BxXmlLib5 {
 namespace {
 
 /// A descriptor, or -1 and the error number.
-int Open(std::u16string_view path, int flags, int& error) {
+int Open(std::string_view path, int flags, int& error) {
     // A path that holds a zero would name another file to the system.
-    if (path.find(u'\0') != path.npos) {
+    if (path.find('\0') != path.npos) {
         error = EINVAL;
         return -1;
     }
     constexpr mode_t kModeOfNewFile = 0666;  // less the umask
-    std::string const name = ToUtf8(path);
-    int const file = open(name.c_str(), flags | O_CLOEXEC, kModeOfNewFile);
+    int const file = open(std::string(path).c_str(), flags | O_CLOEXEC, kModeOfNewFile);
     if (file < 0) error = errno;
     return file;
 }
@@ -55,8 +54,8 @@ wstring WordsOfError(int error) {
     return words;
 }
 
-CInputFile::CInputFile(std::u16string_view path, Kind kind) {
-    if (auto const descriptor = kind == kAny ? DescriptorOf(ToUtf8(path)) : std::nullopt) {
+CInputFile::CInputFile(std::string_view path, Kind kind) {
+    if (auto const descriptor = kind == kAny ? DescriptorOf(path) : std::nullopt) {
         m_file = *descriptor;
         m_isOwned = false;
         return;
@@ -110,7 +109,7 @@ std::optional<std::size_t> CInputFile::ReadSome(std::span<unsigned char> buffer)
 }
 
 COutputFile::COutputFile(std::u16string_view path)
-    : m_file(Open(path, O_WRONLY | O_CREAT | O_TRUNC, m_error)) {}
+    : m_file(Open(ToUtf8(path), O_WRONLY | O_CREAT | O_TRUNC, m_error)) {}
 
 COutputFile::~COutputFile() {
     Close();

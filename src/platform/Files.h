@@ -26,8 +26,8 @@ public:
     };
 
     /// A file that the destructor closes, unless it was open before.
-    /// @param path in UTF-8 at the system
-    explicit CInputFile(std::u16string_view path, Kind kind = kRegular);
+    /// @param path as the system has it
+    explicit CInputFile(std::string_view path, Kind kind = kRegular);
     /// @param descriptor of anything that can be read; it stays the caller's
     explicit CInputFile(int descriptor) : m_file(descriptor), m_isOwned(false) {}
     CInputFile(CInputFile const&) = delete;
@@ -70,6 +70,8 @@ public:
     void Close();
     /// 0 as long as nothing failed.
     int Error() const { return m_error; }
+    /// -1 if there is none.
+    int Descriptor() const { return m_file; }
 
 private:
     int m_error = 0;

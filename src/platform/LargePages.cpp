@@ -3,15 +3,48 @@
 #include <sys/mman.h>
 
 #include <cerrno>
+#include <cstdint>
+#include <new>
 
 namespace BxXmlLib5 {
 
+namespace {
+
+void Advise([[maybe_unused]] void* memory, [[maybe_unused]] std::size_t octets,
+            [[maybe_unused]] int advice) noexcept {
+    int const before = errno;
+    madvise(memory, octets, advice);
+    errno = before;
+}
+
+}  // namespace
+
 void PreferLargePages([[maybe_unused]] void* memory, [[maybe_unused]] std::size_t octets) noexcept {
 #ifdef MADV_HUGEPAGE
-    int const before = errno;
-    madvise(memory, octets, MADV_HUGEPAGE);
-    errno = before;
+    Advise(memory, octets, MADV_HUGEPAGE);
 #endif
+}
+
+void* TakeLargePage() {
+    // Twice of it has one that begins where it should.
+    void* const memory =
+        mmap(nullptr, 2 * kLargePage, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+    if (memory == MAP_FAILED) throw std::bad_alloc();
+    auto* const start = static_cast<char*>(memory);
+    std::size_t const ahead =
+        (kLargePage - reinterpret_cast<std::uintptr_t>(start) % kLargePage) % kLargePage;
+    if (ahead > 0) munmap(start, ahead);
+    munmap(start + ahead + kLargePage, kLargePage - ahead);
+    PreferLargePages(start + ahead, kLargePage);
+    return start + ahead;
+}
+
+void GiveBackLargePage(void* page) noexcept {
+    munmap(page, kLargePage);
+}
+
+void GiveBackPart(void* memory, std::size_t octets) noexcept {
+    Advise(memory, octets, MADV_DONTNEED);
 }
 
 }  // namespace BxXmlLib5

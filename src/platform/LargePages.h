@@ -13,4 +13,13 @@ inline constexpr std::size_t kLargePage = 2 * 1024 * 1024;
 /// @param memory begins at a large page
 void PreferLargePages(void* memory, std::size_t octets) noexcept;
 
+/// @return memory for one large page, from the kernel, preferred as such
+/// @throws std::bad_alloc
+void* TakeLargePage();
+void GiveBackLargePage(void* page) noexcept;
+
+/// Lets the kernel have a part of such a page, whose content is lost. The part may be used again.
+/// @param memory begins at a page of the usual size, and is whole ones
+void GiveBackPart(void* memory, std::size_t octets) noexcept;
+
 }  // namespace BxXmlLib5

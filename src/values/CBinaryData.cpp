@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "BxXmlLib5/core/CBxException.h"
+#include "BxXmlLib5/core/Count.h"
 #include "BxXmlLib5/core/FormatString.h"
 #include "BxXmlLib5/platform/CFileReplacement.h"
 #include "platform/Files.h"
@@ -44,9 +45,9 @@ struct BinaryDataHolder {
         m_length = length;
     }
 
-    void AddRef() { m_refCount.fetch_add(1, std::memory_order_relaxed); }
+    void AddRef() { AddToCount(m_refCount, 1, std::memory_order_relaxed); }
     void Release() {
-        if (m_refCount.fetch_sub(1, std::memory_order_acq_rel) == 1) delete this;
+        if (AddToCount(m_refCount, -1, std::memory_order_acq_rel) == 1) delete this;
     }
     int RefCount() const { return m_refCount.load(std::memory_order_acquire); }
 

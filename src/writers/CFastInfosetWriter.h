@@ -48,8 +48,9 @@ public:
     std::span<unsigned char const> Octets() const { return m_output.Octets(); }
     void DropOctets() { m_output.Truncate(0); }
 
-    /// From now on the tables of values and of text take no more entries than that.
-    void LimitTables(std::size_t entries) { m_mostShortTexts = entries; }
+    /// For a document of any size: from now on the tables of values and of text take some 65,000 entries at most, so
+    /// that who writes it and who reads it need little memory.
+    void LimitTables() { m_mostShortTexts = 1 << 16; }
 
     /// Writes a start tag with its attributes, in place of WriteStartElement() and WriteAttribute(), with prefixes and
     /// namespace attributes as the caller has them.

@@ -32,15 +32,11 @@ TEST(ElementInfo, IsValidatedInAnAllGroupOnly) {
 
 TEST(ElementInfo, ReadsByFactoriesNamespacesAndCounts) {
     ExpectRows({
-        {"E:any", "M", "<b/>", "!not-from n"},
         {"_:any[##local;]", "", "<b xmlns='u'/>", "!not-from "},
         {"p:(_:any)?, x:text?", "", "<b/>"},
         {"_:any?[##other;t]", "", "<b xmlns='t'/>", "!left-over r b"},
         {"e:any?[##other;]", "", "<b/>", "!namespace  ##other "},
         {"| e:any?[##other;]", "", "<b/>", "!namespace  ##other "},
-        {"e:any*", "", "<e xmlns='u'/><e xmlns='v'/>", "!left-over r e"},
-        {"& a:text*1-2 & b:text?", "", "<b/>", "!too-few a 1"},
-        {"a:text*1-2 & b:text?", "#", "<b/>"},
     });
 }
 
@@ -106,8 +102,6 @@ TEST(ElementInfo, AsksTheObjectsThemselves) {
         }
     };
     EXPECT_EQ(Written(Adorned(Class("@k:text?"))), "<r own=\"2\"/>");
-    // An item of a collection does not stand in a choice, though the collection may.
-    ExpectRows({{"| a:{| x:text?}*", "", "<a/>", "!empty-choice a"}});
 }
 
 TEST(ElementInfo, TestsAValueBeforeItBeginsTheElement) {
@@ -147,9 +141,7 @@ TEST(ElementInfo, CountsACollectionThatIsDerivedFromOneOfAChoice) {
 }
 
 TEST(ElementInfo, RefusesBadValues) {
-    ExpectRows({{"a:number", "", "<a>x</a>", "!no-double x"},
-                {"a:text", "", "<a> x  y </a>", "<a>x y</a>"},
-                {"a:enum", "", "<a> one</a>", "!no-enum a"}});
+    ExpectRows({{"a:text", "", "<a> x  y </a>", "<a>x y</a>"}, {"a:enum", "", "<a> one</a>", "!no-enum a"}});
     for (std::string const type : {"a:short", "| a:short?", "& a:short?", "@a:short?=x", "@a:short"}) {
         TestObject object(Class(type));
         object[u"a"].SetString(u"abc");

@@ -212,6 +212,13 @@ TEST(CRecordReader, Paths) {
         EXPECT_BX_THROW(CRecordReader(Octets(document), FromUtf8(path).c_str()), CBxInvalidParamException,
                         "[" + path + "] is no path from a root to records");
     }
+    EXPECT_BX_THROW(
+        CRecordReader(Octets(document), u"a/p:b"), CBxInvalidParamException,
+        "[a/p:b] is no path from a root to records: prefixes mean nothing in it, and a namespace stands in "
+        "braces, {uri}name");
+    RecordReaderSettings prefixed;
+    prefixed.m_context.SetSchemaType(st_NoNamespaces);
+    EXPECT_EQ(All(document, u"a/p:c/b", prefixed), Lines({"1: /a/p:c[1]/b[1] <b/>", "end"}));
     for (auto const& [path, message] :
          {std::pair(u"x/b", "it must be [x]"), std::pair(u"{M}*/b", "it must be [*] in [M]")}) {
         std::string const thrown =
@@ -222,7 +229,7 @@ TEST(CRecordReader, Paths) {
 
 TEST(CRecordReader, ReadsFilesAndPipes) {
     TemporaryFolder const folder;
-    std::string const path = folder.Write("f", "<a><r/></a>");
+    std::string const path = folder.Write("f\xE9", "<a><r/></a>");  // no UTF-8
     Lines const records = {"1: /a/r[1] <r/>", "end"};
     auto const all = [](std::string const& name) {
         CRecordReader reader(name, u"a/r");
@@ -508,6 +515,45 @@ TEST(CRecordReader, TakesBoundedMemoryForAnEntity) {
     EXPECT_EQ(All(parents, u"a/b/r", settings).size(), 3U);
     settings.m_onEnd = [](CXmlElement const&) {};
     EXPECT_NE(All(parents, u"a/b/r", settings)[1].find("(m_maxSurroundings;"), std::string::npos);
+    // Those that were told count no more.
+    EXPECT_EQ(All("<!DOCTYPE a [<!ENTITY e '" + Repeat("<b/>", 20) + "'>]><a>" + Repeat("&e;<b><r/></b>", 9) +
+                      "</a>",
+                  u"a/b/r", settings)
+                  .size(),
+              10U);
+}
+
+TEST(CRecordReader, DoesNotReadOnWithinWhatItCalls) {
+    std::string const busy = "The reader cannot read on before it is back from what it called";
+    std::string const document = "<a><b><r>1</r></b><b><r>2</r></b></a>";
+    CRecordReader* inner = nullptr;
+    RecordReaderSettings settings;
+    settings.m_onEnd = [&](CXmlElement const&) { Next(*inner), inner->Read(*CElement::LoadXml("<x/>")); };
+    CRecordReader ends(Octets(document), u"a/b/r", settings);
+    inner = &ends;
+    EXPECT_EQ(All(ends), Lines({"1: /a/b[1]/r[1] <r>1</r>", "1: /a/b[1]: " + busy, "1: /a/b[2]/r[1] <r>2</r>",
+                                "1: /a/b[2]: " + busy, "1: /a: " + busy, "end"}));
+    struct CReading : CAsking {
+        CXmlElement* FromXml_Int(CXmlElement*, CXmlElement*, CXmlSerializationContext const&, bool) override {
+            return m_reader->Read(*this), nullptr;
+        }
+        CRecordReader* m_reader = nullptr;
+    } object;
+    CRecordReader records(Octets(document), u"a/b/r");
+    object.m_reader = &records;
+    EXPECT_BX_THROW(records.Read(object), CBxInvalidStateException, busy);
+    EXPECT_EQ(Next(records), "1: /a/b[2]/r[1] <r>2</r>");
+    bool isFirst = true;
+    CRecordReader source(
+        [&](std::span<unsigned char> room) -> std::size_t {
+            if (!std::exchange(isFirst, false)) return inner->GetSurroundings(), 0;
+            std::size_t const count = std::min<std::size_t>(room.size(), 5000);
+            std::fill_n(room.begin(), count, ' ');
+            return count;
+        },
+        u"a");
+    inner = &source;
+    EXPECT_EQ(Next(source), busy);
 }
 
 TEST(CRecordReader, TellsWhatIsWrongWithARecordAheadOfTheDocument) {
@@ -549,6 +595,7 @@ TEST(CRecordReader, PassesOnWhatTheCallerThrows) {
     EXPECT_THROW(reader.Read(record), std::runtime_error);
     CRecordReader moved = std::move(reader);
     EXPECT_THROW(moved.Read(record), std::runtime_error);
+    EXPECT_BX_THROW(reader.Read(record), CBxInvalidStateException, "The reader was moved");
     EXPECT_EQ(calls, 3);
     EXPECT_THROW(CRecordReader(source, u"a/b/r"), std::runtime_error);
     EXPECT_BX_THROW(CRecordReader(CRecordReader::Source(), u"a"), CBxInvalidParamException,

@@ -4,6 +4,7 @@
 
 #include "BxXmlLib5/BxXmlLib5.h"
 #include "support/Expect.h"
+#include "support/Inert.h"
 #include "support/TemporaryFolder.h"
 
 using namespace BxTest;
@@ -101,23 +102,34 @@ std::string Written(bool isFastInfoset, std::function<void(CRecordWriter&)> cons
     return ToUtf8(CElement::LoadXmlStream(written)->ToXml(false, false, eol_LF, context));
 }
 
-/// An element of the name and in the namespace that it is given.
-class CNamed : public CXmlObjectBase {
-public:
-    CNamed() { SetElementName(u"r"); }
-    CXmlObjectBase* GetBase() override { return this; }
-    wstring GetNamespace() const override { return {}; }
+TEST(CRecordWriter, LimitsTheTablesOfFastInfoset) {
+    // Octets of a document of many distinct texts, one of which comes again and again.
+    auto const sizeWith = [](int again) {
+        RecordSettings settings;
+        settings.m_isFastInfoset = true;
+        std::size_t size = 0;
+        CRecordWriter writer([&](auto octets) { size += octets.size(); }, settings);
+        writer.Start(u"a");
+        for (int i = 10'000; i < 90'000; ++i) {
+            writer.Start(u"b");
+            writer.Text(FromUtf8(std::to_string(i < 80'000 ? i : again)).c_str());
+            writer.End();
+        }
+        writer.Finish();
+        return size;
+    };
+    EXPECT_EQ(sizeWith(70'000), sizeWith(75'000));
+    EXPECT_GT(sizeWith(79'000), sizeWith(75'000) + 20'000);
+}
 
-protected:
-    wstring GetTargetNamespace() const override { return u"T"; }
+/// An element of the name and in the namespace that it is given.
+struct CNamed : Inert {
+    CNamed() { SetElementName(u"r"); }
     void ToXml_Int(CXmlWriter* writer, bool isRoot, char16_t const* namespaceUri,
                    CXmlSerializationContext const&, bool) const override {
         EXPECT_FALSE(isRoot);
         writer->WriteStartElement(GetElementName(), namespaceUri);
         writer->WriteEndElement();
-    }
-    CXmlElement* FromXml_Int(CXmlElement*, CXmlElement*, CXmlSerializationContext const&, bool) override {
-        return nullptr;
     }
 };
 
@@ -136,7 +148,7 @@ TEST(CRecordWriter, WritesNamesAndTextsAsTheyComeBack) {
     for (bool const isFastInfoset : {false, true})
         EXPECT_EQ(
             Written(isFastInfoset, write),
-            "<AA:a xmlns:AA=\"N\" k=\"x\ny\"><AB:r xmlns:AB=\"T\"/><AA:s/><AB:t xmlns:AB=\"M\"/><AA:e/></AA:a>");
+            "<AA:a xmlns:AA=\"N\" k=\"x\ny\"><AB:r xmlns:AB=\"target\"/><AA:s/><AB:t xmlns:AB=\"M\"/><AA:e/></AA:a>");
     EXPECT_EQ(
         Written(false, writeNoNamespace),
         "CBxInvalidNamespaceException: The element [a] is in no namespace, but would come back in the default one");
@@ -163,6 +175,12 @@ TEST(CRecordWriter, ReplacesTheFileAtTheEndAlone) {
                     "Failed to write data to the file [/dev/full] error [0x0000001C]");
 }
 
+/// An object that writes no element.
+struct CNothing : CNamed {
+    void ToXml_Int(CXmlWriter*, bool, char16_t const*, CXmlSerializationContext const&, bool) const override {
+    }
+};
+
 TEST(CRecordWriter, AcceptsNothingAfterAFailure) {
     std::string const state = "CBxInvalidStateException: ";
     struct {
@@ -180,6 +198,7 @@ TEST(CRecordWriter, AcceptsNothingAfterAFailure) {
          "CBxException: Attributes must be added before elements"},
         {[](auto& writer) { writer.Start(u"a b"); },
          "CBxInvalidValueException: The element [a b] has the character U+0020, which cannot stand there"},
+        {[](auto& writer) { writer.Write(CNothing()), writer.Finish(); }, state + "The document has no root"},
         {[](auto& writer) { writer.Start(u"a"), writer.Finish(), throw CBxException(u"finished"); },
          "CBxException: finished"},
     };
@@ -189,6 +208,7 @@ TEST(CRecordWriter, AcceptsNothingAfterAFailure) {
         EXPECT_BX_THROW((writer.Start(u"a"), 0), CBxInvalidStateException,
                         "Nothing is written any more, since the document is finished or failed");
     }
+    EXPECT_BX_THROW(CRecordWriter(CRecordWriter::Sink()), CBxInvalidParamException, "There is no sink");
 }
 
 }  // namespace

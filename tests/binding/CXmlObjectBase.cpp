@@ -4,14 +4,14 @@
 #include "BxXmlLib5/core/CSmartPtr.h"
 #include "BxXmlLib5/document/CXmlDocument.h"
 #include "support/Expect.h"
+#include "support/Inert.h"
 
 using namespace BxXmlLib5;
 
 namespace {
 
 /// Counts its ends, and lets the protected helpers be called.
-class Object : public CXmlObjectBase {
-public:
+struct Object : BxTest::Inert {
     explicit Object(char16_t const* name = u"", int* deleted = nullptr) : m_deleted(deleted) {
         SetElementName(name);
     }
@@ -20,14 +20,6 @@ public:
     ~Object() override { m_deleted != nullptr ? ++*m_deleted : 0; }
 
     CXmlObjectBase* GetBase() override { return m_base; }
-    wstring GetTargetNamespace() const override { return u"target"; }
-    wstring GetNamespace() const override { return u"own"; }
-    void ToXml_Int(CXmlWriter*, bool, char16_t const*, CXmlSerializationContext const&, bool) const override {
-    }
-    CXmlElement* FromXml_Int(CXmlElement*, CXmlElement* child, CXmlSerializationContext const&,
-                             bool) override {
-        return child;
-    }
     using Base = CXmlObjectBase;
     using Base::SetElementName, Base::GetElementName, Base::Choice_SetElementValid,
         Base::Choice_SelectElement, Base::Choice_CollectionChanged, Base::TestNamespace,

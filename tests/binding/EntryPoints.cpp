@@ -7,22 +7,16 @@
 #include "BxXmlLib5/writers/CXmlWriter.h"
 #include "document/Inflate.h"
 #include "document/Trees.h"
+#include "support/Inert.h"
+#include "support/Octets.h"
 
 using namespace BxTest;
 using namespace std::string_literals;
 
 namespace {
 
-std::string TextOf(CBinaryData const& data) {
-    return {data.GetOctets().begin(), data.GetOctets().end()};
-}
-
-unsigned char const* Data(std::string const& text) {
-    return reinterpret_cast<unsigned char const*>(text.data());
-}
-
 std::string Inflated(std::string const& octets) {
-    auto const content = Inflate({Data(octets), octets.size()});
+    auto const content = Inflate(AsOctets(octets));
     return content ? std::string(content->begin(), content->end()) : "no stream";
 }
 
@@ -35,12 +29,10 @@ std::string Wide(std::string const& text) {
 }
 
 /// Writes untyped content under its own target namespace, and notes what it is asked to read.
-struct Echo : CXmlObjectBase {
+struct Echo : Inert {
     explicit Echo(std::string const& content = "<a/>") : m_content(u"") {
         m_content.FromXml(FromUtf8(content).c_str());
     }
-    CXmlObjectBase* GetBase() override { return this; }
-    wstring GetNamespace() const override { return u"other"; }
     wstring GetTargetNamespace() const override { return u"urn:target"; }
     void ToXml_Int(CXmlWriter* writer, bool isRoot, char16_t const* namespaceUri,
                    CXmlSerializationContext const& context, bool allowEmptyChoice) const override {
@@ -93,7 +85,7 @@ TEST(EntryPoints, ToXmlStreamEncodesTheText) {
     };
     for (auto const& row : rows) {
         Echo const object("<a>é€𝄞</a>");
-        EXPECT_EQ(TextOf(object.ToXmlStream(row.m_declaration, row.m_formatted, row.m_encoding, row.m_eol,
+        EXPECT_EQ(AsText(object.ToXmlStream(row.m_declaration, row.m_formatted, row.m_encoding, row.m_eol,
                                             kContext, cmp_None)),
                   row.m_octets);
         EXPECT_EQ(object.m_context, &kContext);
@@ -107,7 +99,7 @@ TEST(EntryPoints, FilesOfUtf16BeginWithAByteOrderMark) {
     for (XmlEncoding const encoding : kEncodings) {
         std::string const mark = encoding == enc_UTF8 ? "" : "\xFF\xFE";
         std::string const octets =
-            mark + TextOf(object.ToXmlStream(true, true, encoding, eol_CRLF, kContext, cmp_None));
+            mark + AsText(object.ToXmlStream(true, true, encoding, eol_CRLF, kContext, cmp_None));
         object.ToXmlFile(path.c_str(), true, true, encoding, eol_CRLF, kContext, cmp_None);
         EXPECT_EQ(Content(ToUtf8(path)), octets);
         object.ToXmlFile(path.c_str(), true, true, encoding, eol_CRLF, kContext, cmp_GZip);
@@ -126,7 +118,7 @@ TEST(EntryPoints, FastInfosetBeginsWithItsDeclaration) {
     EXPECT_EQ(Content(path), document);
     EXPECT_EQ(object.m_context, &kContext);
     large.ToFastInfosetFile(FromUtf8(path).c_str(), fi_None, kContext, cmp_GZip);
-    EXPECT_EQ(Inflated(Content(path)), TextOf(large.ToFastInfosetStream(fi_None, kContext, cmp_None)));
+    EXPECT_EQ(Inflated(Content(path)), AsText(large.ToFastInfosetStream(fi_None, kContext, cmp_None)));
 }
 
 TEST(EntryPoints, WhatWasWrittenReadsBack) {
@@ -140,9 +132,9 @@ TEST(EntryPoints, WhatWasWrittenReadsBack) {
         for (CBinaryData const& data : written) {
             Echo stream, file;
             stream.FromXmlStream(data, kContext);
-            file.FromXmlFile(FromUtf8(folder.Write("file", TextOf(data))).c_str(), kContext);
+            file.FromXmlFile(FromUtf8(folder.Write("file", AsText(data))).c_str(), kContext);
             for (Echo const* copy : {&stream, &file}) {
-                EXPECT_EQ(copy->m_read, kTree) << compression << TextOf(data).substr(0, 40);
+                EXPECT_EQ(copy->m_read, kTree) << compression << AsText(data).substr(0, 40);
                 EXPECT_EQ(copy->m_context, &kContext);
             }
         }
@@ -208,7 +200,7 @@ TEST(EntryPoints, ReadTheRoot) {
         std::function<void(Echo&)> const ways[] = {
             [&](Echo& object) { object.FromXml(text.c_str(), context); },
             [&](Echo& object) { object.FromXml(FromUtf8(text).c_str(), context); },
-            [&](Echo& object) { object.FromXmlStream(Data(text), text.size(), context); },
+            [&](Echo& object) { object.FromXmlStream(AsOctets(text).data(), text.size(), context); },
             [&](Echo& object) { object.FromXmlFile(FromUtf8(folder.Write("file", text)).c_str(), context); }};
         for (auto const& way : ways) {
             Echo object;

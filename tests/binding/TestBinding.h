@@ -87,7 +87,7 @@ inline wstring NamespaceOf(wstring const& name) {
 /// | occurrence | ~ one that need not be there, ? at most one, * or *1-2 a collection; else exactly one |
 /// | [allowed;target] | of any |
 /// | =default | of an attribute |
-/// | <defect> | <nothing> holds nothing, <other> a value of another kind, <list> another kind of collection, <forgets> keeps nothing |
+/// | <defect> | <nothing> holds nothing, <other> a value of another kind, <long> a long text, <list> another kind of collection, <forgets> keeps nothing |
 ///
 /// Ahead of the fields: strict for a class that refuses unknown attributes, =Name for one that has base classes
 /// and that abstract ones find by its name, unknown for a group of no known type.
@@ -227,6 +227,7 @@ inline BxVariant TestObject::Initial(Field const& field) {
     BxVariant value;
     bool const isAny = field.m_kind == Kind::Any;
     if (field.m_defect == "nothing") return value;
+    if (field.m_defect == "long") return value.SetString(u"long"), value;
     if (field.m_kind == Kind::Number && field.IsCollection()) {
         value.SetXmlCollection(new Cr8Col(field.m_name.c_str(), NamespaceOf(field.m_name).c_str(),
                                           field.m_minOccurs, field.m_maxOccurs, u"", -1, -1, u"", u"", u"",

@@ -9,10 +9,7 @@ using namespace BxTest;
 TEST(CElement, ConstructorsRefuseInOrder) {
     std::string const noName = "Element Name must have a value",
                       noList = "Namespace Restriction must have a value";
-    struct {
-        std::function<void()> m_make;
-        std::string m_message;
-    } const rows[] = {
+    std::pair<std::function<void()>, std::string> const rows[] = {
         {[] { CElement(static_cast<char16_t const*>(nullptr)); }, noName},
         {[] { CElement(nullptr, u"##any"); }, "Invalid Namespace [##any]"},
         {[] { CElement(u"a", u"##other"); }, "Invalid Namespace [##other]"},
@@ -26,8 +23,8 @@ TEST(CElement, ConstructorsRefuseInOrder) {
          "Invalid namespace [u]. The namespace must be one of [##local ##targetNamespace] where the target "
          "namespace is [t]"},
     };
-    for (auto const& row : rows)
-        EXPECT_EQ(Thrown(row.m_make), "CBxInvalidNamespaceException: " + row.m_message);
+    for (auto const& [make, message] : rows)
+        EXPECT_EQ(Thrown(make), "CBxInvalidNamespaceException: " + message);
 }
 
 TEST(CElement, NewOnes) {

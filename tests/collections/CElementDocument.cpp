@@ -3,6 +3,7 @@
 
 #include "BxXmlLib5/values/CBinaryData.h"
 #include "collections/Objects.h"
+#include "support/Octets.h"
 #include "support/TemporaryFolder.h"
 
 using namespace BxTest;
@@ -19,14 +20,15 @@ std::string const kDocument =
 TEST(CElementDocument, LoadsTheRoot) {
     TemporaryFolder const folder;
     std::string const path = folder.Write("in.xml", kDocument);
+    std::string const noUtf8 = folder.Write("\xE9.xml", kDocument);
     wstring const units = FromUtf8(kDocument);
     CSmartPtr<CElement> const root = CElement::Load(path);
     EXPECT_EQ(ToUtf8(root->GetName()), "a");
     CBinaryData const finf = root->ToFastInfosetStream(fi_None, Defaults(), cmp_None);
-    auto const* const octets = reinterpret_cast<unsigned char const*>(kDocument.data());
     for (CSmartPtr<CElement> const& same :
-         {CElement::Load(FromUtf8(path).c_str()), CElement::LoadXml(kDocument),
-          CElement::LoadXml(units.c_str()), CElement::LoadXmlStream(octets, kDocument.size()),
+         {CElement::Load(FromUtf8(path).c_str()), CElement::Load(noUtf8), CElement::LoadXml(kDocument),
+          CElement::LoadXml(units.c_str()),
+          CElement::LoadXmlStream(AsOctets(kDocument).data(), kDocument.size()),
           CElement::LoadXmlStream(finf)})
         EXPECT_EQ(Text(*same), Text(*root));
     CXmlSerializationContext context;
@@ -45,6 +47,8 @@ TEST(CElementDocument, RefusesWhatIsNotWhole) {
     EXPECT_BX_THROW(CElement::LoadXml(""), CBxException, "XML Stream is empty!");
     EXPECT_BX_THROW(CElement::Load("/nowhere/none.xml"), CBxException,
                     "Failed to open the file [/nowhere/none.xml] Error [0x00000002]");
+    TemporaryFolder const folder;
+    EXPECT_THROW(CElement::Load(folder.Write("in.xml", kDocument) + '\0' + ".txt"), CBxException);
 }
 
 TEST(CElementDocument, ReadsAsTheDefaultContextAsks) {

@@ -1,11 +1,13 @@
 #include "collections/FacetChecks.h"
 
 #include <algorithm>
+#include <array>
 #include <limits>
 #include <sstream>
 
 #include "collections/FacetKinds.h"
 #include "support/Expect.h"
+#include "values/Dates.h"
 
 namespace {
 
@@ -56,50 +58,42 @@ std::string Refused(std::string const& shown) {
 }
 
 TEST(FacetChecks, EachKindOrdersItsValuesAndShowsThem) {
-    struct {
-        ItemType type;
-        std::string low, middle, high;
-        std::string shown;
-    } const kRows[] = {
-        {it_i1, "-1", "1", "127", "1"},
-        {it_i2, "-1", "1", "32767", "1"},
-        {it_i4, "-1", "1", "2147483647", "1"},
-        {it_i8, "-1", "4294967296", "9223372036854775807", "4294967296"},
-        {it_ui1, "1", "200", "255", "200"},
-        {it_ui2, "1", "40000", "65535", "40000"},
-        {it_ui4, "1", "3000000000", "4294967295", "3000000000"},
-        {it_ui8, "1", "10000000000000000000", "18446744073709551615", "10000000000000000000"},
-        {it_r4, "-1", "123456789", "3e38", "123456792.000000"},
-        {it_r8, "123456788.9999999", "123456789", "1e300", "123456789.000000"},
-        {it_duration, "P1M", "P40D", "P2M", "P40D"},
-        {it_yearMonth, "1999-12", "2000-01", "2000-02", "2000-01"},
-        {it_monthDay, "--01-31", "--02-01", "--02-02", "--02-01"},
-        {it_year, "1999", "2000", "-0001", "2000"},
-        {it_month, "--04", "--05", "--06", "5"},
-        {it_day, "---06", "---07", "---08", "7"},
-        {it_date, "1999-12-31", "2000-01-01", "2000-01-02", "2000-01-01"},
-        {it_datetime, "2000-01-01T00:00:00", "2000-01-01T00:00:00.5", "2000-01-01T00:00:01",
-         "2000-01-01T00:00:00.5"},
-        {it_time, "09:59:59", "10:00:00", "10:00:01", "10:00:00"},
-        {it_decimal, "12345678901234567890.1", "12345678901234567890.2", "12345678901234567890.3",
-         "12345678901234567890.2"},
-        {it_integer, "-1000000000000000000000000000001", "-1000000000000000000000000000000", "1",
-         "-1000000000000000000000000000000"},
-    };
-    for (auto const& row : kRows) {
-        auto const expect = [&row](std::string const& facet, bool low, bool middle, bool high) {
-            SCOPED_TRACE(facet + " for " + row.middle + " of kind " + std::to_string(row.type));
-            auto const result = [](bool passes, std::string const& shown) {
-                return passes ? "nothing" : Refused(shown);
-            };
-            EXPECT_EQ(Check(row.type, facet + row.low, row.middle), result(low, row.shown));
-            EXPECT_EQ(Check(row.type, facet + row.middle, row.middle), result(middle, row.shown));
-            EXPECT_EQ(Check(row.type, facet + row.high, row.middle), result(high, row.shown));
-        };
-        expect(">=", true, true, false);
-        expect("<=", false, true, true);
-        expect(">", true, false, false);
-        expect("<", false, false, true);
+    // Three values in their order, and how the one in the middle is shown where it is not as it is written.
+    std::pair<ItemType, std::string> const rows[] = {
+        {it_i1, "-1 1 127"},
+        {it_i2, "-1 1 32767"},
+        {it_i4, "-1 1 2147483647"},
+        {it_i8, "-1 4294967296 9223372036854775807"},
+        {it_ui1, "1 200 255"},
+        {it_ui2, "1 40000 65535"},
+        {it_ui4, "1 3000000000 4294967295"},
+        {it_ui8, "1 10000000000000000000 18446744073709551615"},
+        {it_r4, "-1 123456789 3e38 123456792.000000"},
+        {it_r8, "123456788.9999999 123456789 1e300 123456789.000000"},
+        {it_duration, "P1M P40D P2M"},
+        {it_yearMonth, "1999-12 2000-01 2000-02"},
+        {it_monthDay, "--01-31 --02-01 --02-02"},
+        {it_year, "1999 2000 -0001"},
+        {it_month, "--04 --05 --06 5"},
+        {it_day, "---06 ---07 ---08 7"},
+        {it_date, "1999-12-31 2000-01-01 2000-01-02"},
+        {it_datetime, "2000-01-01T00:00:00 2000-01-01T00:00:00.5 2000-01-01T00:00:01"},
+        {it_time, "09:59:59 10:00:00 10:00:01"},
+        {it_decimal, "12345678901234567890.1 12345678901234567890.2 12345678901234567890.3"},
+        {it_integer, "-1000000000000000000000000000001 -1000000000000000000000000000000 1"}};
+    // Which of them the one in the middle passes as a bound.
+    std::pair<std::string, std::array<bool, 3>> const facets[] = {{">=", {true, true, false}},
+                                                                  {"<=", {false, true, true}},
+                                                                  {">", {true, false, false}},
+                                                                  {"<", {false, false, true}}};
+    for (auto const& [type, row] : rows) {
+        auto const words = BxTest::Words(row);
+        for (auto const& [facet, passes] : facets) {
+            for (std::size_t i = 0; i < 3; ++i)
+                EXPECT_EQ(Check(type, facet + words[i], words[1]),
+                          passes[i] ? "nothing" : Refused(words.size() == 4 ? words[3] : words[1]))
+                    << facet << " for " << row;
+        }
     }
 }
 
@@ -111,9 +105,7 @@ TEST(FacetChecks, TestsTheFacetsOfTheKind) {
     };
     struct {
         ItemType type;
-        std::string facets;
-        std::string value;
-        std::string result;
+        std::string facets, value, result;
     } const kRows[] = {
         {it_string, kNoLengths + " >=x <=x >x <x", "any", "nothing"},
         {it_string, "minLength=3 maxLength=3 length=3", "abc", "nothing"},

@@ -27,36 +27,18 @@ void FailAtEach(std::function<void(std::function<bool(std::function<void()>)>)> 
     }
 }
 
-struct Items : CXmlCollection {
-    explicit Items(std::string_view letters) : CXmlCollection(u"a name of some length", u"urn:items", 0, -1) {
-        for (char const letter : letters) AppendItem(new Object(letter));
-    }
-    std::string Letters() const {
-        std::string letters;
-        for (CBxIterator<Object> at(FirstNode()); at != CBxIterator<Object>(); ++at) letters += at->m_letter;
-        return letters;
-    }
-    void ToXml_Int(CXmlWriter*, bool, char16_t const*, CXmlSerializationContext const&, bool) const override {
-    }
-    CXmlElement* FromXml_Int(CXmlElement*, CXmlElement* child, CXmlSerializationContext const&,
-                             bool) override {
-        return child;
-    }
-    using CXmlCollection::AppendItem;
-};
-
 }  // namespace
 
 TEST(FailingAllocations, AnAssignmentKeepsTheOldItems) {
     FailAtEach([](auto const& run) {
         {
             Object listener('l');
-            Items source("abc"), target("xy");
+            Collection source("abc"), target("xy");
             source.AddEventListener(&listener);
             bool const failed = run([&] { target = source; });
             EXPECT_EQ(target.Letters(), failed ? "xy" : "abc");
             EXPECT_EQ(source.Letters(), "abc");
-            for (Items* each : {&source, &target}) each->RemoveEventListener(&listener);
+            for (Collection* each : {&source, &target}) each->RemoveEventListener(&listener);
         }
         EXPECT_EQ(Object::s_alive, 0);
     });
@@ -65,7 +47,7 @@ TEST(FailingAllocations, AnAssignmentKeepsTheOldItems) {
 TEST(FailingAllocations, ARefusedItemIsAsItWas) {
     FailAtEach([](auto const& run) {
         CSmartPtr<Object> const object = new Object('o');
-        Items items("ab");
+        Collection items("ab");
         bool const failed = run([&] { items.AppendItem(object); });
         EXPECT_EQ(object->AddRef(), failed ? 2 : 3);
         object->Release();

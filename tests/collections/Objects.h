@@ -9,6 +9,7 @@
 #include "BxXmlLib5/document/CXmlDocument.h"
 #include "BxXmlLib5/writers/CXmlWriter.h"
 #include "support/Expect.h"
+#include "support/Inert.h"
 
 namespace BxTest {
 
@@ -23,15 +24,13 @@ inline std::string Compact(CXmlObjectBase const& object) {
 }
 
 /// An object named by a letter; it counts how many of its kind there are.
-struct Object : CXmlObjectBase {
+struct Object : Inert {
     explicit Object(char letter = 'o') : m_letter(letter) { ++s_alive; }
     ~Object() override {
         --s_alive;
         if (m_onEnd) m_onEnd();
     }
     CXmlObjectBase* GetBase() override { return m_base; }
-    wstring GetNamespace() const override { return u""; }
-    wstring GetTargetNamespace() const override { return u""; }
     void OnEvent(CXmlObjectBase* source, MsgType type, void* data) override {
         EXPECT_TRUE(type == 0 && data == nullptr);
         if (m_onEvent) m_onEvent(source);
@@ -43,10 +42,6 @@ struct Object : CXmlObjectBase {
                    bool) const override {
         writer->WriteText(wstring(1, static_cast<char16_t>(m_letter)));
     }
-    CXmlElement* FromXml_Int(CXmlElement*, CXmlElement* child, CXmlSerializationContext const&,
-                             bool) override {
-        return child;
-    }
     using CXmlObjectBase::Choice_Read_Collection;
 
     static inline int s_alive = 0;
@@ -54,6 +49,52 @@ struct Object : CXmlObjectBase {
     CXmlObjectBase* m_base = this;
     std::function<void()> m_onEnd;
     std::function<void(CXmlObjectBase*)> m_onEvent;
+};
+
+/// A collection of objects, told as a text of their letters, '-' for null.
+struct Collection : Mute<CXmlCollection> {
+    explicit Collection(std::string_view letters = {}, int minOccurs = 0, int maxOccurs = -1)
+        : Mute(u"one-item", u"urn:items", minOccurs, maxOccurs) {
+        for (char const letter : letters)
+            AppendItem(letter == '-' ? nullptr : Find(letter) != nullptr ? Find(letter) : new Object(letter));
+    }
+    static char LetterOf(CNode const* node) {
+        return node->m_item ? static_cast<Object const&>(*node->m_item).m_letter : '-';
+    }
+    /// The first object of that letter, null if there is none.
+    Object* Find(char letter) const {
+        CNode* node = FirstNode();
+        while (node != nullptr && LetterOf(node) != letter) node = node->m_next;
+        return node == nullptr ? nullptr : static_cast<Object*>(static_cast<CXmlObjectBase*>(node->m_item));
+    }
+    /// Walks the chain both ways, and finds its end by the place of a new item.
+    std::string Letters() {
+        std::string letters;
+        AppendItem(nullptr);
+        CNode* last = nullptr;
+        for (CNode* node = FirstNode(); node != nullptr; last = node, node = node->m_next) {
+            EXPECT_EQ(node->m_prev, last);
+            letters += LetterOf(node);
+        }
+        EXPECT_EQ(GetNodeAtIndex(GetCount() - 1), last);
+        EXPECT_EQ(GetCount(), std::ssize(letters));
+        RemoveNode(last);
+        letters.pop_back();
+        return letters;
+    }
+    CXmlElement* FromXml_Int(CXmlElement*, CXmlElement* child, CXmlSerializationContext const&,
+                             bool) override {
+        for (int i = 0; i < m_consumes; ++i) child = child->GetNextSiblingElement();
+        for (int i = 0; i < m_consumes; ++i) AppendItem(nullptr);
+        return child;
+    }
+    using CXmlCollection::AddAfterItem, CXmlCollection::AddBeforeItem, CXmlCollection::AddItemAt;
+    using CXmlCollection::AppendItem, CXmlCollection::AttributesToXml_Int, CXmlCollection::FirstNode,
+        CXmlCollection::ItemsToXml, CXmlCollection::PrependItem, CXmlCollection::RemoveNode,
+        CXmlCollection::GetElementName, CXmlCollection::GetNodeAtIndex, CXmlCollection::GetNodeForItem,
+        CXmlCollection::m_namespace;
+
+    int m_consumes = 0;  // elements, each time that it reads
 };
 
 class Element : public CElement {

@@ -4,6 +4,7 @@
 #include "document/Trees.h"
 #include "platform/CEncoding.h"
 #include "platform/Utf.h"
+#include "support/Octets.h"
 
 using namespace BxTest;
 using namespace std::string_literals;
@@ -18,12 +19,7 @@ std::string Declared(std::string const& encoding, std::string const& text) {
 std::string Read(std::string const& octets, bool systemEncodings = true) {
     CXmlDocument document;
     document.SetSystemEncodings(systemEncodings);
-    try {
-        Load(kOctets, document, octets);
-    } catch (CBxException const& failure) {
-        return ToUtf8(failure.GetReport());
-    }
-    return Dump(document.GetDocumentElement());
+    return Report(document, kOctets, octets);
 }
 
 /// The texts of a document that comes in slices.
@@ -36,16 +32,13 @@ struct Texts : CDocumentReceiver {
 };
 
 std::string ReadInSlices(std::string const& octets) {
-    CMemorySource source({reinterpret_cast<unsigned char const*>(octets.data()), octets.size()});
+    CMemorySource source(AsOctets(octets));
     Texts texts;
     CNameTable names;
-    try {
-        CDocumentStream stream(source, texts, names, {.m_details = {.m_systemEncodings = true}});
-        stream.Read();
-    } catch (CBxException const& failure) {
-        return ToUtf8(failure.GetReport());
-    }
-    return ToUtf8(texts.m_text);
+    return Reported([&] {
+        CDocumentStream(source, texts, names, {.m_details = {.m_systemEncodings = true}}).Read();
+        return ToUtf8(texts.m_text);
+    });
 }
 
 class Encodings : public testing::Test {
@@ -126,6 +119,9 @@ TEST_F(Encodings, Refused) {
              {Declared("IBM037", "x"), wrong},
              {Declared("UCS-2", "x"), wrong},
              {Declared("INTERNAL", "x"), unknown + "INTERNAL]"},
+             {"\uFEFF" + Declared("windows-1252", "\u00E9"),
+              "1:31: unknown encoding at line 1\n"
+              "The text is UTF-8 by its byte order mark, but declares the encoding [windows-1252]"},
              {Declared("ASCII", "x\n\x80"), "3:1: not well-formed (invalid token) at line 3"},
              {Declared("Shift_JIS", "x\n\x93\xFA\n\xFF"),
               "4:1: not well-formed (invalid token) at line 4"}}) {

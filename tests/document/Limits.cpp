@@ -43,12 +43,7 @@ TEST(Limits, OfTheCaller) {
     auto const outcome = [](CDocumentLimits const& limits, std::string const& text, Way way = kOctets) {
         CXmlDocument document;
         document.SetLimits(limits);
-        try {
-            Load(way, document, text);
-        } catch (CBxException const& failure) {
-            return ToUtf8(failure.GetReport());
-        }
-        return Dump(document.GetDocumentElement());
+        return Report(document, way, text);
     };
     std::string const whole = "a'\n\n'(b b'\n')";
     for (Way const way : {kOctets, kFile, kNarrow})

@@ -3,6 +3,7 @@
 #include "document/CLineCounter.h"
 #include "document/Trees.h"
 #include "fastinfoset/Reading.h"
+#include "support/Octets.h"
 
 using namespace BxTest;
 
@@ -55,15 +56,14 @@ TEST(Lines, OfElements) {
 TEST(Lines, OfFailures) {
     for (auto const& [text, place] : std::vector<std::pair<std::string, std::string>>{
              {"<a>\n<b>é</c>", "2:7: mismatched tag at line 2"},
-             {"<a/>\r\n\t<b/>", "2:2: junk after document element at line 2"}}) {
+             {"<a/>\r\n\t<b/>", "2:2: junk after document element at line 2"},
+             {"<a></b>", "1:6: mismatched tag at line 1"},
+             {"\uFEFF<a></b>", "1:6: mismatched tag at line 1"},
+             {"\uFEFF \n<a></b>", "2:6: mismatched tag at line 2"}}) {
         for (Way const way : {kOctets, kFile, kNarrow, kWide}) {
+            if (way == kWide && text[0] != '<') continue;  // a string has no mark
             CXmlDocument document;
-            try {
-                Load(way, document, text);
-                ADD_FAILURE() << text;
-            } catch (CBxException const& failure) {
-                EXPECT_EQ(ToUtf8(failure.GetReport()), place) << way;
-            }
+            EXPECT_EQ(Report(document, way, text), place) << way;
         }
     }
 }
@@ -84,8 +84,7 @@ TEST(Lines, CountedAtRandom) {
         }
         if (isWide && round % 5 == 0) octets += '\n';  // half of a unit
         std::size_t const unit = isWide ? 2 : 1;
-        CLineCounter lines({reinterpret_cast<unsigned char const*>(octets.data()), octets.size()},
-                           isWide ? std::optional(highOctet) : std::nullopt);
+        CLineCounter lines(AsOctets(octets), isWide ? std::optional(highOctet) : std::nullopt);
         for (std::size_t place = 0; place < text.size(); place += 1 + random() % 4)
             ASSERT_EQ(lines.LineAt(place * unit), LineByDefinition(text, place)) << round;
     }

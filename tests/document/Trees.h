@@ -65,6 +65,11 @@ inline void ExpectLoads(std::vector<std::string> const& rows,
     }
 }
 
+/// The tree that a document has once it is loaded, or the report of the failure.
+inline std::string Report(CXmlDocument& document, Way way, std::string const& text) {
+    return Reported([&] { return Load(way, document, text), Dump(document.GetDocumentElement()); });
+}
+
 inline constexpr int kGZip = 31, kZLib = 15;
 
 inline std::string Deflate(std::string content, int windowBits = kGZip, std::string dictionary = {}) {

@@ -42,6 +42,16 @@ std::string Thrown(Statement statement) {
     return "nothing";
 }
 
+/// The text that an action gives, or the report of the failure that it throws.
+template <std::invocable Action>
+std::string Reported(Action action) {
+    try {
+        return action();
+    } catch (BxXmlLib5::CBxException const& failure) {
+        return BxXmlLib5::ToUtf8(failure.GetReport());
+    }
+}
+
 }  // namespace BxTest
 
 /// Expects a statement to throw exactly this class with exactly this message, in UTF-8.

@@ -15,20 +15,18 @@
 #include "BxXmlLib5/core/FormatString.h"
 #include "document/Inflate.h"
 #include "support/Expect.h"
+#include "support/Octets.h"
 #include "support/TemporaryFolder.h"
 
 namespace {
 
 using namespace BxXmlLib5;
+using BxTest::AsText;
 using namespace std::string_literals;
 using namespace std::string_view_literals;
 
 CBinaryData Of(std::string_view octets) {
-    return CBinaryData(std::span(reinterpret_cast<unsigned char const*>(octets.data()), octets.size()));
-}
-
-std::string TextOf(CBinaryData const& data) {
-    return {reinterpret_cast<char const*>(data.GetData()), data.GetLength()};
+    return CBinaryData(BxTest::AsOctets(octets));
 }
 
 CBinaryData FromHex(std::u16string_view text) {
@@ -90,9 +88,9 @@ TEST(CBinaryData, SharesUntilOneChanges) {
         copy = original;
         EXPECT_EQ(copy.GetData(), original.GetData());
         change(copy);
-        EXPECT_EQ(TextOf(copy), result);
+        EXPECT_EQ(AsText(copy), result);
         EXPECT_NE(copy.GetData(), original.GetData()) << result;
-        EXPECT_EQ(TextOf(original), "octets") << result;
+        EXPECT_EQ(AsText(original), "octets") << result;
     }
 }
 
@@ -116,7 +114,7 @@ TEST(CBinaryData, LetsThreadsShareAHolder) {
         for (int i = 0; i < 20000; ++i) CBinaryData(original).Append(u"");
     };
     { std::jthread const one(work), other(work); }
-    EXPECT_EQ(TextOf(original), "octets");
+    EXPECT_EQ(AsText(original), "octets");
 }
 
 TEST(CBinaryData, GrowsByDoubling) {
@@ -131,7 +129,7 @@ TEST(CBinaryData, GrowsByDoubling) {
     }
     EXPECT_EQ(moves, (std::vector{4096, 8194, 16390}));
     data.Append(data.GetData() + 7, 19000);
-    EXPECT_EQ(TextOf(data), expected + expected.substr(7, 19000));
+    EXPECT_EQ(AsText(data), expected + expected.substr(7, 19000));
     CBinaryData copied = Of(expected);
     unsigned char const* const place = copied.GetData();
     copied.Append(copied);
@@ -144,7 +142,7 @@ TEST(CBinaryData, TakesAndGivesBuffers) {
     EXPECT_EQ(data.GetData(), buffer);
     EXPECT_EQ(Access::GetAsHexString(nullptr, 5) + Access::GetAsHexString(buffer, 1), u"61");
     data.Append(static_cast<unsigned char>('d'));
-    EXPECT_EQ(TextOf(data), "abcd");
+    EXPECT_EQ(AsText(data), "abcd");
     unsigned char* const given = data.GetData();
     EXPECT_EQ(std::unique_ptr<unsigned char[]>(data.ReleaseData()).get(), given);
     EXPECT_EQ(CBinaryData().ReleaseData(), nullptr);
@@ -156,7 +154,7 @@ TEST(CBinaryData, HoldsTheUnitsOfText) {
     CBinaryData data(u"\x0141z");
     data.Append(u"\xFFFF");
     data.Append(static_cast<unsigned char>('!'));
-    EXPECT_EQ(TextOf(data), "\x41\x01z\0\xFF\xFF!"s);
+    EXPECT_EQ(AsText(data), "\x41\x01z\0\xFF\xFF!"s);
     EXPECT_EQ(data.GetString(), u"\x0141z\xFFFF");
 }
 
@@ -187,7 +185,7 @@ TEST(Hex, RefusesAllButPairsOfDigits) {
     for (auto const& row : rows)
         EXPECT_BX_THROW(data.SetAsHexString(row.first), CBxException,
                         "Invalid char in hex string [" + row.second + "]");
-    EXPECT_EQ(TextOf(data), "stays");
+    EXPECT_EQ(AsText(data), "stays");
 }
 
 void ExpectBase64(CBinaryData const& data, wstring const& text) {
@@ -263,13 +261,13 @@ TEST(Compression, GivesACompleteStream) {
         auto const type = static_cast<CompressionType>(number);
         CBinaryData const original = Of(octets);
         CBinaryData data = original;
-        std::string const result = TextOf(data.CompressData(type));
-        EXPECT_EQ(TextOf(original), octets);
+        std::string const result = AsText(data.CompressData(type));
+        EXPECT_EQ(AsText(original), octets);
         EXPECT_LT(result.size(), 21000U);
         EXPECT_TRUE(result.starts_with(start));
         EXPECT_TRUE(std::ranges::equal(Inflate(data.GetOctets()).value(), original.GetOctets()));
         data.Append(original);
-        EXPECT_EQ(TextOf(data), result + octets);
+        EXPECT_EQ(AsText(data), result + octets);
     }
     EXPECT_EQ(CBinaryData().CompressData(cmp_GZip), CBinaryData());
 }
@@ -285,7 +283,7 @@ TEST(Compression, RefusesWhatDoesNotShrink) {
         CBinaryData data = Of(octets);
         EXPECT_BX_THROW(data.CompressData(row.type), CBxException,
                         "Failed to compress data. [Error Code: " + row.code + "]");
-        EXPECT_EQ(TextOf(data), octets);
+        EXPECT_EQ(AsText(data), octets);
     }
 }
 

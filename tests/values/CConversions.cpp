@@ -3,9 +3,11 @@
 #include <bit>
 #include <cstdlib>
 #include <limits>
+#include <type_traits>
 #include <utility>
 
 #include "BxXmlLib5/values/BxVariant.h"
+#include "BxXmlLib5/values/CBigInteger.h"
 #include "BxXmlLib5/values/CDecimal.h"
 #include "values/Dates.h"
 
@@ -52,26 +54,27 @@ std::string NoNumber(std::string const& kind) {
     return "The value [%s] can not be converted to a " + kind;
 }
 
+template <class Native>
+void ExpectLimits(ItemType type, std::string const& kind) {
+    CBigInteger const one(1), least(std::numeric_limits<Native>::min()),
+        most(std::numeric_limits<Native>::max());
+    for (CBigInteger const& value : {least, most})
+        ExpectRead(type, kCollapse, {{value.ToString(), ToUtf8(value.ToString())}});
+    // Small negative numbers wrap where 32 bits or more have no sign.
+    bool const wraps = std::is_unsigned_v<Native> && sizeof(Native) >= 4;
+    CBigInteger const below = wraps ? (most + one).GetNegative() : least - one;
+    ExpectRefused(type, TooLarge(kind), {below.ToString(), (most + one).ToString()});
+}
+
 TEST(CConversions, IntegersReachTheirLimits) {
-    struct {
-        ItemType type;
-        std::string kind;
-        wstring least, most, tooSmall, tooLarge;
-    } const rows[] = {
-        {it_i1, "i1", u"-128", u"127", u"-129", u"128"},
-        {it_i2, "i2", u"-32768", u"32767", u"-32769", u"32768"},
-        {it_i4, "i4", u"-2147483648", u"2147483647", u"-2147483649", u"2147483648"},
-        {it_i8, "i8", u"-9223372036854775808", u"9223372036854775807", u"-9223372036854775809",
-         u"9223372036854775808"},
-        {it_ui1, "ui1", u"0", u"255", u"-1", u"256"},
-        {it_ui2, "ui2", u"0", u"65535", u"-1", u"65536"},
-        {it_ui4, "ui4", u"0", u"4294967295", u"-4294967296", u"4294967296"},
-        {it_ui8, "ui8", u"0", u"18446744073709551615", u"-18446744073709551616", u"18446744073709551616"},
-    };
-    for (auto const& row : rows) {
-        ExpectRead(row.type, kCollapse, {{row.least, ToUtf8(row.least)}, {row.most, ToUtf8(row.most)}});
-        ExpectRefused(row.type, TooLarge(row.kind), {row.tooSmall, row.tooLarge});
-    }
+    ExpectLimits<std::int8_t>(it_i1, "i1");
+    ExpectLimits<std::int16_t>(it_i2, "i2");
+    ExpectLimits<std::int32_t>(it_i4, "i4");
+    ExpectLimits<std::int64_t>(it_i8, "i8");
+    ExpectLimits<std::uint8_t>(it_ui1, "ui1");
+    ExpectLimits<std::uint16_t>(it_ui2, "ui2");
+    ExpectLimits<std::uint32_t>(it_ui4, "ui4");
+    ExpectLimits<std::uint64_t>(it_ui8, "ui8");
     ExpectRefused(it_ui8, TooLarge("ui8"), {u"18446744073709551620"});
     // A minus wraps what is unsigned, in the wider form.
     ExpectRead(it_ui1, kCollapse, {{u"-4294967295", "1"}});

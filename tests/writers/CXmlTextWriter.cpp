@@ -2,6 +2,7 @@
 
 #include "BxXmlLib5/document/CXmlDocument.h"
 #include "support/Expect.h"
+#include "support/Octets.h"
 #include "support/WriterScript.h"
 
 using namespace BxTest;
@@ -91,8 +92,7 @@ TEST(CXmlTextWriter, KeepsItsLineEndIfAnotherIsRefused) {
 }
 
 std::string Utf8Of(CXmlTextWriter& writer) {
-    CBinaryData const utf8 = writer.TakeBinaryData(enc_UTF8);
-    return std::string(utf8.GetOctets().begin(), utf8.GetOctets().end());
+    return AsText(writer.TakeBinaryData(enc_UTF8));
 }
 
 TEST(CXmlTextWriter, GivesItsTextAsOctets) {

@@ -5,8 +5,7 @@ namespace BxConvert {
 using namespace BxXmlLib5;
 
 void FastInfosetEmitter::Begin(bool) {
-    constexpr std::size_t kMostEntries = 1 << 16;  // so that who reads the document needs little memory, too
-    m_writer.LimitTables(kMostEntries);
+    m_writer.LimitTables();
     m_writer.WriteStartDocument(m_options.m_finfDeclaration);
 }
 

@@ -96,7 +96,7 @@ bool SetMaxSize(Options& options, std::string_view value) {
 
 bool SetOutput(Options& options, std::string_view value) {
     options.m_output = value;
-    return true;
+    return !value.empty();
 }
 
 bool SetOutputDir(Options& options, std::string_view value) {

@@ -26,6 +26,7 @@ void Output::Write(std::span<unsigned char const> octets) {
 
 void Output::Finish() {
     Write({});
+    CommandLine::HeldSignals const untilItIsInPlace;
     ThrowFailure(m_file->Finish());
     m_removed.reset();
 }

@@ -40,7 +40,7 @@ struct RecordReaderSettings {
     std::uint64_t m_maxInflatedSize = std::numeric_limits<std::uint64_t>::max();
 
     /// Called by Read() when it comes to the end of an element that leads to records, with that, as GetSurroundings()
-    /// has it; it must not read on. What it throws passes through, a CBxException with the place in the document, and reading can go on.
+    /// has it. What it throws passes through, a CBxException with the place in the document, and reading can go on.
     std::function<void(CXmlElement const&)> m_onEnd;
 };
 
@@ -67,7 +67,9 @@ struct RecordReaderSettings {
 /// way to the record, as in `/gpx/trk[1]/trkseg[2]/trkpt[17]/ele`.
 ///
 /// What an entity stands for comes at once: its records count as one for the limit, and those behind it are passed over
-/// with the one that reaches it; the surroundings are those at its end. A reader belongs to one thread at a time; after a move the old one must not be used.
+/// with the one that reaches it; the surroundings are those at its end. A reader belongs to one thread at a time, and one that was moved from
+/// refuses all. What it calls, which is m_onEnd, the source, and the object that reads a record, must not make it read on:
+/// that throws CBxInvalidStateException.
 class BXXMLLIB5_API CRecordReader {
 public:
     /// Gives the octets of the document: fills the beginning of the room, which is not empty, and returns how many octets
@@ -79,7 +81,7 @@ public:
     /// Reads a file, a pipe or a device; /dev/stdin or /dev/fd/N is an open one, read from where it stands.
     /// @param path as the system has it, which is UTF-8 as a rule
     /// @param records the path of the records
-    /// @throws CBxInvalidParamException if that is none
+    /// @throws CBxInvalidParamException if that is none, or has prefixes where the context does not keep those
     /// @throws CBxException with the error number of the system
     CRecordReader(std::string_view path, char16_t const* records, RecordReaderSettings const& settings = {});
     /// Reads octets in memory.
@@ -129,9 +131,10 @@ public:
 private:
     class Document;
 
+    Document& Use() const;
     void ReadTree(CXmlObjectBase& object, CXmlElement& element, CXmlSerializationContext const& context);
 
-    std::unique_ptr<Document> m_document;
+    std::unique_ptr<Document> m_document;  // null after a move
 };
 
 }  // namespace BxXmlLib5

@@ -28,7 +28,8 @@ struct RecordSettings {
 
 /// Writes a document of any size in constant memory: elements are started and ended one by one, and objects, of
 /// generated classes or untyped, are written among them. At most one of these is held as octets, besides some
-/// 100 KiB and the tables of Fast Infoset, which grow to a million short strings each.
+/// 100 KiB and the tables of Fast Infoset, which grow to some 65,000 short strings each, and as many
+/// names as there are.
 ///
 ///     CRecordWriter writer("track.gpx");
 ///     writer.Start(u"gpx", u"http://www.topografix.com/GPX/1/1");
@@ -49,6 +50,7 @@ public:
     /// @throws CBxException with the error number of the system
     explicit CRecordWriter(std::string_view path, RecordSettings const& settings = {});
     /// Hands the octets to a function, in pieces.
+    /// @throws CBxInvalidParamException if there is no function
     explicit CRecordWriter(Sink sink, RecordSettings const& settings = {});
     /// @{
     /// A document has one writer.

@@ -4,6 +4,7 @@
 #include <atomic>
 #include <cstddef>
 #include <cstdint>
+#include <string_view>
 
 #include "BxXmlLib5/core/Enumerations.h"
 #include "BxXmlLib5/platform/Export.h"
@@ -146,8 +147,10 @@ public:
     /// @{
     /// As above, from a file or from octets, which are taken for what they are: XML text in any encoding that
     /// CXmlDocument reads, or Fast Infoset, either of them as such or compressed by gzip or zlib.
+    /// @param fileName as the system has it, which is UTF-8 as a rule, if it is one of octets
     /// @throws CBxException also if the file cannot be read or there are no octets
     void FromXmlFile(char16_t const* fileName, CXmlSerializationContext const& context);
+    void FromXmlFile(std::string_view fileName, CXmlSerializationContext const& context);
     void FromXmlStream(CBinaryData const& data, CXmlSerializationContext const& context);
     void FromXmlStream(unsigned char const* data, std::size_t size, CXmlSerializationContext const& context);
     /// @}

@@ -25,8 +25,9 @@ struct CWildcard;
 /// The namespace restriction of a schema wildcard applies to the element alone: its attributes and children
 /// may be in any namespace. A copy shares the attributes and the children with its source, and several threads
 /// may copy one element that none of them changes. Elements that were read together lie in blocks of memory, up
-/// to 64 KiB, and a block goes with the last of them. A null text is the empty text, except where a constructor
-/// refuses it.
+/// to 64 KiB, and a block goes with the last of them; in a document of more than a megabyte of elements, once no
+/// more than four are left of its two megabytes. A null text is the empty text, except where a constructor refuses
+/// it.
 ///
 /// Of whole documents, the element is the root, unlike for what FromXmlFile(), FromXmlStream() and the like
 /// read. A new one is made by each Load, of all that is below it, and a document that breaks off is refused.
@@ -69,7 +70,7 @@ public:
     /// @{
     /// Reads a file: XML text in any encoding that CXmlDocument reads, or Fast Infoset, either as such or
     /// compressed.
-    /// @param path in UTF-8 if it is one of octets
+    /// @param path as the system has it, which is UTF-8 as a rule, if it is one of octets
     /// @param context its SchemaType, limits and encodings count
     /// @throws CBxException if the file cannot be read, is not well-formed or ends early
     static CSmartPtr<CElement> Load(std::string_view path, CXmlSerializationContext const& context =
@@ -98,7 +99,7 @@ public:
     /// Writes a file of XML text in UTF-8. One of that name is replaced, but only once the new one is whole
     /// (CFileReplacement): whatever fails leaves it as it was. Without a context, what no parser would read is
     /// refused (CXmlSerializationContext::SetCheckWellFormed).
-    /// @param path in UTF-8 if it is one of octets
+    /// @param path as the system has it, which is UTF-8 as a rule, if it is one of octets
     /// @throws CBxException if the file cannot be written, and what ToXmlStream() throws
     void Save(std::string_view path, Layout layout = Layout::Compact) const;
     void Save(std::string_view path, Layout layout, CXmlSerializationContext const& context) const;

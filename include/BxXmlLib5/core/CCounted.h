@@ -4,6 +4,8 @@
 #include <atomic>
 #include <cstdint>
 
+#include "BxXmlLib5/core/Count.h"
+
 namespace BxXmlLib5 {
 
 /// The base of a class T whose objects delete themselves with their last reference. The count is atomic, and
@@ -19,10 +21,10 @@ public:
     CCounted& operator=(CCounted const&) { return *this; }
 
     /// Takes a reference.
-    void AddRef() const { m_refCount.fetch_add(1, std::memory_order_relaxed); }
+    void AddRef() const { AddToCount(m_refCount, 1, std::memory_order_relaxed); }
     /// Gives one up, and deletes the object if it was the last.
     void Release() const {
-        if (m_refCount.fetch_sub(1, std::memory_order_acq_rel) == 1) delete static_cast<T const*>(this);
+        if (AddToCount(m_refCount, -1, std::memory_order_acq_rel) == 1) delete static_cast<T const*>(this);
     }
 
 private:

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <memory>
 #include <span>
+#include <string_view>
 #include <vector>
 
 #include "BxXmlLib5/core/CInstanceMonitor.h"
@@ -69,9 +70,13 @@ public:
     void SetLimits(CDocumentLimits const& limits) { m_limits = limits; }
     /// @}
 
+    /// @{
     /// Loads a regular file.
+    /// @param path as the system has it, which is UTF-8 as a rule, if it is one of octets
     /// @throws CBxException also if it cannot be opened or read
     void Load(char16_t const* path);
+    void Load(std::string_view path);
+    /// @}
 
     /// Loads octets, which are not needed afterwards.
     void LoadXmlStream(unsigned char const* data, std::size_t size);

@@ -62,7 +62,7 @@ class Root : public RootContent<T> {
 public:
     /// Reads a file: XML text in any encoding that CXmlDocument reads, or Fast Infoset, either as such or
     /// compressed.
-    /// @param path in UTF-8
+    /// @param path as the system has it, which is UTF-8 as a rule
     /// @throws CBxException if the file cannot be read, is not well-formed or ends early
     /// @throws CBxValidationException if its root is another element, or its content does not fit
     void Load(std::string_view path,
@@ -78,7 +78,7 @@ public:
 
     /// Writes a file of XML text in UTF-8. One of that name is replaced, but only once the new one is whole
     /// (CFileReplacement): whatever fails leaves it as it was.
-    /// @param path in UTF-8
+    /// @param path as the system has it, which is UTF-8 as a rule
     /// @throws CBxValidationException for what Validate() tells
     /// @throws CBxException if the file cannot be written
     void Save(std::string_view path, Layout layout = Layout::Compact) const {
@@ -108,25 +108,29 @@ public:
     CXmlSerializationContext FastInfosetContext() const { return RootContext(*this, RootForm::FastInfoset); }
 };
 
+/// @cond
+template <class T, class Element>
+T ReadElement(Element const& element, CXmlSerializationContext const& context) {
+    T object;
+    CXmlSerializationContext own(context);
+    object.FromXmlElement(&element, own);
+    return object;
+}
+/// @endcond
+
 /// A typed object of untyped content, as a wildcard holds it: `CTrack const track = Bx::Read<CTrack>(gpx.Any[0]);`.
 /// @throws CBxException and CBxValidationException as Root::Parse()
 template <class T>
 T Read(CElement const& element,
        CXmlSerializationContext const& context = CXmlSerializationContext::GetDefaultContext()) {
-    T object;
-    CXmlSerializationContext own(context);
-    object.FromXmlElement(&element, own);
-    return object;
+    return ReadElement<T>(element, context);
 }
 
 /// The same of an element of a tree.
 template <class T>
 T Read(CXmlElement const& element,
        CXmlSerializationContext const& context = CXmlSerializationContext::GetDefaultContext()) {
-    T object;
-    CXmlSerializationContext own(context);
-    object.FromXmlElement(&element, own);
-    return object;
+    return ReadElement<T>(element, context);
 }
 
 }  // namespace BxXmlLib5::Generated

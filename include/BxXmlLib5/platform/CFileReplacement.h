@@ -13,9 +13,10 @@ namespace BxXmlLib5 {
 
 class COutputFile;
 
-/// A new file, which takes the place of the one of its name once it is whole. Until then it stands beside it,
-/// under a name that begins with ".bx-"; if that never comes, it goes with the object, and the old file is as
-/// it was.
+/// A new file, which takes the place of the one of its name once it is whole. Until then it has no name, so that
+/// nothing of it is left even where the process is killed; on file systems that know no such files it stands beside
+/// the old one, under a name that begins with ".bx-". If it never becomes whole, it goes with the object, and the old
+/// file is as it was.
 ///
 /// A symbolic link stays, and what it leads to is replaced. A file that may not be written is not replaced
 /// either. The new one has the permissions of the old one, and its owner and group as far as the process may
@@ -45,18 +46,23 @@ public:
     /// 0 as long as nothing failed.
     int Error() const { return m_error; }
 
-    /// The path of the new file until it is in its place; empty if there is none. For those who remove it where a
-    /// signal ends the process.
+    /// The path of the new file until it is in its place; empty if it has none. For those who remove it where a
+    /// signal ends the process, and who hold signals during Finish(), which gives it one for a moment.
     std::string const& GetUnfinished() const { return m_path; }
 
 private:
     void Open(std::string path);
+    bool OpenUnnamed(unsigned mode);
     void OpenBeside(unsigned mode);
     void TakeRights(std::string const& old);
+    void GiveName();
+    template <class Make>
+    void MakeBeside(Make make);
 
     int m_error = 0;
     std::string m_target;  // empty if nothing is to be replaced
-    std::string m_path;    // of the new file, empty if there is none
+    std::string m_path;    // of the new file, empty if it has none
+    bool m_isUnnamed = false;
     std::unique_ptr<COutputFile> m_file;
 };
 

@@ -50,7 +50,7 @@ Annotation const* AnnotationOf(Type const& type, TypeExpression const& expressio
     return IsNamed(expression) ? nullptr : &type.m_annotation;
 }
 
-Documentation DocumentationOf(Options const& options, std::initializer_list<Annotation const*> annotations,
+Documentation DocumentationOf(Options const& options, std::vector<Annotation const*> const& annotations,
                               std::string_view name, Place const& place) {
     Documentation documentation{{}, std::string(name), place};
     if (!options.m_withDocs) return documentation;

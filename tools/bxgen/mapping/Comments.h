@@ -1,8 +1,8 @@
 // Documentation of components.
 #pragma once
 
-#include <initializer_list>
 #include <string_view>
+#include <vector>
 
 #include "Options.h"
 #include "mapping/Plan.h"
@@ -16,7 +16,7 @@ Annotation const* AnnotationOf(Type const& type, TypeExpression const& expressio
 
 /// What is said of a component: the first paragraph of the first of the annotations that has text.
 /// @param annotations null stands for none
-Documentation DocumentationOf(Options const& options, std::initializer_list<Annotation const*> annotations,
+Documentation DocumentationOf(Options const& options, std::vector<Annotation const*> const& annotations,
                               std::string_view name, Place const& place);
 
 }  // namespace BxGen

@@ -245,53 +245,16 @@ void ContentMapper::AssignLeaf(ContentNode& node, bool isMandatory, ContentNode 
 }
 
 void ContentMapper::MakeProperty(Draft const& draft) {
-    ContentNode const& first = *draft.m_nodes[0];
-    bool const isRepeated =
-        std::ranges::any_of(draft.m_nodes, [](ContentNode const* node) { return node->m_occurs.m_max > 1; });
     PropertyFacts property;
     PropertyPlan plan;
-    std::string wanted;
-    std::string_view from;
-    Options const& options = m_classes.m_mapping.m_options;
-    if (first.IsGroup()) {
-        ClassFacts& items = m_classes.Items(first);
-        property.m_shape = Shape::kCollection;
-        property.m_class = items.m_plan;
-        plan.m_type = {"Bx::Collection", nullptr, {{{}, items.m_plan, {}, {}}}, {}};
-        wanted = first.m_named != nullptr ? m_classes.m_names.PropertyName(first.m_named->m_name) : "Items";
-        from = first.m_named != nullptr ? first.m_named->m_name.m_local : wanted;
-        plan.m_documentation =
-            DocumentationOf(options, {&first.m_particle->m_annotation}, "", first.m_particle->m_place);
-    } else if (first.AsWildcard() != nullptr) {
-        property.m_shape = isRepeated ? Shape::kAnyElements : Shape::kAnyElement;
-        plan.m_type.m_text = isRepeated ? "Bx::AnyElements" : "Bx::AnyElement";
-        wanted = "Any";
-        from = wanted;
-        plan.m_documentation =
-            DocumentationOf(options, {&first.m_particle->m_annotation}, "", first.m_particle->m_place);
-    } else {
-        ElementDeclaration const& element = *first.Element();
-        MakeElement(draft, property, plan.m_type);
-        wanted = m_classes.m_names.PropertyName(element.m_name);
-        from = element.m_name.m_local;
-        plan.m_documentation = DocumentationOf(options,
-                                               {&first.m_particle->m_annotation, &element.m_annotation,
-                                                AnnotationOf(*element.m_type, plan.m_type)},
-                                               "", first.m_particle->m_place);
-    }
+    Wish const wish = MakeType(draft, property, plan);
     bool const isTwice = draft.m_key.m_number > 0;
-    plan.m_name = m_facts.m_names.Take(isTwice ? wanted + std::to_string(draft.m_key.m_number + 1) : wanted);
+    plan.m_name =
+        m_facts.m_names.Take(isTwice ? wish.m_name + std::to_string(draft.m_key.m_number + 1) : wish.m_name);
     property.m_name = plan.m_name;
-    if (isTwice) {
-        m_classes.m_mapping.m_diagnostics.Warning(
-            first.m_particle->m_place, "twice",
-            (draft.m_key.m_kind == Kind::kElement ? "element " + Quoted(from)
-             : draft.m_key.m_kind == Kind::kAny   ? std::string("a wildcard")
-                                                  : "group " + Quoted(from)) +
-                " stands several times in one content: this one is " + Quoted(plan.m_name) +
-                "; documents keep the order");
-    }
-    m_classes.m_names.Note(first.m_particle->m_place, from, wanted, plan.m_name,
+    if (isTwice) WarnOfSecond(draft, wish.m_from, plan.m_name);
+    ContentNode const& first = *draft.m_nodes[0];
+    m_classes.m_names.Note(first.m_particle->m_place, wish.m_from, wish.m_name, plan.m_name,
                            isTwice || (first.IsGroup() && first.m_named == nullptr));
     plan.m_occurrence = OccurrenceOf(draft);
     // Of values the type of the property says so.
@@ -299,6 +262,49 @@ void ContentMapper::MakeProperty(Draft const& draft) {
     if (isObject && draft.m_isMandatory && plan.m_occurrence.empty()) plan.m_occurrence = "required";
     m_properties.push_back(&m_facts.m_properties.emplace(draft.m_key, std::move(property)).first->second);
     m_facts.m_plan->m_properties.push_back(std::move(plan));
+}
+
+/// Everything of a property but its name.
+ContentMapper::Wish ContentMapper::MakeType(Draft const& draft, PropertyFacts& property, PropertyPlan& plan) {
+    ContentNode const& first = *draft.m_nodes[0];
+    Names const& names = m_classes.m_names;
+    std::vector<Annotation const*> annotations{&first.m_particle->m_annotation};
+    Wish wish;
+    if (first.IsGroup()) {
+        property.m_shape = Shape::kCollection;
+        property.m_class = m_classes.Items(first).m_plan;
+        plan.m_type = {"Bx::Collection", nullptr, {{{}, property.m_class, {}, {}}}, {}};
+        wish = {"Items", "Items"};
+        if (first.m_named != nullptr)
+            wish = {names.PropertyName(first.m_named->m_name), first.m_named->m_name.m_local};
+    } else if (first.AsWildcard() != nullptr) {
+        property.m_shape = MayRepeat(draft) ? Shape::kAnyElements : Shape::kAnyElement;
+        plan.m_type.m_text = MayRepeat(draft) ? "Bx::AnyElements" : "Bx::AnyElement";
+        wish = {"Any", "Any"};
+    } else {
+        ElementDeclaration const& element = *first.Element();
+        MakeElement(draft, property, plan.m_type);
+        annotations.push_back(&element.m_annotation);
+        annotations.push_back(AnnotationOf(*element.m_type, plan.m_type));
+        wish = {names.PropertyName(element.m_name), element.m_name.m_local};
+    }
+    plan.m_documentation =
+        DocumentationOf(m_classes.m_mapping.m_options, annotations, "", first.m_particle->m_place);
+    return wish;
+}
+
+void ContentMapper::WarnOfSecond(Draft const& draft, std::string_view from, std::string const& name) const {
+    std::string const what = draft.m_key.m_kind == Kind::kElement ? "element " + Quoted(from)
+                             : draft.m_key.m_kind == Kind::kAny   ? "a wildcard"
+                                                                  : "group " + Quoted(from);
+    m_classes.m_mapping.m_diagnostics.Warning(draft.m_nodes[0]->m_particle->m_place, "twice",
+                                              what + " stands several times in one content: this one is " +
+                                                  Quoted(name) + "; documents keep the order");
+}
+
+bool ContentMapper::MayRepeat(Draft const& draft) {
+    return std::ranges::any_of(draft.m_nodes,
+                               [](ContentNode const* node) { return node->m_occurs.m_max > 1; });
 }
 
 std::string ContentMapper::OccurrenceOf(Draft const& draft) const {
@@ -346,15 +352,13 @@ void ContentMapper::WarnOfValue(Draft const& draft) const {
 void ContentMapper::MakeElement(Draft const& draft, PropertyFacts& property, TypeExpression& type) {
     ContentNode const& first = *draft.m_nodes[0];
     ElementDeclaration const& element = *first.Element();
-    bool const isRepeated =
-        std::ranges::any_of(draft.m_nodes, [](ContentNode const* node) { return node->m_occurs.m_max > 1; });
+    bool const isRepeated = MayRepeat(draft);
     property.m_type = element.m_type;
     property.m_element = &element;
     property.m_isNillable = std::ranges::any_of(
         draft.m_nodes, [](ContentNode const* node) { return node->Element()->m_isNillable; });
     std::vector<ElementDeclaration const*> const alternatives = AlternativesOf(*first.m_particle);
-    if (alternatives.size() > 1 || alternatives[0] != &element)
-        return MakeObject(alternatives, isRepeated, property, type);
+    if (alternatives.size() > 1 || alternatives[0] != &element) return MakeObject(isRepeated, property, type);
     if (element.m_type->IsAnyType()) {
         if (HasDefault(draft)) WarnOfValue(draft);
         property.m_isNillable = false;
@@ -369,8 +373,7 @@ void ContentMapper::MakeElement(Draft const& draft, PropertyFacts& property, Typ
     }
 }
 
-void ContentMapper::MakeObject(std::vector<ElementDeclaration const*> const& alternatives, bool isRepeated,
-                               PropertyFacts& property, TypeExpression& type) {
+void ContentMapper::MakeObject(bool isRepeated, PropertyFacts& property, TypeExpression& type) {
     property.m_shape = isRepeated ? Shape::kCollection : Shape::kObject;
     property.m_isNillable = false;
     auto const* const complex = property.m_element->m_type->AsComplex();
@@ -379,7 +382,6 @@ void ContentMapper::MakeObject(std::vector<ElementDeclaration const*> const& alt
         property.m_class = &m_classes.m_names.ClassOf(*complex);
         held = {{}, property.m_class, {}, {}};
     }
-    (void)alternatives;
     type = {isRepeated ? "Bx::Collection" : "Bx::Object", nullptr, {std::move(held)}, {}};
 }
 

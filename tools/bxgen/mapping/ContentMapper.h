@@ -32,18 +32,26 @@ private:
         ContentNode const* m_choice = nullptr;  ///< in which the first one stands
     };
 
+    /// The name that a property should have, and what has it in the schema.
+    struct Wish {
+        std::string m_name;
+        std::string_view m_from;
+    };
+
     void Prepare(ContentNode& node);
     PropertyFacts const* FindRestricted(Draft const& draft, bool& isNarrower) const;
     void Assign(ContentNode& node, bool isMandatory, ContentNode const* choice);
     void AssignLeaf(ContentNode& node, bool isMandatory, ContentNode const* choice);
     PropertyKey KeyOf(ContentNode const& node) const;
     void MakeProperty(Draft const& draft);
+    Wish MakeType(Draft const& draft, PropertyFacts& property, PropertyPlan& plan);
+    void WarnOfSecond(Draft const& draft, std::string_view from, std::string const& name) const;
+    static bool MayRepeat(Draft const& draft);
     static bool HasValue(Draft const& draft);
     static bool HasDefault(Draft const& draft);
     void WarnOfValue(Draft const& draft) const;
     void MakeElement(Draft const& draft, PropertyFacts& property, TypeExpression& type);
-    void MakeObject(std::vector<ElementDeclaration const*> const& alternatives, bool isRepeated,
-                    PropertyFacts& property, TypeExpression& type);
+    void MakeObject(bool isRepeated, PropertyFacts& property, TypeExpression& type);
     void MakeValue(Draft const& draft, SimpleType const& simple, bool isRepeated, PropertyFacts& property,
                    TypeExpression& type);
     std::string OccurrenceOf(Draft const& draft) const;

@@ -49,25 +49,42 @@ bool IsExpected(std::string const& wanted, std::string const& taken) {
 Names::Names(Mapping const& mapping, Units& units, std::vector<ElementDeclaration const*> const& roots)
     : m_mapping(mapping), m_units(units) {
     ReadNamesFile();
-    SchemaSet const& set = mapping.m_set;
+    std::vector<SuffixedType> const types = AllTypes();
+    // Who comes first gets the plain name.
     NameRoots(roots);
-    std::vector<std::pair<Type const*, std::string_view>> types;
-    for (Type const* const type : set.Types()) types.emplace_back(type, "Type");
-    for (Type const* const type : set.Types()) {
-        for (Type const* base = type->m_redefined; base != nullptr; base = base->m_redefined)
-            types.emplace_back(base, "Base");
-    }
     for (auto const& [type, suffix] : types) {
         if (type->AsComplex() != nullptr) NameType(*type, suffix);
     }
-    for (ElementDeclaration const* const element : set.Elements()) {
-        ComplexType const* const type = element->m_type->AsComplex();
-        if (type != nullptr && type->IsAnonymous() && !m_classes.contains(type)) {
-            ClassPlan& plan = MakeClass(ClassName(CamelOf(element->m_name.m_local)), *element, "Element");
-            plan.m_xmlName = element->m_name.m_local;
-            Register(*type, plan);
-        }
+    NameTypesOfElements();
+    VisitAll(types);
+    for (auto const& [type, suffix] : types) {
+        if (type->AsSimple() != nullptr) NameType(*type, suffix);
     }
+}
+
+std::vector<Names::SuffixedType> Names::AllTypes() const {
+    std::vector<SuffixedType> types;
+    for (Type const* const type : m_mapping.m_set.Types()) types.emplace_back(type, "Type");
+    for (Type const* const type : m_mapping.m_set.Types()) {
+        for (Type const* base = type->m_redefined; base != nullptr; base = base->m_redefined)
+            types.emplace_back(base, "Base");
+    }
+    return types;
+}
+
+/// The anonymous types of global elements.
+void Names::NameTypesOfElements() {
+    for (ElementDeclaration const* const element : m_mapping.m_set.Elements()) {
+        ComplexType const* const type = element->m_type->AsComplex();
+        if (type == nullptr || !type->IsAnonymous() || m_classes.contains(type)) continue;
+        ClassPlan& plan = MakeClass(ClassName(CamelOf(element->m_name.m_local)), *element, "Element");
+        plan.m_xmlName = element->m_name.m_local;
+        Register(*type, plan);
+    }
+}
+
+void Names::VisitAll(std::vector<SuffixedType> const& types) {
+    SchemaSet const& set = m_mapping.m_set;
     for (ElementDeclaration const* const element : set.Elements()) VisitElement(*element, "");
     for (auto const& [type, suffix] : types) {
         if (auto const* const complex = type->AsComplex()) VisitComplex(*complex, m_suggestions[type]);
@@ -86,9 +103,6 @@ Names::Names(Mapping const& mapping, Units& units, std::vector<ElementDeclaratio
     }
     for (AttributeDeclaration const* const attribute : set.Attributes())
         VisitSimple(*attribute->m_type, CamelOf(attribute->m_name.m_local));
-    for (auto const& [type, suffix] : types) {
-        if (type->AsSimple() != nullptr) NameType(*type, suffix);
-    }
 }
 
 void Names::ReadNamesFile() {

@@ -9,6 +9,7 @@
 #include <string_view>
 #include <unordered_map>
 #include <unordered_set>
+#include <utility>
 #include <vector>
 
 #include "mapping/Mapping.h"
@@ -66,6 +67,12 @@ private:
         mutable bool m_isUsed = false;
     };
 
+    /// A type, and what its name ends in if another has the plain one.
+    using SuffixedType = std::pair<Type const*, std::string_view>;
+
+    std::vector<SuffixedType> AllTypes() const;
+    void NameTypesOfElements();
+    void VisitAll(std::vector<SuffixedType> const& types);
     std::string CamelOf(std::string_view name) const;
     std::string StrippedCamelOf(std::string_view name) const;
     std::optional<std::string> Given(std::string_view kind, QName const& name) const;
