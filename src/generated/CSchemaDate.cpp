@@ -109,7 +109,39 @@ bool TakeZone(Scan& scan, Parts& parts) {
     return scan.AtEnd();
 }
 
+/// Reads the form that most moments have: in UTC, to the second.
+/// @return nothing for any other literal, right or wrong
+std::optional<Parts> ReadUsualMoment(std::u16string_view literal) {
+    constexpr std::u16string_view kLeast = u"0000-00-00T00:00:00Z";
+    constexpr std::u16string_view kMost = u"9999-19-39T29:59:59Z";
+    if (literal.size() != kLeast.size()) return std::nullopt;
+    // All units at once, since nearly all literals pass.
+    std::uint16_t isOther = 0;  // as wide as a unit
+    for (std::size_t i = 0; i < kLeast.size(); ++i) {
+        auto const above = static_cast<std::uint16_t>(literal[i] - kLeast[i]);
+        auto const most = static_cast<std::uint16_t>(kMost[i] - kLeast[i]);
+        isOther |= static_cast<std::uint16_t>(above > most);
+    }
+    if (isOther != 0) return std::nullopt;
+    auto const number = [&](std::size_t at) { return (literal[at] - u'0') * 10 + (literal[at + 1] - u'0'); };
+    Parts parts;
+    parts.year = number(0) * 100 + number(2);
+    parts.month = number(5);
+    parts.day = number(8);
+    parts.hour = number(11);
+    parts.minute = number(14);
+    parts.second = number(17);
+    parts.zone = 0;
+    parts.isUtc = true;
+    bool const isDay = parts.year > 0 && parts.month >= 1 && parts.month <= 12 && parts.day >= 1 &&
+                       (parts.day <= 28 || parts.day <= DaysInMonth(parts.year, parts.month));
+    return isDay && parts.hour < 24 ? std::optional(parts) : std::nullopt;
+}
+
 std::optional<Parts> ReadParts(CDateTime::DTType type, std::u16string_view literal) {
+    if (type == CDateTime::dt_dateTime) {
+        if (auto const usual = ReadUsualMoment(literal)) return usual;
+    }
     for (DateForm const& row : kDateForms) {
         if (row.type != type) continue;
         Scan scan(literal);

@@ -19,6 +19,7 @@ std::int64_t NumberOf(std::u16string_view digits, std::u16string_view literal) {
 }
 
 std::uint16_t Thousandths(std::u16string_view fraction, std::size_t from) {
+    if (fraction.size() <= from) return 0;
     int number = 0;
     for (std::size_t i = from; i < from + 3; ++i) {
         number = number * 10 + (i < fraction.size() ? fraction[i] - u'0' : 0);
