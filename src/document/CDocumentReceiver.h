@@ -85,6 +85,11 @@ public:
 
     /// The same in a declaration of a namespace, whose name has nothing in its place.
     virtual void LoseEntityReference() {}
+
+    /// The document itself, a part of it, where that is asked for and the input lets it (DocumentDetails):
+    /// nothing else is told then. The parser has checked what came before, and checks this next.
+    /// @param octets not empty; those of the byte order mark and the XML declaration do not come
+    virtual void AddOctets(std::span<unsigned char const> /*octets*/) {}
 };
 
 }  // namespace BxXmlLib5

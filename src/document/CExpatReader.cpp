@@ -107,6 +107,16 @@ wstring MessageOf(XML_Error error, std::size_t line) {
     throw failure;
 }
 
+/// XML 1.0, 2.11. Expat does not do so where it gives markup as it stands.
+void NormalizeLineEnds(wstring& text) {
+    auto to = text.begin();
+    for (auto from = text.begin(); from != text.end(); ++from) {
+        bool const isInPair = *from == u'\r' && from + 1 != text.end() && from[1] == u'\n';
+        if (!isInPair) *to++ = *from == u'\r' ? u'\n' : *from;
+    }
+    text.erase(to, text.end());
+}
+
 /// Whether an end tag has, behind white space at most, a start tag of its name that declares no namespace.
 bool RepeatsTag(std::string_view input) {
     constexpr std::string_view kSpace = " \t\r\n", kBehindName = " \t\r\n/>";
@@ -137,6 +147,43 @@ std::span<unsigned char const> DeclarationOf(std::span<unsigned char const> begi
     auto const some = beginning.first(std::min(beginning.size(), CPeekedSource::kSize));
     auto const end = std::ranges::find(some, '>');
     return some.first(static_cast<std::size_t>(end - some.begin()) + (end == some.end() ? 0 : 1));
+}
+
+/// Whether all that an encoding of that name has is UTF-8.
+bool IsUtf8(std::u16string_view encoding) {
+    constexpr std::u16string_view kNames[] = {u"UTF-8", u"US-ASCII"};
+    auto const upper = [](char16_t c) {
+        return c >= u'a' && c <= u'z' ? static_cast<char16_t>(c - u'a' + u'A') : c;
+    };
+    return std::ranges::any_of(kNames,
+                               [&](auto name) { return std::ranges::equal(encoding, name, {}, upper); });
+}
+
+/// Where text in UTF-8 goes on behind its byte order mark and its XML declaration; nothing for other encodings, and where
+/// the declaration matters: a document that stands alone may refer to entities declared behind what is not read.
+/// @param beginning of a text that is neither UTF-16 nor UTF-32
+std::optional<std::size_t> BehindDeclaration(XML_Parser parser, std::span<unsigned char const> beginning) {
+    struct Declaration {
+        XML_Parser m_parser;
+        bool m_isNeeded;
+        std::size_t m_end;
+    } declaration{parser, false, 0};
+    XML_SetUserData(parser, &declaration);
+    XML_SetXmlDeclHandler(
+        parser, [](void* userData, XML_Char const*, XML_Char const* encoding, int standalone) {
+            auto& [self, isNeeded, end] = *static_cast<Declaration*>(userData);
+            isNeeded = standalone == 1 || (encoding != nullptr && !IsUtf8(Units(encoding)));
+            end = static_cast<std::size_t>(XML_GetCurrentByteIndex(self) + XML_GetCurrentByteCount(self));
+        });
+    ParsePart(parser, DeclarationOf(beginning), kNotFinal);
+    if (declaration.m_end > 0)
+        return declaration.m_isNeeded ? std::nullopt : std::optional(declaration.m_end);
+    std::string_view text(reinterpret_cast<char const*>(beginning.data()), beginning.size());
+    constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF", kStart = "<?xml", kSpace = " \t\r\n";
+    std::size_t const start = text.starts_with(kByteOrderMark) ? kByteOrderMark.size() : 0;
+    text.remove_prefix(start);
+    bool const isDeclared = text.starts_with(kStart) && text.find_first_of(kSpace) == kStart.size();
+    return isDeclared ? std::nullopt : std::optional(start);  // one that Expat refuses, or a very long one
 }
 
 }  // namespace
@@ -386,7 +433,17 @@ void CExpatReader::Start(CPeekedSource& source) {
         if (!encoding.empty()) m_utf8 = NewConvertedSource(encoding, source, beginning);
     }
     m_source = m_utf8 ? m_utf8.get() : &source;
+    if (m_details.m_octets) PrepareOctets(beginning);
     MakeParser(m_utf8 ? u"UTF-8" : nullptr);
+}
+
+void CExpatReader::PrepareOctets(std::span<unsigned char const> beginning) {
+    auto const behind =
+        m_utf8 ? std::nullopt : BehindDeclaration(NewParser(nullptr, m_schemaType).get(), beginning);
+    m_details.m_octets = behind.has_value();
+    if (!behind) return;
+    m_untoldOctets = *behind;
+    m_details.m_prefixes = m_details.m_markup = false;
 }
 
 bool CExpatReader::Read() {
@@ -443,7 +500,7 @@ void CExpatReader::MakeParser(char16_t const* encoding) {
     XML_SetUserData(parser, this);
     XML_SetElementHandler(parser, Callbacks::StartElement, Callbacks::EndElement);
     XML_SetNamespaceDeclHandler(parser, Callbacks::StartNamespace, Callbacks::EndNamespace);
-    XML_SetCharacterDataHandler(parser, Callbacks::Text);
+    if (!m_details.m_octets) XML_SetCharacterDataHandler(parser, Callbacks::Text);
     XML_SetEntityDeclHandler(parser, Callbacks::Entity);
     XML_SetSkippedEntityHandler(parser, Callbacks::SkippedEntity);
     XML_SetExternalEntityRefHandler(parser, Callbacks::ExternalEntity);
@@ -481,6 +538,7 @@ bool CExpatReader::ParseSlice(COctetSource& source) {
     if (count == 0) return false;
     m_octets += count;
     if (m_source != nullptr) KeepProlog(octets.first(count));
+    if (m_details.m_octets) TellOctets(octets.first(count));
     m_mostDefaultedUnits = std::max(m_mostDefaultedUnits, MaxRepeatedUnits(m_octets));
     CheckParsed(XML_ParseBuffer(parser, static_cast<int>(count), kNotFinal) != XML_STATUS_ERROR);
     return true;
@@ -496,6 +554,12 @@ void CExpatReader::KeepProlog(std::span<unsigned char const> octets) {
     } else if (m_details.m_markup) {
         m_prolog.insert(m_prolog.end(), octets.begin(), octets.end());
     }
+}
+
+void CExpatReader::TellOctets(std::span<unsigned char const> octets) {
+    std::size_t const untold = std::min(m_untoldOctets, octets.size());
+    m_untoldOctets -= untold;
+    if (untold < octets.size()) m_receiver.AddOctets(octets.subspan(untold));
 }
 
 void CExpatReader::CheckParsed(bool parsed) {
@@ -558,6 +622,7 @@ CExpatReader::ExpandedName CExpatReader::ElementName(char16_t const* expanded) {
 void CExpatReader::StartElement(char16_t const* name, char16_t const* const* attributes) {
     CountElement();
     m_hasRoot = true;
+    if (m_details.m_octets) return PassElement(attributes);
     m_attributes.clear();
     if (attributes[0] != nullptr) {
         auto const specified = static_cast<std::size_t>(XML_GetSpecifiedAttributeCount(m_parser.get())) / 2;
@@ -581,6 +646,14 @@ void CExpatReader::StartElement(char16_t const* name, char16_t const* const* att
     m_tagPlace.reset();
 }
 
+/// Checks an element of which nobody is told.
+void CExpatReader::PassElement(char16_t const* const* attributes) {
+    ++m_depth;
+    if (!m_hasDocumentType) return;
+    attributes += XML_GetSpecifiedAttributeCount(m_parser.get());
+    for (; attributes[0] != nullptr; attributes += 2) CountDefaulted(attributes[1]);
+}
+
 /// Expat does not tell of the entities that it skips in values of attributes.
 void CExpatReader::FindSkippedInTag() {
     std::size_t const line = Line();
@@ -589,6 +662,7 @@ void CExpatReader::FindSkippedInTag() {
     XML_DefaultCurrent(m_parser.get());
     XML_SetDefaultHandlerExpand(m_parser.get(), nullptr);
     if (m_tag.find(u'&') == m_tag.npos) return;
+    NormalizeLineEnds(m_tag);
     std::u16string_view rest = m_tag;
     std::size_t attribute = 0;
     for (std::size_t equals = rest.find(u'='); equals != rest.npos; equals = rest.find(u'=')) {
@@ -682,12 +756,18 @@ void CExpatReader::CountDefaulted(std::u16string_view value) {
 }
 
 void CExpatReader::EndElement() {
-    if (HasOpenElement()) CDocumentReader::EndElement();
+    if (!HasOpenElement()) return;
+    if (m_details.m_octets) {
+        --m_depth;
+    } else {
+        CDocumentReader::EndElement();
+    }
 }
 
 void CExpatReader::DeclareNamespace(char16_t const* prefix, char16_t const* namespaceUri) {
     m_tagNames.Forget();
     ThrowIfNamespaceTooLong(TextOf(namespaceUri));
+    if (m_details.m_octets) return;
     // No prefix is the default namespace; no URI is xmlns="".
     CNameTable& names = m_memory.m_names;
     m_hasDeclarations = true;
@@ -748,7 +828,9 @@ void CExpatReader::EndDocumentType() {
     DocumentTypeText document(parser.get());
     ParsePart(parser.get(), m_prolog, kNotFinal);
     if (document.m_failure) std::rethrow_exception(document.m_failure);
-    m_receiver.AddDocumentType(document.m_text + u'>');
+    document.m_text += u'>';
+    NormalizeLineEnds(document.m_text);
+    m_receiver.AddDocumentType(document.m_text);
 }
 
 void CExpatReader::DeclareEntity(char16_t const* name, std::u16string_view value) {

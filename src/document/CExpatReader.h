@@ -68,6 +68,7 @@ private:
     void ParseOpen(char16_t const* encoding, std::span<unsigned char const> input);
     bool ParseSlice(COctetSource& source);
     void KeepProlog(std::span<unsigned char const> octets);
+    void TellOctets(std::span<unsigned char const> octets);
     void FinishStream();
     void PauseOutsideEntity();
     void CheckParsed(bool parsed);
@@ -76,6 +77,7 @@ private:
     std::unique_ptr<COctetSource> NewConvertedSource(std::string_view encoding, COctetSource& source,
                                                      std::span<unsigned char const> beginning);
     std::string DeclaredEncoding(std::span<unsigned char const> beginning);
+    void PrepareOctets(std::span<unsigned char const> beginning);
     bool FindEncoding(wstring const& name, std::span<int, 256> map);
     ExpandedName SplitName(std::u16string_view expanded);
     ExpandedName SplitLocalName(wstring const& namespaceUri, std::u16string_view local);
@@ -85,6 +87,7 @@ private:
     std::size_t Line();
     std::uint64_t ByteIndex() const;
     void CountDefaulted(std::u16string_view value);
+    void PassElement(char16_t const* const* attributes);
     void StartElement(char16_t const* name, char16_t const* const* attributes);
     void EndElement();
     void DeclareNamespace(char16_t const* prefix, char16_t const* namespaceUri);
@@ -118,6 +121,7 @@ private:
     std::optional<DocumentPlace> m_tagPlace;  // of the tag that is told, after Expat was asked for its text
     bool m_isInDocumentType = false;
     std::vector<unsigned char> m_prolog;  // what is ahead of the root, where markup is asked for
+    std::size_t m_untoldOctets = 0;       // that still come, ahead of those that are told
     bool m_isPauseAsked = false;
     bool m_isPaused = false;
     bool m_isPausedBehindSlice = false;

@@ -135,6 +135,11 @@ void CStringBuffer::ConvertChunk() {
     m_used = staysHalf ? 1 : 0;
 }
 
+void CStringBuffer::AppendOctets(std::string_view octets) {
+    if (m_used > 0) ConvertChunk();
+    std::ranges::copy(octets, m_converted.Extend(octets.size()));
+}
+
 void CStringBuffer::AppendUtf8(std::u16string_view text) {
     std::size_t const size = CheckedUtf8Size(text);
     WriteUtf8(text, {m_converted.Extend(size), size});

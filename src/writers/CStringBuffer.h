@@ -51,6 +51,9 @@ public:
     /// what is appended may throw as that does.
     void ConvertAsItGrows() { m_isConverted = true; }
 
+    /// Text that is UTF-8 already, then.
+    void AppendOctets(std::string_view octets);
+
     /// What is converted already, and may be dropped: the rest follows it.
     std::span<unsigned char const> Octets() const { return m_converted.Octets(); }
     void DropOctets() { m_converted.Truncate(0); }

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <iterator>
+#include <random>
+#include <regex>
 #include <sstream>
 #include <string>
 #include <utility>
@@ -23,6 +26,12 @@ struct Folder : TemporaryFolder {
 std::string const kDeclaration = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
 std::string const kXsi = "http://www.w3.org/2001/XMLSchema-instance";
 
+std::string Repeat(std::string const& text, int times) {
+    std::string repeated;
+    for (; times > 0; --times) repeated += text;
+    return repeated;
+}
+
 TEST(Convert, WritesWhatItReads) {
     struct Row {
         std::string m_options;
@@ -37,50 +46,72 @@ TEST(Convert, WritesWhatItReads) {
         outside = "<!--c-->\n<?p?>\n<!DOCTYPE a>\n<a x=\"1\">",
         subset =
             "<!DOCTYPE a SYSTEM 'x' [<!--c--><?p q?><!ATTLIST a k CDATA 'd'><!ENTITY e '1'> <!ENTITY f SYSTEM 'y'>]>\n";
+    std::string const mostSeen =
+        Repeat("<b/>", 8191);  // with the start of their parent and a text 16,384 events
+    std::string const latin1 = "<?xml version='1.0' encoding='iso-8859-1'?>";
     // clang-format off
     Row const rows[] = {
         // Form
-        {"", start + "\n <b>t</b> <c></c>\n</a><!--d--><?q r?>", kDeclaration + outside + "\n <b>t</b> <c/>\n</a>\n<!--d-->\n<?q r?>\n", ""},
+        {"", latin1 + start + "\n <b>t</b> <c></c>\n</a><!--d--><?q r?>", kDeclaration + outside + "\n <b>t</b> <c/>\n</a>\n<!--d-->\n<?q r?>\n", ""},
         {"--format", start + "<b>t</b> <c></c>\n</a>", kDeclaration + outside + "\n\t<b>t</b>\n\t<c/>\n</a>\n", ""},
         {"--compact", "<a>\n <b>t</b>\n <!--c-->\n <c/>\n</a>", kDeclaration + "<a><b>t</b><!--c--><c/></a>", ""},
-        {"--declaration=no", "<?xml version='1.0'?><a/>", "<a/>\n", ""},
+        {"", latin1 + "<!DOCTYPE a SYSTEM 'x'\r\n[\r]>\r\n<a k='\r\n&f;'>\xE4</a>", kDeclaration + "<!DOCTYPE a SYSTEM 'x'\n[\n]>\n<a k='\n&f;'>\xC3\xA4</a>\n", ""},
+        {"", "<?xml version='1.0' standalone='yes'?><!DOCTYPE a [<!ENTITY % p SYSTEM 'x'>%p;<!ENTITY e '1'>]><a>&e;</a>",
+            kDeclaration + "<!DOCTYPE a [<!ENTITY % p SYSTEM 'x'>%p;<!ENTITY e '1'>]>\n<a>1</a>\n", ""},
+        // Text in UTF-8 as it stands
+        {"", "\xEF\xBB\xBF<?xml version='1.0' encoding='Us-Ascii' standalone='no'?>\r\n " + subset + "<a k = '1'></a >\n<!--c-->",
+            kDeclaration + subset + "<a k = '1'></a >\n<!--c-->\n", ""},
+        {"", "\xEF\xBB\xBF" + external + "<a xmlns:p='u&f;'>&e;&f;\xE2\x82\xAC</a>", kDeclaration + external + "<a xmlns:p='u&f;'>&e;&f;\xE2\x82\xAC</a>\n", ""},
+        {"--no-namespaces --strict", "<?xml-p?><p:a><![CDATA[<]]></p:a>\n\n", kDeclaration + "<?xml-p?><p:a><![CDATA[<]]></p:a>\n\n", ""},
+        {"--declaration=no", "<?xml version='1.0'?>\n<a/>", "<a/>\n", ""},
         {"--compact --format --keep-whitespace --declaration no --declaration yes --encoding utf-16 --encoding utf-8 --to finf --to xml --eol=crlf --eol=lf",
             "<?xml version='1.0'?><a> <b/></a>", kDeclaration + "<a> <b/></a>\n", ""},
-        {"--eol crlf", "<a>1\n2<!--\n--><b/></a>", "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\r\n<a>1\r\n2<!--\r\n--><b/></a>\r\n", ""},
+        {"--eol crlf", latin1 + "<a>1\n2<!--\n--><b/></a>", "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\r\n<a>1\r\n2<!--\r\n--><b/></a>\r\n", ""},
         // Encodings, and the forms that are not text
         {"--encoding utf-16 --declaration no --compact", "<a>\xF0\x9F\x98\x80</a>", "\xFF\xFE<\0a\0>\0\x3D\xD8\x00\xDE<\0/\0a\0>\0"s, ""},
         {"--to finf --compact", "<a>\n<b/></a>", "\xE0\0\0\1\0\x3C\0a\x3C\0b\xFF\xF0"s, ""},
         {"--to finf", "<a> <b/></a>", "\xE0\0\0\1\0\x3C\0a\x90 \x3C\0b\xFF\xF0"s, ""},
+        {"--to finf", "\xE0\0\0\1\0\x3C\0a\x97\0\1\xFE\xFD"s + Repeat("\0x"s, 65535) + "\xD8\x3D\x95\xDE\0\xFF"s,
+            "\xE0\0\0\1\0\x3C\0a\x83\0\0\xFE\xFC"s + Repeat("x", 65535) + "\x92\1\xF0\x9F\x98\x80\xFF", ""},
         {"--compact --no-namespaces", "\xE0\0\0\1\0\x3F\0p\0u\0a\xFF"s, kDeclaration + "<p:a xmlns:p=\"u\"/>", ""},
         {"--to finf", "\xE0\0\0\1\0\x3C\0a\x90\1\xFF"s, "\xE0\0\0\1\0\x3C\0a\x90\1\xFF"s, ""},
         {"--to finf", subset + "<a><!--c--></a>", "\xE0\0\0\1\0\x7C\0a\x78\0k\x40" "d\xF0\xFF"s, lost + "1 comment, 1 document type\n"},
         {"--to finf", "<?p?><?q?><!DOCTYPE a SYSTEM 'x'><a>&e;</a>", "\xE0\0\0\1\0\x3C\0a\xFF"s, lost + "2 processing instructions, 1 document type, 1 entity reference\n"},
         {"", "\xE0\0\0\1\0\xE2\0c\x3C\0a\xC8\0e\xFF"s, kDeclaration + "<!--c-->\n<a/>\n", "bxconvert: standard input: warning: XML text does not keep 1 entity reference\n"},
         // What is in an element
-        {"", "<a>1<b>2<c/>3</b>4<b>5</b> </a>", kDeclaration + "<a>1<b>2<c/>3</b>4<b>5</b> </a>\n", ""},
-        {"", "<a k='&#13;&#10;&#9;&lt;&quot;&amp;' l=''>&#13;&amp;<![CDATA[<&]]>&#10;</a>", kDeclaration + "<a k=\"&#13;&#10;&#9;&lt;&quot;&amp;\" l=\"\">&#13;&amp;&lt;&amp;\n</a>\n", ""},
-        {"", subset + "<a>&e;&f;&g;</a>", kDeclaration + subset + "<a>1&f;&g;</a>\n", ""},
-        {"", external + "<a k='&e;&lt;&#65;'><b xmlns:p='u' j='=&amp;' p:k\n = '1\"&f;2&g;&e;' l='&#0038;f;'/></a>",
+        {"", latin1 + "<a>1<b>2<c/>3</b>4<b>5</b> </a>", kDeclaration + "<a>1<b>2<c/>3</b>4<b>5</b> </a>\n", ""},
+        {"", latin1 + "<a k='&#13;&#10;&#9;&lt;&quot;&amp;' l=''>&#13;&amp;<![CDATA[<&]]>&#10;</a>", kDeclaration + "<a k=\"&#13;&#10;&#9;&lt;&quot;&amp;\" l=\"\">&#13;&amp;&lt;&amp;\n</a>\n", ""},
+        {"", latin1 + subset + "<a>&e;&f;&g;</a>", kDeclaration + subset + "<a>1&f;&g;</a>\n", ""},
+        {"", latin1 + external + "<a k='&e;&lt;&#65;'><b xmlns:p='u' j='=&amp;' p:k\n = '1\"&f;2&g;&e;' l='&#0038;f;'/></a>",
             kDeclaration + external + "<a k=\"1&lt;A\"><b xmlns:p=\"u\" j=\"=&amp;\" p:k='1\"&f;2&g;&e;' l=\"&amp;f;\"/></a>\n", ""},
         {"--format", external + "<a j='' k=\"&f;'\"><b/></a>", kDeclaration + external + "<a j=\"\" k=\"&f;'\">\n\t<b/>\n</a>\n", ""},
-        {"--no-namespaces", external + "<a xmlns:p='&f;' k='&g;'/>", kDeclaration + external + "<a xmlns:p='&f;' k='&g;'/>\n", ""},
-        {"", external + "<a xmlns:p='u&f;'/>", kDeclaration + external + "<a xmlns:p=\"u\"/>\n", "bxconvert: standard input: warning: XML text does not keep 1 entity reference\n"},
-        {"--to finf", external + "<a k='1&f;2&g;'/>", "\xE0\0\0\1\0\x7C\0a\x78\0k\x41" "12\xF0\xFF"s, lost + "1 document type, 2 entity references\n"},
+        {"--no-namespaces", latin1 + external + "<a xmlns:p='&f;' k='&g;'/>", kDeclaration + external + "<a xmlns:p='&f;' k='&g;'/>\n", ""},
+        {"", latin1 + external + "<a xmlns:p='u&f;'/>", kDeclaration + external + "<a xmlns:p=\"u\"/>\n", "bxconvert: standard input: warning: XML text does not keep 1 entity reference\n"},
+        {"--to finf", external + "<a xmlns='&f;u' k='1&f;2&g;'/>", "\xE0\0\0\1\0\x78\xCD\0u\xF0\x3D\x81\0a\x78\0k\x41" "12\xF0\xFF"s, lost + "1 document type, 3 entity references\n"},
         {"--compact", "<a> <b> </b>\xC2\xA0</a>", kDeclaration + "<a> <b> </b>\xC2\xA0</a>", ""},
         {"--format", "<a><b>1<c/></b><d><e> </e>\n</d></a>", kDeclaration + "<a>\n\t<b>1<c/></b>\n\t<d>\n\t\t<e> </e>\n\t</d>\n</a>\n", ""},
-        {"--compact", "<a> <b xml:space=\"preserve\"> <c> <d/></c></b> <e xml:space=\"default\"> <f/></e></a>",
-            kDeclaration + "<a><b xml:space=\"preserve\"> <c> <d/></c></b><e xml:space=\"default\"><f/></e></a>", ""},
+        {"--compact", "<a> <b xml:space=\"preserve\"> <c> <d xml:space=\"default\"> <f/></d></c></b> <e xml:space=\"default\"> <f/></e></a>",
+            kDeclaration + "<a><b xml:space=\"preserve\"> <c> <d xml:space=\"default\"><f/></d></c></b><e xml:space=\"default\"><f/></e></a>", ""},
+        {"--compact", "<a> " + mostSeen + "</a>", kDeclaration + "<a>" + mostSeen + "</a>", ""},
+        {"--compact", "<a> " + mostSeen + "<b/></a>", kDeclaration + "<a> " + mostSeen + "<b/></a>", ""},
         {"--compact", "<!DOCTYPE a SYSTEM 'x'><a> <b/>&e;</a>", kDeclaration + "<!DOCTYPE a SYSTEM 'x'>\n<a> <b/>&e;</a>", ""},
         // Namespaces
-        {"", "<p:a xmlns:p=\"u\" p:x=\"1\" x=\"2\"><p:b/></p:a>", kDeclaration + "<p:a xmlns:p=\"u\" p:x=\"1\" x=\"2\"><p:b/></p:a>\n", ""},
-        {"", "<a xmlns=\"u\"><b xmlns=\"v\" xmlns:q=\"q\"><c xmlns=\"\" k=\"q:T\"/></b><c/></a>",
+        {"", latin1 + "<p:a xmlns:p=\"u\" p:x=\"1\" x=\"2\"><p:b/></p:a>", kDeclaration + "<p:a xmlns:p=\"u\" p:x=\"1\" x=\"2\"><p:b/></p:a>\n", ""},
+        {"", latin1 + "<a xmlns=\"u\"><b xmlns=\"v\" xmlns:q=\"q\"><c xmlns=\"\" k=\"q:T\"/></b><c/></a>",
             kDeclaration + "<a xmlns=\"u\"><b xmlns=\"v\" xmlns:q=\"q\"><c xmlns=\"\" k=\"q:T\"/></b><c/></a>\n", ""},
-        {"", "<a xml:lang='en' xmlns='&lt;&quot;&amp;&#10;'/>", kDeclaration + "<a xmlns=\"&lt;&quot;&amp;&#10;\" xml:lang=\"en\"/>\n", ""},
+        {"", latin1 + "<a xml:lang='en' xmlns='&lt;&quot;&amp;&#10;'/>", kDeclaration + "<a xmlns=\"&lt;&quot;&amp;&#10;\" xml:lang=\"en\"/>\n", ""},
         {"--compact --no-namespaces", "<p:a xmlns:p='u?1&amp;2' p:x='1'> <b xmlns='v'/> <undeclared:c/></p:a>",
             kDeclaration + "<p:a xmlns:p=\"u?1&amp;2\" p:x=\"1\"><b xmlns=\"v\"/><undeclared:c/></p:a>", ""},
         {"--to finf", "<a xmlns='u&amp;'><b xmlns=''/></a>", "\xE0\0\0\1\0\x38\xCD\1u&\xF0\x3D\x81\0a\x38\xCC\xF0\x3C\0b\xFF\xF0"s, ""},
         // Fast Infoset that leaves declarations out, or has none that fits
         {"", "\xE0\0\0\1\0\x7D\0u\0a\x79\x81\0k\xFF\xF0\x3C\0b\xF0\0\xFF"s, kDeclaration + "<a xmlns=\"u\" xmlns:ns1=\"u\" ns1:k=\"\"><b xmlns=\"\"/><a/></a>\n", ""},
+        {"", "\xE0\0\0\1\0\x38\xCF\0p\0u\xCF\x81\0v\xF0\x3F\x81\x81\0a"
+             "\x78\xCF\x81\x82\xF0\x3F\x81\x82\0b\x7B\x81\x81\0k\xFF\xF0\x3F\x81\x81\0c\xFF\x3F\x81\x81\0d\xFF"s,
+            kDeclaration + "<p:a xmlns:p=\"u\"><p:b xmlns:p=\"v\" xmlns:ns1=\"u\" ns1:k=\"\"><ns1:c/></p:b><p:d/></p:a>\n", ""},
+        {"", "\xE0\0\0\1\0\x38\xCF\0p\0u\xF0\x3F\x81\x81\0a\x38\xCF\x81\0v\xF0\x3C\0b\x3F\x81\x81\0c\xFF\xFF"s,
+            kDeclaration + "<p:a xmlns:p=\"u\"><b xmlns:p=\"v\"><p:c xmlns:p=\"u\"/></b></p:a>\n", ""},
+        {"", "\xE0\0\0\1\0\x78\xCF\2xml\0u\xCE\0p\xCF\4xmlns\0v\xCF\0q\x80\xF0\x3F\x80\x81\0a\x7B\x81\x80\3lang\xFF\xF0\xFF"s,
+            kDeclaration + "<ns1:a xmlns:ns1=\"u\" xml:lang=\"\"/>\n", ""},
         // Facts instead of the document
         {"--info", "<p:a xmlns:p='u&#10;v' x='1' p:y='2'> <b/>m<b><c/></b></p:a>",
             "form: XML text\nroot: a\nnamespace: u v\nelements: 4\nattributes: 2\ndepth: 3\noctets: 60\n", ""},
@@ -125,6 +156,80 @@ TEST(Convert, WritesFastInfosetThatAStrictReaderTakes) {
     }
 }
 
+TEST(Convert, BoundsTheTablesOfFastInfoset) {
+    std::string input = "<a>";
+    auto const add = [&input](int i) {
+        std::string const number = std::to_string(i);
+        input += "<b k='" + number + "'>" + number + "</b>";
+    };
+    for (int i = 0; i <= 65'536; ++i) add(i);
+    add(65'535);
+    add(65'536);
+    Ending const ending = Folder().Run("bxconvert - --to finf | tail -c 29", input + "</a>");
+    EXPECT_EQ(ending.m_out,
+              "\xF0\x41\0\xE0\xDF\xBF\xF0\xB4\xFB\xEF\xF0\x41\0\4"
+              "65536\xF0\x82\2"
+              "65536\xFF\xF0"s);
+}
+
+/// As XML 1.0, 2.11 has it.
+std::string WithLineEnds(std::string const& text, std::string const& end) {
+    return std::regex_replace(text, std::regex("\r\n?|\n"), end);
+}
+
+TEST(Convert, KeepsTextInUtf8AsItStands) {
+    std::string const start = "<!DOCTYPE a [\r\n<!ENTITY e '<b>\r</b>'>\r]>\r<a>", end = "</a>\r\n\n";
+    char const* const pieces[] = {"\r",        "\r\n",    "\n",       "t",
+                                  "&e;",       "&amp;",   "&#13;",    "<![CDATA[<\r\n]]>",
+                                  "<!--\r-->", "<?p q?>", "\xC3\xA4", "<c k = '\"'\r\n/>",
+                                  "<c></c >"};
+    std::minstd_rand random;
+    std::string input = start;
+    while (input.size() < 300'000) input += pieces[random() % std::size(pieces)];
+    input += end;
+    Folder const folder;
+    EXPECT_EQ(folder.Run("bxconvert -", input), (Ending{0, kDeclaration + WithLineEnds(input, "\n"), ""}));
+    EXPECT_EQ(folder.Run("bxconvert --declaration no --eol crlf -", input),
+              (Ending{0, WithLineEnds(input, "\r\n"), ""}));
+    EXPECT_EQ(
+        folder.Run(
+            "cat >in; f() { bxconvert --to finf \"$@\" 2>/dev/null; }; bxconvert in | f - >1; f in | cmp - 1",
+            input),
+        (Ending{0, "", ""}));
+}
+
+TEST(Convert, RefusesTextInUtf8AsAnyOther) {
+    std::string const entities = "<!DOCTYPE a [<!ENTITY e '&e;'><!ENTITY f '<b>'><!ATTLIST b k CDATA '" +
+                                 std::string(10'000, 'x') + "'>]>";
+    std::string const rows[] = {
+        "<a b='' b=''/>",
+        "<p:a/>",
+        "<a xmlns:p=''/>",
+        "<a>&e;</a>",
+        "<a>&#0;</a>",
+        "<a>\xED\xA0\x80</a>",
+        "<a>]]></a>",
+        "<a>\n</b>",
+        "<a/><a/>",
+        "<a/>t",
+        "<?xml version='1.0' encoding='x'?><a/>",
+        "<?xml version='1.0' encoding='utf-8' x=''?><a/>",
+        " <?xml version='1.0'?><a/>",
+        "<?xml version='1.0' encoding='us-ascii'?><a>\xC3\xA4</a>",
+        entities + "<a>&e;</a>",
+        entities + "<a>&f;</a>",
+        entities + "<a>" + Repeat("<b/>", 20'000) + "</a>",
+        "<a xmlns='" + std::string(70'000, 'x') + "'/>",
+        Repeat("<a>", 70'000),
+    };
+    Folder const folder;
+    for (std::string const& row : rows) {
+        Ending const other = folder.Run("bxconvert --compact - -o out", row);
+        EXPECT_EQ(other.m_status, 1) << row.substr(0, 100);
+        EXPECT_EQ(folder.Run("bxconvert - -o out", row), other);
+    }
+}
+
 TEST(Convert, WritesTheDeclarationOfFastInfoset) {
     std::pair<char const*, char const*> const rows[] = {
         {"none", ""},
@@ -161,8 +266,10 @@ TEST(Convert, ReadsBackTheFormsThatItWrites) {
     Folder const folder;
     for (auto const& [options, form, start] : rows) {
         auto const [status, out, errors] = folder.Run(
-            "grep -v '^<!--' '" BX_TRACK "' >in; bxconvert in -o expected; bxconvert in -o form " + options +
-            "; bxconvert form | cmp - expected; bxconvert --info form | head -n 1; cat form");
+            "grep -v '^<!--' '" BX_TRACK
+            "' >in; bxconvert in --encoding utf-16 | bxconvert - -o expected; bxconvert in -o form " +
+            options +
+            "; bxconvert form --encoding utf-16 | bxconvert - | cmp - expected; bxconvert --info form | head -n 1; cat form");
         EXPECT_EQ(out.substr(0, out.find('\n') + 1 + start.size()), "form: " + form + "\n" + start);
         EXPECT_EQ(errors, "") << options;
     }
@@ -178,6 +285,13 @@ TEST(Convert, RefusesBadDocuments) {
     Row const rows[] = {
         {"", "", "Invalid or empty XML document"},
         {"", "\xE0\0\0\1\0\xE2\1--\x3C\0a\xFF"s, unwritable + "9"},
+        {"", "\xE0\0\0\1\0\xE2\0-\x3C\0a\xFF"s, unwritable + "8"},
+        {"", "\xE0\0\0\1\0\xE2\0\r\x3C\0a\xFF"s, unwritable + "8"},
+        {"", "\xE0\0\0\1\0\xE1\0p\0\r\x3C\0a\xFF"s, unwritable + "10"},
+        {"", "\xE0\0\0\1\0\xE1\0<\0q\x3C\0a\xFF"s, unwritable + "10"},
+        {"", "\xE0\0\0\1\0\xE1\0p\1?>\x3C\0a\xFF"s, unwritable + "11"},
+        {"", "\xE0\0\0\1\0\x3F\0<\0u\0a\xFF"s, unwritable + "12"},
+        {"", "\xE0\0\0\1\0\x3D\34http://www.w3.org/2000/xmlns/\0a\xFF"s, unwritable + "38"},
         {"", "\xE0\0\0\1\0\x3C\0a\x90\1\xFF"s, unwritable + "10"},
         {"", "\xE0\0\0\1\0\x3C\0r\x3C\4b/><c\xFF"s, unwritable + "15"},
         {"", "\xE0\0\0\1\0\x3C\1a \xFF"s, unwritable + "9"},
@@ -286,7 +400,7 @@ TEST(Files, AreReadAndWritten) {
         {"B in.xml --output-dir old.xml", fails("old.xml: Not a directory")},
         // Progress on a terminal: the document ends once it is there, and then the line is erased
         {"mkfifo f; (printf '<a>'; until grep -q ' s, ' shown; do sleep 0.1; done; printf '</a>') >f & "
-            "script -qefc 'bxconvert f -o out.xml' shown >/dev/null; grep -c '<a/>' out.xml; tr '\\r\\033' '.!' <shown | grep -c 'bxconvert: f: .* MB read.*[.]![[]K$'",
+            "script -qefc 'bxconvert f -o out.xml' shown >/dev/null; grep -c '<a></a>' out.xml; tr '\\r\\033' '.!' <shown | grep -c 'bxconvert: f: .* MB read.*[.]![[]K$'",
             {0, "1\n1\n", ""}},
         // A signal while the document is half written leaves nothing of it
         {"mkfifo f; bxconvert f -o old.xml & (echo '<a>'; yes '<b/>' | head -n 100000; until ls -l /proc/$!/fd | grep -qE '#[0-9]+ [(]deleted|[.]bx-'; do sleep 0.1; done; "

@@ -20,8 +20,13 @@ namespace {
 constexpr std::uint64_t kMaxInflatedSize = 1'000'000'000;
 
 DocumentStreamSettings SettingsOf(Options const& options) {
+    bool const isAsItIs = options.m_form == Form::kXml && options.m_encoding == enc_UTF8 &&
+                          options.m_layout == Layout::kAsItIs && !options.m_info;
     return {.m_schemaType = options.m_namespaces ? st_Default : st_NoNamespaces,
-            .m_details = {.m_systemEncodings = true, .m_prefixes = true, .m_markup = !options.m_info},
+            .m_details = {.m_systemEncodings = true,
+                          .m_prefixes = true,
+                          .m_markup = !options.m_info,
+                          .m_octets = isAsItIs},
             .m_maxSize = options.m_maxSize.value_or(std::numeric_limits<std::uint64_t>::max()),
             .m_maxInflatedSize = options.m_maxSize.value_or(kMaxInflatedSize)};
 }

@@ -14,7 +14,8 @@ constexpr std::size_t kMostUnits = 256 * 1024;
 constexpr std::size_t kMostEvents = 16 * 1024;
 
 bool IsWhitespace(std::u16string_view text) {
-    return text.find_first_not_of(u" \t\r\n") == text.npos;
+    return std::ranges::all_of(
+        text, [](char16_t c) { return c == u' ' || c == u'\t' || c == u'\r' || c == u'\n'; });
 }
 
 }  // namespace

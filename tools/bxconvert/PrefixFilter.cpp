@@ -10,6 +10,15 @@ namespace BxConvert {
 
 using namespace BxXmlLib5;
 
+namespace {
+
+/// Namespaces in XML 1.0, 3: no document may bind these to anything else.
+bool IsReserved(std::u16string_view prefix) {
+    return prefix == u"xml" || prefix == u"xmlns";
+}
+
+}  // namespace
+
 PrefixFilter::PrefixFilter(CDocumentReceiver& receiver, CNameTable& names)
     : m_receiver(receiver), m_names(names), m_xmlNamespace(&names.InternText(kXmlNamespace)) {}
 
@@ -17,7 +26,7 @@ void PrefixFilter::StartElement(DocumentElement const& element) {
     ++m_depth;
     m_declarations.clear();
     for (Declaration const& declaration : m_pending) {
-        if (!IsDeclaredHere(*declaration.m_prefix)) Bind(declaration);
+        if (IsDeclarable(declaration) && !IsDeclaredHere(*declaration.m_prefix)) Bind(declaration);
     }
     m_pending.clear();
     std::u16string_view const prefix = Find(element.m_prefix, element.m_name.m_namespaceUri, false);
@@ -34,6 +43,13 @@ void PrefixFilter::EndElement() {
     while (!m_bindings.empty() && m_bindings.back().m_depth == m_depth) m_bindings.pop_back();
     --m_depth;
     m_receiver.EndElement();
+}
+
+/// Whether XML text can declare that; what is bound to the prefix xml need not be declared.
+bool PrefixFilter::IsDeclarable(Declaration const& declaration) const {
+    auto const [prefix, namespaceUri] = declaration;
+    bool const undeclaresPrefix = !prefix->empty() && namespaceUri->empty();
+    return !IsReserved(*prefix) && !undeclaresPrefix && namespaceUri != m_xmlNamespace;
 }
 
 /// Null if the prefix is not declared.
@@ -65,7 +81,7 @@ std::u16string_view PrefixFilter::Find(std::u16string_view prefix, wstring const
         std::erase_if(m_declarations,
                       [](Declaration const& declaration) { return declaration.m_prefix->empty(); });
     } else {
-        bool const isUseless = prefix.empty() && isAttribute;
+        bool const isUseless = IsReserved(prefix) || (prefix.empty() && isAttribute);
         for (std::size_t at = 1; (at == 1 && isUseless) || IsDeclaredHere(prefix); ++at) {
             made = u"ns" + FromUtf8(std::to_string(at));
             prefix = made;

@@ -42,6 +42,7 @@ private:
     BxXmlLib5::wstring const* NamespaceOf(std::u16string_view prefix) const;
     std::u16string_view Find(std::u16string_view prefix, BxXmlLib5::wstring const& namespaceUri,
                              bool isAttribute);
+    bool IsDeclarable(Declaration const& declaration) const;
     bool IsDeclaredHere(std::u16string_view prefix) const;
     void Bind(Declaration const& declaration);
 

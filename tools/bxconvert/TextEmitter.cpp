@@ -1,5 +1,8 @@
 #include "TextEmitter.h"
 
+#include <algorithm>
+
+#include "platform/StandardNamespaces.h"
 #include "platform/UnitScan.h"
 #include "platform/Utf.h"
 #include "platform/Utf16Octets.h"
@@ -13,6 +16,10 @@ namespace {
 
 [[noreturn]] void ThrowUnwritable() {
     throw UnwritableText("a name or a text has characters that XML text cannot have");
+}
+
+bool IsLineEnd(char octet) {
+    return octet == '\r' || octet == '\n';
 }
 
 }  // namespace
@@ -33,7 +40,7 @@ void TextEmitter::Begin(bool isFastInfoset) {
 }
 
 void TextEmitter::Finish() {
-    if (m_options.m_layout != Layout::kCompact) Append(m_lineEnd);
+    if (m_options.m_layout != Layout::kCompact && !IsLineEnd(m_lastOctet)) Append(m_lineEnd);
     if (m_options.m_encoding == enc_UTF8) return m_sink.Write(m_text.TakeUtf8().GetOctets());
     WriteAsUtf16();
 }
@@ -48,10 +55,12 @@ void TextEmitter::StartElement(DocumentElement const& element) {
     Append(u"<");
     Append(std::u16string_view(m_names).substr(m_open.back()));
     for (auto const& [prefix, ns] : m_declarations) {
+        TestName(prefix);
+        TestCharacters(ns);
+        if (ns == kXmlnsNamespace) ThrowUnwritable();
         Append(prefix.empty() ? u" xmlns" : u" xmlns:");
         Append(prefix);
         Append(u"=");
-        TestCharacters(ns);
         AppendValue(ns);
     }
     m_declarations.clear();
@@ -156,6 +165,28 @@ void TextEmitter::AddEntityReference(std::u16string_view name) {
     Append(u";");
 }
 
+/// All but the line ends stays. The white space ahead is that behind the declaration, which is written anew.
+void TextEmitter::AddOctets(std::span<unsigned char const> octets) {
+    FlushSlice();  // since all that is there is checked now
+    std::string_view text(reinterpret_cast<char const*>(octets.data()), octets.size());
+    if (m_lastOctet == '\0') text.remove_prefix(std::min(text.find_first_not_of(" \t\r\n"), text.size()));
+    while (!text.empty()) {
+        bool const isPairOfEnds = m_lastOctet == '\r' && text[0] == '\n';
+        std::size_t const end = isPairOfEnds ? 0 : FindLineEnd(text);
+        m_text.AppendOctets(text.substr(0, end));
+        m_lastOctet = end == text.size() ? text.back() : text[end];
+        if (end == text.size()) return;
+        if (!isPairOfEnds) Append(m_lineEnd);
+        text.remove_prefix(end + 1);
+    }
+}
+
+/// One that may not be as it is to be, or the end.
+std::size_t TextEmitter::FindLineEnd(std::string_view text) const {
+    if (m_options.m_eol == eol_LF) return std::min(text.find('\r'), text.size());
+    return static_cast<std::size_t>(std::find_if(text.begin(), text.end(), IsLineEnd) - text.begin());
+}
+
 void TextEmitter::StartOutside() {
     CloseTag();
     if (m_open.empty() && m_hasRoot) Append(m_lineEnd);
@@ -204,7 +235,6 @@ void TextEmitter::TestEachCharacterOfName(std::u16string_view name) const {
         char32_t const c = Utf::Next(name, at);
         if (c == u':' || !(isFirst ? IsNameStart(c) : IsNameCharacter(c))) ThrowUnwritable();
     }
-    if (name.empty()) ThrowUnwritable();
 }
 
 void TextEmitter::Flush() {

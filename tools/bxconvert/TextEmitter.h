@@ -28,11 +28,13 @@ public:
     void AddInstruction(std::u16string_view target, std::u16string_view content) override;
     void AddDocumentType(std::u16string_view text) override;
     void AddEntityReference(std::u16string_view name) override;
+    void AddOctets(std::span<unsigned char const> octets) override;
 
 private:
     void CloseTag();
     void Append(std::u16string_view text) { m_text.Append(text); }
     void AppendLines(std::u16string_view text);
+    std::size_t FindLineEnd(std::string_view text) const;
     void AppendName(std::u16string_view prefix, std::u16string_view localName);
     void AppendAttributes(BxXmlLib5::DocumentElement const& element);
     void AppendValue(std::u16string_view value);
@@ -65,6 +67,7 @@ private:
     bool m_isTagOpen = false;
     BxXmlLib5::wstring m_names;       // of the open elements, each behind the other
     std::vector<std::size_t> m_open;  // where each begins
+    char m_lastOctet = '\0';          // of those that are told; 0 as long as all are white space
 };
 
 }  // namespace BxConvert
