@@ -30,9 +30,7 @@ std::string Written(std::string const& script, Unprefixed unprefixed = Unprefixe
 }
 
 TEST(CWellFormedWriter, HandsOnWhatIsWellFormed) {
-    struct {
-        std::string m_script, m_text;
-    } const rows[] = {
+    std::pair<std::string, std::string> const rows[] = {
         {"?<?t?> !c <|a >", "<?t?><!--c--><a/>"},
         {"?<?xml-stylesheet?> !<&> <|a 'x&y >", "<?xml-stylesheet?><!--<&>--><a>x&amp;y</a>"},
         {"+p=N *M <M|a @N|k=v @|k=v #p:l='&lt;' <N|b > > .",
@@ -57,9 +55,7 @@ TEST(CWellFormedWriter, RefusesWhatIsNot) {
     };
     std::string const schema =
         state + "The in-line schema, which stands in the root's start tag, would not leave it well-formed";
-    struct {
-        std::string m_script, m_thrown;
-    } const rows[] = {
+    std::pair<std::string, std::string> const rows[] = {
         {"<|a '\x01", value("text of the element [a]", "U+0001")},
         {"<|a <|b > '\uFFFE", value("text of the element [a]", "U+FFFE")},
         {"<|a @|k=\x1B", value("attribute [k] of the element [a]", "U+001B")},
@@ -73,6 +69,7 @@ TEST(CWellFormedWriter, RefusesWhatIsNot) {
         {"<|a ^|b:c", value("type [b:c]", "U+003A")},
         {"<|a @|xmlns=v", "CBxInvalidValueException: The attribute [xmlns] would come back as a declaration"},
         {"<M&N|a", value("namespace [M&N]", "U+0026")},
+        {"<|a ^M&N|T >", value("namespace [M&N]", "U+0026")},
         {"*a\"b", value("namespace [a\"b]", "U+0022")},
         {"+p=a<b", value("namespace [a<b]", "U+003C")},
         {"+p\x7F=N", value("prefix [p\x7F]", "U+007F")},
@@ -86,14 +83,15 @@ TEST(CWellFormedWriter, RefusesWhatIsNot) {
         {"+p=N +p=M <|a", ns + "The prefix [p] stands for more than one namespace"},
         {"*N <|a", ns + "The element [a] is in no namespace, but would come back in the default one"},
         {"*N <N|a ^|T", ns + "The type [T] is in no namespace, but would come back in the default one"},
-        {"<|a *N", state + "The element [a] is still open"},
-        {"<|a <|b +p=N", state + "The element [b] is still open"},
+        {"<|a *N >", state + "The element [a] is still open"},
+        {"<|a <|b +p=N > >", state + "The element [b] is still open"},
         {"<|a @|k=1 @N|k=1 @|l=1 @|k=2 >", state + "The element [a] has more than one attribute [k]"},
         {"<|a @|k=1 @|k=2 <|b", state + "The element [a] has more than one attribute [k]"},
         {"<|a ^|T @XSI|type=x 'x >", state + "The element [a] has more than one attribute [type]"},
         {"<|a > <|b", state + "The element [b] is a second root"},
         {"!c", state + "The document has no root"},
         {"<|a", state + "The element [a] is still open"},
+        {"<|a .", "CBxException: An Element has not been closed."},
         {"!a--b", markup("comment [a--b]")},
         {"!a-", markup("comment [a-]")},
         {"!\x01", value("comment", "U+0001")},
@@ -102,6 +100,7 @@ TEST(CWellFormedWriter, RefusesWhatIsNot) {
         {"?a?>", markup("processing instruction [a?>]")},
         {"?<?a?>?>", markup("processing instruction [<?a?>?>]")},
         {"?<?xMl?>", markup("processing instruction [<?xMl?>]")},
+        {"?<?a\x01?>", value("processing instruction", "U+0001")},
         {"?<?a:b?>", value("target of a processing instruction [a:b]", "U+003A")},
         {"<|a #<b/>", schema},
         {"<|a #p:k=''", schema},
