@@ -149,6 +149,8 @@ TEST(Errors, SimpleTypesAndValues) {
 }
 
 TEST(Errors, ComplexTypes) {
+    std::string const plain = "<xs:complexType name='B'><xs:sequence><xs:element name='a'/></xs:sequence></xs:complexType>";
+    std::string const simple = "<xs:complexType name='B'><xs:simpleContent><xs:extension base='xs:int'/></xs:simpleContent></xs:complexType>";
     auto const derive = [](std::string const& base, std::string const& step, std::string const& own) {
         return "<xs:complexType name='B' " + base + "</xs:complexType>" + Complex("<xs:complexContent><xs:" + step + " base='t:B'>" + own + "</xs:" + step + "></xs:complexContent>");
     };
@@ -161,6 +163,12 @@ TEST(Errors, ComplexTypes) {
         {Complex("<xs:simpleContent><xs:restriction base='xs:int'/></xs:simpleContent>"), "simple content is restricted from a complex type", "derivation"},
         {derive("final='extension'>", "extension", ""), "'B' of 'u' is final and must not be extended", "final"},
         {derive(a, "extension", "<xs:all><xs:element name='b'/></xs:all>"), "content of 'all' must not be extended", "all"},
+        {Complex("<xs:simpleContent><xs:extension base='t:B'/></xs:simpleContent>") + plain, "the base 'B' of 'u' has no simple content", "derivation"},
+        {Complex("<xs:simpleContent><xs:restriction base='t:B'/></xs:simpleContent>") + plain, "the base 'B' of 'u' has no simple content", "derivation"},
+        {Complex("<xs:complexContent><xs:extension base='t:B'><xs:sequence><xs:element name='b'/></xs:sequence></xs:extension></xs:complexContent>") + simple, "the base 'B' of 'u' has simple content", "derivation"},
+        {Complex("<xs:simpleContent><xs:restriction base='t:B'><xs:simpleType><xs:restriction base='xs:string'/></xs:simpleType></xs:restriction></xs:simpleContent>") + simple, "the type of the content does not derive from that of the base", "derivation"},
+        {"<xs:complexType name='T' mixed='true'><xs:complexContent><xs:restriction base='t:B'><xs:sequence><xs:element name='a'/></xs:sequence></xs:restriction></xs:complexContent></xs:complexType>" + plain, "the base 'B' of 'u' is not mixed, so a restriction of it must not be", "derivation"},
+        {derive("><xs:attribute name='x' fixed='1'/>", "restriction", "<xs:attribute name='x' fixed='2'/>"), "the attribute 'x' is fixed to '1' in the base", "derivation"},
         {derive("mixed='true'" + a, "extension", "<xs:sequence><xs:element name='b'/></xs:sequence>"), "an extension must be mixed if and only if its base is", "derivation"},
         {derive(a, "restriction", ""), "must not be empty, so a restriction of it must not be", "derivation"},
         {derive(">", "restriction", "<xs:sequence><xs:element name='b'/></xs:sequence>"), "has no elements that could be restricted", "derivation"},

@@ -269,6 +269,13 @@ TEST(Parcels, AreReadWithTheTolerancesOfTheContext) {
         Parcel("", kTo, ""));
 }
 
+template <class T>
+std::string Complaints(T const& object) {
+    std::string complaints;
+    for (wstring const& one : object.Validate()) complaints += ToUtf8(one) + "\n";
+    return complaints;
+}
+
 TEST(Parcels, AreBuiltAndChecked) {
     CParcel parcel;
     parcel.Code = "AB1";
@@ -287,7 +294,7 @@ TEST(Parcels, AreBuiltAndChecked) {
     EXPECT_BX_THROW(parcel.Due = CDateTime(u"2026-05-01T00:00:00"), CBxInvalidValueException,
                     "The value [2026-05-01T00:00:00] has not the form of its type");
     parcel.Any.Add(u"a", u"urn:extra").SetText(u"b");
-    parcel.AnyAttributes.Set(u"c", u"d", u"urn:extra");
+    for (auto const* value : {u"x", u"d"}) parcel.AnyAttributes.Set(u"c", value, u"urn:extra");
     EXPECT_EQ(parcel.ToText(Bx::Layout::Compact).substr(kHead.size()),
               "<p:parcel xmlns:xsi=\"http://www.w3.org/2001/XMLSchema-instance\" xmlns:ns1=\"urn:extra\""
               " xmlns:p=\"urn:parcel\" xmlns:t=\"urn:toys\" code=\"AB1\" version=\"1.0\" ns1:c=\"d\">"
@@ -299,14 +306,50 @@ TEST(Parcels, AreBuiltAndChecked) {
     parcel.AnyAttributes.Set(u"e", u"f");
     parcel.Due->Nil = true;
     parcel.To.Make<CPlainAddress>().Kind = "k";
-    std::string complaints;
-    for (wstring const& one : parcel.Validate()) complaints += ToUtf8(one) + "\n";
-    EXPECT_EQ(complaints,
+    EXPECT_EQ(Complaints(parcel),
               "/parcel/@e: The namespace [] of the attribute [e] is not admitted\n"
               "/parcel/to: The element [city] is not set\n"
               "/parcel/to: [kind] must not be set\n"
               "/parcel/due: The element is nil and has content\n"
               "/parcel/a[2]: The element [a] in the namespace [urn:parcel] does not fit [AnyElement]\n");
+}
+
+TEST(Parcels, TellWhatMustNotStandWhereItIs) {
+    CParcel parcel = Read<CParcel>(Parcel("", kTo, ""));
+    parcel.From.Hold(new CBook);
+    parcel.To.Make<CPlainAddress>().City = "x";
+    parcel.Thing.Append(new CAddress);
+    EXPECT_EQ(
+        Complaints(parcel),
+        "/parcel/from: An object of the type [book] may not stand there\n"
+        "/parcel/to/city: Invalid Value for city [x]: The length of the value is 1, it must be at least 2\n"
+        "/parcel: An object of the type [address] fits no member of [thing]\n");
+    EXPECT_BX_THROW(parcel.Speed = static_cast<Speed>(3), CBxInvalidValueException,
+                    "The enumerator 3 is none of the enumeration");
+    CAnyThing root;
+    root.XsiTyped.Hold(new CSeal);
+    EXPECT_EQ(Complaints(root),
+              "/any-thing: The object of a derived type is of a type that is none\n"
+              "/any-thing: The text of the element is not set\n");
+}
+
+TEST(Parcels, HaveOneElementThatTheSchemaLeavesOpen) {
+    CCrate crate;
+    EXPECT_BX_THROW(crate.Any->GetText(), CBxInvalidStateException, "The property is not set");
+    crate.Any.Make(u"a", u"urn:a");
+    crate.Any.Make(u"b").SetText(u"c");
+    EXPECT_EQ(Written(crate), "<crate xmlns=\"urn:parcel\"><AA:a xmlns:AA=\"urn:a\">c</AA:a></crate>");
+    crate.Any = CSmartPtr<CElement>(new CElement(u"d", kNamespace, u"##any", u""));
+    crate.Seal.Make().Value = u"no";
+    EXPECT_EQ(Complaints(crate),
+              "/crate/seal: The element has not the fixed value [yes]\n"
+              "/crate/d: The element [d] in the namespace [urn:parcel] does not fit [AnyElement]\n");
+    crate.Seal->Value = u"yes";
+    crate.Any = nullptr;
+    EXPECT_EQ(Written(crate), "<crate xmlns=\"urn:parcel\"><seal>yes</seal></crate>");
+    EXPECT_EQ(Complaints(Read<CCrate>(Written(crate))), "");
+    EXPECT_BX_THROW(Read<CCrate>("<crate xmlns='urn:parcel'><seal>no</seal></crate>"),
+                    CBxInvalidValueException, "The element has not the fixed value [yes]");
 }
 
 TEST(Parcels, TakeSubstitutesUnderTheirNames) {

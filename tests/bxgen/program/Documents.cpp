@@ -177,8 +177,11 @@ TEST(Program, ClassesTellAllThatWritingWouldRefuse) {
     score.Parse(Note("<s:rest/>" + kDuration));
     CNote& note = *score.Items[0].Note;
     note.Rest.Clear();
-    note.Tie.Add();
     note.Tie.Add().Type = StartStop::Stop;
+    for (int const index : {0, 2}) note.Tie.Insert(index);
+    note.Tie.Remove(2);
+    EXPECT_THROW(note.Tie.Insert(3), CBxInvalidParamException);
+    EXPECT_THROW(note.Tie.Remove(2), CBxInvalidParamException);
     note.Verse.Add();
     note.Verse.Add().Items.Add().Elision = {u"a", u"b", u"c"};
     note.Verse[1].EndParagraph.Make();
@@ -197,11 +200,13 @@ TEST(Program, ReadsAndWritesFiles) {
     BxTest::TemporaryFolder const folder;
     folder.Write("in.xml", Note("<s:cue/>" + kPitch + kDuration));
     folder.Write("bad.xml", Note("<s:cue/>"));
+    folder.Write("other.xml", "<other/>");
     std::pair<std::string, int> const rows[] = {
         {"P --check in.xml && P --compact in.xml -o out.xml && cmp in.xml out.xml", 0},
         {"P --to finf in.xml -o out.finf && P --compact - <out.finf | cmp - in.xml", 0},
         {"P bad.xml -o out.xml", 2},
         {"P bad.xml 2>&1 | grep -q '^bad.xml:2: /score/note: Failed' && cmp in.xml out.xml", 0},
+        {"P other.xml 2>&1 | grep -q \"The root .* is 'other' .* that this program knows\"", 0},
         {"P none.xml", 3},
         {"P none.xml 2>&1 | grep -q '^none.xml: No such file'", 0},
         {"P .", 3},
@@ -210,6 +215,7 @@ TEST(Program, ReadsAndWritesFiles) {
         {"P --compact in.xml -o - | cmp - in.xml", 0},
         {"P", 1},
         {"P --to text in.xml", 1},
+        {"P --no in.xml", 1},
     };
     for (auto const& [lines, status] : rows) {
         EXPECT_EQ(folder.Run(BX_PROGRAM, "P() { score_program \"$@\"; }\n" + lines).m_status, status)
