@@ -152,10 +152,10 @@ private:
             m_isFailureTold = true;
             std::rethrow_exception(m_failure);
         }
-        m_cutter.DropItems();
         try {
             CBusy const busy(m_doing, Doing::Reading);
-            ReadOn();
+            m_cutter.DropItems();
+            if (!m_cutter.HasItems()) ReadOn();
         } catch (CEndsInElement const& failure) {
             CBxLocation const open = m_cutter.OpenElement();
             m_failure =

@@ -2,11 +2,14 @@
 
 #include <algorithm>
 
-#include "BxXmlLib5/core/CBxException.h"
 #include "core/NestingDepth.h"
 #include "platform/UnitScan.h"
 
 namespace BxXmlLib5 {
+
+void SetPlace(CBxException& failure, DocumentPlace const& place) {
+    if (!failure.GetLocation().IsKnown()) failure.SetLocation(CBxLocation({}, place.m_line, place.m_column));
+}
 
 void CDocumentReader::SetLimits(CDocumentLimits const& limits) {
     m_limits = limits;

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 
+#include "BxXmlLib5/core/CBxException.h"
 #include "BxXmlLib5/document/CDocumentLimits.h"
 #include "BxXmlLib5/platform/Text.h"
 #include "document/CDocumentReceiver.h"
@@ -36,6 +37,9 @@ struct DocumentPlace {
     std::uint64_t m_octet = 0;  // from 0, after decompression; of the UTF-8 form if the input is UTF-16
 };
 
+/// Unless the failure has a place.
+void SetPlace(CBxException& failure, DocumentPlace const& place);
+
 /// References to entities of which the parser does not know what they stand for, so that they stand for nothing.
 struct SkippedEntities {
     std::size_t m_count = 0;
@@ -61,11 +65,10 @@ public:
     /// of the input may still come first: the rest of a text, the end of an empty element, all that an entity stands
     /// for.
     virtual void Pause() = 0;
-    /// The same where an element ends, unless the next thing, but for white space, is the tag of another element that
-    /// is like it: in the same parent, of the same name as the document has it, without declarations of namespaces. Then
-    /// Read() returns at the end of the present slice of the input, or when it is asked to pause again.
-    /// @return whether it is
-    virtual bool PauseUnlessRepeated() {
+    /// The same, but Read() returns only at the end of what there is of the input, if the parser can tell that. Then
+    /// Pause() can still be called, and comes into force at the end of the tag or text that the receiver is told.
+    /// @return whether it can; if not, this was Pause()
+    virtual bool PauseBehindSlice() {
         Pause();
         return false;
     }

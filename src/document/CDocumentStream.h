@@ -71,7 +71,7 @@ public:
     /// for.
     void Pause() { m_reader->Pause(); }
     /// As CDocumentReader has it.
-    bool PauseUnlessRepeated() { return m_reader->PauseUnlessRepeated(); }
+    bool PauseBehindSlice() { return m_reader->PauseBehindSlice(); }
 
     /// Of what the receiver is told, or was told last.
     DocumentPlace Place() const { return m_reader->Place(); }

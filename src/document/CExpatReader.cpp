@@ -20,6 +20,7 @@ extern "C" XML_Bool XMLCALL XML_SetReparseDeferralEnabled(XML_Parser parser, XML
 #include "document/COctetSource.h"
 #include "document/CUtf16Source.h"
 #include "document/InputLimits.h"
+#include "platform/KeyedHash.h"
 #include "platform/Stack.h"
 #include "platform/TextView.h"
 
@@ -63,6 +64,8 @@ void ForEachEntity(std::u16string_view text, Take take) {
 
 constexpr std::size_t kSlice = 64 * 1024;
 constexpr std::size_t kRoomToConvert = 64;  // that sources of other encodings ask for
+
+constexpr std::string_view kSaltOfParsers = "parsers";
 
 constexpr int kFinal = 1;
 constexpr int kNotFinal = 0;  // so that an input that ends inside an element is no error
@@ -115,31 +118,6 @@ void NormalizeLineEnds(wstring& text) {
         if (!isInPair) *to++ = *from == u'\r' ? u'\n' : *from;
     }
     text.erase(to, text.end());
-}
-
-/// Whether an end tag has, behind white space at most, a start tag of its name that declares no namespace.
-bool RepeatsTag(std::string_view input) {
-    constexpr std::string_view kSpace = " \t\r\n", kBehindName = " \t\r\n/>";
-    std::size_t const end = input.find('>');
-    if (!input.starts_with("</") || end == input.npos) return false;
-    std::string_view const name = input.substr(2, input.find_last_not_of(kSpace, end - 1) - 1);
-    std::size_t const start = input.find_first_not_of(kSpace, end + 1);
-    if (start == input.npos || input[start] != '<' || !input.substr(start + 1).starts_with(name))
-        return false;
-    input.remove_prefix(start + 1 + name.size());
-    if (input.empty() || kBehindName.find(input[0]) == kBehindName.npos) return false;
-    char quote = '\0';
-    for (std::size_t i = 0; i < input.size(); ++i) {
-        char const c = input[i];
-        if (quote != '\0') {
-            if (c == quote) quote = '\0';
-        } else if (c == '"' || c == '\'') {
-            quote = c;
-        } else if (c == '>') {
-            return input.substr(0, i).find("xmlns") == input.npos;
-        }
-    }
-    return false;
 }
 
 /// The octets of an XML declaration, if there is one, and at most as many as a reader looks ahead.
@@ -321,6 +299,10 @@ CExpatReader::Parser CExpatReader::NewParser(char16_t const* encoding, SchemaTyp
     Parser parser(schemaType == st_NoNamespaces ? XML_ParserCreate(name)
                                                 : XML_ParserCreateNS(name, kSeparator));
     if (!parser) throw std::bad_alloc();
+    // Without one, Expat asks the kernel for a number for each parser. That of the process is as unknown to
+    // others.
+    XML_SetHashSalt(parser.get(),
+                    static_cast<unsigned long>(KeyedHash(kSaltOfParsers.data(), kSaltOfParsers.size())));
     return parser;
 }
 
@@ -455,11 +437,10 @@ bool CExpatReader::Read() {
     return m_isPaused || m_isPausedBehindSlice;
 }
 
-/// A document type may have entities, of which there is no telling what they bring.
-bool CExpatReader::PauseUnlessRepeated() {
-    bool const isRepeated = !m_hasDocumentType && RepeatsTag(InputFromHere());
-    (isRepeated ? m_isPausedBehindSlice : m_isPauseAsked) = true;
-    return isRepeated;
+/// Inside of an entity, which only a document type has, there is no pausing.
+bool CExpatReader::PauseBehindSlice() {
+    (m_hasDocumentType ? m_isPauseAsked : m_isPausedBehindSlice) = true;
+    return !m_hasDocumentType;
 }
 
 /// By the final call, whose failure can only mean that the input breaks off.
@@ -570,8 +551,7 @@ void CExpatReader::CheckParsed(bool parsed) {
     try {
         std::rethrow_exception(m_failure);
     } catch (CBxException& failure) {
-        if (!failure.GetLocation().IsKnown())
-            failure.SetLocation(CBxLocation({}, m_failurePlace.m_line, m_failurePlace.m_column));
+        SetPlace(failure, m_failurePlace);
         throw;
     }
 }

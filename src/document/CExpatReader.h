@@ -44,7 +44,7 @@ public:
     void Start(CPeekedSource& source);
     bool Read() override;
     void Pause() override { m_isPauseAsked = true; }
-    bool PauseUnlessRepeated() override;
+    bool PauseBehindSlice() override;
     DocumentPlace Place() const override;
 
 private:

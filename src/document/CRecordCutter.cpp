@@ -10,9 +10,9 @@ namespace BxXmlLib5 {
 
 namespace {
 
-/// Of records that are read ahead: more of them gain little.
-constexpr std::size_t kMostItems = 16;
-constexpr std::size_t kMostStoredOctets = 64 * 1024;
+/// Of records that are read ahead, so that they stay in the caches. More gains nothing.
+constexpr std::size_t kMostStoredOctets = 256 * 1024;
+constexpr std::size_t kAliasOctets = 64;
 
 }  // namespace
 
@@ -37,8 +37,9 @@ CRecordCutter::CRecordCutter(CNameTable& names, std::vector<RecordStep> const& p
 
 CRecordCutter::Item const* CRecordCutter::Next() {
     if (m_taken == m_count) return nullptr;
-    if (m_laterAliases && m_taken == m_firstOfLater) TakeLaterAliases();
-    return &m_items[m_taken++];
+    Item& item = m_items[m_taken++];
+    if (item.m_aliases) m_document.Nodes().m_namespaceAliases = std::move(*item.m_aliases);
+    return &item;
 }
 
 void CRecordCutter::DropItems() {
@@ -47,12 +48,50 @@ void CRecordCutter::DropItems() {
     bool const isOpen = m_recordDepth > 0 && !m_isPassedOver;
     if (isOpen && m_count > 0) std::swap(m_items[0], m_items[m_count]);
     m_count = m_taken = 0;
-    m_isQueued = false;
-    if (m_laterAliases) TakeLaterAliases();
+    m_isAhead = false;
     if (isOpen) return;
     m_builder.Forget();
     m_document.Nodes().Empty();
     m_octets = m_storedOctets = 0;
+    TellHeld();
+}
+
+void CRecordCutter::Hold(std::function<void()> event) {
+    if (m_held.empty()) {
+        m_heldPlace = m_stream->Place();
+        m_stream->Pause();
+    }
+    m_held.push_back(std::move(event));
+}
+
+/// Its name stays, its values do not.
+void CRecordCutter::HoldElement(DocumentElement const& element) {
+    std::vector<DocumentAttribute> attributes(element.m_attributes.begin(), element.m_attributes.end());
+    std::vector<wstring> values;
+    for (DocumentAttribute const& attribute : attributes) values.emplace_back(attribute.m_value);
+    Hold([this, &name = element.m_name, attributes = std::move(attributes), values = std::move(values),
+          line = element.m_line]() mutable {
+        for (std::size_t i = 0; i < values.size(); ++i) attributes[i].m_value = values[i];
+        StartElement({name, {}, attributes, line});
+    });
+}
+
+void CRecordCutter::HoldText(std::u16string_view text) {
+    Hold([this, held = wstring(text)] { AddText(held); });
+}
+
+void CRecordCutter::HoldEnd() {
+    Hold([this] { EndElement(); });
+}
+
+void CRecordCutter::TellHeld() {
+    if (m_held.empty()) return;
+    try {
+        for (auto const& event : std::exchange(m_held, {})) event();
+    } catch (CBxException& failure) {
+        SetPlace(failure, m_heldPlace);
+        throw;
+    }
 }
 
 void CRecordCutter::DeclareNamespace(wstring const& prefix, wstring const& namespaceUri) {
@@ -60,7 +99,9 @@ void CRecordCutter::DeclareNamespace(wstring const& prefix, wstring const& names
 }
 
 void CRecordCutter::StartElement(DocumentElement const& element) {
-    if (m_recordDepth == 0) return StartChild(element);
+    if (m_recordDepth == 0) {
+        return m_isAhead && !IsNextRecord(element.m_name) ? HoldElement(element) : StartChild(element);
+    }
     ++m_recordDepth;
     if (m_isPassedOver) return m_newDeclarations.clear();
     if (!m_newDeclarations.empty()) SetAliases();
@@ -73,10 +114,9 @@ void CRecordCutter::StartChild(DocumentElement const& element) {
     if (m_otherDepth == 0) {
         CXmlName const& name = element.m_name;
         Step const& step = m_path[m_openLevels];
-        bool const hasName = step.m_name == nullptr || step.m_name == &name.m_localName;
         std::size_t const position =
-            hasName && m_openLevels > 0 ? m_levels[m_openLevels - 1].Count(name.m_localName) : 0;
-        if (hasName && (step.m_namespaceUri == nullptr || step.m_namespaceUri == &name.m_namespaceUri)) {
+            step.HasName(name) && m_openLevels > 0 ? m_levels[m_openLevels - 1].Count(name.m_localName) : 0;
+        if (step.HasName(name) && step.HasNamespace(name)) {
             return m_openLevels < m_levels.size() ? StartLevel(element, position)
                                                   : StartRecord(element, position);
         }
@@ -113,8 +153,7 @@ void CRecordCutter::StartRecord(DocumentElement const& element, std::size_t posi
     m_hasBegun = true;
     m_recordDepth = 1;
     m_surroundings.PassRecord();
-    if (m_isQueued) m_octets = 0;
-    m_hasOwnScope = !m_newDeclarations.empty();
+    if (m_isAhead) m_octets = 0;
     m_isPassedOver = m_octets > m_settings.m_maxRecord;  // with one that was ahead of it in an entity
     if (m_isPassedOver) return m_newDeclarations.clear();
     Item& item = NewItem(element.m_line);
@@ -126,30 +165,22 @@ void CRecordCutter::StartRecord(DocumentElement const& element, std::size_t posi
 
 /// What is declared in a record counts for all of it, as it does in the document as a whole.
 void CRecordCutter::SetAliases() {
-    if (m_isQueued && !m_laterAliases) {
-        m_laterAliases = m_document.Nodes().m_namespaceAliases;
-        m_firstOfLater = m_count;
+    std::optional<Aliases>& aliases = m_items[m_count].m_aliases;
+    if (!aliases) {
+        aliases.emplace();
+        for (auto const& [prefix, uri] : m_declarations) aliases->insert_or_assign(prefix, uri);
     }
-    Aliases& aliases = m_laterAliases ? *m_laterAliases : m_document.Nodes().m_namespaceAliases;
-    if (!m_areAliasesSet && m_recordDepth == 1) {
-        if (m_count == 0) aliases.clear();
-        for (auto const& [prefix, uri] : m_declarations) aliases.insert_or_assign(prefix, uri);
-        m_areAliasesSet = true;
-    }
-    for (auto const& [prefix, uri] : m_newDeclarations) {
-        aliases.insert_or_assign(prefix, uri);
-        m_areAliasesSet = false;
-    }
+    for (auto const& [prefix, uri] : m_newDeclarations) aliases->insert_or_assign(prefix, uri);
+    m_areAliasesSet = m_newDeclarations.empty();
     m_newDeclarations.clear();
 }
 
-void CRecordCutter::TakeLaterAliases() {
-    m_document.Nodes().m_namespaceAliases = std::move(*m_laterAliases);
-    m_laterAliases.reset();
-}
-
 void CRecordCutter::AddText(std::u16string_view text) {
-    if (m_recordDepth == 0) return m_surroundings.AddText(text);
+    if (m_recordDepth == 0) {
+        if (!m_isAhead) return m_surroundings.AddText(text);
+        if (m_held.empty() && m_surroundings.LeavesOut(text)) return;
+        return HoldText(text);
+    }
     if (m_isPassedOver) return;
     m_builder.AddText(text);
     CountInRecord(text.size() * sizeof(char16_t));
@@ -159,6 +190,8 @@ void CRecordCutter::EndElement() {
     if (m_recordDepth > 0) {
         if (!m_isPassedOver) m_builder.EndElement();
         if (--m_recordDepth == 0 && !m_isPassedOver) EndRecord();
+    } else if (m_isAhead) {
+        HoldEnd();
     } else if (m_otherDepth > 0) {
         --m_otherDepth;
         m_surroundings.EndElement();
@@ -174,6 +207,7 @@ CRecordCutter::Item& CRecordCutter::NewItem(std::size_t line) {
     item.m_kind = Kind::Record;
     item.m_element = nullptr;
     item.m_line = line;
+    item.m_aliases.reset();
     item.m_steps.clear();
     for (std::size_t i = 0; i < m_openLevels; ++i)
         item.m_steps.emplace_back(m_levels[i].m_name, m_levels[i].m_position);
@@ -181,11 +215,11 @@ CRecordCutter::Item& CRecordCutter::NewItem(std::size_t line) {
 }
 
 void CRecordCutter::EndRecord() {
-    m_items[m_count++].m_element = m_builder.Root();
-    m_storedOctets += m_octets;
-    bool const mayGoOn = m_count < kMostItems && m_storedOctets < kMostStoredOctets;
-    m_isQueued = mayGoOn && m_areAliasesSet && !m_hasOwnScope && m_stream->PauseUnlessRepeated();
-    if (!m_isQueued) m_stream->Pause();
+    Item& item = m_items[m_count++];
+    item.m_element = m_builder.Root();
+    m_storedOctets += m_octets + sizeof(Item) + (item.m_aliases ? item.m_aliases->size() * kAliasOctets : 0);
+    m_isAhead = m_stream->PauseBehindSlice();
+    if (m_storedOctets >= kMostStoredOctets) m_stream->Pause();
 }
 
 /// Of a record that is too large no more is kept than is there.

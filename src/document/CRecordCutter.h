@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <deque>
+#include <functional>
 #include <map>
 #include <optional>
 #include <unordered_map>
@@ -10,7 +11,7 @@
 #include <vector>
 
 #include "BxXmlLib5/core/CBxLocation.h"
-#include "document/CDocumentReceiver.h"
+#include "document/CDocumentReader.h"
 #include "document/CSurroundings.h"
 #include "document/RecordPath.h"
 
@@ -24,13 +25,15 @@ struct RecordCutterSettings {
     bool m_tellsEnds = false;     ///< whether the ends of elements that lead to records are items
 };
 
-/// Makes a tree of each record, in memory that serves one after another, and a tree of what stands around them. It
-/// pauses the stream behind each record; where the stream goes on for a while, there are more items than one. So there
-/// are of small records that follow each other with nothing between that matters: in turns with the parser, each of the
-/// two would be slower.
+/// Makes a tree of each record, in memory that serves one after another, and a tree of what stands around them. If the
+/// stream can, it goes on behind a record up to the end of a slice, or until enough is in memory: in turns with the
+/// parser for each record, parser and reader of objects would both be slower. What comes between records then, and is
+/// to be seen behind the one ahead of it only, pauses the stream, and is held until the items are dropped.
 class CRecordCutter final : public CDocumentReceiver {
 public:
     enum class Kind { Record, LargeRecord, End };
+
+    using Aliases = std::map<wstring const*, wstring const*>;
 
     /// What was cut out. It lives until DropItems().
     struct Item {
@@ -38,6 +41,7 @@ public:
         CXmlElement* m_element = nullptr;  // null if the record is too large
         std::size_t m_line = 0;
         std::vector<std::pair<wstring const*, std::size_t>> m_steps;  // names and positions
+        std::optional<Aliases> m_aliases;  // if they are not those of the one ahead
 
         wstring Path() const;
         CBxLocation Location() const { return CBxLocation(Path(), m_line); }
@@ -56,7 +60,8 @@ public:
     /// The next item, null if there is none.
     Item const* Next();
     bool HasItems() const { return m_taken < m_count; }
-    /// Before the stream goes on.
+    /// Before the stream goes on. There may be one more then, and the stream waits.
+    /// @throws CBxException what the stream would throw
     void DropItems();
 
     /// The root with all that stands around the records; null if there is none. It lives until DropItems().
@@ -73,12 +78,16 @@ public:
 
 private:
     using Declaration = std::pair<wstring const*, wstring const*>;
-    using Aliases = std::map<wstring const*, wstring const*>;
 
     /// A step, by texts of the name table; null for any.
     struct Step {
         wstring const* m_name;
         wstring const* m_namespaceUri;
+
+        bool HasName(CXmlName const& name) const { return m_name == nullptr || m_name == &name.m_localName; }
+        bool HasNamespace(CXmlName const& name) const {
+            return m_namespaceUri == nullptr || m_namespaceUri == &name.m_namespaceUri;
+        }
     };
 
     /// An element that leads to records and has not ended.
@@ -94,6 +103,16 @@ private:
         std::size_t Count(wstring const& name);
     };
 
+    /// Of an element behind a record.
+    bool IsNextRecord(CXmlName const& name) const {
+        return m_held.empty() && m_path.back().HasName(name) && m_path.back().HasNamespace(name);
+    }
+    void Hold(std::function<void()> event);
+    // Cold, since what they are called by is called for all that comes.
+    [[gnu::cold]] void HoldElement(DocumentElement const& element);
+    [[gnu::cold]] void HoldText(std::u16string_view text);
+    [[gnu::cold]] void HoldEnd();
+    void TellHeld();
     void StartChild(DocumentElement const& element);
     void StartLevel(DocumentElement const& element, std::size_t position);
     void StartRecord(DocumentElement const& element, std::size_t position);
@@ -102,7 +121,6 @@ private:
     void CountInRecord(std::size_t octets);
     Item& NewItem(std::size_t line);
     void SetAliases();
-    void TakeLaterAliases();
     [[noreturn]] void ThrowWrongRoot(DocumentElement const& root) const;
 
     CDocumentStream* m_stream = nullptr;
@@ -119,13 +137,12 @@ private:
     bool m_isPassedOver = false;                 // the record that is open
     std::size_t m_octets = 0;                    // of the record, or those that count as one
     std::size_t m_storedOctets = 0;              // of all that are in memory
-    bool m_isQueued = false;                     // the record that is open, behind those that are items
-    bool m_hasOwnScope = false;                  // the same: its tag declares namespaces
+    bool m_isAhead = false;                      // of the items, which were not dropped
+    std::vector<std::function<void()>> m_held;   // until they are
+    DocumentPlace m_heldPlace;                   // of the first of those
     std::vector<Declaration> m_declarations;     // in scope where a record may begin
     std::vector<Declaration> m_newDeclarations;  // of the element that comes next
     bool m_areAliasesSet = false;
-    std::optional<Aliases> m_laterAliases;  // from an item on
-    std::size_t m_firstOfLater = 0;
     std::deque<Item> m_items;  // the memory of which is used again
     std::size_t m_count = 0;
     std::size_t m_taken = 0;

@@ -13,6 +13,12 @@ namespace {
 
 constexpr std::size_t kLevelOctets = 3 * 1024;  // with its first nodes, which matters where there are many
 
+/// Without white space at the beginning.
+std::u16string_view Trimmed(std::u16string_view text) {
+    auto const first = std::ranges::find_if_not(text, CWhitespaceUtils::IsWhiteSpace);
+    return text.substr(static_cast<std::size_t>(first - text.begin()));
+}
+
 }  // namespace
 
 CSurroundings::CSurroundings(CNameTable& names, SurroundingsSettings const& settings)
@@ -75,14 +81,14 @@ void CSurroundings::StartElement(DocumentElement const& element) {
     Count(CDocumentBuilder::OctetsOf(element));
 }
 
+bool CSurroundings::LeavesOut(std::u16string_view text) const {
+    return !m_settings.m_keepsContent || (LeavesOutSpace() && Trimmed(text).empty());
+}
+
 void CSurroundings::AddText(std::u16string_view text) {
-    if (!m_settings.m_keepsContent) return;
-    if (m_depth == 0 && m_isBehindTag) {
-        auto const first = std::ranges::find_if_not(text, CWhitespaceUtils::IsWhiteSpace);
-        text.remove_prefix(static_cast<std::size_t>(first - text.begin()));
-        if (text.empty()) return;
-        m_isBehindTag = false;
-    }
+    if (LeavesOut(text)) return;
+    if (LeavesOutSpace()) text = Trimmed(text);
+    m_isBehindTag = false;
     Open().m_builder.AddText(text);
     Count(text.size() * sizeof(char16_t));
 }

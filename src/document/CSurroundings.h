@@ -38,6 +38,8 @@ public:
     // left out: there is some beside each record.
     void StartElement(DocumentElement const& element);
     void AddText(std::u16string_view text);
+    /// Whether that leaves all of the text out.
+    bool LeavesOut(std::u16string_view text) const;
     void EndElement();
     void PassRecord() { m_isBehindTag = true; }
 
@@ -63,6 +65,7 @@ private:
         std::size_t m_octets = 0;
     };
 
+    bool LeavesOutSpace() const { return m_depth == 0 && m_isBehindTag; }
     void DropEnded(bool keeps);
     void ShowTexts(bool isShown);
     void Count(std::size_t octets);

@@ -67,9 +67,11 @@ struct RecordReaderSettings {
 /// way to the record, as in `/gpx/trk[1]/trkseg[2]/trkpt[17]/ele`.
 ///
 /// What an entity stands for comes at once: its records count as one for the limit, and those behind it are passed over
-/// with the one that reaches it; the surroundings are those at its end. A reader belongs to one thread at a time, and one that was moved from
-/// refuses all. What it calls, which is m_onEnd, the source, and the object that reads a record, must not make it read on:
-/// that throws CBxInvalidStateException.
+/// with the one that reaches it; the surroundings are those at its end.
+///
+/// A reader belongs to one thread at a time. What it calls, which is m_onEnd, the source and the object that reads a
+/// record, must not make it read on: that throws CBxInvalidStateException, as does whatever is asked of a reader that
+/// was moved from.
 class BXXMLLIB5_API CRecordReader {
 public:
     /// Gives the octets of the document: fills the beginning of the room, which is not empty, and returns how many octets
