@@ -1,16 +1,7 @@
 #include "document/CExpatReader.h"
 
-#include <expat.h>
-
-// Weak, since it depends on the Expat that the process loads, not on the one that was there when this was
-// compiled.
-extern "C" XML_Bool XMLCALL XML_SetReparseDeferralEnabled(XML_Parser parser, XML_Bool enabled)
-    __attribute__((weak));
-
 #include <algorithm>
-#include <iterator>
 #include <new>
-#include <type_traits>
 #include <utility>
 
 #include "BxXmlLib5/core/CBxException.h"
@@ -19,30 +10,14 @@ extern "C" XML_Bool XMLCALL XML_SetReparseDeferralEnabled(XML_Parser parser, XML
 #include "document/CConvertedSource.h"
 #include "document/COctetSource.h"
 #include "document/CUtf16Source.h"
+#include "document/DocumentType.h"
 #include "document/InputLimits.h"
-#include "platform/KeyedHash.h"
-#include "platform/Stack.h"
+#include "document/TextBeginning.h"
 #include "platform/TextView.h"
 
 namespace BxXmlLib5 {
 
 namespace {
-
-constexpr char16_t kSeparator = u'|';
-
-// Expat's wide build calls its 16-bit unit by another name than the language does.
-static_assert(sizeof(XML_Char) == sizeof(char16_t) && std::is_unsigned_v<XML_Char>);
-
-char16_t const* Units(XML_Char const* text) {
-    return reinterpret_cast<char16_t const*>(text);
-}
-
-/// Expat recurses once for each level of reference, so what is left of the stack counts.
-int MostNestingEntities() {
-    std::size_t const left = StackLeft().value_or(kStackForLevel + kUnknownStack);
-    std::size_t const most = (left - std::min(left, kStackForLevel)) / kStackOfEntity;
-    return static_cast<int>(std::min<std::size_t>(most, kMaxNestingEntities));
-}
 
 /// Whether the name at the end declares a namespace.
 bool EndsInXmlns(std::u16string_view tag) {
@@ -52,117 +27,10 @@ bool EndsInXmlns(std::u16string_view tag) {
     return name == u"xmlns" || name.starts_with(u"xmlns:");
 }
 
-/// Calls back with the name of each entity that a text refers to, beside those that need no declaration.
-template <class Take>
-void ForEachEntity(std::u16string_view text, Take take) {
-    constexpr std::u16string_view kKnown[] = {u"amp", u"lt", u"gt", u"apos", u"quot"};
-    for (std::size_t at = text.find(u'&'); at != text.npos; at = text.find(u'&', at + 1)) {
-        std::u16string_view const name = text.substr(at + 1, text.find(u';', at) - at - 1);
-        if (!name.starts_with(u'#') && std::ranges::find(kKnown, name) == std::end(kKnown)) take(name);
-    }
-}
-
 constexpr std::size_t kSlice = 64 * 1024;
 constexpr std::size_t kRoomToConvert = 64;  // that sources of other encodings ask for
 
-constexpr std::string_view kSaltOfParsers = "parsers";
-
-constexpr int kFinal = 1;
-constexpr int kNotFinal = 0;  // so that an input that ends inside an element is no error
-
-bool ParsePart(XML_Parser parser, std::span<unsigned char const> octets, int isFinal) {
-    return XML_Parse(parser, reinterpret_cast<char const*>(octets.data()), static_cast<int>(octets.size()),
-                     isFinal) != XML_STATUS_ERROR;
-}
-
-bool HasByteOrderMark(std::span<unsigned char const> input) {
-    constexpr std::string_view kMarks[] = {"\xEF\xBB\xBF", "\xFE\xFF", "\xFF\xFE",
-                                           std::string_view("\0\0\xFE\xFF", 4)};
-    std::string_view const beginning(reinterpret_cast<char const*>(input.data()), input.size());
-    return std::ranges::any_of(kMarks, [=](std::string_view mark) { return beginning.starts_with(mark); });
-}
-
-/// @param hasMark whether the input begins with a byte order mark, for which Expat counts a column
-DocumentPlace PlaceIn(XML_Parser parser, bool hasMark) {
-    std::size_t const line = XML_GetCurrentLineNumber(parser);
-    std::size_t const before = XML_GetCurrentColumnNumber(parser);
-    auto const index = std::max<XML_Index>(XML_GetCurrentByteIndex(parser), 0);
-    return {line, hasMark && line == 1 && before > 0 ? before : before + 1,
-            static_cast<std::uint64_t>(index)};
-}
-
 constexpr char16_t const* kUnknownEncoding = u"The system does not know the encoding [%s]";
-
-/// @param error of Expat's
-wstring MessageOf(XML_Error error, std::size_t line) {
-    return FormatString(u"%s at line %d", FromUtf8(XML_ErrorString(error)).c_str(), static_cast<int>(line));
-}
-
-/// @param reason why an encoding is not known
-[[noreturn]] void ThrowError(XML_Parser parser, bool hasMark, wstring const& reason = {}) {
-    XML_Error const error = XML_GetErrorCode(parser);
-    DocumentPlace const place = PlaceIn(parser, hasMark);
-    wstring const message = MessageOf(error, place.m_line);
-    CBxException failure = error == XML_ERROR_UNKNOWN_ENCODING && !reason.empty()
-                               ? CBxException(message, CBxException(reason))
-                               : CBxException(message);
-    failure.SetLocation(CBxLocation({}, place.m_line, place.m_column));
-    throw failure;
-}
-
-/// XML 1.0, 2.11. Expat does not do so where it gives markup as it stands.
-void NormalizeLineEnds(wstring& text) {
-    auto to = text.begin();
-    for (auto from = text.begin(); from != text.end(); ++from) {
-        bool const isInPair = *from == u'\r' && from + 1 != text.end() && from[1] == u'\n';
-        if (!isInPair) *to++ = *from == u'\r' ? u'\n' : *from;
-    }
-    text.erase(to, text.end());
-}
-
-/// The octets of an XML declaration, if there is one, and at most as many as a reader looks ahead.
-std::span<unsigned char const> DeclarationOf(std::span<unsigned char const> beginning) {
-    auto const some = beginning.first(std::min(beginning.size(), CPeekedSource::kSize));
-    auto const end = std::ranges::find(some, '>');
-    return some.first(static_cast<std::size_t>(end - some.begin()) + (end == some.end() ? 0 : 1));
-}
-
-/// Whether all that an encoding of that name has is UTF-8.
-bool IsUtf8(std::u16string_view encoding) {
-    constexpr std::u16string_view kNames[] = {u"UTF-8", u"US-ASCII"};
-    auto const upper = [](char16_t c) {
-        return c >= u'a' && c <= u'z' ? static_cast<char16_t>(c - u'a' + u'A') : c;
-    };
-    return std::ranges::any_of(kNames,
-                               [&](auto name) { return std::ranges::equal(encoding, name, {}, upper); });
-}
-
-/// Where text in UTF-8 goes on behind its byte order mark and its XML declaration; nothing for other encodings, and where
-/// the declaration matters: a document that stands alone may refer to entities declared behind what is not read.
-/// @param beginning of a text that is neither UTF-16 nor UTF-32
-std::optional<std::size_t> BehindDeclaration(XML_Parser parser, std::span<unsigned char const> beginning) {
-    struct Declaration {
-        XML_Parser m_parser;
-        bool m_isNeeded;
-        std::size_t m_end;
-    } declaration{parser, false, 0};
-    XML_SetUserData(parser, &declaration);
-    XML_SetXmlDeclHandler(
-        parser, [](void* userData, XML_Char const*, XML_Char const* encoding, int standalone) {
-            auto& [self, isNeeded, end] = *static_cast<Declaration*>(userData);
-            isNeeded = standalone == 1 || (encoding != nullptr && !IsUtf8(Units(encoding)));
-            end = static_cast<std::size_t>(XML_GetCurrentByteIndex(self) + XML_GetCurrentByteCount(self));
-        });
-    ParsePart(parser, DeclarationOf(beginning), kNotFinal);
-    if (declaration.m_end > 0)
-        return declaration.m_isNeeded ? std::nullopt : std::optional(declaration.m_end);
-    std::string_view text(reinterpret_cast<char const*>(beginning.data()), beginning.size());
-    constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF", kStart = "<?xml", kSpace = " \t\r\n";
-    std::size_t const start = text.starts_with(kByteOrderMark) ? kByteOrderMark.size() : 0;
-    text.remove_prefix(start);
-    bool const isDeclared = text.starts_with(kStart) && text.find_first_of(kSpace) == kStart.size();
-    return isDeclared ? std::nullopt : std::optional(start);  // one that Expat refuses, or a very long one
-}
 
 }  // namespace
 
@@ -260,7 +128,7 @@ struct CExpatReader::Callbacks {
         Run(userData, [=](CExpatReader& reader) {
             std::u16string_view const text(Units(value),
                                            value == nullptr ? 0U : static_cast<std::size_t>(length));
-            reader.DeclareEntity(Units(name), text);
+            reader.m_entities.Declare(Units(name), text);
         });
     }
 
@@ -288,23 +156,6 @@ CExpatReader::CExpatReader(CDocumentReceiver& receiver, DocumentMemory const& me
       CDocumentReader(receiver, memory, details),
       m_schemaType(schemaType) {}
 CExpatReader::~CExpatReader() = default;
-
-void CExpatReader::FreeParser::operator()(XML_ParserStruct* parser) const {
-    XML_ParserFree(parser);
-}
-
-/// @param encoding null for what the input says
-CExpatReader::Parser CExpatReader::NewParser(char16_t const* encoding, SchemaType schemaType) {
-    auto const* const name = reinterpret_cast<XML_Char const*>(encoding);
-    Parser parser(schemaType == st_NoNamespaces ? XML_ParserCreate(name)
-                                                : XML_ParserCreateNS(name, kSeparator));
-    if (!parser) throw std::bad_alloc();
-    // Without one, Expat asks the kernel for a number for each parser. That of the process is as unknown to
-    // others.
-    XML_SetHashSalt(parser.get(),
-                    static_cast<unsigned long>(KeyedHash(kSaltOfParsers.data(), kSaltOfParsers.size())));
-    return parser;
-}
 
 void CExpatReader::Parse(std::span<unsigned char const> input) {
     m_mostOctetsOfToken = kMaxInputSize;
@@ -372,7 +223,7 @@ void CExpatReader::CheckDeclaration(std::span<unsigned char const> beginning) co
         return beginning[end + highOctet] == 0 && beginning[end + 1 - highOctet] == '>';
     };
     while (end + 2 < beginning.size() && !isEnd()) end += 2;
-    Parser const parser = NewParser(nullptr, m_schemaType);
+    ExpatParser const parser = NewParser(nullptr, m_schemaType);
     if (!ParsePart(parser.get(), beginning.first(std::min(end + 2, beginning.size())), kNotFinal)) {
         ThrowError(parser.get(), m_hasMark);
     }
@@ -469,12 +320,10 @@ void CExpatReader::MakeParser(char16_t const* encoding) {
     m_parser = NewParser(encoding, m_schemaType);
     m_hasRoot = false;
     m_hasDocumentType = false;
-    m_entities.clear();
+    m_entities = CEntities();
     m_lastNamespace = nullptr;
     m_tagNames.Forget();
     m_noNamespace = &m_memory.m_names.InternText({});
-    m_nestingEntities = 0;
-    m_mostNestingEntities = MostNestingEntities();
     m_defaultedUnits = 0;
     m_mostDefaultedUnits = MaxRepeatedUnits(m_octets);
     XML_Parser const parser = m_parser.get();
@@ -492,9 +341,6 @@ void CExpatReader::MakeParser(char16_t const* encoding) {
         XML_SetCommentHandler(parser, Callbacks::Comment);
         XML_SetProcessingInstructionHandler(parser, Callbacks::Instruction);
     }
-    // Expat 2.6, and older ones with its mends, would leave a token that a slice cuts for a final call, which
-    // an input that may break off does not have.
-    if (XML_SetReparseDeferralEnabled != nullptr) XML_SetReparseDeferralEnabled(parser, XML_FALSE);
 }
 
 /// Expat copies what it is given, so it gets the input in slices. It scans a token that is not complete anew with the
@@ -665,26 +511,11 @@ void CExpatReader::FindSkippedInTag() {
 /// @return how many entities the value of an attribute refers to that are not declared
 std::size_t CExpatReader::CountSkipped(std::u16string_view literal, std::size_t line) {
     std::size_t count = 0;
-    ForEachEntity(literal, [&](std::u16string_view name) {
-        wstring const undeclared = Undeclared(name);
-        if (undeclared.empty()) return;
-        SkipEntity(undeclared, line);
+    m_entities.ForEachUndeclared(literal, [&](std::u16string_view name) {
+        SkipEntity(name, line);
         ++count;
     });
     return count;
-}
-
-/// An entity without declaration that another one refers to, or is; empty if there is none.
-wstring CExpatReader::Undeclared(std::u16string_view entity) {
-    auto const known = m_entities.find(entity);
-    if (known == m_entities.end()) return wstring(entity);
-    wstring const value = std::exchange(known->second, {});  // once is enough
-    wstring undeclared;
-    ForEachEntity(value, [&](std::u16string_view name) {
-        if (undeclared.empty()) undeclared = Undeclared(name);
-    });
-    if (!undeclared.empty()) known->second = u'&' + undeclared + u';';
-    return undeclared;
 }
 
 void CExpatReader::SkipEntity(std::u16string_view name, std::size_t line) {
@@ -761,64 +592,12 @@ void CExpatReader::AddText(std::u16string_view text) {
     m_receiver.AddText(text);
 }
 
-namespace {
-
-/// Puts down the text of a document type.
-struct DocumentTypeText {
-    explicit DocumentTypeText(XML_Parser parser) : m_parser(parser) {
-        XML_SetUserData(parser, this);
-        XML_SetDefaultHandler(parser, Add);
-        XML_SetXmlDeclHandler(parser, [](void*, XML_Char const*, XML_Char const*, int) {});
-        XML_SetCommentHandler(parser, [](void*, XML_Char const*) {});
-        XML_SetProcessingInstructionHandler(parser, [](void*, XML_Char const*, XML_Char const*) {});
-        XML_SetEndDoctypeDeclHandler(parser, [](void* userData) {
-            XML_StopParser(static_cast<DocumentTypeText*>(userData)->m_parser, XML_FALSE);
-        });
-    }
-
-    static void Add(void* userData, XML_Char const* units, int length) noexcept {
-        auto& self = *static_cast<DocumentTypeText*>(userData);
-        std::u16string_view const text(Units(units), static_cast<std::size_t>(length));
-        if (self.m_text.empty()) {
-            if (text != u"<!DOCTYPE") return;
-            // Those inside belong to it.
-            XML_SetCommentHandler(self.m_parser, nullptr);
-            XML_SetProcessingInstructionHandler(self.m_parser, nullptr);
-        }
-        try {
-            self.m_text += text;
-        } catch (...) {
-            self.m_failure = std::current_exception();
-            XML_StopParser(self.m_parser, XML_FALSE);
-        }
-    }
-
-    XML_Parser m_parser;
-    wstring m_text;
-    std::exception_ptr m_failure;
-};
-
-}  // namespace
-
 /// Expat tells of declarations, not what they look like, so another parser is asked, which does not.
 void CExpatReader::EndDocumentType() {
     m_isInDocumentType = false;
-    Parser const parser = NewParser(m_utf8 ? u"UTF-8" : nullptr, st_NoNamespaces);
+    ExpatParser const parser = NewParser(m_utf8 ? u"UTF-8" : nullptr, st_NoNamespaces);
     XML_SetUnknownEncodingHandler(parser.get(), Callbacks::UnknownEncoding, this);
-    DocumentTypeText document(parser.get());
-    ParsePart(parser.get(), m_prolog, kNotFinal);
-    if (document.m_failure) std::rethrow_exception(document.m_failure);
-    document.m_text += u'>';
-    NormalizeLineEnds(document.m_text);
-    m_receiver.AddDocumentType(document.m_text);
-}
-
-void CExpatReader::DeclareEntity(char16_t const* name, std::u16string_view value) {
-    bool const isNesting = value.find(u'&') != value.npos;
-    m_entities.emplace(name, isNesting ? value : std::u16string_view());
-    if (!isNesting || ++m_nestingEntities <= m_mostNestingEntities) return;
-    throw CBxException(
-        FormatString(u"More than %d entities refer to others, which is the limit", m_mostNestingEntities));
+    m_receiver.AddDocumentType(DocumentTypeOf(parser.get(), m_prolog));
 }
 
 }  // namespace BxXmlLib5

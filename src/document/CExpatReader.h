@@ -4,7 +4,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <exception>
-#include <map>
 #include <memory>
 #include <optional>
 #include <span>
@@ -15,11 +14,10 @@
 #include "BxXmlLib5/core/CInstanceMonitor.h"
 #include "BxXmlLib5/core/Enumerations.h"
 #include "document/CDocumentReader.h"
+#include "document/CEntities.h"
 #include "document/CLineCounter.h"
 #include "document/CTagNames.h"
-#include "platform/TextView.h"
-
-struct XML_ParserStruct;
+#include "document/ExpatParser.h"
 
 namespace BxXmlLib5 {
 
@@ -49,17 +47,12 @@ public:
 
 private:
     struct Callbacks;
-    struct FreeParser {
-        void operator()(XML_ParserStruct* parser) const;
-    };
-    using Parser = std::unique_ptr<XML_ParserStruct, FreeParser>;
 
     struct ExpandedName {
         CXmlName const& m_name;
         std::u16string_view m_prefix;
     };
 
-    static Parser NewParser(char16_t const* encoding, SchemaType schemaType);
     void CheckDeclaration(std::span<unsigned char const> beginning) const;
     /// @param encoding null for what the input says
     void ParseAs(char16_t const* encoding, std::span<unsigned char const> input);
@@ -97,11 +90,9 @@ private:
     void SkipReference(std::u16string_view name);
     void SkipEntity(std::u16string_view name, std::size_t line);
     void EndDocumentType();
-    wstring Undeclared(std::u16string_view entity);
-    void DeclareEntity(char16_t const* name, std::u16string_view value);
 
     SchemaType m_schemaType;
-    Parser m_parser;
+    ExpatParser m_parser;
     std::unique_ptr<COctetSource> m_utf8;
     bool m_isUtf16 = false;
     bool m_hasMark = false;  // ahead of the text
@@ -113,8 +104,7 @@ private:
     std::uint64_t m_octets = 0;
     bool m_hasRoot = false;
     bool m_hasDocumentType = false;
-    std::map<wstring, wstring, LessBySize>
-        m_entities;  // that the document declares, with values that refer to others
+    CEntities m_entities;
     wstring m_tag;
     bool m_hasDeclarations = false;  // the tag that comes next
     std::vector<AttributeLiteral> m_literals;
@@ -130,8 +120,6 @@ private:
     wstring const* m_lastNamespace = nullptr;
     wstring const* m_noNamespace = nullptr;
     std::vector<DocumentAttribute> m_attributes;
-    int m_nestingEntities = 0;
-    int m_mostNestingEntities = 0;
     std::size_t m_defaultedUnits = 0;
     std::size_t m_mostDefaultedUnits = 0;
     std::exception_ptr m_failure;

@@ -1,0 +1,22 @@
+// What the first octets of an XML text say.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <span>
+
+#include "document/ExpatParser.h"
+
+namespace BxXmlLib5 {
+
+bool HasByteOrderMark(std::span<unsigned char const> input);
+
+/// The octets of an XML declaration, if there is one, and at most as many as a reader looks ahead.
+std::span<unsigned char const> DeclarationOf(std::span<unsigned char const> beginning);
+
+/// Where text in UTF-8 goes on behind its byte order mark and its XML declaration; nothing for other encodings, and where
+/// the declaration matters: a document that stands alone may refer to entities declared behind what is not read.
+/// @param beginning of a text that is neither UTF-16 nor UTF-32
+std::optional<std::size_t> BehindDeclaration(XML_Parser parser, std::span<unsigned char const> beginning);
+
+}  // namespace BxXmlLib5
