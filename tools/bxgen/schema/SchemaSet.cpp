@@ -41,34 +41,6 @@ std::vector<Type const*> const& SchemaSet::AnonymousTypes() const {
     return m_store->m_anonymousTypes;
 }
 
-ElementDeclaration const* SchemaSet::FindElement(QName const& name) const {
-    return m_store->m_elements.Find(name);
-}
-
-AttributeDeclaration const* SchemaSet::FindAttribute(QName const& name) const {
-    return m_store->m_attributes.Find(name);
-}
-
-Type const* SchemaSet::FindType(QName const& name) const {
-    return m_store->m_types.Find(name);
-}
-
-NamedGroup const* SchemaSet::FindGroup(QName const& name) const {
-    return m_store->m_groups.Find(name);
-}
-
-AttributeGroup const* SchemaSet::FindAttributeGroup(QName const& name) const {
-    return m_store->m_attributeGroups.Find(name);
-}
-
-Notation const* SchemaSet::FindNotation(QName const& name) const {
-    return m_store->m_notations.Find(name);
-}
-
-Type const* SchemaSet::FindType(BuiltIn builtIn) const {
-    return m_store->m_builtIns.at(builtIn);
-}
-
 bool SchemaSet::IsReferenced(ElementDeclaration const& element) const {
     return m_store->m_referencedElements.contains(&element);
 }

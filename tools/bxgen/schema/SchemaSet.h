@@ -32,16 +32,6 @@ public:
     /// Types without a name, in the order in which they are written; besides, those that a redefinition hides.
     std::vector<Type const*> const& AnonymousTypes() const;
 
-    /// Null if there is none.
-    ElementDeclaration const* FindElement(QName const& name) const;
-    AttributeDeclaration const* FindAttribute(QName const& name) const;
-    Type const* FindType(QName const& name) const;
-    NamedGroup const* FindGroup(QName const& name) const;
-    AttributeGroup const* FindAttributeGroup(QName const& name) const;
-    Notation const* FindNotation(QName const& name) const;
-    /// Never null.
-    Type const* FindType(BuiltIn builtIn) const;
-
     /// True if some element or attribute refers to the element: it need not be a root of documents.
     bool IsReferenced(ElementDeclaration const& element) const;
 
