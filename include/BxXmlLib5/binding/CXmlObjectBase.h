@@ -146,8 +146,8 @@ public:
 
     /// @{
     /// As above, from a file or from octets, which are taken for what they are: XML text in any encoding that
-    /// CXmlDocument reads, or Fast Infoset, either of them as such or compressed by gzip or zlib.
-    /// @param fileName as the system has it, which is UTF-8 as a rule, if it is one of octets
+    /// CXmlDocument reads, or Fast Infoset, either of them as such or compressed by gzip or zlib. The name of a file
+    /// in octets is as the system has it, which is UTF-8 as a rule.
     /// @throws CBxException also if the file cannot be read or there are no octets
     void FromXmlFile(char16_t const* fileName, CXmlSerializationContext const& context);
     void FromXmlFile(std::string_view fileName, CXmlSerializationContext const& context);
