@@ -68,6 +68,7 @@ void CRecordCutter::Hold(std::function<void()> event) {
 void CRecordCutter::HoldElement(DocumentElement const& element) {
     std::vector<DocumentAttribute> attributes(element.m_attributes.begin(), element.m_attributes.end());
     std::vector<wstring> values;
+    values.reserve(attributes.size());
     for (DocumentAttribute const& attribute : attributes) values.emplace_back(attribute.m_value);
     Hold([this, &name = element.m_name, attributes = std::move(attributes), values = std::move(values),
           line = element.m_line]() mutable {
