@@ -11,6 +11,7 @@
 #include "BxXmlLib5/BxXmlLib5.h"
 #include "document/Trees.h"
 #include "fastinfoset/Reading.h"
+#include "support/Inert.h"
 
 #ifndef __has_feature
 #define __has_feature(name) 0
@@ -298,12 +299,7 @@ TEST(CRecordReader, ShowsWhatStandsAround) {
 }
 
 /// Asks for the namespace of a prefix, as an object does that reads an xsi:type.
-struct CAsking : CXmlObjectBase {
-    CXmlObjectBase* GetBase() override { return this; }
-    wstring GetTargetNamespace() const override { return {}; }
-    wstring GetNamespace() const override { return {}; }
-    void ToXml_Int(CXmlWriter*, bool, char16_t const*, CXmlSerializationContext const&, bool) const override {
-    }
+struct CAsking : Inert {
     CXmlElement* FromXml_Int(CXmlElement* element, CXmlElement*, CXmlSerializationContext const&,
                              bool) override {
         m_found += ToUtf8(element->GetDocument()->LookupNamespaceFromAlias(u"p")) + " ";
@@ -656,6 +652,15 @@ TEST(CRecordReader, TakesTheSameMemoryForAnyNumberOfRecords) {
         EXPECT_EQ(count, isFastInfoset ? 10'000U : 100'000U);
         EXPECT_LT(most, early + 50'000);
     }
+}
+
+TEST(CRecordReader, ReadsFewRecordsAhead) {
+    std::string const text = "<g>" + Repeat("<r/>", 16'000) + "</g>";
+    CRecordReader reader(Octets(text), u"g/r");
+    CElement record(u"");
+    std::size_t const before = AllocatedOctets();
+    ASSERT_TRUE(reader.Read(record));
+    EXPECT_LT(AllocatedOctets(), before + 1'000'000);
 }
 
 }  // namespace
