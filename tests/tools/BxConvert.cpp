@@ -112,6 +112,10 @@ TEST(Convert, WritesWhatItReads) {
             kDeclaration + "<p:a xmlns:p=\"u\"><b xmlns:p=\"v\"><p:c xmlns:p=\"u\"/></b></p:a>\n", ""},
         {"", "\xE0\0\0\1\0\x78\xCF\2xml\0u\xCE\0p\xCF\4xmlns\0v\xCF\0q\x80\xF0\x3F\x80\x81\0a\x7B\x81\x80\3lang\xFF\xF0\xFF"s,
             kDeclaration + "<ns1:a xmlns:ns1=\"u\" xml:lang=\"\"/>\n", ""},
+        {"", "\xE0\0\0\1\0\x38\xCF\0p\0u\xF0\x3F\x81\x81\0a\x7F\0q\x81\0b\x7B\x81\0v\0k\xFF\xF0\xFF"s,
+            kDeclaration + "<p:a xmlns:p=\"u\"><p:b xmlns:ns1=\"v\" ns1:k=\"\"/></p:a>\n", ""},
+        {"", "\xE0\0\0\1\0\x38\xCF\2ns1\0v\xF0\x3C\0a\x7C\0b\x79\0u\0k\x44ns1:T\xF0\xFF"s,
+            kDeclaration + "<a xmlns:ns1=\"v\"><b xmlns:ns2=\"u\" ns2:k=\"ns1:T\"/></a>\n", ""},
         // Facts instead of the document
         {"--info", "<p:a xmlns:p='u&#10;v' x='1' p:y='2'> <b/>m<b><c/></b></p:a>",
             "form: XML text\nroot: a\nnamespace: u v\nelements: 4\nattributes: 2\ndepth: 3\noctets: 60\n", ""},
@@ -154,6 +158,20 @@ TEST(Convert, WritesFastInfosetThatAStrictReaderTakes) {
          {BX_TRACK, BX_TEST_DATA "/drawing.xml", BX_TEST_DATA "/envelope.xml", BX_TEST_DATA "/feed.xml"}) {
         EXPECT_EQ(read("'" + file + "'").substr(0, 2), "<{") << file;
     }
+}
+
+/// In a time that does not grow with their square or cube, which the limit of a test's time shows.
+TEST(Convert, MakesAnyNumberOfPrefixes) {
+    std::string input = "\xE0\0\0\1\0\x7C\0a"s;
+    std::string declarations, attributes;
+    for (int i = 1; i <= 50'000; ++i) {
+        std::string const prefix = "ns" + std::to_string(i), name = "a" + std::to_string(100'000 + i);
+        input += "\x79\6" + name + "\6" + name + "\xFF";
+        declarations += " xmlns:" + prefix + "=\"" + name + "\"";
+        attributes += " " + prefix + ":" + name + "=\"\"";
+    }
+    Ending const ending = Folder().Run("bxconvert --declaration no -", input + "\xF0\xFF");
+    EXPECT_TRUE(ending.m_out == "<a" + declarations + attributes + "/>\n") << ending.m_out.substr(0, 1000);
 }
 
 TEST(Convert, BoundsTheTablesOfFastInfoset) {

@@ -1,10 +1,6 @@
 #include "PrefixFilter.h"
 
-#include <algorithm>
-#include <string>
-
 #include "platform/StandardNamespaces.h"
-#include "platform/TextView.h"
 
 namespace BxConvert {
 
@@ -23,16 +19,19 @@ PrefixFilter::PrefixFilter(CDocumentReceiver& receiver, CNameTable& names)
     : m_receiver(receiver), m_names(names), m_xmlNamespace(&names.InternText(kXmlNamespace)) {}
 
 void PrefixFilter::StartElement(DocumentElement const& element) {
-    ++m_depth;
+    m_scopes.StartElement();
     m_declarations.clear();
-    for (Declaration const& declaration : m_pending) {
-        if (IsDeclarable(declaration) && !IsDeclaredHere(*declaration.m_prefix)) Bind(declaration);
+    m_taken.clear();
+    m_ordered = 0;
+    m_takenInOrder.clear();
+    for (PrefixDeclaration const& declaration : m_pending) {
+        if (IsDeclarable(declaration) && !IsTaken(*declaration.m_prefix)) Bind(declaration);
     }
     m_pending.clear();
-    std::u16string_view const prefix = Find(element.m_prefix, element.m_name.m_namespaceUri, false);
+    std::u16string_view const prefix = Take(element.m_prefix, element.m_name.m_namespaceUri, false);
     m_attributes.assign(element.m_attributes.begin(), element.m_attributes.end());
     for (DocumentAttribute& attribute : m_attributes) {
-        attribute.m_prefix = Find(attribute.m_prefix, attribute.m_name->m_namespaceUri, true);
+        attribute.m_prefix = Take(attribute.m_prefix, attribute.m_name->m_namespaceUri, true);
     }
     for (auto const& [declared, namespaceUri] : m_declarations)
         m_receiver.DeclareNamespace(*declared, *namespaceUri);
@@ -40,66 +39,62 @@ void PrefixFilter::StartElement(DocumentElement const& element) {
 }
 
 void PrefixFilter::EndElement() {
-    while (!m_bindings.empty() && m_bindings.back().m_depth == m_depth) m_bindings.pop_back();
-    --m_depth;
+    m_scopes.EndElement();
     m_receiver.EndElement();
 }
 
 /// Whether XML text can declare that; what is bound to the prefix xml need not be declared.
-bool PrefixFilter::IsDeclarable(Declaration const& declaration) const {
+bool PrefixFilter::IsDeclarable(PrefixDeclaration const& declaration) const {
     auto const [prefix, namespaceUri] = declaration;
     bool const undeclaresPrefix = !prefix->empty() && namespaceUri->empty();
     return !IsReserved(*prefix) && !undeclaresPrefix && namespaceUri != m_xmlNamespace;
 }
 
-/// Null if the prefix is not declared.
-wstring const* PrefixFilter::NamespaceOf(std::u16string_view prefix) const {
-    auto const binding = std::find_if(m_bindings.rbegin(), m_bindings.rend(), [prefix](Binding const& known) {
-        return Equal(*known.m_declaration.m_prefix, prefix);
-    });
-    return binding == m_bindings.rend() ? nullptr : binding->m_declaration.m_namespace;
+/// The prefix that a name is written with. It keeps what it means here, for the element and all its attributes.
+std::u16string_view PrefixFilter::Take(std::u16string_view prefix, wstring const& namespaceUri,
+                                       bool isAttribute) {
+    m_taken.push_back(Find(prefix, namespaceUri, isAttribute));
+    return m_taken.back();
 }
 
 /// Namespaces of one table are equal if they are the same object.
 std::u16string_view PrefixFilter::Find(std::u16string_view prefix, wstring const& namespaceUri,
                                        bool isAttribute) {
-    if (namespaceUri.empty()) {
-        wstring const* const defaultNamespace = isAttribute ? nullptr : NamespaceOf({});
-        if (defaultNamespace == nullptr || defaultNamespace->empty()) return {};
-    }
+    if (namespaceUri.empty()) return isAttribute ? std::u16string_view() : WithoutDefault(namespaceUri);
     if (&namespaceUri == m_xmlNamespace) return u"xml";
     bool const mayBeEmpty = !isAttribute;
-    if ((mayBeEmpty || !prefix.empty()) && NamespaceOf(prefix) == &namespaceUri) return prefix;
-    for (Binding const& binding : m_bindings) {
-        auto const [known, ns] = binding.m_declaration;
-        if (ns == &namespaceUri && NamespaceOf(*known) == ns && (mayBeEmpty || !known->empty()))
-            return *known;
-    }
-    wstring made;
-    if (namespaceUri.empty()) {
-        prefix = {};
-        std::erase_if(m_declarations,
-                      [](Declaration const& declaration) { return declaration.m_prefix->empty(); });
-    } else {
-        bool const isUseless = IsReserved(prefix) || (prefix.empty() && isAttribute);
-        for (std::size_t at = 1; (at == 1 && isUseless) || IsDeclaredHere(prefix); ++at) {
-            made = u"ns" + FromUtf8(std::to_string(at));
-            prefix = made;
-        }
+    if ((mayBeEmpty || !prefix.empty()) && m_scopes.NamespaceOf(prefix) == &namespaceUri) return prefix;
+    if (wstring const* const known = m_scopes.PrefixOf(namespaceUri, mayBeEmpty)) return *known;
+    bool const isUseless = IsReserved(prefix) || (prefix.empty() && isAttribute);
+    if (isUseless || IsTaken(prefix)) {
+        wstring const& made = m_scopes.BindNew(namespaceUri, m_names);
+        m_declarations.push_back({&made, &namespaceUri});
+        return made;
     }
     wstring const& bound = m_names.InternText(prefix);
     Bind({&bound, &namespaceUri});
     return bound;
 }
 
-bool PrefixFilter::IsDeclaredHere(std::u16string_view prefix) const {
-    return std::ranges::any_of(
-        m_declarations, [prefix](Declaration const& declaration) { return *declaration.m_prefix == prefix; });
+/// An element in no namespace has no prefix, and no default namespace.
+std::u16string_view PrefixFilter::WithoutDefault(wstring const& noNamespace) {
+    wstring const* const defaultNamespace = m_scopes.NamespaceOf({});
+    if (defaultNamespace == nullptr || defaultNamespace->empty()) return {};
+    std::erase_if(m_declarations,
+                  [](PrefixDeclaration const& declaration) { return declaration.m_prefix->empty(); });
+    Bind({&m_names.InternText({}), &noNamespace});
+    return {};
 }
 
-void PrefixFilter::Bind(Declaration const& declaration) {
+bool PrefixFilter::IsTaken(std::u16string_view prefix) {
+    for (; m_ordered < m_taken.size(); ++m_ordered) m_takenInOrder.insert(m_taken[m_ordered]);
+    return m_takenInOrder.contains(prefix);
+}
+
+void PrefixFilter::Bind(PrefixDeclaration const& declaration) {
+    m_taken.push_back(*declaration.m_prefix);
     m_declarations.push_back(declaration);
-    m_bindings.push_back({declaration, m_depth});
+    m_scopes.Bind(declaration);
 }
 
 }  // namespace BxConvert

@@ -1,9 +1,11 @@
 // The prefixes of Fast Infoset and where they are declared.
 #pragma once
 
+#include <set>
 #include <string_view>
 #include <vector>
 
+#include "PrefixScopes.h"
 #include "document/CDocumentReceiver.h"
 #include "document/CNameTable.h"
 
@@ -30,29 +32,25 @@ public:
     void AddEntityReference(std::u16string_view name) override { m_receiver.AddEntityReference(name); }
 
 private:
-    struct Declaration {
-        BxXmlLib5::wstring const* m_prefix;  // empty for the default namespace
-        BxXmlLib5::wstring const* m_namespace;
-    };
-    struct Binding {
-        Declaration m_declaration;
-        std::size_t m_depth;
-    };
-
-    BxXmlLib5::wstring const* NamespaceOf(std::u16string_view prefix) const;
+    std::u16string_view Take(std::u16string_view prefix, BxXmlLib5::wstring const& namespaceUri,
+                             bool isAttribute);
     std::u16string_view Find(std::u16string_view prefix, BxXmlLib5::wstring const& namespaceUri,
                              bool isAttribute);
-    bool IsDeclarable(Declaration const& declaration) const;
-    bool IsDeclaredHere(std::u16string_view prefix) const;
-    void Bind(Declaration const& declaration);
+    std::u16string_view WithoutDefault(BxXmlLib5::wstring const& noNamespace);
+    bool IsDeclarable(PrefixDeclaration const& declaration) const;
+    bool IsTaken(std::u16string_view prefix);
+    void Bind(PrefixDeclaration const& declaration);
 
     BxXmlLib5::CDocumentReceiver& m_receiver;
     BxXmlLib5::CNameTable& m_names;
     BxXmlLib5::wstring const* m_xmlNamespace;
-    std::size_t m_depth = 0;
-    std::vector<Declaration> m_pending;
-    std::vector<Declaration> m_declarations;  // of the element that starts
-    std::vector<Binding> m_bindings;
+    PrefixScopes m_scopes;
+    std::vector<PrefixDeclaration> m_pending;
+    // Of the element that starts:
+    std::vector<PrefixDeclaration> m_declarations;
+    std::vector<std::u16string_view> m_taken;  // prefixes that it declares or uses
+    std::size_t m_ordered = 0;                 // how many of them are also in
+    std::set<std::u16string_view, BxXmlLib5::LessBySize> m_takenInOrder;
     std::vector<BxXmlLib5::DocumentAttribute> m_attributes;
 };
 
