@@ -104,6 +104,7 @@ private:
     std::uint64_t m_octets = 0;
     bool m_hasRoot = false;
     bool m_hasDocumentType = false;
+    bool m_standsAlone = false;  // by its declaration, where markup is asked for
     CEntities m_entities;
     wstring m_tag;
     bool m_hasDeclarations = false;  // the tag that comes next
