@@ -42,6 +42,7 @@ TEST(Convert, WritesWhatItReads) {
     std::string const lost = "bxconvert: standard input: warning: Fast Infoset does not keep ";
     std::string const
         external = "<!DOCTYPE a SYSTEM 'x' [<!ENTITY e '1'>]>\n",
+        defaults = "<!DOCTYPE a SYSTEM 'x' [<!ATTLIST a k CDATA '1&u;2&v;'><!ATTLIST b k CDATA '&w;'>]>\n",
         start = "<!--c--><?p?><!DOCTYPE a><a x=\"1\">",
         outside = "<!--c-->\n<?p?>\n<!DOCTYPE a>\n<a x=\"1\">",
         subset =
@@ -77,6 +78,8 @@ TEST(Convert, WritesWhatItReads) {
         {"--to finf", "\xE0\0\0\1\0\x3C\0a\x90\1\xFF"s, "\xE0\0\0\1\0\x3C\0a\x90\1\xFF"s, ""},
         {"--to finf", subset + "<a><!--c--></a>", "\xE0\0\0\1\0\x7C\0a\x78\0k\x40" "d\xF0\xFF"s, lost + "1 comment, 1 document type\n"},
         {"--to finf", "<?p?><?q?><!DOCTYPE a SYSTEM 'x'><a>&e;</a>", "\xE0\0\0\1\0\x3C\0a\xFF"s, lost + "2 processing instructions, 1 document type, 1 entity reference\n"},
+        {"--to finf", defaults + "<a><b k='' /></a>", "\xE0\0\0\1\0\x7C\0a\x78\0k\x41" "12\xF0\x7C\0b\0\xFF\xF0\xFF\xF0"s, lost + "1 document type, 2 entity references\n"},
+        {"", latin1 + defaults + "<a/>", kDeclaration + defaults + "<a/>\n", ""},
         {"", "\xE0\0\0\1\0\xE2\0c\x3C\0a\xC8\0e\xFF"s, kDeclaration + "<!--c-->\n<a/>\n", "bxconvert: standard input: warning: XML text does not keep 1 entity reference\n"},
         // What is in an element
         {"", latin1 + "<a>1<b>2<c/>3</b>4<b>5</b> </a>", kDeclaration + "<a>1<b>2<c/>3</b>4<b>5</b> </a>\n", ""},
