@@ -162,16 +162,27 @@ TEST(Convert, WritesFastInfosetThatAStrictReaderTakes) {
 
 /// In a time that does not grow with their square or cube, which the limit of a test's time shows.
 TEST(Convert, MakesAnyNumberOfPrefixes) {
-    std::string input = "\xE0\0\0\1\0\x7C\0a"s;
-    std::string declarations, attributes;
-    for (int i = 1; i <= 50'000; ++i) {
+    constexpr int kCount = 50'000;
+    std::string bare, named, declarations, attributes;
+    for (int i = 1; i <= kCount; ++i) {
         std::string const prefix = "ns" + std::to_string(i), name = "a" + std::to_string(100'000 + i);
-        input += "\x79\6" + name + "\6" + name + "\xFF";
+        bare += "\x79\6" + name + "\6" + name + "\xFF";
+        named += "\xCF" + std::string(1, static_cast<char>(prefix.size() - 1)) + prefix + "\6" + name;
         declarations += " xmlns:" + prefix + "=\"" + name + "\"";
         attributes += " " + prefix + ":" + name + "=\"\"";
     }
-    Ending const ending = Folder().Run("bxconvert --declaration no -", input + "\xF0\xFF");
-    EXPECT_TRUE(ending.m_out == "<a" + declarations + attributes + "/>\n") << ending.m_out.substr(0, 1000);
+    std::string const one = "<b xmlns:ns50001=\"v\" ns50001:k=\"\"/>";
+    std::pair<std::string, std::string> const rows[] = {
+        {"\x7C\0a"s + bare + "\xF0", "<a" + declarations + attributes + "/>"},
+        {"\x38"s + named + "\xF0\x3C\0a\x7C\0b\x79\0v\0k\xFF\xFF"s + Repeat("\x41\0\xFF\xFF"s, kCount) +
+             "\xF0",
+         "<a" + declarations + ">" + one + Repeat(one, kCount) + "</a>"},
+    };
+    Folder const folder;
+    for (auto const& [infoset, text] : rows) {
+        Ending const ending = folder.Run("bxconvert --declaration no -", "\xE0\0\0\1\0"s + infoset + "\xF0");
+        EXPECT_TRUE(ending.m_out == text + "\n") << ending.m_errors << ending.m_out.substr(0, 1000);
+    }
 }
 
 TEST(Convert, BoundsTheTablesOfFastInfoset) {
