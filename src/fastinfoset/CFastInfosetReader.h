@@ -17,7 +17,7 @@ class CPeekedSource;
 
 /// Parses one document, that is given whole or comes in slices. Elements, attributes, texts and namespace attributes
 /// are told, and comments, instructions and references to entities where they are asked for; everything else, an
-/// initial vocabulary included, is read and dropped.
+/// initial vocabulary included unless exactness is asked for, is read and dropped.
 ///
 /// Where the octet with which an item begins has been read already, it is the argument.
 class CFastInfosetReader : public CInstanceMonitor, public CDocumentReader {
@@ -61,10 +61,12 @@ private:
     void ReadStart();
     void SkipOptionalComponents();
     void SkipAdditionalData();
-    void SkipInitialVocabulary();
+    void ReadInitialVocabulary();
+    void SkipExternalVocabulary();
     void SkipOctetString();
-    void SkipEncodedString();
-    void SkipNameSurrogate();
+    void ReadInitialName(NameParts& table);
+    void ReadInitialString(Strings& table);
+    void ReadInitialSurrogate(Names& names);
     void SkipNotations();
     void SkipUnparsedEntities();
     /// A system and a public identifier.
