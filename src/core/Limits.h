@@ -55,7 +55,7 @@ constexpr std::size_t MaxRepeatedUnits(std::uint64_t inputSize) {
     return std::max(kAlways, inputSize * kForEachOctet);
 }
 inline constexpr std::size_t kUnitsOfDefaultedAttribute = 8;
-inline constexpr std::size_t kUnitsOfName = 128;  // of a local name count for nothing: an element takes more
+inline constexpr std::size_t kUnitsOfName = 128;      // of a name count for nothing: an element takes more
 inline constexpr std::size_t kUnitsOfJoinedUnit = 2;  // besides the one that an index repeats
 
 /// Octets of stack that must be left where the compilation of a pattern enters another group.

@@ -374,7 +374,11 @@ std::u16string_view CFastInfosetReader::ReadOtherString() {
 }
 
 CFastInfosetReader::NamePart CFastInfosetReader::ReadOtherName() {
-    if (m_details.m_markup) return ReadNamePart(m_otherNames);
+    if (m_details.m_markup) {
+        NamePart const name = ReadNamePart(m_otherNames);
+        CountName(name.m_text);
+        return name;
+    }
     m_input.ReadIdentifyingStringOrIndex();
     return NoNamePart();
 }
@@ -383,6 +387,10 @@ CFastInfosetReader::NamePart CFastInfosetReader::ReadOtherName() {
 void CFastInfosetReader::ReadNamespaceAttribute(unsigned char first) {
     NamePart const prefix = (first & kHasPrefix) != 0 ? ReadNamePart(m_prefixes) : NoNamePart();
     NamePart const namespaceUri = (first & kHasNamespace) != 0 ? ReadNamespaceName() : NoNamePart();
+    if (m_details.m_prefixes) {
+        CountName(prefix.m_text);
+        CountName(namespaceUri.m_text);
+    }
     m_receiver.DeclareNamespace(prefix.m_text, namespaceUri.m_text);
 }
 
@@ -406,14 +414,14 @@ CFastInfosetReader::PrefixedName CFastInfosetReader::ReadLiteralName(unsigned ch
     NamePart const namespaceUri = hasNamespace ? ReadNamespaceName() : NoNamePart();
     NamePart const localName = ReadNamePart(m_localNames);
     PrefixedName const name{&m_memory.m_names.Combine(namespaceUri.m_text, localName.m_text), &prefix.m_text};
-    CountName(*name.m_name);
+    CountName(name);
     if (prefix.m_hasIndex && namespaceUri.m_hasIndex && localName.m_hasIndex) names.Add(name);
     return name;
 }
 
 CFastInfosetReader::PrefixedName CFastInfosetReader::FindName(Names const& names, std::uint64_t index) {
     PrefixedName const name = names.At(index);
-    CountName(*name.m_name);
+    CountName(name);
     return name;
 }
 
@@ -422,9 +430,13 @@ std::u16string_view CFastInfosetReader::PrefixOf(PrefixedName const& name) const
 }
 
 /// The tree holds a name once, but what is read from the tree holds the local one for each element.
-void CFastInfosetReader::CountName(CXmlName const& name) {
-    std::size_t const units = name.m_localName.size();
-    if (units > kUnitsOfName) CountRepeated(units - kUnitsOfName);
+void CFastInfosetReader::CountName(PrefixedName const& name) {
+    CountName(name.m_name->m_localName);
+    if (m_details.m_prefixes) CountName(*name.m_prefix);
+}
+
+void CFastInfosetReader::CountName(std::u16string_view name) {
+    if (name.size() > kUnitsOfName) CountRepeated(name.size() - kUnitsOfName);
 }
 
 CFastInfosetReader::NamePart CFastInfosetReader::NoNamePart() const {

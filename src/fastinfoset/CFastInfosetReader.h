@@ -99,7 +99,8 @@ private:
     /// The string that is meant; a new one is kept, in the table too if it says so.
     std::u16string_view Resolve(FastInfoset::StringOrIndex const& string, Strings& table);
     std::u16string_view PrefixOf(PrefixedName const& name) const;
-    void CountName(CXmlName const& name);
+    void CountName(PrefixedName const& name);
+    void CountName(std::u16string_view name);
     std::u16string_view KeepInVocabulary(std::u16string_view text);
     void CountRepeated(std::size_t units);
 
