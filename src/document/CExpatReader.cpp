@@ -98,13 +98,18 @@ struct CExpatReader::Callbacks {
         Run(userData, [=](CExpatReader& reader) { reader.SkipReference(Units(name)); });
     }
 
+    static void XmlDeclaration(void* userData, XML_Char const*, XML_Char const*, int standalone) {
+        static_cast<CExpatReader*>(userData)->m_standsAlone = standalone == 1;
+    }
+
     static void StartDocumentType(void* userData, XML_Char const*, XML_Char const* systemId, XML_Char const*,
                                   int) {
         auto* const reader = static_cast<CExpatReader*>(userData);
         reader->m_hasDocumentType = true;
         reader->m_isInDocumentType = reader->m_details.m_markup;
         // Without another file, Expat refuses default values that refer to what is not declared.
-        if (systemId != nullptr) XML_SetDefaultHandlerExpand(reader->m_parser.get(), Declaration);
+        if (systemId == nullptr) reader->m_defaults.ReadNoValues();
+        XML_SetDefaultHandlerExpand(reader->m_parser.get(), Declaration);
     }
 
     static void Declaration(void* userData, XML_Char const* text, int length) {
@@ -335,6 +340,7 @@ void CExpatReader::MakeParser(char16_t const* encoding) {
     m_parser = NewParser(encoding, m_schemaType);
     m_hasRoot = false;
     m_hasDocumentType = false;
+    m_standsAlone = false;
     m_entities = CEntities();
     m_defaults = CAttributeDefaults();
     m_lastNamespace = nullptr;
@@ -354,6 +360,7 @@ void CExpatReader::MakeParser(char16_t const* encoding) {
     XML_SetUnknownEncodingHandler(parser, Callbacks::UnknownEncoding, this);
     if (m_details.m_prefixes) XML_SetReturnNSTriplet(parser, XML_TRUE);
     if (m_details.m_markup) {
+        XML_SetXmlDeclHandler(parser, Callbacks::XmlDeclaration);
         XML_SetCommentHandler(parser, Callbacks::Comment);
         XML_SetProcessingInstructionHandler(parser, Callbacks::Instruction);
     }
@@ -473,7 +480,7 @@ void CExpatReader::StartElement(char16_t const* name, char16_t const* const* att
             std::u16string_view value = attributes[1];
             if (!isSpecified) CountDefaulted(value);
             auto const [attribute, prefix] = SplitName(attributes[0]);
-            m_attributes.push_back({&attribute, prefix, value, isSpecified});
+            m_attributes.push_back({&attribute, prefix, value, isSpecified || m_standsAlone});
         }
     }
     auto const [element, prefix] = ElementName(name);

@@ -108,6 +108,7 @@ private:
     std::uint64_t m_octets = 0;
     bool m_hasRoot = false;
     bool m_hasDocumentType = false;
+    bool m_standsAlone = false;  // by its declaration, where markup is asked for
     CEntities m_entities;
     CAttributeDefaults m_defaults;
     wstring m_tag;
