@@ -108,7 +108,8 @@ struct CExpatReader::Callbacks {
         reader->m_hasDocumentType = true;
         reader->m_isInDocumentType = reader->m_details.m_markup;
         // Without another file, Expat refuses default values that refer to what is not declared.
-        if (systemId != nullptr) XML_SetDefaultHandlerExpand(reader->m_parser.get(), Declaration);
+        if (systemId == nullptr) reader->m_defaults.ReadNoValues();
+        XML_SetDefaultHandlerExpand(reader->m_parser.get(), Declaration);
     }
 
     static void Declaration(void* userData, XML_Char const* text, int length) {
