@@ -35,6 +35,10 @@ inline constexpr std::size_t kMaxOctetsOfVocabulary = 256 * 1024 * 1024;
 inline constexpr int kMaxNestingEntities = 1024;
 inline constexpr std::size_t kStackOfEntity = 512;
 
+/// Attributes that a document type declares of one element. Expat
+/// looks at all of them for each that has a default value, and for each such element.
+inline constexpr std::size_t kMaxDeclaredAttributes = 1024;
+
 /// Zeros that the exponent of a decimal's text may add to its digits: a document of short texts must not fill
 /// the memory.
 inline constexpr std::int64_t kMaxExponentZeros = 10'000;
@@ -55,7 +59,7 @@ constexpr std::size_t MaxRepeatedUnits(std::uint64_t inputSize) {
     return std::max(kAlways, inputSize * kForEachOctet);
 }
 inline constexpr std::size_t kUnitsOfDefaultedAttribute = 8;
-inline constexpr std::size_t kUnitsOfName = 128;  // of a local name count for nothing: an element takes more
+inline constexpr std::size_t kUnitsOfName = 128;      // of a name count for nothing: an element takes more
 inline constexpr std::size_t kUnitsOfJoinedUnit = 2;  // besides the one that an index repeats
 
 /// Octets of stack that must be left where the compilation of a pattern enters another group.

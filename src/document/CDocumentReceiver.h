@@ -15,7 +15,9 @@ struct DocumentAttribute {
     CXmlName const* m_name;
     std::u16string_view m_prefix;  ///< empty for none, and where prefixes are not asked for
     std::u16string_view m_value;
-    bool m_isSpecified = true;  ///< false for one that the document type adds
+    /// False for one that the document type adds; not if the document is standalone="yes": without that, what the type
+    /// declares need not count.
+    bool m_isSpecified = true;
 };
 
 /// The value of an attribute as its tag has it, with quotes and references.
@@ -85,6 +87,9 @@ public:
 
     /// The same in a declaration of a namespace, whose name has nothing in its place.
     virtual void LoseEntityReference() {}
+
+    /// A document type of Fast Infoset, which is read and dropped.
+    virtual void LoseDocumentType() {}
 
     /// The document itself, a part of it, where that is asked for and the input lets it (DocumentDetails):
     /// nothing else is told then. The parser has checked what came before, and checks this next.

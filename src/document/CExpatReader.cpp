@@ -19,12 +19,17 @@ namespace BxXmlLib5 {
 
 namespace {
 
-/// Whether the name at the end declares a namespace.
-bool EndsInXmlns(std::u16string_view tag) {
-    constexpr std::u16string_view kSpace = u" \t\r\n";
+constexpr std::u16string_view kSpace = u" \t\r\n";
+
+/// @param tag from its beginning
+std::u16string_view ElementOf(std::u16string_view tag) {
+    return tag.substr(1, tag.find_first_of(u" \t\r\n/>") - 1);
+}
+
+/// @param tag up to the equals sign of an attribute
+std::u16string_view AttributeAtEnd(std::u16string_view tag) {
     tag = tag.substr(0, tag.find_last_not_of(kSpace) + 1);
-    std::u16string_view const name = tag.substr(tag.find_last_of(kSpace) + 1);
-    return name == u"xmlns" || name.starts_with(u"xmlns:");
+    return tag.substr(tag.find_last_of(kSpace) + 1);
 }
 
 constexpr std::size_t kSlice = 64 * 1024;
@@ -93,13 +98,28 @@ struct CExpatReader::Callbacks {
         Run(userData, [=](CExpatReader& reader) { reader.SkipReference(Units(name)); });
     }
 
-    static void StartDocumentType(void* userData, XML_Char const*, XML_Char const*, XML_Char const*, int) {
+    static void XmlDeclaration(void* userData, XML_Char const*, XML_Char const*, int standalone) {
+        static_cast<CExpatReader*>(userData)->m_standsAlone = standalone == 1;
+    }
+
+    static void StartDocumentType(void* userData, XML_Char const*, XML_Char const* systemId, XML_Char const*,
+                                  int) {
         auto* const reader = static_cast<CExpatReader*>(userData);
         reader->m_hasDocumentType = true;
         reader->m_isInDocumentType = reader->m_details.m_markup;
+        // Without another file, Expat refuses default values that refer to what is not declared.
+        if (systemId == nullptr) reader->m_defaults.ReadNoValues();
+        XML_SetDefaultHandlerExpand(reader->m_parser.get(), Declaration);
+    }
+
+    static void Declaration(void* userData, XML_Char const* text, int length) {
+        Run(userData, [=](CExpatReader& reader) {
+            reader.m_defaults.Add({Units(text), static_cast<std::size_t>(length)}, reader.m_entities);
+        });
     }
 
     static void EndDocumentType(void* userData) {
+        XML_SetDefaultHandlerExpand(static_cast<CExpatReader*>(userData)->m_parser.get(), nullptr);
         Run(userData, [](CExpatReader& reader) {
             if (reader.m_details.m_markup) reader.EndDocumentType();
         });
@@ -320,7 +340,9 @@ void CExpatReader::MakeParser(char16_t const* encoding) {
     m_parser = NewParser(encoding, m_schemaType);
     m_hasRoot = false;
     m_hasDocumentType = false;
+    m_standsAlone = false;
     m_entities = CEntities();
+    m_defaults = CAttributeDefaults();
     m_lastNamespace = nullptr;
     m_tagNames.Forget();
     m_noNamespace = &m_memory.m_names.InternText({});
@@ -338,6 +360,7 @@ void CExpatReader::MakeParser(char16_t const* encoding) {
     XML_SetUnknownEncodingHandler(parser, Callbacks::UnknownEncoding, this);
     if (m_details.m_prefixes) XML_SetReturnNSTriplet(parser, XML_TRUE);
     if (m_details.m_markup) {
+        XML_SetXmlDeclHandler(parser, Callbacks::XmlDeclaration);
         XML_SetCommentHandler(parser, Callbacks::Comment);
         XML_SetProcessingInstructionHandler(parser, Callbacks::Instruction);
     }
@@ -457,7 +480,7 @@ void CExpatReader::StartElement(char16_t const* name, char16_t const* const* att
             std::u16string_view value = attributes[1];
             if (!isSpecified) CountDefaulted(value);
             auto const [attribute, prefix] = SplitName(attributes[0]);
-            m_attributes.push_back({&attribute, prefix, value, isSpecified});
+            m_attributes.push_back({&attribute, prefix, value, isSpecified || m_standsAlone});
         }
     }
     auto const [element, prefix] = ElementName(name);
@@ -487,12 +510,16 @@ void CExpatReader::FindSkippedInTag() {
     XML_SetDefaultHandlerExpand(m_parser.get(), Callbacks::Tag);
     XML_DefaultCurrent(m_parser.get());
     XML_SetDefaultHandlerExpand(m_parser.get(), nullptr);
-    if (m_tag.find(u'&') == m_tag.npos) return;
+    if (m_failure) return;  // no memory for the tag
+    auto const* const defaults = m_defaults.Of(ElementOf(m_tag));
+    if (defaults == nullptr && m_tag.find(u'&') == m_tag.npos) return;
     NormalizeLineEnds(m_tag);
     std::u16string_view rest = m_tag;
     std::size_t attribute = 0;
+    std::vector<std::u16string_view> specified;
     for (std::size_t equals = rest.find(u'='); equals != rest.npos; equals = rest.find(u'=')) {
-        bool const isDeclaration = m_schemaType != st_NoNamespaces && EndsInXmlns(rest.substr(0, equals));
+        std::u16string_view const name = AttributeAtEnd(rest.substr(0, equals));
+        bool const isDeclaration = IsDeclaration(name);
         rest.remove_prefix(rest.find_first_of(u"'\"", equals));
         std::u16string_view const literal = rest.substr(0, rest.find(rest[0], 1) + 1);
         rest.remove_prefix(literal.size());
@@ -505,7 +532,34 @@ void CExpatReader::FindSkippedInTag() {
             }
         }
         if (!isDeclaration) ++attribute;
+        if (defaults != nullptr) specified.push_back(name);
     }
+    if (defaults != nullptr) FindSkippedInDefaults(*defaults, specified, line);
+}
+
+/// @param specified names of the attributes in the tag, which take no default value
+void CExpatReader::FindSkippedInDefaults(CAttributeDefaults::Defaults const& defaults,
+                                         std::vector<std::u16string_view>& specified, std::size_t line) {
+    std::ranges::sort(specified);
+    for (auto const& [name, value] : defaults) {
+        if (value.m_undeclared == 0 || std::ranges::binary_search(specified, name)) continue;
+        SkipEntity(value.m_first, line, value.m_undeclared);
+        if (m_details.m_markup && IsDeclaration(name)) m_receiver.LoseEntityReference();
+    }
+    if (!m_details.m_markup) return;
+    for (std::size_t i = 0; i < m_attributes.size(); ++i) {
+        auto const& [name, prefix, text, isSpecified] = m_attributes[i];
+        if (isSpecified) continue;
+        wstring const& local = name->m_localName;
+        auto const known = defaults.find(prefix.empty() ? local : wstring(prefix) + u':' + local);
+        if (known == defaults.end() || known->second.m_undeclared == 0) continue;
+        m_literals.push_back({i, known->second.m_literal, known->second.m_undeclared});
+    }
+}
+
+/// Whether an attribute of this name declares a namespace.
+bool CExpatReader::IsDeclaration(std::u16string_view name) const {
+    return m_schemaType != st_NoNamespaces && (name == u"xmlns" || name.starts_with(u"xmlns:"));
 }
 
 /// @return how many entities the value of an attribute refers to that are not declared
@@ -518,11 +572,12 @@ std::size_t CExpatReader::CountSkipped(std::u16string_view literal, std::size_t 
     return count;
 }
 
-void CExpatReader::SkipEntity(std::u16string_view name, std::size_t line) {
-    if (m_skippedEntities.m_count++ == 0) {
+void CExpatReader::SkipEntity(std::u16string_view name, std::size_t line, std::size_t times) {
+    if (m_skippedEntities.m_count == 0) {
         m_skippedEntities.m_name = name;
         m_skippedEntities.m_line = line;
     }
+    m_skippedEntities.m_count += times;
 }
 
 void CExpatReader::SkipReference(std::u16string_view name) {

@@ -13,6 +13,7 @@
 
 #include "BxXmlLib5/core/CInstanceMonitor.h"
 #include "BxXmlLib5/core/Enumerations.h"
+#include "document/CAttributeDefaults.h"
 #include "document/CDocumentReader.h"
 #include "document/CEntities.h"
 #include "document/CLineCounter.h"
@@ -86,9 +87,12 @@ private:
     void DeclareNamespace(char16_t const* prefix, char16_t const* namespaceUri);
     void AddText(std::u16string_view text);
     void FindSkippedInTag();
+    void FindSkippedInDefaults(CAttributeDefaults::Defaults const& defaults,
+                               std::vector<std::u16string_view>& specified, std::size_t line);
+    bool IsDeclaration(std::u16string_view name) const;
     std::size_t CountSkipped(std::u16string_view literal, std::size_t line);
     void SkipReference(std::u16string_view name);
-    void SkipEntity(std::u16string_view name, std::size_t line);
+    void SkipEntity(std::u16string_view name, std::size_t line, std::size_t times = 1);
     void EndDocumentType();
 
     SchemaType m_schemaType;
@@ -104,7 +108,9 @@ private:
     std::uint64_t m_octets = 0;
     bool m_hasRoot = false;
     bool m_hasDocumentType = false;
+    bool m_standsAlone = false;  // by its declaration, where markup is asked for
     CEntities m_entities;
+    CAttributeDefaults m_defaults;
     wstring m_tag;
     bool m_hasDeclarations = false;  // the tag that comes next
     std::vector<AttributeLiteral> m_literals;

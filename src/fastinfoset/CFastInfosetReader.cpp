@@ -61,7 +61,7 @@ CFastInfosetReader::CFastInfosetReader(CDocumentReceiver& receiver, DocumentMemo
                                        DocumentDetails details)
     : CInstanceMonitor(u"CFastInfosetReader"),
       CDocumentReader(receiver, memory, details),
-      m_input(memory.m_texts) {}
+      m_input(memory.m_texts, details.m_exact) {}
 CFastInfosetReader::~CFastInfosetReader() = default;
 
 bool CFastInfosetReader::Recognises(Octets beginning) {
@@ -111,7 +111,7 @@ void CFastInfosetReader::SkipOptionalComponents() {
         void (*m_skip)(CFastInfosetReader& reader);
     } kComponents[] = {
         {0x40, [](auto& reader) { reader.SkipAdditionalData(); }},
-        {0x20, [](auto& reader) { reader.SkipInitialVocabulary(); }},
+        {0x20, [](auto& reader) { reader.ReadInitialVocabulary(); }},
         {0x10, [](auto& reader) { reader.SkipNotations(); }},
         {0x08, [](auto& reader) { reader.SkipUnparsedEntities(); }},
         {0x04, [](auto& reader) { reader.SkipOctetString(); }},    // character-encoding-scheme
@@ -133,47 +133,70 @@ void CFastInfosetReader::SkipAdditionalData() {
 }
 
 // C.2.5
-void CFastInfosetReader::SkipInitialVocabulary() {
+void CFastInfosetReader::ReadInitialVocabulary() {
     constexpr struct {
         unsigned m_bit;  // of the two octets that say which tables follow
-        void (CFastInfosetReader::*m_skipEntry)();
+        void (*m_readEntry)(CFastInfosetReader& reader);
     } kTables[] = {
-        {0x08'00, &CFastInfosetReader::SkipOctetString},    // restricted-alphabets
-        {0x04'00, &CFastInfosetReader::SkipOctetString},    // encoding-algorithms
-        {0x02'00, &CFastInfosetReader::SkipOctetString},    // prefixes
-        {0x01'00, &CFastInfosetReader::SkipOctetString},    // namespace-names
-        {0x00'80, &CFastInfosetReader::SkipOctetString},    // local-names
-        {0x00'40, &CFastInfosetReader::SkipOctetString},    // other-ncnames
-        {0x00'20, &CFastInfosetReader::SkipOctetString},    // other-uris
-        {0x00'10, &CFastInfosetReader::SkipEncodedString},  // attribute-values
-        {0x00'08, &CFastInfosetReader::SkipEncodedString},  // content-character-chunks
-        {0x00'04, &CFastInfosetReader::SkipEncodedString},  // other-strings
-        {0x00'02, &CFastInfosetReader::SkipNameSurrogate},  // element-name-surrogates
-        {0x00'01, &CFastInfosetReader::SkipNameSurrogate},  // attribute-name-surrogates
+        {0x08'00, [](auto& reader) { reader.SkipOctetString(); }},  // restricted-alphabets
+        {0x04'00, [](auto& reader) { reader.SkipOctetString(); }},  // encoding-algorithms
+        {0x02'00, [](auto& reader) { reader.ReadInitialName(reader.m_prefixes); }},
+        {0x01'00, [](auto& reader) { reader.ReadInitialName(reader.m_namespaceNames); }},
+        {0x00'80, [](auto& reader) { reader.ReadInitialName(reader.m_localNames); }},
+        {0x00'40, [](auto& reader) { reader.ReadInitialName(reader.m_otherNames); }},  // other-ncnames
+        {0x00'20, [](auto& reader) { reader.SkipOctetString(); }},                     // other-uris
+        {0x00'10, [](auto& reader) { reader.ReadInitialString(reader.m_attributeValues); }},
+        {0x00'08, [](auto& reader) { reader.ReadInitialString(reader.m_characterChunks); }},
+        {0x00'04, [](auto& reader) { reader.ReadInitialString(reader.m_otherStrings); }},
+        {0x00'02, [](auto& reader) { reader.ReadInitialSurrogate(reader.m_elementNames); }},
+        {0x00'01, [](auto& reader) { reader.ReadInitialSurrogate(reader.m_attributeNames); }},
     };
     constexpr unsigned kExternalVocabulary = 0x10'00;
     unsigned present = m_input.ReadOctet();
     present = present << 8 | m_input.ReadOctet();
-    if ((present & kExternalVocabulary) != 0) SkipOctetString();
+    if ((present & kExternalVocabulary) != 0) SkipExternalVocabulary();
     for (auto const& table : kTables) {
         if ((present & table.m_bit) == 0) continue;
-        for (auto count = m_input.ReadSequenceLength(); count > 0; --count) (this->*table.m_skipEntry)();
+        for (auto count = m_input.ReadSequenceLength(); count > 0; --count) table.m_readEntry(*this);
     }
+}
+
+void CFastInfosetReader::SkipExternalVocabulary() {
+    if (m_details.m_exact)
+        throw CBxException(u"Failed to parse FastInfoset. The document needs an external vocabulary.");
+    SkipOctetString();
 }
 
 void CFastInfosetReader::SkipOctetString() {
     m_input.ReadOctets(m_input.ReadLengthOnSecondBit(m_input.ReadOctet()));
 }
 
-void CFastInfosetReader::SkipEncodedString() {
-    m_input.ReadEncodedStringOnThirdBit(m_input.ReadOctet());
+void CFastInfosetReader::ReadInitialName(NameParts& table) {
+    if (!m_details.m_exact) return SkipOctetString();
+    auto const text = m_input.ReadUtf8OnSecondBit();
+    table.Add(&m_memory.m_names.InternText({text.data(), text.size()}));
+}
+
+void CFastInfosetReader::ReadInitialString(Strings& table) {
+    auto const text = m_input.ReadEncodedStringOnThirdBit(m_input.ReadOctet());
+    if (m_details.m_exact) table.Add(KeepInVocabulary({text.data(), text.size()}));
 }
 
 // C.16
-void CFastInfosetReader::SkipNameSurrogate() {
+void CFastInfosetReader::ReadInitialSurrogate(Names& names) {
     unsigned const present = m_input.ReadOctet();
-    int const indices = 1 + ((present & kHasPrefix) != 0) + ((present & kHasNamespace) != 0);
-    for (int i = 0; i < indices; ++i) m_input.ReadIndexOnSecondBit(m_input.ReadOctet());
+    wstring const* const none = &m_memory.m_names.InternText({});
+    auto const read = [&](bool isPresent, NameParts const& table) {
+        if (!isPresent) return none;
+        auto const index = m_input.ReadIndexOnSecondBit(m_input.ReadOctet());
+        return m_details.m_exact ? table.At(index) : none;
+    };
+    wstring const* const prefix = read((present & kHasPrefix) != 0, m_prefixes);
+    wstring const* const namespaceUri = read((present & kHasNamespace) != 0, m_namespaceNames);
+    wstring const* const localName = read(true, m_localNames);
+    if (!m_details.m_exact) return;
+    ThrowIfNamespaceTooLong(*namespaceUri);
+    names.Add({&m_memory.m_names.Combine(*namespaceUri, *localName), prefix});
 }
 
 // C.11
@@ -210,6 +233,7 @@ void CFastInfosetReader::SkipDocumentType(unsigned char first) {
         ReadOtherString();
     }
     if (next != kTerminator) ThrowInvalidElement();
+    if (m_details.m_markup) m_receiver.LoseDocumentType();
 }
 
 // C.5
@@ -255,6 +279,7 @@ bool CFastInfosetReader::ReadItemOfDocument() {
         SkipDocumentType(first);
     } else if (!ReadMarkup(first)) {
         if (!m_hasRoot) ThrowNoRoot();
+        if (first != kTerminator && first != kTwoTerminators) ThrowInvalidElement();
         return false;
     }
     return true;
@@ -283,7 +308,8 @@ void CFastInfosetReader::ReadItem(unsigned char first) {
         EndElement();
     } else if (first == kTwoTerminators) {
         EndElement();
-        if (HasOpenElement()) EndElement();
+        m_isAtEnd = !HasOpenElement();
+        if (!m_isAtEnd) EndElement();
     } else if (kUnexpandedEntityReference.Matches(first)) {
         ReadEntityReference(first);
     } else if (!ReadMarkup(first)) {
@@ -348,7 +374,11 @@ std::u16string_view CFastInfosetReader::ReadOtherString() {
 }
 
 CFastInfosetReader::NamePart CFastInfosetReader::ReadOtherName() {
-    if (m_details.m_markup) return ReadNamePart(m_otherNames);
+    if (m_details.m_markup) {
+        NamePart const name = ReadNamePart(m_otherNames);
+        CountName(name.m_text);
+        return name;
+    }
     m_input.ReadIdentifyingStringOrIndex();
     return NoNamePart();
 }
@@ -357,6 +387,10 @@ CFastInfosetReader::NamePart CFastInfosetReader::ReadOtherName() {
 void CFastInfosetReader::ReadNamespaceAttribute(unsigned char first) {
     NamePart const prefix = (first & kHasPrefix) != 0 ? ReadNamePart(m_prefixes) : NoNamePart();
     NamePart const namespaceUri = (first & kHasNamespace) != 0 ? ReadNamespaceName() : NoNamePart();
+    if (m_details.m_prefixes) {
+        CountName(prefix.m_text);
+        CountName(namespaceUri.m_text);
+    }
     m_receiver.DeclareNamespace(prefix.m_text, namespaceUri.m_text);
 }
 
@@ -380,14 +414,14 @@ CFastInfosetReader::PrefixedName CFastInfosetReader::ReadLiteralName(unsigned ch
     NamePart const namespaceUri = hasNamespace ? ReadNamespaceName() : NoNamePart();
     NamePart const localName = ReadNamePart(m_localNames);
     PrefixedName const name{&m_memory.m_names.Combine(namespaceUri.m_text, localName.m_text), &prefix.m_text};
-    CountName(*name.m_name);
+    CountName(name);
     if (prefix.m_hasIndex && namespaceUri.m_hasIndex && localName.m_hasIndex) names.Add(name);
     return name;
 }
 
 CFastInfosetReader::PrefixedName CFastInfosetReader::FindName(Names const& names, std::uint64_t index) {
     PrefixedName const name = names.At(index);
-    CountName(*name.m_name);
+    CountName(name);
     return name;
 }
 
@@ -396,9 +430,13 @@ std::u16string_view CFastInfosetReader::PrefixOf(PrefixedName const& name) const
 }
 
 /// The tree holds a name once, but what is read from the tree holds the local one for each element.
-void CFastInfosetReader::CountName(CXmlName const& name) {
-    std::size_t const units = name.m_localName.size();
-    if (units > kUnitsOfName) CountRepeated(units - kUnitsOfName);
+void CFastInfosetReader::CountName(PrefixedName const& name) {
+    CountName(name.m_name->m_localName);
+    if (m_details.m_prefixes) CountName(*name.m_prefix);
+}
+
+void CFastInfosetReader::CountName(std::u16string_view name) {
+    if (name.size() > kUnitsOfName) CountRepeated(name.size() - kUnitsOfName);
 }
 
 CFastInfosetReader::NamePart CFastInfosetReader::NoNamePart() const {

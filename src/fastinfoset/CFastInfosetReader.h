@@ -17,7 +17,7 @@ class CPeekedSource;
 
 /// Parses one document, that is given whole or comes in slices. Elements, attributes, texts and namespace attributes
 /// are told, and comments, instructions and references to entities where they are asked for; everything else, an
-/// initial vocabulary included, is read and dropped.
+/// initial vocabulary included unless exactness is asked for, is read and dropped.
 ///
 /// Where the octet with which an item begins has been read already, it is the argument.
 class CFastInfosetReader : public CInstanceMonitor, public CDocumentReader {
@@ -61,10 +61,12 @@ private:
     void ReadStart();
     void SkipOptionalComponents();
     void SkipAdditionalData();
-    void SkipInitialVocabulary();
+    void ReadInitialVocabulary();
+    void SkipExternalVocabulary();
     void SkipOctetString();
-    void SkipEncodedString();
-    void SkipNameSurrogate();
+    void ReadInitialName(NameParts& table);
+    void ReadInitialString(Strings& table);
+    void ReadInitialSurrogate(Names& names);
     void SkipNotations();
     void SkipUnparsedEntities();
     /// A system and a public identifier.
@@ -97,7 +99,8 @@ private:
     /// The string that is meant; a new one is kept, in the table too if it says so.
     std::u16string_view Resolve(FastInfoset::StringOrIndex const& string, Strings& table);
     std::u16string_view PrefixOf(PrefixedName const& name) const;
-    void CountName(CXmlName const& name);
+    void CountName(PrefixedName const& name);
+    void CountName(std::u16string_view name);
     std::u16string_view KeepInVocabulary(std::u16string_view text);
     void CountRepeated(std::size_t units);
 

@@ -82,6 +82,10 @@ Decoded CStringReader::ReadString(StringEncoding encoding, unsigned index, std::
     throw CBxException(invalid);
 }
 
+Decoded CStringReader::ReadUtf8OnSecondBit() {
+    return ReadUtf8(ReadLengthOnSecondBit(ReadOctet()));
+}
+
 std::uint64_t CStringReader::ReadSequenceLength() {
     return ReadInteger(ReadOctet(), kSequenceLength);
 }
@@ -135,7 +139,10 @@ Decoded CStringReader::ReadUtf8(std::uint64_t length) {
 
 Decoded CStringReader::DecodeUtf8(std::span<unsigned char const> octets) {
     char16_t* const room = m_texts.Reserve(octets.size());
-    return {room, Utf8ToWide(octets, room)};
+    std::size_t const size = Utf8ToWide(octets, room);
+    if (m_isStrict && size == 0 && !octets.empty())
+        throw CBxException(u"Failed to parse FastInfoset. Invalid UTF-8 string.");
+    return {room, size};
 }
 
 Decoded CStringReader::ReadUtf16(std::uint64_t length) {

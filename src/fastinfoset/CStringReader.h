@@ -36,13 +36,15 @@ struct StringOrIndex {
 class CStringReader : public COctetReader {
 public:
     /// @param texts where strings are decoded
-    explicit CStringReader(CTextStore& texts) : m_texts(texts) {}
+    /// @param isStrict whether malformed UTF-8 is refused; otherwise it stands for nothing
+    CStringReader(CTextStore& texts, bool isStrict) : m_texts(texts), m_isStrict(isStrict) {}
 
     StringOrIndex ReadIdentifyingStringOrIndex();                                  // C.13
     StringOrIndex ReadNonIdentifyingStringOrIndexOnFirstBit();                     // C.14
     StringOrIndex ReadNonIdentifyingStringOrIndexOnThirdBit(unsigned char first);  // C.15
     Decoded ReadEncodedStringOnThirdBit(unsigned char first);                      // C.19
     Decoded ReadEncodedStringOnFifthBit(unsigned char first);                      // C.20
+    Decoded ReadUtf8OnSecondBit();                                                 // C.22, as text
     std::uint64_t ReadSequenceLength();                                            // C.21
     std::uint64_t ReadLengthOnSecondBit(unsigned char first);                      // C.22
     std::uint64_t ReadLengthOnFifthBit(unsigned char first);                       // C.23
@@ -62,6 +64,7 @@ private:
     Decoded DecodeUtf8(std::span<unsigned char const> octets);
 
     CTextStore& m_texts;
+    bool m_isStrict;
     CVocabularyTable<std::u16string_view> m_restrictedAlphabets{kBuiltInAlphabets[0], kBuiltInAlphabets[1]};
 };
 

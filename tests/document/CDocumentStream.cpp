@@ -289,3 +289,34 @@ TEST(CDocumentStream, TellsPrefixesMarkupAndPlaces) {
                               "90 'x' C8 00 'e' E2 81 A0 F0 E2 00 'd' F0")),
               "?p q?!c!xmlns:p=v 0:0@38<p:{v}a p:{v}k=1>x&e;!c!x/!d!");
 }
+
+TEST(CDocumentStream, BoundsWhatIndicesRepeatOfPrefixesAndMarkup) {
+    std::string const header = "E0 00 00 01 00 ", name = "60 00 00 0E BF '" + std::string(4096, 'n') + "' ";
+    struct {
+        std::string m_once, m_often;
+    } const rows[] = {
+        {"3F " + name + "00 'u' 00 'a'", "00 F0"},
+        {"38 CF " + name + "00 'u' F0 3C 00 'a'", "38 CF 81 81 F0 00 F0"},
+        {"38 CF 00 'p' " + name + "F0 3C 00 'a'", "38 CF 81 81 F0 00 F0"},
+        {"3C 00 'a' E1 " + name + "FF", "E1 80 FF"},
+        {"3C 00 'a' C8 " + name, "C8 80"},
+    };
+    auto const read = [](std::string const& octets) {
+        CXmlDocument const document;
+        CDocumentNodes nodes;
+        CDocumentBuilder builder(document, nodes, CDocumentBuilder::kTextsPass);
+        CSlices source(octets, 1000);
+        CDocumentStream stream(source, builder, nodes.m_names,
+                               {.m_details = {.m_prefixes = true, .m_markup = true}});
+        return Thrown([&] { stream.Read(); });
+    };
+    std::string const failed = "CBxException: Failed to parse FastInfoset. ";
+    for (auto const& row : rows) {
+        // 128 units of a name count for nothing.
+        std::string const most = OctetsOf(header + row.m_once) + Repeat(OctetsOf(row.m_often), 2113);
+        EXPECT_EQ(read(most), failed + "Unexpected End of File.") << row.m_often;
+        EXPECT_EQ(read(most + OctetsOf(row.m_often)),
+                  failed + "The indices repeat more text than a document of this size may have.")
+            << row.m_often;
+    }
+}

@@ -220,20 +220,31 @@ TEST(Input, TellsOfSkippedEntities) {
         std::string m_first;
         int m_line;
     };
-    for (Row const& row : std::vector<Row>{
-             {"<!DOCTYPE a SYSTEM 'x'>\n<a>5&euro;\n&nbsp;&euro;</a>", "a'5\n'", 3, "euro", 2},
-             {"<!DOCTYPE a SYSTEM 'x' [<!ENTITY e 'E'>]><a\nk='1&e;&amp;&#65;&u;2' l='&v;'>&e;</a>",
-              "a@k=1E&A2@l='E'", 2, "u", 1},
-             {"<!DOCTYPE a [<!ENTITY e SYSTEM 'x'>]><a>1&e;2</a>", "a'12'", 1, "e", 1},
-             {"<!DOCTYPE a [<!ENTITY f '<b/>&é;'>\n<!ENTITY é SYSTEM 'x'>]>\n<a xmlns:p='u'>&f;&f;</a>",
-              "a(b b)", 2, "é", 3},
-             {"<!DOCTYPE a [<!ENTITY % p SYSTEM 'x'>%p;<!ENTITY e 'E'>]>\n<a k='&e;'>&e;</a>", "a@k=", 2, "e",
-              2},
-             {"<!DOCTYPE a SYSTEM 'x' [<!ENTITY f '1&e;&g;2'><!ENTITY g '&u;&v;'>\n"
-              "<!ENTITY e ''>]>\n<a k='&f;&e;' l='&f;&g;'/>",
-              "a@k=12@l=12", 3, "u", 3},
-             {"<!DOCTYPE a SYSTEM 'x' [<!ENTITY e 'E&#38;lt;'>]><a k='&e;&gt;'>&e;&lt;</a>", "a@k=E<>'E<<'",
-              0, "", 0}}) {
+    for (
+        Row const& row : std::vector<Row>{
+            {"<!DOCTYPE a SYSTEM 'x'>\n<a>5&euro;\n&nbsp;&euro;</a>", "a'5\n'", 3, "euro", 2},
+            {"<!DOCTYPE a SYSTEM 'x' [<!ENTITY e 'E'>]><a\nk='1&e;&amp;&#65;&u;2' l='&v;'>&e;</a>",
+             "a@k=1E&A2@l='E'", 2, "u", 1},
+            {"<!DOCTYPE a [<!ENTITY e SYSTEM 'x'>]><a>1&e;2</a>", "a'12'", 1, "e", 1},
+            {"<!DOCTYPE a [<!ENTITY f '<b/>&é;'>\n<!ENTITY é SYSTEM 'x'>]>\n<a xmlns:p='u'>&f;&f;</a>",
+             "a(b b)", 2, "é", 3},
+            {"<!DOCTYPE a [<!ENTITY % p SYSTEM 'x'>%p;<!ENTITY e 'E'>]>\n<a k='&e;'>&e;</a>", "a@k=", 2, "e",
+             2},
+            {"<!DOCTYPE a SYSTEM 'x' [<!ENTITY f '1&e;&g;2'><!ENTITY g '&u;&v;'>\n"
+             "<!ENTITY e ''>]>\n<a k='&f;&e;' l='&f;&g;'/>",
+             "a@k=12@l=12", 3, "u", 3},
+            {"<!DOCTYPE a SYSTEM 'x' [<!ENTITY e 'E&#38;lt;'>]><a k='&e;&gt;'>&e;&lt;</a>", "a@k=E<>'E<<'", 0,
+             "", 0},
+            // In default values, where an element takes them
+            {"<!DOCTYPE a SYSTEM 'x' [<!ENTITY e '&u;'><!ATTLIST a k CDATA '1&u;2' l (x|y) 'x' m NMTOKEN #IMPLIED>\n"
+             "<!ATTLIST a l CDATA '&w;' m CDATA '&w;'\nn CDATA #FIXED \">&e;&v;\" o NOTATION (x|y) #REQUIRED>\n"
+             "<!ATTLIST a p CDATA '&w;' q CDATA ''><!ATTLIST b k CDATA '&w;'>]>\n<a p = ''><b k=''/></a>",
+             "a@p=@k=12@l=x@n=>@q=(b@k=)", 3, "u", 5},
+            {"<!DOCTYPE a SYSTEM 'x' [<!ATTLIST a k CDATA '&e;'><!ENTITY e '<b/>'><!ATTLIST b k CDATA '&u;'>%p;\n"
+             "<!ATTLIST a l CDATA '&v;'>]><a\n>&e;<b/></a>",
+             "a@k=(b@k= b@k=)", 3, "e", 2},
+            {"<!DOCTYPE p:a SYSTEM 'x' [<!ATTLIST p:a xmlns:p CDATA 'u&u;' p:k CDATA '1&v;'>]><p:a/>",
+             "{u}a@{u}k=1", 2, "v", 1}}) {
         for (Way const way : {kOctets, kNarrow, kWide}) {
             CXmlDocument document;
             Load(way, document, row.m_text);

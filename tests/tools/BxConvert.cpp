@@ -42,6 +42,7 @@ TEST(Convert, WritesWhatItReads) {
     std::string const lost = "bxconvert: standard input: warning: Fast Infoset does not keep ";
     std::string const
         external = "<!DOCTYPE a SYSTEM 'x' [<!ENTITY e '1'>]>\n",
+        defaults = "<!DOCTYPE a SYSTEM 'x' [<!ATTLIST a k CDATA '1&u;2&v;'><!ATTLIST b k CDATA '&w;'>]>\n",
         start = "<!--c--><?p?><!DOCTYPE a><a x=\"1\">",
         outside = "<!--c-->\n<?p?>\n<!DOCTYPE a>\n<a x=\"1\">",
         subset =
@@ -58,6 +59,8 @@ TEST(Convert, WritesWhatItReads) {
         {"", latin1 + "<!DOCTYPE a SYSTEM 'x'\r\n[\r]>\r\n<a k='\r\n&f;'>\xE4</a>", kDeclaration + "<!DOCTYPE a SYSTEM 'x'\n[\n]>\n<a k='\n&f;'>\xC3\xA4</a>\n", ""},
         {"", "<?xml version='1.0' standalone='yes'?><!DOCTYPE a [<!ENTITY % p SYSTEM 'x'>%p;<!ENTITY e '1'>]><a>&e;</a>",
             kDeclaration + "<!DOCTYPE a [<!ENTITY % p SYSTEM 'x'>%p;<!ENTITY e '1'>]>\n<a>1</a>\n", ""},
+        {"", "<?xml version='1.0' standalone='yes'?><!DOCTYPE a [<!ENTITY % p SYSTEM 'x'>%p;<!ATTLIST a k CDATA '1'>]><a/>",
+            kDeclaration + "<!DOCTYPE a [<!ENTITY % p SYSTEM 'x'>%p;<!ATTLIST a k CDATA '1'>]>\n<a k=\"1\"/>\n", ""},
         // Text in UTF-8 as it stands
         {"", "\xEF\xBB\xBF<?xml version='1.0' encoding='Us-Ascii' standalone='no'?>\r\n " + subset + "<a k = '1'></a >\n<!--c-->",
             kDeclaration + subset + "<a k = '1'></a >\n<!--c-->\n", ""},
@@ -77,7 +80,12 @@ TEST(Convert, WritesWhatItReads) {
         {"--to finf", "\xE0\0\0\1\0\x3C\0a\x90\1\xFF"s, "\xE0\0\0\1\0\x3C\0a\x90\1\xFF"s, ""},
         {"--to finf", subset + "<a><!--c--></a>", "\xE0\0\0\1\0\x7C\0a\x78\0k\x40" "d\xF0\xFF"s, lost + "1 comment, 1 document type\n"},
         {"--to finf", "<?p?><?q?><!DOCTYPE a SYSTEM 'x'><a>&e;</a>", "\xE0\0\0\1\0\x3C\0a\xFF"s, lost + "2 processing instructions, 1 document type, 1 entity reference\n"},
+        {"--to finf", defaults + "<a><b k='' /></a>", "\xE0\0\0\1\0\x7C\0a\x78\0k\x41" "12\xF0\x7C\0b\0\xFF\xF0\xFF\xF0"s, lost + "1 document type, 2 entity references\n"},
+        {"", latin1 + defaults + "<a/>", kDeclaration + defaults + "<a/>\n", ""},
         {"", "\xE0\0\0\1\0\xE2\0c\x3C\0a\xC8\0e\xFF"s, kDeclaration + "<!--c-->\n<a/>\n", "bxconvert: standard input: warning: XML text does not keep 1 entity reference\n"},
+        {"", "\xE0\0\0\1\0\xC6\0s\xE1\0p\0q\xF0\x3C\0a\xF0\xE2\0c\xFF\xE2\0d"s, kDeclaration + "<a/>\n<!--c-->\n", "bxconvert: standard input: warning: XML text does not keep 1 document type\n"},
+        {"", "\xE0\0\0\1\x20\3\xFF\0\0p\0\0u\1\0a\0k\0\0o\0\0x\0\0v\0\0t\0\0s\0\3\1\1\0\0\0\1\x40\0\x80\xF0\xA0\xE2\x80\xE1\x80\x80\xFF"s,
+            kDeclaration + "<p:a xmlns:p=\"u\" k=\"v\">t<!--s--><?o s?></p:a>\n", ""},
         // What is in an element
         {"", latin1 + "<a>1<b>2<c/>3</b>4<b>5</b> </a>", kDeclaration + "<a>1<b>2<c/>3</b>4<b>5</b> </a>\n", ""},
         {"", latin1 + "<a k='&#13;&#10;&#9;&lt;&quot;&amp;' l=''>&#13;&amp;<![CDATA[<&]]>&#10;</a>", kDeclaration + "<a k=\"&#13;&#10;&#9;&lt;&quot;&amp;\" l=\"\">&#13;&amp;&lt;&amp;\n</a>\n", ""},
@@ -92,6 +100,7 @@ TEST(Convert, WritesWhatItReads) {
         {"--format", "<a><b>1<c/></b><d><e> </e>\n</d></a>", kDeclaration + "<a>\n\t<b>1<c/></b>\n\t<d>\n\t\t<e> </e>\n\t</d>\n</a>\n", ""},
         {"--compact", "<a> <b xml:space=\"preserve\"> <c> <d xml:space=\"default\"> <f/></d></c></b> <e xml:space=\"default\"> <f/></e></a>",
             kDeclaration + "<a><b xml:space=\"preserve\"> <c> <d xml:space=\"default\"><f/></d></c></b><e xml:space=\"default\"><f/></e></a>", ""},
+        {"--compact --no-namespaces", "<a xml:space='preserve'> <b/></a>", kDeclaration + "<a xml:space=\"preserve\"> <b/></a>", ""},
         {"--compact", "<a> " + mostSeen + "</a>", kDeclaration + "<a>" + mostSeen + "</a>", ""},
         {"--compact", "<a> " + mostSeen + "<b/></a>", kDeclaration + "<a> " + mostSeen + "<b/></a>", ""},
         {"--compact", "<!DOCTYPE a SYSTEM 'x'><a> <b/>&e;</a>", kDeclaration + "<!DOCTYPE a SYSTEM 'x'>\n<a> <b/>&e;</a>", ""},
@@ -112,8 +121,13 @@ TEST(Convert, WritesWhatItReads) {
             kDeclaration + "<p:a xmlns:p=\"u\"><b xmlns:p=\"v\"><p:c xmlns:p=\"u\"/></b></p:a>\n", ""},
         {"", "\xE0\0\0\1\0\x78\xCF\2xml\0u\xCE\0p\xCF\4xmlns\0v\xCF\0q\x80\xF0\x3F\x80\x81\0a\x7B\x81\x80\3lang\xFF\xF0\xFF"s,
             kDeclaration + "<ns1:a xmlns:ns1=\"u\" xml:lang=\"\"/>\n", ""},
-        {"", "\xE0\0\0\1\0\x38\xCF\0p\0u\xF0\x3F\x81\x81\0a\x7F\0q\x81\0b\x7B\x81\0v\0k\xFF\xF0\xFF"s,
-            kDeclaration + "<p:a xmlns:p=\"u\"><p:b xmlns:ns1=\"v\" ns1:k=\"\"/></p:a>\n", ""},
+        {"", "\xE0\0\0\1\0\x38\xCF\0p\0u\xF0\x3F\x81\x81\0a\x7F\0q\x81\0b\x7B\x81\0v\0k\xFF\xFF\x41\0\xFF\xFF\xF0"s,
+            kDeclaration + "<p:a xmlns:p=\"u\"><p:b xmlns:ns1=\"v\" ns1:k=\"\"/><p:b xmlns:ns1=\"v\" ns1:k=\"\"/></p:a>\n", ""},
+        {"", "\xE0\0\0\1\0\x38\xCF\0p\0u\xF0\x3F\x81\x81\0a\x38\xCF\0q\x81\xF0\x3C\0b\x78\xCF\x82\0v\xF0\x3C\0c\x79\x81\0k\xFF\xFF\xF0"
+             "\x78\xCF\0r\x82\xF0\2\0\xFF\xFF\xF0"s,
+            kDeclaration + "<p:a xmlns:p=\"u\"><b xmlns:q=\"u\"><c xmlns:q=\"v\" p:k=\"\"/></b><c xmlns:r=\"v\" p:k=\"\"/></p:a>\n", ""},
+        {"", "\xE0\0\0\1\0\x3C\0a\x7C\0b\x79\0u\0k\xFF\xF0\x7C\0c\x79\0v\0k\xFF\xFF\xF0\x41\0\xFF\xFF\xF0"s,
+            kDeclaration + "<a><b xmlns:ns1=\"u\" ns1:k=\"\"><c xmlns:ns2=\"v\" ns2:k=\"\"/></b><b xmlns:ns1=\"u\" ns1:k=\"\"/></a>\n", ""},
         {"", "\xE0\0\0\1\0\x38\xCF\2ns1\0v\xF0\x3C\0a\x7C\0b\x79\0u\0k\x44ns1:T\xF0\xFF"s,
             kDeclaration + "<a xmlns:ns1=\"v\"><b xmlns:ns2=\"u\" ns2:k=\"ns1:T\"/></a>\n", ""},
         // Facts instead of the document
@@ -162,16 +176,27 @@ TEST(Convert, WritesFastInfosetThatAStrictReaderTakes) {
 
 /// In a time that does not grow with their square or cube, which the limit of a test's time shows.
 TEST(Convert, MakesAnyNumberOfPrefixes) {
-    std::string input = "\xE0\0\0\1\0\x7C\0a"s;
-    std::string declarations, attributes;
-    for (int i = 1; i <= 50'000; ++i) {
+    constexpr int kCount = 50'000;
+    std::string bare, named, declarations, attributes;
+    for (int i = 1; i <= kCount; ++i) {
         std::string const prefix = "ns" + std::to_string(i), name = "a" + std::to_string(100'000 + i);
-        input += "\x79\6" + name + "\6" + name + "\xFF";
+        bare += "\x79\6" + name + "\6" + name + "\xFF";
+        named += "\xCF" + std::string(1, static_cast<char>(prefix.size() - 1)) + prefix + "\6" + name;
         declarations += " xmlns:" + prefix + "=\"" + name + "\"";
         attributes += " " + prefix + ":" + name + "=\"\"";
     }
-    Ending const ending = Folder().Run("bxconvert --declaration no -", input + "\xF0\xFF");
-    EXPECT_TRUE(ending.m_out == "<a" + declarations + attributes + "/>\n") << ending.m_out.substr(0, 1000);
+    std::string const one = "<b xmlns:ns50001=\"v\" ns50001:k=\"\"/>";
+    std::pair<std::string, std::string> const rows[] = {
+        {"\x7C\0a"s + bare + "\xF0", "<a" + declarations + attributes + "/>"},
+        {"\x38"s + named + "\xF0\x3C\0a\x7C\0b\x79\0v\0k\xFF\xFF"s + Repeat("\x41\0\xFF\xFF"s, kCount) +
+             "\xF0",
+         "<a" + declarations + ">" + one + Repeat(one, kCount) + "</a>"},
+    };
+    Folder const folder;
+    for (auto const& [infoset, text] : rows) {
+        Ending const ending = folder.Run("bxconvert --declaration no -", "\xE0\0\0\1\0"s + infoset + "\xF0");
+        EXPECT_TRUE(ending.m_out == text + "\n") << ending.m_errors << ending.m_out.substr(0, 1000);
+    }
 }
 
 TEST(Convert, BoundsTheTablesOfFastInfoset) {
@@ -315,6 +340,15 @@ TEST(Convert, RefusesBadDocuments) {
         {"", "\xE0\0\0\1\0\x3C\1a \xFF"s, unwritable + "9"},
         {"", "\xE0\0\0\1\0\x7C\0a\x78\5k='' l\xFF\xF0\xFF"s, unwritable + "18"},
         {"", "\xE0\0\0\1\0\x3C\0a\x95\xD8\0\xF0\xFF"s, unwritable + "11"},
+        {"", "\xE0\0\0\1\0\xE1\2xMl\0q\x3C\0a\xFF"s, unwritable + "12"},
+        {"", "\xE0\0\0\1\0\x7C\0a\x78\4xmlns\x40u\xF0\xFF"s, unwritable + "18"},
+        {"--to finf", "\xE0\0\0\1\0\x7F\0p\0u\0a\x7B\x81\x81\0k\x40v\x7B\0q\x81\x81\x40w\xF0\xFF"s,
+         "An element has two attributes of the same name, before octet 27"},
+        {"", "\xE0\0\0\1\0\x3C\0\xC3\xFF"s, "Failed to parse FastInfoset. Invalid UTF-8 string."},
+        {"", "\xE0\0\0\1\0\x3C\0a\xF0\x3C\0b\xFF"s,
+         "Failed to parse FastInfoset. Invalid Encoding of Element type."},
+        {"", "\xE0\0\0\1\x20\x10\0\0x\x3C\0a\xFF"s,
+         "Failed to parse FastInfoset. The document needs an external vocabulary."},
         {"--to finf", "\xE0\0\0\1\0\x3C\0a\x95\xD8\0\xF0\xFF"s,
          "A text with half of a surrogate pair has no UTF-8 form, before octet 12"},
         {"--strict --to finf", "<a><!--c--></a><?p?>",

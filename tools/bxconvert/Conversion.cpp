@@ -26,7 +26,8 @@ DocumentStreamSettings SettingsOf(Options const& options) {
             .m_details = {.m_systemEncodings = true,
                           .m_prefixes = true,
                           .m_markup = !options.m_info,
-                          .m_octets = isAsItIs},
+                          .m_octets = isAsItIs,
+                          .m_exact = true},
             .m_maxSize = options.m_maxSize.value_or(std::numeric_limits<std::uint64_t>::max()),
             .m_maxInflatedSize = options.m_maxSize.value_or(kMaxInflatedSize)};
 }

@@ -42,6 +42,7 @@ public:
     }
 
     void LoseEntityReference() override { ++m_losses.m_references; }
+    void LoseDocumentType() override { ++m_losses.m_documentTypes; }
 
 protected:
     static constexpr std::size_t kSlice = 64 * 1024;

@@ -18,6 +18,12 @@ bool IsWhitespace(std::u16string_view text) {
         text, [](char16_t c) { return c == u' ' || c == u'\t' || c == u'\r' || c == u'\n'; });
 }
 
+/// Whether the name is xml:space, also where prefixes are left as they are.
+bool IsSpace(CXmlName const& name) {
+    if (name.m_namespaceUri.empty()) return name.m_localName == u"xml:space";
+    return name.m_localName == u"space" && name.m_namespaceUri == kXmlNamespace;
+}
+
 }  // namespace
 
 void LayoutFilter::DeclareNamespace(wstring const& prefix, wstring const& namespaceUri) {
@@ -41,9 +47,7 @@ void LayoutFilter::StartElement(DocumentElement const& element) {
     for (DocumentAttribute const& attribute : element.m_attributes) {
         m_attributes.push_back(
             {attribute.m_name, Keep(attribute.m_prefix), Keep(attribute.m_value), attribute.m_isSpecified});
-        bool const isSpace =
-            attribute.m_name->m_localName == u"space" && attribute.m_name->m_namespaceUri == kXmlNamespace;
-        if (isSpace) isPreserved = attribute.m_value == u"preserve";
+        if (IsSpace(*attribute.m_name)) isPreserved = attribute.m_value == u"preserve";
     }
     for (auto const& [attribute, text, references] : element.m_literals)
         m_literals.push_back({attribute, Keep(text), references});

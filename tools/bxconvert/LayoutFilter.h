@@ -27,6 +27,7 @@ public:
     void AddDocumentType(std::u16string_view text) override;
     void AddEntityReference(std::u16string_view name) override;
     void LoseEntityReference() override { m_receiver.LoseEntityReference(); }
+    void LoseDocumentType() override { m_receiver.LoseDocumentType(); }
 
 private:
     static constexpr std::size_t kDocument = 0;

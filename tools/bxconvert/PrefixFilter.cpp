@@ -1,5 +1,9 @@
 #include "PrefixFilter.h"
 
+#include <algorithm>
+#include <functional>
+
+#include "BxXmlLib5/core/CBxException.h"
 #include "platform/StandardNamespaces.h"
 
 namespace BxConvert {
@@ -30,6 +34,7 @@ void PrefixFilter::StartElement(DocumentElement const& element) {
     m_pending.clear();
     std::u16string_view const prefix = Take(element.m_prefix, element.m_name.m_namespaceUri, false);
     m_attributes.assign(element.m_attributes.begin(), element.m_attributes.end());
+    TestThatEachDiffers();
     for (DocumentAttribute& attribute : m_attributes) {
         attribute.m_prefix = Take(attribute.m_prefix, attribute.m_name->m_namespaceUri, true);
     }
@@ -41,6 +46,15 @@ void PrefixFilter::StartElement(DocumentElement const& element) {
 void PrefixFilter::EndElement() {
     m_scopes.EndElement();
     m_receiver.EndElement();
+}
+
+/// Of the attributes; names of one table are equal if they are the same object.
+void PrefixFilter::TestThatEachDiffers() {
+    m_attributeNames.clear();
+    for (DocumentAttribute const& attribute : m_attributes) m_attributeNames.push_back(attribute.m_name);
+    std::ranges::sort(m_attributeNames, std::less());
+    if (std::ranges::adjacent_find(m_attributeNames) != m_attributeNames.end())
+        throw CBxInvalidValueException(u"An element has two attributes of the same name");
 }
 
 /// Whether XML text can declare that; what is bound to the prefix xml need not be declared.

@@ -12,7 +12,8 @@
 namespace BxConvert {
 
 /// Fast Infoset may leave declarations out, and give names without the prefixes that they need. Adds both where
-/// they are missing, so that what it tells is as XML text has it.
+/// they are missing, so that what it tells is as XML text has it. Throws CBxInvalidValueException at two attributes of the
+/// same name.
 class PrefixFilter : public BxXmlLib5::CDocumentReceiver {
 public:
     /// @param receiver,names outlive the filter; the names of what it is told are in the table
@@ -30,6 +31,7 @@ public:
     }
     void AddDocumentType(std::u16string_view text) override { m_receiver.AddDocumentType(text); }
     void AddEntityReference(std::u16string_view name) override { m_receiver.AddEntityReference(name); }
+    void LoseDocumentType() override { m_receiver.LoseDocumentType(); }
 
 private:
     std::u16string_view Take(std::u16string_view prefix, BxXmlLib5::wstring const& namespaceUri,
@@ -37,6 +39,7 @@ private:
     std::u16string_view Find(std::u16string_view prefix, BxXmlLib5::wstring const& namespaceUri,
                              bool isAttribute);
     std::u16string_view WithoutDefault(BxXmlLib5::wstring const& noNamespace);
+    void TestThatEachDiffers();
     bool IsDeclarable(PrefixDeclaration const& declaration) const;
     bool IsTaken(std::u16string_view prefix);
     void Bind(PrefixDeclaration const& declaration);
@@ -52,6 +55,7 @@ private:
     std::size_t m_ordered = 0;                 // how many of them are also in
     std::set<std::u16string_view, BxXmlLib5::LessBySize> m_takenInOrder;
     std::vector<BxXmlLib5::DocumentAttribute> m_attributes;
+    std::vector<BxXmlLib5::CXmlName const*> m_attributeNames;
 };
 
 }  // namespace BxConvert

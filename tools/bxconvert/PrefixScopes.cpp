@@ -8,6 +8,14 @@ namespace BxConvert {
 
 using namespace BxXmlLib5;
 
+namespace {
+
+wstring NewPrefix(std::size_t number) {
+    return u"ns" + FromUtf8(std::to_string(number));
+}
+
+}  // namespace
+
 void PrefixScopes::EndElement() {
     for (; !m_bindings.empty() && m_bindings.back().m_depth == m_depth; m_bindings.pop_back()) {
         Binding const& binding = m_bindings.back();
@@ -27,11 +35,9 @@ void PrefixScopes::Bind(PrefixDeclaration const& declaration, std::size_t made) 
 }
 
 wstring const& PrefixScopes::BindNew(wstring const& namespaceUri, CNameTable& names) {
-    wstring prefix;
-    std::size_t number = Made();
-    do {
-        prefix = u"ns" + FromUtf8(std::to_string(++number));
-    } while (NamespaceOf(prefix) != nullptr);
+    std::size_t number = std::max(Made(), m_passed) + 1;
+    wstring prefix = NewPrefix(number);
+    for (; NamespaceOf(prefix) != nullptr; prefix = NewPrefix(++number)) m_passed = number;
     wstring const& bound = names.InternText(prefix);
     Bind({&bound, &namespaceUri}, number);
     return bound;

@@ -52,6 +52,7 @@ private:
     std::size_t Made() const { return m_bindings.empty() ? 0 : m_bindings.back().m_made; }
 
     std::size_t m_depth = 0;
+    std::size_t m_passed = 0;  // a number that the document itself had, and none up to it is tried again
     std::vector<Binding> m_bindings;
     std::map<std::u16string_view, std::size_t, BxXmlLib5::LessBySize> m_lastOfPrefix;
     std::unordered_map<BxXmlLib5::wstring const*, std::size_t> m_lastOfNamespace;

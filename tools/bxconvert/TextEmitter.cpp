@@ -18,6 +18,12 @@ namespace {
     throw UnwritableText("a name or a text has characters that XML text cannot have");
 }
 
+/// XML 1.0, production [17].
+bool IsReservedTarget(std::u16string_view target) {
+    return std::ranges::equal(target, std::u16string_view(u"xml"), {},
+                              [](char16_t c) { return c >= u'A' && c <= u'Z' ? c | 0x20 : c; });
+}
+
 bool IsLineEnd(char octet) {
     return octet == '\r' || octet == '\n';
 }
@@ -55,7 +61,7 @@ void TextEmitter::StartElement(DocumentElement const& element) {
     Append(u"<");
     Append(std::u16string_view(m_names).substr(m_open.back()));
     for (auto const& [prefix, ns] : m_declarations) {
-        TestName(prefix);
+        if (!prefix.empty()) TestName(prefix);
         TestCharacters(ns);
         if (ns == kXmlnsNamespace) ThrowUnwritable();
         Append(prefix.empty() ? u" xmlns" : u" xmlns:");
@@ -77,6 +83,7 @@ void TextEmitter::AppendAttributes(DocumentElement const& element) {
         if (isInDocumentType) continue;
         TestName(attribute.m_name->m_localName);
         TestCharacters(attribute.m_value);
+        if (m_isFastInfoset && attribute.m_name->m_localName == u"xmlns") ThrowUnwritable();
         Append(u" ");
         AppendName(attribute.m_prefix, attribute.m_name->m_localName);
         Append(u"=");
@@ -136,7 +143,9 @@ void TextEmitter::AddInstruction(std::u16string_view target, std::u16string_view
     if (m_isFastInfoset) {
         TestName(target);
         TestCharacters(content);
-        if (content.find(u"?>") != content.npos || content.find(u'\r') != content.npos) ThrowUnwritable();
+        if (IsReservedTarget(target) || content.find(u"?>") != content.npos ||
+            content.find(u'\r') != content.npos)
+            ThrowUnwritable();
     }
     StartOutside();
     Append(u"<?");
@@ -230,6 +239,7 @@ void TextEmitter::TestEachCharacter(std::u16string_view text) const {
 }
 
 void TextEmitter::TestEachCharacterOfName(std::u16string_view name) const {
+    if (name.empty()) ThrowUnwritable();
     for (std::size_t at = 0; at < name.size();) {
         bool const isFirst = at == 0;
         char32_t const c = Utf::Next(name, at);
