@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "BxXmlLib5/writers/CXmlWriter.h"
+#include "platform/TextView.h"
 
 namespace BxXmlLib5 {
 
@@ -14,11 +15,14 @@ namespace BxXmlLib5 {
 /// to another writer, if there is one.
 ///
 /// No document is written through it. It takes a second run, where a first one has failed: that fails at the same
-/// place.
+/// place. Or it is told of what was written, where no second run is possible.
 class CPathWriter final : public CXmlWriter {
 public:
     /// @param writer null for none
     explicit CPathWriter(CXmlWriter* writer);
+    /// Goes on for an element in the one where another writer stands. What leads to it was written step by step, so that
+    /// nobody knows what else comes: it has positions, and so has the element.
+    CPathWriter(CXmlWriter* writer, CPathWriter const& around);
     ~CPathWriter() override;
 
     /// A step that is being written and not begun.
@@ -30,6 +34,9 @@ public:
     /// The path of the element or attribute that is being written; empty ahead of the root.
     /// @param repeated names of elements that have a position even where no second one has come yet
     wstring Path(Next next, std::vector<wstring> const& repeated) const;
+
+    /// Counts a whole element in the one that is open.
+    void Count(std::u16string_view name) { m_levels.back().Count(name); }
 
     void WriteEndDocument() override;
     void SetDefaultNamespace(wstring const& namespaceUri) override;
@@ -47,12 +54,18 @@ private:
     struct Level {
         wstring m_name;
         std::size_t m_position = 0;
-        std::map<wstring, std::size_t, std::less<>> m_children;  ///< How many of each name.
+        std::map<wstring, std::size_t, LessBySize> m_children{};  ///< How many of each name.
+
+        /// The position of the next child of a name, 0 if there are too many names to count them.
+        std::size_t Next(std::u16string_view name) const;
+        /// The same, which begins.
+        std::size_t Count(std::u16string_view name);
     };
 
     CXmlWriter* m_writer;
-    std::vector<Level> m_levels;  // the document first
-    wstring m_attribute;          // that is being written
+    std::vector<Level> m_levels;     // the document first
+    std::size_t m_lastNumbered = 0;  // of those behind the root, the last that has a position in any case
+    wstring m_attribute;             // that is being written
 };
 
 }  // namespace BxXmlLib5
