@@ -510,6 +510,7 @@ void CExpatReader::FindSkippedInTag() {
     XML_SetDefaultHandlerExpand(m_parser.get(), Callbacks::Tag);
     XML_DefaultCurrent(m_parser.get());
     XML_SetDefaultHandlerExpand(m_parser.get(), nullptr);
+    if (m_failure) return;  // no memory for the tag
     auto const* const defaults = m_defaults.Of(ElementOf(m_tag));
     if (defaults == nullptr && m_tag.find(u'&') == m_tag.npos) return;
     NormalizeLineEnds(m_tag);
