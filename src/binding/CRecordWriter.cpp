@@ -102,8 +102,11 @@ public:
     void Write(CXmlObjectBase const& object, wstring const& ns) {
         BeginItem();
         WriteObject(object, ns);
-        m_path.Count(m_untyped(object) ? static_cast<CElement const&>(object).GetName()
-                                       : object.m_elementName);
+        if (m_untyped(object)) {
+            m_path.Count(static_cast<CElement const&>(object).GetName());
+        } else {
+            m_path.Count(object.m_elementName);
+        }
     }
 
     void Finish() {

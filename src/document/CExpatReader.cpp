@@ -598,8 +598,14 @@ bool CExpatReader::FindEncoding(wstring const& name, std::span<int, 256> map) {
     CEncoding encoding(ToUtf8(name));
     if (!encoding.IsKnown()) return false;
     auto const octets = encoding.Octets();
-    if (!octets) m_convertedEncoding = ToUtf8(name);
-    if (octets) std::ranges::copy(*octets, map.begin());
+    if (octets) {
+        std::ranges::copy(*octets, map.begin());
+    } else if (m_source == nullptr) {
+        m_convertedEncoding = ToUtf8(name);
+    } else {  // it was not found ahead of the first slice
+        m_unknownEncoding = FormatString(u"The XML declaration, with the encoding [%s], exceeds %d octets",
+                                         name.c_str(), static_cast<int>(CPeekedSource::kSize));
+    }
     return octets.has_value();
 }
 

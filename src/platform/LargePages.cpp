@@ -6,6 +6,10 @@
 #include <cstdint>
 #include <new>
 
+// There in a process with a sanitizer that looks for leaks, which knows no memory but the allocator's.
+extern "C" void __lsan_register_root_region(void const* memory, std::size_t octets) __attribute__((weak));
+extern "C" void __lsan_unregister_root_region(void const* memory, std::size_t octets) __attribute__((weak));
+
 namespace BxXmlLib5 {
 
 namespace {
@@ -45,11 +49,14 @@ void* TakeLargePage() {
     std::size_t const ahead = AheadOfLargePage(start);
     if (ahead > 0) munmap(start, ahead);
     munmap(start + ahead + kLargePage, kLargePage - ahead);
-    PreferLargePages(start + ahead, kLargePage);
-    return start + ahead;
+    void* const page = start + ahead;
+    PreferLargePages(page, kLargePage);
+    if (__lsan_register_root_region != nullptr) __lsan_register_root_region(page, kLargePage);
+    return page;
 }
 
 void GiveBackLargePage(void* page) noexcept {
+    if (__lsan_unregister_root_region != nullptr) __lsan_unregister_root_region(page, kLargePage);
     munmap(page, kLargePage);
 }
 

@@ -16,7 +16,8 @@ void PreferLargePages(void* memory, std::size_t octets) noexcept;
 /// The same for the large pages that lie whole in some memory.
 void PreferLargePagesWithin(void* memory, std::size_t octets) noexcept;
 
-/// @return memory for one large page, from the kernel, preferred as such
+/// @return memory for one large page, from the kernel, preferred as such. A search for leaks that a sanitizer makes
+/// holds what the page points to for reachable.
 /// @throws std::bad_alloc
 void* TakeLargePage();
 void GiveBackLargePage(void* page) noexcept;

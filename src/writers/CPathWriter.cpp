@@ -29,12 +29,10 @@ std::size_t CPathWriter::Level::Next(std::u16string_view name) const {
     return m_children.size() < kMostNames ? 1 : 0;
 }
 
-std::size_t CPathWriter::Level::Count(std::u16string_view name) {
+std::pair<wstring const, std::size_t>* CPathWriter::Level::Child(std::u16string_view name) {
     auto const known = m_children.find(name);
-    if (known != m_children.end()) return ++known->second;
-    if (m_children.size() == kMostNames) return 0;
-    m_children.emplace(name, 1);
-    return 1;
+    if (known != m_children.end()) return &*known;
+    return m_children.size() < kMostNames ? &*m_children.emplace(name, 0).first : nullptr;
 }
 
 wstring CPathWriter::Path(Next next, std::vector<wstring> const& repeated) const {
@@ -83,7 +81,9 @@ void CPathWriter::WriteInLineSchema(wstring const& text) {
 }
 
 void CPathWriter::WriteStartElement(wstring const& name, wstring const& namespaceUri) {
-    std::size_t const position = m_levels.back().Count(name);
+    Count(name);
+    std::size_t const position = m_last == nullptr ? 0 : m_last->second;
+    m_last = nullptr;
     m_levels.push_back({name, position});
     if (m_levels.size() > kMaxElementDepth + 1) ThrowNestedTooDeeply();
     if (m_writer != nullptr) m_writer->WriteStartElement(name, namespaceUri);
@@ -95,6 +95,7 @@ void CPathWriter::WriteText(wstring const& text) {
 
 void CPathWriter::WriteEndElement() {
     if (m_writer != nullptr) m_writer->WriteEndElement();
+    m_last = nullptr;
     if (m_levels.size() > 1) m_levels.pop_back();
 }
 

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <map>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "BxXmlLib5/writers/CXmlWriter.h"
@@ -36,7 +37,12 @@ public:
     wstring Path(Next next, std::vector<wstring> const& repeated) const;
 
     /// Counts a whole element in the one that is open.
-    void Count(std::u16string_view name) { m_levels.back().Count(name); }
+    void Count(std::u16string_view name) {
+        if (m_last == nullptr || !Equal(m_last->first, name)) {
+            m_last = m_levels.back().Child(name);
+        }
+        if (m_last != nullptr) ++m_last->second;
+    }
 
     void WriteEndDocument() override;
     void SetDefaultNamespace(wstring const& namespaceUri) override;
@@ -58,12 +64,13 @@ private:
 
         /// The position of the next child of a name, 0 if there are too many names to count them.
         std::size_t Next(std::u16string_view name) const;
-        /// The same, which begins.
-        std::size_t Count(std::u16string_view name);
+        /// Where children of a name are counted, null if there are too many names.
+        std::pair<wstring const, std::size_t>* Child(std::u16string_view name);
     };
 
     CXmlWriter* m_writer;
-    std::vector<Level> m_levels;     // the document first
+    std::vector<Level> m_levels;                              // the document first
+    std::pair<wstring const, std::size_t>* m_last = nullptr;  // child of the last level that was counted
     std::size_t m_lastNumbered = 0;  // of those behind the root, the last that has a position in any case
     wstring m_attribute;             // that is being written
 };
