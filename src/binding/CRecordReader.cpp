@@ -2,12 +2,11 @@
 
 #include <algorithm>
 #include <exception>
-#include <typeinfo>
 #include <utility>
 
 #include "BxXmlLib5/binding/CXmlObjectBase.h"
-#include "BxXmlLib5/collections/CElement.h"
 #include "BxXmlLib5/core/CBxException.h"
+#include "binding/CUntypedTest.h"
 #include "binding/IgnoredContent.h"
 #include "collections/CContentReader.h"
 #include "document/CDocumentStream.h"
@@ -93,13 +92,7 @@ public:
         }
     }
 
-    /// Null if the object is of a class. The question is a dear one, and mostly the same.
-    CElement* AsUntyped(CXmlObjectBase& object) {
-        std::type_info const& type = typeid(object);
-        if (m_lastType != &type) m_isUntyped = dynamic_cast<CElement*>(&object) != nullptr;
-        m_lastType = &type;
-        return m_isUntyped ? static_cast<CElement*>(&object) : nullptr;
-    }
+    bool IsUntyped(CXmlObjectBase const& object) { return m_untyped(object); }
 
     /// What was read last, null if there is none.
     CRecordCutter::Item const* Last() const { return m_last; }
@@ -184,8 +177,7 @@ private:
     bool m_isAtEnd = false;
     std::exception_ptr m_failure;
     bool m_isFailureTold = false;
-    std::type_info const* m_lastType = nullptr;
-    bool m_isUntyped = false;  // objects of that type
+    CUntypedTest m_untyped;
     CRecordCutter::Item const* m_last = nullptr;
 };
 
@@ -224,9 +216,9 @@ bool CRecordReader::Read(CXmlObjectBase& object) {
 
 void CRecordReader::ReadTree(CXmlObjectBase& object, CXmlElement& element,
                              CXmlSerializationContext const& context) {
-    if (CElement* const untyped = m_document->AsUntyped(object)) {
+    if (m_document->IsUntyped(object)) {
         CSmartPtr<CReadItem<CElement>> const copy = CContentReader(CSharedText()).Read(element);
-        *untyped = *copy;
+        static_cast<CElement&>(object) = *copy;
     } else {
         TestRest(object.FromXml_Int(&element, element.GetFirstElement(), context, false), element, context);
     }

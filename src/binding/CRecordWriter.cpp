@@ -9,13 +9,16 @@
 #include "BxXmlLib5/core/CBxException.h"
 #include "BxXmlLib5/platform/CFileReplacement.h"
 #include "BxXmlLib5/values/CBinaryData.h"
+#include "binding/CUntypedTest.h"
 #include "binding/RootDecoration.h"
 #include "platform/TextView.h"
 #include "values/Deflate.h"
 #include "values/NotWritten.h"
 #include "writers/CFastInfosetWriter.h"
+#include "writers/CPathWriter.h"
 #include "writers/CWellFormedWriter.h"
 #include "writers/CXmlTextWriter.h"
+#include "writers/WrittenPlace.h"
 
 namespace BxXmlLib5 {
 
@@ -38,7 +41,7 @@ class CRecordWriter::Document {
 public:
     Document(std::string_view path, RecordSettings const& settings)
         : Document([this](auto octets) { WriteToFile(octets); }, settings) {
-        m_path = path;
+        m_fileName = path;
         m_file = std::make_unique<CFileReplacement>(path);
         ThrowIfFileFailed();
     }
@@ -62,35 +65,52 @@ public:
             m_text->WriteStartDocument(enc_UTF8);
         }
         if (!m_context.GetCheckWellFormed()) return;
-        auto const unprefixed = m_finf ? Unprefixed::kIsInNoNamespace : Unprefixed::kIsDefault;
-        m_writer = &m_checked.emplace(*m_writer, unprefixed);
+        m_writer = &m_checked.emplace(*m_writer, WhatIsUnprefixed());
     }
 
     /// Of the element around what comes next.
     wstring Namespace() const {
-        return m_namespaces.empty() ? m_context.GetDefaultNamespaceURI() : m_namespaces.back();
+        return m_open.empty() ? m_context.GetDefaultNamespaceURI() : m_open.back().m_namespace;
     }
 
     void Start(std::u16string_view name, wstring ns) {
-        bool const isRoot = m_namespaces.empty();
+        bool const isRoot = m_open.empty();
         BeginItem();
-        m_writer->WriteStartElement(wstring(name), ns);
+        m_open.push_back({wstring(name), std::move(ns)});
+        Element const& element = m_open.back();
+        Locate([&] {
+            m_path.WriteStartElement(element.m_name, element.m_namespace);
+            m_writer->WriteStartElement(element.m_name, element.m_namespace);
+        });
         if (isRoot) WriteObject(*m_context.GetAdditionalRootAttributes(), u"");
-        m_namespaces.push_back(std::move(ns));
+    }
+
+    void Attribute(wstring const& name, wstring const& ns, wstring const& value) {
+        Locate([&] { MakeNext(name, Step::Attribute, [&] { m_writer->WriteAttribute(name, ns, value); }); });
+    }
+
+    void Text(wstring const& text) {
+        Locate([&] { m_writer->WriteText(text); });
     }
 
     void End() {
-        m_writer->WriteEndElement();
-        m_namespaces.pop_back();
+        Locate([this] { m_writer->WriteEndElement(); });
+        m_path.WriteEndElement();
+        m_open.pop_back();
     }
 
     void Write(CXmlObjectBase const& object, wstring const& ns) {
         BeginItem();
         WriteObject(object, ns);
+        if (m_untyped(object)) {
+            m_path.Count(static_cast<CElement const&>(object).GetName());
+        } else {
+            m_path.Count(object.m_elementName);
+        }
     }
 
     void Finish() {
-        while (!m_namespaces.empty()) End();
+        while (!m_open.empty()) End();
         if (!m_hasRoot) throw CBxInvalidStateException(u"The document has no root");
         if (m_checked) m_checked->TestEnd();  // objects may have written nothing
         m_writer->WriteEndDocument();
@@ -107,19 +127,54 @@ public:
         if (m_finf) BxXmlLib5::Drain(*m_finf, kPiece, m_sink);
     }
 
-    CXmlWriter& Writer() { return *m_writer; }
-
 private:
+    void StartAgain(CXmlWriter& writer) const {
+        WriteAheadOfRoot(m_context, &writer);
+        for (auto const& [name, ns] : m_open) writer.WriteStartElement(name, ns);
+    }
+
+    Unprefixed WhatIsUnprefixed() const {
+        return m_finf ? Unprefixed::kIsInNoNamespace : Unprefixed::kIsDefault;
+    }
+
     /// An element comes next.
     void BeginItem() {
-        if (!m_namespaces.empty()) return;
+        if (!m_open.empty()) return;
         if (m_hasRoot) throw CBxInvalidStateException(u"The document has a root already");
         m_hasRoot = true;
         WriteAheadOfRoot(m_context, m_writer);
     }
 
     void WriteObject(CXmlObjectBase const& object, wstring const& ns) {
-        object.ToXml_Int(m_writer, false, ns.c_str(), m_context, false);
+        try {
+            object.ToXml_Int(m_writer, false, ns.c_str(), m_context, false);
+        } catch (CBxException& failure) {
+            FindPlace(failure, object, ns);
+            throw;
+        }
+    }
+
+    /// Calls a function that writes a step, and gives the failure of it its location.
+    template <class Write>
+    void Locate(Write write) {
+        try {
+            write();
+        } catch (CBxException& failure) {
+            LocateWritten(failure, CPathWriter(nullptr, m_path));
+            throw;
+        }
+    }
+
+    /// Writes once more and nowhere, in elements of the same names, to see where that ends.
+    void FindPlace(CBxException& failure, CXmlObjectBase const& object, wstring const& ns) const {
+        CPathWriter nowhere(nullptr);
+        CWellFormedWriter checked(nowhere, WhatIsUnprefixed());
+        CPathWriter path(m_checked ? &checked : nullptr, m_path);
+        bool const isFound = LocateWritten(failure, path, [&] {
+            if (m_checked) StartAgain(checked);
+            object.ToXml_Int(&path, false, ns.c_str(), m_context, false);
+        });
+        if (!isFound) failure.SetLocation(CBxLocation(CPathWriter(nullptr, m_path).Path({}, {})));
     }
 
     void WriteToFile(std::span<unsigned char const> octets) {
@@ -127,11 +182,16 @@ private:
         ThrowIfFileFailed();
     }
     void ThrowIfFileFailed() const {
-        if (m_file->Error() != 0) ThrowNotWritten(FromUtf8(m_path), m_file->Error());
+        if (m_file->Error() != 0) ThrowNotWritten(FromUtf8(m_fileName), m_file->Error());
     }
 
+    struct Element {
+        wstring m_name;
+        wstring m_namespace;
+    };
+
     CXmlSerializationContext m_context;
-    std::string m_path;
+    std::string m_fileName;
     std::unique_ptr<CFileReplacement> m_file;  // null if there is a sink alone
     Sink m_sink;
     std::optional<CDeflater> m_deflater;
@@ -140,7 +200,9 @@ private:
     std::optional<CWellFormedWriter> m_checked;
     CXmlWriter* m_writer = nullptr;
     bool m_hasRoot = false;
-    std::vector<wstring> m_namespaces;  // of the elements that were started
+    std::vector<Element> m_open;
+    CPathWriter m_path{nullptr};  // where the next record comes
+    CUntypedTest m_untyped;
 };
 
 CRecordWriter::CRecordWriter(std::string_view path, RecordSettings const& settings)
@@ -171,11 +233,11 @@ void CRecordWriter::Start(char16_t const* name, char16_t const* ns) {
 }
 void CRecordWriter::Attribute(char16_t const* name, char16_t const* value, char16_t const* ns) {
     Run([=](Document& document) {
-        document.Writer().WriteAttribute(wstring(TextOf(name)), wstring(TextOf(ns)), wstring(TextOf(value)));
+        document.Attribute(wstring(TextOf(name)), wstring(TextOf(ns)), wstring(TextOf(value)));
     });
 }
 void CRecordWriter::Text(char16_t const* text) {
-    Run([text](Document& document) { document.Writer().WriteText(wstring(TextOf(text))); });
+    Run([text](Document& document) { document.Text(wstring(TextOf(text))); });
 }
 void CRecordWriter::End() {
     Run([](Document& document) { document.End(); });

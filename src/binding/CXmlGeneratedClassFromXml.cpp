@@ -86,7 +86,7 @@ void CXmlGeneratedClass::TestRoot(CXmlElement const& root, CXmlSerializationCont
 CXmlElement* CXmlGeneratedClass::ReadFrom(CXmlElement* element, CXmlElement* firstChild,
                                           CXmlSerializationContext const& context, bool allowEmptyChoice) {
     CParentElementInfo const& info = *GetClassInfo();
-    CTakenContent const taken(element, context);
+    CTakenContent taken(element, context);
     ResetContent();
     if (info.m_elementType == et_Element) m_elementName = element->GetLocalName();
     ProcessAttributesFromXml(context, element, info.m_failIfAttributeUnknown);

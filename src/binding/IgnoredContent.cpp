@@ -59,12 +59,12 @@ bool TakesOnlyChildren(CXmlObjectBase const& object) {
            dynamic_cast<CAttributeCol const*>(&object) == nullptr;
 }
 
-/// @param taken what a reader took
+/// @param taken what a reader took, in the order of its addresses
 void TestAttributes(CXmlElement const& element, std::vector<CXmlAttribute const*> const& taken,
                     CXmlSerializationContext const& context) {
     if (context.GetIgnoreUnknownAttributes()) return;
     for (CXmlAttribute const& attribute : element.GetAttributeView()) {
-        bool const isTaken = std::find(taken.begin(), taken.end(), &attribute) != taken.end();
+        bool const isTaken = std::ranges::binary_search(taken, &attribute);
         if (!isTaken && !attribute.IsNamespaceAttribute()) ThrowUnexpectedAttribute(attribute, element);
     }
 }
@@ -130,8 +130,9 @@ void CTakenContent::Restore(CXmlElement const* element, State const& state) {
     taken->m_hasText = state.m_hasText;
 }
 
-void CTakenContent::End() const {
+void CTakenContent::End() {
     if (m_element == nullptr) return;
+    std::ranges::sort(m_attributes);
     TestAttributes(*m_element, m_attributes, m_context);
     if (!m_hasText && HasText(*m_element)) ThrowUnexpectedText(*m_element);
 }

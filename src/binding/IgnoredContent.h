@@ -62,7 +62,7 @@ public:
     static void Restore(CXmlElement const* element, State const& state);
 
     /// @throws CBxValidationException for what nobody took, once the object that has the tag is read
-    void End() const;
+    void End();
 
 private:
     static CTakenContent* Of(CXmlElement const* element);

@@ -92,11 +92,8 @@ void CXmlObjectBase::FindPlace(CBxException& failure, Unprefixed unprefixed,
     CPathWriter nowhere(nullptr);
     CWellFormedWriter checked(nowhere, unprefixed);
     CPathWriter path(context.GetCheckWellFormed() ? &checked : nullptr);
-    try {
-        ToXml_Int(&path, true, GetTargetNamespace().c_str(), context, false);
-    } catch (CBxException const& again) {
-        if (again.GetMessage() == failure.GetMessage()) LocateWritten(failure, path);
-    }
+    LocateWritten(failure, path,
+                  [&] { ToXml_Int(&path, true, GetTargetNamespace().c_str(), context, false); });
 }
 
 CBinaryData CXmlObjectBase::ToFastInfosetStream(FInfoDecl declaration,

@@ -35,6 +35,10 @@ inline constexpr std::size_t kMaxOctetsOfVocabulary = 256 * 1024 * 1024;
 inline constexpr int kMaxNestingEntities = 1024;
 inline constexpr std::size_t kStackOfEntity = 512;
 
+/// Attributes that a document type declares of one element. Expat
+/// looks at all of them for each that has a default value, and for each such element.
+inline constexpr std::size_t kMaxDeclaredAttributes = 1024;
+
 /// Zeros that the exponent of a decimal's text may add to its digits: a document of short texts must not fill
 /// the memory.
 inline constexpr std::int64_t kMaxExponentZeros = 10'000;

@@ -108,7 +108,8 @@ struct CExpatReader::Callbacks {
         reader->m_hasDocumentType = true;
         reader->m_isInDocumentType = reader->m_details.m_markup;
         // Without another file, Expat refuses default values that refer to what is not declared.
-        if (systemId != nullptr) XML_SetDefaultHandlerExpand(reader->m_parser.get(), Declaration);
+        if (systemId == nullptr) reader->m_defaults.ReadNoValues();
+        XML_SetDefaultHandlerExpand(reader->m_parser.get(), Declaration);
     }
 
     static void Declaration(void* userData, XML_Char const* text, int length) {
@@ -509,6 +510,7 @@ void CExpatReader::FindSkippedInTag() {
     XML_SetDefaultHandlerExpand(m_parser.get(), Callbacks::Tag);
     XML_DefaultCurrent(m_parser.get());
     XML_SetDefaultHandlerExpand(m_parser.get(), nullptr);
+    if (m_failure) return;  // no memory for the tag
     auto const* const defaults = m_defaults.Of(ElementOf(m_tag));
     if (defaults == nullptr && m_tag.find(u'&') == m_tag.npos) return;
     NormalizeLineEnds(m_tag);
@@ -596,8 +598,14 @@ bool CExpatReader::FindEncoding(wstring const& name, std::span<int, 256> map) {
     CEncoding encoding(ToUtf8(name));
     if (!encoding.IsKnown()) return false;
     auto const octets = encoding.Octets();
-    if (!octets) m_convertedEncoding = ToUtf8(name);
-    if (octets) std::ranges::copy(*octets, map.begin());
+    if (octets) {
+        std::ranges::copy(*octets, map.begin());
+    } else if (m_source == nullptr) {
+        m_convertedEncoding = ToUtf8(name);
+    } else {  // it was not found ahead of the first slice
+        m_unknownEncoding = FormatString(u"The XML declaration, with the encoding [%s], exceeds %d octets",
+                                         name.c_str(), static_cast<int>(CPeekedSource::kSize));
+    }
     return octets.has_value();
 }
 

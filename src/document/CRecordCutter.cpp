@@ -38,7 +38,14 @@ CRecordCutter::CRecordCutter(CNameTable& names, std::vector<RecordStep> const& p
 CRecordCutter::Item const* CRecordCutter::Next() {
     if (m_taken == m_count) return nullptr;
     Item& item = m_items[m_taken++];
-    if (item.m_aliases) m_document.Nodes().m_namespaceAliases = std::move(*item.m_aliases);
+    Aliases& aliases = m_document.Nodes().m_namespaceAliases;
+    for (auto const& [prefix, uri] : item.m_changes) {
+        if (uri == nullptr) {
+            aliases.erase(prefix);
+        } else {
+            aliases.insert_or_assign(prefix, uri);
+        }
+    }
     return &item;
 }
 
@@ -105,7 +112,7 @@ void CRecordCutter::StartElement(DocumentElement const& element) {
     }
     ++m_recordDepth;
     if (m_isPassedOver) return m_newDeclarations.clear();
-    if (!m_newDeclarations.empty()) SetAliases();
+    DeclareNew();
     m_builder.StartElement(element);
     CountInRecord(CDocumentBuilder::OctetsOf(element));
 }
@@ -139,13 +146,9 @@ void CRecordCutter::StartLevel(DocumentElement const& element, std::size_t posit
     level = {};
     level.m_name = &element.m_name.m_localName;
     level.m_position = position;
-    level.m_declarations = m_declarations.size();
-    for (Declaration const& declaration : m_newDeclarations) {
-        m_surroundings.DeclareNamespace(*declaration.first, *declaration.second);
-        m_declarations.push_back(declaration);
-        m_areAliasesSet = false;
-    }
-    m_newDeclarations.clear();
+    level.m_declarations = m_formerAliases.size();
+    for (auto const& [prefix, uri] : m_newDeclarations) m_surroundings.DeclareNamespace(*prefix, *uri);
+    DeclareNew();
     m_surroundings.StartStep(element, position, m_settings.m_tellsEnds && HasItems());
 }
 
@@ -159,21 +162,34 @@ void CRecordCutter::StartRecord(DocumentElement const& element, std::size_t posi
     if (m_isPassedOver) return m_newDeclarations.clear();
     Item& item = NewItem(element.m_line);
     item.m_steps.emplace_back(&element.m_name.m_localName, position);
-    if (!m_areAliasesSet || !m_newDeclarations.empty()) SetAliases();
+    m_declarationsOutside = m_formerAliases.size();
+    DeclareNew();
     m_builder.StartElement(element);
     CountInRecord(CDocumentBuilder::OctetsOf(element));
 }
 
 /// What is declared in a record counts for all of it, as it does in the document as a whole.
-void CRecordCutter::SetAliases() {
-    std::optional<Aliases>& aliases = m_items[m_count].m_aliases;
-    if (!aliases) {
-        aliases.emplace();
-        for (auto const& [prefix, uri] : m_declarations) aliases->insert_or_assign(prefix, uri);
+void CRecordCutter::DeclareNew() {
+    for (auto const& [prefix, uri] : m_newDeclarations) {
+        m_formerAliases.emplace_back(prefix, std::exchange(m_aliases[prefix], uri));
+        m_changes[prefix] = uri;
     }
-    for (auto const& [prefix, uri] : m_newDeclarations) aliases->insert_or_assign(prefix, uri);
-    m_areAliasesSet = m_newDeclarations.empty();
     m_newDeclarations.clear();
+}
+
+void CRecordCutter::UndoDeclarations(std::size_t left) {
+    for (; m_formerAliases.size() > left; m_formerAliases.pop_back()) {
+        auto const [prefix, uri] = m_formerAliases.back();
+        m_aliases[prefix] = m_changes[prefix] = uri;
+    }
+}
+
+/// The item that the open record makes is complete.
+CRecordCutter::Item& CRecordCutter::FinishItem() {
+    Item& item = m_items[m_count++];
+    item.m_changes.swap(m_changes);
+    UndoDeclarations(m_declarationsOutside);
+    return item;
 }
 
 void CRecordCutter::AddText(std::u16string_view text) {
@@ -208,7 +224,7 @@ CRecordCutter::Item& CRecordCutter::NewItem(std::size_t line) {
     item.m_kind = Kind::Record;
     item.m_element = nullptr;
     item.m_line = line;
-    item.m_aliases.reset();
+    item.m_changes.clear();
     item.m_steps.clear();
     for (std::size_t i = 0; i < m_openLevels; ++i)
         item.m_steps.emplace_back(m_levels[i].m_name, m_levels[i].m_position);
@@ -216,9 +232,9 @@ CRecordCutter::Item& CRecordCutter::NewItem(std::size_t line) {
 }
 
 void CRecordCutter::EndRecord() {
-    Item& item = m_items[m_count++];
+    Item& item = FinishItem();
     item.m_element = m_builder.Root();
-    m_storedOctets += m_octets + sizeof(Item) + (item.m_aliases ? item.m_aliases->size() * kAliasOctets : 0);
+    m_storedOctets += m_octets + sizeof(Item) + item.m_changes.size() * kAliasOctets;
     m_isAhead = m_stream->PauseBehindSlice();
     if (m_storedOctets >= kMostStoredOctets) m_stream->Pause();
 }
@@ -229,14 +245,13 @@ void CRecordCutter::CountInRecord(std::size_t octets) {
     if (m_octets <= m_settings.m_maxRecord) return;
     m_isPassedOver = true;
     m_builder.Forget();
-    m_items[m_count++].m_kind = Kind::LargeRecord;
+    FinishItem().m_kind = Kind::LargeRecord;
     m_stream->Pause();
 }
 
 void CRecordCutter::EndLevel() {
     Level const& level = m_levels[m_openLevels - 1];
-    if (m_declarations.size() > level.m_declarations) m_areAliasesSet = false;
-    m_declarations.resize(level.m_declarations);
+    UndoDeclarations(level.m_declarations);
     CXmlElement* const element = m_surroundings.EndStep();
     if (m_settings.m_tellsEnds) {
         Item& item = NewItem(element->GetLine());

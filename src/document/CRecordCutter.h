@@ -5,7 +5,6 @@
 #include <deque>
 #include <functional>
 #include <map>
-#include <optional>
 #include <unordered_map>
 #include <utility>
 #include <vector>
@@ -41,7 +40,7 @@ public:
         CXmlElement* m_element = nullptr;  // null if the record is too large
         std::size_t m_line = 0;
         std::vector<std::pair<wstring const*, std::size_t>> m_steps;  // names and positions
-        std::optional<Aliases> m_aliases;  // if they are not those of the one ahead
+        Aliases m_changes;  // of those of the one ahead; null for one that is gone
 
         wstring Path() const;
         CBxLocation Location() const { return CBxLocation(Path(), m_line); }
@@ -120,7 +119,9 @@ private:
     void EndLevel();
     void CountInRecord(std::size_t octets);
     Item& NewItem(std::size_t line);
-    void SetAliases();
+    void DeclareNew();
+    void UndoDeclarations(std::size_t left);
+    Item& FinishItem();
     [[noreturn]] void ThrowWrongRoot(DocumentElement const& root) const;
 
     CDocumentStream* m_stream = nullptr;
@@ -140,10 +141,12 @@ private:
     bool m_isAhead = false;                      // of the items, which were not dropped
     std::vector<std::function<void()>> m_held;   // until they are
     DocumentPlace m_heldPlace;                   // of the first of those
-    std::vector<Declaration> m_declarations;     // in scope where a record may begin
     std::vector<Declaration> m_newDeclarations;  // of the element that comes next
-    bool m_areAliasesSet = false;
-    std::deque<Item> m_items;  // the memory of which is used again
+    Aliases m_aliases;  // in scope, null for one that was; and those of the open record
+    Aliases m_changes;  // of them since the last item
+    std::vector<Declaration> m_formerAliases;  // what each declaration hides, null for nothing
+    std::size_t m_declarationsOutside = 0;     // of the open record
+    std::deque<Item> m_items;                  // the memory of which is used again
     std::size_t m_count = 0;
     std::size_t m_taken = 0;
 };

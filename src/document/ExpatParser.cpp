@@ -6,13 +6,16 @@ extern "C" XML_Bool XMLCALL XML_SetReparseDeferralEnabled(XML_Parser parser, XML
     __attribute__((weak));
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
+#include <cstdlib>
 #include <new>
 #include <string_view>
 
 #include "BxXmlLib5/core/CBxException.h"
 #include "BxXmlLib5/core/FormatString.h"
 #include "platform/KeyedHash.h"
+#include "platform/LargePages.h"
 
 namespace BxXmlLib5 {
 
@@ -20,12 +23,27 @@ namespace {
 
 constexpr std::string_view kSaltOfParsers = "parsers";
 
+void* Preferred(void* memory, std::size_t octets) {
+    if (octets >= kLargePage && memory != nullptr) PreferLargePagesWithin(memory, octets);
+    return memory;
+}
+void* Allocate(std::size_t octets) {
+    return Preferred(std::malloc(octets), octets);
+}
+void* Reallocate(void* memory, std::size_t octets) {
+    return Preferred(std::realloc(memory, octets), octets);
+}
+
+/// Expat keeps a copy of an input that it gets as a whole, which takes a fault for each page.
+constexpr XML_Memory_Handling_Suite kMemory{&Allocate, &Reallocate, &std::free};
+constexpr XML_Char kSeparators[] = {kSeparator, 0};
+
 }  // namespace
 
 ExpatParser NewParser(char16_t const* encoding, SchemaType schemaType) {
     auto const* const name = reinterpret_cast<XML_Char const*>(encoding);
-    ExpatParser parser(schemaType == st_NoNamespaces ? XML_ParserCreate(name)
-                                                     : XML_ParserCreateNS(name, kSeparator));
+    ExpatParser parser(
+        XML_ParserCreate_MM(name, &kMemory, schemaType == st_NoNamespaces ? nullptr : kSeparators));
     if (!parser) throw std::bad_alloc();
     // Without one, Expat asks the kernel for a number for each parser. That of the process is as unknown to
     // others.

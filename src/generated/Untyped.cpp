@@ -1,5 +1,9 @@
 #include "generated/Untyped.h"
 
+#include <algorithm>
+#include <array>
+#include <vector>
+
 #include "BxXmlLib5/collections/CAttributeCol.h"
 #include "BxXmlLib5/collections/CElementCol.h"
 #include "BxXmlLib5/document/CXmlDocument.h"
@@ -97,17 +101,14 @@ CSmartPtr<CElement> CloneElement(CElement const& element) {
 }
 
 bool EqualAttributes(CAttributeCol const& a, CAttributeCol const& b) {
-    if (a.GetCount() != b.GetCount()) return false;
-    for (CAttribute const* const mine : a) {
-        bool found = false;
-        for (CAttribute const* const theirs : b) {
-            found = found ||
-                    (mine->GetName() == theirs->GetName() && mine->GetNamespace() == theirs->GetNamespace() &&
-                     mine->GetValue() == theirs->GetValue());
-        }
-        if (!found) return false;
-    }
-    return true;
+    auto const sorted = [](CAttributeCol const& attributes) {
+        std::vector<std::array<wstring, 3>> texts;
+        for (CAttribute const* const attribute : attributes)
+            texts.push_back({attribute->GetName(), attribute->GetNamespace(), attribute->GetValue()});
+        std::ranges::sort(texts);
+        return texts;
+    };
+    return a.GetCount() == b.GetCount() && sorted(a) == sorted(b);
 }
 
 bool EqualElements(CElement const& a, CElement const& b) {

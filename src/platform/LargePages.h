@@ -13,7 +13,11 @@ inline constexpr std::size_t kLargePage = 2 * 1024 * 1024;
 /// @param memory begins at a large page
 void PreferLargePages(void* memory, std::size_t octets) noexcept;
 
-/// @return memory for one large page, from the kernel, preferred as such
+/// The same for the large pages that lie whole in some memory.
+void PreferLargePagesWithin(void* memory, std::size_t octets) noexcept;
+
+/// @return memory for one large page, from the kernel, preferred as such. A search for leaks that a sanitizer makes
+/// holds what the page points to for reachable.
 /// @throws std::bad_alloc
 void* TakeLargePage();
 void GiveBackLargePage(void* page) noexcept;

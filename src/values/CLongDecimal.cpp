@@ -96,31 +96,25 @@ void CLongDecimal::Rationalise() {
     m_fractionalDivider -= static_cast<int>(zeros);
 }
 
-void CLongDecimal::ChangeFractionalDivider(int divider) {
+void CLongDecimal::RoundTo(int places) {
+    if (m_fractionalDivider <= places) return;
     Magnitude::Limbs& fraction = m_fractionPart.m_digits;
-    if (divider >= m_fractionalDivider) {
-        Magnitude::ScaleUp(fraction, static_cast<std::size_t>(divider - m_fractionalDivider));
-        m_fractionalDivider = divider;
-        return;
-    }
-    auto const dropped = static_cast<std::size_t>(m_fractionalDivider - divider);
+    auto const dropped = static_cast<std::size_t>(m_fractionalDivider - places);
     Magnitude::Limbs half = Magnitude::FromInteger(5);
     Magnitude::ScaleUp(half, dropped - 1);
     bool const isUp = Magnitude::Compare(Magnitude::LowDigits(fraction, dropped), half) > 0;
     Magnitude::ScaleDown(fraction, dropped);
-    m_fractionalDivider = divider;
+    m_fractionalDivider = places;
     if (!isUp) return;
     fraction = Magnitude::Add(fraction, Magnitude::FromInteger(1));
-    if (Magnitude::CountDigits(fraction) > static_cast<std::size_t>(divider)) {
+    if (Magnitude::CountDigits(fraction) > static_cast<std::size_t>(places)) {
         fraction.Clear();
         m_integerPart += m_fractionPart.m_sign;
     }
 }
 
 void CLongDecimal::Cap(int limit) {
-    Rationalise();
-    if (m_fractionalDivider <= limit) return;
-    ChangeFractionalDivider(limit);
+    RoundTo(limit);
     Rationalise();
 }
 
@@ -175,7 +169,7 @@ wstring CLongDecimal::ToString(int decimalPlaces, int limit) const {
 
 std::int64_t CLongDecimal::ToLongLong() const {
     CLongDecimal rounded = *this;
-    rounded.ChangeFractionalDivider(1);
+    rounded.RoundTo(1);
     CBigInteger const& integer = rounded.m_integerPart;
     if (integer < CBigInteger::MIN_LONGLONG || integer > CBigInteger::MAX_LONGLONG)
         throw CBxOverFlowException(u"The Decimal value if to large to fit into a LONGLONG");
@@ -184,7 +178,7 @@ std::int64_t CLongDecimal::ToLongLong() const {
 
 CBigInteger CLongDecimal::ToBigInteger() const {
     CLongDecimal rounded = *this;
-    rounded.ChangeFractionalDivider(0);
+    rounded.RoundTo(0);
     return std::move(rounded.m_integerPart);
 }
 

@@ -59,8 +59,9 @@ private:
     CBigInteger ScaledFraction(int places) const;
 
     void Rationalise();
-    void ChangeFractionalDivider(int divider);
-    /// Rounds to a limit of decimal places.
+    /// Rounds to so many places if there are more; zeros may be left at the end.
+    void RoundTo(int places);
+    /// The same, and no zeros are left.
     void Cap(int limit);
 
     /// With the sign of the number, so it is -0 for a number between -1 and 0.

@@ -7,15 +7,41 @@
 
 namespace BxXmlLib5 {
 
+namespace {
+
+constexpr std::size_t kMostNames = 1'000;  // among the children of one element
+
+}  // namespace
+
 CPathWriter::CPathWriter(CXmlWriter* writer) : CXmlWriter(u"CPathWriter"), m_writer(writer), m_levels(1) {}
+
+CPathWriter::CPathWriter(CXmlWriter* writer, CPathWriter const& around)
+    : CXmlWriter(u"CPathWriter"),
+      m_writer(writer),
+      m_levels(around.m_levels),
+      m_lastNumbered(around.m_levels.size()) {}
 
 CPathWriter::~CPathWriter() = default;
 
+std::size_t CPathWriter::Level::Next(std::u16string_view name) const {
+    auto const known = m_children.find(name);
+    if (known != m_children.end()) return known->second + 1;
+    return m_children.size() < kMostNames ? 1 : 0;
+}
+
+std::pair<wstring const, std::size_t>* CPathWriter::Level::Child(std::u16string_view name) {
+    auto const known = m_children.find(name);
+    if (known != m_children.end()) return &*known;
+    return m_children.size() < kMostNames ? &*m_children.emplace(name, 0).first : nullptr;
+}
+
 wstring CPathWriter::Path(Next next, std::vector<wstring> const& repeated) const {
     wstring path;
+    std::size_t number = 0;
     auto const addStep = [&](std::u16string_view name, std::size_t position) {
-        bool const isNumbered =
-            position > 1 || std::find(repeated.begin(), repeated.end(), name) != repeated.end();
+        ++number;
+        bool const isNumbered = position > 1 || (number > 1 && number <= m_lastNumbered) ||
+                                std::find(repeated.begin(), repeated.end(), name) != repeated.end();
         AddPathStep(path, name, isNumbered ? position : 0);
     };
     for (auto level = m_levels.begin() + 1; level != m_levels.end(); ++level)
@@ -25,8 +51,7 @@ wstring CPathWriter::Path(Next next, std::vector<wstring> const& repeated) const
     } else if (next.m_isAttribute) {
         AddPathAttribute(path, next.m_name);
     } else if (!next.m_name.empty()) {
-        auto const known = m_levels.back().m_children.find(next.m_name);
-        addStep(next.m_name, known == m_levels.back().m_children.end() ? 1 : known->second + 1);
+        addStep(next.m_name, m_levels.back().Next(next.m_name));
     }
     return path;
 }
@@ -56,8 +81,10 @@ void CPathWriter::WriteInLineSchema(wstring const& text) {
 }
 
 void CPathWriter::WriteStartElement(wstring const& name, wstring const& namespaceUri) {
-    std::size_t const position = ++m_levels.back().m_children[name];
-    m_levels.push_back({name, position, {}});
+    Count(name);
+    std::size_t const position = m_last == nullptr ? 0 : m_last->second;
+    m_last = nullptr;
+    m_levels.push_back({name, position});
     if (m_levels.size() > kMaxElementDepth + 1) ThrowNestedTooDeeply();
     if (m_writer != nullptr) m_writer->WriteStartElement(name, namespaceUri);
 }
@@ -68,6 +95,7 @@ void CPathWriter::WriteText(wstring const& text) {
 
 void CPathWriter::WriteEndElement() {
     if (m_writer != nullptr) m_writer->WriteEndElement();
+    m_last = nullptr;
     if (m_levels.size() > 1) m_levels.pop_back();
 }
 

@@ -19,8 +19,23 @@ void MarkNext(CBxException& failure, std::u16string_view name, Step step);
 /// Marks a failure with the name of the items of a collection that it has passed.
 void MarkRepeated(CBxException& failure, std::u16string_view name);
 
-/// Gives a failure the location where the second run of the same write ended.
+/// Gives a failure the location where a writer stands.
 void LocateWritten(CBxException& failure, CPathWriter const& path);
+
+/// Gives a failure the location where the second run of the same write ends.
+/// @param write writes to the path
+/// @return false if that does not fail, or not in the same way
+template <class Write>
+bool LocateWritten(CBxException& failure, CPathWriter const& path, Write&& write) {
+    try {
+        std::forward<Write>(write)();
+    } catch (CBxException const& again) {
+        if (again.GetMessage() != failure.GetMessage()) return false;
+        LocateWritten(failure, path);
+        return true;
+    }
+    return false;
+}
 
 /// Calls a function that makes what is about to be written, and marks the failure of it.
 template <class Make>

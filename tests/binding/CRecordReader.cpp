@@ -335,6 +335,18 @@ TEST(CRecordReader, KnowsAPrefixByItsScope) {
     EXPECT_EQ(small.m_found, " ");
 }
 
+/// In a time that does not grow with the product of both numbers, which the limit of a test's time shows.
+TEST(CRecordReader, KnowsAnyNumberOfPrefixesAroundAnyNumberOfRecords) {
+    constexpr int kCount = 50'000;
+    std::string document = "<a";
+    for (int i = 0; i < kCount; ++i) document += " xmlns:n" + std::to_string(i) + "='u'";
+    document += ">" + Repeat("<b xmlns:q='1'><r xmlns:p='1'/><r/></b>", kCount);
+    CRecordReader reader(Octets(document), u"a/b/r");
+    CAsking records;
+    for (int i = 0; i < 2 * kCount; ++i) ASSERT_TRUE(reader.Read(records));
+    EXPECT_TRUE(records.m_found == Repeat("1  ", kCount));
+}
+
 /// What the reader tells with each record.
 Lines Steps(std::string const& document, RecordReaderSettings settings) {
     Lines steps;

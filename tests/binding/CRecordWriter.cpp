@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "BxXmlLib5/BxXmlLib5.h"
-#include "support/Expect.h"
+#include "binding/TestBinding.h"
 #include "support/Inert.h"
 #include "support/TemporaryFolder.h"
 
@@ -209,6 +209,86 @@ TEST(CRecordWriter, AcceptsNothingAfterAFailure) {
                         "Nothing is written any more, since the document is finished or failed");
     }
     EXPECT_BX_THROW(CRecordWriter(CRecordWriter::Sink()), CBxInvalidParamException, "There is no sink");
+}
+
+/// Fails in another way each time.
+struct CFickle : CNamed {
+    void ToXml_Int(CXmlWriter*, bool, char16_t const*, CXmlSerializationContext const&, bool) const override {
+        throw CBxException(FromUtf8(std::to_string(++m_count)));
+    }
+    mutable int m_count = 0;
+};
+
+TEST(CRecordWriter, TellsWhereItFails) {
+    auto const bad = [](char16_t const* attribute) {
+        CSmartPtr<CElement> const record = Record(1);
+        record->GetChildElements()->Add(u"d", u"");
+        CSmartPtr<CElement> const child = record->GetChildElements()->Add(u"d", u"M");
+        child->GetAttributes()->Add(attribute, u"", u"");
+        return record;
+    };
+    struct {
+        std::function<void(CRecordWriter&)> m_step;
+        std::string m_path;
+    } const rows[] = {
+        {[&](auto& writer) { writer.Write(*bad(u"-")); }, "/a/b[2]/r[1]/d[2]/@-"},
+        {[&](auto& writer) { writer.Write(*Record(1)), writer.Write(*bad(u"-")); }, "/a/b[2]/r[2]/d[2]/@-"},
+        {[&](auto& writer) {
+             CNamed other;
+             CElement element(u"s", u"N", u"##any", u"");
+             writer.Write(other), writer.Write(other, u"s"), writer.Write(element, u"r");
+             writer.Write(other, u"-");
+         },
+         "/a/b[2]/-[1]"},
+        {[&](auto& writer) {
+             CNamed other;
+             CElement element(u"s", u"N", u"##any", u"");
+             writer.Write(other, u"s"), writer.Write(element, u"r"), element.SetName(u"s");
+             element.SetText(u"\x1");
+             writer.Write(element);
+         },
+         "/a/b[2]/s[3]"},
+        {[](auto& writer) { writer.Write(CFickle()); }, "/a/b[2]"},
+        {[](auto& writer) { writer.Start(u"c d"); }, "/a/b[2]/c d[1]"},
+        {[](auto& writer) { writer.End(), writer.Start(u"b"), writer.Text(u"\x1"); }, "/a/b[3]"},
+        {[](auto& writer) { writer.Attribute(u"k", u"\x1"); }, "/a/b[2]/@k"},
+        {[](auto& writer) { writer.Text(u"x"), writer.Attribute(u"k", u""); }, "/a/b[2]/@k"},
+        {[](auto& writer) { writer.End(), writer.End(), writer.End(); }, ""},
+    };
+    for (bool const isFastInfoset : {false, true}) {
+        RecordSettings settings;
+        settings.m_isFastInfoset = isFastInfoset;
+        settings.m_context.GetProcessingInstructions().push_back(u"<?i?>");
+        for (auto const& row : rows) {
+            CRecordWriter writer([](auto) {}, settings);
+            writer.Start(u"a");
+            writer.Start(u"b"), writer.End();
+            writer.Start(u"b");
+            EXPECT_EQ(PathOf([&] { row.m_step(writer); }), row.m_path);
+        }
+        settings.m_context.SetCheckWellFormed(false);
+        settings.m_context.SetDefaultNamespaceURI(u"<");
+        CRecordWriter unchecked([](auto) {}, settings);
+        TestObject object(Class("a:{b:short?<long>}*"));
+        Read(object, "<a/>");
+        unchecked.Start(u"x y");
+        EXPECT_EQ(PathOf([&] { unchecked.Write(object); }), "/x y/r[1]/a/b");
+        settings.m_context.GetAdditionalRootAttributes()->Add(u"-", u"", u"");
+        settings.m_context.SetCheckWellFormed(true);
+        settings.m_context.SetDefaultNamespaceURI(u"");
+        CRecordWriter decorated([](auto) {}, settings);
+        EXPECT_EQ(PathOf([&] { decorated.Start(u"a"); }), "/a/@-");
+    }
+    // Names beyond a thousand are not counted, so that they take no memory.
+    for (auto const& [name, path] : {std::pair{u"n999", "/a/n999[3]/@-"}, {u"n1000", "/a/n1000/@-"}}) {
+        CRecordWriter writer([](auto) {});
+        writer.Start(u"a");
+        CNamed record;
+        for (int i = 0; i < 3'000; ++i)
+            writer.Write(record, (u"n" + FromUtf8(std::to_string(i % 1'500))).c_str());
+        writer.Start(name);
+        EXPECT_EQ(PathOf([&] { writer.Attribute(u"-", u""); }), path);
+    }
 }
 
 }  // namespace

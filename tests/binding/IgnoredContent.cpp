@@ -71,6 +71,14 @@ TEST(IgnoredContent, FailsIfTheContextSaysSo) {
     }
 }
 
+/// In a time that does not grow with their square, which the limit of a test's time shows.
+TEST(IgnoredContent, OfAnyNumberOfAttributes) {
+    std::string attributes;
+    for (int i = 0; i < 500'000; ++i) attributes += " a" + std::to_string(i) + "=''";
+    TestObject object(Class("@_:any"));
+    EXPECT_EQ(Thrown([&] { Read(object, "<r" + attributes + "/>", "F"); }), "nothing");
+}
+
 TEST(IgnoredContent, OfARootThatIsReadForItsChildren) {
     CXmlSerializationContext const plain = Settings(), strict = Settings("F");
     auto const read = [](char const* text, CXmlSerializationContext const& context) {

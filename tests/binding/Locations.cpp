@@ -8,17 +8,6 @@ using namespace BxTest;
 
 namespace {
 
-/// The path of the failure of an action.
-template <class Action>
-std::string PathOf(Action action) {
-    try {
-        action();
-    } catch (CBxException const& failure) {
-        return ToUtf8(failure.GetLocation().GetPath());
-    }
-    return "nothing";
-}
-
 TEST(Locations, AreThoseOfWhatCannotBeReadOrWritten) {
     // A class, a document or "-" for none, and the path of the failure.
     std::array<std::string, 3> const rows[] = {

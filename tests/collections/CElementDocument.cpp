@@ -6,6 +6,9 @@
 #include "support/Octets.h"
 #include "support/TemporaryFolder.h"
 
+// There in a process with a sanitizer that looks for leaks.
+extern "C" int __lsan_do_recoverable_leak_check() __attribute__((weak));
+
 using namespace BxTest;
 
 namespace {
@@ -124,3 +127,11 @@ TEST(CElementDocument, FindsByName) {
 }
 
 }  // namespace
+
+TEST(CElementDocument, WhatALargeOneHoldsIsNoLeak) {
+    if (__lsan_do_recoverable_leak_check == nullptr) GTEST_SKIP() << "nothing looks for leaks";
+    std::string text = "<a>";
+    for (int i = 0; i < 10'000; ++i) text += "<b k='with memory of its own'>with memory of its own</b>";
+    CSmartPtr<CElement> const root = CElement::LoadXml(text + "</a>");
+    EXPECT_EQ(__lsan_do_recoverable_leak_check(), 0);
+}

@@ -129,6 +129,11 @@ TEST_F(Encodings, Refused) {
         std::string const inSlices = ReadInSlices(octets);
         EXPECT_TRUE(inSlices == report || inSlices.find("not well-formed") != std::string::npos) << inSlices;
     }
+    std::string const longOne = "<?xml version='1.0'" + std::string(4096, ' ') + "encoding='Shift_JIS'?><a/>";
+    EXPECT_EQ(Read(longOne), "a");
+    EXPECT_EQ(ReadInSlices(longOne),
+              "1:4126: unknown encoding at line 1\n"
+              "The XML declaration, with the encoding [Shift_JIS], exceeds 4096 octets");
     CXmlDocument document;
     document.SetSystemEncodings(true);
     EXPECT_BX_THROW(document.LoadXml(FromUtf8(Declared("KOI8-R", "x")).c_str()), CBxException,

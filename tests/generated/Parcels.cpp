@@ -398,6 +398,25 @@ TEST(Parcels, MayBeDeepButNotWithoutEnd) {
     EXPECT_NE(BxTest::Thrown([&] { (void)first->ToXml(false, false, eol_LF, {}); }), "nothing");
 }
 
+/// In a time that does not grow with the square of their number, which the limit of a test's time shows.
+TEST(Properties, CompareAnyNumberOfAttributes) {
+    constexpr int kCount = 50'000;
+    CParcel forward, backward;
+    auto const add = [](CParcel& parcel, int i, char16_t const* value) {
+        wstring const name = u"a" + FromUtf8(std::to_string(i));
+        parcel.AnyAttributes.All().Add(name.c_str(), value, u"urn:extra");
+    };
+    for (int i = 0; i < kCount; ++i) {
+        add(forward, i, u"v");
+        add(backward, kCount - 1 - i, u"v");
+    }
+    EXPECT_TRUE(forward.Equals(backward));
+    add(forward, kCount, u"v");
+    EXPECT_FALSE(forward.Equals(backward));
+    add(backward, kCount, u"w");
+    EXPECT_FALSE(forward.Equals(backward));
+}
+
 TEST(Properties, AreSharedOrCopied) {
     CSmartPtr<CAddress> const address = new CAddress;
     address->City = "x";

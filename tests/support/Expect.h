@@ -52,6 +52,17 @@ std::string Reported(Action action) {
     }
 }
 
+/// The path of the failure of an action.
+template <std::invocable Action>
+std::string PathOf(Action action) {
+    try {
+        action();
+    } catch (BxXmlLib5::CBxException const& failure) {
+        return BxXmlLib5::ToUtf8(failure.GetLocation().GetPath());
+    }
+    return "nothing";
+}
+
 }  // namespace BxTest
 
 /// Expects a statement to throw exactly this class with exactly this message, in UTF-8.

@@ -35,6 +35,7 @@ TEST(CWellFormedWriter, HandsOnWhatIsWellFormed) {
         {"?<?xml-stylesheet?> !<&> <|a 'x&y >", "<?xml-stylesheet?><!--<&>--><a>x&amp;y</a>"},
         {"+p=N *M <M|a @N|k=v @|k=v #p:l='&lt;' <N|b > > .",
          "<a xmlns=\"M\" xmlns:p=\"N\" p:k=\"v\" k=\"v\" p:l='&lt;'><p:b/></a>"},
+        {"<|a @N|k=v #k='v' >", "<a xmlns:AA=\"N\" AA:k=\"v\" k='v'/>"},
         {"+p=M +=M +p=N <N|a ^N|T >", "<p:a xmlns:p=\"N\" xmlns:AA=\"XSI\" AA:type=\"p:T\"/>"},
         {"<|a @|k=1 <|b @|l=2 @|k=3 > <|b @|k=4 > >", "<a k=\"1\"><b l=\"2\" k=\"3\"/><b k=\"4\"/></a>"},
         {"+q=XMLNS *XMLNS <|a @XMLNS|lang=v >", "<a xml:lang=\"v\"/>"},

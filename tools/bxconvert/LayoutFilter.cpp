@@ -116,7 +116,8 @@ LayoutFilter::Text LayoutFilter::Keep(std::u16string_view text) {
 void LayoutFilter::Queue(Event const& event) {
     m_events.push_back(event);
     Flush();
-    while (m_units.size() > kMostUnits || m_events.size() > kMostEvents) GiveUpOutermost();
+    while (m_units.size() > kMostUnits || m_attributes.size() > kMostUnits || m_events.size() > kMostEvents)
+        GiveUpOutermost();
 }
 
 /// Of the elements that hold the others up.

@@ -38,6 +38,10 @@ struct RecordSettings {
 ///     while (NextPoint(point)) writer.Write(point, u"trkpt");
 ///     writer.Finish();
 ///
+/// A failure of an element, an attribute, a text or an object has a path, in which what was written step by step has
+/// positions, as in `/gpx/trk[1]/trkseg[2]/trkpt[17]/ele`; a name that comes behind a thousand others in one element has
+/// none.
+///
 /// After a failure nothing more is accepted: a document that is not finished is dropped with the object, and a file of
 /// its name is as it was. A null text is the empty text.
 class BXXMLLIB5_API CRecordWriter {
