@@ -90,7 +90,8 @@ TEST(Groups, FailAtTheEndOfAnyNumberOfElements) {
         for (int i = 0; i < kCount; ++i) elements += element;
         pairs.Parse(elements + "</pairs>");
         EXPECT_EQ(pairs.Pair.Count() + pairs.Either.Count(), kCount / 2);
-        EXPECT_EQ(Thrown([&] { pairs.Parse(elements + element + "</pairs>"); }),
+        elements += element;
+        EXPECT_EQ(Thrown([&] { pairs.Parse(elements + "</pairs>"); }),
                   "CBxValidationException: Failed to find " + missing + " in the element [pairs]");
     }
 }
