@@ -158,6 +158,15 @@ struct CExpatReader::Callbacks {
         });
     }
 
+    /// Expat takes a few characters for those of names in ISO-8859-1 alone, so that they could not be written in UTF-8.
+    static void Latin1(void* userData, XML_Char const*, XML_Char const* encoding, int) {
+        constexpr std::u16string_view kName = u"ISO-8859-1";
+        bool const isLatin1 =
+            encoding != nullptr && std::ranges::equal(std::u16string_view(Units(encoding)), kName, {},
+                                                      [](char16_t c) { return c >= u'a' ? c - 0x20 : c; });
+        if (isLatin1) static_cast<CExpatReader*>(userData)->m_convertedEncoding = "ISO-8859-1";
+    }
+
     static int UnknownEncoding(void* userData, XML_Char const* name, XML_Encoding* encoding) {
         bool isFound = false;
         Run(userData, [=, &isFound](CExpatReader& reader) {
@@ -229,6 +238,7 @@ std::string CExpatReader::DeclaredEncoding(std::span<unsigned char const> beginn
     m_parser = NewParser(nullptr, m_schemaType);
     XML_SetUserData(m_parser.get(), this);
     XML_SetUnknownEncodingHandler(m_parser.get(), Callbacks::UnknownEncoding, this);
+    if (m_details.m_markup) XML_SetXmlDeclHandler(m_parser.get(), Callbacks::Latin1);
     ParsePart(m_parser.get(), DeclarationOf(beginning), kNotFinal);
     CheckParsed(true);
     return std::exchange(m_convertedEncoding, {});
