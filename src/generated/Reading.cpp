@@ -149,7 +149,14 @@ int Reading::MostOf(Particle const& particle) {
     std::int64_t const most = particle.max < 0 ? std::max(run, least) : particle.max;
     std::int64_t const fewestItems = (run + most - 1) / most;
     std::int64_t const mostItems = std::min(run / least, m_round->left + 1);
-    if (run == 0 || fewestItems > mostItems) return std::exchange(run, 0), particle.max;
+    if (run == 0) return particle.max;
+    if (fewestItems > mostItems) {
+        // What is left stays counted as far as it is known how many the item takes.
+        auto const isElement = [](Particle const* member) { return !member->IsGroup() && member->max == 1; };
+        bool const isKnown = !particle.IsGroup() || std::ranges::all_of(particle.members, isElement);
+        run = isKnown ? run - std::min(most, run) : 0;
+        return particle.max;
+    }
     std::int64_t const items = std::clamp(m_round->needed + 1, fewestItems, mostItems);
     std::int64_t const now = std::min(most, run - (items - 1) * least);
     run -= now;
