@@ -112,7 +112,7 @@ void CRecordCutter::StartElement(DocumentElement const& element) {
     }
     ++m_recordDepth;
     if (m_isPassedOver) return m_newDeclarations.clear();
-    DeclareNew();
+    if (!m_newDeclarations.empty()) DeclareNew();
     m_builder.StartElement(element);
     CountInRecord(CDocumentBuilder::OctetsOf(element));
 }
@@ -163,7 +163,7 @@ void CRecordCutter::StartRecord(DocumentElement const& element, std::size_t posi
     Item& item = NewItem(element.m_line);
     item.m_steps.emplace_back(&element.m_name.m_localName, position);
     m_declarationsOutside = m_formerAliases.size();
-    DeclareNew();
+    if (!m_newDeclarations.empty()) DeclareNew();
     m_builder.StartElement(element);
     CountInRecord(CDocumentBuilder::OctetsOf(element));
 }
@@ -187,7 +187,7 @@ void CRecordCutter::UndoDeclarations(std::size_t left) {
 /// The item that the open record makes is complete.
 CRecordCutter::Item& CRecordCutter::FinishItem() {
     Item& item = m_items[m_count++];
-    item.m_changes.swap(m_changes);
+    if (!m_changes.empty()) item.m_changes.swap(m_changes);
     UndoDeclarations(m_declarationsOutside);
     return item;
 }
@@ -224,7 +224,7 @@ CRecordCutter::Item& CRecordCutter::NewItem(std::size_t line) {
     item.m_kind = Kind::Record;
     item.m_element = nullptr;
     item.m_line = line;
-    item.m_changes.clear();
+    if (!item.m_changes.empty()) item.m_changes.clear();
     item.m_steps.clear();
     for (std::size_t i = 0; i < m_openLevels; ++i)
         item.m_steps.emplace_back(m_levels[i].m_name, m_levels[i].m_position);
