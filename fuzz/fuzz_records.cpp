@@ -35,10 +35,15 @@ std::string Start(wstring const& ns, wstring const& name) {
     return "<" + ToUtf8(u"{" + ns + u"}" + name);
 }
 
+std::string Attribute(wstring const& ns, wstring const& name, wstring const& value) {
+    return " {" + ToUtf8(ns) + "}" + ToUtf8(name) + "='" + ToUtf8(value) + "'";
+}
+
 std::string Attributes(CXmlElement const& element) {
     Lines all;
     for (CXmlAttribute const* attribute : element.GetAttributes())
-        all.push_back(" " + ToUtf8(attribute->GetLocalName()) + "='" + ToUtf8(attribute->GetValue()) + "'");
+        all.push_back(
+            Attribute(attribute->GetNamespaceURI(), attribute->GetLocalName(), attribute->GetValue()));
     std::ranges::sort(all);
     std::string text;
     for (std::string const& one : all) text += one;
@@ -56,7 +61,7 @@ std::string Dump(CXmlElement const& element) {
 std::string Dump(CElement const& element) {
     Lines all;
     for (CAttribute const* attribute : *element.GetAttributes())
-        all.push_back(" " + ToUtf8(attribute->GetName()) + "='" + ToUtf8(attribute->GetValue()) + "'");
+        all.push_back(Attribute(attribute->GetNamespace(), attribute->GetName(), attribute->GetValue()));
     std::ranges::sort(all);
     std::string text = Start(element.GetNamespace(), element.GetName());
     for (std::string const& one : all) text += one;

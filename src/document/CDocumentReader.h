@@ -28,7 +28,9 @@ struct DocumentDetails {
     bool m_lines = false;
     bool m_markup = false;  // comments, instructions, the document type, references to entities
     bool m_octets = false;  // of text in UTF-8, unless it is standalone="yes", in place of all else
-    bool m_exact = false;   // of Fast Infoset: malformed UTF-8 is refused, an initial vocabulary applied
+    // Of Fast Infoset, malformed UTF-8 is refused and an initial vocabulary applied; of ISO-8859-1, names are
+    // refused that other parsers do not read.
+    bool m_exact = false;
 };
 
 /// Where in the input that stands which a receiver is told.

@@ -20,6 +20,8 @@ namespace BxXmlLib5 {
 namespace {
 
 constexpr std::u16string_view kSpace = u" \t\r\n";
+constexpr char16_t const* kMarkDiffers =
+    u"The text is UTF-8 by its byte order mark, but declares the encoding [%s]";
 
 /// @param tag from its beginning
 std::u16string_view ElementOf(std::u16string_view tag) {
@@ -100,6 +102,11 @@ struct CExpatReader::Callbacks {
 
     static void XmlDeclaration(void* userData, XML_Char const*, XML_Char const*, int standalone) {
         static_cast<CExpatReader*>(userData)->m_standsAlone = standalone == 1;
+    }
+
+    static void DeclaredEncoding(void* userData, XML_Char const*, XML_Char const* encoding, int) {
+        if (encoding == nullptr) return;
+        Run(userData, [=](CExpatReader& reader) { reader.ConvertLatin1(Units(encoding)); });
     }
 
     static void StartDocumentType(void* userData, XML_Char const*, XML_Char const* systemId, XML_Char const*,
@@ -185,9 +192,9 @@ void CExpatReader::Parse(std::span<unsigned char const> input) {
     if (!utf32.empty()) return ParseConverted(utf32, input);
     auto const highOctet = CUtf16Source::HighOctet(input);
     m_isUtf16 = highOctet.has_value();
-    if (!highOctet || !CUtf16Source::HasSurrogate(input, *highOctet)) return ParseAs(nullptr, input);
+    if (!highOctet || !CUtf16Source::IsMisread(input, *highOctet)) return ParseAs(nullptr, input);
     // In UTF-16 Expat takes whatever unit follows the first half of a pair for the second, and some releases
-    // lose the second half of one that ends a long text.
+    // lose the second half of one that ends a long text. It takes three signs for letters of names.
     CheckDeclaration(input);
     CMemorySource source(input);
     CUtf16Source utf8(source, *highOctet);
@@ -229,9 +236,18 @@ std::string CExpatReader::DeclaredEncoding(std::span<unsigned char const> beginn
     m_parser = NewParser(nullptr, m_schemaType);
     XML_SetUserData(m_parser.get(), this);
     XML_SetUnknownEncodingHandler(m_parser.get(), Callbacks::UnknownEncoding, this);
+    if (m_details.m_exact) XML_SetXmlDeclHandler(m_parser.get(), Callbacks::DeclaredEncoding);
     ParsePart(m_parser.get(), DeclarationOf(beginning), kNotFinal);
     CheckParsed(true);
     return std::exchange(m_convertedEncoding, {});
+}
+
+/// In ISO-8859-1 Expat takes three signs for letters of names, which no other parser reads; and it believes the declaration
+/// more than the mark.
+void CExpatReader::ConvertLatin1(char16_t const* encoding) {
+    if (!IsNamed(encoding, u"ISO-8859-1")) return;
+    if (m_hasMark) throw CBxException(FormatString(kMarkDiffers, encoding));
+    m_convertedEncoding = "ISO-8859-1";
 }
 
 /// Expat does not look at the declared encoding if it is told another one.
@@ -591,8 +607,8 @@ bool CExpatReader::FindEncoding(wstring const& name, std::span<int, 256> map) {
     m_unknownEncoding = FormatString(
         !m_details.m_systemEncodings ? u"The encoding [%s] is read only where those of the system are allowed"
         : m_isUtf16                  ? u"The text is UTF-16, but declares the encoding [%s]"
-        : m_hasMark ? u"The text is UTF-8 by its byte order mark, but declares the encoding [%s]"
-                    : kUnknownEncoding,
+        : m_hasMark                  ? kMarkDiffers
+                                     : kUnknownEncoding,
         name.substr(0, 100).c_str());
     if (!m_details.m_systemEncodings || m_isUtf16 || m_hasMark) return false;
     CEncoding encoding(ToUtf8(name));

@@ -71,6 +71,7 @@ private:
     std::unique_ptr<COctetSource> NewConvertedSource(std::string_view encoding, COctetSource& source,
                                                      std::span<unsigned char const> beginning);
     std::string DeclaredEncoding(std::span<unsigned char const> beginning);
+    void ConvertLatin1(char16_t const* encoding);
     void PrepareOctets(std::span<unsigned char const> beginning);
     bool FindEncoding(wstring const& name, std::span<int, 256> map);
     ExpandedName SplitName(std::u16string_view expanded);

@@ -13,10 +13,14 @@ std::optional<std::size_t> CUtf16Source::HighOctet(std::span<unsigned char const
     return std::nullopt;
 }
 
-bool CUtf16Source::HasSurrogate(std::span<unsigned char const> input, std::size_t highOctet) {
-    bool hasSurrogate = false;
-    for (std::size_t at = highOctet; at < input.size(); at += 2) hasSurrogate |= (input[at] & 0xF8) == 0xD8;
-    return hasSurrogate;
+bool CUtf16Source::IsMisread(std::span<unsigned char const> input, std::size_t highOctet) {
+    bool isMisread = false;
+    for (std::size_t at = 0; at + 1 < input.size(); at += 2) {
+        unsigned const high = input[at + highOctet], low = input[at + 1 - highOctet];
+        bool const isSign = low == 0xAA || low == 0xB5 || low == 0xBA;
+        isMisread |= (high & 0xF8U) == 0xD8 || (high == 0 && isSign);
+    }
+    return isMisread;
 }
 
 std::size_t CUtf16Source::Read(std::span<unsigned char> room) {

@@ -13,7 +13,8 @@ class CUtf16Source : public COctetSource {
 public:
     /// The place of the high octet in each unit, if an input is UTF-16; Expat tells it by the same octets.
     static std::optional<std::size_t> HighOctet(std::span<unsigned char const> beginning);
-    static bool HasSurrogate(std::span<unsigned char const> input, std::size_t highOctet);
+    /// Whether there are surrogates, or one of the signs U+00AA, U+00B5 and U+00BA.
+    static bool IsMisread(std::span<unsigned char const> input, std::size_t highOctet);
 
     /// @param source outlives this one
     CUtf16Source(COctetSource& source, std::size_t highOctet) : m_source(source), m_highOctet(highOctet) {}

@@ -20,16 +20,18 @@ std::span<unsigned char const> DeclarationOf(std::span<unsigned char const> begi
     return some.first(static_cast<std::size_t>(end - some.begin()) + (end == some.end() ? 0 : 1));
 }
 
+bool IsNamed(std::u16string_view encoding, std::u16string_view name) {
+    auto const upper = [](char16_t c) {
+        return c >= u'a' && c <= u'z' ? static_cast<char16_t>(c - u'a' + u'A') : c;
+    };
+    return std::ranges::equal(encoding, name, {}, upper);
+}
+
 namespace {
 
 /// Whether all that an encoding of that name has is UTF-8.
 bool IsUtf8(std::u16string_view encoding) {
-    constexpr std::u16string_view kNames[] = {u"UTF-8", u"US-ASCII"};
-    auto const upper = [](char16_t c) {
-        return c >= u'a' && c <= u'z' ? static_cast<char16_t>(c - u'a' + u'A') : c;
-    };
-    return std::ranges::any_of(kNames,
-                               [&](auto name) { return std::ranges::equal(encoding, name, {}, upper); });
+    return IsNamed(encoding, u"UTF-8") || IsNamed(encoding, u"US-ASCII");
 }
 
 }  // namespace

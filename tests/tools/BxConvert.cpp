@@ -363,6 +363,14 @@ TEST(Convert, RefusesBadDocuments) {
     }
     EXPECT_EQ(folder.Run("bxconvert - -o out.xml", "<a>\n<b>"),
               (Ending{1, "", "bxconvert: standard input:2:4: The document ends inside an element\n"}));
+    EXPECT_EQ(folder.Run("bxconvert - -o out.xml", "<?xml version='1.0' encoding='Iso-8859-1'?>\n<a\xAA/>"),
+              (Ending{1, "", "bxconvert: standard input:2:3: not well-formed (invalid token) at line 2\n"}));
+    std::string const marked = "\xEF\xBB\xBF<?xml version='1.0' encoding='Iso-8859-1'?><a>\xC3\xA9</a>";
+    EXPECT_EQ(
+        folder.Run("bxconvert - -o out.xml", marked),
+        (Ending{1, "",
+                "bxconvert: standard input:1:1: The text is UTF-8 by its byte order mark, but declares the "
+                "encoding [Iso-8859-1]\n"}));
     EXPECT_EQ(folder.Run("bxconvert - -o out.xml", "<a/><!--"),
               (Ending{1, "", "bxconvert: standard input:1:5: unclosed token at line 1\n"}));
     EXPECT_EQ(folder.Run("ls -A"), (Ending{0, "", ""}));
