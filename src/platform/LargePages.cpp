@@ -7,8 +7,10 @@
 #include <new>
 
 // There in a process with a sanitizer that looks for leaks, which knows no memory but the allocator's.
+// NOLINTBEGIN(bugprone-reserved-identifier): the names are the sanitizer's
 extern "C" void __lsan_register_root_region(void const* memory, std::size_t octets) __attribute__((weak));
 extern "C" void __lsan_unregister_root_region(void const* memory, std::size_t octets) __attribute__((weak));
+// NOLINTEND(bugprone-reserved-identifier)
 
 namespace BxXmlLib5 {
 
