@@ -57,6 +57,7 @@ TEST(Input, Encodings) {
                  Utf16(Declared("UTF-8", "e"), true) + kWrongEncoding,
                  Utf16(Declared("UTF-16BE", "𝄞"), true) + kWrongEncoding,
                  Utf16(Declared("x", "𝄞"), false) + " => unknown encoding at line 1",
+                 Utf16("<aª/>", true) + kInvalidToken, Utf16("<µ/>", false) + kInvalidToken,
                  Utf16("<aº/>", true) + kInvalidToken, Utf16("<a>ªµº</a>", false) + " => a'ªµº'",
                  Utf16(text, true).substr(2) + tree, Utf16(text, false).substr(2) + tree,
                  "<a>\0</a>"s + kInvalidToken},
