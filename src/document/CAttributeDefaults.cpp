@@ -6,6 +6,7 @@
 #include "BxXmlLib5/core/FormatString.h"
 #include "core/Limits.h"
 #include "document/ExpatParser.h"
+#include "platform/XmlCharacters.h"
 
 namespace BxXmlLib5 {
 
@@ -27,8 +28,7 @@ void ThrowIfTooMany(std::size_t attributes) {
 /// Takes a name, a keyword, a list in brackets or a literal from the beginning of a declaration.
 /// @return empty at the end
 std::u16string_view TakeWord(std::u16string_view& rest) {
-    constexpr std::u16string_view kSpace = u" \t\r\n";
-    rest.remove_prefix(std::min(rest.find_first_not_of(kSpace), rest.size()));
+    rest.remove_prefix(std::min(rest.find_first_not_of(kXmlSpace), rest.size()));
     if (rest.empty()) return {};
     std::size_t end = rest.find_first_of(u" \t\r\n('\"");
     if (IsLiteral(rest)) end = rest.find(rest[0], 1) + 1;

@@ -14,12 +14,12 @@
 #include "document/InputLimits.h"
 #include "document/TextBeginning.h"
 #include "platform/TextView.h"
+#include "platform/XmlCharacters.h"
 
 namespace BxXmlLib5 {
 
 namespace {
 
-constexpr std::u16string_view kSpace = u" \t\r\n";
 constexpr char16_t const* kMarkDiffers =
     u"The text is UTF-8 by its byte order mark, but declares the encoding [%s]";
 
@@ -30,8 +30,8 @@ std::u16string_view ElementOf(std::u16string_view tag) {
 
 /// @param tag up to the equals sign of an attribute
 std::u16string_view AttributeAtEnd(std::u16string_view tag) {
-    tag = tag.substr(0, tag.find_last_not_of(kSpace) + 1);
-    return tag.substr(tag.find_last_of(kSpace) + 1);
+    tag = tag.substr(0, tag.find_last_not_of(kXmlSpace) + 1);
+    return tag.substr(tag.find_last_of(kXmlSpace) + 1);
 }
 
 constexpr std::size_t kSlice = 64 * 1024;

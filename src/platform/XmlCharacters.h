@@ -8,6 +8,9 @@
 
 namespace BxXmlLib5 {
 
+/// XML 1.0, production [3].
+inline constexpr std::u16string_view kXmlSpace = u" \t\r\n";
+
 namespace XmlCharacters {
 
 struct Range {

@@ -47,6 +47,9 @@ TEST(Convert, WritesWhatItReads) {
         outside = "<!--c-->\n<?p?>\n<!DOCTYPE a>\n<a x=\"1\">",
         subset =
             "<!DOCTYPE a SYSTEM 'x' [<!--c--><?p q?><!ATTLIST a k CDATA 'd'><!ENTITY e '1'> <!ENTITY f SYSTEM 'y'>]>\n";
+    std::string attributes;
+    for (int i = 0; i < 64; ++i) attributes += " a" + std::to_string(i) + "=\"\"";
+    std::string const mostAttributes = Repeat("<b" + attributes + "/>", 4096);
     std::string const mostSeen =
         Repeat("<b/>", 8191);  // with the start of their parent and a text 16,384 events
     std::string const latin1 = "<?xml version='1.0' encoding='iso-8859-1'?>";
@@ -82,6 +85,7 @@ TEST(Convert, WritesWhatItReads) {
         {"--to finf", "<?p?><?q?><!DOCTYPE a SYSTEM 'x'><a>&e;</a>", "\xE0\0\0\1\0\x3C\0a\xFF"s, lost + "2 processing instructions, 1 document type, 1 entity reference\n"},
         {"--to finf", defaults + "<a><b k='' /></a>", "\xE0\0\0\1\0\x7C\0a\x78\0k\x41" "12\xF0\x7C\0b\0\xFF\xF0\xFF\xF0"s, lost + "1 document type, 2 entity references\n"},
         {"", latin1 + defaults + "<a/>", kDeclaration + defaults + "<a/>\n", ""},
+        {"", "\xE0\0\0\1\0\x3C\0a\xFF\xE2\0c"s, kDeclaration + "<a/>\n", ""},
         {"", "\xE0\0\0\1\0\xE2\0c\x3C\0a\xC8\0e\xFF"s, kDeclaration + "<!--c-->\n<a/>\n", "bxconvert: standard input: warning: XML text does not keep 1 entity reference\n"},
         {"", "\xE0\0\0\1\0\xC6\0s\xE1\0p\0q\xF0\x3C\0a\xF0\xE2\0c\xFF\xE2\0d"s, kDeclaration + "<a/>\n<!--c-->\n", "bxconvert: standard input: warning: XML text does not keep 1 document type\n"},
         {"", "\xE0\0\0\1\x20\3\xFF\0\0p\0\0u\1\0a\0k\0\0o\0\0x\0\0v\0\0t\0\0s\0\3\1\1\0\0\0\1\x40\0\x80\xF0\xA0\xE2\x80\xE1\x80\x80\xFF"s,
@@ -103,6 +107,8 @@ TEST(Convert, WritesWhatItReads) {
         {"--compact --no-namespaces", "<a xml:space='preserve'> <b/></a>", kDeclaration + "<a xml:space=\"preserve\"> <b/></a>", ""},
         {"--compact", "<a> " + mostSeen + "</a>", kDeclaration + "<a>" + mostSeen + "</a>", ""},
         {"--compact", "<a> " + mostSeen + "<b/></a>", kDeclaration + "<a> " + mostSeen + "<b/></a>", ""},
+        {"--compact", "<a> " + mostAttributes + "</a>", kDeclaration + "<a>" + mostAttributes + "</a>", ""},
+        {"--compact", "<a> " + mostAttributes + "<b k=\"\"/></a>", kDeclaration + "<a> " + mostAttributes + "<b k=\"\"/></a>", ""},
         {"--compact", "<!DOCTYPE a SYSTEM 'x'><a> <b/>&e;</a>", kDeclaration + "<!DOCTYPE a SYSTEM 'x'>\n<a> <b/>&e;</a>", ""},
         // Namespaces
         {"", latin1 + "<p:a xmlns:p=\"u\" p:x=\"1\" x=\"2\"><p:b/></p:a>", kDeclaration + "<p:a xmlns:p=\"u\" p:x=\"1\" x=\"2\"><p:b/></p:a>\n", ""},
